@@ -1,0 +1,23 @@
+# What `cmake --install` puts in place: library, header, CMake package, pkg-config file.
+# (The host installs itself and its man page in cli/.)
+include(CMakePackageConfigHelpers)
+
+install(TARGETS zelconvert EXPORT zelconvertTargets
+        RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+        ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/zelconvert DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+
+set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/zelconvert)
+install(EXPORT zelconvertTargets NAMESPACE zelconvert:: FILE zelconvertTargets.cmake
+        DESTINATION ${package_dir})
+configure_package_config_file(
+  ${PROJECT_SOURCE_DIR}/cmake/zelconvertConfig.cmake.in
+  ${PROJECT_BINARY_DIR}/zelconvertConfig.cmake INSTALL_DESTINATION ${package_dir})
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/zelconvertConfigVersion.cmake
+                                 COMPATIBILITY SameMajorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/zelconvertConfig.cmake
+              ${PROJECT_BINARY_DIR}/zelconvertConfigVersion.cmake DESTINATION ${package_dir})
+
+configure_file(${PROJECT_SOURCE_DIR}/cmake/zelconvert.pc.in ${PROJECT_BINARY_DIR}/zelconvert.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/zelconvert.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

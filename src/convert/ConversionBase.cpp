@@ -1,0 +1,15 @@
+#include "convert/ConversionBase.h"
+
+#include "io/Strings.h"
+
+namespace zelconvert {
+
+std::wstring FormatRecordReadError(int n, std::wstring_view text) {
+  return FormatText(FormatText(L"Could not read %ith record: %s.", n), text);
+}
+
+std::wstring FormatRecordParseError(int n, std::wstring_view text) {
+  return FormatText(FormatText(L"Could not parse %ith record: %s.", n), text);
+}
+
+}  // namespace zelconvert

@@ -1,0 +1,52 @@
+// What every conversion class shares: the two bases, and the texts of a record that can't be read.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zelconvert {
+
+/// Texts in the order they arose; the paths of files made.
+using StringList = std::vector<std::wstring>;
+
+/// Base of the conversions between a foreign format and a native one. The two files are `File1` (the
+/// foreign or text side) and `File2` (the job side); they stay the driver's, open, for the whole
+/// life of the conversion.
+template <class File1, class File2>
+class CConvFile {
+ public:
+  CConvFile() = default;
+  CConvFile(File1* file1, File2* file2) : m_pFile1(file1), m_pFile2(file2) {}
+  virtual ~CConvFile() = default;
+  CConvFile(const CConvFile&) = delete;
+  CConvFile& operator=(const CConvFile&) = delete;
+
+  /// Both append to `messages`; `files` is for outputs beside the main one. The base converts
+  /// nothing.
+  virtual bool ConvertToNative(StringList& /*messages*/, StringList& /*files*/) { return false; }
+  virtual bool ConvertFromNative(StringList& /*messages*/, StringList& /*files*/) { return false; }
+
+  /// True: `File1` is read and `File2` written; false: the reverse.
+  void SetDirection(bool toNative) { m_bDirection = toNative; }
+
+ protected:
+  File1* m_pFile1 = nullptr;
+  File2* m_pFile2 = nullptr;
+  bool m_bDirection = true;
+};
+
+/// Base of the conversions of a raw log.
+class CConvRawFile {
+ public:
+  virtual ~CConvRawFile() = default;
+  virtual bool ConvertToRaw(StringList& messages) = 0;
+  virtual bool ConvertFromRaw(StringList& messages) = 0;
+};
+
+/// "Could not read %ith record: %s." and its twin.
+std::wstring FormatRecordReadError(int n, std::wstring_view text);
+std::wstring FormatRecordParseError(int n, std::wstring_view text);
+
+}  // namespace zelconvert

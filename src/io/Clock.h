@@ -1,0 +1,23 @@
+// Time as the conversions see it: the system's, unless a test has fixed it.
+#pragma once
+
+#include <cstdint>
+
+#include "platform/Platform.h"
+
+namespace zelconvert {
+
+platform::LocalTime CurrentLocalTime();
+/// Milliseconds, monotonic, wrapping at 2^32.
+std::uint32_t CurrentTickCount();
+
+/// Fixes the clock while it lives. For tests and golden files; nothing of it is exported.
+class ScopedClock {
+ public:
+  ScopedClock(const platform::LocalTime& time, std::uint32_t ticks);
+  ~ScopedClock();
+  ScopedClock(const ScopedClock&) = delete;
+  ScopedClock& operator=(const ScopedClock&) = delete;
+};
+
+}  // namespace zelconvert

@@ -1,0 +1,49 @@
+// Numbers and text, independent of the locale: reads as C's strtod and 32-bit strtol do for decimal
+// text, writes as printf does.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace zelconvert {
+
+/// What a reader found at the start of a text. `consumed` is 0 when there is no number.
+struct ParsedReal {
+  double value = 0;
+  std::size_t consumed = 0;  ///< characters, leading white space included
+  bool overflow = false;     ///< value is then plus or minus infinity's stand-in, HUGE_VAL
+};
+struct ParsedInteger {
+  std::int64_t value = 0;  ///< not saturated to 32 bits yet; saturated to 64
+  std::size_t consumed = 0;
+};
+
+/// White space, sign, digits, point, exponent; the longest valid prefix. No hexadecimal, "inf" or
+/// "nan".
+ParsedReal ParseReal(std::wstring_view text);
+/// White space, sign, digits in base 2 to 36.
+ParsedInteger ParseInteger(std::wstring_view text, int base = 10);
+
+/// The number at the start of a text, 0 if there is none.
+double ToReal(std::wstring_view text);
+/// Likewise, saturated to 32 bits.
+std::int32_t ToInteger(std::wstring_view text, int base = 10);
+
+/// Appends what printf("%.*f") gives, all digits of a large value included.
+void AppendFixed(std::wstring& out, double value, int decimals);
+/// Appends what printf("%*.*f") gives: right-justified in `width`, longer if it has to be.
+void AppendFixed(std::wstring& out, double value, int decimals, std::size_t width);
+void AppendInteger(std::wstring& out, std::int64_t value);
+std::wstring FormatFixed(double value, int decimals);
+std::wstring FormatInteger(std::int64_t value);
+
+/// Truncates towards zero and saturates; NaN gives 0.
+std::int32_t SaturateToInt32(double value);
+
+/// value * numerator / denominator, rounded half away from zero; -1 for a denominator of 0 or a
+/// result outside 32 bits.
+std::int32_t MulDiv(std::int64_t value, std::int64_t numerator, std::int64_t denominator);
+
+}  // namespace zelconvert

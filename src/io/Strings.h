@@ -1,0 +1,66 @@
+// Small text helpers. White space is blank, tab, LF, VT, FF and CR, whatever the locale.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace zelconvert {
+
+constexpr bool IsSpace(wchar_t c) { return c == L' ' || (c >= L'\t' && c <= L'\r'); }
+constexpr bool IsDigit(wchar_t c) { return c >= L'0' && c <= L'9'; }
+constexpr bool IsAsciiAlnum(wchar_t c) {
+  return IsDigit(c) || (c >= L'A' && c <= L'Z') || (c >= L'a' && c <= L'z');
+}
+
+constexpr std::wstring_view TrimLeft(std::wstring_view text) {
+  while (!text.empty() && IsSpace(text.front())) text.remove_prefix(1);
+  return text;
+}
+constexpr std::wstring_view TrimRight(std::wstring_view text) {
+  while (!text.empty() && IsSpace(text.back())) text.remove_suffix(1);
+  return text;
+}
+constexpr std::wstring_view Trim(std::wstring_view text) { return TrimLeft(TrimRight(text)); }
+
+/// The first `count` characters, or all there are.
+constexpr std::wstring_view Left(std::wstring_view text, std::size_t count) {
+  return text.substr(0, count);
+}
+/// The last `count` characters, or all there are.
+constexpr std::wstring_view Right(std::wstring_view text, std::size_t count) {
+  return text.size() > count ? text.substr(text.size() - count) : text;
+}
+/// From `start` on, at most `count` characters; empty if `start` is past the end.
+constexpr std::wstring_view Mid(std::wstring_view text, std::size_t start,
+                                std::size_t count = std::wstring_view::npos) {
+  return start >= text.size() ? std::wstring_view() : text.substr(start, count);
+}
+
+constexpr wchar_t FoldAscii(wchar_t c) { return c >= L'A' && c <= L'Z' ? c - L'A' + L'a' : c; }
+/// Equal but for the case of A to Z.
+constexpr bool EqualsIgnoringCase(std::wstring_view a, std::wstring_view b) {
+  if (a.size() != b.size()) return false;
+  for (std::size_t i = 0; i < a.size(); ++i) {
+    if (FoldAscii(a[i]) != FoldAscii(b[i])) return false;
+  }
+  return true;
+}
+
+/// A fixed text with its first "%s" replaced: "The file %s does not exist.".
+std::wstring FormatText(std::wstring_view format, std::wstring_view argument);
+/// A fixed text with its first "%ld", "%d", "%1d" or "%i" replaced by the number.
+std::wstring FormatText(std::wstring_view format, long long argument);
+
+/// The 8-bit form of the platform (see platform::AppendNarrow) and back.
+std::string ToNarrow(std::wstring_view text);
+std::wstring ToWide(std::string_view text);
+
+/// UTF-16 units of a wide text and back. A code point outside Unicode or a lone surrogate becomes
+/// U+FFFD on the way out; lone surrogates are kept on the way in.
+std::u16string ToUtf16(std::wstring_view text);
+std::wstring FromUtf16(std::u16string_view text);
+/// The longest prefix of at most `units` UTF-16 units that doesn't end inside a surrogate pair.
+std::u16string_view CutUtf16(std::u16string_view text, std::size_t units);
+
+}  // namespace zelconvert
