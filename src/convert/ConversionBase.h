@@ -11,9 +11,9 @@ namespace zelconvert {
 /// Texts in the order they arose; the paths of files made.
 using StringList = std::vector<std::wstring>;
 
-/// Base of the conversions between a foreign format and a native one. The two files are `File1` (the
-/// foreign or text side) and `File2` (the job side); they stay the driver's, open, for the whole
-/// life of the conversion.
+/// Base of the conversions between a foreign format and a native one. The two files are `File1`
+/// (the foreign or text side) and `File2` (the job side); they stay the driver's, open, for the
+/// whole life of the conversion.
 template <class File1, class File2>
 class CConvFile {
  public:

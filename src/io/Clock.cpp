@@ -18,12 +18,16 @@ platform::LocalTime CurrentLocalTime() {
 }
 
 // A fixed clock still ticks with every look, since callers may wait for the next tick.
-std::uint32_t CurrentTickCount() { return g_fixed ? g_fixed->ticks++ : platform::SystemTickCount(); }
+std::uint32_t CurrentTickCount() {
+  return g_fixed ? g_fixed->ticks++ : platform::SystemTickCount();
+}
 
 ScopedClock::ScopedClock(const platform::LocalTime& time, std::uint32_t ticks) {
   g_fixed = Fixed{time, ticks};
 }
 
-ScopedClock::~ScopedClock() { g_fixed.reset(); }
+ScopedClock::~ScopedClock() {
+  g_fixed.reset();
+}
 
 }  // namespace zelconvert

@@ -19,6 +19,8 @@ inline void AppendRight(std::wstring& line, std::wstring_view text, std::size_t 
   line.append(text);
 }
 
-inline void AppendBlanks(std::wstring& line, std::size_t width) { line.append(width, L' '); }
+inline void AppendBlanks(std::wstring& line, std::size_t width) {
+  line.append(width, L' ');
+}
 
 }  // namespace zelconvert

@@ -2,13 +2,18 @@
 #pragma once
 
 #include <cstddef>
+#include <span>
 #include <string>
 #include <string_view>
 
 namespace zelconvert {
 
-constexpr bool IsSpace(wchar_t c) { return c == L' ' || (c >= L'\t' && c <= L'\r'); }
-constexpr bool IsDigit(wchar_t c) { return c >= L'0' && c <= L'9'; }
+constexpr bool IsSpace(wchar_t c) {
+  return c == L' ' || (c >= L'\t' && c <= L'\r');
+}
+constexpr bool IsDigit(wchar_t c) {
+  return c >= L'0' && c <= L'9';
+}
 constexpr bool IsAsciiAlnum(wchar_t c) {
   return IsDigit(c) || (c >= L'A' && c <= L'Z') || (c >= L'a' && c <= L'z');
 }
@@ -21,7 +26,9 @@ constexpr std::wstring_view TrimRight(std::wstring_view text) {
   while (!text.empty() && IsSpace(text.back())) text.remove_suffix(1);
   return text;
 }
-constexpr std::wstring_view Trim(std::wstring_view text) { return TrimLeft(TrimRight(text)); }
+constexpr std::wstring_view Trim(std::wstring_view text) {
+  return TrimLeft(TrimRight(text));
+}
 
 /// The first `count` characters, or all there are.
 constexpr std::wstring_view Left(std::wstring_view text, std::size_t count) {
@@ -37,7 +44,9 @@ constexpr std::wstring_view Mid(std::wstring_view text, std::size_t start,
   return start >= text.size() ? std::wstring_view() : text.substr(start, count);
 }
 
-constexpr wchar_t FoldAscii(wchar_t c) { return c >= L'A' && c <= L'Z' ? c - L'A' + L'a' : c; }
+constexpr wchar_t FoldAscii(wchar_t c) {
+  return c >= L'A' && c <= L'Z' ? c - L'A' + L'a' : c;
+}
 /// Equal but for the case of A to Z.
 constexpr bool EqualsIgnoringCase(std::wstring_view a, std::wstring_view b) {
   if (a.size() != b.size()) return false;
@@ -56,11 +65,10 @@ std::wstring FormatText(std::wstring_view format, long long argument);
 std::string ToNarrow(std::wstring_view text);
 std::wstring ToWide(std::string_view text);
 
-/// UTF-16 units of a wide text and back. A code point outside Unicode or a lone surrogate becomes
-/// U+FFFD on the way out; lone surrogates are kept on the way in.
-std::u16string ToUtf16(std::wstring_view text);
-std::wstring FromUtf16(std::u16string_view text);
-/// The longest prefix of at most `units` UTF-16 units that doesn't end inside a surrogate pair.
-std::u16string_view CutUtf16(std::u16string_view text, std::size_t units);
+/// Wide text as UTF-16 units: as many as fit in `units` without ending inside a surrogate pair.
+/// A code point outside Unicode becomes U+FFFD. Returns the number of units.
+std::size_t EncodeUtf16(std::wstring_view text, std::span<char16_t> units);
+/// The other way. Pairs are joined where wchar_t has 32 bits; a lone surrogate is kept.
+void AssignUtf16(std::wstring& text, std::u16string_view units);
 
 }  // namespace zelconvert

@@ -4,7 +4,9 @@ namespace zelconvert {
 namespace {
 
 // Only the two exact values are spared: data that was scaled once may hold other null values.
-bool PassesUnchanged(double value) { return value == kNullLimit || value == DC_NULL; }
+bool PassesUnchanged(double value) {
+  return value == kNullLimit || value == DC_NULL;
+}
 
 }  // namespace
 

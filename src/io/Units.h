@@ -8,10 +8,16 @@ inline constexpr double DC_NULL = -9.99e27;
 /// Readers and writers of numbers take anything not greater than this for null.
 inline constexpr double kNullLimit = -9.99e7;
 
-constexpr bool IsNull(double value) { return value <= kNullLimit; }
+constexpr bool IsNull(double value) {
+  return value <= kNullLimit;
+}
 /// The null value stands for 1 in a factor, for 0 in a sum.
-constexpr double NullToOne(double value) { return IsNull(value) ? 1.0 : value; }
-constexpr double NullToZero(double value) { return IsNull(value) ? 0.0 : value; }
+constexpr double NullToOne(double value) {
+  return IsNull(value) ? 1.0 : value;
+}
+constexpr double NullToZero(double value) {
+  return IsNull(value) ? 0.0 : value;
+}
 
 /// Codes of a linear unit: 0 metres, 1 international feet, 2 US survey feet.
 inline constexpr int kMetres = 0;

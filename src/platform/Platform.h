@@ -60,8 +60,8 @@ class File {
 
 struct Attributes {
   bool isDirectory = false;
-  bool isReadOnly = false;   ///< POSIX: the owner has no write permission
-  std::uint32_t word = 0;    ///< the system's own word, for RestoreAttributes
+  bool isReadOnly = false;  ///< POSIX: the owner has no write permission
+  std::uint32_t word = 0;   ///< the system's own word, for RestoreAttributes
 };
 
 /// nullopt: nothing there, or not to be looked at.
@@ -88,9 +88,9 @@ std::wstring ProgramDirectory();
 /// Never null for 0 bytes; null when memory is short.
 void* AllocateForHost(std::size_t bytes);
 
-/// 8-bit text: the ANSI code page on Windows; elsewhere windows-1252 with 81 8D 8F 90 9D as the code
-/// points of the same number, so that every byte survives a round trip. A character without a byte
-/// becomes "?". Zero characters and bytes are kept.
+/// 8-bit text: the ANSI code page on Windows; elsewhere windows-1252 with 81 8D 8F 90 9D as the
+/// code points of the same number, so that every byte survives a round trip. A character without a
+/// byte becomes "?". Zero characters and bytes are kept.
 void AppendWide(std::wstring& out, std::string_view text);
 void AppendNarrow(std::string& out, std::wstring_view text);
 

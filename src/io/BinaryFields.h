@@ -1,0 +1,113 @@
+// Little-endian fields at fixed offsets of a block. A record states its layout once, as a function
+// template that walks its fields; the reader and the writer below both run it:
+//
+//   template <class Io, class Layer>            // Layer is const for a writer
+//   void LayerFields(Io& io, Layer& layer) {
+//     io.Field(0, layer.id);
+//     io.Text(4, layer.name, 17);               // UTF-16 units, terminator included
+//   }
+//
+// The caller provides a block that holds every field. Nothing is cast, so alignment and the byte
+// order of the machine don't matter.
+#pragma once
+
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <span>
+#include <string>
+#include <string_view>
+#include <type_traits>
+
+#include "io/Strings.h"
+
+namespace zelconvert {
+
+template <class Unsigned>
+Unsigned LoadLittleEndian(const std::byte* bytes) {
+  static_assert(std::is_unsigned_v<Unsigned>);
+  Unsigned value = 0;
+  for (std::size_t i = 0; i < sizeof(Unsigned); ++i) {
+    value = static_cast<Unsigned>(
+        value | static_cast<Unsigned>(static_cast<Unsigned>(bytes[i]) << (8 * i)));
+  }
+  return value;
+}
+
+template <class Unsigned>
+void StoreLittleEndian(std::byte* bytes, Unsigned value) {
+  static_assert(std::is_unsigned_v<Unsigned>);
+  for (std::size_t i = 0; i < sizeof(Unsigned); ++i) {
+    bytes[i] = static_cast<std::byte>((value >> (8 * i)) & 0xFFu);
+  }
+}
+
+/// Fills a record from a block.
+class BinaryReader {
+ public:
+  explicit BinaryReader(std::span<const std::byte> block) : m_block(block) {}
+
+  void Field(std::size_t offset, double& value) const {
+    value = std::bit_cast<double>(LoadLittleEndian<std::uint64_t>(At(offset)));
+  }
+  template <class Integer>
+  void Field(std::size_t offset, Integer& value) const {
+    static_assert(std::is_integral_v<Integer>);
+    value = static_cast<Integer>(LoadLittleEndian<std::make_unsigned_t<Integer>>(At(offset)));
+  }
+  /// Up to the first zero unit, or all `units`.
+  void Text(std::size_t offset, std::wstring& text, std::size_t units) const {
+    char16_t buffer[kMaxUnits];
+    std::size_t used = 0;
+    while (used < units) {
+      const auto unit = LoadLittleEndian<std::uint16_t>(At(offset + 2 * used));
+      if (unit == 0) break;
+      buffer[used++] = static_cast<char16_t>(unit);
+    }
+    AssignUtf16(text, std::u16string_view(buffer, used));
+  }
+  void Bytes(std::size_t offset, std::span<std::byte> bytes) const {
+    if (!bytes.empty()) std::memcpy(bytes.data(), At(offset), bytes.size());
+  }
+
+  /// The longest text field of any record, terminator included.
+  static constexpr std::size_t kMaxUnits = 261;
+
+ private:
+  const std::byte* At(std::size_t offset) const { return m_block.data() + offset; }
+  std::span<const std::byte> m_block;
+};
+
+/// Fills a block from a record.
+class BinaryWriter {
+ public:
+  explicit BinaryWriter(std::span<std::byte> block) : m_block(block) {}
+
+  void Field(std::size_t offset, const double& value) const {
+    StoreLittleEndian(At(offset), std::bit_cast<std::uint64_t>(value));
+  }
+  template <class Integer>
+  void Field(std::size_t offset, const Integer& value) const {
+    static_assert(std::is_integral_v<Integer>);
+    StoreLittleEndian(At(offset), static_cast<std::make_unsigned_t<Integer>>(value));
+  }
+  /// At most `units` - 1 units, never half a surrogate pair, and zeros behind them.
+  void Text(std::size_t offset, const std::wstring& text, std::size_t units) const {
+    std::memset(At(offset), 0, 2 * units);
+    char16_t buffer[BinaryReader::kMaxUnits];
+    const std::size_t used = EncodeUtf16(text, std::span(buffer, units - 1));
+    for (std::size_t i = 0; i < used; ++i) {
+      StoreLittleEndian(At(offset + 2 * i), static_cast<std::uint16_t>(buffer[i]));
+    }
+  }
+  void Bytes(std::size_t offset, std::span<const std::byte> bytes) const {
+    if (!bytes.empty()) std::memcpy(At(offset), bytes.data(), bytes.size());
+  }
+
+ private:
+  std::byte* At(std::size_t offset) const { return m_block.data() + offset; }
+  std::span<std::byte> m_block;
+};
+
+}  // namespace zelconvert
