@@ -1,0 +1,29 @@
+#!/usr/bin/env bash
+# scripts/setup.sh [build|test]: installs the Debian packages that are missing, as root or through
+# sudo. "build" (the default) is what the library and its host need, "test" is everything.
+set -euo pipefail
+
+packages=(cmake ninja-build g++ libcli11-dev nlohmann-json3-dev)
+if [ "${1:-build}" = test ]; then
+  packages+=(
+    clang-14 clang-format-14 libclang-rt-14-dev                # fuzz targets, formatting
+    g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix wine64 # Windows
+    libgtest-dev libgmock-dev googletest libbenchmark-dev
+    libpugixml-dev                                             # an XML reader that is not ours
+    git pkg-config python3 binutils
+  )
+fi
+
+missing=()
+for package in "${packages[@]}"; do
+  dpkg-query -W -f '${db:Status-Status}\n' "$package" 2>/dev/null | grep -qx installed ||
+    missing+=("$package")
+done
+[ ${#missing[@]} -eq 0 ] && exit 0
+
+echo "installing: ${missing[*]}"
+as_root=()
+[ "$(id -u)" = 0 ] || as_root=(sudo)
+"${as_root[@]}" apt-get update -qq
+"${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends \
+  "${missing[@]}" >/dev/null

@@ -1,0 +1,66 @@
+#!/usr/bin/env bash
+# scripts/test.sh [STEP...]: every check of the project, from a fresh clone or again.
+# Steps, in their order: format release asan fuzz mingw64 mingw32. Without arguments all of them.
+# FUZZ_SECONDS (default 10) bounds the run of each fuzz target.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+fuzz_seconds=${FUZZ_SECONDS:-10}
+jobs=$(nproc)
+
+build() { # preset
+  cmake --preset "$1" --log-level=WARNING
+  cmake --build --preset "$1" -j "$jobs"
+}
+
+step_format() {
+  git ls-files '*.cpp' '*.h' '*.c' | xargs clang-format-14 --dry-run --Werror
+}
+
+step_release() {
+  build release
+  ctest --preset release -j "$jobs"
+}
+
+step_asan() {
+  build asan
+  ctest --preset asan -j "$jobs"
+}
+
+# Each target over its stored inputs, then for a bounded time on inputs of its own.
+step_fuzz() {
+  build fuzz
+  local target inputs found
+  while read -r target inputs; do
+    echo "fuzzing $target"
+    found=$(mktemp -d) # what the run finds goes here; the stored inputs stay as they are
+    # shellcheck disable=SC2086 # the inputs are several words
+    build/fuzz/fuzz/"$target" -max_total_time="$fuzz_seconds" -max_len=16384 -timeout=20 \
+      -rss_limit_mb=2048 -verbosity=0 -artifact_prefix=build/fuzz/ "$found" $inputs
+    rm -rf "$found"
+  done <build/fuzz/fuzz-targets.txt
+}
+
+step_mingw64() {
+  build mingw64
+  WINEPREFIX=$(mktemp -d)
+  export WINEPREFIX WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" DISPLAY=
+  local wine result=0
+  wine=$(command -v wine64 || echo /usr/lib/wine/wine64)
+  "$wine" wineboot --init >/dev/null 2>&1 || true # once, not in every test
+  ctest --preset mingw64 -j "$jobs" || result=$?
+  rm -rf "$WINEPREFIX"
+  return "$result"
+}
+
+# The 32-bit library is built and its export names are checked; nothing runs it here.
+step_mingw32() {
+  build mingw32
+  python3 tests/exports/check_exports.py build/mingw32/zelconvert.dll
+}
+
+scripts/setup.sh test
+for step in ${*:-format release asan fuzz mingw64 mingw32}; do
+  echo "== $step"
+  "step_$step"
+done
+echo "all steps passed"
