@@ -1,0 +1,45 @@
+// Lines of RD5 and TP5 files: a tag and fields, commas between them.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "io/Numbers.h"
+
+namespace zelconvert {
+
+class CommaLine {
+ public:
+  /// The line is built in `line`, whose memory is reused.
+  CommaLine(std::wstring& line, std::wstring_view tag) : m_strLine(line) { line.assign(tag); }
+
+  CommaLine& Text(std::wstring_view text) {
+    Comma().append(text);
+    return *this;
+  }
+  CommaLine& Integer(std::int64_t value) {
+    AppendInteger(Comma(), value);
+    return *this;
+  }
+  /// Lengths, grades and slopes: 3 decimals.
+  CommaLine& Real(double value) {
+    AppendFixed(Comma(), value, 3);
+    return *this;
+  }
+  /// Azimuths: 5 decimals, a tenth of a second in DDD.MMSSs.
+  CommaLine& Angle(double value) {
+    AppendFixed(Comma(), value, 5);
+    return *this;
+  }
+
+ private:
+  std::wstring& Comma() {
+    m_strLine.push_back(L',');
+    return m_strLine;
+  }
+
+  std::wstring& m_strLine;
+};
+
+}  // namespace zelconvert
