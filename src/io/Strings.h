@@ -14,6 +14,13 @@ constexpr bool IsSpace(wchar_t c) {
 constexpr bool IsDigit(wchar_t c) {
   return c >= L'0' && c <= L'9';
 }
+/// True as soon as one character is no digit; an empty text is numeric.
+constexpr bool IsNonNumeric(std::wstring_view text) {
+  for (const wchar_t c : text) {
+    if (!IsDigit(c)) return true;
+  }
+  return false;
+}
 constexpr bool IsAsciiAlnum(wchar_t c) {
   return IsDigit(c) || (c >= L'A' && c <= L'Z') || (c >= L'a' && c <= L'z');
 }

@@ -1,0 +1,242 @@
+#include "io/Numbers.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <limits>
+#include <system_error>
+
+#include "io/Strings.h"
+
+namespace zelconvert {
+namespace {
+
+// The extent of a decimal number in a text: positions in it, and where its magnitude lies.
+struct RealShape {
+  std::size_t first = 0;  // behind white space and sign
+  std::size_t end = 0;    // behind the longest valid prefix; equal to `first` without a digit
+  bool negative = false;
+};
+
+std::size_t SkipDigits(std::wstring_view text, std::size_t at) {
+  while (at < text.size() && IsDigit(text[at])) ++at;
+  return at;
+}
+
+std::size_t SkipSpace(std::wstring_view text) {
+  return static_cast<std::size_t>(text.size() - TrimLeft(text).size());
+}
+
+// Steps over a sign and says whether it was a minus.
+bool TakeSign(std::wstring_view text, std::size_t& at) {
+  if (at >= text.size() || (text[at] != L'+' && text[at] != L'-')) return false;
+  return text[at++] == L'-';
+}
+
+RealShape FindReal(std::wstring_view text) {
+  RealShape shape;
+  std::size_t at = SkipSpace(text);
+  shape.negative = TakeSign(text, at);
+  shape.first = at;
+  at = SkipDigits(text, at);
+  std::size_t digits = at - shape.first;
+  if (at < text.size() && text[at] == L'.') {
+    const std::size_t fraction = at + 1;
+    at = SkipDigits(text, fraction);
+    digits += at - fraction;
+  }
+  if (digits == 0) {
+    shape.end = shape.first;
+    return shape;
+  }
+  shape.end = at;
+  if (at < text.size() && (text[at] == L'e' || text[at] == L'E')) {
+    TakeSign(text, ++at);
+    const std::size_t exponent = at;
+    at = SkipDigits(text, exponent);
+    if (at > exponent) shape.end = at;
+  }
+  return shape;
+}
+
+// Whether an out-of-range number is too large, by the decimal exponent of its first digit.
+bool IsTooLarge(std::string_view number) {
+  constexpr std::int64_t kFar = 1'000'000'000;
+  const std::size_t mantissaEnd = std::min(number.find_first_of("eE"), number.size());
+  const std::string_view mantissa = number.substr(0, mantissaEnd);
+  std::int64_t exponent = 0;
+  if (mantissaEnd < number.size()) {
+    std::string_view text = number.substr(mantissaEnd + 1);
+    const bool negative = text.front() == '-';
+    if (negative || text.front() == '+') text.remove_prefix(1);
+    if (std::from_chars(text.data(), text.data() + text.size(), exponent).ec != std::errc()) {
+      exponent = kFar * kFar;
+    }
+    if (negative) exponent = -exponent;
+  }
+  const auto point = static_cast<std::int64_t>(std::min(mantissa.find('.'), mantissa.size()));
+  const auto first = static_cast<std::int64_t>(mantissa.find_first_of("123456789"));
+  return point - first + exponent > 0;
+}
+
+// `number` has no sign and is valid to its end.
+double ConvertReal(std::string_view number, bool& overflow) {
+  double value = 0;
+  const auto result = std::from_chars(number.data(), number.data() + number.size(), value);
+  if (result.ec == std::errc::result_out_of_range) value = IsTooLarge(number) ? HUGE_VAL : 0.0;
+  overflow = value == HUGE_VAL;
+  return value;
+}
+
+int DigitValue(wchar_t c) {
+  if (IsDigit(c)) return c - L'0';
+  const wchar_t letter = FoldAscii(c);
+  return letter >= L'a' && letter <= L'z' ? letter - L'a' + 10 : 99;
+}
+
+std::uint64_t Magnitude(std::int64_t value) {
+  const auto bits = static_cast<std::uint64_t>(value);
+  return value < 0 ? 0 - bits : bits;
+}
+
+void AppendAscii(std::wstring& out, std::string_view digits) {
+  out.append(digits.begin(), digits.end());
+}
+
+// Gives `use` the digits of printf("%.*f").
+template <class Use>
+void WithFixed(double value, int decimals, Use use) {
+  constexpr std::size_t kLongestInteger = 1 + std::numeric_limits<double>::max_exponent10 + 1 + 1;
+  constexpr int kDefaultDecimals = 6;  // printf's for a negative precision
+  if (decimals < 0) decimals = kDefaultDecimals;
+  char onStack[kLongestInteger + 64];
+  std::string onHeap;
+  char* begin = onStack;
+  char* end = onStack + sizeof(onStack);
+  if (decimals > 64) {
+    onHeap.resize(kLongestInteger + static_cast<std::size_t>(decimals));
+    begin = onHeap.data();
+    end = begin + onHeap.size();
+  }
+  const auto result = std::to_chars(begin, end, value, std::chars_format::fixed, decimals);
+  use(std::string_view(begin, static_cast<std::size_t>(result.ptr - begin)));
+}
+
+}  // namespace
+
+ParsedReal ParseReal(std::wstring_view text) {
+  const RealShape shape = FindReal(text);
+  ParsedReal parsed;
+  if (shape.end == shape.first) return parsed;
+  const std::wstring_view number = text.substr(shape.first, shape.end - shape.first);
+  char onStack[128];
+  std::string onHeap;  // only for numbers that no instrument writes
+  char* narrow = onStack;
+  if (number.size() > sizeof(onStack)) {
+    onHeap.resize(number.size());
+    narrow = onHeap.data();
+  }
+  std::transform(number.begin(), number.end(), narrow,
+                 [](wchar_t c) { return static_cast<char>(c); });
+  const double value = ConvertReal({narrow, number.size()}, parsed.overflow);
+  parsed.value = shape.negative ? -value : value;
+  parsed.consumed = shape.end;
+  return parsed;
+}
+
+ParsedInteger ParseInteger(std::wstring_view text, int base) {
+  constexpr auto kMax = static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
+  std::size_t at = SkipSpace(text);
+  const bool negative = TakeSign(text, at);
+  const std::size_t first = at;
+  const auto radix = static_cast<std::uint64_t>(base);
+  std::uint64_t value = 0;
+  bool saturated = false;
+  for (; at < text.size() && DigitValue(text[at]) < base; ++at) {
+    const auto digit = static_cast<std::uint64_t>(DigitValue(text[at]));
+    saturated = saturated || value > (kMax - digit) / radix;
+    if (!saturated) value = value * radix + digit;
+  }
+  if (at == first) return {};
+  if (saturated) {
+    return {negative ? std::numeric_limits<std::int64_t>::min()
+                     : std::numeric_limits<std::int64_t>::max(),
+            at};
+  }
+  return {negative ? -static_cast<std::int64_t>(value) : static_cast<std::int64_t>(value), at};
+}
+
+double ToReal(std::wstring_view text) {
+  return ParseReal(text).value;
+}
+
+std::int32_t ToInteger(std::wstring_view text, int base) {
+  using Limits = std::numeric_limits<std::int32_t>;
+  const std::int64_t value = ParseInteger(text, base).value;
+  return static_cast<std::int32_t>(std::clamp<std::int64_t>(value, Limits::min(), Limits::max()));
+}
+
+void AppendFixed(std::wstring& out, double value, int decimals) {
+  WithFixed(value, decimals, [&](std::string_view digits) { AppendAscii(out, digits); });
+}
+
+void AppendFixed(std::wstring& out, double value, int decimals, std::size_t width) {
+  WithFixed(value, decimals, [&](std::string_view digits) {
+    if (digits.size() < width) out.append(width - digits.size(), L' ');
+    AppendAscii(out, digits);
+  });
+}
+
+void AppendInteger(std::wstring& out, std::int64_t value) {
+  char digits[24];
+  const auto result = std::to_chars(digits, digits + sizeof(digits), value);
+  AppendAscii(out, {digits, static_cast<std::size_t>(result.ptr - digits)});
+}
+
+std::wstring FormatFixed(double value, int decimals) {
+  std::wstring text;
+  AppendFixed(text, value, decimals);
+  return text;
+}
+
+std::wstring FormatInteger(std::int64_t value) {
+  std::wstring text;
+  AppendInteger(text, value);
+  return text;
+}
+
+std::int32_t SaturateToInt32(double value) {
+  using Limits = std::numeric_limits<std::int32_t>;
+  if (std::isnan(value)) return 0;
+  if (value <= Limits::min()) return Limits::min();
+  if (value >= Limits::max()) return Limits::max();
+  return static_cast<std::int32_t>(value);
+}
+
+std::int32_t MulDiv(std::int64_t value, std::int64_t numerator, std::int64_t denominator) {
+  using Limits = std::numeric_limits<std::int32_t>;
+  constexpr std::uint64_t kMax = std::numeric_limits<std::uint64_t>::max();
+  constexpr std::int32_t kFailed = -1;
+  if (denominator == 0) return kFailed;
+  const bool negative = ((value < 0) != (numerator < 0)) != (denominator < 0);
+  const std::uint64_t factor = Magnitude(numerator);
+  std::uint64_t divisor = Magnitude(denominator);
+  const std::uint64_t whole = Magnitude(value) / divisor;
+  std::uint64_t rest = Magnitude(value) % divisor;
+  if (factor != 0 && whole > Magnitude(Limits::min()) / factor) return kFailed;
+  // Only products past 64 bits lose their last bits here, never those of 32-bit arguments.
+  while (factor != 0 && rest > kMax / 2 / factor) {
+    rest /= 2;
+    divisor /= 2;
+  }
+  const std::uint64_t product = rest * factor;
+  const std::uint64_t remainder = product % divisor;
+  const std::uint64_t roundUp = remainder >= divisor - remainder ? 1 : 0;
+  const std::uint64_t result = whole * factor + product / divisor + roundUp;
+  const std::uint64_t limit = negative ? Magnitude(Limits::min()) : Magnitude(Limits::max());
+  if (result > limit) return kFailed;
+  const auto magnitude = static_cast<std::int64_t>(result);
+  return static_cast<std::int32_t>(negative ? -magnitude : magnitude);
+}
+
+}  // namespace zelconvert

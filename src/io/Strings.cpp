@@ -1,0 +1,102 @@
+#include "io/Strings.h"
+
+#include "io/Numbers.h"
+#include "platform/Platform.h"
+
+namespace zelconvert {
+namespace {
+
+constexpr char32_t kReplacement = 0xFFFD;
+
+constexpr bool IsHighSurrogate(char32_t c) {
+  return c >= 0xD800 && c <= 0xDBFF;
+}
+constexpr bool IsLowSurrogate(char32_t c) {
+  return c >= 0xDC00 && c <= 0xDFFF;
+}
+
+struct Utf16Units {
+  char16_t unit[2];
+  std::size_t count;
+};
+
+// One wide character: on Windows a unit already, elsewhere a code point of one or two units.
+Utf16Units UnitsOf(wchar_t wide) {
+  const auto c = static_cast<char32_t>(wide);
+  if (c < 0x10000) return {{static_cast<char16_t>(c), 0}, 1};
+  if (c > 0x10FFFF) return {{static_cast<char16_t>(kReplacement), 0}, 1};
+  const char32_t offset = c - 0x10000;
+  return {{static_cast<char16_t>(0xD800 + (offset >> 10)),
+           static_cast<char16_t>(0xDC00 + (offset & 0x3FF))},
+          2};
+}
+
+std::wstring ReplaceFirst(std::wstring_view format, std::wstring_view mark,
+                          std::wstring_view argument) {
+  std::wstring text(format);
+  const std::size_t at = text.find(mark);
+  if (at != std::wstring::npos) text.replace(at, mark.size(), argument);
+  return text;
+}
+
+}  // namespace
+
+std::wstring FormatText(std::wstring_view format, std::wstring_view argument) {
+  return ReplaceFirst(format, L"%s", argument);
+}
+
+std::wstring FormatText(std::wstring_view format, long long argument) {
+  std::size_t first = std::wstring_view::npos;
+  std::wstring_view found;
+  for (const std::wstring_view mark : {L"%ld", L"%d", L"%1d", L"%i"}) {
+    const std::size_t at = format.find(mark);
+    if (at < first) {
+      first = at;
+      found = mark;
+    }
+  }
+  if (found.empty()) return std::wstring(format);
+  return ReplaceFirst(format, found, FormatInteger(argument));
+}
+
+std::string ToNarrow(std::wstring_view text) {
+  std::string narrow;
+  platform::AppendNarrow(narrow, text);
+  return narrow;
+}
+
+std::wstring ToWide(std::string_view text) {
+  std::wstring wide;
+  platform::AppendWide(wide, text);
+  return wide;
+}
+
+std::size_t EncodeUtf16(std::wstring_view text, std::span<char16_t> units) {
+  std::size_t used = 0;
+  for (const wchar_t c : text) {
+    const Utf16Units next = UnitsOf(c);
+    if (used + next.count > units.size()) {
+      // A pair may also stand in the text as two characters.
+      const bool split =
+          used > 0 && IsHighSurrogate(units[used - 1]) && IsLowSurrogate(next.unit[0]);
+      return split ? used - 1 : used;
+    }
+    for (std::size_t i = 0; i < next.count; ++i) units[used++] = next.unit[i];
+  }
+  return used;
+}
+
+void AssignUtf16(std::wstring& text, std::u16string_view units) {
+  text.clear();
+  for (std::size_t i = 0; i < units.size(); ++i) {
+    char32_t c = units[i];
+    if constexpr (sizeof(wchar_t) > sizeof(char16_t)) {
+      if (IsHighSurrogate(c) && i + 1 < units.size() && IsLowSurrogate(units[i + 1])) {
+        c = 0x10000 + ((c - 0xD800) << 10) + (units[++i] - 0xDC00u);
+      }
+    }
+    text.push_back(static_cast<wchar_t>(c));
+  }
+}
+
+}  // namespace zelconvert
