@@ -1,0 +1,40 @@
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "platform/Platform.h"
+#include "platform/posix/Paths.h"
+
+namespace zelconvert::platform {
+namespace {
+
+constexpr mode_t kPermissions = 07777;
+
+bool SetPermissions(const std::wstring& path, mode_t mode) {
+  return chmod(ToSystemPath(path).c_str(), mode) == 0;
+}
+
+}  // namespace
+
+std::optional<Attributes> GetAttributes(const std::wstring& path) {
+  struct stat found {};
+  if (stat(ToSystemPath(path).c_str(), &found) != 0) return std::nullopt;
+  Attributes attributes;
+  attributes.isDirectory = S_ISDIR(found.st_mode);
+  attributes.isReadOnly = (found.st_mode & S_IWUSR) == 0;
+  attributes.word = found.st_mode & kPermissions;
+  return attributes;
+}
+
+bool ClearReadOnly(const std::wstring& path, const Attributes& found) {
+  return SetPermissions(path, found.word | S_IWUSR);
+}
+
+bool RestoreAttributes(const std::wstring& path, const Attributes& found) {
+  return SetPermissions(path, found.word);
+}
+
+bool RemoveFile(const std::wstring& path) {
+  return unlink(ToSystemPath(path).c_str()) == 0;
+}
+
+}  // namespace zelconvert::platform

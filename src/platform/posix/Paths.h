@@ -1,0 +1,15 @@
+// Paths in the system's own form.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace zelconvert::platform {
+
+/// UTF-8 with "/" as the only separator. U+DC80 to U+DCFF stand for the bytes 80 to FF of a name
+/// that is no UTF-8. Empty, which no call finds, if the path holds a zero character.
+std::string ToSystemPath(std::wstring_view path);
+/// The other way; bytes that are no UTF-8 become U+DC80 to U+DCFF.
+std::wstring FromSystemPath(std::string_view path);
+
+}  // namespace zelconvert::platform

@@ -1,0 +1,49 @@
+#include <algorithm>
+#include <array>
+#include <cstdint>
+
+#include "platform/Platform.h"
+
+namespace zelconvert::platform {
+namespace {
+
+// windows-1252, bytes 80 to 9F; the five that it leaves undefined stand for themselves.
+constexpr std::array<std::uint16_t, 32> kWindows1252 = {
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+
+constexpr std::array<wchar_t, 256> MakeWideTable() {
+  std::array<wchar_t, 256> table{};
+  for (std::size_t i = 0; i < table.size(); ++i) {
+    const bool isSpecial = i >= 0x80 && i < 0x80 + kWindows1252.size();
+    table[i] = static_cast<wchar_t>(isSpecial ? kWindows1252[i - 0x80] : i);
+  }
+  return table;
+}
+constexpr std::array<wchar_t, 256> kWide = MakeWideTable();
+
+char NarrowChar(wchar_t wide) {
+  const auto c = static_cast<std::uint32_t>(wide);
+  if (c < 0x80 || (c >= 0xA0 && c <= 0xFF)) return static_cast<char>(c);
+  const auto at = std::find(kWindows1252.begin(), kWindows1252.end(), c);
+  return at == kWindows1252.end() ? '?' : static_cast<char>(0x80 + (at - kWindows1252.begin()));
+}
+
+}  // namespace
+
+void AppendWide(std::wstring& out, std::string_view text) {
+  const std::size_t start = out.size();
+  out.resize(start + text.size());
+  std::transform(text.begin(), text.end(), out.begin() + static_cast<std::ptrdiff_t>(start),
+                 [](char byte) { return kWide[static_cast<unsigned char>(byte)]; });
+}
+
+void AppendNarrow(std::string& out, std::wstring_view text) {
+  const std::size_t start = out.size();
+  out.resize(start + text.size());
+  std::transform(text.begin(), text.end(), out.begin() + static_cast<std::ptrdiff_t>(start),
+                 NarrowChar);
+}
+
+}  // namespace zelconvert::platform
