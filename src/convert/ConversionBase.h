@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <exception>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,6 +11,13 @@ namespace zelconvert {
 
 /// Texts in the order they arose; the paths of files made.
 using StringList = std::vector<std::wstring>;
+
+/// Thrown where a file breaks a conversion in a way that no text of its own words, such as a DC
+/// header line that is too short. Nothing between there and the driver catches it: the driver ends
+/// the run as a failed one with its general text.
+struct ConversionFailure : std::exception {
+  const char* what() const noexcept override { return "a record that can't be converted"; }
+};
 
 /// Base of the conversions between a foreign format and a native one. The two files are `File1`
 /// (the foreign or text side) and `File2` (the job side); they stay the driver's, open, for the

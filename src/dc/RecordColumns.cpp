@@ -1,0 +1,100 @@
+#include "dc/RecordColumns.h"
+
+namespace zelconvert {
+
+void AppendDcNumber(std::wstring& line, double value, int decimals, int width) {
+  const auto columns = static_cast<std::size_t>(width);
+  if (IsNull(value)) return AppendBlanks(line, columns);
+  const std::size_t start = line.size();
+  AppendFixed(line, value, decimals, columns);
+  if (line.size() > start + columns) line.resize(start + columns);
+}
+
+std::wstring FormatDcNumber(double value, int decimals) {
+  std::wstring text;
+  if (IsNull(value)) return L" ";
+  AppendDcNumber(text, value, decimals);
+  return text;
+}
+
+double ReadDcNumber(std::wstring_view field) {
+  const std::wstring_view text = Trim(field);
+  return text.empty() ? DC_NULL : ToReal(text);
+}
+
+wchar_t MethodCharacter(std::int32_t method) {
+  return method >= 1 && method <= 10 ? static_cast<wchar_t>(L'0' + method) : L'1';
+}
+
+namespace columns {
+
+void ReadText(std::wstring_view field, TextForm form, std::wstring& value) {
+  value.assign((form & kTrimmed) != 0 ? Trim(field) : field);
+}
+
+std::int32_t ReadInteger(std::wstring_view field, IntegerForm form, Choice choice) {
+  const wchar_t first = field.empty() ? L'\0' : field.front();
+  switch (form) {
+    case IntegerForm::Truncated:
+      return SaturateToInt32(ReadDcNumber(field));
+    case IntegerForm::Offset:
+    case IntegerForm::Method:
+      return static_cast<std::int32_t>(first) - L'0';
+    case IntegerForm::Choice:
+      return first >= L'1' && first <= L'0' + choice.last ? first - L'0' : choice.otherwise;
+    case IntegerForm::Decimal:
+    case IntegerForm::Zeros:
+    case IntegerForm::First:
+      break;
+  }
+  return ToInteger(field);
+}
+
+double ReadReal(std::wstring_view field, RealForm form) {
+  return form == RealForm::Nullable ? ReadDcNumber(field) : ToReal(field);
+}
+
+void WriteText(std::wstring& line, std::wstring_view value, TextForm form, int width) {
+  const auto columns = static_cast<std::size_t>(width);
+  if ((form & kKeepFirst) != 0) value = Left(value, columns);
+  if ((form & kKeepLast) != 0) value = Right(value, columns);
+  (form & kLeft) != 0 ? AppendLeft(line, value, columns) : AppendRight(line, value, columns);
+}
+
+void WriteInteger(std::wstring& line, std::int32_t value, IntegerForm form, int width) {
+  const auto columns = static_cast<std::size_t>(width);
+  switch (form) {
+    case IntegerForm::Offset:
+      // 16 bits on every platform, as wide as the field's characters are.
+      line.push_back(static_cast<wchar_t>(static_cast<std::uint16_t>(
+          static_cast<std::uint32_t>(value) + static_cast<std::uint32_t>(L'0'))));
+      return;
+    case IntegerForm::Method:
+      line.push_back(MethodCharacter(value));
+      return;
+    default:
+      break;
+  }
+  const std::size_t start = line.size();
+  AppendInteger(line, value);
+  const std::size_t length = line.size() - start;
+  if (length < columns && form == IntegerForm::Zeros) {
+    line.insert(start + (value < 0 ? 1 : 0), columns - length, L'0');
+  } else if (length < columns) {
+    line.insert(start, columns - length, L' ');
+  } else if (length > columns && form == IntegerForm::First) {
+    line.resize(start + columns);
+  }
+}
+
+void WriteReal(std::wstring& line, double value, int decimals, RealForm form, int width) {
+  if (form == RealForm::Nullable) return AppendDcNumber(line, value, decimals, width);
+  const auto columns = static_cast<std::size_t>(width);
+  const std::size_t start = line.size();
+  AppendFixed(line, value, decimals, columns);
+  if (form == RealForm::PlainCut && line.size() > start + columns) line.resize(start + columns);
+}
+
+}  // namespace columns
+
+}  // namespace zelconvert

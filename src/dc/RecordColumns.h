@@ -1,0 +1,181 @@
+// Fixed-column records as data. A record is a plain struct and one table of its columns, from which
+// its reader, its writer and the check of its page in docs/ follow:
+//
+//   inline constexpr Column<tDC_BUOYRecord> kBuoyColumns[] = {
+//       {4, 16, &tDC_BUOYRecord::name, kKeepLast | kTrimmed},
+//       {20, 16, &tDC_BUOYRecord::depth, 4},  // metres, 4 decimals
+//   };
+//   static_assert(Abut(kBuoyColumns));        // each column starts where the last one ended
+//
+// Columns count characters of the whole line from 0. The type and the subtype of a line are no
+// columns of a table: columns 0 to 3 belong to CDcFile.
+//
+// Reading never fails: a line that stops early gives empty fields, text that is no number gives 0.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <variant>
+
+#include "io/Columns.h"
+#include "io/Numbers.h"
+#include "io/Strings.h"
+#include "io/Units.h"
+
+namespace zelconvert {
+
+/// How a text sits in its column. Without flags: right-justified, never cut, read as it stands.
+using TextForm = unsigned;
+inline constexpr TextForm kLeft = 1;       ///< blanks behind the text instead of before it
+inline constexpr TextForm kKeepFirst = 2;  ///< too long: the first characters stay
+inline constexpr TextForm kKeepLast = 4;   ///< too long: the last characters stay
+inline constexpr TextForm kTrimmed = 8;    ///< read without white space at both ends
+
+/// How a real number sits in its column. All are right-justified.
+enum class RealForm : std::uint8_t {
+  Nullable,  ///< null is written blank and blank is read as null; too long: the first characters
+             ///< stay
+  Plain,     ///< every value is written, in full; blank is read as 0
+  PlainCut,  ///< as Plain, but too long: the first characters stay
+};
+inline constexpr RealForm kPlain = RealForm::Plain;
+inline constexpr RealForm kPlainCut = RealForm::PlainCut;
+
+/// How an integer sits in its column.
+enum class IntegerForm : std::uint8_t {
+  Decimal,    ///< base 10, right-justified; blank is read as 0
+  Zeros,      ///< as Decimal, but filled with leading zeros
+  First,      ///< as Decimal, but too long: the first characters stay
+  Truncated,  ///< written as Decimal; read as a nullable real number that loses its fraction
+  Offset,     ///< one character: the code of "0" plus the value
+  Method,     ///< one character: 1 to 9 and ":" for 10, anything else as "1"; read as Offset
+  Choice,     ///< one character: see Choice
+};
+
+/// The characters '1' to '0' + last are read as 1 to last, any other as `otherwise`. Written as
+/// Decimal.
+struct Choice {
+  std::int8_t last;
+  std::int8_t otherwise;
+};
+
+/// A column that is written with this text whatever the record holds: right-justified.
+struct Always {
+  std::wstring_view text;
+};
+inline constexpr Always kBlank{L""};
+
+/// One column of a record of type R.
+template <class R>
+struct Column {
+  using Member = std::variant<std::monostate, std::wstring R::*, double R::*, std::int32_t R::*,
+                              wchar_t R::*, bool R::*>;
+
+  int start;
+  int width;
+  Member member;  // none: nothing is read
+  TextForm text = 0;
+  int decimals = 0;
+  RealForm real = RealForm::Nullable;
+  IntegerForm integer = IntegerForm::Decimal;
+  Choice choice = {};
+  bool always = false;
+  std::wstring_view constant = {};
+
+  constexpr Column(int s, int w, std::wstring R::*m, TextForm form = 0)
+      : start(s), width(w), member(m), text(form) {}
+  constexpr Column(int s, int w, double R::*m, int d, RealForm form = RealForm::Nullable)
+      : start(s), width(w), member(m), decimals(d), real(form) {}
+  /// Read as a plain number, written as the constant.
+  constexpr Column(int s, int w, double R::*m, Always written)
+      : start(s), width(w), member(m), real(kPlain), always(true), constant(written.text) {}
+  constexpr Column(int s, int w, std::int32_t R::*m, IntegerForm form = IntegerForm::Decimal)
+      : start(s), width(w), member(m), integer(form) {}
+  constexpr Column(int s, std::int32_t R::*m, Choice c)
+      : start(s), width(1), member(m), integer(IntegerForm::Choice), choice(c) {}
+  /// Read base 10, written as the constant.
+  constexpr Column(int s, int w, std::int32_t R::*m, Always written)
+      : start(s), width(w), member(m), always(true), constant(written.text) {}
+  /// One character; NUL when the line has ended.
+  constexpr Column(int s, wchar_t R::*m) : start(s), width(1), member(m) {}
+  /// "1" is read as true, anything else as false; true is written "2", false "1".
+  constexpr Column(int s, bool R::*m) : start(s), width(1), member(m) {}
+  constexpr Column(int s, int w, Always written)
+      : start(s), width(w), always(true), constant(written.text) {}
+};
+
+/// True if the first column starts at `start` and each next one where the last one ended.
+template <class R, std::size_t N>
+constexpr bool Abut(const Column<R> (&columns)[N], int start = 4) {
+  for (const Column<R>& column : columns) {
+    if (column.start != start || column.width <= 0) return false;
+    start += column.width;
+  }
+  return true;
+}
+
+/// Appends a DC number in 16 columns: blank for a value not above -9.99e7, else what "%16.*f"
+/// gives, cut to its first 16 characters. NaN is printed.
+void AppendDcNumber(std::wstring& line, double value, int decimals, int width = 16);
+/// The same as text of its own; a null value is a single blank.
+std::wstring FormatDcNumber(double value, int decimals);
+/// A nullable number field: blank gives DC_NULL.
+double ReadDcNumber(std::wstring_view field);
+/// The character of a method number: 1 to 9, ":" for 10, "1" for anything else.
+wchar_t MethodCharacter(std::int32_t method);
+
+namespace columns {
+
+void ReadText(std::wstring_view field, TextForm form, std::wstring& value);
+std::int32_t ReadInteger(std::wstring_view field, IntegerForm form, Choice choice);
+double ReadReal(std::wstring_view field, RealForm form);
+
+void WriteText(std::wstring& line, std::wstring_view value, TextForm form, int width);
+void WriteInteger(std::wstring& line, std::int32_t value, IntegerForm form, int width);
+void WriteReal(std::wstring& line, double value, int decimals, RealForm form, int width);
+
+}  // namespace columns
+
+/// Fills the members of `record` from `line`.
+template <class R, std::size_t N>
+void ReadColumns(std::wstring_view line, const Column<R> (&table)[N], R& record) {
+  for (const Column<R>& c : table) {
+    const std::wstring_view field =
+        Mid(line, static_cast<std::size_t>(c.start), static_cast<std::size_t>(c.width));
+    if (const auto* text = std::get_if<std::wstring R::*>(&c.member)) {
+      columns::ReadText(field, c.text, record.**text);
+    } else if (const auto* real = std::get_if<double R::*>(&c.member)) {
+      record.** real = columns::ReadReal(field, c.real);
+    } else if (const auto* integer = std::get_if<std::int32_t R::*>(&c.member)) {
+      record.** integer = columns::ReadInteger(field, c.integer, c.choice);
+    } else if (const auto* character = std::get_if<wchar_t R::*>(&c.member)) {
+      record.** character = field.empty() ? L'\0' : field.front();
+    } else if (const auto* flag = std::get_if<bool R::*>(&c.member)) {
+      record.** flag = field == L"1";
+    }
+  }
+}
+
+/// Appends the columns of `record` to `line`, which already holds everything in front of them.
+template <class R, std::size_t N>
+void WriteColumns(std::wstring& line, const Column<R> (&table)[N], const R& record) {
+  for (const Column<R>& c : table) {
+    if (c.always) {
+      AppendRight(line, c.constant, static_cast<std::size_t>(c.width));
+    } else if (const auto* text = std::get_if<std::wstring R::*>(&c.member)) {
+      columns::WriteText(line, record.**text, c.text, c.width);
+    } else if (const auto* real = std::get_if<double R::*>(&c.member)) {
+      columns::WriteReal(line, record.**real, c.decimals, c.real, c.width);
+    } else if (const auto* integer = std::get_if<std::int32_t R::*>(&c.member)) {
+      columns::WriteInteger(line, record.**integer, c.integer, c.width);
+    } else if (const auto* character = std::get_if<wchar_t R::*>(&c.member)) {
+      line.push_back(record.**character);
+    } else if (const auto* flag = std::get_if<bool R::*>(&c.member)) {
+      line.push_back(record.**flag ? L'2' : L'1');
+    }
+  }
+}
+
+}  // namespace zelconvert
