@@ -1,0 +1,180 @@
+// The native database of the field software: a signature, fixed blocks, and a flat run of
+// length-prefixed records. There is no index: every search is a scan. A deleted record stays in
+// place as an unused slot.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "io/CFileCE.h"
+#include "job/JobRecords.h"
+
+namespace zelconvert {
+
+/// The form in which the coordinate system of a version 5 job stands in the file; its fields are
+/// those of CGlkProjectionRecord.
+inline constexpr std::size_t kCoordBlockLength = 4018;
+using CoordBlock = std::array<std::byte, kCoordBlockLength>;
+using OldHeaderBlock = std::array<std::byte, JOB_OLD_HEADER::kLength>;
+
+/// The versions that are written. Those of 5 and up are read as 5, those below 5 are old.
+inline constexpr std::uint16_t kJobVersion = 5;
+inline constexpr std::uint16_t kOldJobVersion = 3;
+
+/// Length of the signature that a job file begins with, plain 8-bit text.
+inline constexpr std::size_t kJobSignatureLength = 28;
+inline constexpr std::string_view kJobSignature = "Zelmont Geodata Ltd Job File";
+inline constexpr std::string_view kPwJobSignature = "Corvane Surveying Job File  ";
+static_assert(kJobSignature.size() == kJobSignatureLength);
+static_assert(kPwJobSignature.size() == kJobSignatureLength);
+
+/// One object serves one file: construct, Open or Create, read or write, Close. All operations are
+/// false on a file error and word nothing.
+class CJobFile {
+ public:
+  /// bBrand: a normal job (".job") or, if false, one of the second brand (".pwj"). They differ in
+  /// the signature alone, and an object opens its own brand only.
+  explicit CJobFile(bool bBrand);
+
+  /// Reads what stands before the records. Below version 3 that is the signature alone. The
+  /// position is then anywhere: go to a record with SeekToFirstRecord. Closed on failure.
+  bool Open(const std::wstring& path, bool bReadOnly);
+  /// version: kOldJobVersion or kJobVersion. The position is at the first record.
+  bool Create(const std::wstring& path, std::uint16_t version);
+  bool CreateNew(const std::wstring& path) { return Create(path, kJobVersion); }
+  /// Always true; a write that failed shows in GetFile().HasWriteFailed().
+  bool Close();
+  bool IsOpen() const { return m_File.IsOpen(); }
+  std::uint16_t GetVersion() const { return m_FileHead.version; }
+  /// For position, length and path, and the state of its writes.
+  CFileCE& GetFile() { return m_File; }
+  const CFileCE& GetFile() const { return m_File; }
+
+  /// The settings, from the old header in a version 3 job. False if no file is open.
+  bool ReadJobHeader(JOB_HEADER& header);
+  /// In place; moves the position. In a version 3 job the coordinate system indices go back to
+  /// their initial values, and featureFile and headerExtra stay as they were. Versions other than 3
+  /// and 5 have nothing written, and the result is true.
+  bool WriteJobHeader(const JOB_HEADER& header);
+  bool ReadCoordBlock(CoordBlock& block) const;
+  /// In place; moves the position. False below version 5.
+  bool WriteCoordBlock(const CoordBlock& block);
+  bool ReadOldHeader(OldHeaderBlock& block) const;
+  /// The same by its fields.
+  bool ReadOldHeader(JOB_OLD_HEADER& header) const;
+  bool ReadCreationTime(platform::LocalTime& time);
+  bool WriteCreationTime(const platform::LocalTime& time);
+
+  bool SeekToFirstRecord();
+  bool SeekTo(std::int64_t position) { return m_File.SeekTo(position); }
+  bool SeekToEnd() { return m_File.SeekToEnd(); }
+  /// position: out, where the head stands. length: out, bytes of payload as the head says; nothing
+  /// has compared it with the file. False at the end of the file, cut off heads included.
+  bool ReadNextRecordHead(JobKind& kind, std::int64_t& position, std::uint32_t& length);
+  /// Over the payload of the head last read. A length past the end of the file is no failure: the
+  /// next head is.
+  bool SkipRecord();
+
+  // Readers of the payload behind the head last read. They read the fixed length of the kind,
+  // whatever length the head gives.
+
+  /// In the form that the head names; what the old form lacks stays as the caller had it. If the
+  /// head is of another kind nothing is read and the result is true.
+  bool ReadPoint(JOB_POINT& record);
+  bool ReadPointEx(JOB_POINT_EX& record);
+  bool ReadRecord15(JOB_RECORD15& record);
+  bool ReadRecord16(JOB_RECORD16& record);
+
+  bool ReadRecord4(JOB_RECORD4& record);
+  bool ReadRecord7(JOB_RECORD7& record);
+  bool ReadRecord9(JOB_RECORD9& record);
+  bool ReadRecord10(JOB_RECORD10& record);
+  bool ReadLayer(JOB_LAYER& record);
+  bool ReadRecord18(JOB_RECORD18& record);
+  /// The payload whole, of any kind. `data` is empty if it can't be read.
+  bool ReadGenericRecord(JOB_GENERIC_RECORD& record);
+  /// An attribute block of a job below version 5, at the present position: its total length, which
+  /// counts the two words in front, a code, which becomes `kind`, and the rest.
+  bool ReadBlockAtPosition(JOB_GENERIC_RECORD& record);
+
+  // Writers of a whole record at the present position, which is the end of a new job.
+
+  /// Old form at version 3, new at version 5; other versions fail.
+  bool WritePoint(const JOB_POINT& record);
+  bool WritePointEx(const JOB_POINT_EX& record);
+  bool WriteRecord15(const JOB_RECORD15& record);
+  bool WriteRecord16(const JOB_RECORD16& record);
+
+  bool WriteRecord4(const JOB_RECORD4& record);
+  bool WriteRecord7(const JOB_RECORD7& record);
+  bool WriteRecord9(const JOB_RECORD9& record);
+  bool WriteRecord10(const JOB_RECORD10& record);
+  bool WriteRecord18(const JOB_RECORD18& record);
+  /// Fails below version 4.
+  bool WriteLayer(const JOB_LAYER& record);
+  /// Fails below version 5, or with no data.
+  bool WriteGenericRecord(const JOB_GENERIC_RECORD& record);
+  /// kind: the number as it stands in the file.
+  bool WriteRecord(std::span<const std::byte> payload, std::uint32_t kind);
+
+  /// From the present position to the end: the record with this id, or with bFirstFree an unused
+  /// slot of the same length, whichever comes first. The position is then on its head. At the end
+  /// of the file the position is there and the result is bFirstFree.
+  bool FindRecord4(std::uint32_t id, bool bFirstFree);
+  bool FindRecord9(std::uint32_t id, bool bFirstFree);
+  /// The head of the first unused slot of exactly `length` bytes, or the end of the file.
+  bool SeekToFreeSlot(std::uint32_t length);
+  /// Makes the record whose head is at the present position an unused slot; the position is behind
+  /// it then.
+  bool DeleteRecord();
+  /// Whether a point of either kind has this name. The file is closed afterwards in every case.
+  bool PointExists(std::wstring_view name);
+
+ private:
+  /// What the file begins with, and the head of every record.
+  struct FileHead {
+    std::array<std::byte, kJobSignatureLength> signature{};
+    std::uint16_t version = 0;
+    std::uint32_t firstRecordOffset = 0;
+  };
+  struct RecordHead {
+    std::uint32_t kind = 0;  // as it stands in the file
+    std::uint32_t length = 0;
+  };
+
+  void Reset();
+  bool ReadBlocks();
+  bool ReadOldBlocks();
+  bool ReadNewBlocks();
+  bool WriteBlocks(std::uint16_t version);
+  void TakeOldHeader();
+  bool ReadHead();
+  bool WriteHead(const RecordHead& head);
+  bool FindRecord(const JobKindInfo& info, std::uint32_t id, bool bFirstFree);
+  template <class Record>
+  bool ReadFixed(Record& record, JobForm form);
+  template <class Record>
+  bool ReadEitherForm(Record& record);
+  template <class Record>
+  bool WriteForm(const Record& record, JobForm form);
+  template <class Record>
+  bool WriteEitherForm(const Record& record);
+
+  CFileCE m_File;
+  bool m_bBrand;
+  FileHead m_FileHead;
+  std::uint32_t m_nJobHeaderSize = 0;
+  std::uint32_t m_nCoordBlockSize = 0;
+  JOB_HEADER m_Header;
+  OldHeaderBlock m_OldHeader{};
+  CoordBlock m_CoordBlock{};         // its bytes, so that a block comes back as it was read
+  RecordHead m_RecordHead;           // the one last read
+  std::vector<std::byte> m_Scratch;  // a record on its way to the file
+};
+
+}  // namespace zelconvert
