@@ -148,14 +148,20 @@ class CJobFile {
   };
 
   void Reset();
+  std::span<const std::byte> Signature() const;
   bool ReadBlocks();
   bool ReadOldBlocks();
   bool ReadNewBlocks();
+  bool ReadSizedBlock(std::span<std::byte> block, std::uint32_t size);
   bool WriteBlocks(std::uint16_t version);
+  bool WriteOldBlocks();
+  bool WriteNewBlocks();
   void TakeOldHeader();
+  void PutOldHeader(const JOB_HEADER& header);
   bool ReadHead();
-  bool WriteHead(const RecordHead& head);
+  bool ReadData(JOB_GENERIC_RECORD& record);
   bool FindRecord(const JobKindInfo& info, std::uint32_t id, bool bFirstFree);
+  bool FindPoint(std::wstring_view name);
   template <class Record>
   bool ReadFixed(Record& record, JobForm form);
   template <class Record>

@@ -1,0 +1,503 @@
+// docs/formats/job.md tells the layout. Of a file of version 1 or 2 only the signature is read:
+// what stood behind it there is not known. Layers, attribute blocks and the kinds without a name
+// are carried, not understood.
+#include "job/CJobFile.h"
+
+#include <algorithm>
+
+#include "geodetic/CGlkProjectionRecord.h"
+#include "io/BinaryFields.h"
+#include "io/Clock.h"
+
+namespace zelconvert {
+namespace {
+
+constexpr std::size_t kFileHeadLength = 34;
+constexpr std::size_t kBlockSizesLength = 8;
+constexpr std::int64_t kOldHeaderOffset = 34;
+constexpr std::int64_t kJobHeaderOffset = 42;
+constexpr std::int64_t kCoordBlockOffset = 600;
+constexpr std::uint32_t kFirstRecordOffset = 4618;
+constexpr std::uint32_t kOldFirstRecordOffset = 2158;
+static_assert(kOldHeaderOffset + JOB_OLD_HEADER::kLength == kOldFirstRecordOffset);
+static_assert(kJobHeaderOffset + JOB_HEADER::kLength == kCoordBlockOffset);
+static_assert(kCoordBlockOffset + kCoordBlockLength == kFirstRecordOffset);
+static_assert(kCoordBlockLength == CGlkProjectionRecord::kBlockSize);
+
+constexpr std::size_t kRecordHeadLength = 8;
+constexpr std::size_t kScratchStep = 1024;
+
+template <class Io, class Head>
+void WalkFileHead(Io& io, Head& head) {
+  io.Bytes(0, head.signature);
+  io.Field(28, head.version);
+  io.Field(30, head.firstRecordOffset);
+}
+
+template <class Io, class Head>
+void WalkRecordHead(Io& io, Head& head) {
+  io.Field(0, head.kind);
+  io.Field(4, head.length);
+}
+
+using HeaderBlock = std::array<std::byte, JOB_HEADER::kLength>;
+
+HeaderBlock Pack(const JOB_HEADER& header) {
+  HeaderBlock block{};
+  const BinaryWriter writer(block);
+  JOB_HEADER::Walk(writer, header);
+  return block;
+}
+
+JobKind KindFromFile(std::uint32_t kind) {
+  for (const JobKindInfo& info : kJobKinds) {
+    if (kind == static_cast<std::uint32_t>(info.kind)) return info.kind;
+    if (kind == info.oldKind && kind != 0) return info.kind;
+  }
+  return JobKind::Unused;
+}
+
+}  // namespace
+
+CJobFile::CJobFile(bool bBrand) : m_bBrand(bBrand) {
+  Reset();
+  m_Scratch.resize(kScratchStep);
+}
+
+void CJobFile::Reset() {
+  m_FileHead = {};
+  m_nJobHeaderSize = 0;
+  m_nCoordBlockSize = 0;
+  m_Header = {};
+  m_RecordHead = {};
+  CGlkProjectionRecord().Pack(m_CoordBlock);
+}
+
+std::span<const std::byte> CJobFile::Signature() const {
+  const std::string_view signature = m_bBrand ? kJobSignature : kPwJobSignature;
+  return std::as_bytes(std::span(signature));
+}
+
+// Opening
+
+bool CJobFile::Open(const std::wstring& path, bool bReadOnly) {
+  if (!m_File.Open(path, bReadOnly ? platform::kOpenReadOnly : platform::kOpenReadWrite)) {
+    return false;
+  }
+  Reset();
+  if (m_File.SeekToBegin() && ReadBlocks()) return true;
+  m_File.Close();
+  return false;
+}
+
+bool CJobFile::ReadBlocks() {
+  std::array<std::byte, kFileHeadLength> block{};
+  if (!m_File.Read(block.data(), block.size())) return false;
+  const BinaryReader reader(block);
+  WalkFileHead(reader, m_FileHead);
+  if (!std::ranges::equal(m_FileHead.signature, Signature())) return false;
+  if (m_FileHead.version < kOldJobVersion) return true;
+  return m_FileHead.version < kJobVersion ? ReadOldBlocks() : ReadNewBlocks();
+}
+
+bool CJobFile::ReadOldBlocks() {
+  if (!m_File.Read(m_OldHeader.data(), m_OldHeader.size())) return false;
+  TakeOldHeader();
+  const BinaryReader reader(m_OldHeader);
+  JOB_OLD_HEADER::WalkCarried(reader, m_Header);
+  return true;
+}
+
+void CJobFile::TakeOldHeader() {
+  JOB_OLD_HEADER old;
+  const BinaryReader reader(m_OldHeader);
+  JOB_OLD_HEADER::Walk(reader, old);
+  m_Header.creationTime = old.creationTime;
+  m_Header.flags = old.flags;
+  m_Header.scale = old.scale;
+  m_Header.distanceUnit = old.distanceUnit;
+  m_Header.angleUnit = old.angleUnit;
+}
+
+// Blocks of another length than ours: of a shorter one the reset values stay behind it, of a longer
+// one the rest is passed.
+bool CJobFile::ReadNewBlocks() {
+  std::array<std::byte, kBlockSizesLength> sizes{};
+  if (!m_File.Read(sizes.data(), sizes.size())) return false;
+  const BinaryReader sizeReader(sizes);
+  sizeReader.Field(0, m_nJobHeaderSize);
+  sizeReader.Field(4, m_nCoordBlockSize);
+
+  HeaderBlock header = Pack(m_Header);
+  if (!ReadSizedBlock(header, m_nJobHeaderSize)) return false;
+  const BinaryReader reader(header);
+  JOB_HEADER::Walk(reader, m_Header);
+  return ReadSizedBlock(m_CoordBlock, m_nCoordBlockSize);
+}
+
+bool CJobFile::ReadSizedBlock(std::span<std::byte> block, std::uint32_t size) {
+  const std::size_t used = std::min<std::size_t>(size, block.size());
+  if (!m_File.Read(block.data(), used)) return false;
+  return size == used ||
+         m_File.Seek(static_cast<std::int64_t>(size - used), platform::SeekFrom::Current);
+}
+
+// Making
+
+bool CJobFile::Create(const std::wstring& path, std::uint16_t version) {
+  if (version != kOldJobVersion && version != kJobVersion) return false;
+  if (!m_File.Open(path, platform::kCreateOutput)) return false;
+  Reset();
+  if (m_File.SeekToBegin() && WriteBlocks(version)) return true;
+  m_File.Close();
+  return false;
+}
+
+bool CJobFile::WriteBlocks(std::uint16_t version) {
+  const bool isOld = version == kOldJobVersion;
+  std::ranges::copy(Signature(), m_FileHead.signature.begin());
+  m_FileHead.version = version;
+  m_FileHead.firstRecordOffset = isOld ? kOldFirstRecordOffset : kFirstRecordOffset;
+  m_Header.creationTime = CurrentLocalTime();
+
+  std::array<std::byte, kFileHeadLength> block{};
+  const BinaryWriter writer(block);
+  WalkFileHead(writer, m_FileHead);
+  if (!m_File.Write(block.data(), block.size())) return false;
+  return isOld ? WriteOldBlocks() : WriteNewBlocks();
+}
+
+bool CJobFile::WriteOldBlocks() {
+  m_OldHeader = {};
+  PutOldHeader(m_Header);
+  return m_File.Write(m_OldHeader.data(), m_OldHeader.size());
+}
+
+bool CJobFile::WriteNewBlocks() {
+  m_nJobHeaderSize = JOB_HEADER::kLength;
+  m_nCoordBlockSize = kCoordBlockLength;
+  std::array<std::byte, kBlockSizesLength> sizes{};
+  const BinaryWriter writer(sizes);
+  writer.Field(0, m_nJobHeaderSize);
+  writer.Field(4, m_nCoordBlockSize);
+  const HeaderBlock header = Pack(m_Header);
+  return m_File.Write(sizes.data(), sizes.size()) && m_File.Write(header.data(), header.size()) &&
+         m_File.Write(m_CoordBlock.data(), m_CoordBlock.size());
+}
+
+bool CJobFile::Close() {
+  m_File.Close();
+  return true;
+}
+
+// Header and blocks
+
+bool CJobFile::ReadJobHeader(JOB_HEADER& header) {
+  if (!IsOpen()) return false;
+  if (m_FileHead.version == kOldJobVersion) TakeOldHeader();
+  header = m_Header;
+  return true;
+}
+
+bool CJobFile::WriteJobHeader(const JOB_HEADER& header) {
+  if (!IsOpen()) return false;
+  if (m_FileHead.version == kOldJobVersion) {
+    PutOldHeader(header);
+    return m_File.SeekTo(kOldHeaderOffset) && m_File.Write(m_OldHeader.data(), m_OldHeader.size());
+  }
+  if (m_FileHead.version != kJobVersion) return true;
+  m_Header = header;
+  const HeaderBlock block = Pack(header);
+  return m_File.SeekTo(kJobHeaderOffset) && m_File.Write(block.data(), block.size());
+}
+
+// Over the bytes as they were read: what has no name stays.
+void CJobFile::PutOldHeader(const JOB_HEADER& header) {
+  JOB_OLD_HEADER old;  // with the initial coordinate system
+  old.creationTime = header.creationTime;
+  old.flags = header.flags;
+  old.scale = header.scale;
+  old.distanceUnit = header.distanceUnit;
+  old.angleUnit = header.angleUnit;
+  const BinaryWriter writer(m_OldHeader);
+  JOB_OLD_HEADER::Walk(writer, old);
+}
+
+bool CJobFile::ReadCoordBlock(CoordBlock& block) const {
+  block = m_CoordBlock;
+  return IsOpen();
+}
+
+bool CJobFile::WriteCoordBlock(const CoordBlock& block) {
+  if (m_FileHead.version < kJobVersion) return false;
+  m_CoordBlock = block;
+  return m_File.SeekTo(kCoordBlockOffset) && m_File.Write(block.data(), block.size());
+}
+
+bool CJobFile::ReadOldHeader(OldHeaderBlock& block) const {
+  block = m_OldHeader;
+  return IsOpen();
+}
+
+bool CJobFile::ReadOldHeader(JOB_OLD_HEADER& header) const {
+  const BinaryReader reader(m_OldHeader);
+  JOB_OLD_HEADER::Walk(reader, header);
+  return IsOpen();
+}
+
+bool CJobFile::ReadCreationTime(platform::LocalTime& time) {
+  JOB_HEADER header;
+  if (!ReadJobHeader(header)) return false;
+  time = header.creationTime;
+  return true;
+}
+
+bool CJobFile::WriteCreationTime(const platform::LocalTime& time) {
+  JOB_HEADER header;
+  if (!ReadJobHeader(header)) return false;
+  header.creationTime = time;
+  return WriteJobHeader(header);
+}
+
+// Moving over the records
+
+bool CJobFile::SeekToFirstRecord() {
+  return m_File.SeekTo(m_FileHead.firstRecordOffset);
+}
+
+bool CJobFile::ReadHead() {
+  std::array<std::byte, kRecordHeadLength> block;
+  if (!m_File.Read(block.data(), block.size())) return false;
+  const BinaryReader reader(block);
+  WalkRecordHead(reader, m_RecordHead);
+  return true;
+}
+
+bool CJobFile::ReadNextRecordHead(JobKind& kind, std::int64_t& position, std::uint32_t& length) {
+  position = m_File.GetPosition();
+  if (!ReadHead()) return false;
+  length = m_RecordHead.length;
+  kind = KindFromFile(m_RecordHead.kind);
+  return true;
+}
+
+bool CJobFile::SkipRecord() {
+  return m_File.Seek(m_RecordHead.length, platform::SeekFrom::Current);
+}
+
+// Reading records
+
+template <class Record>
+bool CJobFile::ReadFixed(Record& record, JobForm form) {
+  std::array<std::byte, Record::kInfo.length> block;
+  const std::size_t length = form == JobForm::Old ? Record::kInfo.oldLength : block.size();
+  if (!m_File.Read(block.data(), length)) return false;
+  const BinaryReader reader(block);
+  Record::Walk(reader, record, form);
+  return true;
+}
+
+template <class Record>
+bool CJobFile::ReadEitherForm(Record& record) {
+  if (m_RecordHead.kind == static_cast<std::uint32_t>(Record::kInfo.kind)) {
+    return ReadFixed(record, JobForm::New);
+  }
+  return m_RecordHead.kind != Record::kInfo.oldKind || ReadFixed(record, JobForm::Old);
+}
+
+bool CJobFile::ReadPoint(JOB_POINT& record) {
+  return ReadEitherForm(record);
+}
+bool CJobFile::ReadPointEx(JOB_POINT_EX& record) {
+  return ReadEitherForm(record);
+}
+bool CJobFile::ReadRecord15(JOB_RECORD15& record) {
+  return ReadEitherForm(record);
+}
+bool CJobFile::ReadRecord16(JOB_RECORD16& record) {
+  return ReadEitherForm(record);
+}
+bool CJobFile::ReadRecord4(JOB_RECORD4& record) {
+  return ReadFixed(record, JobForm::New);
+}
+bool CJobFile::ReadRecord7(JOB_RECORD7& record) {
+  return ReadFixed(record, JobForm::New);
+}
+bool CJobFile::ReadRecord9(JOB_RECORD9& record) {
+  return ReadFixed(record, JobForm::New);
+}
+bool CJobFile::ReadRecord10(JOB_RECORD10& record) {
+  return ReadFixed(record, JobForm::New);
+}
+bool CJobFile::ReadLayer(JOB_LAYER& record) {
+  return ReadFixed(record, JobForm::New);
+}
+bool CJobFile::ReadRecord18(JOB_RECORD18& record) {
+  return ReadFixed(record, JobForm::New);
+}
+
+bool CJobFile::ReadGenericRecord(JOB_GENERIC_RECORD& record) {
+  record.kind = m_RecordHead.kind;
+  record.length = m_RecordHead.length;
+  return ReadData(record);
+}
+
+bool CJobFile::ReadBlockAtPosition(JOB_GENERIC_RECORD& record) {
+  if (m_FileHead.version >= kJobVersion) return false;
+  constexpr std::uint32_t kFrontLength = 8;
+  std::array<std::byte, kFrontLength> front;
+  if (!m_File.Read(front.data(), front.size())) return false;
+  const auto total = LoadLittleEndian<std::uint32_t>(front.data());
+  if (total < kFrontLength) return false;
+  record.kind = LoadLittleEndian<std::uint32_t>(front.data() + 4);
+  record.length = total - kFrontLength;
+  return ReadData(record);
+}
+
+// The length is compared with what the file holds before anything is allocated.
+bool CJobFile::ReadData(JOB_GENERIC_RECORD& record) {
+  record.data.clear();
+  if (record.length > m_File.GetLength() - m_File.GetPosition()) return false;
+  record.data.resize(record.length);
+  if (m_File.Read(record.data.data(), record.data.size())) return true;
+  record.data.clear();
+  return false;
+}
+
+// Writing records
+
+bool CJobFile::WriteRecord(std::span<const std::byte> payload, std::uint32_t kind) {
+  constexpr std::size_t kMaxLength = 0xFFFFFFFFu - kRecordHeadLength;
+  if (payload.size() > kMaxLength) return false;
+  const std::size_t size = payload.size() + kRecordHeadLength;
+  if (size > m_Scratch.size()) {
+    m_Scratch.resize((size + kScratchStep - 1) / kScratchStep * kScratchStep);
+  }
+  const RecordHead head{kind, static_cast<std::uint32_t>(payload.size())};
+  const BinaryWriter writer(m_Scratch);
+  WalkRecordHead(writer, head);
+  writer.Bytes(kRecordHeadLength, payload);
+  return m_File.Write(m_Scratch.data(), size);
+}
+
+template <class Record>
+bool CJobFile::WriteForm(const Record& record, JobForm form) {
+  constexpr JobKindInfo kInfo = Record::kInfo;
+  std::array<std::byte, kInfo.length> block;
+  const BinaryWriter writer(block);
+  Record::Walk(writer, record, form);
+  const bool isOld = form == JobForm::Old;
+  return WriteRecord(std::span(block).first(isOld ? kInfo.oldLength : kInfo.length),
+                     isOld ? kInfo.oldKind : static_cast<std::uint32_t>(kInfo.kind));
+}
+
+template <class Record>
+bool CJobFile::WriteEitherForm(const Record& record) {
+  if (m_FileHead.version == kOldJobVersion) return WriteForm(record, JobForm::Old);
+  return m_FileHead.version == kJobVersion && WriteForm(record, JobForm::New);
+}
+
+bool CJobFile::WritePoint(const JOB_POINT& record) {
+  return WriteEitherForm(record);
+}
+bool CJobFile::WritePointEx(const JOB_POINT_EX& record) {
+  return WriteEitherForm(record);
+}
+bool CJobFile::WriteRecord15(const JOB_RECORD15& record) {
+  return WriteEitherForm(record);
+}
+bool CJobFile::WriteRecord16(const JOB_RECORD16& record) {
+  return WriteEitherForm(record);
+}
+bool CJobFile::WriteRecord4(const JOB_RECORD4& record) {
+  return WriteForm(record, JobForm::New);
+}
+bool CJobFile::WriteRecord7(const JOB_RECORD7& record) {
+  return WriteForm(record, JobForm::New);
+}
+bool CJobFile::WriteRecord9(const JOB_RECORD9& record) {
+  return WriteForm(record, JobForm::New);
+}
+bool CJobFile::WriteRecord10(const JOB_RECORD10& record) {
+  return WriteForm(record, JobForm::New);
+}
+bool CJobFile::WriteRecord18(const JOB_RECORD18& record) {
+  return WriteForm(record, JobForm::New);
+}
+bool CJobFile::WriteLayer(const JOB_LAYER& record) {
+  return m_FileHead.version > kOldJobVersion && WriteForm(record, JobForm::New);
+}
+
+bool CJobFile::WriteGenericRecord(const JOB_GENERIC_RECORD& record) {
+  if (m_FileHead.version < kJobVersion || record.data.empty()) return false;
+  return WriteRecord(record.data, record.kind);
+}
+
+// Searching and deleting
+
+bool CJobFile::FindRecord4(std::uint32_t id, bool bFirstFree) {
+  return FindRecord(JOB_RECORD4::kInfo, id, bFirstFree);
+}
+bool CJobFile::FindRecord9(std::uint32_t id, bool bFirstFree) {
+  return FindRecord(JOB_RECORD9::kInfo, id, bFirstFree);
+}
+
+// An unused slot is one of kind 0 alone: a kind that we don't know may mean something to others.
+bool CJobFile::FindRecord(const JobKindInfo& info, std::uint32_t id, bool bFirstFree) {
+  for (std::int64_t position = m_File.GetPosition(); ReadHead();) {
+    const auto [kind, length] = m_RecordHead;
+    if (bFirstFree && kind == 0 && length == info.length) return SeekTo(position);
+    std::array<std::byte, 4> front;
+    if (kind == static_cast<std::uint32_t>(info.kind) && length >= front.size()) {
+      if (!m_File.Read(front.data(), front.size())) return false;
+      if (LoadLittleEndian<std::uint32_t>(front.data()) == id) return SeekTo(position);
+    }
+    position += static_cast<std::int64_t>(kRecordHeadLength) + length;
+    if (!SeekTo(position)) return false;
+  }
+  return SeekToEnd() && bFirstFree;
+}
+
+bool CJobFile::SeekToFreeSlot(std::uint32_t length) {
+  if (!SeekToFirstRecord()) return false;
+  for (std::int64_t position = m_File.GetPosition(); ReadHead(); position = m_File.GetPosition()) {
+    if (m_RecordHead.kind == 0 && m_RecordHead.length == length) return SeekTo(position);
+    if (!SkipRecord()) return false;
+  }
+  return SeekToEnd();
+}
+
+bool CJobFile::DeleteRecord() {
+  const std::int64_t position = m_File.GetPosition();
+  if (!ReadHead()) return false;
+  m_RecordHead.kind = 0;
+  std::array<std::byte, kRecordHeadLength> block;
+  const BinaryWriter writer(block);
+  WalkRecordHead(writer, m_RecordHead);
+  return SeekTo(position) && m_File.Write(block.data(), block.size()) && SkipRecord();
+}
+
+bool CJobFile::PointExists(std::wstring_view name) {
+  const bool exists = SeekToFirstRecord() && FindPoint(name);
+  Close();
+  return exists;
+}
+
+bool CJobFile::FindPoint(std::wstring_view name) {
+  JobKind kind;
+  std::int64_t position;
+  std::uint32_t length;
+  JOB_POINT_EX point;
+  while (ReadNextRecordHead(kind, position, length)) {
+    const bool isPoint = kind == JobKind::Point || kind == JobKind::PointEx;
+    if (!isPoint) {
+      if (!SkipRecord()) return false;
+      continue;
+    }
+    if (!(kind == JobKind::Point ? ReadPoint(point) : ReadPointEx(point))) return false;
+    if (point.name == name) return true;
+  }
+  return false;
+}
+
+}  // namespace zelconvert
