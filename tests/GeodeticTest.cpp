@@ -1,0 +1,395 @@
+// Zones, datums and identifiers. Rows of the tables are checked by what they compute: a projection
+// written here from its published formulas carries a known position to its known grid coordinates.
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cmath>
+#include <limits>
+
+#include "geodetic/CGeodeticDllIndices.h"
+#include "io/Units.h"
+
+namespace zelconvert {
+namespace {
+
+using Indices = CGeodeticDllIndices;
+constexpr double kDegree = kPi / 180;
+constexpr std::int32_t kLowest = std::numeric_limits<std::int32_t>::min();
+constexpr std::int32_t kHighest = std::numeric_limits<std::int32_t>::max();
+
+Indices MakeIndices(std::int32_t method, std::int32_t coordSystem, std::int32_t datum,
+                    std::int32_t zone, std::int32_t hemisphere = 0) {
+  Indices indices;
+  indices.Set(method, coordSystem, datum, zone, hemisphere, L"", 0);
+  return indices;
+}
+
+struct GridPosition {
+  double east, north;
+};
+
+// Forward projections after the EPSG Guidance Note 7-2 (Transverse Mercator, Hotine Oblique
+// Mercator variant A, Lambert Conic Conformal 2SP); radians and metres.
+class Projector {
+ public:
+  explicit Projector(const CGlkProjectionRecord& record) : m_r(record) {
+    const double f = 1 / record.inverseFlattening;
+    m_e = std::sqrt(2 * f - f * f);
+    m_n = f / (2 - f);
+  }
+
+  GridPosition Forward(double latitude, double longitude) const {
+    switch (m_r.projectionId) {
+      case kTransverseMercator:
+        return TransverseMercator(latitude, longitude);
+      case kObliqueMercator:
+        return ObliqueMercator(latitude, longitude);
+      case kLambertTwoParallels:
+        return Lambert(latitude, longitude);
+      default:
+        ADD_FAILURE() << "projection " << m_r.projectionId;
+        return {};
+    }
+  }
+
+  /// Scale on the central parallel of a Lambert projection.
+  double CentralLambertScale() const {
+    const double n = Cone();
+    const double central = std::asin(n);
+    return ParallelFactor() * n * std::pow(T(central), n) / M(central);
+  }
+
+ private:
+  double M(double latitude) const {
+    const double s = m_e * std::sin(latitude);
+    return std::cos(latitude) / std::sqrt(1 - s * s);
+  }
+  double T(double latitude) const {
+    const double s = m_e * std::sin(latitude);
+    return std::tan(kPi / 4 - latitude / 2) / std::pow((1 - s) / (1 + s), m_e / 2);
+  }
+  double Cone() const {
+    return std::log(M(m_r.parallel1) / M(m_r.parallel2)) /
+           std::log(T(m_r.parallel1) / T(m_r.parallel2));
+  }
+  double ParallelFactor() const {
+    return M(m_r.parallel1) / (Cone() * std::pow(T(m_r.parallel1), Cone()));
+  }
+
+  GridPosition Lambert(double latitude, double longitude) const {
+    const double n = Cone();
+    const double radius = m_r.semiMajorAxis * ParallelFactor();
+    const double origin = radius * std::pow(T(m_r.originLatitude), n);
+    const double rho = radius * std::pow(T(latitude), n);
+    const double theta = n * (longitude - m_r.originLongitude);
+    return {m_r.falseEasting + rho * std::sin(theta),
+            m_r.falseNorthing + origin - rho * std::cos(theta)};
+  }
+
+  GridPosition TransverseMercator(double latitude, double longitude) const {
+    const auto [east, north] = Krueger(latitude, longitude - m_r.originLongitude);
+    const auto origin = Krueger(m_r.originLatitude, 0);
+    return {m_r.falseEasting + m_r.scale * east,
+            m_r.falseNorthing + m_r.scale * (north - origin.north)};
+  }
+
+  GridPosition Krueger(double latitude, double longitude) const {
+    const double n = m_n, n2 = n * n, n3 = n2 * n, n4 = n2 * n2;
+    const std::array<double, 4> h = {n / 2 - 2 * n2 / 3 + 5 * n3 / 16 + 41 * n4 / 180,
+                                     13 * n2 / 48 - 3 * n3 / 5 + 557 * n4 / 1440,
+                                     61 * n3 / 240 - 103 * n4 / 140, 49561 * n4 / 161280};
+    const double q = std::asinh(std::tan(latitude)) - m_e * std::atanh(m_e * std::sin(latitude));
+    const double beta = std::atan(std::sinh(q));
+    const double eta0 = std::atanh(std::cos(beta) * std::sin(longitude));
+    const double xi0 = std::asin(std::sin(beta) * std::cosh(eta0));
+    double xi = xi0, eta = eta0;
+    for (std::size_t i = 0; i < h.size(); ++i) {
+      const double k = 2.0 * static_cast<double>(i + 1);
+      xi += h[i] * std::sin(k * xi0) * std::cosh(k * eta0);
+      eta += h[i] * std::cos(k * xi0) * std::sinh(k * eta0);
+    }
+    const double rectifying = m_r.semiMajorAxis / (1 + n) * (1 + n2 / 4 + n4 / 64);
+    return {rectifying * eta, rectifying * xi};
+  }
+
+  GridPosition ObliqueMercator(double latitude, double longitude) const {
+    const double e2 = m_e * m_e, s = std::sin(m_r.originLatitude), c = std::cos(m_r.originLatitude);
+    const double b = std::sqrt(1 + e2 * std::pow(c, 4) / (1 - e2));
+    const double a = m_r.semiMajorAxis * b * m_r.scale * std::sqrt(1 - e2) / (1 - e2 * s * s);
+    const double d = b * std::sqrt(1 - e2) / (c * std::sqrt(1 - e2 * s * s));
+    const double f = d + std::sqrt(d * d - 1);
+    const double g = (f - 1 / f) / 2;
+    const double skew = m_r.parallel1;
+    const double gamma0 = std::asin(std::sin(skew) / d);
+    const double lambda0 = m_r.originLongitude - std::asin(g * std::tan(gamma0)) / b;
+    const double q = f * std::pow(T(m_r.originLatitude) / T(latitude), b);
+    const double sinh = (q - 1 / q) / 2, cosh = (q + 1 / q) / 2;
+    const double v0 = std::sin(b * (longitude - lambda0));
+    const double u0 = (sinh * std::sin(gamma0) - v0 * std::cos(gamma0)) / cosh;
+    const double v = a * std::log((1 - u0) / (1 + u0)) / (2 * b);
+    const double u = a / b *
+                     std::atan2(sinh * std::cos(gamma0) + v0 * std::sin(gamma0),
+                                std::cos(b * (longitude - lambda0)));
+    return {m_r.falseEasting + v * std::cos(skew) + u * std::sin(skew),
+            m_r.falseNorthing + u * std::cos(skew) - v * std::sin(skew)};
+  }
+
+  const CGlkProjectionRecord& m_r;
+  double m_e = 0;
+  double m_n = 0;
+};
+
+TEST(Geodetic, ZonesCarryKnownPositionsToTheirGrid) {
+  constexpr double kFoot = kMetresPerUsFoot;
+  constexpr int kUtm = 3, kSp27 = 1, kSp83 = 2;
+  struct Case {
+    int coordSystem, datum, zone;
+    double latitude, longitude;  // degrees
+    double east, north, unit;
+    double tolerance;  // metres; the precision of the source
+  };
+  const Case cases[] = {
+      // USGS Professional Paper 1395, numerical example of the Transverse Mercator (Clarke 1866).
+      {kUtm, 0, 18, 40.5, -73.5, 627106.5, 4484124.4, 1, 0.05},
+      // EPSG Guidance Note 7-2, example of the Lambert Conic Conformal 2SP.
+      {kSp27, 0, 108, 28.5, -96, 2963503.91, 254759.80, kFoot, 0.003},
+      // Alaska zone 1: the published grid coordinates of its centre, which the other form of the
+      // projection has as false coordinates.
+      {kSp83, 1, 2, 57, -133 - 2.0 / 3, 818676.7344, 575097.6889, 1, 0.001},
+      // The rest: EPSG definitions (v10.076) of the zones, carried out by PROJ 9.1.1.
+      {kSp83, 1, 0, 32.5, -86.25, 160844.4358, 221823.9276, 1, 0.001},
+      {kSp83, 1, 2, 58.3, -134.4, 775672.4620, 720098.3296, 1, 0.003},
+      {kSp83, 1, 6, 64.8, -154.5, 476238.5897, 1203098.3680, 1, 0.001},
+      {kSp83, 1, 11, 53.9, -166.5, 1622659.5274, 363889.6916, 1, 0.001},
+      {kSp83, 1, 21, 34.05, -118.25, 1976917.4507, 561038.0445, 1, 0.001},
+      {kSp83, 1, 30, 27.95, -82.45, 155719.0932, 400749.8635, 1, 0.001},
+      {kSp83, 1, 34, 19.7, -155.1, 541936.4299, 95982.0695, 1, 0.001},
+      {kSp83, 1, 38, 21.9, -160.15, 501722.2398, 25836.4779, 1, 0.001},
+      {kSp83, 1, 72, 41.25, -95.95, 839220.1235, 165232.6952, 1, 0.001},
+      {kSp83, 1, 73, 36.2, -115, 252457.3917, 8161018.1408, 1, 0.001},
+      {kSp83, 1, 81, 40.75, -73.95, 196444.2172, 212932.9808, 1, 0.001},
+      {kSp83, 1, 104, 29.4, -98.5, 648523.9474, 4173731.7537, 1, 0.001},
+      {kSp83, 1, 122, 41.3, -110.5, 765105.2471, 188919.7723, 1, 0.001},
+      {kSp83, 1, 123, 18.45, -66.1, 235211.0542, 268285.9601, 1, 0.001},
+      {kSp27, 0, 2, 58.3, -134.4, 2544547.6224, 2362929.0323, kFoot, 0.003},
+      {kSp27, 0, 23, 34.05, -118.25, 4211936.3378, 4130611.3092, kFoot, 0.001},
+      {kSp27, 0, 87, 40.75, -73.5, 2138539.3887, 191475.5910, kFoot, 0.001},
+      {kSp27, 0, 95, 45.5, -122.6, 1461602.8221, 675377.3488, kFoot, 0.001},
+      {kSp27, 0, 104, 36.1, -86.7, 1793198.6053, 622462.6750, kFoot, 0.001},
+      {kSp27, 0, 128, 17.7, -64.7, 1103290.2038, 54441.1916, kFoot, 0.001},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(testing::Message() << "system " << c.coordSystem << " zone " << c.zone);
+    CGlkProjectionRecord record;
+    ASSERT_TRUE(FillProjectionRecord(MakeIndices(0, c.coordSystem, c.datum, c.zone), record));
+    const GridPosition found =
+        Projector(record).Forward(c.latitude * kDegree, c.longitude * kDegree);
+    EXPECT_NEAR(found.east, c.east * c.unit, c.tolerance);
+    EXPECT_NEAR(found.north, c.north * c.unit, c.tolerance);
+  }
+}
+
+TEST(Geodetic, LambertZonesHaveTheirPublishedCentralScale) {
+  struct Case {
+    int zone;
+    double scale;  // NOAA Manual NOS NGS 5, appendix C
+  };
+  for (const auto& [zone, scale] :
+       {Case{11, 0.999848059991}, Case{17, 0.999894636561}, Case{18, 0.999914672977},
+        Case{19, 0.999929178853}, Case{20, 0.999940761703}, Case{21, 0.999922127209},
+        Case{24, 0.999956846063}, Case{25, 0.999935909777}, Case{26, 0.999945398499},
+        Case{27, 0.999983140478}, Case{31, 0.999948432740}, Case{85, 0.999872591882}}) {
+    CGlkProjectionRecord record;
+    ASSERT_TRUE(FillProjectionRecord(MakeIndices(0, 2, 1, zone), record));
+    EXPECT_NEAR(Projector(record).CentralLambertScale(), scale, 1e-12) << zone;
+  }
+}
+
+TEST(Geodetic, GuamHasAZoneButNoDatum) {
+  const ZoneRow* guam = FindStatePlane1927(129);
+  ASSERT_NE(guam, nullptr);
+  CGlkProjectionRecord record;
+  SetProjection(MakeIndices(0, 1, 0, 129), guam->kind,
+                {guam->row.centralMeridian * -1, guam->row.falseEasting, guam->row.p3, guam->row.p4,
+                 guam->row.p5, guam->row.p6},
+                record);
+  record.semiMajorAxis = 6378206.4;
+  record.inverseFlattening = 294.9786982138982;
+  // EPSG Guidance Note 7-2, Guam projection: 13d20'20.53846" N, 144d38'07.19265" E. The row's
+  // Transverse Mercator stays within centimetres of the published projection.
+  const double longitude = 144 + 38 / 60.0 + 7.19265 / 3600 - 360;
+  const GridPosition found =
+      Projector(record).Forward((13 + 20 / 60.0 + 20.53846 / 3600) * kDegree, longitude * kDegree);
+  EXPECT_NEAR(found.east, 37712.48, 0.02);
+  EXPECT_NEAR(found.north, 35242.00, 0.02);
+}
+
+TEST(Geodetic, UtmMeridiansAndHemispheres) {
+  struct Case {
+    int method, zone, hemisphere;
+    double meridian, falseNorthing;
+  };
+  for (const Case& c : {Case{0, 1, 0, -177, 0}, Case{0, 30, 0, -3, 0}, Case{0, 31, 0, 3, 0},
+                        Case{0, 60, 1, 177, 10000000}, Case{1, 0, 0, -177, 0},
+                        Case{1, 30, -1, 3, 10000000}, Case{0, -1, 0, -189, 0}}) {
+    SCOPED_TRACE(testing::Message() << "method " << c.method << " zone " << c.zone);
+    const int utm = c.method == 0 ? 3 : 1;
+    CGlkProjectionRecord record;
+    ASSERT_TRUE(FillProjectionRecord(MakeIndices(c.method, utm, 1, c.zone, c.hemisphere), record));
+    EXPECT_DOUBLE_EQ(record.originLongitude / kDegree, c.meridian);
+    EXPECT_EQ(record.falseNorthing, c.falseNorthing);
+    EXPECT_EQ(record.falseEasting, 500000);
+    EXPECT_EQ(record.scale, 0.9996);
+    EXPECT_EQ(record.originLatitude, 0);
+    EXPECT_EQ(record.horizontalType, 1);
+    EXPECT_EQ(record.verticalType, kTransverseMercator);
+    EXPECT_EQ(record.projectionKind, 3);
+  }
+}
+
+TEST(Geodetic, ZoneNames) {
+  struct Case {
+    int method, coordSystem, datum, zone, hemisphere;
+    const wchar_t* custom;
+    const wchar_t* name;
+  };
+  for (const Case& c : {
+           Case{0, 2, 1, 104, 0, L"x", L"Zel Zone:ME0 CS2 DA1 ZO104 HE0"},
+           Case{0, 1, -1, 9999, -1, L"x", L"Zel Zone:ME0 CS1 DA-1 ZO9999 HE-"},
+           Case{0, 4, 0, 0, 0, L"North Field", L"Custom Zone: North Field"},
+           Case{0, 4, 0, 0, 0, L"a name of more than 19 places",
+                L"Custom Zone: a name of more than"},
+           Case{1, 4, 0, 0, 0, L"x", L"Zel Zone:ME1 CS4 DA0 ZO0 HE0"},
+           Case{1, 2, 0, 0, 0, L"x", L"Zel Zone:ME1 CS2 DA0 ZO0 HE0"},
+       }) {
+    Indices indices;
+    indices.Set(c.method, c.coordSystem, c.datum, c.zone, c.hemisphere, c.custom, 7);
+    EXPECT_EQ(MakeZoneName(indices), c.name);
+  }
+}
+
+TEST(Geodetic, DatumsByTable) {
+  constexpr double kClarke = 6378206.4, kGrs80 = 6378137.0;
+  constexpr double kClarkeInverse = 294.9786982138982, kGrs80Inverse = 298.2572215381486;
+  const std::wstring clarke = L"ZEL Clarke 1866", grs80 = L"ZEL GRS80 Ellipse";
+  struct Case {
+    int coordSystem, datum, zone;
+    int kind;
+    std::wstring datumName, ellipsoidName;
+    double axis, inverseFlattening, shiftZ;
+    std::wstring latitudeFile, longitudeFile;
+  };
+  const Case cases[] = {
+      {1, 0, 1, 516, L"NADCON (Conus)", clarke, kClarke, kClarkeInverse, DC_NULL, L"conuslat.dgf",
+       L"conuslon.dgf"},
+      {1, 0, 2, 516, L"NADCON (Alaska)", clarke, kClarke, kClarkeInverse, DC_NULL, L"AkLat.dgf",
+       L"AkLon.dgf"},
+      {1, 0, 11, 516, L"NADCON (Alaska)", clarke, kClarke, kClarkeInverse, DC_NULL, L"AkLat.dgf",
+       L"AkLon.dgf"},
+      {1, 0, 38, 516, L"NADCON (Hawaii)", clarke, kClarke, kClarkeInverse, DC_NULL, L"HawLat.dgf",
+       L"HawLon.dgf"},
+      {1, 0, 60, 516, L"NADCON (Michigan)", clarke, 6378450.047484481, kClarkeInverse, DC_NULL,
+       L"conuslat.dgf", L"conuslon.dgf"},
+      {1, 0, 126, 516, L"NADCON (Conus)", clarke, kClarke, kClarkeInverse, DC_NULL, L"conuslat.dgf",
+       L"conuslon.dgf"},
+      {1, 0, 128, 516, L"NADCON (Puerto Rico/Virgin Is)", clarke, kClarke, kClarkeInverse, DC_NULL,
+       L"PrViLat.dgf", L"PrViLon.dgf"},
+      {2, 0, 0, 513, L"ZEL SP83 Datum", grs80, kGrs80, kGrs80Inverse, 0, L"", L""},
+      {2, 2, 124, 513, L"ZEL SP83 Datum", L"ZEL SP83 WGS72 Ellipse", kGrs80, 1.110712247415441,
+       -4.5, L"", L""},
+      {3, 1, 17, 513, L"ZEL NAD83 UTM Datum", grs80, kGrs80, kGrs80Inverse, 0, L"", L""},
+      {3, 0, 8, 516, L"NADCON (Alaska)", clarke, kClarke, kClarkeInverse, DC_NULL, L"AkLat.dgf",
+       L"AkLon.dgf"},
+      {3, 0, 9, 516, L"NADCON (Conus)", clarke, kClarke, kClarkeInverse, DC_NULL, L"conuslat.dgf",
+       L"conuslon.dgf"},
+      {3, 0, -1, 516, L"NADCON (Conus)", clarke, kClarke, kClarkeInverse, DC_NULL, L"conuslat.dgf",
+       L"conuslon.dgf"},
+      {4, 0, 0, 516, L"NADCON (Conus)", clarke, kClarke, kClarkeInverse, DC_NULL, L"conuslat.dgf",
+       L"conuslon.dgf"},
+      {4, 1, 0, 513, L"ZEL NAD83 UTM Datum", grs80, kGrs80, kGrs80Inverse, 0, L"", L""},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(testing::Message() << "system " << c.coordSystem << " zone " << c.zone);
+    CGlkProjectionRecord record;
+    ASSERT_TRUE(SetDatum(MakeIndices(0, c.coordSystem, c.datum, c.zone), record));
+    EXPECT_EQ(record.datumKind, c.kind);
+    EXPECT_EQ(record.datumName, c.datumName);
+    EXPECT_EQ(record.ellipsoidName, c.ellipsoidName);
+    EXPECT_EQ(record.semiMajorAxis, c.axis);
+    EXPECT_EQ(record.inverseFlattening, c.inverseFlattening);
+    EXPECT_EQ(record.datumShiftZ, c.shiftZ);
+    EXPECT_EQ(record.gridLatitudeFile, c.latitudeFile);
+    EXPECT_EQ(record.gridLongitudeFile, c.longitudeFile);
+  }
+}
+
+TEST(Geodetic, MolodenskyDatums) {
+  struct Case {
+    int datum;
+    double x, y, z, axis, inverseFlattening;
+    const wchar_t* ellipsoidName;
+  };
+  // US NIMA TR8350.2, with the signs turned.
+  for (const Case& c : {
+           Case{2, 8, -160, -176, 6378206.4, 294.9786982, L"ZelMolodenskyEllipse_4"},
+           Case{15, 491, 22, -435, 6378160.0, 298.25, L"ZelMolodenskyEllipse_1"},
+           Case{217, 148, -507, -685, 6377397.155, 299.1528128, L"ZelMolodenskyEllipse_2"},
+       }) {
+    CGlkProjectionRecord record;
+    ASSERT_TRUE(FillProjectionRecord(MakeIndices(1, 1, c.datum, 10), record));
+    EXPECT_EQ(record.datumKind, 513);
+    EXPECT_EQ(record.datumShiftX, c.x);
+    EXPECT_EQ(record.datumShiftY, c.y);
+    EXPECT_EQ(record.datumShiftZ, c.z);
+    EXPECT_EQ(record.semiMajorAxis, c.axis);
+    EXPECT_NEAR(record.inverseFlattening, c.inverseFlattening, 1e-10);
+    EXPECT_EQ(record.datumName, L"ZelMolodenskyDatum_" + std::to_wstring(c.datum));
+    EXPECT_EQ(record.ellipsoidName, c.ellipsoidName);
+  }
+}
+
+TEST(Geodetic, SystemsThatCannotBeFilledLeaveTheRecord) {
+  struct Case {
+    int method, coordSystem, datum, zone;
+  };
+  const Case cases[] = {
+      {0, 1, 0, 9999},    {0, 2, 1, 9999},     {0, 3, 1, 9999},     {1, 1, 0, 9999},  // no zone
+      {0, 1, 0, 130},     {0, 1, 0, -1},       {0, 2, 1, 125},      {0, 2, 1, 23},    // no row
+      {0, 2, 1, kLowest}, {0, 1, 0, kHighest},                                        //
+      {0, 1, 0, 129},                                                                 // no datum
+      {0, 3, 2, 17},      {0, 3, -1, 17},                                          // unknown datum
+      {1, 1, 248, 17},    {1, 1, -1, 17},      {1, 1, kLowest, 17},                //
+      {0, 4, 0, 1},       {1, 2, 0, 1},                                            // custom
+      {0, 0, 0, 1},       {0, 5, 0, 1},        {1, 0, 0, 1},        {1, 3, 0, 1},  // no such system
+      {2, 1, 0, 1},       {-1, 1, 0, 1},                                           // no such method
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(testing::Message()
+                 << c.method << ' ' << c.coordSystem << ' ' << c.datum << ' ' << c.zone);
+    CGlkProjectionRecord record;
+    record.zoneName = L"kept";
+    EXPECT_FALSE(
+        FillProjectionRecord(MakeIndices(c.method, c.coordSystem, c.datum, c.zone), record));
+    EXPECT_EQ(record.zoneName, L"kept");
+    EXPECT_EQ(record.horizontalType, 0);
+    EXPECT_EQ(record.datumKind, 0);
+  }
+}
+
+TEST(Geodetic, EveryByteOfTheBlockBelongsToAField) {
+  std::array<std::byte, CGlkProjectionRecord::kBlockSize> block;
+  block.fill(std::byte{1});
+  CGlkProjectionRecord record;
+  record.Unpack(block);
+  std::array<std::byte, CGlkProjectionRecord::kBlockSize> packed{};
+  record.Pack(packed);
+  // Full text fields lose their last unit to the terminator.
+  for (const std::size_t terminator :
+       {72, 138, 204, 270, 336, 402, 1006, 1528, 2176, 2698, 3220, 3834, 3900}) {
+    block[terminator] = block[terminator + 1] = std::byte{0};
+  }
+  EXPECT_EQ(packed, block);
+}
+
+}  // namespace
+}  // namespace zelconvert
