@@ -5,9 +5,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "platform/Platform.h"
 
@@ -37,22 +37,71 @@ class CFileCE {
   /// False at once if the line reader holds unread characters. The bytes reach the platform in
   /// blocks: a full disk may show at a later call, at Close, and in HasWriteFailed.
   bool Write(const void* buffer, std::size_t count);
-  /// True once any write, flush or close has failed.
+  /// True once any write, flush or close has failed since Open.
   bool HasWriteFailed() const;
+  /// True once the system has failed a read since Open; the reader above saw the end of the file.
+  bool HasReadFailed() const;
 
   /// The next line without its line end (LF or CR LF), in `text`, whose memory is reused. False at
   /// the end of the file; a last line without line end is a line, and keeps a CR at its end.
   bool ReadLine(std::wstring& text);
-  /// Writes `text` and CR LF; a text with line feeds in it becomes several lines.
+  /// Writes `text` and CR LF; a text with line feeds in it becomes several lines, without an empty
+  /// one behind a line feed at its end. Always true: HasWriteFailed tells the truth.
   bool WriteLine(std::wstring_view text);
+  /// Hands to the system what was held back.
   bool Flush();
 
+  /// Of the next byte to be read or written; 0 if not open. Characters that the line reader holds
+  /// count as a byte each.
   std::int64_t GetPosition();
+  /// False, with the position as it was, for a target below 0. Past the end is no error.
   bool Seek(std::int64_t offset, platform::SeekFrom from);
   bool SeekToBegin();
   bool SeekToEnd();
   bool SeekTo(std::int64_t position);
+  /// Bytes, with those held back; 0 if not open.
   std::int64_t GetLength();
+
+ private:
+  static constexpr std::size_t kChunkCharacters = 255;
+  static constexpr std::int64_t kUnknown = -1;
+
+  std::size_t CharacterSize() const { return m_bUnicode ? 2 : 1; }
+  std::optional<std::size_t> ReadPlatform(void* buffer, std::size_t count);
+  bool FillBuffer();
+  bool FillLineBuffer();
+  std::string_view RestOfChunk() const;
+  std::size_t FindLineFeed(std::string_view chunk) const;
+  void StripCarriageReturn(std::string_view& line) const;
+  void Widen(std::wstring& text, std::string_view line) const;
+  bool PrepareWrite();
+  void AppendForFile(std::wstring_view text);
+  bool WritePlatform(const void* buffer, std::size_t count);
+  std::int64_t PlatformPosition();
+  void ClearReadState();
+  void DiscardReadBuffer();
+
+  platform::File m_File;
+  std::wstring m_strPath;
+
+  std::unique_ptr<char[]> m_pBuffer;  // read-ahead; none when unbuffered
+  std::size_t m_nBufferSize = 0;
+  std::size_t m_nBufferPos = 0;  // next unread byte
+  std::size_t m_nBufferLeft = 0;
+
+  // The line reader takes the file in chunks of 255 characters; Write and GetPosition see what is
+  // left of one.
+  char m_LineBuffer[2 * kChunkCharacters];
+  std::size_t m_nLinePos = 0;   // next character
+  std::size_t m_nLineLeft = 0;  // characters
+  std::string m_strLine;        // the bytes of a line that spans chunks
+
+  std::string m_strHeldBack;             // written, but not yet with the system
+  std::int64_t m_nCachedPos = kUnknown;  // the system's position
+  std::int64_t m_nCachedLength = kUnknown;
+  bool m_bUnicode;
+  bool m_bWriteFailed = false;
+  bool m_bReadFailed = false;
 };
 
 }  // namespace zelconvert

@@ -1,0 +1,300 @@
+#include "io/CFileCE.h"
+
+#include <algorithm>
+#include <cstring>
+#include <limits>
+
+#include "io/Strings.h"
+
+namespace zelconvert {
+namespace {
+
+constexpr std::uint32_t kTextModeBits = 0xC000;
+constexpr std::uint32_t kAnyWriteBit =
+    platform::kAccessWrite | platform::kAccessReadWrite | platform::kAccessCreate;
+constexpr std::uint32_t kReadWriteKilobytes = 16;
+constexpr std::uint32_t kReadOnlyKilobytes = 128;
+constexpr std::size_t kHeldBackLimit = 64 * 1024;
+
+}  // namespace
+
+CFileCE::CFileCE(bool bUnicode) : m_bUnicode(bUnicode) {}
+
+CFileCE::~CFileCE() {
+  Close();
+}
+
+bool CFileCE::Open(const std::wstring& path, std::uint32_t flags) {
+  if (IsOpen()) return false;
+  SetBufferSize((flags & kAnyWriteBit) ? kReadWriteKilobytes : kReadOnlyKilobytes);
+  if (!m_File.Open(path, flags & ~kTextModeBits)) return false;
+  m_strPath = path;
+  m_nCachedLength = kUnknown;
+  m_bWriteFailed = false;
+  m_bReadFailed = false;
+  return true;
+}
+
+bool CFileCE::Close() {
+  if (!IsOpen()) return true;
+  const bool flushed = Flush();
+  ClearReadState();
+  m_nCachedPos = kUnknown;
+  const bool closed = m_File.Close();
+  m_bWriteFailed = m_bWriteFailed || !closed;
+  return flushed && closed;
+}
+
+bool CFileCE::IsOpen() const {
+  return m_File.IsOpen();
+}
+
+const std::wstring& CFileCE::GetPath() const {
+  return m_strPath;
+}
+
+void CFileCE::SetBufferSize(std::uint32_t kilobytes) {
+  DiscardReadBuffer();
+  m_nBufferSize = std::size_t{kilobytes} * 1024;
+  m_pBuffer.reset(m_nBufferSize ? new char[m_nBufferSize] : nullptr);
+  m_nCachedPos = kUnknown;
+}
+
+bool CFileCE::Read(void* buffer, std::size_t count, std::size_t* pRead) {
+  if (pRead) *pRead = 0;
+  if (!IsOpen() || !Flush()) return false;
+  std::size_t done = 0;
+  if (!m_pBuffer) {
+    const auto got = ReadPlatform(buffer, count);
+    if (!got) return false;
+    done = *got;
+  }
+  while (m_pBuffer && done < count) {
+    if (m_nBufferLeft == 0 && !FillBuffer()) return false;
+    if (m_nBufferLeft == 0) break;
+    const std::size_t part = std::min(count - done, m_nBufferLeft);
+    std::memcpy(static_cast<char*>(buffer) + done, m_pBuffer.get() + m_nBufferPos, part);
+    m_nBufferPos += part;
+    m_nBufferLeft -= part;
+    done += part;
+  }
+  if (!pRead) return done == count;
+  *pRead = done;
+  return true;
+}
+
+bool CFileCE::Write(const void* buffer, std::size_t count) {
+  if (!PrepareWrite()) return false;
+  if (m_strHeldBack.size() + count > kHeldBackLimit && !Flush()) return false;
+  if (count > kHeldBackLimit) return WritePlatform(buffer, count);
+  m_strHeldBack.append(static_cast<const char*>(buffer), count);
+  return true;
+}
+
+bool CFileCE::HasWriteFailed() const {
+  return m_bWriteFailed;
+}
+
+bool CFileCE::HasReadFailed() const {
+  return m_bReadFailed;
+}
+
+bool CFileCE::ReadLine(std::wstring& text) {
+  text.clear();
+  m_strLine.clear();
+  while (m_nLineLeft > 0 || FillLineBuffer()) {
+    const std::string_view chunk = RestOfChunk();
+    const std::size_t lineFeed = FindLineFeed(chunk);
+    if (lineFeed == std::string_view::npos) {
+      m_strLine.append(chunk);
+      m_nLineLeft = 0;
+      continue;
+    }
+    std::string_view line = chunk.substr(0, lineFeed);
+    if (!m_strLine.empty()) line = m_strLine.append(line);
+    StripCarriageReturn(line);
+    Widen(text, line);
+    const std::size_t characters = lineFeed / CharacterSize() + 1;
+    m_nLinePos += characters;
+    m_nLineLeft -= characters;
+    return true;
+  }
+  Widen(text, m_strLine);
+  return !m_strLine.empty();
+}
+
+bool CFileCE::WriteLine(std::wstring_view text) {
+  constexpr std::wstring_view kLineEnd = L"\r\n";
+  if (!PrepareWrite()) return true;
+  do {
+    const std::size_t lineFeed = std::min(text.find(L'\n'), text.size());
+    AppendForFile(text.substr(0, lineFeed));
+    AppendForFile(kLineEnd);
+    text.remove_prefix(std::min(lineFeed + 1, text.size()));
+  } while (!text.empty());
+  if (m_strHeldBack.size() > kHeldBackLimit) Flush();
+  return true;
+}
+
+bool CFileCE::Flush() {
+  if (m_strHeldBack.empty()) return true;
+  const bool written = WritePlatform(m_strHeldBack.data(), m_strHeldBack.size());
+  m_strHeldBack.clear();
+  return written;
+}
+
+std::int64_t CFileCE::GetPosition() {
+  const std::int64_t ahead = static_cast<std::int64_t>(m_nBufferLeft + m_nLineLeft);
+  return PlatformPosition() + static_cast<std::int64_t>(m_strHeldBack.size()) - ahead;
+}
+
+bool CFileCE::Seek(std::int64_t offset, platform::SeekFrom from) {
+  if (!IsOpen() || !Flush()) return false;
+  const std::int64_t base = from == platform::SeekFrom::Begin     ? 0
+                            : from == platform::SeekFrom::Current ? GetPosition()
+                                                                  : GetLength();
+  if (offset < -base || offset > std::numeric_limits<std::int64_t>::max() - base) return false;
+  const std::int64_t target = base + offset;
+  const std::int64_t bufferEnd = PlatformPosition();
+  const auto held = static_cast<std::int64_t>(m_nBufferPos + m_nBufferLeft);
+  if (target <= bufferEnd && target >= bufferEnd - held) {
+    m_nBufferLeft = static_cast<std::size_t>(bufferEnd - target);
+    m_nBufferPos = static_cast<std::size_t>(held) - m_nBufferLeft;
+    m_nLineLeft = 0;
+    return true;
+  }
+  ClearReadState();
+  const auto position = m_File.Seek(target, platform::SeekFrom::Begin);
+  m_nCachedPos = position.value_or(kUnknown);
+  return position.has_value();
+}
+
+bool CFileCE::SeekToBegin() {
+  return SeekTo(0);
+}
+
+bool CFileCE::SeekToEnd() {
+  return Seek(0, platform::SeekFrom::End);
+}
+
+bool CFileCE::SeekTo(std::int64_t position) {
+  return Seek(position, platform::SeekFrom::Begin);
+}
+
+std::int64_t CFileCE::GetLength() {
+  if (!IsOpen()) return 0;
+  if (m_nCachedLength == kUnknown) m_nCachedLength = m_File.Length().value_or(0);
+  if (m_strHeldBack.empty()) return m_nCachedLength;
+  return std::max(m_nCachedLength, GetPosition());
+}
+
+std::optional<std::size_t> CFileCE::ReadPlatform(void* buffer, std::size_t count) {
+  const auto got = m_File.Read(buffer, count);
+  m_bReadFailed = m_bReadFailed || !got;
+  if (!got) {
+    m_nCachedPos = kUnknown;
+  } else if (m_nCachedPos != kUnknown) {
+    m_nCachedPos += static_cast<std::int64_t>(*got);
+  }
+  return got;
+}
+
+// False if the system failed; at the end of the file the buffer stays empty.
+bool CFileCE::FillBuffer() {
+  const auto got = ReadPlatform(m_pBuffer.get(), m_nBufferSize);
+  m_nBufferPos = 0;
+  m_nBufferLeft = got.value_or(0);
+  return got.has_value();
+}
+
+bool CFileCE::FillLineBuffer() {
+  std::size_t got = 0;
+  Read(m_LineBuffer, kChunkCharacters * CharacterSize(), &got);
+  m_nLinePos = 0;
+  m_nLineLeft = got / CharacterSize();
+  return m_nLineLeft > 0;
+}
+
+std::string_view CFileCE::RestOfChunk() const {
+  return {m_LineBuffer + m_nLinePos * CharacterSize(), m_nLineLeft * CharacterSize()};
+}
+
+// The byte offset of the next line feed, or npos.
+std::size_t CFileCE::FindLineFeed(std::string_view chunk) const {
+  if (!m_bUnicode) return chunk.find('\n');
+  for (std::size_t i = 0; i < chunk.size(); i += 2) {
+    if (chunk[i] == '\n' && chunk[i + 1] == '\0') return i;
+  }
+  return std::string_view::npos;
+}
+
+void CFileCE::StripCarriageReturn(std::string_view& line) const {
+  constexpr std::string_view kCarriageReturn("\r", 2);  // and a zero
+  const std::string_view end = kCarriageReturn.substr(0, CharacterSize());
+  if (line.ends_with(end)) line.remove_suffix(end.size());
+}
+
+void CFileCE::Widen(std::wstring& text, std::string_view line) const {
+  if (!m_bUnicode) return platform::AppendWide(text, line);
+  std::u16string units(line.size() / 2, u'\0');
+  for (std::size_t i = 0; i < units.size(); ++i) {
+    const auto low = static_cast<unsigned char>(line[2 * i]);
+    const auto high = static_cast<unsigned char>(line[2 * i + 1]);
+    units[i] = static_cast<char16_t>(low | (high << 8));
+  }
+  AssignUtf16(text, units);
+}
+
+bool CFileCE::PrepareWrite() {
+  if (!IsOpen() || m_nLineLeft > 0) {
+    m_bWriteFailed = true;
+    return false;
+  }
+  DiscardReadBuffer();
+  return true;
+}
+
+void CFileCE::AppendForFile(std::wstring_view text) {
+  if (!m_bUnicode) return platform::AppendNarrow(m_strHeldBack, text);
+  std::u16string units(2 * text.size(), u'\0');
+  units.resize(EncodeUtf16(text, units));
+  for (const char16_t unit : units) {
+    m_strHeldBack.push_back(static_cast<char>(unit & 0xFF));
+    m_strHeldBack.push_back(static_cast<char>(unit >> 8));
+  }
+}
+
+bool CFileCE::WritePlatform(const void* buffer, std::size_t count) {
+  const bool written = m_File.Write(buffer, count);
+  m_nCachedLength = kUnknown;
+  if (!written) {
+    m_bWriteFailed = true;
+    m_nCachedPos = kUnknown;
+  } else if (m_nCachedPos != kUnknown) {
+    m_nCachedPos += static_cast<std::int64_t>(count);
+  }
+  return written;
+}
+
+std::int64_t CFileCE::PlatformPosition() {
+  if (m_nCachedPos == kUnknown && IsOpen()) {
+    m_nCachedPos = m_File.Seek(0, platform::SeekFrom::Current).value_or(kUnknown);
+  }
+  return std::max<std::int64_t>(m_nCachedPos, 0);
+}
+
+void CFileCE::ClearReadState() {
+  m_nBufferPos = m_nBufferLeft = 0;
+  m_nLinePos = m_nLineLeft = 0;
+}
+
+// Puts the system's position back to where the reader is; a refusal leaves it, and all goes on.
+void CFileCE::DiscardReadBuffer() {
+  if (m_nBufferLeft > 0 && IsOpen()) {
+    const auto position = m_File.Seek(GetPosition(), platform::SeekFrom::Begin);
+    if (position) m_nCachedPos = *position;
+  }
+  ClearReadState();
+}
+
+}  // namespace zelconvert
