@@ -2,7 +2,8 @@
  *
  * Eleven functions, plain C, default calling convention (cdecl). Strings are zero-terminated and of
  * the platform's wchar_t: UTF-16 on Windows, UTF-32 elsewhere. File types are the FT_ numbers
- * below.
+ * below. In paths "/" and "\" both separate. Where file names are bytes they are taken as UTF-8; a
+ * byte B that is no part of UTF-8 is the character U+DC00 + B.
  *
  * Threads: none of the functions takes a lock. One conversion runs at a time in a process, and all
  * calls come from one thread at a time. No function throws or ends the process.

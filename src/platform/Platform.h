@@ -69,8 +69,10 @@ std::optional<Attributes> GetAttributes(const std::wstring& path);
 /// Makes the file writable for its owner, all else as `found`.
 bool ClearReadOnly(const std::wstring& path, const Attributes& found);
 bool RestoreAttributes(const std::wstring& path, const Attributes& found);
-/// Deletes a file, open or not; false if absent or refused.
+/// Deletes a file, open or not; false if absent or refused. Devices stay.
 bool RemoveFile(const std::wstring& path);
+/// Whether both paths name one file that is there, by whatever links.
+bool IsSameFile(const std::wstring& path, const std::wstring& other);
 
 /// Milliseconds of a monotonic clock, wrapping at 2^32.
 std::uint32_t SystemTickCount();

@@ -34,7 +34,19 @@ bool RestoreAttributes(const std::wstring& path, const Attributes& found) {
 }
 
 bool RemoveFile(const std::wstring& path) {
-  return unlink(ToSystemPath(path).c_str()) == 0;
+  const std::string name = ToSystemPath(path);
+  struct stat found {};
+  if (lstat(name.c_str(), &found) != 0) return false;
+  if (!S_ISREG(found.st_mode) && !S_ISLNK(found.st_mode)) return false;
+  return unlink(name.c_str()) == 0;
+}
+
+bool IsSameFile(const std::wstring& path, const std::wstring& other) {
+  struct stat one {};
+  struct stat two {};
+  return stat(ToSystemPath(path).c_str(), &one) == 0 &&
+         stat(ToSystemPath(other).c_str(), &two) == 0 && one.st_dev == two.st_dev &&
+         one.st_ino == two.st_ino;
 }
 
 }  // namespace zelconvert::platform

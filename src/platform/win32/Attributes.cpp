@@ -10,6 +10,17 @@ bool SetAttributes(const std::wstring& path, DWORD word) {
   return SetFileAttributesW(ToSystemPath(path).c_str(), word ? word : FILE_ATTRIBUTE_NORMAL) != 0;
 }
 
+// What stays the same by whatever path a file is reached. False if it isn't there.
+bool GetIdentity(const std::wstring& path, BY_HANDLE_FILE_INFORMATION& identity) {
+  const HANDLE handle = CreateFileW(ToSystemPath(path).c_str(), FILE_READ_ATTRIBUTES,
+                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                    OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+  if (handle == INVALID_HANDLE_VALUE) return false;
+  const bool known = GetFileInformationByHandle(handle, &identity) != 0;
+  CloseHandle(handle);
+  return known;
+}
+
 }  // namespace
 
 std::optional<Attributes> GetAttributes(const std::wstring& path) {
@@ -32,6 +43,13 @@ bool RestoreAttributes(const std::wstring& path, const Attributes& found) {
 
 bool RemoveFile(const std::wstring& path) {
   return DeleteFileW(ToSystemPath(path).c_str()) != 0;
+}
+
+bool IsSameFile(const std::wstring& path, const std::wstring& other) {
+  BY_HANDLE_FILE_INFORMATION one, two;
+  return GetIdentity(path, one) && GetIdentity(other, two) &&
+         one.dwVolumeSerialNumber == two.dwVolumeSerialNumber &&
+         one.nFileIndexHigh == two.nFileIndexHigh && one.nFileIndexLow == two.nFileIndexLow;
 }
 
 }  // namespace zelconvert::platform

@@ -1,0 +1,110 @@
+#include "front/DriverRun.h"
+
+#include <iterator>
+#include <optional>
+#include <string_view>
+
+#include "io/Paths.h"
+#include "io/Strings.h"
+#include "platform/Platform.h"
+
+namespace zelconvert {
+namespace {
+
+constexpr std::wstring_view kTexts[] = {
+    L"The file %s does not exist.",
+    L"File %s does not exist.",
+    L"Unable to open the file %s.",
+    L"Unable to create the destination file %s\n",  // with its line end
+    L"Unable to convert the file %s.",
+    L"Unable to write the file %s.",
+    L"The conversion you specified is not supported.",
+};
+static_assert(std::size(kTexts) == static_cast<std::size_t>(DriverText::Count));
+
+// Takes the read-only attribute off a file for as long as it lives.
+class WritableWhile {
+ public:
+  explicit WritableWhile(const std::wstring& path)
+      : m_path(path), m_found(platform::GetAttributes(path)) {
+    if (m_found && m_found->isReadOnly) platform::ClearReadOnly(m_path, *m_found);
+  }
+  ~WritableWhile() {
+    if (m_found && m_found->isReadOnly) platform::RestoreAttributes(m_path, *m_found);
+  }
+  WritableWhile(const WritableWhile&) = delete;
+  WritableWhile& operator=(const WritableWhile&) = delete;
+
+ private:
+  const std::wstring& m_path;
+  std::optional<platform::Attributes> m_found;
+};
+
+// Deletes an output unless it is to be kept.
+class OutputGuard {
+ public:
+  explicit OutputGuard(const std::wstring& path) : m_path(path) {}
+  ~OutputGuard() {
+    if (!m_keep) platform::RemoveFile(m_path);
+  }
+  OutputGuard(const OutputGuard&) = delete;
+  OutputGuard& operator=(const OutputGuard&) = delete;
+  void Keep() { m_keep = true; }
+
+ private:
+  const std::wstring& m_path;
+  bool m_keep = false;
+};
+
+bool Fail(const DriverRun& run, DriverText text, const std::wstring& path) {
+  run.messages.push_back(FormatDriverText(text, path));
+  return false;
+}
+
+// Conversions report what they expect to go wrong by a result. What their formats have no answer
+// for (a header too short to hold its digits, a date that no calendar has) comes as an exception.
+bool Convert(const DriverRun& run) {
+  try {
+    return run.convert();
+  } catch (...) {
+    return Fail(run, DriverText::CannotConvert, run.input);
+  }
+}
+
+bool CloseAll(const DriverRun& run) {
+  bool complete = true;
+  for (const auto& close : run.closing) complete = close() && complete;
+  return complete;
+}
+
+// An output that is the input would be emptied before it is read.
+bool CreateOutput(const DriverRun& run) {
+  return !platform::IsSameFile(run.input, run.output) && run.createOutput();
+}
+
+}  // namespace
+
+std::wstring FormatDriverText(DriverText text, const std::wstring& path) {
+  return FormatText(kTexts[static_cast<std::size_t>(text)], path);
+}
+
+bool Execute(const DriverRun& run) {
+  if (!FileExists(run.input)) return Fail(run, run.missing, run.input);
+  const WritableWhile writable(run.input);
+  if (!run.openInput()) return Fail(run, DriverText::CannotOpen, run.input);
+  if (!CreateOutput(run)) {
+    // Made all the same if what couldn't be done was to write its first bytes.
+    if (!CloseAll(run)) platform::RemoveFile(run.output);
+    return Fail(run, DriverText::CannotCreate, run.output);
+  }
+
+  OutputGuard output(run.output);
+  const bool converted = Convert(run);
+  const bool written = CloseAll(run) || Fail(run, DriverText::CannotWrite, run.output);
+  if (!converted || !written) return false;
+  run.files.push_back(run.output);
+  output.Keep();
+  return true;
+}
+
+}  // namespace zelconvert

@@ -1,0 +1,52 @@
+// What the drivers have in common: the steps of a run, the texts of its failures, and what becomes
+// of the files on every way out.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "convert/ConversionBase.h"
+
+namespace zelconvert {
+
+enum class DriverText {
+  FileMissing,
+  RawFileMissing,
+  CannotOpen,
+  CannotCreate,
+  CannotConvert,
+  CannotWrite,
+  NotSupported,
+  Count
+};
+
+/// The text about `path`; for a text that names no path it is left out.
+std::wstring FormatDriverText(DriverText text, const std::wstring& path = {});
+
+/// One conversion of one file. The steps run in this order, each only if the one before was true.
+struct DriverRun {
+  const std::wstring& input;
+  const std::wstring& output;
+  StringList& files;
+  StringList& messages;
+  DriverText missing;  ///< the text for an input that is no file
+  std::function<bool()> openInput;
+  std::function<bool()> createOutput;
+  std::function<bool()> convert;
+  std::vector<std::function<bool()>> closing;  ///< in this order; false: written data was lost
+};
+
+/// The whole of a driver's work, as Drivers.h promises it.
+bool Execute(const DriverRun& run);
+
+/// Closes any of the file classes; for a file that isn't open there is nothing to do.
+template <class File>
+std::function<bool()> Closer(File& file) {
+  return [&file] {
+    const bool closed = file.Close();
+    return closed && !file.HasWriteFailed();
+  };
+}
+
+}  // namespace zelconvert

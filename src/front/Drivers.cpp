@@ -1,0 +1,213 @@
+#include "front/Drivers.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <iterator>
+
+#include "front/CFileTypeManager.h"
+#include "front/DriverRun.h"
+#include "io/CFileCE.h"
+#include "io/Paths.h"
+#include "job/CJobFile.h"
+#include "platform/Platform.h"
+
+namespace zelconvert {
+namespace {
+
+using platform::kCreateOutput;
+using platform::kOpenReadWrite;
+using platform::kOpenText;
+
+// How a job of each type is made. The brand is the one of ".job" files.
+struct JobOutput {
+  FileType type;
+  std::uint16_t version;
+  bool brand;
+};
+constexpr JobOutput kJobOutputs[] = {
+    {FT_JOB, kJobVersion, true},
+    {FT_OLD_JOB, kOldJobVersion, true},
+    {FT_PW_JOB, kJobVersion, false},
+};
+
+// The dialect numbers of a DC type. A raw log takes the newest for the plain type.
+struct DcDialect {
+  FileType type;
+  int fromJob;
+  int fromRaw;
+};
+constexpr DcDialect kDcDialects[] = {
+    {FT_DC, 2, 3},
+    {FT_DC77, 1, 1},
+    {FT_DC1000, 2, 2},
+    {FT_DC1070, 3, 3},
+};
+
+/// The row of a type, or null.
+template <class Row, std::size_t size>
+const Row* Find(const Row (&rows)[size], int type) {
+  const Row* row =
+      std::find_if(rows, rows + size, [type](const Row& each) { return each.type == type; });
+  return row == rows + size ? nullptr : row;
+}
+
+bool RefusePair(StringList& messages) {
+  messages.push_back(FormatDriverText(DriverText::NotSupported));
+  return false;
+}
+
+}  // namespace
+
+bool ConvertToJob(int inputType, const std::wstring& input, const std::wstring& output,
+                  StringList& files, StringList& messages, int outputType, int units) {
+  const JobOutput* form = Find(kJobOutputs, outputType);
+  if (form == nullptr) return false;
+  const std::wstring jobPath = output.empty() ? GetTempJobName(nullptr) : output;
+  const bool fromDc = kDcTypes.Contains(inputType);
+
+  CFileCE file;  // of a CR5 input, which nobody opens: that conversion fails at its first read
+  CJobFile job(form->brand);
+  CFileCE dcFile;
+  return Execute({
+      .input = input,
+      .output = jobPath,
+      .files = files,
+      .messages = messages,
+      .missing = DriverText::FileMissing,
+      .openInput = [&] { return !fromDc || dcFile.Open(input, kOpenReadWrite); },
+      .createOutput = [&] { return job.Create(jobPath, form->version); },
+      .convert =
+          [&] {
+            (void)units;
+            // Unlike elsewhere the job that was made is kept: empty, and a success.
+            RefusePair(messages);
+            return true;
+          },
+      .closing = {Closer(file), Closer(job.GetFile()), Closer(dcFile)},
+  });
+}
+
+bool ConvertFromJob(int outputType, const std::wstring& input, const std::wstring& output,
+                    StringList& files, StringList& messages) {
+  const DcDialect* dialect = Find(kDcDialects, outputType);
+
+  CJobFile job(HasExtension(input, L".job"));
+  CFileCE file;
+  CFileCE dcFile;
+  return Execute({
+      .input = input,
+      .output = output,
+      .files = files,
+      .messages = messages,
+      .missing = DriverText::FileMissing,
+      .openInput = [&] { return job.Open(input, false); },
+      .createOutput =
+          [&] {
+            return dialect != nullptr ? dcFile.Open(output, kCreateOutput)
+                                      : file.Open(output, kCreateOutput);
+          },
+      .convert = [&] { return RefusePair(messages); },
+      .closing = {Closer(job.GetFile()), Closer(file), Closer(dcFile)},
+  });
+}
+
+bool ConvertDcIlj(int outputType, int inputType, const std::wstring& input,
+                  const std::wstring& output, StringList& files, StringList& messages) {
+  const bool fromDc = kDcTypes.Contains(inputType);
+  const bool toDc = kDcTypes.Contains(outputType);
+
+  CFileCE inputText;
+  CFileCE outputText;
+  CFileCE inputDc;
+  CFileCE outputDc;
+  return Execute({
+      .input = input,
+      .output = output,
+      .files = files,
+      .messages = messages,
+      .missing = DriverText::FileMissing,
+      .openInput =
+          [&] {
+            return fromDc ? inputDc.Open(input, kOpenReadWrite) : inputText.Open(input, kOpenText);
+          },
+      .createOutput =
+          [&] {
+            return toDc ? outputDc.Open(output, kCreateOutput)
+                        : outputText.Open(output, kCreateOutput);
+          },
+      .convert = [&] { return RefusePair(messages); },
+      .closing = {Closer(outputText), Closer(outputDc), Closer(inputText), Closer(inputDc)},
+  });
+}
+
+bool ConvertFromRaw(int outputType, const std::wstring& input, const std::wstring& output,
+                    StringList& files, StringList& messages, const std::wstring& featureFile,
+                    bool bPaired) {
+  // By the name alone, in lower case: other logs are those of the second brand.
+  const bool bNative = HasExtension(input, L".raw") || HasExtension(input, L".rw5");
+  const DcDialect* dialect = Find(kDcDialects, outputType);
+
+  CFileCE raw;
+  CFileCE file;
+  CFileCE dcFile;
+  return Execute({
+      .input = input,
+      .output = output,
+      .files = files,
+      .messages = messages,
+      .missing = DriverText::RawFileMissing,
+      .openInput = [&] { return raw.Open(input, kOpenReadWrite); },
+      .createOutput =
+          [&] {
+            return dialect != nullptr ? dcFile.Open(output, kCreateOutput)
+                                      : file.Open(output, kCreateOutput);
+          },
+      .convert =
+          [&] {
+            (void)bNative, (void)bPaired, (void)featureFile;
+            return RefusePair(messages);
+          },
+      .closing = {Closer(raw), Closer(file), Closer(dcFile)},
+  });
+}
+
+namespace {
+
+// The raw log that belongs to `input` goes to the driver of raw logs. What stood at `output` is
+// gone on failure, even if it wasn't made here; only a file of the pair itself stays.
+bool ConvertPair(const std::wstring& input, const std::wstring& rawPath, const std::wstring& output,
+                 StringList& files, StringList& messages, int outputType,
+                 const std::wstring& featureFile) {
+  if (platform::IsSameFile(input, output) && FileExists(rawPath)) {
+    messages.push_back(FormatDriverText(DriverText::CannotCreate, output));
+    return false;
+  }
+  if (ConvertFromRaw(outputType, rawPath, output, files, messages, featureFile, true)) return true;
+  if (!platform::IsSameFile(input, output) && !platform::IsSameFile(rawPath, output)) {
+    platform::RemoveFile(output);
+  }
+  return false;
+}
+
+/// `path` with its last four characters replaced.
+std::wstring ReplaceEnd(const std::wstring& path, std::wstring_view extension) {
+  return path.substr(0, path.size() - std::min<std::size_t>(path.size(), 4)).append(extension);
+}
+
+}  // namespace
+
+bool ConvertJobRawPair(std::wstring input, std::wstring output, StringList& files,
+                       StringList& messages, int outputType, int /*units*/,
+                       const std::wstring& featureFile) {
+  const std::wstring rawPath = ReplaceEnd(input, HasExtension(input, L".job") ? L".raw" : L".pwr");
+  return ConvertPair(input, rawPath, output, files, messages, outputType, featureFile);
+}
+
+bool ConvertCr5Rw5Pair(std::wstring input, std::wstring output, StringList& files,
+                       StringList& messages, int outputType, int /*units*/,
+                       const std::wstring& featureFile) {
+  return ConvertPair(input, ReplaceEnd(input, L".rw5"), output, files, messages, outputType,
+                     featureFile);
+}
+
+}  // namespace zelconvert
