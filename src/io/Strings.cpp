@@ -71,6 +71,28 @@ std::wstring ToWide(std::string_view text) {
   return wide;
 }
 
+void AppendUtf8(std::string& out, std::wstring_view text) {
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    auto c = static_cast<char32_t>(text[i]);
+    if (c < 0x80) {
+      out += static_cast<char>(c);
+      continue;
+    }
+    if (IsHighSurrogate(c) && i + 1 < text.size() &&
+        IsLowSurrogate(static_cast<char32_t>(text[i + 1]))) {
+      c = 0x10000 + ((c - 0xD800) << 10) + (static_cast<char32_t>(text[++i]) - 0xDC00);
+    } else if (c > 0x10FFFF || IsHighSurrogate(c) || IsLowSurrogate(c)) {
+      c = kReplacement;
+    }
+    const int trailing = c < 0x800 ? 1 : c < 0x10000 ? 2 : 3;
+    constexpr unsigned kLead[] = {0, 0xC0, 0xE0, 0xF0};
+    out += static_cast<char>(kLead[trailing] | (c >> (6 * trailing)));
+    for (int shift = 6 * (trailing - 1); shift >= 0; shift -= 6) {
+      out += static_cast<char>(0x80 | ((c >> shift) & 0x3F));
+    }
+  }
+}
+
 std::size_t EncodeUtf16(std::wstring_view text, std::span<char16_t> units) {
   std::size_t used = 0;
   for (const wchar_t c : text) {

@@ -72,6 +72,10 @@ std::wstring FormatText(std::wstring_view format, long long argument);
 std::string ToNarrow(std::wstring_view text);
 std::wstring ToWide(std::string_view text);
 
+/// Appends the UTF-8 form. A code point outside Unicode or half a surrogate pair becomes U+FFFD;
+/// a pair of two characters is joined.
+void AppendUtf8(std::string& out, std::wstring_view text);
+
 /// Wide text as UTF-16 units: as many as fit in `units` without ending inside a surrogate pair.
 /// A code point outside Unicode becomes U+FFFD. Returns the number of units.
 std::size_t EncodeUtf16(std::wstring_view text, std::span<char16_t> units);
