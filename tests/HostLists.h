@@ -1,0 +1,29 @@
+// The two lists of cZelFileConvert, freed as a host frees them.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "zelconvert/zelconvert.h"
+
+namespace zelconvert {
+
+struct HostLists {
+  wchar_t** files = nullptr;
+  wchar_t** messages = nullptr;
+
+  HostLists() = default;
+  ~HostLists() { cZelFreeAfterFileConvert(files, messages); }
+  HostLists(const HostLists&) = delete;
+  HostLists& operator=(const HostLists&) = delete;
+
+  static std::vector<std::wstring> Copy(wchar_t** texts) {
+    std::vector<std::wstring> copy;
+    for (; texts != nullptr && *texts != nullptr; ++texts) copy.emplace_back(*texts);
+    return copy;
+  }
+  std::vector<std::wstring> Files() const { return Copy(files); }
+  std::vector<std::wstring> Messages() const { return Copy(messages); }
+};
+
+}  // namespace zelconvert
