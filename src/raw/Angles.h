@@ -1,0 +1,30 @@
+// Angles of raw logs: degrees written DDD.MMSSsss, gons, and quadrant bearings.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+namespace zelconvert {
+
+/// DDD.MMSSsss (12.3045 is 12 degrees 30 minutes 45 seconds) as decimal degrees in [0, 360). Wraps
+/// before and after, so -5.3 gives 354.5. A nudge far below the millisecond keeps 59.999... seconds
+/// from losing a minute: 90 gives 90.00000000000028.
+double DmsToDegrees(double v);
+/// Likewise with the sign kept and nothing wrapped, for latitudes, longitudes and rotations.
+double DmsToDegreesSigned(double v);
+
+/// The remainder of `v` by a full circle, plus a full circle if that is negative.
+double NormalizeDegrees(double v);
+double NormalizeGons(double v);
+
+/// `v` in the unit `to` (kRawDegrees as decimal degrees, or kRawGons). Null values and unknown
+/// units leave it as it is.
+double ConvertAngleUnit(std::int32_t to, std::int32_t from, double v);
+
+/// A quadrant bearing as an azimuth in decimal degrees, or in gons if `unit` is kRawGons. The first
+/// and the last character are the quadrant, what is between them DDD.MMSSsss in either unit:
+///   "N23.4510E" 23.75277...   "S10.0000E" 170   "S10.0000W" 190   "N10.0000W" 350
+/// Other letters (lower-case ones as well) count as north and east; an empty text is 0.
+double ParseBearing(std::wstring_view text, std::int32_t unit);
+
+}  // namespace zelconvert

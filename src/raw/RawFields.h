@@ -1,0 +1,109 @@
+// The grammar of a raw record: a two-character tag, then fields, each a comma, a two-character
+// field tag and a value that ends at the next comma. One table per record states its fields;
+// reading and writing both follow from it.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <variant>
+
+#include "io/Numbers.h"
+#include "io/Strings.h"
+#include "io/Units.h"
+
+namespace zelconvert {
+
+/// The two characters in front of a field's value; some hold a blank ("N ").
+using FieldTag = const wchar_t (&)[3];
+
+/// Where the fields of a record are, so that a line is searched once and not once per field. The
+/// first field of a tag counts, wherever it stands: a note that holds ",SD" hides an SD behind it.
+class RawFields {
+ public:
+  /// `record` has to outlive this object.
+  explicit RawFields(std::wstring_view record);
+
+  /// The text behind a tag. False, with `value` as it was, if there is no such field.
+  bool Find(FieldTag tag, std::wstring_view& value) const;
+  bool Has(FieldTag tag) const;
+
+ private:
+  bool IsTagAt(std::size_t comma, FieldTag tag) const;
+
+  /// More than any record has; commas beyond are looked for when they are needed.
+  static constexpr std::size_t kIndexed = 24;
+
+  std::wstring_view m_record;
+  std::array<std::size_t, kIndexed> m_commas;  // only the first m_count are set
+  std::size_t m_count = 0;
+};
+
+/// A real as a field holds it: an empty text is DC_NULL, text that is no number 0.
+inline double RawReal(std::wstring_view value) {
+  return value.empty() ? DC_NULL : ToReal(value);
+}
+
+/// What a table says of a field besides its tag and member.
+enum class RawUse : std::uint8_t {
+  Required,  ///< read and written; a record without it is bad
+  Trimmed,   ///< required; white space around the text is dropped
+  Optional,  ///< read and written; absent, the member keeps its value
+  ReadOnly,  ///< required; not written
+};
+
+template <class Record>
+struct RawField {
+  wchar_t tag[3];
+  std::variant<std::wstring_view Record::*, double Record::*, std::int32_t Record::*> member;
+  RawUse use = RawUse::Required;
+
+  void Set(std::wstring_view value, Record& record) const {
+    if (const auto* text = std::get_if<0>(&member)) {
+      record.** text = use == RawUse::Trimmed ? Trim(value) : value;
+    } else if (const auto* real = std::get_if<1>(&member)) {
+      record.** real = RawReal(value);
+    } else {
+      record.**std::get_if<2>(&member) = ToInteger(value);
+    }
+  }
+
+  void Append(std::wstring& line, const Record& record) const {
+    line += L',';
+    line.append(tag, 2);
+    if (const auto* text = std::get_if<0>(&member)) {
+      line += record.**text;
+    } else if (const auto* real = std::get_if<1>(&member)) {
+      AppendFixed(line, record.**real, 6);
+    } else {
+      AppendInteger(line, record.**std::get_if<2>(&member));
+    }
+  }
+};
+
+/// Reads the fields of a table in its order and stops at the first required one that is missing:
+/// false then, and the members from that row on keep their values.
+template <class Record, std::size_t N>
+bool ReadFields(const RawFields& fields, const RawField<Record> (&table)[N], Record& record) {
+  for (const RawField<Record>& field : table) {
+    std::wstring_view value;
+    if (fields.Find(field.tag, value)) {
+      field.Set(value, record);
+    } else if (field.use != RawUse::Optional) {
+      return false;
+    }
+  }
+  return true;
+}
+
+/// Appends the fields of a table in its order.
+template <class Record, std::size_t N>
+void AppendFields(std::wstring& line, const RawField<Record> (&table)[N], const Record& record) {
+  for (const RawField<Record>& field : table) {
+    if (field.use != RawUse::ReadOnly) field.Append(line, record);
+  }
+}
+
+}  // namespace zelconvert
