@@ -99,10 +99,6 @@ std::uint64_t Magnitude(std::int64_t value) {
   return value < 0 ? 0 - bits : bits;
 }
 
-void AppendAscii(std::wstring& out, std::string_view digits) {
-  out.append(digits.begin(), digits.end());
-}
-
 // Gives `use` the digits of printf("%.*f").
 template <class Use>
 void WithFixed(double value, int decimals, Use use) {

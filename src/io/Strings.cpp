@@ -2,17 +2,20 @@
 
 #include "io/Numbers.h"
 #include "platform/Platform.h"
+#include "platform/Utf8.h"
 
 namespace zelconvert {
 namespace {
-
-constexpr char32_t kReplacement = 0xFFFD;
 
 constexpr bool IsHighSurrogate(char32_t c) {
   return c >= 0xD800 && c <= 0xDBFF;
 }
 constexpr bool IsLowSurrogate(char32_t c) {
   return c >= 0xDC00 && c <= 0xDFFF;
+}
+
+constexpr char32_t JoinPair(char32_t high, char32_t low) {
+  return 0x10000 + ((high - 0xD800) << 10) + (low - 0xDC00);
 }
 
 struct Utf16Units {
@@ -24,7 +27,7 @@ struct Utf16Units {
 Utf16Units UnitsOf(wchar_t wide) {
   const auto c = static_cast<char32_t>(wide);
   if (c < 0x10000) return {{static_cast<char16_t>(c), 0}, 1};
-  if (c > 0x10FFFF) return {{static_cast<char16_t>(kReplacement), 0}, 1};
+  if (c > 0x10FFFF) return {{static_cast<char16_t>(platform::kReplacementCharacter), 0}, 1};
   const char32_t offset = c - 0x10000;
   return {{static_cast<char16_t>(0xD800 + (offset >> 10)),
            static_cast<char16_t>(0xDC00 + (offset & 0x3FF))},
@@ -74,22 +77,12 @@ std::wstring ToWide(std::string_view text) {
 void AppendUtf8(std::string& out, std::wstring_view text) {
   for (std::size_t i = 0; i < text.size(); ++i) {
     auto c = static_cast<char32_t>(text[i]);
-    if (c < 0x80) {
-      out += static_cast<char>(c);
-      continue;
+    const auto next = i + 1 < text.size() ? static_cast<char32_t>(text[i + 1]) : U'\0';
+    if (IsHighSurrogate(c) && IsLowSurrogate(next)) {
+      c = JoinPair(c, next);
+      ++i;
     }
-    if (IsHighSurrogate(c) && i + 1 < text.size() &&
-        IsLowSurrogate(static_cast<char32_t>(text[i + 1]))) {
-      c = 0x10000 + ((c - 0xD800) << 10) + (static_cast<char32_t>(text[++i]) - 0xDC00);
-    } else if (c > 0x10FFFF || IsHighSurrogate(c) || IsLowSurrogate(c)) {
-      c = kReplacement;
-    }
-    const int trailing = c < 0x800 ? 1 : c < 0x10000 ? 2 : 3;
-    constexpr unsigned kLead[] = {0, 0xC0, 0xE0, 0xF0};
-    out += static_cast<char>(kLead[trailing] | (c >> (6 * trailing)));
-    for (int shift = 6 * (trailing - 1); shift >= 0; shift -= 6) {
-      out += static_cast<char>(0x80 | ((c >> shift) & 0x3F));
-    }
+    platform::AppendUtf8(out, c);
   }
 }
 
@@ -114,7 +107,7 @@ void AssignUtf16(std::wstring& text, std::u16string_view units) {
     char32_t c = units[i];
     if constexpr (sizeof(wchar_t) > sizeof(char16_t)) {
       if (IsHighSurrogate(c) && i + 1 < units.size() && IsLowSurrogate(units[i + 1])) {
-        c = 0x10000 + ((c - 0xD800) << 10) + (units[++i] - 0xDC00u);
+        c = JoinPair(c, units[++i]);
       }
     }
     text.push_back(static_cast<wchar_t>(c));

@@ -63,6 +63,15 @@ constexpr bool EqualsIgnoringCase(std::wstring_view a, std::wstring_view b) {
   return true;
 }
 
+/// For digits and keywords: each byte is a character of its own.
+inline void AppendAscii(std::wstring& out, std::string_view text) {
+  const std::size_t start = out.size();
+  out.resize(start + text.size());
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    out[start + i] = static_cast<unsigned char>(text[i]);
+  }
+}
+
 /// A fixed text with its first "%s" replaced: "The file %s does not exist.".
 std::wstring FormatText(std::wstring_view format, std::wstring_view argument);
 /// A fixed text with its first "%ld", "%d", "%1d" or "%i" replaced by the number.

@@ -39,7 +39,9 @@ void AppendNarrowBySystem(std::string& out, std::wstring_view text) {
 // Most text is ASCII, which is the same in every code page: the system is asked for the rest only.
 void AppendWide(std::wstring& out, std::string_view text) {
   const auto special = std::find_if_not(text.begin(), text.end(), IsAsciiByte);
-  out.append(text.begin(), special);
+  const std::size_t start = out.size();
+  out.resize(start + static_cast<std::size_t>(special - text.begin()));
+  std::copy(text.begin(), special, out.begin() + static_cast<std::ptrdiff_t>(start));
   text.remove_prefix(static_cast<std::size_t>(special - text.begin()));
   while (!text.empty()) {
     const std::string_view piece = text.substr(0, kLongestPiece);
