@@ -1,0 +1,469 @@
+#include "jxl/CJxlFile.h"
+
+#include <cstddef>
+
+#include "dc/RecordColumns.h"
+#include "io/Numbers.h"
+#include "io/Strings.h"
+
+namespace zelconvert {
+namespace {
+
+constexpr std::uint32_t kNoLink = 0xFFFFFFFF;
+
+// Decimals of the numbers in the document.
+constexpr int kAngleDecimals = 6;
+constexpr int kHeightDecimals = 3;
+constexpr int kDistanceDecimals = 5;
+constexpr int kPlaneDecimals = 6;  // north and east
+constexpr int kElevationDecimals = 5;
+constexpr int kCameraDecimals = 6;
+
+/// Up to and with this vertical circle an instrument is in its first face. Readings that were
+/// converted from gons or from minutes and seconds come within a billionth of the limit.
+constexpr double kFirstFaceLimit = 180.0 + 1e-9;
+
+/// A child that says the same in every document.
+struct FixedChild {
+  const char* name;
+  const char* text;
+};
+
+template <std::size_t N>
+void AddFixed(CXmlElement parent, const FixedChild (&children)[N]) {
+  for (const FixedChild& child : children) {
+    parent.AddChild(child.name, XmlText::Literal(child.text));
+  }
+}
+
+constexpr FixedChild kUnitsAfterAngle[] = {{"LatitudeLongitudeUnits", "DMSDegrees"},
+                                           {"CoordinateOrder", "North-East-Elevation"},
+                                           {"TemperatureUnits", ""},
+                                           {"PressureUnits", ""},
+                                           {"GradeUnits", "Percentage"},
+                                           {"AreaUnits", ""}};
+constexpr FixedChild kCorrections[] = {{"SouthAzimuth", "false"},
+                                       {"GridOrientation", "IncreasingNorthEast"},
+                                       {"MagneticDeclination", "0"},
+                                       {"Distances", "GroundDistance"}};
+constexpr FixedChild kNeighbourhood[] = {{"Applied", "false"}, {"WeightExponent", "0.5"}};
+constexpr FixedChild kNames[] = {{"SystemName", ""}, {"ZoneName", ""}, {"DatumName", ""}};
+constexpr FixedChild kCircleErrors[] = {{"HorizontalCircleStandardError", ""},
+                                        {"VerticalCircleStandardError", ""},
+                                        {"EDMDistanceStandardError", ""}};
+constexpr FixedChild kAtmosphere[] = {{"Pressure", ""}, {"Temperature", ""}};
+constexpr FixedChild kStationAfterHeight[] = {{"InstrumentID", ""},
+                                              {"AtmosphereID", ""},
+                                              {"NumberOfBacksightMeasurements", ""},
+                                              {"NumberOfBacksightPoints", ""},
+                                              {"ScaleFactor", ""},
+                                              {"ScaleType", "Fixed"},
+                                              {"ScaleFactorStandardError", ""},
+                                              {"StationType", "StationSetup"}};
+constexpr FixedChild kPrism[] = {{"PrismType", ""}, {"PrismConstant", ""}};
+
+constexpr FixedChild kEllipsoid[] = {{"EarthRadius", ""}, {"Flattening", ""}};
+constexpr FixedChild kProjection[] = {
+    {"Type", ""}, {"Scale", ""}, {"SouthAzimuth", ""}, {"GridOrientation", ""}};
+constexpr FixedChild kLocalSite[] = {{"Type", ""},
+                                     {"ProjectLocationLatitude", ""},
+                                     {"ProjectLocationLongitude", ""},
+                                     {"ProjectLocationHeight", ""}};
+constexpr FixedChild kType[] = {{"Type", ""}};
+constexpr FixedChild kLocation[] = {{"Latitude", ""}, {"Longitude", ""}, {"Height", ""}};
+
+struct DistanceWords {
+  const char* unit;
+  const char* stationing;
+};
+constexpr DistanceWords kDistanceWords[] = {
+    {"InternationalFeet", "10+00.0"}, {"Metres", "1+000.0"}, {"USSurveyFeet", "10+00.0"}};
+constexpr const char* kAngleWords[] = {"DMSDegrees", "Gons"};
+
+template <class Word, std::size_t N>
+Word WordFor(const Word (&words)[N], std::int32_t code, Word otherwise) {
+  return code >= 0 && static_cast<std::size_t>(code) < N ? words[code] : otherwise;
+}
+
+void AppendTwoDigits(std::wstring& text, wchar_t before, int value) {
+  text += before;
+  text += static_cast<wchar_t>(L'0' + value / 10 % 10);
+  text += static_cast<wchar_t>(L'0' + value % 10);
+}
+
+// "%Y-%m-%dT%H:%M:%S"
+std::wstring FormatTimeStamp(const platform::LocalTime& time) {
+  std::wstring text;
+  std::wstring year = FormatInteger(time.year);
+  text.append(year.size() < 4 ? 4 - year.size() : 0, L'0').append(year);
+  AppendTwoDigits(text, L'-', time.month);
+  AppendTwoDigits(text, L'-', time.day);
+  AppendTwoDigits(text, L'T', time.hour);
+  AppendTwoDigits(text, L':', time.minute);
+  AppendTwoDigits(text, L':', time.second);
+  return text;
+}
+
+}  // namespace
+
+/// What the forms of a point record differ in.
+struct CJxlFile::PointForm {
+  const char* method;
+  const char* surveyMethod;
+  const char* classification;
+};
+
+bool JxlReadings::AreUsable() const {
+  return !IsNull(horizontal) && !IsNull(vertical) && !IsNull(distance);
+}
+
+CJxlFile::CJxlFile(bool bNative) : CFileCE(false), m_bNative(bNative) {}
+
+CJxlFile::~CJxlFile() = default;
+
+bool CJxlFile::Create(const std::wstring& path) {
+  return Open(path, platform::kCreateOutput) &&
+         WriteLine(L"<?xml version=\"1.0\" encoding=\"UTF-8\"?>");
+}
+
+void CJxlFile::BeginDocument(std::wstring_view jobName, std::wstring_view productVersion,
+                             const platform::LocalTime& time) {
+  m_live.clear();
+  m_chain.clear();
+  m_tree = std::make_unique<CXmlTree>("JOBFile");
+  m_root = m_tree->Root();
+  m_root.AddAttribute("jobName", jobName);
+  m_root.AddAttribute("version", "4.0");
+  m_root.AddAttribute("product", XmlText::Literal(m_bNative ? "Gridlark" : "Plumbwick"));
+  m_root.AddAttribute("productVersion", productVersion);
+  m_root.AddAttribute("productDBVersion", productVersion);
+  m_root.AddAttribute("TimeStamp", FormatTimeStamp(time));
+  m_fieldBook = m_root.AddChild("FieldBook", true);
+  m_reductions = m_root.AddChild("Reductions", true);
+  m_environment = m_root.AddChild("Environment", true);
+}
+
+bool CJxlFile::WriteDocument() {
+  return m_root && m_root.Write(*this, 0);
+}
+
+std::wstring CJxlFile::FormatId(std::uint32_t id) {
+  std::wstring text(8, L'0');
+  for (std::size_t i = text.size(); i-- > 0; id >>= 4) text[i] = L"0123456789abcdef"[id & 0xF];
+  return text;
+}
+
+CXmlElement CJxlFile::AddRecord(const char* name, std::uint32_t& id) {
+  CXmlElement record = m_fieldBook.AddChild(name, true);
+  id = NextId();
+  record.AddAttribute("ID", FormatId(id));
+  record.AddAttribute("TimeStamp", "");
+  return record;
+}
+
+void CJxlFile::AddId(CXmlElement parent, const char* name, std::uint32_t id) {
+  if (id == 0) {
+    parent.AddChild(name, "");
+  } else {
+    parent.AddChild(name, FormatId(id));
+  }
+}
+
+void CJxlFile::AddNumber(CXmlElement parent, const char* name, double value, int decimals) {
+  m_number.clear();
+  AppendDcNumber(m_number, value, decimals);
+  parent.AddChild(name, Trim(m_number));
+}
+
+void CJxlFile::AddInteger(CXmlElement parent, const char* name, std::int32_t value) {
+  parent.AddChild(name, FormatInteger(value));
+}
+
+void CJxlFile::AddGrid(CXmlElement parent, const char* name, const JxlPosition& grid) {
+  CXmlElement element = parent.AddChild(name);
+  AddNumber(element, "North", grid.north, kPlaneDecimals);
+  AddNumber(element, "East", grid.east, kPlaneDecimals);
+  AddNumber(element, "Elevation", grid.elevation, kElevationDecimals);
+}
+
+void CJxlFile::AddHeight(CXmlElement record, const char* name, const char* rawName, double height) {
+  AddNumber(record, name, height, kHeightDecimals);
+  CXmlElement raw = record.AddChild(rawName);
+  raw.AddChild("MeasurementMethod", "TrueHeight");
+  AddNumber(raw, "MeasuredHeight", height, kHeightDecimals);
+  raw.AddChild("HorizontalOffset", "");
+  raw.AddChild("VerticalOffset", "");
+}
+
+void CJxlFile::AddUnits(CXmlElement parent, const JxlUnits& units, bool withAzimuthFormat) {
+  const DistanceWords words = WordFor(kDistanceWords, units.distance, DistanceWords{"", ""});
+  parent.AddChild("DistanceUnits", XmlText::Literal(words.unit));
+  parent.AddChild("HeightUnits", XmlText::Literal(words.unit));
+  parent.AddChild("AngleUnits", XmlText::Literal(WordFor(kAngleWords, units.angle, "")));
+  if (withAzimuthFormat) parent.AddChild("AzimuthFormat", "Azimuth");
+  AddFixed(parent, kUnitsAfterAngle);
+  parent.AddChild("StationingFormat", XmlText::Literal(words.stationing));
+}
+
+std::uint32_t CJxlFile::AddUnitsRecord(const JxlUnits& units) {
+  if (!m_fieldBook) return 0;
+  std::uint32_t id = 0;
+  AddUnits(AddRecord("UnitsRecord", id), units, false);
+  return id;
+}
+
+std::uint32_t CJxlFile::AddDisplaySettings(const JxlUnits& units) {
+  if (!m_environment) return 0;
+  AddUnits(m_environment.AddChild("DisplaySettings"), units, true);
+  return NextId();
+}
+
+std::uint32_t CJxlFile::AddCorrectionsRecord() {
+  if (!m_fieldBook) return 0;
+  std::uint32_t id = 0;
+  CXmlElement record = AddRecord("CorrectionsRecord", id);
+  AddFixed(record, kCorrections);
+  AddFixed(record.AddChild("NeighbourhoodAdjustment"), kNeighbourhood);
+  return id;
+}
+
+std::uint32_t CJxlFile::AddCoordinateSystemRecord() {
+  if (!m_fieldBook) return 0;
+  std::uint32_t id = 0;
+  AddFixed(AddRecord("CoordinateSystemRecord", id), kNames);
+  return id;
+}
+
+CXmlElement CJxlFile::AddPointRecord(std::wstring_view name, std::wstring_view code,
+                                     const PointForm& form, std::uint32_t& id) {
+  CXmlElement record = AddRecord("PointRecord", id);
+  const CXmlElement nameElement = record.AddChild("Name", name);
+  record.AddChild("Code", code);
+  record.AddChild("Method", XmlText::Literal(form.method));
+  record.AddChild("SurveyMethod", XmlText::Literal(form.surveyMethod));
+  record.AddChild("Classification", XmlText::Literal(form.classification));
+  const CXmlElement deleted = record.AddChild("Deleted", "false");
+
+  const auto link = static_cast<std::uint32_t>(m_chain.size());
+  m_chain.push_back({deleted.Index(), kNoLink});
+  const auto [entry, isNew] = m_live.try_emplace(nameElement.Text(), LiveRecords{link, link});
+  if (!isNew) {
+    if (entry->second.first == kNoLink) {
+      entry->second.first = link;
+    } else {
+      m_chain[entry->second.last].next = link;
+    }
+    entry->second.last = link;
+  }
+  return record;
+}
+
+void CJxlFile::DeletePoint(std::wstring_view name) {
+  if (!m_tree) return;
+  std::string utf8;
+  AppendUtf8(utf8, name);
+  const auto entry = m_live.find(utf8);
+  if (entry == m_live.end() || entry->second.first == kNoLink) return;
+  const Link& link = m_chain[entry->second.first];
+  m_tree->Element(link.deletedElement).SetText("true");
+  entry->second.first = link.next;
+}
+
+CXmlElement CJxlFile::AddCircle(CXmlElement record, const JxlReadings& readings, const char* face) {
+  CXmlElement circle = record.AddChild("Circle");
+  AddNumber(circle, "HorizontalCircle", readings.horizontal, kAngleDecimals);
+  AddNumber(circle, "VerticalCircle", readings.vertical, kAngleDecimals);
+  AddNumber(circle, "EDMDistance", readings.distance, kDistanceDecimals);
+  circle.AddChild("Face", XmlText::Literal(face));
+  AddFixed(circle, kCircleErrors);
+  return circle;
+}
+
+void CJxlFile::AddSetup(CXmlElement record, const JxlSetup& setup) {
+  AddId(record, "StationID", setup.station);
+  AddId(record, "BackBearingID", setup.backBearing);
+  AddId(record, "TargetID", setup.target);
+  AddFixed(record, kAtmosphere);
+}
+
+std::uint32_t CJxlFile::AddDirectReading(std::wstring_view name, std::wstring_view code,
+                                         const JxlReadings& readings, const JxlSetup& setup,
+                                         const JxlPosition& grid) {
+  if (!m_fieldBook) return 0;
+  std::uint32_t id = 0;
+  CXmlElement record = AddPointRecord(name, code, {"DirectReading", "Fix", "Normal"}, id);
+  const bool usable = readings.AreUsable();
+  const char* face = !usable ? "" : readings.vertical <= kFirstFaceLimit ? "Face1" : "Face2";
+  AddCircle(record, usable ? readings : JxlReadings{}, face).AddChild("EDMMeasurementMode", "");
+  AddSetup(record, setup);
+  AddGrid(record, "ComputedGrid", grid);
+  return id;
+}
+
+std::uint32_t CJxlFile::AddCoordinates(std::wstring_view name, std::wstring_view code,
+                                       const JxlPosition& grid) {
+  if (!m_fieldBook) return 0;
+  std::uint32_t id = 0;
+  AddGrid(AddPointRecord(name, code, {"Coordinates", "KeyedIn", "Normal"}, id), "Grid", grid);
+  return id;
+}
+
+std::uint32_t CJxlFile::AddAzimuthOnly(std::wstring_view name, std::wstring_view sourcePoint,
+                                       double azimuth) {
+  if (!m_fieldBook) return 0;
+  std::uint32_t id = 0;
+  CXmlElement record = AddPointRecord(name, {}, {"AzimuthOnly", "KeyedIn", "Normal"}, id);
+  record.AddChild("SourcePoint", sourcePoint);
+  AddNumber(record, "Azimuth", azimuth, kAngleDecimals);
+  record.AddChild("AzimuthType", "Grid");
+  return id;
+}
+
+std::uint32_t CJxlFile::AddAngleOnly(std::wstring_view name, double horizontalCircle,
+                                     const JxlSetup& setup, const JxlPosition& grid) {
+  if (!m_fieldBook) return 0;
+  std::uint32_t id = 0;
+  CXmlElement record = AddPointRecord(name, {}, {"AngleOnly", "Fix", "BackSight"}, id);
+  // The form has a level line of sight in face one, whatever the shot was.
+  AddCircle(record, {horizontalCircle, 90.0, DC_NULL}, "Face1");
+  AddSetup(record, setup);
+  if (grid.IsWhole()) AddGrid(record, "ComputedGrid", grid);
+  return id;
+}
+
+std::uint32_t CJxlFile::AddStationRecord(std::wstring_view name, double instrumentHeight) {
+  if (!m_fieldBook) return 0;
+  std::uint32_t id = 0;
+  CXmlElement record = AddRecord("StationRecord", id);
+  record.AddChild("StationName", name);
+  AddHeight(record, "TheodoliteHeight", "RawTheodoliteHeight", instrumentHeight);
+  AddFixed(record, kStationAfterHeight);
+  return id;
+}
+
+std::uint32_t CJxlFile::AddBackBearingRecord(std::uint32_t stationRecord, std::wstring_view station,
+                                             std::wstring_view backsight, double circle,
+                                             double orientationCorrection) {
+  if (!m_fieldBook) return 0;
+  std::uint32_t id = 0;
+  CXmlElement record = AddRecord("BackBearingRecord", id);
+  AddId(record, "StationRecordID", stationRecord);
+  record.AddChild("Station", station);
+  record.AddChild("BackSight", backsight);
+  AddNumber(record, "Face1HorizontalCircle", circle, kAngleDecimals);
+  record.AddChild("Face2HorizontalCircle", "");
+  AddNumber(record, "OrientationCorrection", orientationCorrection, kAngleDecimals);
+  record.AddChild("OrientationCorrectionStandardError", "");
+  return id;
+}
+
+std::uint32_t CJxlFile::AddTargetRecord(double targetHeight) {
+  if (!m_fieldBook) return 0;
+  std::uint32_t id = 0;
+  CXmlElement record = AddRecord("TargetRecord", id);
+  AddFixed(record, kPrism);
+  AddHeight(record, "TargetHeight", "RawTargetHeight", targetHeight);
+  return id;
+}
+
+std::uint32_t CJxlFile::AddImageRecord(const JxlImage& image) {
+  if (!m_fieldBook) return 0;
+  std::uint32_t id = 0;
+  CXmlElement record = AddRecord("ImageRecord", id);
+  AddId(record, "StationID", image.setup.station);
+  AddId(record, "BackBearingID", image.setup.backBearing);
+  AddId(record, "CameraID", image.camera);
+  AddId(record, "PointRecordID", image.pointRecord);
+  record.AddChild("FileName", image.fileName);
+  AddNumber(record, "HorizontalAngle", image.horizontalAngle, kAngleDecimals);
+  AddNumber(record, "VerticalAngle", image.verticalAngle, kAngleDecimals);
+  AddInteger(record, "Width", image.width);
+  AddInteger(record, "Height", image.height);
+  AddInteger(record, "SourceX", image.sourceX);
+  AddInteger(record, "SourceY", image.sourceY);
+  AddInteger(record, "SourceWidth", image.sourceWidth);
+  AddInteger(record, "SourceHeight", image.sourceHeight);
+  return id;
+}
+
+std::uint32_t CJxlFile::AddCameraRecord(const JxlCamera& camera) {
+  if (!m_fieldBook) return 0;
+  std::uint32_t id = 0;
+  CXmlElement record = AddRecord("CameraRecord", id);
+  const auto real = [&](const char* name, double value) {
+    AddNumber(record, name, value, kCameraDecimals);
+  };
+  const auto integer = [&](const char* name, std::int32_t value) {
+    AddInteger(record, name, value);
+  };
+  real("X0", camera.x0);
+  real("Y0", camera.y0);
+  real("CK", camera.ck);
+  real("Kappa", camera.kappa);
+  real("Phi", camera.phi);
+  real("Omega", camera.omega);
+  real("S0", camera.s0);
+  real("C0", camera.c0);
+  real("Z0", camera.z0);
+  real("I", camera.i);
+  integer("K1", camera.k1);
+  integer("P1", camera.p1);
+  integer("P2", camera.p2);
+  real("PixelSizeX", camera.pixelSizeX);
+  real("PixelSizeY", camera.pixelSizeY);
+  integer("PixelCountX", camera.pixelCountX);
+  integer("PixelCountY", camera.pixelCountY);
+  return id;
+}
+
+std::uint32_t CJxlFile::AddNoteRecord(std::wstring_view notes) {
+  if (!m_fieldBook) return 0;
+  std::uint32_t id = 0;
+  AddRecord("NoteRecord", id).AddChild("Notes", notes);
+  return id;
+}
+
+std::uint32_t CJxlFile::AddScanningRecord(const JxlScan& scan) {
+  if (!m_fieldBook) return 0;
+  std::uint32_t id = 0;
+  CXmlElement record = AddRecord("ScanningRecord", id);
+  AddId(record, "StationID", scan.setup.station);
+  AddId(record, "BackBearingID", scan.setup.backBearing);
+  record.AddChild("Type", "ScanRectangle");
+  record.AddChild("FileName", scan.fileName);
+  AddInteger(record, "NumberOfPoints", scan.points);
+  AddNumber(record, "HorizontalStep", scan.horizontalStep, kAngleDecimals);
+  AddNumber(record, "VerticalStep", scan.verticalStep, kAngleDecimals);
+  return id;
+}
+
+std::uint32_t CJxlFile::AddPoint(std::wstring_view name, std::wstring_view code,
+                                 const JxlPosition& grid) {
+  if (!m_reductions) return 0;
+  const std::uint32_t id = NextId();
+  CXmlElement point = m_reductions.AddChild("Point");
+  point.AddAttribute("ID", FormatId(id));
+  AddId(point, "ID", id);
+  point.AddChild("Name", name);
+  point.AddChild("Code", code);
+  AddGrid(point, "Grid", grid);
+  return id;
+}
+
+std::uint32_t CJxlFile::AddCoordinateSystem() {
+  if (!m_environment) return 0;
+  CXmlElement system = m_environment.AddChild("CoordinateSystem");
+  AddFixed(system, kNames);
+  AddFixed(system.AddChild("Ellipsoid"), kEllipsoid);
+  AddFixed(system.AddChild("Projection"), kProjection);
+  AddFixed(system.AddChild("LocalSite"), kLocalSite);
+  for (const char* name : {"Datum", "HorizontalAdjustment", "VerticalAdjustment"}) {
+    AddFixed(system.AddChild(name), kType);
+  }
+  CXmlElement factor = system.AddChild("CombinedScaleFactor");
+  AddFixed(factor.AddChild("Location"), kLocation);
+  factor.AddChild("Scale", "1.000000000");
+  return NextId();
+}
+
+}  // namespace zelconvert

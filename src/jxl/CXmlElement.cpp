@@ -1,0 +1,183 @@
+#include "jxl/CXmlElement.h"
+
+#include <cstring>
+
+#include "io/CFileCE.h"
+#include "io/Strings.h"
+
+namespace zelconvert {
+namespace {
+
+// Lines are gathered up to this size before they go to the file.
+constexpr std::size_t kBlock = 1 << 16;
+constexpr std::size_t kIndent = 4;
+
+void AppendReference(std::string& out, unsigned code) {
+  constexpr char kDigits[] = "0123456789abcdef";
+  out += "&#x";
+  for (int shift = 8; shift >= 0; shift -= 4) out += kDigits[(code >> shift) & 0xF];
+  out += ';';
+}
+
+// Control characters: U+0000 to 1F, and U+007F to 9F, which are C2 80 to C2 9F in UTF-8 behind 7F.
+bool IsControl(unsigned char c) {
+  return c < 0x20 || c == 0x7F;
+}
+bool IsHighControl(std::string_view text, std::size_t at) {
+  return static_cast<unsigned char>(text[at]) == 0xC2 && at + 1 < text.size() &&
+         static_cast<unsigned char>(text[at + 1]) < 0xA0;
+}
+
+void AppendEscaped(std::string& out, std::string_view text) {
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const auto c = static_cast<unsigned char>(text[i]);
+    switch (c) {
+      case '"':
+        out += "&quot;";
+        break;
+      case '&':
+        out += "&amp;";
+        break;
+      case '\'':
+        out += "&apos;";
+        break;
+      case '<':
+        out += "&lt;";
+        break;
+      case '>':
+        out += "&gt;";
+        break;
+      default:
+        if (IsControl(c)) {
+          AppendReference(out, c);
+        } else if (IsHighControl(text, i)) {
+          AppendReference(out, static_cast<unsigned char>(text[++i]));
+        } else {
+          out += static_cast<char>(c);
+        }
+    }
+  }
+}
+
+}  // namespace
+
+void AppendEscapedText(std::string& out, std::string_view text) {
+  while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
+  while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
+  AppendEscaped(out, text);
+}
+
+CXmlTree::CXmlTree(const char* rootName) : m_texts(kBlock) {
+  m_nodes.push_back(Node{rootName});
+}
+
+const char* CXmlTree::Keep(const XmlText& text) {
+  if (text.m_literal != nullptr) return text.m_literal;
+  if (text.m_text.empty()) return "";
+  m_utf8.clear();
+  AppendUtf8(m_utf8, text.m_text);
+  // A zero character would end the text; XML has none either.
+  for (char& c : m_utf8) {
+    if (c == '\0') c = ' ';
+  }
+  auto* kept = static_cast<char*>(m_texts.allocate(m_utf8.size() + 1, 1));
+  std::memcpy(kept, m_utf8.c_str(), m_utf8.size() + 1);
+  return kept;
+}
+
+std::uint32_t CXmlTree::Append(std::uint32_t parent, const char* name, bool bNewLine,
+                               const char* text) {
+  const auto index = static_cast<std::uint32_t>(m_nodes.size());
+  Node& node = m_nodes.emplace_back(Node{name, text});
+  node.m_bNewLine = bNewLine ? 1 : 0;
+  Node& above = m_nodes[parent];
+  if (above.m_lastChild == kNone) {
+    above.m_firstChild = index;
+  } else {
+    m_nodes[above.m_lastChild].m_nextSibling = index;
+  }
+  above.m_lastChild = index;
+  return index;
+}
+
+void CXmlElement::AddAttribute(const char* name, XmlText value) {
+  const auto index = static_cast<std::uint32_t>(m_tree->m_attributes.size());
+  m_tree->m_attributes.push_back({name, m_tree->Keep(value), CXmlTree::kNoAttribute});
+  CXmlTree::Node& node = m_tree->m_nodes[m_index];
+  if (node.m_attributes == CXmlTree::kNoAttribute) {
+    node.m_attributes = index & CXmlTree::kNoAttribute;
+    return;
+  }
+  std::uint32_t last = node.m_attributes;
+  while (m_tree->m_attributes[last].next != CXmlTree::kNoAttribute) {
+    last = m_tree->m_attributes[last].next;
+  }
+  m_tree->m_attributes[last].next = index;
+}
+
+CXmlElement CXmlElement::AddChild(const char* name, bool bNewLine) {
+  return {m_tree, m_tree->Append(m_index, name, bNewLine, "")};
+}
+
+CXmlElement CXmlElement::AddChild(const char* name, XmlText text) {
+  return {m_tree, m_tree->Append(m_index, name, false, m_tree->Keep(text))};
+}
+
+void CXmlElement::SetText(XmlText text) {
+  m_tree->m_nodes[m_index].m_text = m_tree->Keep(text);
+}
+
+std::string_view CXmlElement::Text() const {
+  return m_tree->m_nodes[m_index].m_text;
+}
+
+bool CXmlElement::Write(CFileCE& file, int depth) const {
+  std::string out;
+  out.reserve(kBlock + kBlock / 4);
+  bool ok = true;
+  m_tree->AppendTo(out, m_index, depth, file, ok);
+  return file.Write(out.data(), out.size()) && ok;
+}
+
+void CXmlTree::AppendTo(std::string& out, std::uint32_t index, int depth, CFileCE& file,
+                        bool& ok) const {
+  const Node& node = m_nodes[index];
+  const std::size_t indent = kIndent * static_cast<std::size_t>(depth);
+  const bool hasText = *node.m_text != '\0';
+  const bool hasChildren = node.m_firstChild != kNone;
+
+  if (node.m_bNewLine) out += "\r\n";
+  out.append(indent, ' ').append("<").append(node.m_name);
+  for (std::uint32_t a = node.m_attributes; a != kNoAttribute; a = m_attributes[a].next) {
+    out.append(" ").append(m_attributes[a].name).append("=\"");
+    AppendEscapedText(out, m_attributes[a].value);
+    out += '"';
+  }
+  if (!hasText && !hasChildren) {
+    out += "/>\r\n";
+    return;
+  }
+  out += '>';
+  if (hasChildren || node.m_bNewLine) {
+    out += "\r\n";
+    if (hasText) {
+      out.append(indent + kIndent, ' ');
+      AppendEscapedText(out, node.m_text);
+      out += "\r\n";
+    }
+    for (std::uint32_t child = node.m_firstChild; child != kNone;
+         child = m_nodes[child].m_nextSibling) {
+      AppendTo(out, child, depth + 1, file, ok);
+    }
+    out.append(indent, ' ');
+  } else {
+    AppendEscapedText(out, node.m_text);
+  }
+  out.append("</").append(node.m_name).append(">\r\n");
+  if (out.size() >= kBlock) {
+    ok = file.Write(out.data(), out.size()) && ok;
+    out.clear();
+  }
+}
+
+}  // namespace zelconvert

@@ -1,0 +1,114 @@
+// An XML document that is built once and then written. A survey of a million shots has some thirty
+// million elements, so an element is 32 bytes in a tree that holds them all, and CXmlElement is the
+// handle by which one is reached.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <memory_resource>
+#include <string>
+#include <string_view>
+
+namespace zelconvert {
+
+class CFileCE;
+class CXmlTree;
+
+/// Character data of an element or an attribute: a literal, which is kept by its address, or a text
+/// that the tree copies as UTF-8.
+class XmlText {
+ public:
+  XmlText() = default;
+  template <std::size_t N>
+  XmlText(const char (&literal)[N])
+      : m_literal(literal) {}  // NOLINT: a literal is meant to convert
+  /// A literal by its address.
+  static XmlText Literal(const char* literal) {
+    XmlText text;
+    text.m_literal = literal;
+    return text;
+  }
+  XmlText(std::wstring_view text) : m_text(text) {}    // NOLINT
+  XmlText(const std::wstring& text) : m_text(text) {}  // NOLINT
+
+ private:
+  friend class CXmlTree;
+  const char* m_literal = nullptr;
+  std::wstring_view m_text;
+};
+
+/// One element of a tree; valid as long as the tree. A default-made handle is none and is false.
+class CXmlElement {
+ public:
+  CXmlElement() = default;
+
+  explicit operator bool() const { return m_tree != nullptr; }
+
+  /// Attributes are written in the order of the calls. Names are literals.
+  void AddAttribute(const char* name, XmlText value);
+  /// A new last child. With `bNewLine` it is written after an empty line.
+  CXmlElement AddChild(const char* name, bool bNewLine = false);
+  CXmlElement AddChild(const char* name, XmlText text);
+  /// Replaces the text.
+  void SetText(XmlText text);
+  /// The text as UTF-8, alive as long as the tree.
+  std::string_view Text() const;
+  /// What CXmlTree::Element takes: a handle in four bytes.
+  std::uint32_t Index() const { return m_index; }
+  /// Writes the element and what is beneath it as lines, indented by four blanks for each step of
+  /// `depth`. The result is that of the writes.
+  bool Write(CFileCE& file, int depth) const;
+
+ private:
+  friend class CXmlTree;
+  CXmlElement(CXmlTree* tree, std::uint32_t index) : m_tree(tree), m_index(index) {}
+
+  CXmlTree* m_tree = nullptr;
+  std::uint32_t m_index = 0;
+};
+
+class CXmlTree {
+ public:
+  explicit CXmlTree(const char* rootName);
+  CXmlTree(const CXmlTree&) = delete;
+  CXmlTree& operator=(const CXmlTree&) = delete;
+
+  CXmlElement Root() { return {this, 0}; }
+  CXmlElement Element(std::uint32_t index) { return {this, index}; }
+
+ private:
+  friend class CXmlElement;
+  static constexpr std::uint32_t kNone = 0xFFFFFFFF;
+
+  struct Node {
+    const char* m_name;
+    const char* m_text = "";  ///< UTF-8, not escaped
+    std::uint32_t m_firstChild = kNone;
+    std::uint32_t m_lastChild = kNone;
+    std::uint32_t m_nextSibling = kNone;
+    std::uint32_t m_attributes : 31 = kNone >> 1;
+    std::uint32_t m_bNewLine : 1 = 0;
+  };
+  struct Attribute {
+    const char* name;
+    const char* value;
+    std::uint32_t next;
+  };
+  static constexpr std::uint32_t kNoAttribute = kNone >> 1;
+
+  const char* Keep(const XmlText& text);
+  std::uint32_t Append(std::uint32_t parent, const char* name, bool bNewLine, const char* text);
+  void AppendTo(std::string& out, std::uint32_t index, int depth, CFileCE& file, bool& ok) const;
+
+  std::deque<Node> m_nodes;
+  std::deque<Attribute> m_attributes;
+  std::pmr::monotonic_buffer_resource m_texts;
+  std::string m_utf8;
+};
+
+/// Appends UTF-8 `text` for XML: the five characters of markup as entities, control characters as
+/// "&#x%03x;", blanks at both ends of the result removed.
+void AppendEscapedText(std::string& out, std::string_view text);
+
+}  // namespace zelconvert
