@@ -288,9 +288,9 @@ bool CJobFile::SkipRecord() {
 // Reading records
 
 template <class Record>
-bool CJobFile::ReadFixed(Record& record, JobForm form) {
+bool CJobFile::ReadFixed(Record& record, JobRecordForm form) {
   std::array<std::byte, Record::kInfo.length> block;
-  const std::size_t length = form == JobForm::Old ? Record::kInfo.oldLength : block.size();
+  const std::size_t length = form == JobRecordForm::Old ? Record::kInfo.oldLength : block.size();
   if (!m_File.Read(block.data(), length)) return false;
   const BinaryReader reader(block);
   Record::Walk(reader, record, form);
@@ -300,9 +300,9 @@ bool CJobFile::ReadFixed(Record& record, JobForm form) {
 template <class Record>
 bool CJobFile::ReadEitherForm(Record& record) {
   if (m_RecordHead.kind == static_cast<std::uint32_t>(Record::kInfo.kind)) {
-    return ReadFixed(record, JobForm::New);
+    return ReadFixed(record, JobRecordForm::New);
   }
-  return m_RecordHead.kind != Record::kInfo.oldKind || ReadFixed(record, JobForm::Old);
+  return m_RecordHead.kind != Record::kInfo.oldKind || ReadFixed(record, JobRecordForm::Old);
 }
 
 bool CJobFile::ReadPoint(JOB_POINT& record) {
@@ -318,22 +318,22 @@ bool CJobFile::ReadRecord16(JOB_RECORD16& record) {
   return ReadEitherForm(record);
 }
 bool CJobFile::ReadRecord4(JOB_RECORD4& record) {
-  return ReadFixed(record, JobForm::New);
+  return ReadFixed(record, JobRecordForm::New);
 }
 bool CJobFile::ReadRecord7(JOB_RECORD7& record) {
-  return ReadFixed(record, JobForm::New);
+  return ReadFixed(record, JobRecordForm::New);
 }
 bool CJobFile::ReadRecord9(JOB_RECORD9& record) {
-  return ReadFixed(record, JobForm::New);
+  return ReadFixed(record, JobRecordForm::New);
 }
 bool CJobFile::ReadRecord10(JOB_RECORD10& record) {
-  return ReadFixed(record, JobForm::New);
+  return ReadFixed(record, JobRecordForm::New);
 }
 bool CJobFile::ReadLayer(JOB_LAYER& record) {
-  return ReadFixed(record, JobForm::New);
+  return ReadFixed(record, JobRecordForm::New);
 }
 bool CJobFile::ReadRecord18(JOB_RECORD18& record) {
-  return ReadFixed(record, JobForm::New);
+  return ReadFixed(record, JobRecordForm::New);
 }
 
 bool CJobFile::ReadGenericRecord(JOB_GENERIC_RECORD& record) {
@@ -381,20 +381,20 @@ bool CJobFile::WriteRecord(std::span<const std::byte> payload, std::uint32_t kin
 }
 
 template <class Record>
-bool CJobFile::WriteForm(const Record& record, JobForm form) {
+bool CJobFile::WriteForm(const Record& record, JobRecordForm form) {
   constexpr JobKindInfo kInfo = Record::kInfo;
   std::array<std::byte, kInfo.length> block;
   const BinaryWriter writer(block);
   Record::Walk(writer, record, form);
-  const bool isOld = form == JobForm::Old;
+  const bool isOld = form == JobRecordForm::Old;
   return WriteRecord(std::span(block).first(isOld ? kInfo.oldLength : kInfo.length),
                      isOld ? kInfo.oldKind : static_cast<std::uint32_t>(kInfo.kind));
 }
 
 template <class Record>
 bool CJobFile::WriteEitherForm(const Record& record) {
-  if (m_FileHead.version == kOldJobVersion) return WriteForm(record, JobForm::Old);
-  return m_FileHead.version == kJobVersion && WriteForm(record, JobForm::New);
+  if (m_FileHead.version == kOldJobVersion) return WriteForm(record, JobRecordForm::Old);
+  return m_FileHead.version == kJobVersion && WriteForm(record, JobRecordForm::New);
 }
 
 bool CJobFile::WritePoint(const JOB_POINT& record) {
@@ -410,22 +410,22 @@ bool CJobFile::WriteRecord16(const JOB_RECORD16& record) {
   return WriteEitherForm(record);
 }
 bool CJobFile::WriteRecord4(const JOB_RECORD4& record) {
-  return WriteForm(record, JobForm::New);
+  return WriteForm(record, JobRecordForm::New);
 }
 bool CJobFile::WriteRecord7(const JOB_RECORD7& record) {
-  return WriteForm(record, JobForm::New);
+  return WriteForm(record, JobRecordForm::New);
 }
 bool CJobFile::WriteRecord9(const JOB_RECORD9& record) {
-  return WriteForm(record, JobForm::New);
+  return WriteForm(record, JobRecordForm::New);
 }
 bool CJobFile::WriteRecord10(const JOB_RECORD10& record) {
-  return WriteForm(record, JobForm::New);
+  return WriteForm(record, JobRecordForm::New);
 }
 bool CJobFile::WriteRecord18(const JOB_RECORD18& record) {
-  return WriteForm(record, JobForm::New);
+  return WriteForm(record, JobRecordForm::New);
 }
 bool CJobFile::WriteLayer(const JOB_LAYER& record) {
-  return m_FileHead.version > kOldJobVersion && WriteForm(record, JobForm::New);
+  return m_FileHead.version > kOldJobVersion && WriteForm(record, JobRecordForm::New);
 }
 
 bool CJobFile::WriteGenericRecord(const JOB_GENERIC_RECORD& record) {

@@ -47,13 +47,13 @@ class CJobFile {
   /// version: kOldJobVersion or kJobVersion. The position is at the first record.
   bool Create(const std::wstring& path, std::uint16_t version);
   bool CreateNew(const std::wstring& path) { return Create(path, kJobVersion); }
-  /// Always true; a write that failed shows in GetFile().HasWriteFailed().
+  /// Always true: HasWriteFailed tells of lost data.
   bool Close();
+  bool HasWriteFailed() const { return m_File.HasWriteFailed(); }
   bool IsOpen() const { return m_File.IsOpen(); }
   std::uint16_t GetVersion() const { return m_FileHead.version; }
-  /// For position, length and path, and the state of its writes.
+  /// For its position, length and path.
   CFileCE& GetFile() { return m_File; }
-  const CFileCE& GetFile() const { return m_File; }
 
   /// The settings, from the old header in a version 3 job. False if no file is open.
   bool ReadJobHeader(JOB_HEADER& header);
@@ -163,11 +163,11 @@ class CJobFile {
   bool FindRecord(const JobKindInfo& info, std::uint32_t id, bool bFirstFree);
   bool FindPoint(std::wstring_view name);
   template <class Record>
-  bool ReadFixed(Record& record, JobForm form);
+  bool ReadFixed(Record& record, JobRecordForm form);
   template <class Record>
   bool ReadEitherForm(Record& record);
   template <class Record>
-  bool WriteForm(const Record& record, JobForm form);
+  bool WriteForm(const Record& record, JobRecordForm form);
   template <class Record>
   bool WriteEitherForm(const Record& record);
 

@@ -59,7 +59,7 @@ constexpr JobKindInfo InfoOf(JobKind kind) {
   return {JobKind::Unused, 0};
 }
 
-enum class JobForm { Old, New };
+enum class JobRecordForm { Old, New };
 
 /// Characters of a name or description, and the UTF-16 units of its field with the terminator.
 inline constexpr std::size_t kJobNameLength = 16;
@@ -83,9 +83,9 @@ struct JOB_POINT {
   std::uint32_t attributeLink = 0;  ///< offset of the attribute record in the file, 0: none
 
   template <class Io, class Record>
-  static void Walk(Io& io, Record& point, JobForm form) {
+  static void Walk(Io& io, Record& point, JobRecordForm form) {
     WalkHead(io, point);
-    if (form == JobForm::Old) return;  // ends before the layer
+    if (form == JobRecordForm::Old) return;  // ends before the layer
     io.Field(92, point.layer);
     io.Field(96, point.attributeLink);
   }
@@ -106,11 +106,11 @@ struct JOB_POINT_EX : JOB_POINT {
   std::array<std::byte, 32> further{};  ///< carried as it stands
 
   template <class Io, class Record>
-  static void Walk(Io& io, Record& point, JobForm form) {
+  static void Walk(Io& io, Record& point, JobRecordForm form) {
     WalkHead(io, point);
     io.Field(92, point.layer);
-    io.Bytes(96, std::span(point.further).first(form == JobForm::Old ? 28 : 32));
-    if (form == JobForm::Old) return;
+    io.Bytes(96, std::span(point.further).first(form == JobRecordForm::Old ? 28 : 32));
+    if (form == JobRecordForm::Old) return;
     io.Field(128, point.attributeLink);
   }
 };
@@ -124,7 +124,7 @@ struct JOB_LAYER {
   std::uint16_t reserved = 0;
 
   template <class Io, class Record>
-  static void Walk(Io& io, Record& layer, JobForm) {
+  static void Walk(Io& io, Record& layer, JobRecordForm) {
     io.Field(0, layer.id);
     io.Text(4, layer.name, kJobNameUnits);
     io.Field(38, layer.flags);
@@ -150,7 +150,7 @@ struct JOB_RECORD10 {
   double value4 = 0;
 
   template <class Io, class Record>
-  static void Walk(Io& io, Record& road, JobForm) {
+  static void Walk(Io& io, Record& road, JobRecordForm) {
     io.Text(0, road.name, 9);
     io.Field(18, road.id);
     io.Field(22, road.value1);
@@ -175,7 +175,7 @@ struct JOB_RECORD16 {
   std::array<std::byte, 8> reservedTail{};
 
   template <class Io, class Record>
-  static void Walk(Io& io, Record& element, JobForm form) {
+  static void Walk(Io& io, Record& element, JobRecordForm form) {
     io.Field(0, element.id);
     io.Bytes(4, element.reserved);
     io.Field(38, element.value1);
@@ -183,7 +183,7 @@ struct JOB_RECORD16 {
     io.Field(80, element.value2);
     io.Field(88, element.value3);
     io.Field(96, element.value4);
-    if (form == JobForm::New) io.Bytes(104, element.reservedTail);
+    if (form == JobRecordForm::New) io.Bytes(104, element.reservedTail);
   }
 };
 
@@ -196,9 +196,9 @@ struct JobIdRecord {
   std::array<std::byte, kInfo.length - 4> body{};
 
   template <class Io, class Record>
-  static void Walk(Io& io, Record& record, JobForm form) {
+  static void Walk(Io& io, Record& record, JobRecordForm form) {
     io.Field(0, record.id);
-    const auto length = form == JobForm::Old ? kInfo.oldLength : kInfo.length;
+    const auto length = form == JobRecordForm::Old ? kInfo.oldLength : kInfo.length;
     io.Bytes(4, std::span(record.body).first(length - 4));
   }
 };
@@ -214,7 +214,7 @@ struct JobOpaqueRecord {
   std::array<std::byte, kInfo.length> body{};
 
   template <class Io, class Record>
-  static void Walk(Io& io, Record& record, JobForm) {
+  static void Walk(Io& io, Record& record, JobRecordForm) {
     io.Bytes(0, record.body);
   }
 };

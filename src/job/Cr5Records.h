@@ -1,0 +1,55 @@
+// The header and the record of a CR5 file, a list of numbered coordinates. Each layout is stated
+// once, as a walk over its fields; docs/formats/cr5.md tells the whole file.
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+namespace zelconvert {
+
+struct CR5_HEADER {
+  static constexpr std::size_t kLength = 38;
+  static constexpr std::string_view kSignature = "CONVTDLL";
+  /// `firstPoint` of a plain file.
+  static constexpr std::int32_t kNotSequential = -1;
+
+  std::int32_t maxPoint = 1;                 ///< highest number
+  std::int32_t firstPoint = kNotSequential;  ///< in a sequential file: its first number
+
+  /// The bytes ahead of the numbers are the signature and zeros; no reader looks at them.
+  template <class Io, class Header>
+  static void Walk(Io& io, Header& header) {
+    io.Field(30, header.maxPoint);
+    io.Field(34, header.firstPoint);
+  }
+};
+
+/// Coordinates are in the distance unit of the job they came from; the file doesn't say which. The
+/// initial values are those of an unused slot in a sequential file.
+struct CoordinateRecord {
+  static constexpr std::size_t kLength = 45;
+  static constexpr std::int32_t kUnused = -1;
+  static constexpr std::size_t kDescriptionLength = 16;
+
+  std::int32_t number = kUnused;
+  double east = 5000.0;
+  double north = 5000.0;
+  double elevation = 1000.0;
+  std::array<std::byte, kDescriptionLength> description{};  ///< 8-bit text, zeros behind it
+
+  /// A zero byte stands behind the description.
+  template <class Io, class Record>
+  static void Walk(Io& io, Record& record) {
+    io.Field(0, record.number);
+    io.Field(4, record.east);
+    io.Field(12, record.north);
+    io.Field(20, record.elevation);
+    io.Bytes(28, record.description);
+  }
+};
+
+}  // namespace zelconvert
