@@ -91,7 +91,7 @@ std::vector<RecordPointer> Sort(const std::vector<CoordinateRecord>& records) {
   }
   if (std::adjacent_find(sorted.begin(), sorted.end(), IsEqual) == sorted.end()) return sorted;
   sorted = PointersTo(records);
-  CQuickSort().Sort(sorted.data(), sorted.size(), sizeof(RecordPointer), CompareNumbers);
+  CQuickSort::Sort(sorted.data(), sorted.size(), sizeof(RecordPointer), CompareNumbers);
   return sorted;
 }
 
