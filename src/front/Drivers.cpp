@@ -8,6 +8,7 @@
 #include "front/DriverRun.h"
 #include "io/CFileCE.h"
 #include "io/Paths.h"
+#include "job/CConvCR5File.h"
 #include "job/CJobFile.h"
 #include "platform/Platform.h"
 
@@ -56,6 +57,24 @@ bool RefusePair(StringList& messages) {
   return false;
 }
 
+bool IsCr5(int type) {
+  return type == FT_CR5 || type == FT_SEQ_CR5;
+}
+
+bool ReadCr5(CFileCE& file, CJobFile& job, int units, StringList& messages, StringList& files) {
+  CConvCR5File conversion(&file, &job, false);
+  conversion.SetDirection(true);
+  conversion.SetUnits(units);
+  return conversion.ConvertToNative(messages, files);
+}
+
+bool WriteCr5(CFileCE& file, CJobFile& job, bool sequential, StringList& messages,
+              StringList& files) {
+  CConvCR5File conversion(&file, &job, sequential);
+  conversion.SetDirection(false);
+  return conversion.ConvertFromNative(messages, files);
+}
+
 }  // namespace
 
 bool ConvertToJob(int inputType, const std::wstring& input, const std::wstring& output,
@@ -78,7 +97,7 @@ bool ConvertToJob(int inputType, const std::wstring& input, const std::wstring& 
       .createOutput = [&] { return job.Create(jobPath, form->version); },
       .convert =
           [&] {
-            (void)units;
+            if (IsCr5(inputType)) return ReadCr5(file, job, units, messages, files);
             // Unlike elsewhere the job that was made is kept: empty, and a success.
             RefusePair(messages);
             return true;
@@ -106,7 +125,13 @@ bool ConvertFromJob(int outputType, const std::wstring& input, const std::wstrin
             return dialect != nullptr ? dcFile.Open(output, kCreateOutput)
                                       : file.Open(output, kCreateOutput);
           },
-      .convert = [&] { return RefusePair(messages); },
+      .convert =
+          [&] {
+            if (IsCr5(outputType)) {
+              return WriteCr5(file, job, outputType == FT_SEQ_CR5, messages, files);
+            }
+            return RefusePair(messages);
+          },
       .closing = {Closer(job.GetFile()), Closer(file), Closer(dcFile)},
   });
 }

@@ -195,7 +195,7 @@ bool CConvCR5File::ForEachPoint(CConvertProgress& progress, int pass, Handler ha
     if (!m_pFile2->ReadPoint(point) || !m_pFile2->ReadPointEx(point)) return false;
     if (!handle(point)) return false;
   }
-  return true;
+  return !m_pFile2->GetFile().HasReadFailed();
 }
 
 bool CConvCR5File::CountPoints(CConvertProgress& progress, Totals& totals) {
