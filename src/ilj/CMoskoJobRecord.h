@@ -1,0 +1,295 @@
+// The records of an ILJ file: a line of a tag and its fields, all separated by tabs, one class for
+// each of the 27 tags.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <iterator>
+#include <string>
+#include <string_view>
+#include <tuple>
+#include <utility>
+
+#include "ilj/CMoskoJobRecordField.h"
+#include "ilj/TagMap.h"
+
+namespace zelconvert {
+
+// Number, tag, class (CMoskoJobRecord...) and fields of every record, in the order in which they
+// are written; a record without one of those marked "!" isn't valid. Rules beyond that are the
+// ObeysRule functions.
+// clang-format off
+#define ILJ_RECORDS(RECORD)                                                                        \
+  RECORD( 1, JOBMO, JobMode,                    "DATE! TIME! UNDI! UNAN! DESC!")                   \
+  RECORD( 2, JOBFI, JobSupportFile,             "DATE! TIME! FILE! FITY! NUMI NUMB")               \
+  RECORD( 3, UNOTE, UserNote,                   "DATE! TIME! NOTE!")                               \
+  RECORD( 4, SNOTE, SystemNote,                 "DATE! TIME! NOTE!")                               \
+  RECORD( 5, POINT, Point,                      "DATE! TIME! DERV! PTNM! DESC NRTH EAST ELEV "     \
+                                                "LATI LONG HGHT CDTY CDOR CDCL")                   \
+  RECORD( 6, SUSTR, SurveyStart,                "DATE! TIME! DERV! EQTY! EQSN! LODT LOEC! "        \
+                                                "LOIN! FILE! DAST TIST DAEN TIEN")                 \
+  RECORD( 7, SUSEN, SurveySetTimeEnd,           "DATE! TIME! DERV! EQSN! FILE! DAEN TIEN")         \
+  RECORD( 8, SUSTN, SurveyStation,              "DATE! TIME! DERV! EQSN! FILE! PTNM! DESC")        \
+  RECORD( 9, SUMCT, SurveyMotionControl,        "DATE! TIME! DERV! EQSN! FILE! LOMC!")             \
+  RECORD(10, SUKDI, SurveyKdi,                  "DATE! TIME! DERV! EQSN! FILE! FIL2 PTNM! "        \
+                                                "HDST! VDST! ROTZ")                                \
+  RECORD(11, SUEND, SurveyEnd,                  "DATE! TIME! DERV! EQSN! FILE!")                   \
+  RECORD(12, ANTEN, Antenna,                    "DATE! TIME! DERV! EQSN! FILE! ANTY! EQTY! "       \
+                                                "ANSN ANMK! DESC! HTIN! HDST VDST!")               \
+  RECORD(13, SUGQC, SurveyGpsQC,                "DATE! TIME! DERV! EQSN! FILE! PTNM! NUMI "        \
+                                                "NUMB! PDOP! HDOP! VDOP! NUMR! EPCT! HDST! "       \
+                                                "VDST! GPWS! GPSS! GPWE! GPSE! IMON!")             \
+  RECORD(14, OSTGD, OffsetGroundObservation,    "DATE! TIME! DERV! OCPT! PTNM! DESC SDST! "        \
+                                                "ANGV! ANGA CDOR! CDCL!")                          \
+  RECORD(15, OSTGV, OffsetGroundVector,         "DATE! TIME! DERV! OCPT! PTNM! DESC ANGA HDST! "   \
+                                                "VDST! CDOR! CDCL!")                               \
+  RECORD(16, OSTOC, OffsetOccupyPoint,          "DATE! TIME! DERV! OCPT!")                         \
+  RECORD(17, OSTHI, OffsetHeightInstrument,     "DATE! TIME! DERV! HTIN!")                         \
+  RECORD(18, OSTLA, OffsetLaserObservation,     "DATE! TIME! DERV! PTNM! DESC SDST! ANGV! ANGA "   \
+                                                "ANGD CDOR! CDCL!")                                \
+  RECORD(19, OSTHR, OffsetHeightTarget,         "DATE! TIME! DERV! HTTG!")                         \
+  RECORD(20, PRJCS, ProjectionSystemName,       "DATE! TIME! PJCO! PJZG! PJRE! PJDN!")             \
+  RECORD(21, PRJDT, ProjectionDatum,            "DATE! TIME! PJDT! PJDN HDST NUMR ROTX ROTY "      \
+                                                "ROTZ TRAX TRAY TRAZ SCPP")                        \
+  RECORD(22, PRJEL, ProjectionEllipsoid,        "DATE! TIME! PJRE! HDST! NUMR!")                   \
+  RECORD(23, PRJHA, ProjectionHorizontalAdjust, "DATE! TIME! NRTH EAST TRAY TRAX ROTZ SCAL")       \
+  RECORD(24, PRJVA, ProjectionVerticalAdjust,   "DATE! TIME! PJVA! NRTH EAST TRAZ TINO TIEA "      \
+                                                "PJRE")                                            \
+  RECORD(25, PRJMP, ProjectionMappingPlane,     "DATE! TIME! MPTY! LATI! LONG! HGHT NRTH! "        \
+                                                "EAST! ELEV SCAL LAT1 LAT2 PJCT PJAF NUMB PJAE "   \
+                                                "FIL1 FIL2")                                       \
+  RECORD(26, PRJST, ProjectionLocalSite,        "DATE! TIME! LATI LONG HGHT SCAL! TRAY! TRAX!")    \
+  RECORD(27, PRJCG, ProjectionCogoSettings,     "DATE TIME PJAZ! PJGO!")
+// clang-format on
+
+enum class RecordType : std::int32_t {
+  None = 0,
+#define ILJ_RECORD_NUMBER(number, tag, name, fields) tag = number,
+  ILJ_RECORDS(ILJ_RECORD_NUMBER)
+#undef ILJ_RECORD_NUMBER
+};
+
+/// Tags by record number.
+inline constexpr std::wstring_view kRecordTags[] = {L"",
+#define ILJ_RECORD_TAG(number, tag, name, fields) L## #tag,
+                                                    ILJ_RECORDS(ILJ_RECORD_TAG)
+#undef ILJ_RECORD_TAG
+};
+
+/// From a record's tag to its number: 0 for an unknown tag.
+class CMoskoJobRecordMap : public TagMap {
+ public:
+  constexpr CMoskoJobRecordMap() : TagMap(kRecordTags) {}
+};
+inline constexpr CMoskoJobRecordMap kRecordMap;
+
+// Values of fields that decide what else a record holds.
+
+/// CDTY: which coordinates a point has.
+inline constexpr std::int32_t kGpsCoordinates = 1;
+inline constexpr std::int32_t kLocalCoordinates = 4;
+inline constexpr std::int32_t kGridCoordinates = 9;
+/// PJDT: what a datum is made of. 514 and 517 need nothing.
+inline constexpr std::int32_t kDatumShifts = 513;
+inline constexpr std::int32_t kDatumSevenParameters = 515;
+inline constexpr std::int32_t kDatumGridFile = 516;
+/// PJVA: what a vertical adjustment is made of.
+inline constexpr std::int32_t kVerticalPlane = 1;
+inline constexpr std::int32_t kVerticalGeoid = 2;
+inline constexpr std::int32_t kVerticalPlaneAndGeoid = 3;
+inline constexpr std::int32_t kVerticalNone = 4;
+
+namespace record {
+
+struct FieldUse {
+  FieldType type = FieldType::None;
+  bool required = false;
+};
+
+/// The fields of a record, out of their text in the table above.
+struct FieldOrder {
+  static constexpr std::size_t kMaxFields = 20;
+  std::array<FieldUse, kMaxFields> uses = {};
+  std::size_t count = 0;
+
+  constexpr explicit FieldOrder(std::string_view text) {
+    while (!text.empty()) {
+      wchar_t tag[kFieldTagLength] = {};
+      for (std::size_t i = 0; i < kFieldTagLength; ++i) tag[i] = static_cast<wchar_t>(text[i]);
+      text.remove_prefix(kFieldTagLength);
+      FieldUse& use = uses[count++];
+      use.type = static_cast<FieldType>(kFieldMap.GetType({tag, kFieldTagLength}));
+      use.required = !text.empty() && text.front() == '!';
+      if (use.required) text.remove_prefix(1);
+      if (!text.empty()) text.remove_prefix(1);
+    }
+  }
+};
+
+inline constexpr FieldOrder kFieldOrders[] = {FieldOrder(""),
+#define ILJ_RECORD_FIELDS(number, tag, name, fields) FieldOrder(fields),
+                                              ILJ_RECORDS(ILJ_RECORD_FIELDS)
+#undef ILJ_RECORD_FIELDS
+};
+
+constexpr const FieldOrder& OrderOf(RecordType type) {
+  return kFieldOrders[static_cast<std::size_t>(type)];
+}
+
+/// By field number: where the field stands in the record, or -1.
+using FieldIndices = std::array<std::int8_t, std::size(kFieldTags)>;
+constexpr FieldIndices IndicesOf(const FieldOrder& order) {
+  FieldIndices indices = {};
+  for (std::int8_t& index : indices) index = -1;
+  for (std::size_t i = 0; i < order.count; ++i) {
+    indices[static_cast<std::size_t>(order.uses[i].type)] = static_cast<std::int8_t>(i);
+  }
+  return indices;
+}
+
+}  // namespace record
+
+/// One record. Its fields are its own and live as long as it does.
+class CMoskoJobRecord {
+ public:
+  virtual ~CMoskoJobRecord() = default;
+
+  /// Stores one "TAG:value"; false, with nothing changed, if the tag is none of the record's.
+  /// Throws ConversionFailure as the field's SetText does.
+  bool ParseField(std::wstring_view text);
+  /// True if the record may be written, or carried over.
+  virtual bool IsValid() const = 0;
+  /// The field at that place of the record's order; null past the last.
+  virtual CMoskoJobRecordField* GetField(int index) = 0;
+  const CMoskoJobRecordField* GetField(int index) const {
+    return const_cast<CMoskoJobRecord*>(this)->GetField(index);
+  }
+
+  void ClearFields();
+  /// Appends the record's line: its tag and a tab, then the valid fields. A tab stands behind each
+  /// of them but the last of the order, so that a line whose last field isn't valid ends in a tab.
+  void AppendText(std::wstring& line) const;
+  std::wstring ToText() const;
+  /// Reads what follows the first tab of a line. Unknown tags are passed over, and the last of two
+  /// like fields counts. The result is IsValid.
+  bool ParseText(std::wstring_view text);
+
+  RecordType GetRecordType() const { return m_recordType; }
+  /// Seconds by the local calendar (see CivilTime.h); 0 unless date and time are both valid.
+  void SetDateTime(std::int64_t moment);
+  std::int64_t GetDateTime() const;
+
+ protected:
+  CMoskoJobRecord(RecordType type, const record::FieldIndices& indices)
+      : m_recordType(type), m_pIndices(&indices) {}
+  CMoskoJobRecord(const CMoskoJobRecord&) = default;
+  CMoskoJobRecord& operator=(const CMoskoJobRecord&) = default;
+
+  CMoskoJobRecordFieldDate m_date;
+  CMoskoJobRecordFieldTime m_time;
+
+ private:
+  RecordType m_recordType;
+  const record::FieldIndices* m_pIndices;
+};
+
+/// The record of one tag, with the fields that ILJ_RECORDS gives it.
+template <RecordType Type>
+class IljRecord final : public CMoskoJobRecord {
+ public:
+  IljRecord() : CMoskoJobRecord(Type, kIndices) {}
+
+  bool IsValid() const override { return HasRequired(kAllFields) && ObeysRule(); }
+  using CMoskoJobRecord::GetField;
+  CMoskoJobRecordField* GetField(int index) override {
+    return index >= 0 && static_cast<std::size_t>(index) < kOrder.count
+               ? kAccess[static_cast<std::size_t>(index)](*this)
+               : nullptr;
+  }
+
+  /// A field by its tag, with its own class.
+  template <FieldType Field>
+  FieldOf<Field>& Get() {
+    if constexpr (Field == FieldType::DATE) {
+      return m_date;
+    } else if constexpr (Field == FieldType::TIME) {
+      return m_time;
+    } else {
+      return std::get<kIndices[static_cast<std::size_t>(Field)] - kOwnFields>(m_fields);
+    }
+  }
+  template <FieldType Field>
+  const FieldOf<Field>& Get() const {
+    return const_cast<IljRecord*>(this)->template Get<Field>();
+  }
+  template <FieldType Field>
+  decltype(auto) Value() const {
+    return Get<Field>().GetValue();
+  }
+  template <FieldType Field, class Value>
+  void Set(const Value& value) {
+    Get<Field>().SetValue(value);
+  }
+  template <FieldType... Fields>
+  bool HasValid() const {
+    return (Get<Fields>().IsValid() && ...);
+  }
+  template <FieldType... Fields>
+  bool HasAnyValid() const {
+    return (Get<Fields>().IsValid() || ...);
+  }
+
+ private:
+  static constexpr record::FieldOrder kOrder = record::OrderOf(Type);
+  static constexpr record::FieldIndices kIndices = record::IndicesOf(kOrder);
+  static constexpr auto kAllFields = std::make_index_sequence<kOrder.count>();
+  // Every record starts with date and time, which the base holds.
+  static constexpr std::size_t kOwnFields = 2;
+  static_assert(kOrder.uses[0].type == FieldType::DATE && kOrder.uses[1].type == FieldType::TIME);
+
+  template <std::size_t... Index>
+  static auto MakeFields(std::index_sequence<Index...>)
+      -> std::tuple<FieldOf<kOrder.uses[Index + kOwnFields].type>...>;
+  using Fields = decltype(MakeFields(std::make_index_sequence<kOrder.count - kOwnFields>()));
+
+  using Accessor = CMoskoJobRecordField* (*)(IljRecord&);
+  template <std::size_t... Index>
+  static constexpr std::array<Accessor, kOrder.count> MakeAccess(std::index_sequence<Index...>) {
+    return {[](IljRecord& record) -> CMoskoJobRecordField* {
+      return &record.template Get<kOrder.uses[Index].type>();
+    }...};
+  }
+  static const std::array<Accessor, kOrder.count> kAccess;
+
+  template <std::size_t... Index>
+  bool HasRequired(std::index_sequence<Index...>) const {
+    return ((!kOrder.uses[Index].required || Get<kOrder.uses[Index].type>().IsValid()) && ...);
+  }
+  /// What a valid record must keep beyond its required fields.
+  bool ObeysRule() const { return true; }
+
+  Fields m_fields;
+};
+
+template <RecordType Type>
+const std::array<typename IljRecord<Type>::Accessor, IljRecord<Type>::kOrder.count>
+    IljRecord<Type>::kAccess = IljRecord<Type>::MakeAccess(IljRecord<Type>::kAllFields);
+
+template <>
+bool IljRecord<RecordType::JOBFI>::ObeysRule() const;
+template <>
+bool IljRecord<RecordType::POINT>::ObeysRule() const;
+template <>
+bool IljRecord<RecordType::PRJDT>::ObeysRule() const;
+template <>
+bool IljRecord<RecordType::PRJVA>::ObeysRule() const;
+template <>
+bool IljRecord<RecordType::PRJMP>::ObeysRule() const;
+
+#define ILJ_RECORD_CLASS(number, tag, name, fields) \
+  using CMoskoJobRecord##name = IljRecord<RecordType::tag>;
+ILJ_RECORDS(ILJ_RECORD_CLASS)
+#undef ILJ_RECORD_CLASS
+
+}  // namespace zelconvert

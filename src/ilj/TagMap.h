@@ -1,0 +1,59 @@
+// From the short tags of an ILJ file to their numbers.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+namespace zelconvert {
+
+/// A fixed hash of tags of one to eight ASCII characters. Exact: case and blanks count.
+class TagMap {
+ public:
+  /// The number of a tag is its index in `tags`, where index 0 is the empty tag.
+  constexpr explicit TagMap(std::span<const std::wstring_view> tags) {
+    for (std::size_t i = 1; i < tags.size(); ++i) {
+      const std::uint64_t key = Pack(tags[i]);
+      std::size_t slot = Slot(key);
+      while (m_slots[slot].key != 0) slot = (slot + 1) % kSlots;
+      m_slots[slot] = {key, static_cast<std::int32_t>(i)};
+    }
+  }
+
+  /// The number of the tag; 0 if there is no such tag, or for no text at all.
+  constexpr std::int32_t GetType(std::wstring_view tag) const {
+    const std::uint64_t key = Pack(tag);
+    for (std::size_t slot = Slot(key); m_slots[slot].key != 0; slot = (slot + 1) % kSlots) {
+      if (m_slots[slot].key == key) return m_slots[slot].number;
+    }
+    return 0;
+  }
+
+ private:
+  struct Entry {
+    std::uint64_t key = 0;
+    std::int32_t number = 0;
+  };
+  static constexpr std::size_t kSlotBits = 8;
+  static constexpr std::size_t kSlots = 1u << kSlotBits;
+
+  // 0 for what can't be a tag.
+  static constexpr std::uint64_t Pack(std::wstring_view tag) {
+    if (tag.size() > 8) return 0;
+    std::uint64_t key = 0;
+    for (const wchar_t c : tag) {
+      if (c < L'!' || c > L'~') return 0;
+      key = key << 8 | static_cast<std::uint64_t>(c);
+    }
+    return key;
+  }
+  static constexpr std::size_t Slot(std::uint64_t key) {
+    return static_cast<std::size_t>(key * 0x9E3779B97F4A7C15u >> (64 - kSlotBits));
+  }
+
+  std::array<Entry, kSlots> m_slots = {};
+};
+
+}  // namespace zelconvert
