@@ -291,8 +291,8 @@ struct tDC_NAMERecord : DcRecord<"93KI"> {
 
 // Coordinate system
 
-/// 64
-struct tDC_PROJECTIONRecord : DcRecord<"64KI"> {
+/// What both forms of a projection begin with.
+struct tDC_PROJECTION_FIELDS {
   wchar_t projectionCode = L'>';  ///< see ProjectionCodes.h
   double originLatitude = 0;
   double originLongitude = 0;
@@ -305,18 +305,11 @@ struct tDC_PROJECTIONRecord : DcRecord<"64KI"> {
   double parallel2 = 0;
 };
 
+/// 64
+struct tDC_PROJECTIONRecord : DcRecord<"64KI">, tDC_PROJECTION_FIELDS {};
+
 /// D0, which stands in place of 64 for projections with grids and areas.
-struct tDC_PROJECTION_EXTRecord : DcRecord<"D0KI"> {
-  wchar_t projectionCode = L'>';
-  double originLatitude = 0;
-  double originLongitude = 0;
-  double originNorthing = 0;
-  double falseNorthing = 0;
-  double falseEasting = 0;
-  double originEasting = 0;
-  double scale = 0;
-  double parallel1 = 0;
-  double parallel2 = 0;
+struct tDC_PROJECTION_EXTRecord : DcRecord<"D0KI">, tDC_PROJECTION_FIELDS {
   wchar_t flagA = L'1';    ///< the job's 0 is '1', its 1 is '2'
   wchar_t flagB = L'1';    ///< the job's 1 is '1', its 0 is '2'
   std::int32_t flagC = 1;  ///< the job's 0 is 1, its 1 is 2
@@ -492,7 +485,8 @@ struct tDC_CATCH_POINTRecord : DcRecord<"D3KI"> {
   double value2 = 0;
   double value3 = 0;
   double horizontal = 0;
-  double vertical = 0;  ///< the slope distance, written behind it, follows from these two
+  double vertical = 0;
+  double slope = 0;  ///< written as the slope distance of the two in front of it
 };
 
 /// E4

@@ -1,0 +1,51 @@
+#include "dc/DcDialect.h"
+
+#include <cstddef>
+#include <iterator>
+
+namespace zelconvert {
+
+namespace {
+
+constexpr std::wstring_view kVersions[] = {L"FX V07-50", L"FX V07-70", L"FX V10-70", L"FX V10-70"};
+constexpr int kFirstV10 = 2;
+
+}  // namespace
+
+std::wstring_view DcVersionText(int version) {
+  if (version < 0 || version >= static_cast<int>(std::size(kVersions))) return {};
+  return kVersions[version];
+}
+
+bool WriteCogoSettings(CDcFile& file, int version, const tDC_COGORecord& settings) {
+  if (version >= kFirstV10) return file.WriteCogo(settings);
+  tDC_COGO_OLDRecord old;
+  old.azimuthOrigin = settings.azimuthOrigin;
+  old.gridOrientation = settings.gridOrientation;
+  return file.WriteCogoOld(old);
+}
+
+bool WriteNoCoordinateSystem(CDcFile& file, double scale) {
+  tDC_ELLIPSOIDRecord ellipsoid;
+  ellipsoid.semiMajorAxis = DC_NULL;
+  ellipsoid.inverseFlattening = DC_NULL;
+
+  tDC_PROJECTIONRecord projection;
+  for (double tDC_PROJECTIONRecord::*member :
+       {&tDC_PROJECTIONRecord::originLatitude, &tDC_PROJECTIONRecord::originLongitude,
+        &tDC_PROJECTIONRecord::originNorthing, &tDC_PROJECTIONRecord::falseNorthing,
+        &tDC_PROJECTIONRecord::falseEasting, &tDC_PROJECTIONRecord::originEasting,
+        &tDC_PROJECTIONRecord::parallel1, &tDC_PROJECTIONRecord::parallel2}) {
+    projection.*member = DC_NULL;
+  }
+  projection.scale = scale;
+
+  tDC_COORDINATE_SYSTEMRecord names;
+  names.systemKind = 2;
+  names.zoneGroupName = names.zoneName = names.datumName = L" ";
+
+  return file.WriteEllipsoid(ellipsoid) && file.WriteProjection(projection) &&
+         file.WriteCoordinateSystem(names);
+}
+
+}  // namespace zelconvert

@@ -1,0 +1,21 @@
+// A job's coordinate system as the records of a DC file.
+#pragma once
+
+#include "dc/CDcFile.h"
+#include "geodetic/CGlkProjectionRecord.h"
+
+namespace zelconvert {
+
+/// Writes D8, 65, D5, 64 or D0, 49 or 74, 50, 81 and C8, in the order in which a DC file must hold
+/// them. `distanceUnit` and `angleUnit` are the words of the job's settings. False, with the
+/// records in front of it written, for a system that has no record: a polar stereographic
+/// projection whose origin is at neither pole, or an unknown kind of datum.
+bool WriteCoordinateSystem(const CGlkProjectionRecord& system, int distanceUnit, int angleUnit,
+                           CDcFile& file);
+
+/// The scale field of record 49, parts per million: (s - 1) * 1e6 for a ratio above 0, else 0.
+constexpr double ScaleToPpm(double scale) {
+  return scale > 0 ? (scale - 1) * 1000000 : 0;
+}
+
+}  // namespace zelconvert
