@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <iterator>
 
+#include "dc/CConvDcFile.h"
+#include "dc/CDcFile.h"
 #include "front/CFileTypeManager.h"
 #include "front/DriverRun.h"
 #include "io/CFileCE.h"
@@ -75,6 +77,12 @@ bool WriteCr5(CFileCE& file, CJobFile& job, bool sequential, StringList& message
   return conversion.ConvertFromNative(messages, files);
 }
 
+bool WriteDc(CDcFile& file, CJobFile& job, int dialect, StringList& messages, StringList& files) {
+  CConvDcFile conversion(&file, &job, dialect);
+  conversion.SetDirection(false);
+  return conversion.ConvertFromNative(messages, files);
+}
+
 }  // namespace
 
 bool ConvertToJob(int inputType, const std::wstring& input, const std::wstring& output,
@@ -112,7 +120,7 @@ bool ConvertFromJob(int outputType, const std::wstring& input, const std::wstrin
 
   CJobFile job(HasExtension(input, L".job"));
   CFileCE file;
-  CFileCE dcFile;
+  CDcFile dcFile;
   return Execute({
       .input = input,
       .output = output,
@@ -122,13 +130,16 @@ bool ConvertFromJob(int outputType, const std::wstring& input, const std::wstrin
       .openInput = [&] { return job.Open(input, false); },
       .createOutput =
           [&] {
-            return dialect != nullptr ? dcFile.Open(output, kCreateOutput)
+            return dialect != nullptr ? dcFile.OpenForWrite(output)
                                       : file.Open(output, kCreateOutput);
           },
       .convert =
           [&] {
             if (IsCr5(outputType)) {
               return WriteCr5(file, job, outputType == FT_SEQ_CR5, messages, files);
+            }
+            if (dialect != nullptr) {
+              return WriteDc(dcFile, job, dialect->fromJob, messages, files);
             }
             return RefusePair(messages);
           },
