@@ -234,7 +234,7 @@ std::uint32_t CJxlFile::AddCoordinateSystemRecord() {
   return id;
 }
 
-CXmlElement CJxlFile::AddPointRecord(std::wstring_view name, std::wstring_view code,
+CXmlElement CJxlFile::AddPointRecord(const XmlText& name, const XmlText& code,
                                      const PointForm& form, std::uint32_t& id) {
   CXmlElement record = AddRecord("PointRecord", id);
   const CXmlElement nameElement = record.AddChild("Name", name);
@@ -286,7 +286,7 @@ void CJxlFile::AddSetup(CXmlElement record, const JxlSetup& setup) {
   AddFixed(record, kAtmosphere);
 }
 
-std::uint32_t CJxlFile::AddDirectReading(std::wstring_view name, std::wstring_view code,
+std::uint32_t CJxlFile::AddDirectReading(const XmlText& name, const XmlText& code,
                                          const JxlReadings& readings, const JxlSetup& setup,
                                          const JxlPosition& grid) {
   if (!m_fieldBook) return 0;
@@ -300,7 +300,7 @@ std::uint32_t CJxlFile::AddDirectReading(std::wstring_view name, std::wstring_vi
   return id;
 }
 
-std::uint32_t CJxlFile::AddCoordinates(std::wstring_view name, std::wstring_view code,
+std::uint32_t CJxlFile::AddCoordinates(const XmlText& name, const XmlText& code,
                                        const JxlPosition& grid) {
   if (!m_fieldBook) return 0;
   std::uint32_t id = 0;
@@ -308,7 +308,7 @@ std::uint32_t CJxlFile::AddCoordinates(std::wstring_view name, std::wstring_view
   return id;
 }
 
-std::uint32_t CJxlFile::AddAzimuthOnly(std::wstring_view name, std::wstring_view sourcePoint,
+std::uint32_t CJxlFile::AddAzimuthOnly(const XmlText& name, const XmlText& sourcePoint,
                                        double azimuth) {
   if (!m_fieldBook) return 0;
   std::uint32_t id = 0;
@@ -319,7 +319,7 @@ std::uint32_t CJxlFile::AddAzimuthOnly(std::wstring_view name, std::wstring_view
   return id;
 }
 
-std::uint32_t CJxlFile::AddAngleOnly(std::wstring_view name, double horizontalCircle,
+std::uint32_t CJxlFile::AddAngleOnly(const XmlText& name, double horizontalCircle,
                                      const JxlSetup& setup, const JxlPosition& grid) {
   if (!m_fieldBook) return 0;
   std::uint32_t id = 0;
@@ -331,7 +331,7 @@ std::uint32_t CJxlFile::AddAngleOnly(std::wstring_view name, double horizontalCi
   return id;
 }
 
-std::uint32_t CJxlFile::AddStationRecord(std::wstring_view name, double instrumentHeight) {
+std::uint32_t CJxlFile::AddStationRecord(const XmlText& name, double instrumentHeight) {
   if (!m_fieldBook) return 0;
   std::uint32_t id = 0;
   CXmlElement record = AddRecord("StationRecord", id);
@@ -341,8 +341,8 @@ std::uint32_t CJxlFile::AddStationRecord(std::wstring_view name, double instrume
   return id;
 }
 
-std::uint32_t CJxlFile::AddBackBearingRecord(std::uint32_t stationRecord, std::wstring_view station,
-                                             std::wstring_view backsight, double circle,
+std::uint32_t CJxlFile::AddBackBearingRecord(std::uint32_t stationRecord, const XmlText& station,
+                                             const XmlText& backsight, double circle,
                                              double orientationCorrection) {
   if (!m_fieldBook) return 0;
   std::uint32_t id = 0;
@@ -416,7 +416,7 @@ std::uint32_t CJxlFile::AddCameraRecord(const JxlCamera& camera) {
   return id;
 }
 
-std::uint32_t CJxlFile::AddNoteRecord(std::wstring_view notes) {
+std::uint32_t CJxlFile::AddNoteRecord(const XmlText& notes) {
   if (!m_fieldBook) return 0;
   std::uint32_t id = 0;
   AddRecord("NoteRecord", id).AddChild("Notes", notes);
@@ -437,7 +437,7 @@ std::uint32_t CJxlFile::AddScanningRecord(const JxlScan& scan) {
   return id;
 }
 
-std::uint32_t CJxlFile::AddPoint(std::wstring_view name, std::wstring_view code,
+std::uint32_t CJxlFile::AddPoint(const XmlText& name, const XmlText& code,
                                  const JxlPosition& grid) {
   if (!m_reductions) return 0;
   const std::uint32_t id = NextId();

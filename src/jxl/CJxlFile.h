@@ -93,25 +93,23 @@ class CJxlFile : public CFileCE {
   std::uint32_t AddUnitsRecord(const JxlUnits& units);
   std::uint32_t AddCorrectionsRecord();
   std::uint32_t AddCoordinateSystemRecord();
-  std::uint32_t AddDirectReading(std::wstring_view name, std::wstring_view code,
+  std::uint32_t AddDirectReading(const XmlText& name, const XmlText& code,
                                  const JxlReadings& readings, const JxlSetup& setup,
                                  const JxlPosition& grid);
-  std::uint32_t AddCoordinates(std::wstring_view name, std::wstring_view code,
-                               const JxlPosition& grid);
-  std::uint32_t AddAzimuthOnly(std::wstring_view name, std::wstring_view sourcePoint,
-                               double azimuth);
-  std::uint32_t AddAngleOnly(std::wstring_view name, double horizontalCircle, const JxlSetup& setup,
+  std::uint32_t AddCoordinates(const XmlText& name, const XmlText& code, const JxlPosition& grid);
+  std::uint32_t AddAzimuthOnly(const XmlText& name, const XmlText& sourcePoint, double azimuth);
+  std::uint32_t AddAngleOnly(const XmlText& name, double horizontalCircle, const JxlSetup& setup,
                              const JxlPosition& grid);
-  std::uint32_t AddStationRecord(std::wstring_view name, double instrumentHeight);
-  std::uint32_t AddBackBearingRecord(std::uint32_t stationRecord, std::wstring_view station,
-                                     std::wstring_view backsight, double circle,
+  std::uint32_t AddStationRecord(const XmlText& name, double instrumentHeight);
+  std::uint32_t AddBackBearingRecord(std::uint32_t stationRecord, const XmlText& station,
+                                     const XmlText& backsight, double circle,
                                      double orientationCorrection);
   std::uint32_t AddTargetRecord(double targetHeight);
   std::uint32_t AddImageRecord(const JxlImage& image);
   std::uint32_t AddCameraRecord(const JxlCamera& camera);
-  std::uint32_t AddNoteRecord(std::wstring_view notes);
+  std::uint32_t AddNoteRecord(const XmlText& notes);
   std::uint32_t AddScanningRecord(const JxlScan& scan);
-  std::uint32_t AddPoint(std::wstring_view name, std::wstring_view code, const JxlPosition& grid);
+  std::uint32_t AddPoint(const XmlText& name, const XmlText& code, const JxlPosition& grid);
   std::uint32_t AddDisplaySettings(const JxlUnits& units);
   std::uint32_t AddCoordinateSystem();
 
@@ -127,7 +125,7 @@ class CJxlFile : public CFileCE {
   struct PointForm;
 
   CXmlElement AddRecord(const char* name, std::uint32_t& id);
-  CXmlElement AddPointRecord(std::wstring_view name, std::wstring_view code, const PointForm& form,
+  CXmlElement AddPointRecord(const XmlText& name, const XmlText& code, const PointForm& form,
                              std::uint32_t& id);
   CXmlElement AddCircle(CXmlElement record, const JxlReadings& readings, const char* face);
   void AddSetup(CXmlElement record, const JxlSetup& setup);

@@ -73,8 +73,8 @@ CXmlTree::CXmlTree(const char* rootName) : m_texts(kBlock) {
 
 const char* CXmlTree::Keep(const XmlText& text) {
   if (text.m_literal != nullptr) return text.m_literal;
-  if (text.m_text.empty()) return "";
-  m_utf8.clear();
+  if (text.m_text.empty() && text.m_utf8.empty()) return "";
+  m_utf8 = text.m_utf8;
   AppendUtf8(m_utf8, text.m_text);
   // A zero character would end the text; XML has none either.
   for (char& c : m_utf8) {
@@ -101,18 +101,12 @@ std::uint32_t CXmlTree::Append(std::uint32_t parent, const char* name, bool bNew
 }
 
 void CXmlElement::AddAttribute(const char* name, XmlText value) {
-  const auto index = static_cast<std::uint32_t>(m_tree->m_attributes.size());
-  m_tree->m_attributes.push_back({name, m_tree->Keep(value), CXmlTree::kNoAttribute});
   CXmlTree::Node& node = m_tree->m_nodes[m_index];
-  if (node.m_attributes == CXmlTree::kNoAttribute) {
-    node.m_attributes = index & CXmlTree::kNoAttribute;
-    return;
+  if (node.m_attributeCount == 0) {
+    node.m_firstAttribute = m_tree->m_attributes.size() & 0xFFFFFFFu;
   }
-  std::uint32_t last = node.m_attributes;
-  while (m_tree->m_attributes[last].next != CXmlTree::kNoAttribute) {
-    last = m_tree->m_attributes[last].next;
-  }
-  m_tree->m_attributes[last].next = index;
+  node.m_attributeCount = (node.m_attributeCount + 1) & 7u;
+  m_tree->m_attributes.push_back({name, m_tree->Keep(value)});
 }
 
 CXmlElement CXmlElement::AddChild(const char* name, bool bNewLine) {
@@ -148,9 +142,10 @@ void CXmlTree::AppendTo(std::string& out, std::uint32_t index, int depth, CFileC
 
   if (node.m_bNewLine) out += "\r\n";
   out.append(indent, ' ').append("<").append(node.m_name);
-  for (std::uint32_t a = node.m_attributes; a != kNoAttribute; a = m_attributes[a].next) {
-    out.append(" ").append(m_attributes[a].name).append("=\"");
-    AppendEscapedText(out, m_attributes[a].value);
+  for (std::uint32_t a = 0; a < node.m_attributeCount; ++a) {
+    const Attribute& attribute = m_attributes[node.m_firstAttribute + a];
+    out.append(" ").append(attribute.name).append("=\"");
+    AppendEscapedText(out, attribute.value);
     out += '"';
   }
   if (!hasText && !hasChildren) {

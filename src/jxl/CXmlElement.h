@@ -31,11 +31,13 @@ class XmlText {
   }
   XmlText(std::wstring_view text) : m_text(text) {}    // NOLINT
   XmlText(const std::wstring& text) : m_text(text) {}  // NOLINT
+  XmlText(const std::string& utf8) : m_utf8(utf8) {}   // NOLINT
 
  private:
   friend class CXmlTree;
   const char* m_literal = nullptr;
   std::wstring_view m_text;
+  std::string_view m_utf8;
 };
 
 /// One element of a tree; valid as long as the tree. A default-made handle is none and is false.
@@ -45,7 +47,8 @@ class CXmlElement {
 
   explicit operator bool() const { return m_tree != nullptr; }
 
-  /// Attributes are written in the order of the calls. Names are literals.
+  /// Attributes are written in the order of the calls, at most seven, all of them before the next
+  /// element is made. Names are literals.
   void AddAttribute(const char* name, XmlText value);
   /// A new last child. With `bNewLine` it is written after an empty line.
   CXmlElement AddChild(const char* name, bool bNewLine = false);
@@ -87,16 +90,14 @@ class CXmlTree {
     std::uint32_t m_firstChild = kNone;
     std::uint32_t m_lastChild = kNone;
     std::uint32_t m_nextSibling = kNone;
-    std::uint32_t m_attributes : 31 = kNone >> 1;
+    std::uint32_t m_firstAttribute : 28 = 0;
+    std::uint32_t m_attributeCount : 3 = 0;
     std::uint32_t m_bNewLine : 1 = 0;
   };
   struct Attribute {
     const char* name;
     const char* value;
-    std::uint32_t next;
   };
-  static constexpr std::uint32_t kNoAttribute = kNone >> 1;
-
   const char* Keep(const XmlText& text);
   std::uint32_t Append(std::uint32_t parent, const char* name, bool bNewLine, const char* text);
   void AppendTo(std::string& out, std::uint32_t index, int depth, CFileCE& file, bool& ok) const;

@@ -1,0 +1,404 @@
+#include "jxl/CConvertJobXml.h"
+
+#include <algorithm>
+#include <cmath>
+#include <initializer_list>
+#include <utility>
+
+#include "convert/CConvertProgress.h"
+#include "io/Numbers.h"
+#include "io/Strings.h"
+#include "raw/Angles.h"
+
+namespace zelconvert {
+namespace {
+
+constexpr std::size_t kNameLength = 16;
+constexpr double kFullCircle = 2 * kPi;
+
+constexpr std::wstring_view kEmptyLogText = L"Bad ZEL raw data file.";
+constexpr std::wstring_view kBadRecordText =
+    L"Bad raw data record found at line %ld. The conversion is aborted.";
+
+bool AnyNull(std::initializer_list<double> values) {
+  return std::any_of(values.begin(), values.end(), [](double value) { return IsNull(value); });
+}
+
+std::string Utf8(std::wstring_view text) {
+  std::string utf8;
+  AppendUtf8(utf8, text);
+  return utf8;
+}
+
+/// Reads fixed-width numbers as scanf does: blanks before a number don't count in its width.
+class Scanner {
+ public:
+  explicit Scanner(std::wstring_view text) : m_text(text) {}
+
+  /// 0, and every later field as well, when no number stands here.
+  std::int32_t Number(std::size_t width) {
+    if (m_failed) return 0;
+    m_text = TrimLeft(m_text);
+    const std::wstring_view field = Left(m_text, width);
+    const ParsedInteger number = ParseInteger(field);
+    m_failed = number.consumed == 0;
+    m_text.remove_prefix(number.consumed);
+    return static_cast<std::int32_t>(number.value);
+  }
+  Scanner& Skip(wchar_t separator) {
+    if (m_text.empty() || m_text.front() != separator) {
+      m_failed = true;
+    } else {
+      m_text.remove_prefix(1);
+    }
+    return *this;
+  }
+
+ private:
+  std::wstring_view m_text;
+  bool m_failed = false;
+};
+
+int DaysInMonth(int year, int month) {
+  constexpr int kDays[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+  const bool leap = (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
+  return kDays[month - 1] + (month == 2 && leap ? 1 : 0);
+}
+
+/// The date and time of a job record; the 31st of a shorter month is a day of the next. False if a
+/// field is no calendar's or no clock's.
+bool ParseTime(const JB_RECORD& job, platform::LocalTime& time) {
+  Scanner date(job.date);
+  std::int32_t month = date.Number(2);
+  std::int32_t day = date.Skip(L'-').Number(2);
+  const std::int32_t year = date.Skip(L'-').Number(4);
+  Scanner clock(job.time);
+  const std::int32_t hour = clock.Number(2);
+  const std::int32_t minute = clock.Skip(L':').Number(2);
+  const std::int32_t second = clock.Skip(L':').Number(2);
+  const auto within = [](std::int32_t value, std::int32_t low, std::int32_t high) {
+    return value >= low && value <= high;
+  };
+  if (!within(month, 1, 12) || !within(day, 1, 31) || !within(year, 1, 9999) ||
+      !within(hour, 0, 23) || !within(minute, 0, 59) || !within(second, 0, 59)) {
+    return false;
+  }
+  if (day > DaysInMonth(year, month)) {
+    day -= DaysInMonth(year, month);
+    ++month;
+  }
+  time.year = static_cast<std::uint16_t>(year);
+  time.month = static_cast<std::uint16_t>(month);
+  time.day = static_cast<std::uint16_t>(day);
+  time.hour = static_cast<std::uint16_t>(hour);
+  time.minute = static_cast<std::uint16_t>(minute);
+  time.second = static_cast<std::uint16_t>(second);
+  return true;
+}
+
+double DegreesFromRadians(double radians) {
+  return IsNull(radians) ? radians : radians * 180.0 / kPi;
+}
+
+}  // namespace
+
+void KnownPoints::Add(Point point) {
+  const auto entry = m_index.find(point.name);
+  if (entry == m_index.end()) {
+    Point& added = m_points.emplace_back(std::move(point));
+    m_index.emplace(added.name, &added);
+    return;
+  }
+  Point& known = *entry->second;
+  known.position = point.position;
+  known.isDeleted = point.isDeleted;
+  if (point.line != kNoLine) known.line = point.line;
+  if (!point.description.empty()) known.description = std::move(point.description);
+}
+
+const KnownPoints::Point* KnownPoints::Find(std::string_view name) const {
+  const auto entry = m_index.find(name);
+  return entry == m_index.end() || entry->second->isDeleted ? nullptr : entry->second;
+}
+
+void KnownPoints::Delete(std::string_view name, std::int32_t line) {
+  const auto entry = m_index.find(name);
+  if (entry != m_index.end() && entry->second->line < line) entry->second->isDeleted = true;
+}
+
+/// What is done with a record of a kind.
+struct CConvertJobXml::Handler {
+  RawRecordType type;
+  bool (CConvertJobXml::*handle)(std::wstring_view line);
+};
+
+const CConvertJobXml::Handler CConvertJobXml::kHandlers[] = {
+    {RawRecordType::SS, &CConvertJobXml::OnShot},
+    {RawRecordType::TR, &CConvertJobXml::OnShot},
+    {RawRecordType::LS, &CConvertJobXml::OnHeights},
+    {RawRecordType::Comment, &CConvertJobXml::OnComment},
+    {RawRecordType::SP, &CConvertJobXml::OnStoredPoint},
+    {RawRecordType::BK, &CConvertJobXml::OnBacksight},
+    {RawRecordType::OC, &CConvertJobXml::OnOccupy},
+    {RawRecordType::MO, &CConvertJobXml::OnMode},
+    {RawRecordType::JB, &CConvertJobXml::OnSecondJob},
+    {RawRecordType::DP, &CConvertJobXml::OnDelete},
+    {RawRecordType::SC, &CConvertJobXml::OnScan},
+    {RawRecordType::CR, &CConvertJobXml::OnCamera},
+    {RawRecordType::IM, &CConvertJobXml::OnImage},
+};
+
+bool CConvertJobXml::Convert(CRawFile& rawFile, CJxlFile& jxlFile, StringList& messages,
+                             StringList& /*files*/) {
+  CConvertProgress progress;
+  progress.Start();
+  m_pJxlFile = &jxlFile;
+  const std::wstring version = FindVersion(rawFile);
+
+  rawFile.SeekToBegin();
+  std::wstring line;
+  if (!rawFile.ReadRecord(line)) {
+    messages.emplace_back(kEmptyLogText);
+    return false;
+  }
+  m_line = 1;
+  bool good = BeginDocument(line, version);
+  const std::int64_t length = rawFile.GetLength();
+  while (good && rawFile.ReadRecord(line)) {
+    ++m_line;
+    progress.SetPosition(rawFile.GetPosition(), length);
+    good = ConvertRecord(line);
+  }
+  if (!good) {
+    messages.push_back(FormatText(kBadRecordText, m_line));
+    return false;
+  }
+  return Finish();
+}
+
+std::wstring CConvertJobXml::FindVersion(CRawFile& rawFile) const {
+  const std::wstring_view mark = m_bNative ? L"--Gridlark Version:" : L"--Plumbwick Version:";
+  std::wstring version;
+  std::wstring line;
+  while (rawFile.ReadRecord(line)) {
+    if (line.starts_with(mark)) version = Trim(Mid(line, mark.size()));
+  }
+  return version;
+}
+
+bool CConvertJobXml::BeginDocument(std::wstring_view line, std::wstring_view version) {
+  JB_RECORD job;
+  platform::LocalTime time;
+  if (!CRawFile::ParseJB(line, job) || !ParseTime(job, time)) return false;
+  m_pJxlFile->BeginDocument(job.name, version, time);
+  return true;
+}
+
+bool CConvertJobXml::ConvertRecord(std::wstring_view line) {
+  const RawRecordType type = CRawFile::GetRecordType(line);
+  if (m_shot.isPending && type != RawRecordType::BK) FlushPendingShot();
+  for (const Handler& handler : kHandlers) {
+    if (handler.type == type) return (this->*handler.handle)(line);
+  }
+  return true;
+}
+
+bool CConvertJobXml::Finish() {
+  if (m_shot.isPending) FlushPendingShot();
+  for (const KnownPoints::Point& point : m_points) {
+    if (!point.isDeleted) m_pJxlFile->AddPoint(point.name, point.description, point.position);
+  }
+  // A log that never told its units has no coordinate system either.
+  if (!m_firstMode) m_pJxlFile->AddCoordinateSystem();
+  return m_pJxlFile->WriteDocument();
+}
+
+bool CConvertJobXml::OnSecondJob(std::wstring_view /*line*/) {
+  return false;
+}
+
+bool CConvertJobXml::OnMode(std::wstring_view line) {
+  MO_RECORD mode;
+  if (!CRawFile::ParseMO(line, mode)) return false;
+  m_sourceUnits = {mode.distanceUnit, mode.angleUnit};
+  if (!m_firstMode) return true;
+  m_firstMode = false;
+  m_scale = mode.scale;
+  m_pJxlFile->AddUnitsRecord(m_sourceUnits);
+  m_pJxlFile->AddCorrectionsRecord();
+  m_pJxlFile->AddDisplaySettings(m_sourceUnits);
+  return true;
+}
+
+bool CConvertJobXml::OnHeights(std::wstring_view line) {
+  LS_RECORD heights;
+  if (!CRawFile::ParseLS(line, heights)) return false;
+  m_instrumentHeight = ToMetres(heights.instrumentHeight);
+  m_rodHeight = ToMetres(heights.rodHeight);
+  return true;
+}
+
+bool CConvertJobXml::OnOccupy(std::wstring_view line) {
+  POINT_RECORD point;
+  if (!CRawFile::ParseOC(line, point)) return false;
+  m_occupied = {Utf8(point.name), Utf8(point.note), ToMetres(point), KnownPoints::kNoLine, false};
+  m_occupiedPending = true;
+  return true;
+}
+
+bool CConvertJobXml::OnStoredPoint(std::wstring_view line) {
+  POINT_RECORD point;
+  if (!CRawFile::ParseSP(line, point)) return false;
+  const JxlPosition position = ToMetres(point);
+  m_lastPointRecord = m_pJxlFile->AddCoordinates(point.name, point.note, position);
+  m_points.Add({Utf8(point.name), Utf8(point.note), position, m_line, false});
+  return true;
+}
+
+bool CConvertJobXml::OnBacksight(std::wstring_view line) {
+  BK_RECORD backsight;
+  if (!CRawFile::ParseBK(line, backsight)) return false;
+  m_backAzimuth = ToRadians(backsight.azimuth);
+  m_backCircle = ToRadians(backsight.circle);
+  AddBacksight(backsight);
+  if (m_occupiedPending) {
+    m_points.Add(std::move(m_occupied));
+    m_occupiedPending = false;
+  }
+  return true;
+}
+
+void CConvertJobXml::AddBacksight(const BK_RECORD& backsight) {
+  const double circle = DegreesFromRadians(m_backCircle);
+  double correction = DC_NULL;
+  if (!AnyNull({m_backAzimuth, m_backCircle})) {
+    correction = std::fmod(m_backAzimuth - m_backCircle, kFullCircle);
+    if (correction < 0) correction += kFullCircle;
+  }
+  m_setup.station = m_pJxlFile->AddStationRecord(backsight.station, m_instrumentHeight);
+  m_pJxlFile->AddAzimuthOnly(backsight.backsight, backsight.station,
+                             DegreesFromRadians(m_backAzimuth));
+  m_setup.backBearing =
+      m_pJxlFile->AddBackBearingRecord(m_setup.station, backsight.station, backsight.backsight,
+                                       circle, DegreesFromRadians(correction));
+  m_setup.target = m_pJxlFile->AddTargetRecord(m_rodHeight);
+
+  // A shot right before its backsight was the shot to the backsight point.
+  const bool takesShot = m_shot.isPending && m_shot.position.IsWhole();
+  m_lastPointRecord =
+      m_pJxlFile->AddAngleOnly(backsight.backsight, takesShot ? m_shot.readings.horizontal : circle,
+                               m_setup, takesShot ? m_shot.position : JxlPosition{});
+  if (takesShot) m_shot.isPending = false;
+}
+
+bool CConvertJobXml::OnShot(std::wstring_view line) {
+  SHOT_RECORD shot;
+  if (!CRawFile::ParseSS(line, shot) || shot.horizontalKind != HorizontalKind::AngleRight ||
+      shot.verticalKind != VerticalKind::Zenith) {
+    return false;
+  }
+  const KnownPoints::Point* station = m_points.Find(Utf8(shot.station));
+  if (station == nullptr) return false;
+  m_shot.name = Left(shot.foresight, kNameLength);
+  m_shot.description = shot.note;
+  m_shot.readings = {ToDegrees(shot.horizontal), ToDegrees(shot.vertical), ToMetres(shot.distance)};
+  m_shot.position = Reduce(m_shot.readings, station->position);
+  m_shot.setup = m_setup;
+  m_shot.line = m_line;
+  m_shot.isPending = true;
+  return true;
+}
+
+JxlPosition CConvertJobXml::Reduce(const JxlReadings& readings, const JxlPosition& station) const {
+  JxlPosition position;
+  if (!readings.AreUsable()) return position;
+  const double zenith = readings.vertical * kPi / 180.0;
+  if (!AnyNull({m_backAzimuth, m_backCircle, m_scale, station.north, station.east})) {
+    const double azimuth = m_backAzimuth + readings.horizontal * kPi / 180.0 - m_backCircle;
+    const double horizontalDistance = std::sin(zenith) * readings.distance * m_scale;
+    position.north = station.north + std::cos(azimuth) * horizontalDistance;
+    position.east = station.east + std::sin(azimuth) * horizontalDistance;
+  }
+  if (!AnyNull({m_instrumentHeight, m_rodHeight, station.elevation})) {
+    position.elevation =
+        station.elevation + m_instrumentHeight - m_rodHeight + std::cos(zenith) * readings.distance;
+  }
+  return position;
+}
+
+void CConvertJobXml::FlushPendingShot() {
+  m_shot.isPending = false;
+  m_lastPointRecord = m_pJxlFile->AddDirectReading(m_shot.name, m_shot.description, m_shot.readings,
+                                                   m_shot.setup, m_shot.position);
+  m_points.Add({Utf8(m_shot.name), Utf8(m_shot.description), m_shot.position, m_shot.line, false});
+}
+
+bool CConvertJobXml::OnComment(std::wstring_view line) {
+  m_pJxlFile->AddNoteRecord(Mid(line, 2));
+  return true;
+}
+
+bool CConvertJobXml::OnDelete(std::wstring_view line) {
+  NAME_RECORD point;
+  if (!CRawFile::ParseDP(line, point)) return false;
+  m_pJxlFile->DeletePoint(point.name);
+  m_points.Delete(Utf8(point.name), m_line);
+  return true;
+}
+
+bool CConvertJobXml::OnScan(std::wstring_view line) {
+  SC_RECORD scan;
+  if (!CRawFile::ParseSC(line, scan)) return false;
+  m_pJxlFile->AddScanningRecord({m_setup, scan.fileName, scan.points,
+                                 ToDegrees(scan.horizontalStep), ToDegrees(scan.verticalStep)});
+  return true;
+}
+
+bool CConvertJobXml::OnCamera(std::wstring_view line) {
+  CR_RECORD camera;
+  if (!CRawFile::ParseCR(line, camera)) return false;
+  m_camera = m_pJxlFile->AddCameraRecord(
+      {camera.x0, camera.y0, camera.focalLength, ToDegrees(camera.kappa), ToDegrees(camera.phi),
+       ToDegrees(camera.omega), camera.s0, camera.c0, camera.z0, camera.i, camera.k1, camera.p1,
+       camera.p2, camera.pixelSizeX, camera.pixelSizeY, camera.pixelsX, camera.pixelsY});
+  return true;
+}
+
+bool CConvertJobXml::OnImage(std::wstring_view line) {
+  IM_RECORD image;
+  if (!CRawFile::ParseIM(line, image)) return false;
+  m_pJxlFile->AddImageRecord({m_setup, m_camera, m_lastPointRecord, image.fileName,
+                              ToDegrees(image.horizontalAngle), ToDegrees(image.verticalAngle),
+                              image.width, image.height, image.startX, image.startY, image.sizeX,
+                              image.sizeY});
+  return true;
+}
+
+double CConvertJobXml::ToDegrees(double angle) const {
+  if (IsNull(angle)) return angle;
+  if (m_sourceUnits.angle == kRawDegrees) return DmsToDegrees(angle);
+  // Any other code stands for decimal degrees.
+  return m_sourceUnits.angle == kRawGons ? angle * 0.9 : angle;
+}
+
+double CConvertJobXml::ToRadians(double angle) const {
+  const double degrees = ToDegrees(angle);
+  return IsNull(degrees) ? degrees : degrees * kPi / 180.0;
+}
+
+double CConvertJobXml::ToMetres(double length) const {
+  switch (m_sourceUnits.distance) {
+    case kRawInternationalFeet:
+      return MetresFromUnits(length, kInternationalFeet);
+    case kRawUsSurveyFeet:
+      return MetresFromUnits(length, kUsSurveyFeet);
+    default:
+      return length;
+  }
+}
+
+JxlPosition CConvertJobXml::ToMetres(const POINT_RECORD& point) const {
+  return {ToMetres(point.north), ToMetres(point.east), ToMetres(point.elevation)};
+}
+
+}  // namespace zelconvert

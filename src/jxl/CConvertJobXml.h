@@ -1,0 +1,123 @@
+// Raw log to JobXML: walks the log once, keeps the setup, and reduces each shot as far as a grid
+// position. docs/formats/jxl.md tells what becomes of each record.
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+#include "convert/ConversionBase.h"
+#include "io/Units.h"
+#include "jxl/CJxlFile.h"
+#include "raw/CRawFile.h"
+
+namespace zelconvert {
+
+/// Points by name, in the order in which their names first came. A later point of a name takes the
+/// place of the earlier one.
+class KnownPoints {
+ public:
+  static constexpr std::int32_t kNoLine = -1;
+
+  struct Point {
+    std::string name;  // texts in UTF-8
+    std::string description;
+    JxlPosition position;
+    std::int32_t line = kNoLine;  ///< the line that made it, or kNoLine
+    bool isDeleted = false;
+  };
+
+  /// An empty description and a line of kNoLine leave those of an earlier point of the name.
+  void Add(Point point);
+  /// The live point of the name, or null.
+  const Point* Find(std::string_view name) const;
+  /// A live point of the name is there.
+  bool PointExists(std::string_view name) const { return Find(name) != nullptr; }
+  /// Marks the point of the name if a line before `line` made it.
+  void Delete(std::string_view name, std::int32_t line);
+
+  auto begin() const { return m_points.begin(); }
+  auto end() const { return m_points.end(); }
+
+ private:
+  std::deque<Point> m_points;
+  std::unordered_map<std::string_view, Point*> m_index;
+};
+
+class CConvertJobXml {
+ public:
+  /// bNative: the log is a ".raw" or ".rw5" file.
+  explicit CConvertJobXml(bool bNative) : m_bNative(bNative) {}
+
+  /// The file gets its document when all of the log could be converted; else a text says where the
+  /// log is bad, the result is false, and the file has its first line alone.
+  bool Convert(CRawFile& rawFile, CJxlFile& jxlFile, StringList& messages, StringList& files);
+
+ private:
+  struct Handler;
+  static const Handler kHandlers[];
+
+  /// A shot that waits for the record behind it: a backsight takes it over.
+  struct PendingShot {
+    bool isPending = false;
+    std::wstring name;
+    std::wstring description;
+    JxlPosition position;
+    JxlReadings readings;
+    JxlSetup setup;
+    std::int32_t line = 0;
+  };
+
+  std::wstring FindVersion(CRawFile& rawFile) const;
+  bool BeginDocument(std::wstring_view line, std::wstring_view version);
+  bool ConvertRecord(std::wstring_view line);
+  bool Finish();
+
+  // One for each kind of record that has an effect; false for a bad record.
+  bool OnBacksight(std::wstring_view line);
+  bool OnSecondJob(std::wstring_view line);
+  bool OnHeights(std::wstring_view line);
+  bool OnMode(std::wstring_view line);
+  bool OnOccupy(std::wstring_view line);
+  bool OnStoredPoint(std::wstring_view line);
+  bool OnShot(std::wstring_view line);
+  bool OnComment(std::wstring_view line);
+  bool OnDelete(std::wstring_view line);
+  bool OnScan(std::wstring_view line);
+  bool OnCamera(std::wstring_view line);
+  bool OnImage(std::wstring_view line);
+
+  void AddBacksight(const BK_RECORD& backsight);
+  JxlPosition Reduce(const JxlReadings& readings, const JxlPosition& station) const;
+  void FlushPendingShot();
+
+  // From the units of the log; null values pass.
+  double ToRadians(double angle) const;
+  double ToDegrees(double angle) const;
+  double ToMetres(double length) const;
+  JxlPosition ToMetres(const POINT_RECORD& point) const;
+
+  const bool m_bNative;
+  CJxlFile* m_pJxlFile = nullptr;
+
+  double m_scale = 1.0;
+  double m_instrumentHeight = 0;  // metres
+  double m_rodHeight = 0;         // metres
+  double m_backAzimuth = 0;       // radians
+  double m_backCircle = 0;        // radians
+  JxlUnits m_sourceUnits;
+  bool m_firstMode = true;
+  std::int32_t m_line = 0;
+
+  KnownPoints m_points;
+  PendingShot m_shot;
+  KnownPoints::Point m_occupied;
+  bool m_occupiedPending = false;
+  JxlSetup m_setup;
+  std::uint32_t m_camera = 0;
+  std::uint32_t m_lastPointRecord = 0;
+};
+
+}  // namespace zelconvert
