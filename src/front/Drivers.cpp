@@ -12,6 +12,7 @@
 #include "io/Paths.h"
 #include "job/CConvCR5File.h"
 #include "job/CJobFile.h"
+#include "jxl/CConvertJobXml.h"
 #include "platform/Platform.h"
 
 namespace zelconvert {
@@ -183,9 +184,10 @@ bool ConvertFromRaw(int outputType, const std::wstring& input, const std::wstrin
   const bool bNative = HasExtension(input, L".raw") || HasExtension(input, L".rw5");
   const DcDialect* dialect = Find(kDcDialects, outputType);
 
-  CFileCE raw;
+  CRawFile raw;
   CFileCE file;
-  CFileCE dcFile;
+  CDcFile dcFile;
+  CJxlFile jxlFile(bNative);
   return Execute({
       .input = input,
       .output = output,
@@ -195,15 +197,19 @@ bool ConvertFromRaw(int outputType, const std::wstring& input, const std::wstrin
       .openInput = [&] { return raw.Open(input, kOpenReadWrite); },
       .createOutput =
           [&] {
-            return dialect != nullptr ? dcFile.Open(output, kCreateOutput)
-                                      : file.Open(output, kCreateOutput);
+            if (dialect != nullptr) return dcFile.OpenForWrite(output);
+            if (outputType == FT_JXL) return jxlFile.Create(output);
+            return file.Open(output, kCreateOutput);
           },
       .convert =
           [&] {
-            (void)bNative, (void)bPaired, (void)featureFile;
+            (void)bPaired, (void)featureFile;
+            if (outputType == FT_JXL) {
+              return CConvertJobXml(bNative).Convert(raw, jxlFile, messages, files);
+            }
             return RefusePair(messages);
           },
-      .closing = {Closer(raw), Closer(file), Closer(dcFile)},
+      .closing = {Closer(raw), Closer(file), Closer(dcFile), Closer(jxlFile)},
   });
 }
 

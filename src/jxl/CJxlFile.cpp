@@ -138,9 +138,9 @@ void CJxlFile::BeginDocument(std::wstring_view jobName, std::wstring_view produc
   m_root.AddAttribute("productVersion", productVersion);
   m_root.AddAttribute("productDBVersion", productVersion);
   m_root.AddAttribute("TimeStamp", FormatTimeStamp(time));
-  m_fieldBook = m_root.AddChild("FieldBook", true);
-  m_reductions = m_root.AddChild("Reductions", true);
-  m_environment = m_root.AddChild("Environment", true);
+  m_fieldBook = m_root.AddSpacedChild("FieldBook");
+  m_reductions = m_root.AddSpacedChild("Reductions");
+  m_environment = m_root.AddSpacedChild("Environment");
 }
 
 bool CJxlFile::WriteDocument() {
@@ -154,7 +154,7 @@ std::wstring CJxlFile::FormatId(std::uint32_t id) {
 }
 
 CXmlElement CJxlFile::AddRecord(const char* name, std::uint32_t& id) {
-  CXmlElement record = m_fieldBook.AddChild(name, true);
+  CXmlElement record = m_fieldBook.AddSpacedChild(name);
   id = NextId();
   record.AddAttribute("ID", FormatId(id));
   record.AddAttribute("TimeStamp", "");

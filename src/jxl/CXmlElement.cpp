@@ -109,8 +109,8 @@ void CXmlElement::AddAttribute(const char* name, XmlText value) {
   m_tree->m_attributes.push_back({name, m_tree->Keep(value)});
 }
 
-CXmlElement CXmlElement::AddChild(const char* name, bool bNewLine) {
-  return {m_tree, m_tree->Append(m_index, name, bNewLine, "")};
+CXmlElement CXmlElement::AddSpacedChild(const char* name) {
+  return {m_tree, m_tree->Append(m_index, name, true, "")};
 }
 
 CXmlElement CXmlElement::AddChild(const char* name, XmlText text) {

@@ -50,9 +50,10 @@ class CXmlElement {
   /// Attributes are written in the order of the calls, at most seven, all of them before the next
   /// element is made. Names are literals.
   void AddAttribute(const char* name, XmlText value);
-  /// A new last child. With `bNewLine` it is written after an empty line.
-  CXmlElement AddChild(const char* name, bool bNewLine = false);
-  CXmlElement AddChild(const char* name, XmlText text);
+  /// A new last child.
+  CXmlElement AddChild(const char* name, XmlText text = {});
+  /// A new last child that is written after an empty line.
+  CXmlElement AddSpacedChild(const char* name);
   /// Replaces the text.
   void SetText(XmlText text);
   /// The text as UTF-8, alive as long as the tree.
