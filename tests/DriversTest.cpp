@@ -1,0 +1,292 @@
+// What goes wrong around a conversion: its text, the input as it was, no output left.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <functional>
+#include <new>
+#include <string>
+#include <vector>
+
+#include "HostLists.h"
+#include "TempDir.h"
+#include "UnbuiltRoutes.h"
+#include "cli/FileTypes.h"
+#include "front/DriverRun.h"
+#include "io/CFileCE.h"
+#include "io/Strings.h"
+
+namespace zelconvert {
+namespace {
+
+namespace fs = std::filesystem;
+
+// One pair for each driver and each kind of file that it makes.
+struct Route {
+  FileType from;
+  const wchar_t* input;
+  const char* example;
+  FileType to;
+  const wchar_t* missing = L"The file %s does not exist.";
+};
+
+constexpr const wchar_t* kRawMissing = L"File %s does not exist.";
+constexpr Route kRoutes[] = {
+    {FT_JOB, L"in.job", "control.job", FT_CR5},
+    {FT_PW_JOB, L"in.pwj", "boundary.pwj", FT_SEQ_CR5},
+    {FT_JOB, L"in.job", "control.job", FT_DC},
+    {FT_DC, L"in.dc", "ridge-control.dc", FT_JOB},
+    {FT_DC77, L"in.dc", "ridge-control.dc", FT_OLD_JOB},
+    {FT_DC, L"in.dc", "ridge-control.dc", FT_ILJ},
+    {FT_ILJ, L"in.ilj", "grenze.ilj", FT_DC1070},
+    {FT_RAW, L"in.raw", "mill-creek-simple.raw", FT_DC, kRawMissing},
+    {FT_RW5, L"in.rw5", "mill-creek-simple.raw", FT_SDR33, kRawMissing},
+    {FT_PW_RAW, L"in.pwr", "mill-creek.pwr", FT_JXL, kRawMissing},
+};
+
+// A conversion of a route in a folder of its own.
+class HostCall {
+ public:
+  explicit HostCall(const Route& route)
+      : m_route(route), m_example(ReadBytes(fs::path("examples") / route.example)) {
+    input = m_folder.Write(route.input, m_example);
+    output = m_folder.Path(L"out.x");
+  }
+
+  void Convert() {
+    HostLists lists;
+    m_converted = cZelFileConvert(m_route.from, input.c_str(), m_route.to, output.c_str(),
+                                  &lists.files, &lists.messages, 0, nullptr) != 0;
+    m_files = lists.Files();
+    m_messages = lists.Messages();
+  }
+
+  // Refused with this text about `path` alone, the example as it was and nothing beside it.
+  void ExpectRefusal(const wchar_t* text, const std::wstring& path) {
+    Convert();
+    EXPECT_FALSE(m_converted);
+    EXPECT_TRUE(m_files.empty());
+    ASSERT_FALSE(m_messages.empty());
+    EXPECT_EQ(m_messages.back(), FormatText(text, path));
+    EXPECT_FALSE(fs::exists(fs::symlink_status(m_folder.Folder() / "out.x")));
+    if (fs::is_regular_file(InputPath())) {
+      EXPECT_EQ(m_folder.Read(m_route.input), m_example);
+    }
+  }
+
+  fs::path InputPath() const { return m_folder.Folder() / m_route.input; }
+  fs::path OutputPath() const { return m_folder.Folder() / "out.x"; }
+  std::wstring Path(std::wstring_view name) const { return m_folder.Path(name); }
+  bool Exists(std::wstring_view name) const { return m_folder.Exists(name); }
+  void Write(std::wstring_view name, std::string_view bytes) { m_folder.Write(name, bytes); }
+  bool Converted() const { return m_converted; }
+
+  std::wstring input, output;
+
+ private:
+  const Route m_route;
+  const std::string m_example;
+  TempDir m_folder;
+  std::vector<std::wstring> m_files, m_messages;
+  bool m_converted = false;
+};
+
+bool IsReadOnly(const fs::path& path) {
+  return (fs::status(path).permissions() & fs::perms::owner_write) == fs::perms::none;
+}
+
+struct Failure {
+  const char* name;
+  std::function<void(HostCall&, const Route&)> check;
+};
+
+constexpr const wchar_t* kCannotCreate = L"Unable to create the destination file %s\n";
+
+const Failure kFailures[] = {
+    {"missing input",
+     [](HostCall& run, const Route& route) {
+       fs::remove(run.InputPath());
+       run.ExpectRefusal(route.missing, run.input);
+     }},
+    {"directory as input",
+     [](HostCall& run, const Route& route) {
+       fs::remove(run.InputPath());
+       fs::create_directory(run.InputPath());
+       run.ExpectRefusal(route.missing, run.input);
+     }},
+    {"output in a missing folder",
+     [](HostCall& run, const Route&) {
+       run.output = run.Path(L"missing/out.x");
+       run.ExpectRefusal(kCannotCreate, run.output);
+     }},
+    {"directory as output",
+     [](HostCall& run, const Route&) {
+       run.output = run.Path(L"");
+       run.ExpectRefusal(kCannotCreate, run.output);
+     }},
+    {"output names the input",
+     [](HostCall& run, const Route&) {
+       run.output = run.input;
+       run.ExpectRefusal(kCannotCreate, run.output);
+     }},
+    {"output is a link to the input",
+     [](HostCall& run, const Route&) {
+       fs::create_hard_link(run.InputPath(), run.OutputPath());
+       run.Convert();
+       EXPECT_FALSE(run.Converted());
+       EXPECT_TRUE(fs::equivalent(run.InputPath(), run.OutputPath()));
+       fs::remove(run.OutputPath());
+       run.output = run.Path(L"linked.x");
+       std::error_code unsupported;
+       fs::create_symlink(run.InputPath(), run.InputPath().parent_path() / "linked.x", unsupported);
+       if (!unsupported) run.ExpectRefusal(kCannotCreate, run.output);
+     }},
+    {"read-only input",
+     [](HostCall& run, const Route&) {
+       fs::permissions(run.InputPath(), fs::perms::owner_read | fs::perms::group_read);
+       const fs::perms before = fs::status(run.InputPath()).permissions();
+       run.Convert();
+       EXPECT_TRUE(IsReadOnly(run.InputPath()));
+       EXPECT_EQ(fs::status(run.InputPath()).permissions(), before);
+       fs::remove(run.OutputPath());
+       run.output = run.Path(L"missing/out.x");
+       run.ExpectRefusal(kCannotCreate, run.output);
+       EXPECT_TRUE(IsReadOnly(run.InputPath()));
+       EXPECT_EQ(fs::status(run.InputPath()).permissions(), before);
+     }},
+#if !defined(_WIN32)
+    {"full disk",
+     [](HostCall& run, const Route& route) {
+       if (IsUnbuilt(route.from, route.to)) return;
+       fs::create_symlink("/dev/full", run.OutputPath());
+       run.ExpectRefusal(L"Unable to write the file %s.", run.output);
+       EXPECT_TRUE(fs::exists("/dev/full"));
+     }},
+#endif
+};
+
+class Drivers : public testing::TestWithParam<Route> {};
+
+TEST_P(Drivers, FailWell) {
+  for (const Failure& failure : kFailures) {
+    SCOPED_TRACE(failure.name);
+    HostCall run(GetParam());
+    failure.check(run, GetParam());
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Routes, Drivers, testing::ValuesIn(kRoutes), [](const auto& route) {
+  return std::string(cli::FindType(route.param.from)->name) + "_to_" +
+         std::string(cli::FindType(route.param.to)->name);
+});
+
+// The brand of a job goes by its exact extension.
+TEST(Drivers, RefuseAJobOfTheOtherBrand) {
+  HostCall run({FT_JOB, L"in.JOB", "control.job", FT_CR5});
+  run.ExpectRefusal(L"Unable to open the file %s.", run.input);
+}
+
+TEST(Drivers, FindTheLogOfAPair) {
+  const struct {
+    FileType type;
+    const wchar_t* input;
+    const wchar_t* log;
+  } cases[] = {
+      {FT_JOB_RAW, L"in.job", L"in.raw"},    {FT_JOB_RAW, L"in.JOB", L"in.pwr"},
+      {FT_PW_JOB_RAW, L"in.pwj", L"in.pwr"}, {FT_CR5_RW5, L"in.cr5", L"in.rw5"},
+      {FT_CR5_RW5, L"in.job", L"in.rw5"},
+  };
+  for (const auto& [type, input, log] : cases) {
+    SCOPED_TRACE(ToPath(input).string());
+    HostCall run({type, input, "control.job", FT_DC});
+    run.ExpectRefusal(L"File %s does not exist.", run.Path(log));
+    // Neither file of the pair is an output.
+    run.Write(log, ReadBytes("examples/mill-creek-simple.raw"));
+    for (const wchar_t* name : {input, log}) {
+      HostCall again({type, input, "control.job", FT_DC});
+      again.Write(log, "a log");
+      again.output = again.Path(name);
+      again.ExpectRefusal(kCannotCreate, again.output);
+      EXPECT_TRUE(again.Exists(log));
+    }
+  }
+}
+
+// On the route through a job the input is closed before the output is made.
+TEST(Drivers, KeepTheInputOfTwoStages) {
+  for (const FileType type : {FT_CR5, FT_SEQ_CR5}) {
+    HostCall run({FT_DC, L"in.dc", "ridge-control.dc", type});
+    run.output = run.input;
+    run.Convert();
+    EXPECT_FALSE(run.Converted());
+    EXPECT_EQ(ReadBytes(run.InputPath()), ReadBytes("examples/ridge-control.dc"));
+  }
+}
+
+TEST(Drivers, TakeNoPathForAnEmptyOne) {
+  HostLists lists;
+  EXPECT_FALSE(cZelFileConvert(FT_RAW, nullptr, FT_DC, nullptr, nullptr, nullptr, 0, nullptr));
+  EXPECT_FALSE(cZelFileConvert(FT_JOB, L"", FT_DC, L"", nullptr, &lists.messages, 0, L""));
+  EXPECT_EQ(lists.Messages(), std::vector<std::wstring>{L"The file  does not exist."});
+}
+
+// What the steps of a run do is up to a driver; here they are told.
+TEST(DriverRun, EndsEveryWayWithItsFilesClosed) {
+  struct {
+    const char* name;
+    std::function<bool()> convert;
+    bool written;
+    std::vector<std::wstring> texts;  // with %s for the input, and "out" for the output
+  } const cases[] = {
+      {"success", [] { return true; }, true, {}},
+      {"refusal", [] { return false; }, true, {}},
+      {"exception",
+       []() -> bool { throw ConversionFailure(); },
+       true,
+       {L"Unable to convert the file in.x."}},
+      {"no memory",
+       []() -> bool { throw std::bad_alloc(); },
+       true,
+       {L"Unable to convert the file in.x."}},
+      {"lost data", [] { return true; }, false, {L"Unable to write the file out.x."}},
+      {"both",
+       []() -> bool { throw 1; },
+       false,
+       {L"Unable to convert the file in.x.", L"Unable to write the file out.x."}},
+  };
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.name);
+    const TempDir folder;
+    const std::wstring input = folder.Write(L"in.x", "input"), output = folder.Path(L"out.x");
+    fs::permissions(ToPath(input), fs::perms::owner_read);
+    StringList files, messages;
+    std::string closed;
+    CFileCE file;
+    const bool result = Execute({
+        .input = input,
+        .output = output,
+        .files = files,
+        .messages = messages,
+        .missing = DriverText::FileMissing,
+        .openInput = [&] { return !IsReadOnly(ToPath(input)); },
+        .createOutput = [&] { return file.Open(output, platform::kCreateOutput); },
+        .convert = each.convert,
+        .closing = {[&] { return closed += '1', each.written; }, Closer(file),
+                    [&] { return closed += '2', true; }},
+    });
+    EXPECT_EQ(result, messages.empty() && each.convert());
+    EXPECT_EQ(files, result ? StringList{output} : StringList{});
+    EXPECT_EQ(folder.Exists(L"out.x"), result);
+    EXPECT_FALSE(file.IsOpen());
+    EXPECT_EQ(closed, "12");
+    EXPECT_TRUE(IsReadOnly(ToPath(input)));
+    ASSERT_EQ(messages.size(), each.texts.size());
+    for (std::size_t i = 0; i < messages.size(); ++i) {
+      const std::size_t at = messages[i].find(folder.Path(L""));
+      ASSERT_NE(at, std::wstring::npos);
+      EXPECT_EQ(messages[i].erase(at, folder.Path(L"").size()), each.texts[i]);
+    }
+  }
+}
+
+}  // namespace
+}  // namespace zelconvert
