@@ -31,7 +31,7 @@ struct Route {
 
 constexpr const wchar_t* kRawMissing = L"File %s does not exist.";
 constexpr Route kRoutes[] = {
-    {FT_JOB, L"in.job", "control.job", FT_CR5},
+    {FT_JOB, L"in.job", "boundary.job", FT_CR5},
     {FT_PW_JOB, L"in.pwj", "boundary.pwj", FT_SEQ_CR5},
     {FT_JOB, L"in.job", "control.job", FT_DC},
     {FT_DC, L"in.dc", "ridge-control.dc", FT_JOB},

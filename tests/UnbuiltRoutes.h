@@ -9,9 +9,14 @@ struct UnbuiltRoute {
   TypeSet from, to;
 };
 inline constexpr UnbuiltRoute kUnbuilt[] = {
-    {kCr5Types, TypeSet::Any()},         {kJobTypes, TypeSet::Any()}, {kDcTypes, TypeSet::Any()},
-    {TypeSet::Of(FT_ILJ), kDcTypes},     {kRawTypes, TypeSet::Any()}, {kJobRawTypes, kDcTypes},
-    {TypeSet::Of(FT_CR5_RW5), kDcTypes},
+    {kDcTypes, kJobTypes},                // CConvDcFile
+    {kDcTypes, TypeSet::Of(FT_ILJ)},      // CConvDCtoILJ
+    {TypeSet::Of(FT_ILJ), kDcTypes},      // CConvILJtoDC
+    {kRawTypes, kDcTypes},                // CConvRawDCFile
+    {kJobRawTypes, kDcTypes},             // the same
+    {TypeSet::Of(FT_CR5_RW5), kDcTypes},  // the same
+    {kRawTypes, kSdrTypes},               // CConvRawSDRFile
+    {kRawTypes, TypeSet::Of(FT_JXL)},     // CConvertJobXml
 };
 
 constexpr bool IsUnbuilt(int from, int to) {

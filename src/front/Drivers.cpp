@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <iterator>
 
 #include "dc/CConvDcFile.h"
 #include "dc/CDcFile.h"
@@ -60,10 +59,6 @@ bool RefusePair(StringList& messages) {
   return false;
 }
 
-bool IsCr5(int type) {
-  return type == FT_CR5 || type == FT_SEQ_CR5;
-}
-
 bool ReadCr5(CFileCE& file, CJobFile& job, int units, StringList& messages, StringList& files) {
   CConvCR5File conversion(&file, &job, false);
   conversion.SetDirection(true);
@@ -106,7 +101,7 @@ bool ConvertToJob(int inputType, const std::wstring& input, const std::wstring& 
       .createOutput = [&] { return job.Create(jobPath, form->version); },
       .convert =
           [&] {
-            if (IsCr5(inputType)) return ReadCr5(file, job, units, messages, files);
+            if (kCr5Types.Contains(inputType)) return ReadCr5(file, job, units, messages, files);
             // Unlike elsewhere the job that was made is kept: empty, and a success.
             RefusePair(messages);
             return true;
@@ -136,7 +131,7 @@ bool ConvertFromJob(int outputType, const std::wstring& input, const std::wstrin
           },
       .convert =
           [&] {
-            if (IsCr5(outputType)) {
+            if (kCr5Types.Contains(outputType)) {
               return WriteCr5(file, job, outputType == FT_SEQ_CR5, messages, files);
             }
             if (dialect != nullptr) {
