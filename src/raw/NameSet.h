@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zelconvert {
+
+/// A set of point names that only grows: some 30 bytes a name, so that a log of a million shots
+/// costs little.
+class NameSet {
+ public:
+  /// False if the name was there already.
+  bool Insert(std::wstring_view name);
+  bool Contains(std::wstring_view name) const;
+  std::size_t Size() const { return m_Ends.size(); }
+
+ private:
+  void Encode(std::wstring_view name) const;
+  std::string_view Name(std::size_t index) const;
+  std::size_t FindSlot(std::string_view key) const;
+  void Grow();
+
+  std::string m_Pool;                // the names in a byte form, one behind the other
+  std::vector<std::size_t> m_Ends;   // where each name ends in the pool
+  std::vector<std::size_t> m_Slots;  // open addressing; 0 is free, else 1 + the name's index
+  mutable std::string m_Key;         // the byte form of the name that is looked for
+};
+
+}  // namespace zelconvert

@@ -1,0 +1,126 @@
+// What a reduction has to know of a raw log before it comes to it. One pass over the file gathers
+// the kind of each line and the little that look-aheads ask for, so that none of them reads ahead
+// and the whole work stays linear in the file.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <initializer_list>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "raw/CRawFile.h"
+#include "raw/RawRecords.h"
+
+namespace zelconvert {
+
+/// A set of record kinds.
+class RawKinds {
+ public:
+  constexpr RawKinds(std::initializer_list<RawRecordType> kinds) {
+    for (const RawRecordType kind : kinds) m_has[static_cast<std::size_t>(kind)] = true;
+  }
+  constexpr bool Contains(RawRecordType kind) const {
+    return m_has[static_cast<std::size_t>(kind)];
+  }
+
+ private:
+  bool m_has[kRawRecordTypes] = {};
+};
+
+/// What ends a setup's look-aheads.
+inline constexpr RawKinds kShotKinds = {RawRecordType::SS, RawRecordType::TR, RawRecordType::SK,
+                                        RawRecordType::OB};
+
+/// Lines are counted from 1. The look-aheads answer for the record on `line`, by the records behind
+/// it; asked in the order of the file, all of them together take linear time.
+class RawIndex {
+ public:
+  /// Reads the whole file and goes back to its start.
+  void Build(CRawFile& raw);
+
+  std::int64_t LineCount() const { return static_cast<std::int64_t>(m_Kinds.size()); }
+  /// The first MO; defaults if there is none or it is bad.
+  const MO_RECORD& FirstMode() const { return m_FirstMode; }
+  /// The log has an LM or LH somewhere.
+  bool HasLocalization() const { return m_bHasLocalization; }
+  /// A DP behind `line` deletes the point. Of several DP of a name the last counts.
+  bool IsDeleted(std::wstring_view name, std::int64_t line) const;
+
+  /// An OC stands in front of the next shot.
+  bool OccupyIsSuperseded(std::int64_t line);
+  /// An OC or BK stands in front of the next shot.
+  bool BacksightIsSuperseded(std::int64_t line);
+  /// A shot comes before the next OC.
+  bool TraverseContinues(std::int64_t line);
+  /// The next record is DE or OE.
+  bool NextIsStakeDetail(std::int64_t line) const;
+  /// The instrument height of the LS in front of the next shot or OC; `height` stays if there is
+  /// none or it is bad. `type` is the kind of the record on `line`: a TR looks past an OC that
+  /// names the same point as `name`.
+  bool FindHeights(std::int64_t line, RawRecordType type, std::wstring_view name, double& height);
+  /// What the next GP says of the vector to `name`. False if that GP is bad or of another name; a
+  /// GS or GK in front of it, or none at all, leaves `isControl` false.
+  bool FindGpsPointKind(std::int64_t line, std::wstring_view name, bool& isControl);
+
+ private:
+  /// Finds the next line of some kinds, in amortized constant time while lines only go up.
+  class Search {
+   public:
+    explicit constexpr Search(const RawKinds& kinds) : m_kinds(kinds) {}
+    /// The first such line behind `line`, or one past the last line of the file.
+    std::int64_t Next(const std::vector<RawRecordType>& lines, std::int64_t line);
+
+   private:
+    RawKinds m_kinds;
+    std::int64_t m_asked = 0;
+    std::int64_t m_found = 0;
+  };
+  struct Heights {
+    std::int64_t line;
+    bool valid;
+    double instrumentHeight;
+  };
+  struct Occupied {
+    std::int64_t line;
+    std::wstring name;
+  };
+  struct GpsPoint {
+    std::int64_t line;
+    bool valid;
+    GpsPointKind kind;
+    std::wstring name;
+  };
+  struct NameHash {
+    using is_transparent = void;
+    std::size_t operator()(std::wstring_view name) const {
+      return std::hash<std::wstring_view>()(name);
+    }
+  };
+
+  void Add(std::wstring_view record);
+  RawRecordType KindAt(std::int64_t line) const {
+    return m_Kinds[static_cast<std::size_t>(line - 1)];
+  }
+
+  std::vector<RawRecordType> m_Kinds;
+  std::vector<Heights> m_Heights;
+  std::vector<Occupied> m_Occupied;
+  std::vector<GpsPoint> m_GpsPoints;
+  std::unordered_map<std::wstring, std::int64_t, NameHash, std::equal_to<>> m_DeletedPoints;
+  MO_RECORD m_FirstMode;
+  bool m_bHasMode = false;
+  bool m_bHasLocalization = false;
+
+  Search m_NextShot{kShotKinds};
+  Search m_NextOccupy{{RawRecordType::OC}};
+  Search m_NextSetup{{RawRecordType::OC, RawRecordType::BK}};
+  Search m_NextHeights{{RawRecordType::OC, RawRecordType::LS, RawRecordType::SS, RawRecordType::TR,
+                        RawRecordType::SK, RawRecordType::OB}};
+  Search m_NextGpsPoint{{RawRecordType::GP, RawRecordType::GS, RawRecordType::GK}};
+};
+
+}  // namespace zelconvert
