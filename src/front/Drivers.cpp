@@ -8,6 +8,7 @@
 #include "front/CFileTypeManager.h"
 #include "front/DriverRun.h"
 #include "io/CFileCE.h"
+#include "io/CTextFile.h"
 #include "io/Paths.h"
 #include "job/CConvCR5File.h"
 #include "job/CJobFile.h"
@@ -148,10 +149,12 @@ bool ConvertDcIlj(int outputType, int inputType, const std::wstring& input,
   const bool fromDc = kDcTypes.Contains(inputType);
   const bool toDc = kDcTypes.Contains(outputType);
 
-  CFileCE inputText;
-  CFileCE outputText;
-  CFileCE inputDc;
-  CFileCE outputDc;
+  CTextFile inputText(CTextFile::kUtf16LittleEndian);
+  CTextFile outputText(CTextFile::kUtf8);
+  CDcFile inputDc;
+  CDcFile outputDc;
+  inputText.SetAllowUnicode(true);
+  if (!toDc) CTextFile::s_bUnicodeAllowed = true;  // from now on, in the whole process
   return Execute({
       .input = input,
       .output = output,
@@ -159,13 +162,11 @@ bool ConvertDcIlj(int outputType, int inputType, const std::wstring& input,
       .messages = messages,
       .missing = DriverText::FileMissing,
       .openInput =
-          [&] {
-            return fromDc ? inputDc.Open(input, kOpenReadWrite) : inputText.Open(input, kOpenText);
-          },
+          [&] { return fromDc ? inputDc.OpenForRead(input) : inputText.Open(input, kOpenText); },
       .createOutput =
           [&] {
-            return toDc ? outputDc.Open(output, kCreateOutput)
-                        : outputText.Open(output, kCreateOutput);
+            return toDc ? outputDc.OpenForWrite(output)
+                        : outputText.Open(output, kCreateOutput, CTextFile::kUtf8, true);
           },
       .convert = [&] { return RefusePair(messages); },
       .closing = {Closer(outputText), Closer(outputDc), Closer(inputText), Closer(inputDc)},
