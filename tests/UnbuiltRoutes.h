@@ -9,14 +9,11 @@ struct UnbuiltRoute {
   TypeSet from, to;
 };
 inline constexpr UnbuiltRoute kUnbuilt[] = {
-    {kDcTypes, kJobTypes},                // CConvDcFile
-    {kDcTypes, kCr5Types},                // the same
-    {kDcTypes, TypeSet::Of(FT_ILJ)},      // CConvDCtoILJ
-    {TypeSet::Of(FT_ILJ), kDcTypes},      // CConvILJtoDC
-    {kRawTypes, kDcTypes},                // CConvRawDCFile
-    {kJobRawTypes, kDcTypes},             // the same
-    {TypeSet::Of(FT_CR5_RW5), kDcTypes},  // the same
-    {kRawTypes, kSdrTypes},               // CConvRawSDRFile
+    {kDcTypes, kJobTypes},            // CConvDcFile
+    {kDcTypes, kCr5Types},            // the same
+    {kDcTypes, TypeSet::Of(FT_ILJ)},  // CConvDCtoILJ
+    {TypeSet::Of(FT_ILJ), kDcTypes},  // CConvILJtoDC
+    {kRawTypes, kSdrTypes},           // CConvRawSDRFile
 };
 
 constexpr bool IsUnbuilt(int from, int to) {

@@ -14,6 +14,7 @@
 #include "job/CJobFile.h"
 #include "jxl/CConvertJobXml.h"
 #include "platform/Platform.h"
+#include "raw/CConvRawDCFile.h"
 
 namespace zelconvert {
 namespace {
@@ -199,7 +200,10 @@ bool ConvertFromRaw(int outputType, const std::wstring& input, const std::wstrin
           },
       .convert =
           [&] {
-            (void)bPaired, (void)featureFile;
+            if (dialect != nullptr) {
+              return CConvRawDCFile(&raw, &dcFile, bPaired, bNative, dialect->fromRaw, featureFile)
+                  .ConvertFromRaw(messages);
+            }
             if (outputType == FT_JXL) {
               return CConvertJobXml(bNative).Convert(raw, jxlFile, messages, files);
             }
