@@ -47,8 +47,9 @@ class TempDir {
   }
   ~TempDir() {
     std::error_code ignored;
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(m_path, ignored)) {
-      std::filesystem::permissions(entry.path(), std::filesystem::perms::owner_write,
+    for (std::filesystem::recursive_directory_iterator entry(m_path, ignored), end;
+         !ignored && entry != end; entry.increment(ignored)) {
+      std::filesystem::permissions(entry->path(), std::filesystem::perms::owner_write,
                                    std::filesystem::perm_options::add, ignored);
     }
     std::filesystem::remove_all(m_path, ignored);

@@ -39,6 +39,13 @@ void AppendUnits(std::wstring& out, char32_t character) {
   out.push_back(static_cast<wchar_t>(character));
 }
 
+// Whether a cut at the piece's length would part the two halves of a character.
+bool EndsInsidePair(std::wstring_view text) {
+  const wchar_t before = text[kPieceLength - 1];
+  const wchar_t behind = text[kPieceLength];
+  return before >= 0xD800 && before <= 0xDBFF && behind >= 0xDC00 && behind <= 0xDFFF;
+}
+
 bool IsAscii(char byte) {
   return static_cast<unsigned char>(byte) < 0x80;
 }
@@ -131,8 +138,9 @@ bool CTextFile::ReadString(std::wstring& line) {
 
 bool CTextFile::WriteString(std::wstring_view text) {
   while (text.size() > kPieceLength) {
-    WriteLines(text.substr(0, kPieceLength), text[kPieceLength - 1] != L'\n');
-    text.remove_prefix(kPieceLength);
+    const std::wstring_view piece = text.substr(0, kPieceLength - EndsInsidePair(text));
+    WriteLines(piece, piece.back() != L'\n');
+    text.remove_prefix(piece.size());
   }
   WriteLines(text, false);
   return !HasWriteFailed();

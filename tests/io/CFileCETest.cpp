@@ -1,0 +1,186 @@
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "TempDir.h"
+#include "io/CFileCE.h"
+
+namespace zelconvert {
+namespace {
+
+using platform::kCreateOutput;
+using platform::kOpenReadOnly;
+using platform::kOpenReadWrite;
+using platform::SeekFrom;
+
+std::vector<std::wstring> Lines(CFileCE& file) {
+  std::vector<std::wstring> lines;
+  std::wstring line = L"left over";
+  while (file.ReadLine(line)) lines.push_back(line);
+  return lines;
+}
+
+TEST(CFileCE, SplitsLines) {
+  struct Case {
+    std::string bytes;
+    std::vector<std::wstring> lines;
+  };
+  const std::string a(254, 'a');
+  const std::wstring wideA(254, L'a');
+  const Case cases[] = {
+      {"", {}},
+      {"one\ntwo\r\n", {L"one", L"two"}},
+      {"\n\r\n\n", {L"", L"", L""}},
+      {"last", {L"last"}},
+      {"last\r", {L"last\r"}},
+      {"a\rb\r\r\n", {L"a\rb\r"}},
+      {"d\xE9j\xE0\n", {L"d\u00e9j\u00e0"}},
+      {std::string("a\0b\nc\0\n", 7), {std::wstring(L"a\0b", 3), std::wstring(L"c\0", 2)}},
+      {a + "\r\nb\n", {wideA, L"b"}},  // the chunk of 255 ends between CR and LF
+      {"1\n" + a.substr(3) + "\r\n\r\nb", {L"1", wideA.substr(3), L"", L"b"}},
+      {a + "a\r\n" + a + "\n", {wideA + L"a", wideA}},
+      {std::string(300000, 'x') + "\r\ny", {std::wstring(300000, L'x'), L"y"}},
+  };
+  const TempDir dir;
+  for (const Case& test : cases) {
+    SCOPED_TRACE(test.bytes.substr(0, 300));
+    CFileCE file;
+    ASSERT_TRUE(file.Open(dir.Write(L"lines", test.bytes), kOpenReadOnly));
+    EXPECT_EQ(Lines(file), test.lines);
+    EXPECT_EQ(file.GetPosition(), static_cast<std::int64_t>(test.bytes.size()));
+  }
+}
+
+TEST(CFileCE, WritesLines) {
+  const TempDir dir;
+  for (const bool unicode : {false, true}) {
+    CFileCE file(unicode);
+    ASSERT_TRUE(file.Open(dir.Path(L"out"), kCreateOutput));
+    for (const wchar_t* text : {L"", L"a\nb\n", L"\u20ac\u4e2d", L"\n"}) {
+      EXPECT_TRUE(file.WriteLine(text));
+    }
+    EXPECT_TRUE(file.WriteLine(std::wstring(200000, L'x')));
+    const std::int64_t expected = (2 + 6 + 4 + 2 + 200002) * (unicode ? 2 : 1);
+    EXPECT_EQ(file.GetPosition(), expected);
+    EXPECT_EQ(file.GetLength(), expected);
+    EXPECT_TRUE(file.SeekToBegin());
+    const std::vector<std::wstring> expectedLines = {
+        L"", L"a", L"b", unicode ? L"\u20ac\u4e2d" : L"\u20ac?", L"", std::wstring(200000, L'x')};
+    EXPECT_EQ(Lines(file), expectedLines);
+    EXPECT_TRUE(file.Close());
+    EXPECT_FALSE(file.HasWriteFailed());
+    const std::string start =
+        unicode ? std::string("\r\0\n\0a\0\r\0\n\0b", 11) : "\r\na\r\nb\r\n\x80?\r\n";
+    EXPECT_EQ(dir.Read(L"out").substr(0, start.size()), start);
+  }
+}
+
+TEST(CFileCE, ReadsBlocks) {
+  const TempDir dir;
+  std::string bytes(40000, '\0');
+  for (std::size_t i = 0; i < bytes.size(); ++i) bytes[i] = static_cast<char>(i % 251);
+  const std::wstring path = dir.Write(L"in", bytes);
+  for (const std::uint32_t kilobytes : {0u, 1u, 16u, 128u}) {
+    CFileCE file;
+    ASSERT_TRUE(file.Open(path, kOpenReadOnly));
+    file.SetBufferSize(kilobytes);
+    std::string buffer(50000, 'x');
+    std::size_t got = 0;
+    EXPECT_TRUE(file.Read(buffer.data(), 30000));
+    EXPECT_EQ(file.GetPosition(), 30000);
+    EXPECT_FALSE(file.Read(buffer.data() + 30000, 20000));  // too few left, but copied
+    EXPECT_EQ(buffer, bytes + std::string(10000, 'x'));
+    EXPECT_TRUE(file.Read(buffer.data(), 1, &got));
+    EXPECT_EQ(got, 0u);
+    EXPECT_TRUE(file.Read(buffer.data(), 0));
+    for (const std::int64_t target : {100, 39999, 20000, 19000, 0}) {
+      EXPECT_TRUE(file.SeekTo(target));
+      EXPECT_TRUE(file.Read(buffer.data(), 1, &got));
+      EXPECT_EQ(buffer[0], bytes[static_cast<std::size_t>(target)]);
+      EXPECT_TRUE(file.Seek(-1, SeekFrom::Current));
+      EXPECT_EQ(file.GetPosition(), target);
+    }
+    EXPECT_FALSE(file.Seek(-1, SeekFrom::Begin));
+    EXPECT_FALSE(file.Seek(INT64_MIN, SeekFrom::Current));
+    EXPECT_FALSE(file.Seek(INT64_MAX, SeekFrom::End));
+    EXPECT_TRUE(file.Seek(10, SeekFrom::End));
+    EXPECT_TRUE(file.Read(buffer.data(), 1, &got));
+    EXPECT_EQ(got, 0u);
+  }
+}
+
+TEST(CFileCE, OverwritesAmongReads) {
+  const TempDir dir;
+  CFileCE file;
+  ASSERT_TRUE(file.Open(dir.Write(L"f", "0123456789\nrest"), kOpenReadWrite));
+  char byte = 0;
+  EXPECT_TRUE(file.Read(&byte, 1));
+  EXPECT_TRUE(file.Write("ab", 2));
+  EXPECT_TRUE(file.Read(&byte, 1));
+  EXPECT_EQ(byte, '3');
+  EXPECT_EQ(file.GetPosition(), 4);
+  EXPECT_TRUE(file.SeekTo(8));
+  EXPECT_TRUE(file.Write(std::string(100000, 'z').data(), 100000));
+  EXPECT_EQ(file.GetLength(), 100008);
+  EXPECT_TRUE(file.SeekTo(2));
+  EXPECT_TRUE(file.Write("B", 1));
+  EXPECT_TRUE(file.Close());
+  EXPECT_EQ(dir.Read(L"f"), "0aB34567" + std::string(100000, 'z'));
+}
+
+TEST(CFileCE, RefusesToWriteInsideAChunk) {
+  const TempDir dir;
+  struct Case {
+    std::string bytes;
+    bool writes;
+  };
+  const std::string chunk = std::string(254, 'a') + "\n";
+  for (const auto& [bytes, writes] : {Case{"one\ntwo\n", false}, Case{"one\n", true},
+                                      Case{chunk + "two\n", true}, Case{chunk + "two", true}}) {
+    CFileCE file;
+    ASSERT_TRUE(file.Open(dir.Write(L"f", bytes), kOpenReadWrite));
+    std::wstring line;
+    EXPECT_TRUE(file.ReadLine(line));
+    EXPECT_EQ(file.Write("X", 1), writes);
+    EXPECT_EQ(file.HasWriteFailed(), !writes);
+    EXPECT_TRUE(file.Close());
+    std::string expected = bytes;
+    const std::size_t lineEnd = bytes.find('\n') + 1;
+    if (writes) expected.replace(lineEnd, 1, "X");
+    EXPECT_EQ(dir.Read(L"f"), expected);
+  }
+}
+
+TEST(CFileCE, FailsQuietlyWhenClosed) {
+  const TempDir dir;
+  CFileCE file;
+  char byte = 0;
+  std::wstring line = L"x";
+  EXPECT_TRUE(file.Close());
+  EXPECT_FALSE(file.Open(dir.Path(L"missing"), kOpenReadWrite));
+  EXPECT_FALSE(file.Read(&byte, 1));
+  EXPECT_FALSE(file.Write(&byte, 1));
+  EXPECT_FALSE(file.ReadLine(line));
+  EXPECT_FALSE(file.SeekToBegin());
+  EXPECT_EQ(file.GetPosition(), 0);
+  EXPECT_EQ(file.GetLength(), 0);
+  ASSERT_TRUE(file.Open(dir.Path(L"new"), kCreateOutput));
+  EXPECT_FALSE(file.HasWriteFailed());
+  EXPECT_FALSE(file.Open(dir.Path(L"new"), kOpenReadOnly));
+}
+
+TEST(CFileCE, RemembersAFullDisk) {
+  if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "no /dev/full here";
+  for (const int lines : {1, 100000}) {
+    CFileCE file;
+    ASSERT_TRUE(file.Open(L"/dev/full", kCreateOutput));
+    for (int i = 0; i < lines; ++i) EXPECT_TRUE(file.WriteLine(L"10NM"));
+    EXPECT_EQ(file.HasWriteFailed(), lines > 1);
+    EXPECT_FALSE(file.Close());
+    EXPECT_TRUE(file.HasWriteFailed());
+    EXPECT_FALSE(file.IsOpen());
+  }
+}
+
+}  // namespace
+}  // namespace zelconvert

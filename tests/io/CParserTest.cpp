@@ -1,0 +1,153 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <vector>
+
+#include "io/CParser.h"
+#include "io/CQuickSort.h"
+#include "io/Strings.h"
+
+namespace zelconvert {
+namespace {
+
+enum Option { kPlain = 0, kCollapse = 1, kTrimLeft = 2, kTrimRight = 4, kTrim = 6 };
+
+TEST(CParser, CutsFields) {
+  struct Case {
+    const wchar_t *text, *separators;
+    int options;
+    std::vector<std::wstring> fields;
+  };
+  const Case cases[] = {
+      {L"", L",", kPlain, {}},
+      {L"a,,b", L",", kPlain, {L"a", L"", L"b"}},
+      {L"1,2,", L",", kPlain, {L"1", L"2"}},
+      {L",", L",", kPlain, {L""}},
+      {L"a b", L"", kPlain, {L"a b"}},
+      {L"a,b;c", L";,", kPlain, {L"a", L"b", L"c"}},
+      {L" a , b ", L",", kPlain, {L" a ", L" b "}},
+      {L" a , b ", L",", kTrim, {L"a", L"b"}},
+      {L" a , b ", L",", kTrimLeft, {L"a ", L"b "}},
+      {L" a , b ", L",", kTrimRight, {L" a", L" b"}},
+      {L"  ", L",", kTrim, {}},
+      {L"  ", L",", kTrimRight, {L""}},
+      {L"a, b", L", ", kCollapse, {L"a", L"b"}},
+      {L"a , b", L", ", kCollapse, {L"a", L"b"}},
+      {L"a  ,  b", L", ", kCollapse, {L"a", L"b"}},
+      {L"a, ,b", L", ", kCollapse, {L"a", L"", L"b"}},
+      {L"a ,", L", ", kCollapse, {L"a"}},
+      {L"a   ", L" ", kCollapse, {L"a"}},
+      {L"a \t,\tb", L",", kCollapse, {L"a \t", L"b"}},
+      {L"a,,b", L",", kCollapse, {L"a", L"", L"b"}},
+      {L"a,\u00a0b", L",", kCollapse | kTrim, {L"a", L"\u00a0b"}},
+  };
+  CParser parser;
+  for (const Case& test : cases) {
+    SCOPED_TRACE(testing::Message() << "\"" << test.text << "\" " << test.options);
+    parser.SetText(test.text);
+    parser.SetSeparators(test.separators);
+    parser.SetCollapse(test.options & kCollapse);
+    parser.SetTrimLeft(test.options & kTrimLeft);
+    parser.SetTrimRight(test.options & kTrimRight);
+    std::vector<std::wstring> fields;
+    for (std::wstring field; parser.GetField(field);) fields.push_back(field);
+    EXPECT_EQ(fields, test.fields);
+    EXPECT_TRUE(parser.IsEmpty());
+  }
+}
+
+TEST(CParser, KeepsTheRest) {
+  CParser parser(L"tag:a:b", L":");
+  std::wstring field, rest;
+  EXPECT_TRUE(parser.GetField(field));
+  parser.GetRest(rest);
+  EXPECT_EQ(field, L"tag");
+  EXPECT_EQ(rest, L"a:b");
+}
+
+// Each text is one field; a second call finds none, whatever the first gave.
+template <class Value>
+void ExpectNumber(const wchar_t* text, bool (CParser::*get)(Value&), bool ok, Value expected) {
+  SCOPED_TRACE(testing::Message() << text);
+  CParser parser(text);
+  Value value{};
+  EXPECT_EQ((parser.*get)(value), ok);
+  EXPECT_EQ(value, expected);
+  EXPECT_TRUE(parser.IsEmpty());
+  parser.SetText(text);
+  parser.SetThrowOnError(true);
+  if (ok) {
+    EXPECT_TRUE((parser.*get)(value));
+  } else {
+    EXPECT_THROW((parser.*get)(value), CParseException);
+  }
+  EXPECT_THROW((parser.*get)(value), CParseException);
+}
+
+TEST(CParser, ReadsNumbers) {
+  ExpectNumber(L" 1.5x,", &CParser::GetDouble, true, 1.5);
+  ExpectNumber(L"0,", &CParser::GetDouble, true, 0.0);
+  ExpectNumber(L"x,", &CParser::GetDouble, false, 0.0);
+  ExpectNumber(L",", &CParser::GetDouble, false, 0.0);
+  ExpectNumber(L"inf", &CParser::GetDouble, false, 0.0);
+  ExpectNumber(L"-1e999", &CParser::GetDouble, false, -HUGE_VAL);
+
+  ExpectNumber<std::int32_t>(L"12a", &CParser::GetInt, true, 12);
+  ExpectNumber<std::int32_t>(L",", &CParser::GetInt, false, 0);
+  ExpectNumber<std::int32_t>(L"2147483647", &CParser::GetInt, false, 2147483647);
+  ExpectNumber<std::int32_t>(L"-99999999999", &CParser::GetInt, false, -2147483647 - 1);
+  ExpectNumber<std::int16_t>(L"65535", &CParser::GetInt16, true, -1);
+  ExpectNumber<std::int16_t>(L"2147483648", &CParser::GetInt16, false, -1);
+
+  ExpectNumber<std::uint32_t>(L"4294967294", &CParser::GetUnsigned, true, 0xFFFFFFFEu);
+  ExpectNumber<std::uint32_t>(L"-1", &CParser::GetUnsigned, false, 0xFFFFFFFFu);
+  ExpectNumber<std::uint32_t>(L"-2", &CParser::GetUnsigned, true, 0xFFFFFFFEu);
+  ExpectNumber<std::uint32_t>(L"4294967296", &CParser::GetUnsigned, false, 0xFFFFFFFFu);
+  ExpectNumber<std::uint16_t>(L"65537", &CParser::GetUnsigned16, true, 1);
+}
+
+TEST(CParser, TellsNamesFromNumbers) {
+  EXPECT_FALSE(IsNonNumeric(L""));
+  EXPECT_FALSE(IsNonNumeric(L"0123456789"));
+  EXPECT_TRUE(IsNonNumeric(L"12A"));
+  EXPECT_TRUE(IsNonNumeric(L"-1"));
+  EXPECT_TRUE(IsNonNumeric(L"\u0661"));
+}
+
+// Elements of two bytes: the key decides, the letter tells equal keys apart.
+std::string Sorted(std::string elements) {
+  CQuickSort::Sort(elements.data(), elements.size() / 2, 2, [](const void* a, const void* b) {
+    return *static_cast<const char*>(a) - *static_cast<const char*>(b);
+  });
+  return elements;
+}
+
+// The orders of equal keys are worked out by hand from the algorithm.
+TEST(CQuickSort, OrdersEqualKeysAsItAlwaysDoes) {
+  EXPECT_EQ(Sorted(""), "");
+  EXPECT_EQ(Sorted("1a"), "1a");
+  EXPECT_EQ(Sorted("2a1b"), "1b2a");
+  EXPECT_EQ(Sorted("2a1a2b1b"), "1a1b2b2a");
+  EXPECT_EQ(Sorted("3a3b3c3d3e3f3g3h"), "3b3c3d3e3f3g3h3a");
+  EXPECT_EQ(Sorted("3a3b3c3d3e3f3g3h3i"), "3e3b3c3d3a3f3g3h3i");
+  EXPECT_EQ(Sorted("4 1 9a7 5 3 9b2 8 "), "1 2 3 4 5 7 8 9a9b");
+}
+
+TEST(CQuickSort, SortsAnyOrder) {
+  for (const std::size_t count : {7u, 8u, 9u, 100u, 5000u}) {
+    for (const std::uint32_t factor : {1u, 7919u, 0xFFFFFFFFu}) {
+      std::vector<std::uint32_t> values(count), expected(count);
+      for (std::uint32_t i = 0; i < count; ++i) expected[i] = values[i] = i * factor % 1000003;
+      std::sort(expected.begin(), expected.end());
+      CQuickSort::Sort(values.data(), count, sizeof(values[0]), [](const void* a, const void* b) {
+        const auto x = *static_cast<const std::uint32_t*>(a);
+        const auto y = *static_cast<const std::uint32_t*>(b);
+        return x < y ? -1 : x > y ? 1 : 0;
+      });
+      EXPECT_EQ(values, expected);
+    }
+  }
+}
+
+}  // namespace
+}  // namespace zelconvert

@@ -1,0 +1,271 @@
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "TempDir.h"
+#include "io/CTextFile.h"
+
+namespace zelconvert {
+namespace {
+
+using platform::kCreateOutput;
+using platform::kOpenReadOnly;
+using platform::kOpenText;
+
+std::vector<std::wstring> Lines(CTextFile& file) {
+  std::vector<std::wstring> lines;
+  for (std::wstring line; file.ReadString(line);) lines.push_back(line);
+  return lines;
+}
+
+// The bytes of an array without its terminator, zeros included.
+template <std::size_t N>
+std::string Bytes(const char (&text)[N]) {
+  return std::string(text, N - 1);
+}
+
+TEST(CTextFile, FindsTheEncodingAndReadsLines) {
+  struct Case {
+    std::string bytes;
+    CTextFile::Encoding encoding;
+    std::int32_t bomSize;
+    std::vector<std::wstring> lines, linesAfterRewind;
+  };
+  const auto ansi = CTextFile::kAnsi;
+  const auto utf8 = CTextFile::kUtf8;
+  const auto little = CTextFile::kUtf16LittleEndian;
+  const auto big = CTextFile::kUtf16BigEndian;
+  const std::string a(300, 'a');
+  const std::wstring wideA(300, L'a');
+  const std::string continuation(256, '\x80');
+  const std::wstring broken(44, L'\ufffd');
+  const Case cases[] = {
+      {"", ansi, 0, {}, {}},
+      {"x", ansi, 0, {}, {L"x"}},  // the look at the first two bytes leaves nothing
+      {"ab", ansi, 0, {L"ab"}, {L"ab"}},
+      {"a\x80\r\n\r\nb", ansi, 0, {L"a\u20ac", L"", L"b"}, {L"a\u20ac", L"", L"b"}},
+      {"a\rb\nc\r", ansi, 0, {L"a", L"c"}, {L"a", L"c"}},
+      {a + "\n\xC3\xA4", ansi, 0, {wideA, L"\u00c3\u00a4"}, {wideA, L"\u00c3\u00a4"}},
+      {Bytes("ab\0c\nd"), ansi, 0, {L"ab"}, {L"ab"}},
+      {Bytes("ab\0") + a + "\n",
+       ansi,
+       0,
+       {L"ab" + std::wstring(47, L'a')},
+       {L"ab" + std::wstring(47, L'a')}},
+
+      {"\xEF\xBB", utf8, 2, {}, {}},
+      {"\xEF\xBB\xBF", utf8, 3, {}, {}},
+      {"\xEF\xBBx\r\n\xE2\x82\xAC", utf8, 2, {L"x", L"\u20ac"}, {L"x", L"\u20ac"}},
+      {"\xEF\xBB\xBF\xF0\x9F\x98\x80!", utf8, 3, {L"\xD83D\xDE00!"}, {L"\xD83D\xDE00!"}},
+      {Bytes("\xEF\xBB\xBFx\0y\n"),
+       utf8,
+       3,
+       {std::wstring(L"x\0y", 3)},
+       {std::wstring(L"x\0y", 3)}},
+      // One U+FFFD for each: stray continuation, cut sequence, overlong form (two), surrogate
+      // (three), FF, cut at the end.
+      {"\xEF\xBB\xBF\x80|\xE2\x82|\xC0\x80|\xED\xA0\x80|\xFF|\xF0\x9F\x98",
+       utf8,
+       3,
+       {L"\ufffd|\ufffd|\ufffd\ufffd|\ufffd\ufffd\ufffd|\ufffd|\ufffd"},
+       {L"\ufffd|\ufffd|\ufffd\ufffd|\ufffd\ufffd\ufffd|\ufffd|\ufffd"}},
+      // A block without any place to cut is used up and reads as the end of the file, once.
+      {"\xEF\xBB\xBF\xC3" + continuation + continuation.substr(0, 43), utf8, 3, {}, {}},
+      {"\xEF\xBB\xBF" + a.substr(0, 256) + continuation + "b\n",
+       utf8,
+       3,
+       {wideA.substr(0, 256), L"b"},
+       {wideA.substr(0, 256), L"b"}},
+
+      {Bytes("\xFF\xFE\xAC\x20\r\0\n\0b\0c"), little, 2, {L"\u20ac", L"b"}, {L"\u20ac", L"b"}},
+      {Bytes("\xFE\xFF\x20\xAC\0\r\0\n\xD8\x3D\xDE\x00"),
+       big,
+       2,
+       {L"\u20ac", L"\xD83D\xDE00"},
+       {L"\u20ac", L"\xD83D\xDE00"}},
+      // Without a mark the reader loses the first character until it rewinds.
+      {Bytes("a\0b\0\n\0"), little, 0, {L"b"}, {L"ab"}},
+      {Bytes("\0a\0b\0\n"), big, 0, {L"b"}, {L"ab"}},
+  };
+  const TempDir dir;
+  for (const Case& test : cases) {
+    SCOPED_TRACE(testing::PrintToString(test.bytes.substr(0, 40)));
+    CTextFile file(false, false);
+    file.SetAllowUnicode(true);
+    ASSERT_TRUE(file.Open(dir.Write(L"text", test.bytes), kOpenText));
+    EXPECT_EQ(file.GetEncoding(), test.encoding);
+    EXPECT_EQ(file.GetBomSize(), test.bomSize);
+    EXPECT_EQ(Lines(file), test.lines);
+    EXPECT_TRUE(file.Rewind());
+    EXPECT_EQ(Lines(file), test.linesAfterRewind);
+  }
+}
+
+TEST(CTextFile, GoesOnBehindABlockItCannotCut) {
+  const TempDir dir;
+  CTextFile file(false, false);
+  file.SetAllowUnicode(true);
+  const std::string bytes = "\xEF\xBB\xBF\xC3" + std::string(255 + 44, '\x80');
+  ASSERT_TRUE(file.Open(dir.Write(L"text", bytes), kOpenText));
+  EXPECT_EQ(Lines(file), std::vector<std::wstring>());
+  EXPECT_EQ(Lines(file), std::vector<std::wstring>{std::wstring(44, L'\ufffd')});
+}
+
+TEST(CTextFile, KeepsTheEncodingItCannotFind) {
+  const TempDir dir;
+  struct Case {
+    std::string bytes;
+    std::int32_t bomSize;
+    std::vector<std::wstring> lines;
+  };
+  for (const auto& [bytes, bomSize, lines] :
+       {Case{"", 0, {}}, Case{"x", 0, {}}, Case{Bytes("\0\0a\0"), 2, {L"a"}}}) {
+    CTextFile file(true, false);
+    file.SetAllowUnicode(true);
+    ASSERT_TRUE(file.Open(dir.Write(L"text", bytes), kOpenText));
+    EXPECT_EQ(file.GetEncoding(), CTextFile::kUtf16LittleEndian);
+    EXPECT_EQ(file.GetBomSize(), bomSize);
+    EXPECT_EQ(Lines(file), lines);
+  }
+}
+
+TEST(CTextFile, StripsNulls) {
+  const TempDir dir;
+  CTextFile file(false, true);
+  ASSERT_TRUE(file.Open(dir.Write(L"text", Bytes("ab\0c\0\nd")), kOpenReadOnly));
+  EXPECT_EQ(Lines(file), (std::vector<std::wstring>{L"abc", L"d"}));
+}
+
+TEST(CTextFile, OpensUnicodeOnlyIfAllowed) {
+  const TempDir dir;
+  for (const std::string& bytes : {Bytes("\xFF\xFE"
+                                         "a\0"),
+                                   Bytes("\xFE\xFF\0a"), Bytes("\xEF\xBB"), Bytes("a\0b\0")}) {
+    const std::wstring path = dir.Write(L"text", bytes);
+    CTextFile refused(false, false), allowed(false, false), allowedToAll(false, false);
+    EXPECT_FALSE(refused.Open(path, kOpenReadOnly));
+    EXPECT_FALSE(refused.IsOpen());
+    allowed.SetAllowUnicode(true);
+    EXPECT_TRUE(allowed.Open(path, kOpenReadOnly));
+    CTextFile::s_bUnicodeAllowed = true;
+    EXPECT_TRUE(allowedToAll.Open(path, kOpenReadOnly));
+    CTextFile::s_bUnicodeAllowed = false;
+  }
+  CTextFile file(false, false);
+  EXPECT_FALSE(file.SetEncoding(CTextFile::kUtf8));
+  EXPECT_FALSE(file.Open(dir.Path(L"missing"), kOpenText));
+}
+
+TEST(CTextFile, WritesLines) {
+  const std::wstring w(256, L'w');
+  const std::string n(256, 'w');
+  struct Case {
+    std::wstring text;
+    std::string bytes, ansiBytes;
+  };
+  const Case cases[] = {
+      {L"", "", ""},
+      {L"ab", "ab\r\n", "ab\r\n"},
+      {L"a\n\nb\n", "a\r\n\r\nb\r\n", "a\r\nb\r\n"},  // 8-bit text has no empty lines
+      {L"\n", "\r\n", ""},
+      {w, n + "\r\n", n + "\r\n"},
+      {w.substr(1) + L"\n", n.substr(1) + "\r\n", n.substr(1) + "\r\n"},
+      {w.substr(1) + L"\nx", n.substr(1) + "\r\nx\r\n", n.substr(1) + "\r\nx\r\n"},
+      {w + L"\n", n + "\r\n", n},  // the line end stands alone in the next piece
+      {w + w + L"x", n + n + "x\r\n", n + n + "x\r\n"},
+  };
+  const TempDir dir;
+  for (const Case& test : cases) {
+    SCOPED_TRACE(test.bytes.substr(0, 20) + " of " + std::to_string(test.text.size()));
+    for (const int encoding : {0, 1, 2, 3}) {
+      CTextFile file(false, false);
+      ASSERT_TRUE(file.Open(dir.Path(L"out"), kCreateOutput, CTextFile::Encoding{encoding}, true));
+      EXPECT_TRUE(file.WriteString(test.text));
+      EXPECT_TRUE(file.Close());
+      std::string expected;
+      for (const char c : encoding == 0 ? test.ansiBytes : test.bytes) {
+        if (encoding == 3) expected += '\0';
+        expected += c;
+        if (encoding == 1) expected += '\0';
+      }
+      const char* const marks[] = {"", "\xFF\xFE", "\xEF\xBB", "\xFE\xFF"};
+      EXPECT_EQ(dir.Read(L"out"), marks[encoding] + expected);
+    }
+  }
+}
+
+TEST(CTextFile, WritesEveryCharacter) {
+  const TempDir dir;
+  const std::string bytes[] = {"\xE4\x80", Bytes("\xE4\0\xAC\x20"), "\xC3\xA4\xE2\x82\xAC",
+                               Bytes("\0\xE4\x20\xAC")};
+  for (const int encoding : {0, 1, 2, 3}) {
+    CTextFile file(false, false);
+    ASSERT_TRUE(file.Open(dir.Path(L"out"), kCreateOutput));
+    EXPECT_TRUE(file.SetEncoding(CTextFile::Encoding{encoding}));
+    EXPECT_TRUE(file.WriteString(L"\u00e4\u20ac"));
+    EXPECT_TRUE(file.Close());
+    EXPECT_EQ(dir.Read(L"out").substr(0, bytes[encoding].size()), bytes[encoding]);
+  }
+}
+
+// Lines of every length about the block's, with sequences of two, three and four bytes.
+TEST(CTextFile, ReadsWhatItWroteAcrossBlocks) {
+  const TempDir dir;
+  for (const int encoding : {0, 1, 2, 3}) {
+    for (const std::wstring& filler :
+         {std::wstring(L"\u00e4"), std::wstring(L"\u20ac"), std::wstring(L"\xD83D\xDE00")}) {
+      if (encoding == 0 && filler.size() > 1) continue;
+      std::vector<std::wstring> lines;
+      for (std::size_t length = 0; length < 20; ++length) {
+        std::wstring line(L"x" + std::wstring(length, L'a'));
+        for (int i = 0; i < 120; ++i) line += filler;
+        lines.push_back(line);
+      }
+      CTextFile file(false, false);
+      file.SetAllowUnicode(true);
+      ASSERT_TRUE(file.Open(dir.Path(L"f"), kCreateOutput, CTextFile::Encoding{encoding}, true));
+      for (const std::wstring& line : lines) file.WriteString(line);
+      EXPECT_TRUE(file.Rewind());
+      EXPECT_TRUE(Lines(file) == lines) << encoding << " " << filler;  // too long to print
+    }
+  }
+}
+
+TEST(CTextFile, CountsPositionInItsOwnWay) {
+  const TempDir dir;
+  struct Case {
+    std::string bytes;
+    std::int64_t afterFirstLine;
+  };
+  const std::string tail(300, 'b');
+  for (const auto& [bytes, afterFirstLine] :
+       {Case{"a\n" + tail, 2}, Case{"\xEF\xBB\xBF\xC3\xA4\n" + tail, 6},
+        Case{"\xEF\xBB\xBFx\n\xC3\xA4\xC3\xA4", 7},  // each held character counts one byte
+        Case{Bytes("\xFF\xFE"
+                   "a\0\n\0b\0"),
+             6}}) {
+    CTextFile file(false, false);
+    file.SetAllowUnicode(true);
+    ASSERT_TRUE(file.Open(dir.Write(L"text", bytes), kOpenText));
+    std::wstring line;
+    EXPECT_TRUE(file.ReadString(line));
+    EXPECT_EQ(file.GetPosition(), afterFirstLine);
+    while (file.ReadString(line)) continue;
+    EXPECT_EQ(file.GetPosition(), file.GetLength());
+    EXPECT_TRUE(file.SeekTo(0));
+    EXPECT_EQ(file.GetPosition(), 0);
+  }
+}
+
+TEST(CTextFile, RemembersAFullDisk) {
+  if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "no /dev/full here";
+  CTextFile file(false, false);
+  ASSERT_TRUE(file.Open(L"/dev/full", kCreateOutput, CTextFile::kUtf8, true));
+  for (int i = 0; i < 10000; ++i) file.WriteString(L"PPNT\tPNAM:1");
+  EXPECT_FALSE(file.WriteString(L"x"));
+  EXPECT_FALSE(file.Close());
+  EXPECT_TRUE(file.HasWriteFailed());
+}
+
+}  // namespace
+}  // namespace zelconvert

@@ -1,0 +1,104 @@
+// Text conversions and path helpers.
+#include <gtest/gtest.h>
+
+#include "TempDir.h"
+#include "io/Clock.h"
+#include "io/Paths.h"
+#include "io/Strings.h"
+#include "platform/Platform.h"
+
+namespace zelconvert {
+namespace {
+
+const std::wstring kSeparator(1, platform::kPathSeparator);
+
+TEST(Text, NarrowsAndWidensEveryByte) {
+  std::string all(256, '\0');
+  for (std::size_t i = 0; i < all.size(); ++i) all[i] = static_cast<char>(i);
+  EXPECT_EQ(ToNarrow(ToWide(all)), all);
+  EXPECT_EQ(ToWide("A\x80\x81\x99\xE4"), L"A\u20ac\u0081\u2122\u00e4");
+  EXPECT_EQ(ToNarrow(L"N\u00f8rdre \u4e2d \u20ac"), "N\xF8rdre ? \x80");
+  EXPECT_EQ(ToNarrow(std::wstring(L"a\0b", 3)), std::string("a\0b", 3));
+}
+
+TEST(Text, FillsInFixedTexts) {
+  EXPECT_EQ(FormatText(L"The file %s does not exist. %s", L"%s.dc"),
+            L"The file %s.dc does not exist. %s");
+  EXPECT_EQ(FormatText(L"Line %ld of %d", 7), L"Line 7 of %d");
+  EXPECT_EQ(FormatText(L"no mark", 7), L"no mark");
+}
+
+TEST(Text, CutsUtf16OutsideOfPairs) {
+  const std::u16string units = u"a\xD83D\xDE00\x62";
+  std::wstring wide;
+  AssignUtf16(wide, units);
+  for (std::size_t room = 0; room <= 5; ++room) {
+    std::u16string out(room, u'x');
+    const std::size_t expected = room == 2 ? 1 : std::min<std::size_t>(room, 4);
+    EXPECT_EQ(EncodeUtf16(wide, out), expected);
+    EXPECT_EQ(out.substr(0, expected), units.substr(0, expected));
+    EXPECT_EQ(EncodeUtf16(L"a\xD83D\xDE00\x62", out), expected);  // a pair as two characters
+  }
+  AssignUtf16(wide, u"\xDE00\xD83D");
+  EXPECT_EQ(wide, L"\xDE00\xD83D");
+}
+
+TEST(Text, EncodesUtf8) {
+  std::string out;
+  AppendUtf8(out, L"a\u00e4\u20ac\U0001F600\xD83D\xDE00\xD83D!");
+  EXPECT_EQ(out, "a\xC3\xA4\xE2\x82\xAC\xF0\x9F\x98\x80\xF0\x9F\x98\x80\xEF\xBF\xBD!");
+}
+
+TEST(Paths, SplitAtBothSeparators) {
+  struct Case {
+    const wchar_t *path, *directory, *name;
+  };
+  for (const auto& [path, directory, name] :
+       {Case{L"C:\\jobs/a.job", L"C:\\jobs/", L"a.job"}, Case{L"a.job", L"a.job", L"a.job"},
+        Case{L"/jobs\\", L"/jobs\\", L""}, Case{L"", L"", L""}}) {
+    EXPECT_EQ(GetDirectory(path), directory);
+    EXPECT_EQ(GetFileName(path), name);
+  }
+}
+
+TEST(Paths, ChangeExtensions) {
+  struct Case {
+    const wchar_t *path, *extension, *result;
+  };
+  for (const auto& [path, extension, result] :
+       {Case{L"a.job", L"raw", L"a.raw"}, Case{L"a.job", L".raw", L"a.raw"},
+        Case{L"a.jobs", L"raw", L"a.jobs.raw"}, Case{L"a.b.c", L"raw", L"a.b.c.raw"},
+        Case{L"a", L"raw", L"a.raw"}, Case{L"job", L".", L"job."}, Case{L"a.job", L"", L"a.job"},
+        Case{L"", L"raw", L".raw"}}) {
+    std::wstring changed = path;
+    SetExtension(changed, extension);
+    EXPECT_EQ(changed, result);
+  }
+  EXPECT_EQ(RemoveExtension(L"a.b/c"), L"a");
+  EXPECT_EQ(RemoveExtension(L"ab"), L"ab");
+  EXPECT_TRUE(HasExtension(L"x.job", L".job"));
+  EXPECT_FALSE(HasExtension(L"x.JOB", L".job"));
+  EXPECT_TRUE(HasExtensionIgnoringCase(L"x.JOB", L".job"));
+  EXPECT_FALSE(HasExtensionIgnoringCase(L"job", L".job"));
+}
+
+TEST(Paths, FindFreeTemporaryNames) {
+  const TempDir dir;
+  const ScopedClock clock({}, 123456);
+  dir.Write(L"temp123456", "");
+  EXPECT_EQ(GetTempJobName(dir.Folder().wstring().c_str()), dir.Path(L"temp123457"));
+  EXPECT_EQ(GetTempJobName(nullptr).substr(0, 5), kSeparator + L"temp");
+  EXPECT_TRUE(FileExists(dir.Path(L"temp123456")));
+  EXPECT_FALSE(FileExists(ToText(dir.Folder())));
+  EXPECT_FALSE(FileExists(L""));
+}
+
+TEST(Paths, ProgramDirectoryEndsInASeparator) {
+  const std::wstring folder = GetProgramDirectory();
+  ASSERT_FALSE(folder.empty());
+  EXPECT_EQ(folder.back(), platform::kPathSeparator);
+  EXPECT_TRUE(platform::GetAttributes(folder)->isDirectory);
+}
+
+}  // namespace
+}  // namespace zelconvert
