@@ -46,9 +46,13 @@ void SetExtension(std::wstring& path, std::wstring_view extension) {
   path += extension;
 }
 
+void EnsureSeparator(std::wstring& path) {
+  if (!EndsInSeparator(path)) path += platform::kPathSeparator;
+}
+
 std::wstring GetTempJobName(const wchar_t* directory) {
   std::wstring folder = directory ? directory : L"";
-  if (!EndsInSeparator(folder)) folder += platform::kPathSeparator;
+  EnsureSeparator(folder);
   std::wstring name;
   do {
     name = folder + L"temp";

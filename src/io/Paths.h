@@ -17,6 +17,8 @@ std::wstring RemoveExtension(std::wstring_view path);
 /// Replaces an extension of three characters, or appends; with or without the point. An empty
 /// `extension` changes nothing.
 void SetExtension(std::wstring& path, std::wstring_view extension);
+/// Appends the platform's separator unless one ends the path.
+void EnsureSeparator(std::wstring& path);
 /// "temp" and the tick count in `directory`; a name that nothing bears. Not created. With no
 /// directory the name starts with a separator: the root of the current drive.
 std::wstring GetTempJobName(const wchar_t* directory);
