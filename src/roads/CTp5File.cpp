@@ -12,7 +12,7 @@ bool CTp5File::OpenForRead(const std::wstring& path) {
   return Open(path, platform::kOpenReadWrite) && SeekToBegin();
 }
 
-bool CTp5File::WriteTH(int segments, double cutSlope, double fillSlope) {
+bool CTp5File::WriteTH(std::int64_t segments, double cutSlope, double fillSlope) {
   CommaLine(m_strLine, L"TH").Integer(segments).Real(cutSlope).Real(fillSlope);
   return WriteLine(m_strLine);
 }

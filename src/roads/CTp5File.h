@@ -2,6 +2,7 @@
 // centre line outwards. docs/formats/roads.md shows one.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -21,7 +22,7 @@ class CTp5File : public CFileCE {
   bool OpenForRead(const std::wstring& path);
 
   /// cutSlope, fillSlope: horizontal run per unit of height.
-  bool WriteTH(int segments, double cutSlope, double fillSlope);
+  bool WriteTH(std::int64_t segments, double cutSlope, double fillSlope);
   /// value: a grade in percent, or a difference of elevation when isDelta is set.
   bool WriteTS(double width, double value, bool isDelta, std::wstring_view code);
 

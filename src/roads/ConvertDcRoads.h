@@ -2,10 +2,10 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "convert/ConversionBase.h"
+#include "roads/RoadNames.h"
 
 namespace zelconvert {
 
@@ -32,9 +32,5 @@ struct ROAD_HEADER {
 /// this run is deleted again. Refused roads alone are no failure.
 bool ConvertDcRoads(CDcFile& file, StringList& messages, std::vector<ROAD_HEADER>& roads,
                     const std::wstring& outputFolder);
-
-/// A road or template name as it stands in files: trimmed, cut to 8 characters, and every character
-/// outside A-Z, a-z, 0-9, "$", "-" and "_" replaced by "_". Empty if nothing is left.
-std::wstring CleanRoadName(std::wstring_view name);
 
 }  // namespace zelconvert

@@ -1,0 +1,23 @@
+// Which roads of a DC file road files can express, found before any is written.
+#pragma once
+
+#include <string>
+#include <unordered_set>
+
+#include "convert/ConversionBase.h"
+#include "dc/CDcFile.h"
+
+namespace zelconvert {
+
+/// Trimmed names of roads.
+using RoadNames = std::unordered_set<std::wstring>;
+
+/// "Road %s in the DC file could not be converted to RD5 files."
+std::wstring FormatRoadFailure(const std::wstring& roadName);
+
+/// Reads the whole file and adds to `badRoads` each road that breaks a rule. For each, `messages`
+/// gets the text of the first rule it breaks and FormatRoadFailure. docs/formats/roads.md lists the
+/// rules.
+void CheckDcRoads(CDcFile& file, RoadNames& badRoads, StringList& messages);
+
+}  // namespace zelconvert
