@@ -24,23 +24,29 @@
 
 namespace zelconvert {
 
+// The bytes of a value in the file's order, from or to the machine's.
+template <class Unsigned>
+constexpr Unsigned LittleEndian(Unsigned value) {
+  static_assert(std::is_unsigned_v<Unsigned>);
+  if constexpr (std::endian::native == std::endian::little || sizeof(Unsigned) == 1) return value;
+  Unsigned swapped = 0;
+  for (std::size_t i = 0; i < sizeof(Unsigned); ++i) {
+    swapped = static_cast<Unsigned>((swapped << 8) | ((value >> (8 * i)) & 0xFFu));
+  }
+  return swapped;
+}
+
 template <class Unsigned>
 Unsigned LoadLittleEndian(const std::byte* bytes) {
-  static_assert(std::is_unsigned_v<Unsigned>);
-  Unsigned value = 0;
-  for (std::size_t i = 0; i < sizeof(Unsigned); ++i) {
-    value = static_cast<Unsigned>(
-        value | static_cast<Unsigned>(static_cast<Unsigned>(bytes[i]) << (8 * i)));
-  }
-  return value;
+  Unsigned value;
+  std::memcpy(&value, bytes, sizeof value);
+  return LittleEndian(value);
 }
 
 template <class Unsigned>
 void StoreLittleEndian(std::byte* bytes, Unsigned value) {
-  static_assert(std::is_unsigned_v<Unsigned>);
-  for (std::size_t i = 0; i < sizeof(Unsigned); ++i) {
-    bytes[i] = static_cast<std::byte>((value >> (8 * i)) & 0xFFu);
-  }
+  const Unsigned ordered = LittleEndian(value);
+  std::memcpy(bytes, &ordered, sizeof ordered);
 }
 
 /// Fills a record from a block.
@@ -58,14 +64,17 @@ class BinaryReader {
   }
   /// Up to the first zero unit, or all `units`.
   void Text(std::size_t offset, std::wstring& text, std::size_t units) const {
-    char16_t buffer[kMaxUnits];
+    const auto unit = [this, offset](std::size_t i) {
+      return LoadLittleEndian<std::uint16_t>(At(offset + 2 * i));
+    };
     std::size_t used = 0;
-    while (used < units) {
-      const auto unit = LoadLittleEndian<std::uint16_t>(At(offset + 2 * used));
-      if (unit == 0) break;
-      buffer[used++] = static_cast<char16_t>(unit);
+    bool hasSurrogates = false;
+    for (; used < units && unit(used) != 0; ++used) {
+      hasSurrogates = hasSurrogates || (unit(used) & 0xF800u) == 0xD800u;
     }
-    AssignUtf16(text, std::u16string_view(buffer, used));
+    text.resize(used);
+    for (std::size_t i = 0; i < used; ++i) text[i] = static_cast<wchar_t>(unit(i));
+    if (hasSurrogates) AssignUtf16(text, std::u16string(text.begin(), text.end()));
   }
   void Bytes(std::size_t offset, std::span<std::byte> bytes) const {
     if (!bytes.empty()) std::memcpy(bytes.data(), At(offset), bytes.size());

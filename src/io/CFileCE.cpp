@@ -60,7 +60,7 @@ void CFileCE::SetBufferSize(std::uint32_t kilobytes) {
   m_nCachedPos = kUnknown;
 }
 
-bool CFileCE::Read(void* buffer, std::size_t count, std::size_t* pRead) {
+bool CFileCE::ReadPastBuffer(void* buffer, std::size_t count, std::size_t* pRead) {
   if (pRead) *pRead = 0;
   if (!IsOpen() || !Flush()) return false;
   std::size_t done = 0;

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <memory>
 #include <optional>
 #include <string>
@@ -33,7 +34,14 @@ class CFileCE {
 
   /// Reads up to `count` bytes. With `pRead` the number read is stored and a short read is a
   /// success; without it a short read is false (what was there has been copied).
-  bool Read(void* buffer, std::size_t count, std::size_t* pRead = nullptr);
+  bool Read(void* buffer, std::size_t count, std::size_t* pRead = nullptr) {
+    if (count == 0 || count > m_nBufferLeft) return ReadPastBuffer(buffer, count, pRead);
+    std::memcpy(buffer, m_pBuffer.get() + m_nBufferPos, count);
+    m_nBufferPos += count;
+    m_nBufferLeft -= count;
+    if (pRead) *pRead = count;
+    return true;
+  }
   /// False at once if the line reader holds unread characters. The bytes reach the platform in
   /// blocks: a full disk may show at a later call, at Close, and in HasWriteFailed.
   bool Write(const void* buffer, std::size_t count);
@@ -66,6 +74,7 @@ class CFileCE {
   static constexpr std::size_t kChunkCharacters = 255;
   static constexpr std::int64_t kUnknown = -1;
 
+  bool ReadPastBuffer(void* buffer, std::size_t count, std::size_t* pRead);
   std::size_t CharacterSize() const { return m_bUnicode ? 2 : 1; }
   std::optional<std::size_t> ReadPlatform(void* buffer, std::size_t count);
   bool FillBuffer();

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
-#include <limits>
+#include <optional>
 
 #include "io/BinaryFields.h"
 #include "io/CQuickSort.h"
@@ -33,16 +33,20 @@ constexpr std::size_t kMaxDigits = 7;
 constexpr double kLostElevation = -9.99e9;
 
 using HeaderBlock = std::array<std::byte, CR5_HEADER::kLength>;
-using RecordBlock = std::array<std::byte, CoordinateRecord::kLength>;
 
-RecordBlock Pack(const CoordinateRecord& record) {
-  RecordBlock block{};
+void Pack(const CoordinateRecord& record, Cr5RecordBlock& block) {
   const BinaryWriter writer(block);
   CoordinateRecord::Walk(writer, record);
+}
+
+/// An unused slot of a sequential file.
+Cr5RecordBlock UnusedRecord() {
+  Cr5RecordBlock block{};
+  Pack(CoordinateRecord(), block);
   return block;
 }
 
-CoordinateRecord Unpack(const RecordBlock& block) {
+CoordinateRecord Unpack(const Cr5RecordBlock& block) {
   CoordinateRecord record;
   const BinaryReader reader(block);
   CoordinateRecord::Walk(reader, record);
@@ -56,35 +60,49 @@ std::string_view DescriptionOf(const CoordinateRecord& record) {
           static_cast<std::size_t>(end - record.description.begin())};
 }
 
-bool IsPointNumber(std::wstring_view name) {
-  return name.size() <= kMaxDigits && !IsNonNumeric(name);
+/// Of a name that is a number; an empty name is 0.
+std::optional<std::int32_t> PointNumber(std::wstring_view name) {
+  if (name.size() > kMaxDigits) return std::nullopt;
+  std::int32_t number = 0;
+  for (const wchar_t c : name) {
+    if (!IsDigit(c)) return std::nullopt;
+    number = number * 10 + static_cast<std::int32_t>(c - L'0');
+  }
+  return number;
 }
 
-using RecordPointer = const CoordinateRecord*;
+// Points are held as they go to the file: a job may have millions.
+using RecordPointer = const Cr5RecordBlock*;
+
+std::int32_t NumberOf(RecordPointer record) {
+  std::int32_t number;
+  BinaryReader(*record).Field(0, number);
+  return number;
+}
 
 int CompareNumbers(const void* a, const void* b) {
-  const std::int32_t left = (*static_cast<const RecordPointer*>(a))->number;
-  const std::int32_t right = (*static_cast<const RecordPointer*>(b))->number;
+  const std::int32_t left = NumberOf(*static_cast<const RecordPointer*>(a));
+  const std::int32_t right = NumberOf(*static_cast<const RecordPointer*>(b));
   return left == right ? 0 : left > right ? 1 : -1;
 }
 
 bool IsBelow(RecordPointer a, RecordPointer b) {
-  return a->number < b->number;
+  return NumberOf(a) < NumberOf(b);
 }
 bool IsEqual(RecordPointer a, RecordPointer b) {
-  return a->number == b->number;
+  return NumberOf(a) == NumberOf(b);
 }
 
-std::vector<RecordPointer> PointersTo(const std::vector<CoordinateRecord>& records) {
+std::vector<RecordPointer> PointersTo(const std::vector<Cr5RecordBlock>& records) {
   std::vector<RecordPointer> pointers(records.size());
   std::transform(records.begin(), records.end(), pointers.begin(),
-                 [](const CoordinateRecord& record) { return &record; });
+                 [](const Cr5RecordBlock& record) { return &record; });
   return pointers;
 }
 
 // Ascending by number. Any sort gives that as long as no number is there twice; the order of points
 // that share a number is the one that CQuickSort leaves them in, which readers are used to.
-std::vector<RecordPointer> Sort(const std::vector<CoordinateRecord>& records) {
+std::vector<RecordPointer> Sort(const std::vector<Cr5RecordBlock>& records) {
   std::vector<RecordPointer> sorted = PointersTo(records);
   if (!std::is_sorted(sorted.begin(), sorted.end(), IsBelow)) {
     std::sort(sorted.begin(), sorted.end(), IsBelow);
@@ -128,13 +146,13 @@ bool CConvCR5File::PrepareJob() {
 
 // A last record that was cut off counts if its number came; what is missing has the initial values.
 bool CConvCR5File::CopyRecords(CConvertProgress& progress) {
-  const RecordBlock kFresh = Pack(CoordinateRecord());
+  const Cr5RecordBlock kFresh = UnusedRecord();
   const std::int64_t fileLength = m_pFile1->GetLength();
   JOB_POINT point;
   point.layer = kDefaultLayerId;
   for (std::size_t bytes = CoordinateRecord::kLength; bytes == CoordinateRecord::kLength;) {
     progress.SetPosition(m_pFile1->GetPosition(), fileLength);
-    RecordBlock block = kFresh;
+    Cr5RecordBlock block = kFresh;
     if (!m_pFile1->Read(block.data(), block.size(), &bytes)) return false;
     const CoordinateRecord record = Unpack(block);
     if (bytes < kNumberLength || record.number == CoordinateRecord::kUnused) continue;
@@ -176,33 +194,28 @@ bool CConvCR5File::ConvertFromNative(StringList& messages, StringList& /*files*/
   return true;
 }
 
-// handle: called with each point of either kind; false ends the walk with false.
+// readPoint: called behind the head of each point of either kind; false ends the walk with false.
 template <class Handler>
-bool CConvCR5File::ForEachPoint(CConvertProgress& progress, int pass, Handler handle) {
+bool CConvCR5File::ForEachPoint(CConvertProgress& progress, int pass, Handler readPoint) {
   const std::int64_t fileLength = m_pFile2->GetFile().GetLength();
   if (!m_pFile2->SeekToFirstRecord()) return false;
   JobKind kind;
   std::int64_t position;
   std::uint32_t length;
-  JOB_POINT_EX point;
   while (m_pFile2->ReadNextRecordHead(kind, position, length)) {
     progress.SetPosition(pass * fileLength + position, kPasses * fileLength);
-    if (kind != JobKind::Point && kind != JobKind::PointEx) {
-      if (!m_pFile2->SkipRecord()) return false;
-      continue;
-    }
-    // Of the two readers the one whose kind it isn't reads nothing.
-    if (!m_pFile2->ReadPoint(point) || !m_pFile2->ReadPointEx(point)) return false;
-    if (!handle(point)) return false;
+    if (!(IsPoint(kind) ? readPoint() : m_pFile2->SkipRecord())) return false;
   }
   return !m_pFile2->GetFile().HasReadFailed();
 }
 
 bool CConvCR5File::CountPoints(CConvertProgress& progress, Totals& totals) {
-  const bool complete = ForEachPoint(progress, 0, [&](const JOB_POINT& point) {
+  std::wstring name;
+  const bool complete = ForEachPoint(progress, 0, [&] {
+    if (!m_pFile2->ReadPointName(name)) return false;
     ++totals.points;
-    if (IsPointNumber(point.name)) {
-      TakeNumber(ToInteger(point.name));
+    if (const auto number = PointNumber(name)) {
+      TakeNumber(*number);
     } else {
       ++totals.alphanumeric;
     }
@@ -231,14 +244,18 @@ bool CConvCR5File::WriteCr5Header(const Totals& totals) {
 
 bool CConvCR5File::CollectRecords(CConvertProgress& progress, int distanceUnit, Records& records,
                                   StringList& messages) {
+  JOB_POINT_EX point;
   std::string description;
-  return ForEachPoint(progress, 1, [&](const JOB_POINT& point) {
-    if (!IsPointNumber(point.name)) {
+  return ForEachPoint(progress, 1, [&] {
+    // Of the two readers the one whose kind it isn't reads nothing.
+    if (!m_pFile2->ReadPoint(point) || !m_pFile2->ReadPointEx(point)) return false;
+    const auto number = PointNumber(point.name);
+    if (!number) {
       messages.emplace_back(kInvalidNumbersText);
       return false;
     }
-    CoordinateRecord& record = records.emplace_back();
-    record.number = ToInteger(point.name);
+    CoordinateRecord record;
+    record.number = *number;
     record.east = UnitsFromMetres(point.east, distanceUnit);
     record.north = UnitsFromMetres(point.north, distanceUnit);
     record.elevation = UnitsFromMetres(point.elevation, distanceUnit);
@@ -246,32 +263,33 @@ bool CConvCR5File::CollectRecords(CConvertProgress& progress, int distanceUnit, 
     platform::AppendNarrow(description, point.description);
     std::memcpy(record.description.data(), description.data(),
                 std::min(description.size(), record.description.size()));
+    Pack(record, records.emplace_back());
     return true;
   });
 }
 
 bool CConvCR5File::WritePlain(const SortedRecords& records) {
   return std::all_of(records.begin(), records.end(),
-                     [this](const CoordinateRecord* record) { return WriteCr5Record(*record); });
+                     [this](RecordPointer record) { return WriteCr5Record(*record); });
 }
 
 // One record for every number, unless numbers are there twice: then the walk runs ahead of the
 // records, no gap is filled any more until they catch up, and it ends at the highest number.
 bool CConvCR5File::WriteSequential(const SortedRecords& records) {
-  const std::int32_t last = records.at(records.size() - 1)->number;
+  const Cr5RecordBlock kUnused = UnusedRecord();
+  const std::int32_t last = NumberOf(records.at(records.size() - 1));
   std::size_t i = 0;
-  for (std::int32_t expected = records.front()->number; expected <= last; ++expected, ++i) {
-    for (; expected < records[i]->number; ++expected) {
-      if (!WriteCr5Record(CoordinateRecord())) return false;
+  for (std::int32_t expected = NumberOf(records.front()); expected <= last; ++expected, ++i) {
+    for (; expected < NumberOf(records[i]); ++expected) {
+      if (!WriteCr5Record(kUnused)) return false;
     }
     if (!WriteCr5Record(*records[i])) return false;
   }
   return true;
 }
 
-bool CConvCR5File::WriteCr5Record(const CoordinateRecord& record) {
-  const RecordBlock block = Pack(record);
-  return m_pFile1->Write(block.data(), block.size());
+bool CConvCR5File::WriteCr5Record(const Cr5RecordBlock& record) {
+  return m_pFile1->Write(record.data(), record.size());
 }
 
 }  // namespace zelconvert

@@ -39,8 +39,8 @@ class CConvCR5File : public CConvFile<CFileCE, CJobFile> {
     std::size_t points = 0;
     std::size_t alphanumeric = 0;  // names that are no numbers
   };
-  using Records = std::vector<CoordinateRecord>;
-  using SortedRecords = std::vector<const CoordinateRecord*>;
+  using Records = std::vector<Cr5RecordBlock>;
+  using SortedRecords = std::vector<const Cr5RecordBlock*>;
 
   bool ReadCr5Header();
   bool PrepareJob();
@@ -48,7 +48,7 @@ class CConvCR5File : public CConvFile<CFileCE, CJobFile> {
   void FillPoint(JOB_POINT& point, const CoordinateRecord& record) const;
 
   template <class Handler>
-  bool ForEachPoint(CConvertProgress& progress, int pass, Handler handle);
+  bool ForEachPoint(CConvertProgress& progress, int pass, Handler readPoint);
   bool CountPoints(CConvertProgress& progress, Totals& totals);
   void TakeNumber(std::int32_t number);
   bool WriteCr5Header(const Totals& totals);
@@ -56,7 +56,7 @@ class CConvCR5File : public CConvFile<CFileCE, CJobFile> {
                       StringList& messages);
   bool WritePlain(const SortedRecords& records);
   bool WriteSequential(const SortedRecords& records);
-  bool WriteCr5Record(const CoordinateRecord& record);
+  bool WriteCr5Record(const Cr5RecordBlock& record);
 
   bool m_bSequential;
   std::int32_t m_nFirstPoint = 0;     // lowest number, 0: none yet

@@ -27,6 +27,9 @@ static_assert(kCoordBlockLength == CGlkProjectionRecord::kBlockSize);
 constexpr std::size_t kRecordHeadLength = 8;
 constexpr std::size_t kScratchStep = 1024;
 
+/// A job is read from front to back, and conversions read it twice.
+constexpr std::uint32_t kReadAheadKilobytes = 128;
+
 template <class Io, class Head>
 void WalkFileHead(Io& io, Head& head) {
   io.Bytes(0, head.signature);
@@ -49,12 +52,18 @@ HeaderBlock Pack(const JOB_HEADER& header) {
   return block;
 }
 
-JobKind KindFromFile(std::uint32_t kind) {
+/// What a kind in the file stands for, and the payload bytes that its reader takes.
+struct FoundKind {
+  JobKind kind = JobKind::Unused;
+  std::uint32_t length = 0;
+};
+
+FoundKind FindKind(std::uint32_t kind) {
   for (const JobKindInfo& info : kJobKinds) {
-    if (kind == static_cast<std::uint32_t>(info.kind)) return info.kind;
-    if (kind == info.oldKind && kind != 0) return info.kind;
+    if (kind == static_cast<std::uint32_t>(info.kind)) return {info.kind, info.length};
+    if (kind == info.oldKind && kind != 0) return {info.kind, info.oldLength};
   }
-  return JobKind::Unused;
+  return {};
 }
 
 }  // namespace
@@ -84,6 +93,7 @@ bool CJobFile::Open(const std::wstring& path, bool bReadOnly) {
   if (!m_File.Open(path, bReadOnly ? platform::kOpenReadOnly : platform::kOpenReadWrite)) {
     return false;
   }
+  m_File.SetBufferSize(kReadAheadKilobytes);
   Reset();
   if (m_File.SeekToBegin() && ReadBlocks()) return true;
   m_File.Close();
@@ -277,7 +287,7 @@ bool CJobFile::ReadNextRecordHead(JobKind& kind, std::int64_t& position, std::ui
   position = m_File.GetPosition();
   if (!ReadHead()) return false;
   length = m_RecordHead.length;
-  kind = KindFromFile(m_RecordHead.kind);
+  kind = FindKind(m_RecordHead.kind).kind;
   return true;
 }
 
@@ -317,6 +327,17 @@ bool CJobFile::ReadRecord15(JOB_RECORD15& record) {
 bool CJobFile::ReadRecord16(JOB_RECORD16& record) {
   return ReadEitherForm(record);
 }
+
+bool CJobFile::ReadPointName(std::wstring& name) {
+  const FoundKind found = FindKind(m_RecordHead.kind);
+  if (!IsPoint(found.kind)) return true;
+  std::array<std::byte, JOB_POINT_EX::kInfo.length> block;
+  if (!m_File.Read(block.data(), found.length)) return false;
+  const BinaryReader reader(block);
+  JOB_POINT::WalkName(reader, name);
+  return true;
+}
+
 bool CJobFile::ReadRecord4(JOB_RECORD4& record) {
   return ReadFixed(record, JobRecordForm::New);
 }
@@ -487,15 +508,10 @@ bool CJobFile::FindPoint(std::wstring_view name) {
   JobKind kind;
   std::int64_t position;
   std::uint32_t length;
-  JOB_POINT_EX point;
+  std::wstring each;
   while (ReadNextRecordHead(kind, position, length)) {
-    const bool isPoint = kind == JobKind::Point || kind == JobKind::PointEx;
-    if (!isPoint) {
-      if (!SkipRecord()) return false;
-      continue;
-    }
-    if (!(kind == JobKind::Point ? ReadPoint(point) : ReadPointEx(point))) return false;
-    if (point.name == name) return true;
+    if (!(IsPoint(kind) ? ReadPointName(each) : SkipRecord())) return false;
+    if (IsPoint(kind) && each == name) return true;
   }
   return false;
 }

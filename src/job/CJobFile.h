@@ -89,6 +89,8 @@ class CJobFile {
   bool ReadPointEx(JOB_POINT_EX& record);
   bool ReadRecord15(JOB_RECORD15& record);
   bool ReadRecord16(JOB_RECORD16& record);
+  /// The name of a point of either kind; its other fields are passed.
+  bool ReadPointName(std::wstring& name);
 
   bool ReadRecord4(JOB_RECORD4& record);
   bool ReadRecord7(JOB_RECORD7& record);

@@ -51,5 +51,7 @@ struct CoordinateRecord {
     io.Bytes(28, record.description);
   }
 };
+/// A record as it stands in the file.
+using Cr5RecordBlock = std::array<std::byte, CoordinateRecord::kLength>;
 
 }  // namespace zelconvert

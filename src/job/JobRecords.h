@@ -34,6 +34,10 @@ enum class JobKind : std::uint32_t {
   Record18 = 18,
 };
 
+constexpr bool IsPoint(JobKind kind) {
+  return kind == JobKind::Point || kind == JobKind::PointEx;
+}
+
 /// A job of version 3 or below writes some kinds under an old number and in a shorter form, which
 /// is the front of the new one.
 struct JobKindInfo {
@@ -89,10 +93,14 @@ struct JOB_POINT {
     io.Field(92, point.layer);
     io.Field(96, point.attributeLink);
   }
+  template <class Io, class Name>
+  static void WalkName(Io& io, Name& name) {
+    io.Text(0, name, kJobNameUnits);
+  }
   /// What both kinds of point begin with.
   template <class Io, class Record>
   static void WalkHead(Io& io, Record& point) {
-    io.Text(0, point.name, kJobNameUnits);
+    WalkName(io, point.name);
     io.Text(34, point.description, kJobNameUnits);
     io.Field(68, point.east);
     io.Field(76, point.north);
