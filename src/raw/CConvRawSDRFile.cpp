@@ -1,0 +1,412 @@
+#include "raw/CConvRawSDRFile.h"
+
+#include <cmath>
+#include <limits>
+
+#include "convert/CConvertProgress.h"
+#include "io/Numbers.h"
+#include "io/Strings.h"
+#include "io/Units.h"
+#include "raw/Angles.h"
+#include "raw/RawIndex.h"
+
+namespace zelconvert {
+namespace {
+
+constexpr std::wstring_view kUsFeetText =
+    L"SDR does not support US feet. All the distances have been converted from US feet to feet.";
+constexpr std::wstring_view kAlphanumericText =
+    L"Alphanumeric point names are not supported in SDR 2 file format. This file cannot be "
+    L"converted.";
+
+constexpr double kFeetPerUsFoot = 1.000002;
+constexpr std::size_t kNoteLength = 16;
+constexpr std::size_t kFigureNameLength = 9;
+
+struct MarkName {
+  std::wstring_view text;
+  NoteMark mark;
+};
+constexpr MarkName kMarks[] = {
+    {L"BEG", NoteMark::BEG}, {L"END", NoteMark::END}, {L"CP1", NoteMark::CP1},
+    {L"CP2", NoteMark::CP2}, {L"CP3", NoteMark::CP3}, {L"JFS", NoteMark::JFS},
+    {L"JNS", NoteMark::JNS}, {L"BC", NoteMark::BC},   {L"EC", NoteMark::EC},
+    {L"C2", NoteMark::C2},   {L"C3", NoteMark::C3},   {L"JN", NoteMark::JN},
+    {L"JP", NoteMark::JP},   {L"JT", NoteMark::JT},   {L"R3", NoteMark::R3},
+    {L"SS", NoteMark::SS},
+};
+constexpr MarkName kMarksWithValue[] = {
+    {L"C2", NoteMark::C2}, {L"JP", NoteMark::JP}, {L"JT", NoteMark::JT}};
+
+double DegreesOf(double radians) {
+  return radians * 180.0 / kPi;
+}
+
+// A field that the record lacks: no text of a log reads as NaN.
+constexpr double kUnread = std::numeric_limits<double>::quiet_NaN();
+bool WasRead(double value) {
+  return !std::isnan(value);
+}
+bool WasRead(std::wstring_view text) {
+  return text.data() != nullptr;
+}
+void KeepRead(std::wstring_view text, std::wstring& kept) {
+  if (WasRead(text)) kept = text;
+}
+
+/// One run over a log. A record that lacks a field isn't refused: what stands in front of the field
+/// counts, and what the pass remembers from earlier records stands for the rest.
+class RawToSdr {
+ public:
+  RawToSdr(CRawFile& raw, CFileCE& sdr, const SdrLayout& layout, StringList& messages)
+      : m_raw(raw), m_sdr(sdr), m_lines(layout), m_messages(messages) {}
+
+  bool Run() {
+    CConvertProgress progress;
+    progress.Start();
+    m_index.Build(m_raw);
+    const std::int64_t length = m_raw.GetLength();
+    std::wstring record;
+    while (m_raw.ReadRecord(record)) {
+      ++m_line;
+      progress.SetPosition(m_raw.GetPosition(), length);
+      if (!Convert(record)) return false;
+    }
+    return true;
+  }
+
+ private:
+  struct Handler {
+    RawRecordType type;
+    bool (RawToSdr::*handle)(std::wstring_view record);
+  };
+
+  bool Convert(std::wstring_view record) {
+    static constexpr Handler kHandlers[] = {
+        {RawRecordType::SS, &RawToSdr::OnShot},       {RawRecordType::TR, &RawToSdr::OnTraverse},
+        {RawRecordType::LS, &RawToSdr::OnHeights},    {RawRecordType::Comment, &RawToSdr::OnComment},
+        {RawRecordType::SP, &RawToSdr::OnStored},     {RawRecordType::BK, &RawToSdr::OnBacksight},
+        {RawRecordType::OC, &RawToSdr::OnOccupy},     {RawRecordType::MO, &RawToSdr::OnMode},
+        {RawRecordType::JB, &RawToSdr::OnJob},
+    };
+    const RawRecordType type = CRawFile::GetRecordType(record);
+    for (const Handler& handler : kHandlers) {
+      if (handler.type == type) return (this->*handler.handle)(record);
+    }
+    return true;
+  }
+
+  bool OnJob(std::wstring_view record);
+  bool OnMode(std::wstring_view record);
+  bool OnBacksight(std::wstring_view record);
+  bool OnHeights(std::wstring_view record);
+  bool OnOccupy(std::wstring_view record);
+  bool OnComment(std::wstring_view record);
+  bool OnStored(std::wstring_view record);
+  bool OnShot(std::wstring_view record) { return ConvertShot(record, RawRecordType::SS); }
+  bool OnTraverse(std::wstring_view record) { return ConvertShot(record, RawRecordType::TR); }
+
+  bool ConvertShot(std::wstring_view record, RawRecordType type);
+  void ReadHorizontal(std::wstring_view record, const SHOT_RECORD& shot);
+  void ReadVertical(const SHOT_RECORD& shot);
+  void CountDown();
+  void ReduceForesight();
+  bool Advance();
+
+  void FindHeights(RawRecordType type, std::wstring_view name);
+  double Angle(double value) const { return IsDegrees() ? DmsToDegrees(value) : value; }
+  double NorthAzimuth(double azimuth) const;
+  double ToRadians(double angle) const { return angle * kPi / (IsGons() ? 200.0 : 180.0); }
+  double Length(double value) const { return IsUsFeet() ? value * kFeetPerUsFoot : value; }
+  bool IsDegrees() const { return m_mode.angleUnit == kRawDegrees; }
+  bool IsGons() const { return m_mode.angleUnit == kRawGons; }
+  bool IsUsFeet() const { return m_mode.distanceUnit == kRawUsSurveyFeet; }
+
+  /// Writes the line that m_lines holds. With `named` false the line has a name that the layout
+  /// can't write.
+  bool Put(bool named = true) {
+    if (!named) {
+      m_messages.emplace_back(kAlphanumericText);
+      return false;
+    }
+    return m_sdr.WriteLine(m_lines.Line());
+  }
+  bool PutStation() { return Put(m_lines.Station(m_occupied, m_instrumentHeight)); }
+  bool PutBacksight() {
+    return Put(m_lines.Backsight(m_station, m_backsight, m_backsightAzimuth, m_circle));
+  }
+  bool PutBacksightObservation(std::wstring_view note) {
+    m_backsightWritten = true;
+    return Put(m_lines.BacksightObservation(m_station, m_backsight, m_circle, note));
+  }
+
+  CRawFile& m_raw;
+  CFileCE& m_sdr;
+  SdrLines m_lines;
+  StringList& m_messages;
+  RawIndex m_index;
+  std::int64_t m_line = 0;
+
+  std::wstring m_jobName, m_date, m_time;
+  MO_RECORD m_mode;
+  std::wstring m_station, m_backsight;
+  double m_backsightAzimuth = 0;
+  double m_circle = 0;
+  double m_instrumentHeight = 0;
+  double m_rodHeight = 0;
+  CZelPoint m_occupied;
+  bool m_firstHeights = true;
+  bool m_backsightWritten = false;
+
+  std::wstring m_pendingSuffix;
+  std::int32_t m_curveCountdown = 0;
+  std::int32_t m_joinCountdown = 0;
+
+  // The shot at hand.
+  CZelPoint m_foresight;
+  double m_horizontal = 0;
+  double m_zenith = 0;
+  double m_slopeDistance = 0;
+};
+
+bool RawToSdr::OnJob(std::wstring_view record) {
+  JB_RECORD job;
+  CRawFile::ParseJB(record, job);
+  KeepRead(job.name, m_jobName);
+  KeepRead(job.date, m_date);
+  KeepRead(job.time, m_time);
+  return true;
+}
+
+bool RawToSdr::OnMode(std::wstring_view record) {
+  MO_RECORD mode = m_mode;
+  mode.angleUnit = kRawDegrees;  // of a record without AU
+  if (!CRawFile::ParseMO(record, mode)) mode.angleUnit = m_mode.angleUnit;
+  m_mode = mode;
+  if (IsUsFeet()) m_messages.emplace_back(kUsFeetText);
+
+  m_lines.Header(m_date, m_time, IsGons(), m_mode.distanceUnit == kRawMetres);
+  if (!Put()) return false;
+  m_lines.Job(m_jobName);
+  if (!Put()) return false;
+  m_lines.Scale(m_mode.scale);
+  if (!Put()) return false;
+  m_lines.Instrument(m_mode.edmOffset);
+  return Put();
+}
+
+double RawToSdr::NorthAzimuth(double azimuth) const {
+  if (m_mode.azimuthOrigin != 1) return azimuth;
+  return IsGons() ? NormalizeGons(azimuth + 200) : NormalizeDegrees(azimuth + 180);
+}
+
+bool RawToSdr::OnBacksight(std::wstring_view record) {
+  BK_RECORD backsight;
+  backsight.azimuth = backsight.circle = kUnread;
+  CRawFile::ParseBK(record, backsight);
+  KeepRead(backsight.station, m_station);
+  KeepRead(backsight.backsight, m_backsight);
+  if (WasRead(backsight.azimuth)) m_backsightAzimuth = NorthAzimuth(Angle(backsight.azimuth));
+  if (WasRead(backsight.circle)) m_circle = Angle(backsight.circle);
+  return PutBacksight() && PutBacksightObservation({});
+}
+
+bool RawToSdr::OnHeights(std::wstring_view record) {
+  LS_RECORD heights{kUnread, kUnread};
+  CRawFile::ParseLS(record, heights);
+  const double before = m_instrumentHeight;
+  if (WasRead(heights.instrumentHeight)) m_instrumentHeight = Length(heights.instrumentHeight);
+  if (WasRead(heights.rodHeight)) m_rodHeight = Length(heights.rodHeight);
+  const bool setUpAgain = m_instrumentHeight != before && !m_firstHeights;
+  m_firstHeights = false;
+  if (setUpAgain && (!PutStation() || !PutBacksight())) return false;
+  m_lines.TargetHeight(m_rodHeight);
+  return Put();
+}
+
+bool RawToSdr::OnOccupy(std::wstring_view record) {
+  POINT_RECORD point;
+  point.north = point.east = point.elevation = kUnread;
+  CRawFile::ParseOC(record, point);
+  KeepRead(point.name, m_occupied.m_strName);
+  KeepRead(point.note, m_occupied.m_strDescription);
+  if (WasRead(point.north)) m_occupied.m_dNorth = Length(point.north);
+  if (WasRead(point.east)) m_occupied.m_dEast = Length(point.east);
+  if (WasRead(point.elevation)) m_occupied.m_dElevation = Length(point.elevation);
+  m_station = m_occupied.m_strName;
+  FindHeights(RawRecordType::OC, m_station);
+  return PutStation();
+}
+
+void RawToSdr::FindHeights(RawRecordType type, std::wstring_view name) {
+  double height = kUnread;
+  m_index.FindHeights(m_line, type, name, height);
+  if (WasRead(height)) m_instrumentHeight = Length(height);
+}
+
+bool RawToSdr::OnStored(std::wstring_view record) {
+  POINT_RECORD point;
+  CRawFile::ParseSP(record, point);
+  CZelPoint stored(std::wstring(point.name), Length(point.north), Length(point.east),
+                   Length(point.elevation), std::wstring(point.note) + m_pendingSuffix);
+  m_pendingSuffix.clear();
+  return Put(m_lines.Coordinates(stored));
+}
+
+bool RawToSdr::OnComment(std::wstring_view record) {
+  const std::wstring_view text = Mid(record, 2);
+  std::wstring_view value;
+  std::wstring line;
+  switch (ParseNoteMark(text, value)) {
+    case NoteMark::BEG: m_pendingSuffix = L" ST"; break;
+    case NoteMark::C2:
+      m_pendingSuffix = L" PC";
+      m_curveCountdown = value.empty() ? 2 : ToInteger(value);
+      break;
+    case NoteMark::C3:
+      m_pendingSuffix = L" PC";
+      m_curveCountdown = 3;
+      break;
+    case NoteMark::JFS: line = L" JFS"; break;
+    case NoteMark::JN: m_pendingSuffix = L" JP"; break;
+    case NoteMark::JNS: line = L" JNS"; break;
+    case NoteMark::JP:
+      m_pendingSuffix = L" ST JPT";
+      m_pendingSuffix += Left(value, kFigureNameLength);
+      break;
+    case NoteMark::JT:
+      line = L" JPT";
+      line += Left(value, kFigureNameLength);
+      break;
+    case NoteMark::SS: m_joinCountdown = 2; break;
+    default: break;
+  }
+  if (!line.empty()) {
+    m_lines.Text(line);
+    if (!Put()) return false;
+  }
+  m_lines.Note(text);
+  return Put();
+}
+
+bool RawToSdr::ConvertShot(std::wstring_view record, RawRecordType type) {
+  SHOT_RECORD shot;
+  shot.horizontal = kUnread;
+  CRawFile::ParseSS(record, shot);
+  KeepRead(shot.station, m_station);
+  if (!m_backsightWritten && !PutBacksightObservation(Left(shot.note, kNoteLength))) return false;
+  ReadHorizontal(record, shot);
+  ReadVertical(shot);
+  CountDown();
+
+  m_foresight.m_strName = shot.foresight;
+  std::wstring& note = m_foresight.m_strDescription;
+  note = shot.note;
+  note += m_pendingSuffix;
+  if (note.size() > kNoteLength) note.resize(kNoteLength);
+  m_pendingSuffix.clear();
+  if (!Put(m_lines.Observation({m_station, m_foresight.m_strName, m_slopeDistance, m_zenith,
+                                m_horizontal, note}))) {
+    return false;
+  }
+  ReduceForesight();
+  return type != RawRecordType::TR || Advance();
+}
+
+// All kinds but the circle reading itself give an azimuth first; the circle then counts from the
+// backsight.
+void RawToSdr::ReadHorizontal(std::wstring_view record, const SHOT_RECORD& shot) {
+  const bool read = WasRead(shot.horizontal);
+  const double value = read ? Angle(shot.horizontal) : 0;
+  const double halfCircle = IsGons() ? 200 : 180;
+  double azimuth = 0;
+  switch (shot.horizontalKind) {
+    case HorizontalKind::AngleRight: m_horizontal = value; return;
+    case HorizontalKind::Azimuth: azimuth = read ? NorthAzimuth(value) : 0; break;
+    case HorizontalKind::Bearing: {
+      std::wstring_view bearing;
+      CRawFile::GetField(record, L"BR", bearing);
+      azimuth = ParseBearing(bearing, m_mode.angleUnit);
+      break;
+    }
+    case HorizontalKind::AngleLeft: azimuth = m_backsightAzimuth - value; break;
+    case HorizontalKind::DeflectionRight: azimuth = m_backsightAzimuth + halfCircle + value; break;
+    case HorizontalKind::DeflectionLeft: azimuth = m_backsightAzimuth + halfCircle - value; break;
+  }
+  m_circle = 0;
+  m_horizontal = azimuth - m_backsightAzimuth;
+}
+
+void RawToSdr::ReadVertical(const SHOT_RECORD& shot) {
+  const double distance = Length(shot.distance);
+  m_slopeDistance = distance;
+  switch (shot.verticalKind) {
+    case VerticalKind::ElevationChange: {
+      const double change = Length(shot.vertical);
+      m_slopeDistance = std::sqrt(change * change + distance * distance);
+      m_zenith = NormalizeDegrees(90 - DegreesOf(std::atan2(change, distance)));
+      if (IsGons()) m_zenith = ConvertAngleUnit(kRawGons, kRawDegrees, m_zenith);
+      break;
+    }
+    case VerticalKind::Zenith: m_zenith = IsGons() ? shot.vertical : DmsToDegrees(shot.vertical); break;
+    case VerticalKind::VerticalAngle:
+      m_zenith = (IsGons() ? 100 : 90) - Angle(shot.vertical);
+      break;
+  }
+}
+
+void RawToSdr::CountDown() {
+  if (m_curveCountdown != 0 && --m_curveCountdown == 0) m_pendingSuffix = L" PT";
+  if (m_joinCountdown != 0 && --m_joinCountdown == 0) m_pendingSuffix = L" ST JPT " + m_jobName;
+}
+
+// The zenith counts as degrees whatever the log's unit; only the azimuth follows it.
+void RawToSdr::ReduceForesight() {
+  const double azimuth = ToRadians(m_backsightAzimuth + m_horizontal - m_circle);
+  const double zenith = m_zenith * kPi / 180.0;
+  const double distance = m_slopeDistance * m_mode.scale;
+  const double horizontalDistance = distance * std::sin(zenith);
+  m_foresight.m_dNorth = m_occupied.m_dNorth + std::cos(azimuth) * horizontalDistance;
+  m_foresight.m_dEast = m_occupied.m_dEast + std::sin(azimuth) * horizontalDistance;
+  m_foresight.m_dElevation = m_occupied.m_dElevation + distance * std::cos(zenith) +
+                             (m_instrumentHeight - m_rodHeight);
+}
+
+// The instrument moves to the foresight and looks back at the point it comes from.
+bool RawToSdr::Advance() {
+  const double north = m_occupied.m_dNorth - m_foresight.m_dNorth;
+  const double east = m_occupied.m_dEast - m_foresight.m_dEast;
+  m_backsightAzimuth =
+      north == 0 && east == 0 ? 0 : NormalizeDegrees(DegreesOf(std::atan2(east, north)));
+  m_backsight = m_station;
+  m_station = m_foresight.m_strName;
+  m_occupied = m_foresight;
+  FindHeights(RawRecordType::TR, m_station);
+  m_backsightWritten = false;
+  return PutStation() && PutBacksight();
+}
+
+}  // namespace
+
+NoteMark ParseNoteMark(std::wstring_view text, std::wstring_view& value) {
+  text = Trim(text);
+  value = {};
+  if (text.size() >= 4) {
+    for (const MarkName& name : kMarksWithValue) {
+      if (!text.starts_with(name.text)) continue;
+      value = text.substr(name.text.size());
+      return name.mark;
+    }
+    return NoteMark::None;
+  }
+  for (const MarkName& name : kMarks) {
+    if (text.starts_with(name.text)) return name.mark;
+  }
+  return NoteMark::None;
+}
+
+bool CConvRawSDRFile::ConvertFromRaw(StringList& messages) {
+  return RawToSdr(*m_pRawFile, *m_pSdrFile, Layout(), messages).Run();
+}
+
+}  // namespace zelconvert
