@@ -15,6 +15,7 @@
 #include "jxl/CConvertJobXml.h"
 #include "platform/Platform.h"
 #include "raw/CConvRawDCFile.h"
+#include "raw/CConvRawSDRFile.h"
 
 namespace zelconvert {
 namespace {
@@ -206,6 +207,12 @@ bool ConvertFromRaw(int outputType, const std::wstring& input, const std::wstrin
             }
             if (outputType == FT_JXL) {
               return CConvertJobXml(bNative).Convert(raw, jxlFile, messages, files);
+            }
+            if (outputType == FT_SDR2 || outputType == FT_SDR33) {
+              CConvRawSDRFile conversion(&raw, &file);
+              conversion.SetSdrVersion(outputType == FT_SDR2 ? SdrVersion::Sdr2
+                                                             : SdrVersion::Sdr33);
+              return conversion.ConvertFromRaw(messages);
             }
             return RefusePair(messages);
           },

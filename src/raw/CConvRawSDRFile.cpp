@@ -83,10 +83,10 @@ class RawToSdr {
 
   bool Convert(std::wstring_view record) {
     static constexpr Handler kHandlers[] = {
-        {RawRecordType::SS, &RawToSdr::OnShot},       {RawRecordType::TR, &RawToSdr::OnTraverse},
-        {RawRecordType::LS, &RawToSdr::OnHeights},    {RawRecordType::Comment, &RawToSdr::OnComment},
-        {RawRecordType::SP, &RawToSdr::OnStored},     {RawRecordType::BK, &RawToSdr::OnBacksight},
-        {RawRecordType::OC, &RawToSdr::OnOccupy},     {RawRecordType::MO, &RawToSdr::OnMode},
+        {RawRecordType::SS, &RawToSdr::OnShot},    {RawRecordType::TR, &RawToSdr::OnTraverse},
+        {RawRecordType::LS, &RawToSdr::OnHeights}, {RawRecordType::Comment, &RawToSdr::OnComment},
+        {RawRecordType::SP, &RawToSdr::OnStored},  {RawRecordType::BK, &RawToSdr::OnBacksight},
+        {RawRecordType::OC, &RawToSdr::OnOccupy},  {RawRecordType::MO, &RawToSdr::OnMode},
         {RawRecordType::JB, &RawToSdr::OnJob},
     };
     const RawRecordType type = CRawFile::GetRecordType(record);
@@ -258,7 +258,9 @@ bool RawToSdr::OnComment(std::wstring_view record) {
   std::wstring_view value;
   std::wstring line;
   switch (ParseNoteMark(text, value)) {
-    case NoteMark::BEG: m_pendingSuffix = L" ST"; break;
+    case NoteMark::BEG:
+      m_pendingSuffix = L" ST";
+      break;
     case NoteMark::C2:
       m_pendingSuffix = L" PC";
       m_curveCountdown = value.empty() ? 2 : ToInteger(value);
@@ -267,9 +269,15 @@ bool RawToSdr::OnComment(std::wstring_view record) {
       m_pendingSuffix = L" PC";
       m_curveCountdown = 3;
       break;
-    case NoteMark::JFS: line = L" JFS"; break;
-    case NoteMark::JN: m_pendingSuffix = L" JP"; break;
-    case NoteMark::JNS: line = L" JNS"; break;
+    case NoteMark::JFS:
+      line = L" JFS";
+      break;
+    case NoteMark::JN:
+      m_pendingSuffix = L" JP";
+      break;
+    case NoteMark::JNS:
+      line = L" JNS";
+      break;
     case NoteMark::JP:
       m_pendingSuffix = L" ST JPT";
       m_pendingSuffix += Left(value, kFigureNameLength);
@@ -278,8 +286,11 @@ bool RawToSdr::OnComment(std::wstring_view record) {
       line = L" JPT";
       line += Left(value, kFigureNameLength);
       break;
-    case NoteMark::SS: m_joinCountdown = 2; break;
-    default: break;
+    case NoteMark::SS:
+      m_joinCountdown = 2;
+      break;
+    default:
+      break;
   }
   if (!line.empty()) {
     m_lines.Text(line);
@@ -305,8 +316,8 @@ bool RawToSdr::ConvertShot(std::wstring_view record, RawRecordType type) {
   note += m_pendingSuffix;
   if (note.size() > kNoteLength) note.resize(kNoteLength);
   m_pendingSuffix.clear();
-  if (!Put(m_lines.Observation({m_station, m_foresight.m_strName, m_slopeDistance, m_zenith,
-                                m_horizontal, note}))) {
+  if (!Put(m_lines.Observation(
+          {m_station, m_foresight.m_strName, m_slopeDistance, m_zenith, m_horizontal, note}))) {
     return false;
   }
   ReduceForesight();
@@ -321,17 +332,27 @@ void RawToSdr::ReadHorizontal(std::wstring_view record, const SHOT_RECORD& shot)
   const double halfCircle = IsGons() ? 200 : 180;
   double azimuth = 0;
   switch (shot.horizontalKind) {
-    case HorizontalKind::AngleRight: m_horizontal = value; return;
-    case HorizontalKind::Azimuth: azimuth = read ? NorthAzimuth(value) : 0; break;
+    case HorizontalKind::AngleRight:
+      m_horizontal = value;
+      return;
+    case HorizontalKind::Azimuth:
+      azimuth = read ? NorthAzimuth(value) : 0;
+      break;
     case HorizontalKind::Bearing: {
       std::wstring_view bearing;
       CRawFile::GetField(record, L"BR", bearing);
       azimuth = ParseBearing(bearing, m_mode.angleUnit);
       break;
     }
-    case HorizontalKind::AngleLeft: azimuth = m_backsightAzimuth - value; break;
-    case HorizontalKind::DeflectionRight: azimuth = m_backsightAzimuth + halfCircle + value; break;
-    case HorizontalKind::DeflectionLeft: azimuth = m_backsightAzimuth + halfCircle - value; break;
+    case HorizontalKind::AngleLeft:
+      azimuth = m_backsightAzimuth - value;
+      break;
+    case HorizontalKind::DeflectionRight:
+      azimuth = m_backsightAzimuth + halfCircle + value;
+      break;
+    case HorizontalKind::DeflectionLeft:
+      azimuth = m_backsightAzimuth + halfCircle - value;
+      break;
   }
   m_circle = 0;
   m_horizontal = azimuth - m_backsightAzimuth;
@@ -348,7 +369,9 @@ void RawToSdr::ReadVertical(const SHOT_RECORD& shot) {
       if (IsGons()) m_zenith = ConvertAngleUnit(kRawGons, kRawDegrees, m_zenith);
       break;
     }
-    case VerticalKind::Zenith: m_zenith = IsGons() ? shot.vertical : DmsToDegrees(shot.vertical); break;
+    case VerticalKind::Zenith:
+      m_zenith = IsGons() ? shot.vertical : DmsToDegrees(shot.vertical);
+      break;
     case VerticalKind::VerticalAngle:
       m_zenith = (IsGons() ? 100 : 90) - Angle(shot.vertical);
       break;
@@ -368,8 +391,8 @@ void RawToSdr::ReduceForesight() {
   const double horizontalDistance = distance * std::sin(zenith);
   m_foresight.m_dNorth = m_occupied.m_dNorth + std::cos(azimuth) * horizontalDistance;
   m_foresight.m_dEast = m_occupied.m_dEast + std::sin(azimuth) * horizontalDistance;
-  m_foresight.m_dElevation = m_occupied.m_dElevation + distance * std::cos(zenith) +
-                             (m_instrumentHeight - m_rodHeight);
+  m_foresight.m_dElevation =
+      m_occupied.m_dElevation + distance * std::cos(zenith) + (m_instrumentHeight - m_rodHeight);
 }
 
 // The instrument moves to the foresight and looks back at the point it comes from.

@@ -70,9 +70,7 @@ class CConvRawSDRFile : public CConvRawFile {
                                        const CZelPoint& point);
 
  private:
-  const SdrLayout& Layout() const {
-    return m_SdrVersion == SdrVersion::Sdr2 ? kSdr2 : kSdr33;
-  }
+  const SdrLayout& Layout() const { return m_SdrVersion == SdrVersion::Sdr2 ? kSdr2 : kSdr33; }
 
   CRawFile* m_pRawFile;
   CFileCE* m_pSdrFile;

@@ -97,7 +97,9 @@ class SdrToRaw {
   bool WriteAtmosphere();
   bool WriteNote();
 
-  double RealAt(std::size_t column) const { return ToReal(Mid(m_line, column, m_layout.realWidth)); }
+  double RealAt(std::size_t column) const {
+    return ToReal(Mid(m_line, column, m_layout.realWidth));
+  }
   double ScaleOfLine() const { return RealAt(kFields); }
 
   CFileCE& m_sdr;
@@ -118,7 +120,8 @@ bool SdrToRaw::CheckSdrKind() {
   m_sdr.SeekToBegin();
   while (m_sdr.ReadLine(m_line)) {
     const int code = GetSdrRecordCode(m_line);
-    if (code == kHeader && Mid(m_line, kFields, m_layout.headerName.size()) != m_layout.headerName) {
+    if (code == kHeader &&
+        Mid(m_line, kFields, m_layout.headerName.size()) != m_layout.headerName) {
       return Refuse(m_layout.named ? kNotSdr33Text : kNotSdr2Text);
     }
     if (m_layout.named) continue;
@@ -163,15 +166,27 @@ bool SdrToRaw::ReadSettings() {
 bool SdrToRaw::ReadHeader() {
   if (m_line.size() < kHeaderSize) return false;
   switch (m_line[kAngleUnitColumn]) {
-    case L'1': m_mode.angleUnit = kRawDegrees; break;
-    case L'2': m_mode.angleUnit = kRawGons; break;
-    default: break;
+    case L'1':
+      m_mode.angleUnit = kRawDegrees;
+      break;
+    case L'2':
+      m_mode.angleUnit = kRawGons;
+      break;
+    default:
+      break;
   }
   switch (m_line[kDistanceUnitColumn]) {
-    case L'1': m_mode.distanceUnit = kRawMetres; break;
-    case L'2': m_mode.distanceUnit = kRawInternationalFeet; break;
-    case L'3': m_mode.distanceUnit = kRawUsSurveyFeet; break;
-    default: break;
+    case L'1':
+      m_mode.distanceUnit = kRawMetres;
+      break;
+    case L'2':
+      m_mode.distanceUnit = kRawInternationalFeet;
+      break;
+    case L'3':
+      m_mode.distanceUnit = kRawUsSurveyFeet;
+      break;
+    default:
+      break;
   }
   return true;
 }
@@ -182,18 +197,23 @@ bool SdrToRaw::ConvertLine() {
       // The comment stands twice in the log: once from the search, once from the header.
       m_pending.push_back(m_collimation);
       return ReadHeader();
-    case kJob: return WriteJob();
-    case kInstrument: return WritePrism();
-    case kAtmosphere: return WriteAtmosphere();
+    case kJob:
+      return WriteJob();
+    case kInstrument:
+      return WritePrism();
+    case kAtmosphere:
+      return WriteAtmosphere();
     case kScale: {
       const double scale = ScaleOfLine();
       if (scale == m_mode.scale) return true;
       m_mode.scale = scale;
       return WriteMode();
     }
-    case kNote: return WriteNote();
+    case kNote:
+      return WriteNote();
     // Points and observations don't go into the log.
-    default: return true;
+    default:
+      return true;
   }
 }
 
@@ -241,8 +261,7 @@ int GetSdrRecordCode(std::wstring_view line) {
 }
 
 int GetSdrDerivation(std::wstring_view line) {
-  const auto* found =
-      std::find(std::begin(kDerivations), std::end(kDerivations), Mid(line, 2, 2));
+  const auto* found = std::find(std::begin(kDerivations), std::end(kDerivations), Mid(line, 2, 2));
   return found == std::end(kDerivations) ? -1 : static_cast<int>(found - kDerivations);
 }
 

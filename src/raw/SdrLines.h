@@ -1,5 +1,5 @@
-// The lines of an SDR file: a record code, a derivation, fixed columns. SDR33 and SDR2 differ in the
-// widths and in how a point is named; docs/formats/sdr.md shows both.
+// The lines of an SDR file: a record code, a derivation, fixed columns. SDR33 and SDR2 differ in
+// the widths and in how a point is named; docs/formats/sdr.md shows both.
 #pragma once
 
 #include <cstddef>
@@ -27,7 +27,7 @@ void FormatName(std::wstring& line, std::wstring_view name);
 
 /// What the two layouts differ in.
 struct SdrLayout {
-  bool named;                    ///< points have names, else numbers
+  bool named;  ///< points have names, else numbers
   std::size_t nameWidth;
   std::size_t realWidth;
   int coordinateDecimals;
