@@ -1,10 +1,503 @@
-// DC to job.
+// DC to job. A job holds the positions that the DC file states, its settings, its coordinate system
+// and its roads; observations are passed over. What a job can't express is refused.
+//
+// The records of the coordinate system fill one CGlkProjectionRecord in the order of the file,
+// later ones over earlier ones; it is written when the file has been read. Lengths become metres by
+// the unit of the header, so a record in front of the header counts as metres.
+#include <array>
+#include <cmath>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "convert/CConvertProgress.h"
 #include "dc/CConvDcFile.h"
+#include "dc/JobUnits.h"
+#include "dc/PointNameSet.h"
+#include "dc/ProjectionCodes.h"
+#include "io/Paths.h"
+#include "io/Strings.h"
+#include "roads/ConvertDcRoads.h"
+#include "roads/RoadRecords.h"
 
 namespace zelconvert {
+namespace {
 
-bool CConvDcFile::ConvertToNative(StringList& /*messages*/, StringList& /*files*/) {
-  return false;
+enum class Text { NotV10, Mils, CrossedGrid, SouthWestGrid, DuplicatePoints, NoPoints, Count };
+constexpr std::wstring_view kTexts[] = {
+    L"Warning: This is not a V10 DC file and the converted job file may not be completely correct.",
+    L"Angle unit mils is not supported in ZEL job file. This DC file cannot be converted.",
+    L"North/West and South/East grid coordinate systems are not support in ZEL Gridlark. This DC "
+    L"file cannot be converted to a JOB file.",
+    L"The grid coordinate system used in the DC file is not support in ZEL Gridlark. This DC file "
+    L"cannot be converted to a JOB file.",
+    L"Unable to create ZEL file - duplicate points detected. Please ensure all points in the "
+    L"project have unique names.",
+    L"No points were found in the DC file.",
+};
+static_assert(std::size(kTexts) == static_cast<std::size_t>(Text::Count));
+
+// What the grid bits of the job's flags say.
+constexpr std::uint32_t kScaleOnlyGrid = 0x08;
+constexpr std::uint32_t kPlainGrid = 0x10;
+constexpr std::uint32_t kProjectedGrid = 0x18;
+
+// Universal Polar Stereographic, which its codes '<' (north) and '=' (south) stand for.
+constexpr double kPolarLatitude = 90.0;  // degrees
+constexpr double kPolarFalseOrigin = 2000000.0;
+constexpr double kPolarScale = 0.994;
+
+// An empty field. A number as low as any null value would be one that somebody wrote down.
+constexpr bool IsLeftBlank(double value) {
+  return value == DC_NULL;
+}
+
+constexpr bool IsPointCharacter(wchar_t c) {
+  return IsAsciiAlnum(c) || c == L'_';
+}
+
+class DcToJob {
+ public:
+  DcToJob(CDcFile& dc, CJobFile& job, StringList& messages)
+      : m_Dc(dc), m_Job(job), m_Messages(messages) {}
+
+  bool Convert() {
+    m_Progress.Start();
+    return m_Job.ReadJobHeader(m_Settings) && m_Job.SeekToFirstRecord() && WriteLayer() &&
+           ConvertRoads() && ConvertLines() && WriteCoordinateSystem() && CheckPoints();
+  }
+
+ private:
+  // False ends the conversion.
+  struct Handler {
+    std::int32_t type;
+    bool (DcToJob::*handle)(std::wstring_view line);
+  };
+  static const Handler kHandlers[];
+
+  bool WriteLayer();
+  bool ConvertRoads();
+  bool ConvertLines();
+  bool ConvertLine(std::wstring_view line);
+  bool WriteCoordinateSystem();
+  bool CheckPoints();
+
+  bool OnHeader(std::wstring_view line);
+  bool OnJob(std::wstring_view line);
+  bool OnCogo(std::wstring_view line);
+  bool OnEllipsoid(std::wstring_view line);
+  bool OnLocalSite(std::wstring_view line);
+  bool OnProjection(std::wstring_view line);
+  bool OnProjectionExt(std::wstring_view line);
+  bool OnDatum(std::wstring_view line);
+  bool OnDatumGrid(std::wstring_view line);
+  bool OnHorizontalAdjust(std::wstring_view line);
+  bool OnVerticalAdjust(std::wstring_view line);
+  bool OnCoordinateSystem(std::wstring_view line);
+  bool OnZoneLabel(std::wstring_view line);
+  bool OnGridPosition(std::wstring_view line);
+  bool OnRoad(std::wstring_view line);
+  bool OnRoadAlignment(std::wstring_view line);
+
+  bool TakeGridOrientation(std::int32_t gridOrientation);
+  bool TakeProjectionId(wchar_t code);
+  bool TakeScaleWithoutProjection(double scale);
+  void TakeProjection(const tDC_PROJECTION_FIELDS& projection);
+  void TakePointName(std::wstring_view name);
+  template <class Record>
+  void TakeRoadStart(Record& record) const;
+
+  bool IsNewJob() const { return m_Job.GetVersion() >= kJobVersion; }
+  void SetGridFlags(std::uint32_t bits) { SetFlags(kJobGridMask, bits); }
+  void SetFlags(std::uint32_t mask, std::uint32_t bits) {
+    m_Settings.flags = (m_Settings.flags & ~mask) | bits;
+  }
+  // In place; the next record goes behind the last one all the same.
+  bool StoreSettings() { return m_Job.WriteJobHeader(m_Settings) && m_Job.SeekToEnd(); }
+  bool Refuse(Text text) {
+    Say(text);
+    return false;
+  }
+  void Say(Text text) { m_Messages.emplace_back(kTexts[static_cast<std::size_t>(text)]); }
+
+  double Metres(double value) const { return ToMeters(value, m_Settings.distanceUnit); }
+  double Radians(double value) const { return ToRadians(value, m_Settings.angleUnit); }
+
+  CDcFile& m_Dc;
+  CJobFile& m_Job;
+  StringList& m_Messages;
+  CConvertProgress m_Progress;
+
+  JOB_HEADER m_Settings;  // as they stand in the job
+  CGlkProjectionRecord m_System;
+  bool m_bEastFirst = false;       // order of the coordinates in 69
+  std::int32_t m_nAzmDir = 0;      // 0 north, 1 south
+  bool m_bPlainGridMode = false;   // the grid of a 64 without projection
+  PointNameSet m_PointNames;       // the point "1" in front of a road isn't among them
+  std::int64_t m_nPointCount = 0;  // points and road elements
+  bool m_bAnyPoint = false;        // the point "1" included
+  std::vector<ROAD_HEADER> m_Roads;
+  std::unordered_map<std::wstring_view, const ROAD_HEADER*> m_RoadsByName;
+  const ROAD_HEADER* m_pRoad = nullptr;  // of the last 28, null if it wasn't converted
+  std::int32_t m_nRoadId = 0;
+
+  tDC_GRID_POSITIONRecord m_Position;  // these two are reused, point after point
+  JOB_POINT m_Point;
+};
+
+// The first is the one that files are full of.
+const DcToJob::Handler DcToJob::kHandlers[] = {
+    {tDC_GRID_POSITIONRecord::kType, &DcToJob::OnGridPosition},
+    {tDC_HEADERRecord::kType, &DcToJob::OnHeader},
+    {tDC_JOBRecord::kType, &DcToJob::OnJob},
+    {tDC_COGORecord::kType, &DcToJob::OnCogo},
+    {tDC_ELLIPSOIDRecord::kType, &DcToJob::OnEllipsoid},
+    {tDC_LOCAL_SITERecord::kType, &DcToJob::OnLocalSite},
+    {tDC_PROJECTIONRecord::kType, &DcToJob::OnProjection},
+    {tDC_PROJECTION_EXTRecord::kType, &DcToJob::OnProjectionExt},
+    {tDC_DATUMRecord::kType, &DcToJob::OnDatum},
+    {tDC_DATUM_GRIDRecord::kType, &DcToJob::OnDatumGrid},
+    {tDC_HORIZONTAL_ADJUSTRecord::kType, &DcToJob::OnHorizontalAdjust},
+    {tDC_VERTICAL_ADJUSTRecord::kType, &DcToJob::OnVerticalAdjust},
+    {tDC_COORDINATE_SYSTEMRecord::kType, &DcToJob::OnCoordinateSystem},
+    {tDC_ZONE_LABELRecord::kType, &DcToJob::OnZoneLabel},
+    {tDC_ROAD_HEADERRecord::kType, &DcToJob::OnRoad},
+    {tDC_ROAD_HALRecord::kType, &DcToJob::OnRoadAlignment},
+};
+
+bool DcToJob::WriteLayer() {
+  m_Point.layer = kDefaultLayerId;
+  return !IsNewJob() || m_Job.WriteLayer(DefaultLayer());
+}
+
+// Roads go into files of their own beside the job. A road that fails there doesn't stop the job: it
+// takes the roads that were met.
+bool DcToJob::ConvertRoads() {
+  const std::wstring& path = m_Job.GetFile().GetPath();
+  const std::wstring folder = GetFileName(path) == path ? L"." : GetDirectory(path);
+  ConvertDcRoads(m_Dc, m_Messages, m_Roads, folder);
+  for (const ROAD_HEADER& road : m_Roads) m_RoadsByName.emplace(road.name, &road);
+  return m_Dc.SeekToBegin();
+}
+
+bool DcToJob::ConvertLines() {
+  const std::int64_t length = m_Dc.GetLength();
+  std::wstring line;
+  while (m_Dc.ReadLine(line)) {
+    if (CDcFile::IsBlank(line)) continue;
+    m_Progress.SetPosition(m_Dc.GetPosition(), length);
+    if (!CDcFile::IsDeleted(line) && !ConvertLine(line)) return false;
+  }
+  return true;
+}
+
+bool DcToJob::ConvertLine(std::wstring_view line) {
+  const std::int32_t type = CDcFile::GetRecordType(line);
+  for (const Handler& handler : kHandlers) {
+    if (handler.type == type) return (this->*handler.handle)(line);
+  }
+  return true;
+}
+
+bool DcToJob::WriteCoordinateSystem() {
+  m_System.horizontalType = 1;
+  m_System.secondType = 0;
+  if (!IsNewJob()) return true;
+  CoordBlock block;
+  m_System.Pack(block);
+  return m_Job.WriteCoordBlock(block);
+}
+
+bool DcToJob::CheckPoints() {
+  return m_nPointCount != 0 || Refuse(Text::NoPoints);
+}
+
+bool DcToJob::OnHeader(std::wstring_view line) {
+  tDC_HEADERRecord header;
+  CDcFile::ReadHeader(line, header);
+  const std::wstring_view version = Trim(header.version);
+  if (version.find(L"V10") == version.npos && version.find(L"v10") == version.npos) {
+    Say(Text::NotV10);
+  }
+  if (header.distanceUnit >= 1 && header.distanceUnit <= 3) {
+    m_Settings.distanceUnit = static_cast<std::uint16_t>(header.distanceUnit - 1);
+  }
+  if (header.angleUnit != 1 && header.angleUnit != 2) return Refuse(Text::Mils);
+  m_Settings.angleUnit = static_cast<std::uint16_t>(header.angleUnit - 1);
+  m_bEastFirst = header.coordinateOrder == 2;
+  return StoreSettings();
+}
+
+bool DcToJob::OnJob(std::wstring_view line) {
+  tDC_JOBRecord job;
+  CDcFile::ReadJob(line, job);
+  if (job.gridFlag == 2) m_bPlainGridMode = true;
+  SetFlags(kJobFlagCurvature, job.scaleFlag == 2 ? kJobFlagCurvature : 0);
+  return StoreSettings();
+}
+
+bool DcToJob::OnCogo(std::wstring_view line) {
+  tDC_COGORecord cogo;
+  CDcFile::ReadCogo(line, cogo);
+  m_nAzmDir = cogo.azimuthOrigin == 2 ? 1 : 0;
+  if (m_nAzmDir == 1) m_Settings.flags |= kJobFlagSouthAzimuth;
+  m_System.southAzimuth = static_cast<std::uint8_t>(m_nAzmDir);
+  return TakeGridOrientation(cogo.gridOrientation) && StoreSettings();
+}
+
+// A job's grid grows north and east, or south and west with azimuths from south.
+bool DcToJob::TakeGridOrientation(std::int32_t gridOrientation) {
+  switch (gridOrientation) {
+    case 1:
+      m_System.gridOrientation1 = m_System.gridOrientation2 = 0;
+      return true;
+    case 2:
+      if (m_nAzmDir == 0) return Refuse(Text::SouthWestGrid);
+      SetFlags(kJobFlagSouthAzimuth, 0);
+      m_System.gridOrientation1 = m_System.gridOrientation2 = 1;
+      return true;
+    case 3:
+    case 4:
+      return Refuse(Text::CrossedGrid);
+    default:
+      return true;
+  }
+}
+
+bool DcToJob::OnEllipsoid(std::wstring_view line) {
+  tDC_ELLIPSOIDRecord ellipsoid;
+  CDcFile::ReadEllipsoid(line, ellipsoid);
+  m_System.semiMajorAxis = Metres(ellipsoid.semiMajorAxis);
+  m_System.inverseFlattening = ellipsoid.inverseFlattening;
+  return true;
+}
+
+bool DcToJob::OnLocalSite(std::wstring_view line) {
+  tDC_LOCAL_SITERecord site;
+  CDcFile::ReadLocalSite(line, site);
+  if (IsLeftBlank(site.scale) || IsLeftBlank(site.east) || IsLeftBlank(site.north)) return true;
+  const bool noSite = site.scale == 1.0 && site.east == 0.0 && site.north == 0.0 &&
+                      (site.latitude == 0.0 || IsLeftBlank(site.latitude));
+  if (noSite) return true;
+  m_System.verticalType = kLocalSiteSystem;
+  m_System.site.latitude = DegToRad(site.latitude);
+  m_System.site.longitude = DegToRad(site.longitude);
+  m_System.site.height = IsLeftBlank(site.height) ? 0.0 : Metres(site.height);
+  m_System.site.scale = site.scale;
+  m_System.site.north = Metres(site.north);
+  m_System.site.east = Metres(site.east);
+  return true;
+}
+
+bool DcToJob::OnProjection(std::wstring_view line) {
+  tDC_PROJECTIONRecord projection;
+  CDcFile::ReadProjection(line, projection);
+  if (!TakeProjectionId(projection.projectionCode)) {
+    return TakeScaleWithoutProjection(projection.scale);
+  }
+  SetGridFlags(kProjectedGrid);
+  TakeProjection(projection);
+  return StoreSettings();
+}
+
+bool DcToJob::OnProjectionExt(std::wstring_view line) {
+  tDC_PROJECTION_EXTRecord projection;
+  CDcFile::ReadProjectionExt(line, projection);
+  if (!TakeProjectionId(projection.projectionCode)) return true;
+  TakeProjection(projection);
+  m_System.flagA = projection.flagA == L'1' ? 0 : 1;
+  m_System.flagB = projection.flagB == L'1' ? 1 : 0;
+  m_System.flagC = projection.flagC == 1 ? 0 : 1;
+  const bool isArea = projection.flagD >= L'1' && projection.flagD <= L'3';
+  m_System.flagD = static_cast<std::uint16_t>(isArea ? projection.flagD - L'0' : 4);
+  m_System.gridFileName = projection.gridFileName;
+  m_System.shiftFileName = projection.shiftFileName;
+  return true;
+}
+
+// False if the code stands for no projection.
+bool DcToJob::TakeProjectionId(wchar_t code) {
+  const std::uint16_t id = ProjectionIdFromCode(code);
+  if (id == kNoProjection) {
+    m_System.projectionId = m_System.verticalType = 0;
+    return false;
+  }
+  m_System.projectionId = id;
+  if (m_System.verticalType != kLocalSiteSystem) m_System.verticalType = id;
+  return true;
+}
+
+bool DcToJob::TakeScaleWithoutProjection(double scale) {
+  if (!IsLeftBlank(scale)) m_Settings.scale = scale;
+  SetFlags(kJobFlagScaleOnly, 0);
+  SetGridFlags(0);
+  if (m_bPlainGridMode) {
+    SetGridFlags(kPlainGrid);
+  } else if (!(std::fabs(m_Settings.scale - 1.0) < 1e-12)) {
+    m_Settings.flags |= kJobFlagScaleOnly | kScaleOnlyGrid;
+  }
+  return StoreSettings();
+}
+
+void DcToJob::TakeProjection(const tDC_PROJECTION_FIELDS& projection) {
+  m_System.originLatitude = DegToRad(projection.originLatitude);
+  m_System.originLongitude = DegToRad(projection.originLongitude);
+  m_System.originNorthing = Metres(projection.originNorthing);
+  m_System.falseNorthing = Metres(projection.falseNorthing);
+  m_System.falseEasting = Metres(projection.falseEasting);
+  m_System.originEasting = Metres(projection.originEasting);
+  m_System.scale = projection.scale;
+  m_System.parallel1 = Radians(projection.parallel1);
+  m_System.parallel2 = HasSkewAxis(m_System.projectionId) ? DC_NULL : Radians(projection.parallel2);
+  if (projection.projectionCode == L'<' || projection.projectionCode == L'=') {
+    const double pole = projection.projectionCode == L'<' ? kPolarLatitude : -kPolarLatitude;
+    m_System.originLatitude = DegToRad(pole);
+    m_System.originLongitude = 0;
+    m_System.falseNorthing = m_System.falseEasting = kPolarFalseOrigin;
+    m_System.scale = kPolarScale;
+  }
+}
+
+// The ellipsoid of the record is WGS 84's, not the local one, and isn't taken.
+bool DcToJob::OnDatum(std::wstring_view line) {
+  tDC_DATUMRecord datum;
+  CDcFile::ReadDatum(line, datum);
+  if (datum.datumCode == L'1' || datum.datumCode == L'3') m_System.datumKind = kDatumShifts;
+  if (datum.datumCode == L'2') m_System.datumKind = kDatumSevenParameters;
+  m_System.datumRotationX = Radians(datum.rotationX);
+  m_System.datumRotationY = Radians(datum.rotationY);
+  m_System.datumRotationZ = Radians(datum.rotationZ);
+  m_System.datumShiftX = Metres(datum.shiftX);
+  m_System.datumShiftY = Metres(datum.shiftY);
+  m_System.datumShiftZ = Metres(datum.shiftZ);
+  m_System.datumScale = datum.scale;
+  return true;
+}
+
+bool DcToJob::OnDatumGrid(std::wstring_view line) {
+  tDC_DATUM_GRIDRecord grid;
+  CDcFile::ReadDatumGrid(line, grid);
+  m_System.datumName = grid.fileName;
+  m_System.datumKind = kDatumGridFiles;
+  return true;
+}
+
+bool DcToJob::OnHorizontalAdjust(std::wstring_view line) {
+  tDC_HORIZONTAL_ADJUSTRecord adjust;
+  CDcFile::ReadHorizontalAdjust(line, adjust);
+  HorizontalAdjust& taken = m_System.horizontalAdjust;
+  taken = {adjust.originNorth,   adjust.originEast, adjust.translateNorth,
+           adjust.translateEast, adjust.rotation,   adjust.scale};
+  if (IsLeftBlank(adjust.originNorth)) return true;
+  for (double* length :
+       {&taken.originNorth, &taken.originEast, &taken.translateNorth, &taken.translateEast}) {
+    *length = Metres(*length);
+  }
+  taken.rotation = Radians(taken.rotation);
+  return true;
+}
+
+bool DcToJob::OnVerticalAdjust(std::wstring_view line) {
+  tDC_VERTICAL_ADJUSTRecord adjust;
+  CDcFile::ReadVerticalAdjust(line, adjust);
+  m_System.geoidFileName = adjust.geoidFileName;
+  m_System.verticalAdjust = {};
+  if (adjust.method == L'2') return true;
+  m_System.verticalAdjust = {Metres(adjust.originNorth), Metres(adjust.originEast),
+                             Metres(adjust.constantShift), adjust.slopeNorth, adjust.slopeEast};
+  return true;
+}
+
+bool DcToJob::OnCoordinateSystem(std::wstring_view line) {
+  tDC_COORDINATE_SYSTEMRecord names;
+  CDcFile::ReadCoordinateSystem(line, names);
+  const bool isKind = names.systemKind >= 1 && names.systemKind <= 4;
+  m_System.projectionKind = static_cast<std::int16_t>(isKind ? names.systemKind : 4);
+  m_System.zoneGroupName = names.zoneGroupName;
+  m_System.zoneName = names.zoneName;
+  m_System.datumName = names.datumName;
+  return true;
+}
+
+bool DcToJob::OnZoneLabel(std::wstring_view line) {
+  tDC_ZONE_LABELRecord label;
+  CDcFile::ReadZoneLabel(line, label);
+  if (!label.name.empty()) m_System.shiftFileName = label.name;
+  return true;
+}
+
+bool DcToJob::OnGridPosition(std::wstring_view line) {
+  CDcFile::ReadGridPosition(line, m_Position);
+  // Deleted and superseded positions.
+  if (m_Position.classification >= L'6' && m_Position.classification <= L':') return true;
+  if (IsLeftBlank(m_Position.north) || IsLeftBlank(m_Position.east)) return true;
+
+  TakePointName(m_Position.name);
+  m_Point.description.assign(Left(m_Position.code, kJobNameLength));
+  m_Point.north = Metres(m_bEastFirst ? m_Position.east : m_Position.north);
+  m_Point.east = Metres(m_bEastFirst ? m_Position.north : m_Position.east);
+  m_Point.elevation = Metres(m_Position.elevation);
+  if (!m_PointNames.Insert(m_Point.name)) return Refuse(Text::DuplicatePoints);
+  ++m_nPointCount;
+  m_bAnyPoint = true;
+  return m_Job.WritePoint(m_Point);
+}
+
+void DcToJob::TakePointName(std::wstring_view name) {
+  m_Point.name.assign(Left(Trim(name), kJobNameLength));
+  for (wchar_t& c : m_Point.name) {
+    if (!IsPointCharacter(c)) c = L'_';
+  }
+}
+
+bool DcToJob::OnRoad(std::wstring_view line) {
+  tDC_ROAD_HEADERRecord road;
+  ReadRoadRecord(line, road);
+  const auto found = m_RoadsByName.find(Trim(road.name));
+  m_pRoad = found == m_RoadsByName.end() ? nullptr : found->second;
+  if (m_pRoad == nullptr) return true;
+  ++m_nRoadId;
+  JOB_RECORD10 record;
+  record.name = CleanRoadName(m_pRoad->name);
+  record.id = m_nRoadId;
+  TakeRoadStart(record);
+  return m_Job.WriteRecord10(record);
+}
+
+// The record itself has been read by the conversion of the roads.
+bool DcToJob::OnRoadAlignment(std::wstring_view /*line*/) {
+  if (m_pRoad == nullptr) return true;
+  JOB_RECORD16 element;
+  element.id = static_cast<std::uint32_t>(m_nRoadId);
+  TakeRoadStart(element);
+  if (!m_bAnyPoint) {
+    // Field software opens no job without a point.
+    m_Point.name = L"1";
+    m_Point.description.clear();
+    m_Point.north = element.value2;
+    m_Point.east = element.value3;
+    m_Point.elevation = element.value4;
+    m_bAnyPoint = true;
+    if (!m_Job.WritePoint(m_Point)) return false;
+  }
+  ++m_nPointCount;
+  return m_Job.WriteRecord16(element);
+}
+
+template <class Record>
+void DcToJob::TakeRoadStart(Record& record) const {
+  record.value1 = Metres(m_pRoad->startStation);
+  record.value2 = Metres(m_pRoad->north);
+  record.value3 = Metres(m_pRoad->east);
+  record.value4 = Metres(m_pRoad->elevation);
+}
+
+}  // namespace
+
+bool CConvDcFile::ConvertToNative(StringList& messages, StringList& /*files*/) {
+  return DcToJob(*m_pFile1, *m_pFile2, messages).Convert();
 }
 
 }  // namespace zelconvert

@@ -17,7 +17,6 @@ constexpr double kWgs84Axis = 6378137.0;
 constexpr double kWgs84InverseFlattening = 298.2572229328697;
 constexpr double kWgs84EccentricitySquared = 0.006694380022900787;
 
-constexpr std::uint16_t kRectifiedSkewOrthomorphic = 2067;
 constexpr std::uint16_t kProjectionWithoutLabel = 2063;
 
 // A calibrated site: its projection is a transverse Mercator around the site, far enough from zero.
@@ -131,7 +130,7 @@ bool SystemWriter::WriteProjection() {
   if (!code) return false;
 
   const std::uint16_t id = m_System.projectionId;
-  const bool hasSkewAxis = id == kObliqueMercator || id == kRectifiedSkewOrthomorphic;
+  const bool hasSkewAxis = HasSkewAxis(id);
   tDC_PROJECTIONRecord record;
   record.projectionCode = *code;
   record.originLatitude = RadToDeg(m_System.originLatitude);

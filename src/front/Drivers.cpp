@@ -49,6 +49,9 @@ constexpr DcDialect kDcDialects[] = {
     {FT_DC1070, 3, 3},
 };
 
+// Of a DC file that is read, where it makes no difference.
+constexpr int kNewestDialect = 3;
+
 /// The row of a type, or null.
 template <class Row, std::size_t size>
 const Row* Find(const Row (&rows)[size], int type) {
@@ -76,6 +79,12 @@ bool WriteCr5(CFileCE& file, CJobFile& job, bool sequential, StringList& message
   return conversion.ConvertFromNative(messages, files);
 }
 
+bool ReadDc(CDcFile& file, CJobFile& job, StringList& messages, StringList& files) {
+  CConvDcFile conversion(&file, &job, kNewestDialect);
+  conversion.SetDirection(true);
+  return conversion.ConvertToNative(messages, files);
+}
+
 bool WriteDc(CDcFile& file, CJobFile& job, int dialect, StringList& messages, StringList& files) {
   CConvDcFile conversion(&file, &job, dialect);
   conversion.SetDirection(false);
@@ -93,18 +102,19 @@ bool ConvertToJob(int inputType, const std::wstring& input, const std::wstring& 
 
   CFileCE file;  // of a CR5 input, which nobody opens: that conversion fails at its first read
   CJobFile job(form->brand);
-  CFileCE dcFile;
+  CDcFile dcFile;
   return Execute({
       .input = input,
       .output = jobPath,
       .files = files,
       .messages = messages,
       .missing = DriverText::FileMissing,
-      .openInput = [&] { return !fromDc || dcFile.Open(input, kOpenReadWrite); },
+      .openInput = [&] { return !fromDc || dcFile.OpenForRead(input); },
       .createOutput = [&] { return job.Create(jobPath, form->version); },
       .convert =
           [&] {
             if (kCr5Types.Contains(inputType)) return ReadCr5(file, job, units, messages, files);
+            if (fromDc) return ReadDc(dcFile, job, messages, files);
             // Unlike elsewhere the job that was made is kept: empty, and a success.
             RefusePair(messages);
             return true;

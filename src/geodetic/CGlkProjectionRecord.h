@@ -19,6 +19,12 @@ inline constexpr std::uint16_t kObliqueMercator = 2056;
 inline constexpr std::uint16_t kPolarStereographic = 2059;
 inline constexpr std::uint16_t kTransverseMercator = 2062;
 inline constexpr std::uint16_t kLambertTwoParallels = 2066;
+inline constexpr std::uint16_t kRectifiedSkewOrthomorphic = 2067;
+
+/// These projections have the azimuth of a skew axis in `parallel1` and nothing in `parallel2`.
+constexpr bool HasSkewAxis(std::uint16_t projectionId) {
+  return projectionId == kObliqueMercator || projectionId == kRectifiedSkewOrthomorphic;
+}
 
 /// `verticalType` of a system with a local site.
 inline constexpr std::uint16_t kLocalSiteSystem = 0x2001;

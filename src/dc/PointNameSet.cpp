@@ -1,0 +1,58 @@
+#include "dc/PointNameSet.h"
+
+#include <utility>
+
+namespace zelconvert {
+namespace {
+
+constexpr std::size_t kFirstSize = 64;  // a power of two, as all sizes are
+
+// The finalizer of MurmurHash3: names that differ in their last digit land far apart.
+std::uint64_t Mix(std::uint64_t hash) {
+  hash = (hash ^ (hash >> 33)) * 0xFF51AFD7ED558CCDu;
+  hash = (hash ^ (hash >> 33)) * 0xC4CEB9FE1A85EC53u;
+  return hash ^ (hash >> 33);
+}
+
+}  // namespace
+
+bool PointNameSet::Insert(std::wstring_view name) {
+  if (name.empty()) {
+    const bool isNew = !m_bHasEmptyName;
+    m_bHasEmptyName = true;
+    return isNew;
+  }
+  if (2 * (m_nUsed + 1) > m_Slots.size()) Grow();
+  const Key key = Pack(name);
+  Key& slot = FindSlot(key);
+  if (slot == key) return false;
+  slot = key;
+  ++m_nUsed;
+  return true;
+}
+
+PointNameSet::Key PointNameSet::Pack(std::wstring_view name) {
+  Key key;
+  for (std::size_t i = 0; i < name.size() && i < kMaxLength; ++i) {
+    std::uint64_t& half = i < 8 ? key.front : key.back;
+    half |= static_cast<std::uint64_t>(name[i] & 0xFF) << (i % 8 * 8);
+  }
+  return key;
+}
+
+PointNameSet::Key& PointNameSet::FindSlot(const Key& key) {
+  const std::size_t mask = m_Slots.size() - 1;
+  auto index = static_cast<std::size_t>(Mix(key.front ^ Mix(key.back))) & mask;
+  while (m_Slots[index] != Key{} && m_Slots[index] != key) index = (index + 1) & mask;
+  return m_Slots[index];
+}
+
+void PointNameSet::Grow() {
+  const std::vector<Key> names = std::move(m_Slots);
+  m_Slots.assign(names.empty() ? kFirstSize : names.size() * 2, Key{});
+  for (const Key& name : names) {
+    if (name != Key{}) FindSlot(name) = name;
+  }
+}
+
+}  // namespace zelconvert
