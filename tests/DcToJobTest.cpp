@@ -1,0 +1,371 @@
+// DC to job through the exported functions: what is refused and with which texts, what is kept on
+// the way from job to DC and back. The bytes of whole jobs are golden cases.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "HostLists.h"
+#include "TempDir.h"
+#include "geodetic/CGlkProjectionRecord.h"
+#include "io/Strings.h"
+#include "job/CJobFile.h"
+
+namespace zelconvert {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+constexpr wchar_t kNotV10[] =
+    L"Warning: This is not a V10 DC file and the converted job file may not be completely correct.";
+constexpr wchar_t kMils[] =
+    L"Angle unit mils is not supported in ZEL job file. This DC file cannot be converted.";
+constexpr wchar_t kCrossedGrid[] =
+    L"North/West and South/East grid coordinate systems are not support in ZEL Gridlark. This DC "
+    L"file cannot be converted to a JOB file.";
+constexpr wchar_t kSouthWestGrid[] =
+    L"The grid coordinate system used in the DC file is not support in ZEL Gridlark. This DC file "
+    L"cannot be converted to a JOB file.";
+constexpr wchar_t kDuplicates[] =
+    L"Unable to create ZEL file - duplicate points detected. Please ensure all points in the "
+    L"project have unique names.";
+constexpr wchar_t kNoPoints[] = L"No points were found in the DC file.";
+constexpr wchar_t kCannotConvert[] = L"Unable to convert the file %s.";
+
+std::string Header(const std::string& digits = "111111", const std::string& version = "FX V10-70") {
+  return "00NM" + version + std::string(16 - version.size(), ' ') + "    " + "03-13-2026 14:15" +
+         digits;
+}
+
+std::string Column(const std::string& text) {
+  return std::string(16 - text.size(), ' ') + text;
+}
+
+std::string Point(const std::string& name, const std::string& tail = "11",
+                  const std::string& north = "1.00000") {
+  return "69KI" + Column(name) + Column(north) + Column("2.00000") + Column("3.00000") +
+         std::string(16, ' ') + tail;
+}
+
+std::string Join(const Lines& lines) {
+  std::string text;
+  for (const std::string& line : lines) text += line + "\r\n";
+  return text;
+}
+
+std::vector<std::string> Names(const TempDir& folder) {
+  std::vector<std::string> names;
+  for (const auto& entry : std::filesystem::directory_iterator(folder.Folder())) {
+    names.push_back(entry.path().filename().string());
+  }
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+TEST(DcToJob, RefusalsAndWarnings) {
+  struct Case {
+    const char* name;
+    Lines lines;
+    bool converted;
+    std::vector<std::wstring> messages;
+  };
+  const std::string deleted = "69DL" + Point("P").substr(4);
+  const std::string cogo = "78NM";
+  const Case cases[] = {
+      {"accepted", {Header(), Point("P")}, true, {}},
+      {"older version", {Header("111111", "FX V07-50"), Point("P")}, true, {kNotV10}},
+      {"no version", {Header("111111", ""), Point("P")}, true, {kNotV10}},
+      {"V10 anywhere", {Header("111111", "a v10"), Point("P")}, true, {}},
+      {"two old headers",
+       {Header("111111", "V7"), Header("211111", "V9"), Point("P")},
+       true,
+       {kNotV10, kNotV10}},
+      {"mils", {Header("311111"), Point("P")}, false, {kMils}},
+      {"unknown angle unit", {Header("911111"), Point("P")}, false, {kMils}},
+      {"no angle unit", {Header(" 11111"), Point("P")}, false, {kMils}},
+      {"mils in an older version", {Header("311111", "x"), Point("P")}, false, {kNotV10, kMils}},
+      {"mils in front of duplicates", {Header("311111"), Point("P"), Point("P")}, false, {kMils}},
+      {"mils behind duplicates",
+       {Header(), Point("P"), Point("P"), Header("311111")},
+       false,
+       {kDuplicates}},
+      {"deleted header", {"00DL" + Header("311111").substr(4), Point("P")}, true, {}},
+      {"header of 44 characters", {Header().substr(0, 44), Point("P")}, false, {kCannotConvert}},
+      {"header of 45 characters", {Header().substr(0, 45), Point("P")}, true, {}},
+      {"grid north and west", {Header(), cogo + "13", Point("P")}, false, {kCrossedGrid}},
+      {"grid south and east", {Header(), cogo + "24", Point("P")}, false, {kCrossedGrid}},
+      {"grid south and west", {Header(), cogo + "12", Point("P")}, false, {kSouthWestGrid}},
+      {"the same with south azimuth", {Header(), cogo + "22", Point("P")}, true, {}},
+      {"unknown grid", {Header(), cogo + "1", Point("P")}, true, {}},
+      {"older grid record", {Header(), "D4NM13", Point("P")}, true, {}},
+      {"duplicates", {Header(), Point("P"), Point("Q"), Point("P")}, false, {kDuplicates}},
+      {"duplicates by cleaning", {Header(), Point("A_B"), Point("A B")}, false, {kDuplicates}},
+      {"names differ in case", {Header(), Point("p"), Point("P")}, true, {}},
+      {"two empty names", {Header(), Point(""), Point("")}, false, {kDuplicates}},
+      {"duplicate of class 6", {Header(), Point("P"), Point("P", "16")}, true, {}},
+      {"duplicate of class :", {Header(), Point("P", "1:"), Point("P")}, true, {}},
+      {"duplicate of class ;", {Header(), Point("P", "1;"), Point("P")}, false, {kDuplicates}},
+      {"duplicate without class", {Header(), Point("P", "1"), Point("P")}, false, {kDuplicates}},
+      {"duplicate without position", {Header(), Point("P", "11", ""), Point("P")}, true, {}},
+      {"deleted duplicate", {Header(), deleted, Point("P")}, true, {}},
+      {"no lines", {}, false, {kNoPoints}},
+      {"header alone", {Header()}, false, {kNoPoints}},
+      {"deleted points", {Header(), deleted, deleted}, false, {kNoPoints}},
+      {"no positions", {Header(), Point("P", "11", ""), Point("P", "17")}, false, {kNoPoints}},
+      {"other records", {Header(), "79F1", "66KI", "Z9KI", "", "   "}, false, {kNoPoints}},
+      {"warned of and empty", {Header("111111", "V9")}, false, {kNotV10, kNoPoints}},
+      {"alignment without a road", {Header(), "84KI" + Column("1.0")}, false, {kNoPoints}},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    const TempDir folder;
+    const std::wstring input = folder.Write(L"in.dc", Join(c.lines));
+    std::vector<std::wstring> expected;
+    for (const std::wstring& text : c.messages) expected.push_back(FormatText(text, input));
+    for (const FileType type : {FT_JOB, FT_OLD_JOB, FT_PW_JOB}) {
+      HostLists lists;
+      EXPECT_EQ(cZelFileConvert(FT_DC, input.c_str(), type, folder.Path(L"out.job").c_str(),
+                                &lists.files, &lists.messages, 0, nullptr) != 0,
+                c.converted);
+      EXPECT_EQ(lists.Messages(), expected);
+      EXPECT_EQ(folder.Exists(L"out.job"), c.converted);
+      EXPECT_EQ(lists.Files().size(), c.converted ? 1u : 0u);
+      std::filesystem::remove(folder.Folder() / "out.job");
+    }
+    // The names are no numbers, so that one of the stages fails in any case.
+    HostLists lists;
+    EXPECT_FALSE(cZelFileConvert(FT_DC, input.c_str(), FT_CR5, folder.Path(L"out.cr5").c_str(),
+                                 &lists.files, &lists.messages, 0, nullptr));
+    EXPECT_EQ(lists.messages, nullptr);
+    EXPECT_EQ(Names(folder), std::vector<std::string>{"in.dc"});
+  }
+}
+
+TEST(DcToJob, DuplicatesAreFoundAmongThousands) {
+  Lines lines = {Header()};
+  for (int i = 0; i < 20000; ++i) lines.push_back(Point("a long name" + std::to_string(i)));
+  const TempDir folder;
+  const auto convert = [&] {
+    const std::wstring input = folder.Write(L"in.dc", Join(lines));
+    HostLists lists;
+    return cZelFileConvert(FT_DC, input.c_str(), FT_JOB, folder.Path(L"out.job").c_str(),
+                           &lists.files, &lists.messages, 0, nullptr) != 0;
+  };
+  EXPECT_TRUE(convert());
+  lines.push_back(Point("a long name77"));
+  EXPECT_FALSE(convert());
+}
+
+TEST(DcToJob, TruncationsOfAnExampleEnd) {
+  const TempDir folder;
+  const std::string whole = ReadBytes("examples/ridge-road.dc");
+  ASSERT_FALSE(whole.empty());
+  for (std::size_t length = 0; length < whole.size(); length += 3) {
+    const std::wstring input = folder.Write(L"in.dc", whole.substr(0, length));
+    HostLists lists;
+    const bool converted =
+        cZelFileConvert(FT_DC, input.c_str(), FT_JOB, folder.Path(L"out.job").c_str(), &lists.files,
+                        &lists.messages, 0, nullptr) != 0;
+    ASSERT_EQ(folder.Exists(L"out.job"), converted) << length;
+  }
+}
+
+// Jobs for the way to DC and back. The systems are those that a DC file can hold: what it has no
+// column for isn't set.
+class JobMaker {
+ public:
+  explicit JobMaker(unsigned seed) : m_random(seed) {}
+
+  void Make(const std::wstring& path) {
+    JOB_HEADER header;
+    header.distanceUnit = static_cast<std::uint16_t>(Pick(3));
+    header.angleUnit = static_cast<std::uint16_t>(Pick(2));
+    header.scale = Pick(2) == 0 ? 1.0 : Real(0.9, 1.1);
+    header.flags = Pick(2) == 0 ? 0u : kJobFlagCurvature;
+    const CGlkProjectionRecord system = MakeSystem(header.flags);
+    CoordBlock block;
+    system.Pack(block);
+
+    CJobFile job(true);
+    ASSERT_TRUE(job.Create(path, kJobVersion));
+    ASSERT_TRUE(job.WriteJobHeader(header) && job.WriteCoordBlock(block) && job.SeekToEnd());
+    ASSERT_TRUE(job.WriteLayer(DefaultLayer()));
+    const int points = 1 + Pick(30);
+    for (int i = 0; i < points; ++i) ASSERT_TRUE(job.WritePoint(MakePoint(i)));
+    job.Close();
+  }
+
+ private:
+  JOB_POINT MakePoint(int number) {
+    JOB_POINT point;
+    point.name = Word(L"ABCxyz0123456789_", 12) + L"_" + std::to_wstring(number);
+    point.description = Word(L"abc XYZ.,;/#\u00E9\u20AC", 16);
+    point.east = Decimal();
+    point.north = Decimal();
+    point.elevation = Pick(4) == 0 ? DC_NULL : Decimal();
+    point.layer = kDefaultLayerId;
+    return point;
+  }
+
+  CGlkProjectionRecord MakeSystem(std::uint32_t& flags) {
+    CGlkProjectionRecord system;
+    const int orientation = Pick(3);  // azimuths from north; from south; the grid turned as well
+    system.southAzimuth = orientation != 0;
+    if (orientation == 1) flags |= kJobFlagSouthAzimuth;
+    system.gridOrientation1 = system.gridOrientation2 = orientation == 2;
+    if (Pick(4) == 0) {
+      if (Pick(2) == 0) flags |= 0x10;
+      return system;
+    }
+    MakeProjection(system);
+    if (system.flagA == kFlagNotSet) flags |= 0x18;  // not those that go out as D0
+    MakeDatum(system);
+    MakeAdjustments(system);
+    if (Pick(2) == 0) {
+      system.verticalType = kLocalSiteSystem;
+      system.site = {Angle(), Angle(), Decimal(), Real(0.9, 1.1), Decimal(), Decimal()};
+    }
+    system.projectionKind = static_cast<std::int16_t>(1 + Pick(4));
+    system.zoneName = Word(L"Zone 123/\u00C4", 32);
+    system.zoneGroupName = Word(L"Group 123", 32);
+    return system;
+  }
+
+  void MakeProjection(CGlkProjectionRecord& system) {
+    constexpr std::uint16_t kIds[] = {2049, 2050, 2051, 2052, 2053, 2054, 2055, 2056, 2057, 2058,
+                                      2059, 2060, 2062, 2063, 2064, 2065, 2066, 2068, 2069};
+    const std::uint16_t id = kIds[Pick(std::size(kIds))];
+    system.horizontalType = 1;
+    system.projectionId = system.verticalType = id;
+    for (double* angle :
+         {&system.originLatitude, &system.originLongitude, &system.parallel1, &system.parallel2}) {
+      *angle = Pick(5) == 0 ? DC_NULL : Angle();
+    }
+    for (double* length : {&system.originNorthing, &system.falseNorthing, &system.falseEasting,
+                           &system.originEasting}) {
+      *length = Pick(5) == 0 ? DC_NULL : Decimal();
+    }
+    system.scale = Real(0.9, 1.1);
+    if (id == kPolarStereographic) {
+      system.originLatitude = kPi / 2;
+      system.originLongitude = 0;
+      system.falseNorthing = system.falseEasting = 2000000;
+      system.scale = 0.994;
+    }
+    system.shiftFileName = Word(L"label", 20);
+    if (id != 2056 && id != 2063 && id != 2064 && id != 2069) return;
+    system.flagA = static_cast<std::uint16_t>(Pick(2));
+    system.flagB = static_cast<std::uint16_t>(Pick(2));
+    system.flagC = static_cast<std::uint16_t>(Pick(2));
+    system.flagD = static_cast<std::uint16_t>(1 + Pick(4));
+    system.gridFileName = Word(L"grid.file", 32);
+  }
+
+  void MakeDatum(CGlkProjectionRecord& system) {
+    constexpr std::uint16_t kKinds[] = {kDatumShifts, kDatumSevenParameters, kDatumGridFiles};
+    system.datumKind = kKinds[Pick(std::size(kKinds))];
+    system.datumName = Word(L"Datum 84", 30);
+    system.semiMajorAxis = 6378137;
+    system.inverseFlattening = Real(290, 300);
+    if (system.datumKind == kDatumGridFiles) return;
+    system.datumRotationX = Angle();
+    system.datumRotationY = Angle();
+    system.datumRotationZ = Angle();
+    system.datumShiftX = Decimal();
+    system.datumShiftY = Decimal();
+    system.datumShiftZ = Decimal();
+  }
+
+  void MakeAdjustments(CGlkProjectionRecord& system) {
+    if (Pick(2) == 0) {
+      system.horizontalAdjust = {Decimal(), Decimal(), Decimal(), Decimal(), Angle(), 1.00001};
+    }
+    if (Pick(2) == 0) {
+      system.verticalAdjust = {Decimal(), Decimal(), Decimal(), Real(-1e-4, 1e-4), DC_NULL};
+    }
+    system.geoidFileName = Word(L"geoid.ggf", 32);
+  }
+
+  int Pick(std::size_t count) { return static_cast<int>(m_random() % count); }
+  double Real(double low, double high) {
+    return std::uniform_real_distribution<double>(low, high)(m_random);
+  }
+  double Angle() { return Real(-1.5, 1.5); }
+  /// Five decimals of a metre, as a DC file has them.
+  double Decimal() { return std::round(Real(-9e6, 9e6) * 1e5) / 1e5; }
+  std::wstring Word(std::wstring_view alphabet, std::size_t longest) {
+    std::wstring word;
+    const auto length = static_cast<std::size_t>(Pick(longest + 1));
+    while (word.size() < length) word += alphabet[static_cast<std::size_t>(Pick(alphabet.size()))];
+    return std::wstring(Trim(word));
+  }
+
+  std::mt19937 m_random;
+};
+
+std::vector<JOB_POINT> ReadPoints(const std::wstring& path, int& distanceUnit) {
+  std::vector<JOB_POINT> points;
+  CJobFile job(true);
+  JOB_HEADER header;
+  EXPECT_TRUE(job.Open(path, true) && job.ReadJobHeader(header) && job.SeekToFirstRecord());
+  distanceUnit = header.distanceUnit;
+  JobKind kind;
+  std::int64_t position;
+  std::uint32_t length;
+  while (job.ReadNextRecordHead(kind, position, length)) {
+    if (kind != JobKind::Point) {
+      job.SkipRecord();
+      continue;
+    }
+    JOB_POINT point;
+    EXPECT_TRUE(job.ReadPoint(point));
+    points.push_back(point);
+  }
+  return points;
+}
+
+bool Convert(FileType from, const std::wstring& input, FileType to, const std::wstring& output) {
+  HostLists lists;
+  const bool converted = cZelFileConvert(from, input.c_str(), to, output.c_str(), &lists.files,
+                                         &lists.messages, 0, nullptr) != 0;
+  EXPECT_TRUE(lists.Messages().empty()) << testing::PrintToString(lists.Messages());
+  return converted;
+}
+
+TEST(DcToJob, KeepsPointsAndSystemOfAJob) {
+  // One name for both jobs: it goes into the DC file.
+  const TempDir first, second;
+  const std::wstring job = first.Path(L"j.job"), back = second.Path(L"j.job");
+  const std::wstring dc = first.Path(L"j.dc"), dcAgain = second.Path(L"j.dc");
+  for (unsigned seed = 0; seed < 300; ++seed) {
+    SCOPED_TRACE(seed);
+    JobMaker(seed).Make(job);
+    ASSERT_TRUE(Convert(FT_JOB, job, FT_DC, dc));
+    ASSERT_TRUE(Convert(FT_DC, dc, FT_JOB, back));
+    ASSERT_TRUE(Convert(FT_JOB, back, FT_DC, dcAgain));
+
+    // Whatever the first DC file told of the job, the second tells too. They may be a minute apart.
+    std::string told = first.Read(L"j.dc"), toldAgain = second.Read(L"j.dc");
+    ASSERT_GT(told.size(), 40u);
+    EXPECT_EQ(told.erase(24, 16), toldAgain.erase(24, 16));
+
+    int unit = 0, unitBack = 0;
+    const auto points = ReadPoints(job, unit), pointsBack = ReadPoints(back, unitBack);
+    ASSERT_EQ(points.size(), pointsBack.size());
+    ASSERT_EQ(unit, unitBack);
+    const double tolerance = unit == kMetres ? 0 : 0.51e-5 * kMetresPerUsFoot;
+    for (std::size_t i = 0; i < points.size(); ++i) {
+      EXPECT_EQ(pointsBack[i].name, points[i].name);
+      EXPECT_EQ(pointsBack[i].description, points[i].description);
+      EXPECT_NEAR(pointsBack[i].east, points[i].east, tolerance);
+      EXPECT_NEAR(pointsBack[i].north, points[i].north, tolerance);
+      EXPECT_NEAR(pointsBack[i].elevation, points[i].elevation, tolerance);
+    }
+  }
+}
+
+}  // namespace
+}  // namespace zelconvert

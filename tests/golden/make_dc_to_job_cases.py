@@ -1,0 +1,447 @@
+#!/usr/bin/env python3
+"""Makes the golden cases of DC to job, and on to CR5, from the layouts of docs/formats alone.
+
+Nothing of the converter runs here: the inputs are built column by column, and the outputs worked out
+by a second, plain reading of the tables. --check compares with the files that stand here instead of
+writing them.
+"""
+import pathlib
+import re
+import struct
+import sys
+
+HERE = pathlib.Path(__file__).parent
+EXAMPLES = HERE.parent.parent / "examples"
+NULL = -9.99e27
+PI = 3.141592653589793
+BLANKS = " \t\n\v\f\r"
+METRES = {0: 1.0, 1: 0.3048, 2: 0.30480060960121924}
+PER_METRE = {0: 1.0, 1: 3.280839895013123, 2: 3.280833333333333}
+CREATED = struct.pack("<8H", 2026, 3, 5, 13, 14, 15, 16, 789)  # the fixed time of the cases
+NOT_V10 = ("Warning: This is not a V10 DC file and the converted job file may not be completely "
+           "correct.\n")
+PROJECTIONS = {
+    "B": 2049, "9": 2050, "C": 2051, "5": 2052, "4": 2053, "7": 2054, "@": 2055, "8": 2056,
+    "?": 2056, ":": 2057, "2": 2058, "<": 2059, "=": 2059, "A": 2059, ";": 2060, "3": 2062,
+    "D": 2063, "E": 2064, "F": 2065, "6": 2066, "G": 2068, "H": 2069}
+
+
+# Lines of a DC file
+
+def number(value, decimals=5, width=16):
+    text = "" if value is None else value if isinstance(value, str) else f"{value:.{decimals}f}"
+    return text.rjust(width)
+
+
+def numbers(decimals, *values):
+    return "".join(number(value, decimals) for value in values)
+
+
+def header(version="FX V10-70", digits="111111"):
+    return "00NM" + version.ljust(16) + "    " + "03-13-2026 14:15" + digits
+
+
+def job_line(name="CASE", digits="121111"):
+    return "10NM" + name.ljust(16) + digits
+
+
+def position(name, first, second, elevation, code="", tail="11", subtype="KI"):
+    return ("69" + subtype + name.rjust(16) + numbers(5, first, second, elevation) +
+            code.ljust(16) + tail)
+
+
+def projection(code, latitude, longitude, lengths, scale, parallels=(None, None), kind="64KI"):
+    return (kind + code + numbers(9, latitude, longitude) + numbers(5, *lengths) +
+            numbers(9, scale, *parallels))
+
+
+# The job
+
+def text(value, units):
+    data = value.encode("utf-16-le")
+    assert len(data) < 2 * units
+    return data.ljust(2 * units, b"\0")
+
+
+class System:
+    """The 4018-byte block of a coordinate system."""
+
+    def __init__(self):
+        self.block = bytearray(4018)
+        self.word(6, 0xFFFE)
+        for offset in range(478, 486, 2):
+            self.word(offset, 0xFFFE)
+        self.reals(406, [NULL] * 9)
+        self.reals(1534, [NULL, NULL, 0.0, 1.0, 0.0, 0.0])
+        self.reals(1584, [NULL, NULL, 0.0, 0.0, 0.0, NULL, NULL, NULL, 0.0])
+        self.reals(3226, [NULL] * 11)
+        self.reals(3906, [NULL] * 14)
+
+    def word(self, offset, value):
+        struct.pack_into("<H", self.block, offset, value)
+
+    def reals(self, offset, values):
+        struct.pack_into(f"<{len(values)}d", self.block, offset, *values)
+
+    def text(self, offset, value, units):
+        self.block[offset:offset + 2 * units] = text(value, units)
+
+    def type_word(self):
+        return struct.unpack_from("<H", self.block, 4)[0]
+
+
+def nullable(field):
+    field = field.strip(BLANKS)
+    if not field:
+        return NULL
+    found = re.match(r"[+-]?(\d+\.?\d*|\.\d+)([eE][+-]?\d+)?", field)
+    return float(found.group()) if found else 0.0
+
+
+class Job:
+    def __init__(self, version):
+        self.version = version
+        self.flags, self.scale, self.distance_unit, self.angle_unit = 0, 1.0, 0, 0
+        self.system = System()
+        self.records = b""
+        self.messages = ""
+        self.east_first, self.south, self.plain_grid = False, 0, False
+        if version == 5:
+            self.record(11, struct.pack("<I", 101) + text("POINTS", 17) + struct.pack("<HH", 1, 0))
+
+    def metres(self, value):
+        return value if value <= -9.99e7 else value * METRES[self.distance_unit]
+
+    def radians(self, value):
+        return value if value <= -9.99e7 else value * PI / (200 if self.angle_unit else 180)
+
+    @staticmethod
+    def degrees(value):
+        return value if value <= -9.99e7 else value * PI / 180
+
+    def record(self, kind, payload):
+        self.records += struct.pack("<II", kind, len(payload)) + payload
+
+    def line(self, line):
+        if line.strip(BLANKS) and line[2:4] != "DL":
+            getattr(self, "on_" + line[:2].upper(), lambda _: None)(line)
+
+    def on_00(self, line):
+        if "V10" not in line[4:20] and "v10" not in line[4:20]:
+            self.messages += NOT_V10
+        self.angle_unit = {"1": 0, "2": 1}[line[40]]
+        self.distance_unit = {"2": 1, "3": 2}.get(line[41], 0)
+        self.east_first = line[44] == "2"
+
+    def on_10(self, line):
+        self.plain_grid |= line[25] == "2"
+        self.flags = self.flags & ~4 | (4 if line[23] == "2" else 0)
+
+    def on_78(self, line):
+        self.south = int(line[4] == "2")
+        self.flags |= 2 * self.south
+        self.system.block[1530] = self.south
+        if line[5] == "2":
+            self.flags &= ~2
+        if line[5] in "12":
+            self.system.block[1532] = self.system.block[1533] = int(line[5]) - 1
+
+    def on_65(self, line):
+        self.system.reals(1584, [self.metres(nullable(line[4:20])), nullable(line[20:36])])
+
+    def on_D5(self, line):
+        latitude, longitude, height, scale, east, north = columns(line, 4, 6)
+        if NULL in (scale, east, north):
+            return
+        if (scale, east, north) == (1.0, 0.0, 0.0) and latitude in (0.0, NULL):
+            return
+        self.system.word(4, 0x2001)
+        self.system.reals(1534, [self.degrees(latitude), self.degrees(longitude),
+                                 0.0 if height == NULL else self.metres(height), scale,
+                                 self.metres(east), self.metres(north)])
+
+    def on_64(self, line):
+        if self.projection(line):
+            self.flags = self.flags & ~0x38 | 0x18
+            return
+        scale = nullable(line[101:117])
+        self.scale = self.scale if scale == NULL else scale
+        self.flags &= ~0x39
+        if self.plain_grid:
+            self.flags |= 0x10
+        elif abs(self.scale - 1) >= 1e-12:
+            self.flags |= 0x09
+
+    def on_D0(self, line):
+        if not self.projection(line):
+            return
+        self.system.word(478, int(line[149] != "1"))
+        self.system.word(480, int(line[150] == "1"))
+        self.system.word(482, int(line[151] != "1"))
+        self.system.word(484, {"1": 1, "2": 2, "3": 3}.get(line[152], 4))
+        self.system.text(486, line[153:185].strip(BLANKS), 261)
+        self.system.text(1008, line[185:217].strip(BLANKS), 261)
+
+    def projection(self, line):
+        number_of_code = PROJECTIONS.get(line[4])
+        self.system.word(404, number_of_code or 0)
+        if number_of_code is None:
+            self.system.word(4, 0)
+            return False
+        if self.system.type_word() != 0x2001:
+            self.system.word(4, number_of_code)
+        values = columns(line, 5, 9)
+        values[0:2] = map(self.degrees, values[0:2])
+        values[2:6] = map(self.metres, values[2:6])
+        values[7:9] = map(self.radians, values[7:9])
+        if number_of_code == 2056:
+            values[8] = NULL
+        if line[4] in "<=":
+            values[0:2] = [self.degrees(90.0 if line[4] == "<" else -90.0), 0.0]
+            values[3:5] = [2000000.0, 2000000.0]
+            values[6] = 0.994
+        self.system.reals(406, values)
+        return True
+
+    def on_49(self, line):
+        kind = {"1": 0x201, "3": 0x201, "2": 0x203}.get(line[4])
+        if kind is not None:
+            self.system.word(1582, kind)
+        values = columns(line, 5, 9)[2:]
+        self.system.reals(1600, [*map(self.radians, values[:3]), *map(self.metres, values[3:6]),
+                                 values[6]])
+
+    def on_74(self, line):
+        self.system.text(140, line[4:36].strip(BLANKS), 33)
+        self.system.word(1582, 0x204)
+
+    def on_50(self, line):
+        values = columns(line, 4, 6)
+        if values[0] != NULL:
+            values = [*map(self.metres, values[:4]), self.radians(values[4]), values[5]]
+        self.system.reals(3226, values)
+
+    def on_81(self, line):
+        values = columns(line, 5, 5)
+        values = [*map(self.metres, values[:3]), *values[3:]] if line[4] != "2" else [NULL] * 5
+        self.system.reals(3274, values)
+        self.system.text(3314, line[85:117].strip(BLANKS), 261)
+
+    def on_C8(self, line):
+        self.system.word(6, int(line[4]) if line[4] in "1234" else 4)
+        for offset, column in ((74, 5), (8, 37), (140, 69)):
+            self.system.text(offset, line[column:column + 32].strip(BLANKS), 33)
+
+    def on_D8(self, line):
+        if line[4:36].strip(BLANKS):
+            self.system.text(1008, line[4:36].strip(BLANKS), 261)
+
+    def on_69(self, line):
+        first, second, elevation = columns(line, 20, 3)
+        if line[85:86] in tuple("6789:") or NULL in (first, second):
+            return
+        name = re.sub("[^A-Za-z0-9_]", "_", line[4:20].strip(BLANKS))
+        north, east = (second, first) if self.east_first else (first, second)
+        self.point(name, line[68:84].strip(BLANKS), *map(self.metres, (east, north, elevation)))
+
+    def point(self, name, description, east, north, elevation):
+        payload = (text(name, 17) + text(description, 17) +
+                   struct.pack("<dddII", east, north, elevation, 101, 0))
+        self.record(13, payload) if self.version == 5 else self.record(1, payload[:92])
+
+    def pack(self, signature):
+        if self.version == 5:
+            self.system.word(0, 1)
+            settings = CREATED + struct.pack("<IdHH", self.flags, self.scale, self.distance_unit,
+                                             self.angle_unit)
+            return (signature + struct.pack("<HIII", 5, 4618, 558, 4018) +
+                    settings.ljust(558, b"\0") + self.system.block + self.records)
+        old = bytearray(2124)
+        old[4:20] = CREATED
+        struct.pack_into("<5H", old, 24, 0, 1, 0, 9999, 1)
+        struct.pack_into("<Idd", old, 1078, self.flags, self.scale, 1.0)
+        struct.pack_into("<HHH", old, 1098, self.distance_unit, 0, self.angle_unit)
+        return signature + struct.pack("<HI", 3, 2158) + old + self.records
+
+
+def columns(line, start, count):
+    return [nullable(line[i:i + 16]) for i in range(start, start + 16 * count, 16)]
+
+
+def convert(data, version=5):
+    lines = data.decode("cp1252").split("\n")
+    job = Job(version)
+    for line in lines:
+        job.line(line.removesuffix("\r"))
+    return job
+
+
+def pack_cr5(data, sequential):
+    """Points of a DC file with numbers for names, as the job between hands them on."""
+    job = convert(data)
+    points, offset = {}, 0
+    while offset < len(job.records):
+        kind, length = struct.unpack_from("<II", job.records, offset)
+        payload = job.records[offset + 8:offset + 8 + length]
+        offset += 8 + length
+        if kind == 13:
+            name, description = (payload[i:i + 34].decode("utf-16-le").rstrip("\0") for i in (0, 34))
+            east, north, elevation = (
+                value if value == NULL else value * PER_METRE[job.distance_unit]
+                for value in struct.unpack_from("<ddd", payload, 68))
+            points[int(name)] = (east, north, elevation, description.encode("cp1252"))
+    low, high = min(points), max(points)
+    packed = b"CONVTDLL".ljust(30, b"\0") + struct.pack("<ii", high, low if sequential else -1)
+    for point_number in range(low, high + 1) if sequential else sorted(points):
+        used = point_number in points
+        values = points.get(point_number, (5000.0, 5000.0, 1000.0, b""))
+        packed += struct.pack("<iddd17s", point_number if used else -1, *values)
+    return packed
+
+
+# The cases
+
+JOB, PWJ = b"Zelmont Geodata Ltd Job File", b"Corvane Surveying Job File  "
+
+FEET_SITE_LAMBERT = [
+    header(digits="131121"), job_line(digits="121211"), "78NM22",
+    "13NMa note is passed over",
+    "65KI" + number(20925874.01578) + number(298.2572229329, 10),
+    "D8KI" + "Colorado label".ljust(32),
+    "D5KI" + numbers(9, 39.75, -105.25) + number(5280.0) + number(1.000254321, 9) +
+    numbers(5, 100.5, -200.25),
+    projection("6", 39.333333333, -105.5, (None, 1000000.0, 3000000.0, None), None,
+               (40.783333333, 39.716666667)),
+    "49KI2" + number(20925646.325) + number(298.2572229329, 10) +
+    numbers(9, 0.000001, -0.000002, None) + numbers(5, -10.5, 20.25, -30.125) + number(4.5, 9),
+    "50KI" + numbers(5, 1684000.0, 3141000.0, 0.125, -0.25) + number(-0.0012345678, 10) +
+    number(0.999987654, 9),
+    "81KI1" + numbers(5, 1684000.0, 3141000.0, -52.75) + numbers(9, 0.000012345, -0.000006789) +
+    number("g2012bu0", width=32),
+    "C8KI2" + "US State Plane".ljust(32) + "Colorado Central".ljust(32) + "NAD83".ljust(32),
+    position("CP 1", 3141592.65, 1684000.25, 5280.125, "IRON PIN"),
+    position("a-very long name", 3141692.65, 1684100.25, None, "16 CHARACTERS HI"),
+    position("blank east", None, 1684100.25, 5280.0, "no position"),
+    position("blank north", 3141692.65, None, 5280.0, "no position"),
+    position("blank north", 3141692.65, 1684000.0, 5280.0, "name was free"),
+    position("six", 1.0, 2.0, 3.0, tail="16"),
+    position("seven", 1.0, 2.0, 3.0, tail="17"),
+    position("colon", 1.0, 2.0, 3.0, tail="1:"),
+    position("staked", 3141000.0, 1684000.5, -1.5, tail="13"),
+    position("gone", 1.0, 2.0, 3.0, subtype="DL"),
+    position("caf\xe9/2", 3141001.0, 1684001.5, 0.0, "\u20ac 5 caf\xe9"),
+    "69KI" + "short".rjust(16) + numbers(5, 10.0, 20.0),
+    "69KI" + "tiny".rjust(16) + number("1e-3") + number("+2.5e3xyz") + number("junk"),
+    "79F1" + "CP 1".rjust(16) + "x".rjust(16) + number(10.0),
+    "66KI" + "gps".rjust(16) + numbers(9, 39.0, -105.0, 1600.0),
+    "Z9KIunknown", "", " " * 20]
+
+GRID_DATUM_GONS = [
+    header("FX V07-50", "221111"), "D4NM22" + " " * 16, job_line("GRID"),
+    "d8KI" + "lost to the next record".ljust(32),
+    projection("D", 52.0, 5.387638889, (1.0, 463000.0, 155000.0, -2.0), 0.9999079, (50.0, None),
+               "D0KI") + "2223" + "rdtrans2008".ljust(32) + "naptrans2008".ljust(32),
+    "74KI" + "x2c.grd".rjust(32) + "a description".ljust(30),
+    "50KI" + numbers(5, None, 5.0, 1.5, None) + number(0.5, 10) + number(1.0, 9),
+    "81KI2" + numbers(5, 1.0, 1.0, 1.0) + numbers(9, 0.5, 0.5) + "geoid file of 32 characters.....",
+    "c8ki9" + " " * 32 + "Zone only".ljust(32) + " " * 32,
+    position("1", 100.0, 200.0, 10.0, "A"),
+    position("2", 101.0, -200.0, -99900000.0, "B"),
+    position("3", -99900001.0, 200.0, 10.0, "C")]
+
+SCALE_ONLY = [
+    header("v10"), job_line(), projection(">", None, None, (None,) * 4, 0.99987),
+    "49KI9" + number(6378137.0) + number(298.25, 10) + numbers(9, 0.0, 0.0, 0.0) +
+    numbers(5, None, None, None) + number(None),
+    position("A", 1.0, 2.0, 3.0)]
+
+UTM = projection("3", 0.0, 9.0, (0.0, 0.0, 500000.0, 0.0), 0.9996)
+PLAIN_GRID = [
+    header(), job_line(digits="121212"),
+    "D5KI" + numbers(9, None, None) + number(None) + number(1.5, 9) + numbers(5, 1.0, 2.0),
+    UTM, projection("1", None, None, (None,) * 4, None),
+    position("A", 1.0, 2.0, 3.0)]
+
+POLAR_SOUTH = [
+    header(), job_line(), "78NM29",
+    projection("=", 12.0, 34.0, (5.0, 6.0, 7.0, 8.0), 0.5, (1.0, 2.0)),
+    "D5KI" + numbers(9, None, None) + number(None) + number(1.0, 9) + numbers(5, 0.0, 0.0),
+    position("P", 1.0, 2.0, 3.0)]
+
+SKEW = (57.0, -133.666666667, (None, -5000000.0, 5000000.0, None), 0.9999, (-36.869897646, 7.0))
+SKEW_AXIS = [
+    header(), job_line(), "78NM11", projection("8", *SKEW),
+    projection(">", 1.0, 1.0, (1.0,) * 4, 1.0, (1.0, 1.0), "D0KI") + "2222" + "g".ljust(32) +
+    "s".ljust(32),
+    projection("?", *SKEW), position("P", 1.0, 2.0, 3.0)]
+
+POINTS_ALONE = [position("", 1.0, 2.0, 3.0, tail="").rstrip(), position("B", 4.0, 5.0, 6.0)]
+
+NUMBERS_IN_FEET = [
+    header(digits="121111"), job_line(), position("7", 1000.5, 2000.25, None, "IRON PIN"),
+    position("3", 1001.5, 2001.25, 99.5, "16 CHARACTERS HI"),
+    position("0004", 1.0, 2.0, 3.0, "\xe9"), "79F1" + "7".rjust(16),
+    position("9", 1002.5, 2002.25, 98.5, "X")]
+NUMBERS_IN_METRES = [header(), position("10", 1000.5, 2000.25, None, "IRON PIN"),
+                     position("12", 1001.5, 2001.25, 99.5)]
+
+
+def lines(given, end="\r\n"):
+    return "".join(line + end for line in given).encode("cp1252")
+
+
+def example(name):
+    return (EXAMPLES / name).read_bytes()
+
+
+CASES = {}
+
+
+def job_case(case, data, signature=JOB, version=5, extension="job"):
+    job = convert(data, version)
+    files = {"in.dc": data, f"out.{extension}": job.pack(signature)}
+    if job.messages:
+        files["messages.txt"] = job.messages.encode()
+    CASES[case] = files
+
+
+def cr5_case(case, data):
+    CASES["dc-to-cr5/" + case] = {"in.dc": data, "out.cr5": pack_cr5(data, False)}
+    CASES["dc-to-seqcr5/" + case] = {"in.dc": data, "out.cr5": pack_cr5(data, True)}
+
+
+CONTROL = example("ridge-control.dc")
+job_case("dc-to-job/ridge-control", CONTROL)
+job_case("dc-to-job/feet-site-lambert", lines(FEET_SITE_LAMBERT))
+job_case("dc-to-job/grid-datum-gons", lines(GRID_DATUM_GONS, "\n").rstrip(b"\n"))
+job_case("dc-to-job/scale-only", lines(SCALE_ONLY))
+job_case("dc-to-job/plain-grid", lines(PLAIN_GRID))
+job_case("dc-to-job/polar-south", lines(POLAR_SOUTH))
+job_case("dc-to-job/skew-axis", lines(SKEW_AXIS))
+job_case("dc-to-job/points-alone", lines(POINTS_ALONE))
+job_case("dc-to-oldjob/ridge-control", CONTROL, version=3)
+job_case("dc-to-oldjob/feet-site-lambert", lines(FEET_SITE_LAMBERT), version=3)
+job_case("dc-to-pwj/ridge-control", CONTROL, signature=PWJ, extension="pwj")
+cr5_case("numbers-in-feet", lines(NUMBERS_IN_FEET))
+cr5_case("numbers-in-metres", lines(NUMBERS_IN_METRES))
+CASES["dc-to-cr5/names-that-are-no-numbers"] = {"in.dc": CONTROL}
+
+
+def main():
+    check = "--check" in sys.argv
+    unlike = []
+    for case, files in CASES.items():
+        folder = HERE / case
+        if check:
+            found = {p.name: p.read_bytes() for p in folder.glob("*") if p.name != "notes.txt"}
+            unlike += [case] if found != files else []
+            continue
+        folder.mkdir(parents=True, exist_ok=True)
+        for name, data in files.items():
+            (folder / name).write_bytes(data)
+    print("unlike:" if unlike else "ok", *unlike)
+    return bool(unlike)
+
+
+if __name__ == "__main__":
+    sys.exit(main())
