@@ -1,0 +1,30 @@
+// Inputs of fuzz targets as files. TMPDIR on a RAM disk makes the targets fast.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+
+#include "TempDir.h"
+
+namespace zelconvert {
+
+/// The folder of this run's files.
+inline const TempDir& FuzzDir() {
+  static const TempDir dir;
+  return dir;
+}
+
+/// Stores an input under `name` and gives its path.
+inline std::wstring StoreInput(std::wstring_view name, const std::uint8_t* data, std::size_t size) {
+  return FuzzDir().Write(name, {reinterpret_cast<const char*>(data), size});
+}
+
+/// What a target asserts in every build.
+inline void Require(bool holds) {
+  if (!holds) std::abort();
+}
+
+}  // namespace zelconvert

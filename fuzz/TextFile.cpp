@@ -1,0 +1,90 @@
+// The readers of lines: CTextFile in all encodings, what it writes read again, and CFileCE against
+// a plain loop.
+
+#include <algorithm>
+#include <vector>
+
+#include "FuzzFile.h"
+#include "io/CFileCE.h"
+#include "io/CParser.h"
+#include "io/CTextFile.h"
+#include "io/Strings.h"
+
+namespace zelconvert {
+namespace {
+
+using Lines = std::vector<std::wstring>;
+
+Lines ReadLines(CTextFile& file) {
+  Lines lines;
+  for (std::wstring line; file.ReadString(line);) {
+    Require(line.find_first_of(L"\r\n") == std::wstring::npos);
+    Require(file.GetPosition() <= file.GetLength());
+    lines.push_back(line);
+  }
+  return lines;
+}
+
+Lines ReadText(const std::wstring& path, bool bUnicode, bool bStripNulls) {
+  CTextFile file(bUnicode, bStripNulls);
+  file.SetAllowUnicode(true);
+  if (!file.Open(path, platform::kOpenText)) return {};
+  ReadLines(file);
+  file.Rewind();
+  return ReadLines(file);
+}
+
+// UTF-16 keeps every unit, broken pairs included. An empty text is no line to the writer.
+void RequireRoundTrip(Lines lines, CTextFile::Encoding encoding) {
+  std::erase(lines, std::wstring());
+  const std::wstring path = FuzzDir().Path(L"again");
+  CTextFile file(false, false);
+  Require(file.Open(path, platform::kCreateOutput, encoding, true));
+  for (const std::wstring& line : lines) Require(file.WriteString(line));
+  Require(file.Close());
+  Require(ReadText(path, false, false) == lines);
+}
+
+void RequirePlainLines(const std::wstring& path, std::string_view bytes) {
+  CFileCE file;
+  Require(file.Open(path, platform::kOpenReadOnly));
+  std::wstring line;
+  while (!bytes.empty()) {
+    const std::size_t lineFeed = bytes.find('\n');
+    std::string_view expected = bytes.substr(0, lineFeed);
+    bytes.remove_prefix(std::min(bytes.size(), expected.size() + 1));
+    if (lineFeed != std::string_view::npos && expected.ends_with('\r')) expected.remove_suffix(1);
+    Require(file.ReadLine(line) && line == ToWide(expected));
+  }
+  Require(!file.ReadLine(line) && line.empty());
+}
+
+void ParseFields(const Lines& lines) {
+  CParser parser;
+  parser.SetSeparators(L", \t");
+  parser.SetCollapse(true);
+  std::wstring field;
+  double number;
+  for (const std::wstring& line : lines) {
+    parser.SetText(line);
+    while (parser.GetField(field)) Require(field.size() <= line.size());
+    parser.SetText(line);
+    while (!parser.IsEmpty()) parser.GetDouble(number);
+  }
+}
+
+}  // namespace
+}  // namespace zelconvert
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using namespace zelconvert;
+  if (size > 8192) return 0;
+  const std::wstring path = StoreInput(L"text", data, size);
+  RequirePlainLines(path, {reinterpret_cast<const char*>(data), size});
+  ReadText(path, true, true);
+  const Lines lines = ReadText(path, false, false);
+  ParseFields(lines);
+  RequireRoundTrip(lines, CTextFile::kUtf16LittleEndian);
+  RequireRoundTrip(lines, CTextFile::kUtf16BigEndian);
+  return 0;
+}
