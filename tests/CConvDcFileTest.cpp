@@ -1,0 +1,181 @@
+// What job to DC does beside its golden cases: dialects, names, features, failed writes.
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "TempDir.h"
+#include "dc/CConvDcFile.h"
+#include "dc/WriteCoordinateSystem.h"
+
+namespace zelconvert {
+namespace {
+
+std::vector<std::string> Lines(const std::string& bytes) {
+  std::vector<std::string> lines;
+  std::size_t start = 0;
+  for (std::size_t end; (end = bytes.find("\r\n", start)) != bytes.npos; start = end + 2) {
+    lines.push_back(bytes.substr(start, end - start));
+  }
+  return lines;
+}
+
+// A job with one point that has an attribute block, and one that has none.
+std::wstring MakeJob(const TempDir& folder, const std::wstring& name, std::uint16_t version) {
+  CJobFile job(true);
+  EXPECT_TRUE(job.Create(folder.Path(name), version));
+  JOB_GENERIC_RECORD block;
+  block.kind = static_cast<std::uint32_t>(JobKind::Attributes);
+  block.data = {std::byte{'d'}, std::byte{'a'}, std::byte{'t'}, std::byte{'a'}};
+  block.length = 4;
+  JOB_POINT point;
+  point.name = L"P1";
+  point.elevation = 1;
+  if (version >= kJobVersion) {
+    point.attributeLink = static_cast<std::uint32_t>(job.GetFile().GetPosition());
+    EXPECT_TRUE(job.WriteGenericRecord(block));
+  }
+  EXPECT_TRUE(job.WritePoint(point));
+  point.name = L"P2";
+  point.attributeLink = 0;
+  EXPECT_TRUE(job.WritePoint(point));
+  EXPECT_TRUE(job.Close());
+  return folder.Path(name);
+}
+
+// Knows one block and one feature with an attribute of every kind.
+class OneFeature : public CFeatureCodeData {
+ public:
+  bool Decode(std::span<const std::byte> block, FEATURE_SET& features) const override {
+    if (block.size() != 4 || block[0] != std::byte{'d'}) return false;
+    features.code = L"TREE";
+    features.attributes = {{kAttributeText, L"Species", L"Oak", L"", 0, 0},
+                           {0x8004, L"Date", L"passed over", L"", 0, 0},
+                           {kAttributeNumber, L"Girth", L"", L"", 1.25, 0},
+                           {kAttributeList, L"State", L"sound", L"", 0, 3},
+                           {kAttributeList, L"Place", L"park", L"edge", 0, 12},
+                           {kAttributesEnd, L"", L"", L"", 0, 0},
+                           {kAttributeText, L"Behind the end", L"", L"", 0, 0}};
+    return true;
+  }
+};
+
+struct Outcome {
+  bool done;
+  std::string output;
+};
+
+Outcome Convert(const TempDir& folder, const std::wstring& path, int version,
+                std::unique_ptr<CFeatureCodeData> features = nullptr, bool brand = true) {
+  CJobFile job(brand);
+  EXPECT_TRUE(job.Open(path, false));
+  CDcFile file;
+  EXPECT_TRUE(file.OpenForWrite(folder.Path(L"out.dc")));
+  StringList messages, files;
+  CConvDcFile conversion(&file, &job, version);
+  conversion.SetDirection(false);
+  if (features) conversion.SetFeatureData(std::move(features));
+  const bool done = conversion.ConvertFromNative(messages, files);
+  EXPECT_TRUE(file.Close());
+  EXPECT_TRUE(messages.empty() && files.empty());
+  return {done, folder.Read(L"out.dc")};
+}
+
+TEST(JobToDc, Dialects) {
+  TempDir folder;
+  const std::wstring path = MakeJob(folder, L"job.job", kJobVersion);
+  struct Case {
+    int version;
+    const char* header;
+    const char* settings;
+  };
+  for (const auto& [version, header, settings] :
+       {Case{0, "00NMFX V07-50 ", "D4NM11                "},
+        Case{1, "00NMFX V07-70 ", "D4NM11                "}, Case{2, "00NMFX V10-70 ", "78NM11"},
+        Case{3, "00NMFX V10-70 ", "78NM11"}}) {
+    const Outcome run = Convert(folder, path, version);
+    EXPECT_TRUE(run.done);
+    const std::vector<std::string> lines = Lines(run.output);
+    ASSERT_EQ(lines.size(), 8u);
+    EXPECT_EQ(lines[0].substr(0, 14), header);
+    EXPECT_EQ(lines[2], settings);
+  }
+  for (int version : {-1, 4}) {
+    const Outcome run = Convert(folder, path, version);
+    EXPECT_FALSE(run.done);
+    EXPECT_EQ(run.output, "");
+  }
+}
+
+TEST(JobToDc, NameOfTheJob) {
+  TempDir folder;
+  struct Case {
+    const wchar_t* file;
+    const char* name;
+  };
+  for (const auto& [file, name] :
+       {Case{L"Field.JOB", "Field"}, Case{L"a.b.pwJ", "a.b"}, Case{L"field.dat", "field.dat"},
+        Case{L"job", "job"}, Case{L"a name longer than 16.job", "a name longer th"}}) {
+    const Outcome run = Convert(folder, MakeJob(folder, file, kJobVersion), 2);
+    EXPECT_TRUE(run.done);
+    EXPECT_EQ(
+        Lines(run.output).at(1),
+        std::string("10NM") + name + std::string(16 - std::string(name).size(), ' ') + "121111");
+  }
+}
+
+TEST(JobToDc, FeaturesFollowTheirPoint) {
+  TempDir folder;
+  const auto pad = [](std::string text, std::size_t width) {
+    return text.append(width - text.size(), ' ');
+  };
+  const Outcome run =
+      Convert(folder, MakeJob(folder, L"job.job", kJobVersion), 2, std::make_unique<OneFeature>());
+  EXPECT_TRUE(run.done);
+  const std::vector<std::string> lines = Lines(run.output);
+  ASSERT_EQ(lines.size(), 13u);
+  EXPECT_EQ(lines[6].substr(0, 20), "69KI              P1");
+  EXPECT_EQ(lines[7], pad("87FCTREE", 24));
+  EXPECT_EQ(lines[8], pad("89FCSpecies?", 24) + pad("Oak", 100));
+  EXPECT_EQ(lines[9], pad("88FCGirth?", 24) + "         1.25000");
+  EXPECT_EQ(lines[10], pad("92FCState?", 24) + pad("sound", 20) + "003");
+  EXPECT_EQ(lines[11], pad("92FCPlace?", 24) + pad("park/edge", 20) + "012");
+  EXPECT_EQ(lines[12].substr(0, 20), "69KI              P2");
+}
+
+TEST(JobToDc, PointsWithoutAKnownFeatureStandAlone) {
+  TempDir folder;
+  const std::wstring path = MakeJob(folder, L"job.job", kJobVersion);
+  EXPECT_EQ(Lines(Convert(folder, path, 2, std::make_unique<CFeatureCodeData>()).output).size(),
+            8u);
+  EXPECT_EQ(Lines(Convert(folder, path, 2).output).size(), 8u);
+  const std::wstring old = MakeJob(folder, L"old.job", kOldJobVersion);
+  EXPECT_EQ(Lines(Convert(folder, old, 2, std::make_unique<OneFeature>()).output).size(), 8u);
+}
+
+TEST(JobToDc, AttributeLinkOutsideTheFile) {
+  TempDir folder;
+  const std::wstring path = folder.Path(L"job.job");
+  CJobFile job(true);
+  ASSERT_TRUE(job.Create(path, kJobVersion));
+  JOB_POINT point;
+  for (std::uint32_t link : {0xFFFFFFFFu, 4618u, 1u}) {
+    point.attributeLink = link;
+    ASSERT_TRUE(job.WritePoint(point));
+  }
+  ASSERT_TRUE(job.Close());
+  const Outcome run = Convert(folder, path, 2, std::make_unique<OneFeature>());
+  EXPECT_TRUE(run.done);
+  EXPECT_EQ(Lines(run.output).size(), 9u);
+}
+
+TEST(JobToDc, ScaleInPartsPerMillion) {
+  EXPECT_NEAR(ScaleToPpm(1.0000045), 4.5, 1e-9);
+  EXPECT_EQ(ScaleToPpm(0), 0);
+  EXPECT_EQ(ScaleToPpm(-1), 0);
+  EXPECT_EQ(ScaleToPpm(DC_NULL), 0);
+}
+
+}  // namespace
+}  // namespace zelconvert
