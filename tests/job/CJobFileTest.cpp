@@ -1,0 +1,589 @@
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <vector>
+
+#include "../TempDir.h"
+#include "JobBytes.h"
+#include "geodetic/CGlkProjectionRecord.h"
+#include "io/Clock.h"
+#include "job/CJobFile.h"
+
+namespace zelconvert {
+namespace {
+
+constexpr platform::LocalTime kTime{2026, 3, 5, 13, 14, 15, 16, 789};
+
+constexpr std::size_t kFirstRecord = 4618;
+constexpr std::size_t kOldFirstRecord = 2158;
+
+std::string NewJob(const std::string& records, std::uint16_t version = 5) {
+  std::string job = Block(kFirstRecord)
+                        .Put(28, version)
+                        .Put(30, std::uint32_t{4618})
+                        .Put(34, std::uint32_t{558})
+                        .Put(38, std::uint32_t{4018})
+                        .Put(42 + 20, 1.0);
+  return job.replace(0, 28, kJobSignature) + records;
+}
+
+std::string OldJob(const std::string& records, std::uint16_t version = 3) {
+  std::string job = Block(kOldFirstRecord).Put(28, version).Put(30, std::uint32_t{2158});
+  return job.replace(0, 28, kJobSignature) + records;
+}
+
+std::string Pattern(std::size_t size) {
+  std::string bytes(size, '\0');
+  for (std::size_t i = 0; i < size; ++i) bytes[i] = static_cast<char>(i * 7 + 1);
+  return bytes;
+}
+
+template <std::size_t size>
+std::string AsString(const std::array<std::byte, size>& bytes) {
+  return {reinterpret_cast<const char*>(bytes.data()), size};
+}
+
+// Every kind that has a reader, as it is read and written by name.
+struct Kind {
+  const char* name;
+  std::uint32_t kind, length;
+  std::uint32_t oldKind, oldLength;  // 0: the same in old jobs
+  std::function<bool(CJobFile&, CJobFile&)> copy;
+};
+
+template <class Record>
+std::function<bool(CJobFile&, CJobFile&)> Copier(bool (CJobFile::*read)(Record&),
+                                                 bool (CJobFile::*write)(const Record&)) {
+  return [=](CJobFile& from, CJobFile& to) {
+    Record record;
+    return (from.*read)(record) && (to.*write)(record);
+  };
+}
+
+const std::vector<Kind>& Kinds() {
+  using Job = CJobFile;
+  static const std::vector<Kind> kKinds = {
+      {"point", 13, 100, 1, 92, Copier(&Job::ReadPoint, &Job::WritePoint)},
+      {"point ex", 14, 132, 2, 124, Copier(&Job::ReadPointEx, &Job::WritePointEx)},
+      {"line", 15, 88, 3, 80, Copier(&Job::ReadRecord15, &Job::WriteRecord15)},
+      {"element", 16, 112, 8, 104, Copier(&Job::ReadRecord16, &Job::WriteRecord16)},
+      {"4", 4, 72, 0, 0, Copier(&Job::ReadRecord4, &Job::WriteRecord4)},
+      {"7", 7, 110, 0, 0, Copier(&Job::ReadRecord7, &Job::WriteRecord7)},
+      {"9", 9, 70, 0, 0, Copier(&Job::ReadRecord9, &Job::WriteRecord9)},
+      {"road", 10, 88, 0, 0, Copier(&Job::ReadRecord10, &Job::WriteRecord10)},
+      {"18", 18, 542, 0, 0, Copier(&Job::ReadRecord18, &Job::WriteRecord18)},
+  };
+  return kKinds;
+}
+
+// Bytes that only come back if every field stands where it belongs: unlike ones everywhere, and
+// texts with zeros behind them.
+std::string Payload(std::uint32_t kind, std::size_t length) {
+  Block block(length);
+  std::string bytes = Pattern(length);
+  const auto text = [&](std::size_t offset, std::string_view name, std::size_t units) {
+    bytes.replace(offset, 2 * units, Block(2 * units).Text(0, name, units));
+  };
+  if (kind == 13 || kind == 14) {
+    text(0, "POINT 16 LETTERS", 17);
+    text(34, "\xD6", 17);
+  }
+  if (kind == 16) text(46, "ELEMENT", 17);
+  if (kind == 10) text(0, "ROAD 8CH", 9);
+  if (kind == 11) text(4, "LAYER", 17);
+  return bytes;
+}
+
+TEST(CJobFile, CopiesEveryKindByteForByte) {
+  for (const bool isOld : {false, true}) {
+    for (const Kind& kind : Kinds()) {
+      SCOPED_TRACE(testing::Message() << kind.name << (isOld ? ", old" : ""));
+      const bool hasOldForm = isOld && kind.oldKind != 0;
+      const std::string payload = Payload(kind.kind, hasOldForm ? kind.oldLength : kind.length);
+      const std::string record = RecordBytes(hasOldForm ? kind.oldKind : kind.kind, payload);
+      const TempDir temp;
+      CJobFile from(true), to(true);
+      ASSERT_TRUE(from.Open(temp.Write(L"a.job", isOld ? OldJob(record) : NewJob(record)), true));
+      ASSERT_TRUE(to.Create(temp.Path(L"b.job"), isOld ? 3 : 5));
+      JobKind found;
+      std::int64_t position;
+      std::uint32_t length;
+      ASSERT_TRUE(from.SeekToFirstRecord());
+      ASSERT_TRUE(from.ReadNextRecordHead(found, position, length));
+      EXPECT_EQ(static_cast<std::uint32_t>(found), kind.kind);
+      EXPECT_EQ(position, isOld ? 2158 : 4618);
+      EXPECT_EQ(length, payload.size());
+      EXPECT_TRUE(kind.copy(from, to));
+      EXPECT_FALSE(from.ReadNextRecordHead(found, position, length));
+      to.Close();
+      EXPECT_EQ(temp.Read(L"b.job").substr(isOld ? kOldFirstRecord : kFirstRecord), record);
+    }
+  }
+}
+
+TEST(CJobFile, WritesFieldsWhereTheFormatHasThem) {
+  const TempDir temp;
+  CJobFile job(true);
+  ASSERT_TRUE(job.CreateNew(temp.Path(L"a.job")));
+  JOB_POINT_EX point;
+  point.name = L"A name that is longer than its field";
+  point.description = std::wstring(15, L'x') + L"\U0001F332";  // a pair that no longer fits
+  point.east = 1.5;
+  point.north = 2.5;
+  point.elevation = DC_NULL;
+  point.layer = 101;
+  point.attributeLink = 0xFEDCBA98;
+  EXPECT_TRUE(job.WritePoint(point));
+  EXPECT_TRUE(job.WritePointEx(point));
+  EXPECT_TRUE(job.WriteLayer(DefaultLayer()));
+  JOB_RECORD10 road;
+  road.name = L"ROAD";
+  road.id = -2;
+  road.value1 = 1;
+  road.value2 = 2;
+  road.value3 = 3;
+  road.value4 = 4;
+  EXPECT_TRUE(job.WriteRecord10(road));
+  JOB_RECORD16 element;
+  element.id = 7;
+  element.value1 = 1;
+  element.name = L"HAL";
+  element.value2 = 2;
+  element.value3 = 3;
+  element.value4 = 4;
+  EXPECT_TRUE(job.WriteRecord16(element));
+  EXPECT_TRUE(job.WriteGenericRecord({17, 3, {std::byte{1}, std::byte{2}, std::byte{3}}}));
+  job.Close();
+
+  const PointBytes kPoint{"A name that is l", "xxxxxxxxxxxxxxx", 1.5, 2.5, -9.99e27};
+  const std::uint32_t kLayer = 101, kLink = 0xFEDCBA98;
+  const std::string expected =
+      RecordBytes(13, std::string(PutPoint(Block(100).Put(92, kLayer).Put(96, kLink), kPoint))) +
+      RecordBytes(14, std::string(PutPoint(Block(132).Put(92, kLayer).Put(128, kLink), kPoint))) +
+      RecordBytes(
+          11,
+          std::string(Block(42).Put(0, kLayer).Text(4, "POINTS", 17).Put(38, std::uint16_t{1}))) +
+      RecordBytes(10, std::string(Block(88)
+                                      .Text(0, "ROAD", 9)
+                                      .Put(18, std::int32_t{-2})
+                                      .Put(22, 1.0)
+                                      .Put(64, 2.0)
+                                      .Put(72, 3.0)
+                                      .Put(80, 4.0))) +
+      RecordBytes(16, std::string(Block(112)
+                                      .Put(0, std::uint32_t{7})
+                                      .Put(38, 1.0)
+                                      .Text(46, "HAL", 17)
+                                      .Put(80, 2.0)
+                                      .Put(88, 3.0)
+                                      .Put(96, 4.0))) +
+      RecordBytes(17, "\1\2\3");
+  EXPECT_EQ(temp.Read(L"a.job").substr(kFirstRecord), expected);
+}
+
+// What the old form lacks stays as the caller had it.
+TEST(CJobFile, ReadsOldFormsIntoTheFrontOfARecord) {
+  const std::string records = RecordBytes(1, Payload(13, 92)) + RecordBytes(2, Payload(14, 124)) +
+                              RecordBytes(3, Payload(15, 80)) + RecordBytes(8, Payload(16, 104));
+  const TempDir temp;
+  CJobFile job(true);
+  ASSERT_TRUE(job.Open(temp.Write(L"a.job", OldJob(records)), false));
+  JobKind kind;
+  std::int64_t position;
+  std::uint32_t length;
+  ASSERT_TRUE(job.SeekToFirstRecord());
+
+  JOB_POINT point;
+  point.layer = 5;
+  point.attributeLink = 6;
+  ASSERT_TRUE(job.ReadNextRecordHead(kind, position, length) && job.ReadPoint(point));
+  EXPECT_EQ(point.name, L"POINT 16 LETTERS");
+  EXPECT_EQ(point.layer, 5u);
+  EXPECT_EQ(point.attributeLink, 6u);
+
+  JOB_POINT_EX pointEx;
+  pointEx.attributeLink = 6;
+  pointEx.further.fill(std::byte{0xEE});
+  ASSERT_TRUE(job.ReadNextRecordHead(kind, position, length) && job.ReadPointEx(pointEx));
+  EXPECT_EQ(pointEx.description, L"\u00D6");
+  EXPECT_EQ(AsString(pointEx.further), Pattern(124).substr(96) + "\xEE\xEE\xEE\xEE");
+  EXPECT_EQ(pointEx.attributeLink, 6u);
+
+  JOB_RECORD15 line;
+  line.body.fill(std::byte{0xEE});
+  ASSERT_TRUE(job.ReadNextRecordHead(kind, position, length) && job.ReadRecord15(line));
+  EXPECT_EQ(AsString(line.body), Pattern(80).substr(4) + std::string(8, '\xEE'));
+
+  JOB_RECORD16 element;
+  element.reservedTail.fill(std::byte{0xEE});
+  ASSERT_TRUE(job.ReadNextRecordHead(kind, position, length));
+  ASSERT_TRUE(job.ReadPoint(point) && job.ReadRecord15(line));  // of other kinds: nothing is read
+  ASSERT_TRUE(job.ReadRecord16(element));
+  EXPECT_EQ(element.name, L"ELEMENT");
+  EXPECT_EQ(AsString(element.reservedTail), std::string(8, '\xEE'));
+  EXPECT_FALSE(job.ReadNextRecordHead(kind, position, length));
+}
+
+TEST(CJobFile, ReportsUnknownKindsAsUnused) {
+  std::string records;
+  for (std::uint32_t kind : {0u, 5u, 6u, 19u, 99u, 0xFFFFFFFFu}) records += RecordBytes(kind, "ab");
+  for (std::uint32_t kind : {12u, 17u}) records += RecordBytes(kind, "cd");
+  const TempDir temp;
+  CJobFile job(true);
+  ASSERT_TRUE(job.Open(temp.Write(L"a.job", NewJob(records)), true));
+  ASSERT_TRUE(job.SeekToFirstRecord());
+  std::vector<std::uint32_t> kinds;
+  JobKind kind;
+  std::int64_t position;
+  std::uint32_t length;
+  while (job.ReadNextRecordHead(kind, position, length)) {
+    kinds.push_back(static_cast<std::uint32_t>(kind));
+    ASSERT_TRUE(job.SkipRecord());
+  }
+  EXPECT_EQ(kinds, (std::vector<std::uint32_t>{0, 0, 0, 0, 0, 0, 12, 17}));
+}
+
+// The examples, read by field and made anew.
+TEST(CJobFile, MakesTheExamplesAgain) {
+  for (const char* name : {"boundary.job", "boundary.pwj", "control.job", "boundary-old.job"}) {
+    SCOPED_TRACE(name);
+    const std::filesystem::path path = std::filesystem::path("examples") / name;
+    const TempDir temp;
+    CJobFile from(path.extension() == ".job"), to(path.extension() == ".job");
+    ASSERT_TRUE(from.Open(ToText(path), true));
+    ASSERT_TRUE(to.Create(temp.Path(L"b.job"), from.GetVersion()));
+    JOB_HEADER header;
+    ASSERT_TRUE(from.ReadJobHeader(header) && to.WriteJobHeader(header) && to.SeekToEnd());
+    JobKind kind;
+    std::int64_t position;
+    std::uint32_t length;
+    JOB_POINT point;
+    JOB_LAYER layer;
+    ASSERT_TRUE(from.SeekToFirstRecord());
+    while (from.ReadNextRecordHead(kind, position, length)) {
+      if (kind == JobKind::Layer) {
+        ASSERT_TRUE(from.ReadLayer(layer) && to.WriteLayer(layer));
+      } else {
+        ASSERT_EQ(kind, JobKind::Point);
+        ASSERT_TRUE(from.ReadPoint(point) && to.WritePoint(point));
+      }
+    }
+    from.Close();
+    to.Close();
+    EXPECT_EQ(temp.Read(L"b.job"), ReadBytes(path));
+  }
+}
+
+TEST(CJobFile, StampsANewJobWithTheTime) {
+  const ScopedClock clock(kTime, 0);
+  for (const std::uint16_t version : {kOldJobVersion, kJobVersion}) {
+    const TempDir temp;
+    CJobFile job(false);
+    ASSERT_TRUE(job.Create(temp.Path(L"a.pwj"), version));
+    platform::LocalTime time;
+    EXPECT_TRUE(job.ReadCreationTime(time));
+    EXPECT_EQ(time.year, 2026);
+    EXPECT_EQ(time.dayOfWeek, 5);
+    EXPECT_EQ(time.millisecond, 789);
+    time.year = 2027;
+    EXPECT_TRUE(job.WriteCreationTime(time));
+    job.Close();
+    const std::string bytes = temp.Read(L"a.pwj");
+    EXPECT_EQ(bytes.substr(0, 28), "Corvane Surveying Job File  ");
+    EXPECT_EQ(bytes.substr(version == 3 ? 38 : 42, 2), "\xEB\x07");
+  }
+  const TempDir temp;
+  for (const int version : {0, 1, 2, 4, 6}) {
+    EXPECT_FALSE(CJobFile(true).Create(temp.Path(L"a.job"), static_cast<std::uint16_t>(version)));
+    EXPECT_FALSE(temp.Exists(L"a.job"));
+  }
+}
+
+TEST(CJobFile, KeepsTheResetValuesBehindShortBlocks) {
+  std::string job = Block(42 + 30 + 6, '\x01').Put(28, std::uint16_t{5}).Put(30, std::uint32_t{78});
+  job.replace(0, 28, kJobSignature);
+  job.replace(34, 8, std::string(Block(8).Put(0, std::uint32_t{30}).Put(4, std::uint32_t{6})));
+  const TempDir temp;
+  CJobFile file(true);
+  ASSERT_TRUE(file.Open(temp.Write(L"a.job", job), true));
+  JOB_HEADER header;
+  CoordBlock block;
+  ASSERT_TRUE(file.ReadJobHeader(header) && file.ReadCoordBlock(block));
+  EXPECT_EQ(header.flags, 0x01010101u);
+  EXPECT_EQ(header.distanceUnit, 0x0101);
+  EXPECT_EQ(header.angleUnit, 0);
+  CGlkProjectionRecord system;
+  system.Unpack(block);
+  EXPECT_EQ(system.verticalType, 0x0101);
+  EXPECT_EQ(system.projectionKind, -2);
+  EXPECT_EQ(system.site.scale, 1.0);
+}
+
+TEST(CJobFile, ReadsTheSignatureAloneBelowVersion3) {
+  std::string job = Block(34).Put(28, std::uint16_t{1}).Put(30, std::uint32_t{34});
+  job.replace(0, 28, kJobSignature);
+  const TempDir temp;
+  CJobFile file(true);
+  ASSERT_TRUE(file.Open(temp.Write(L"a.job", job), true));
+  JOB_HEADER header;
+  JOB_OLD_HEADER old;
+  ASSERT_TRUE(file.ReadJobHeader(header) && file.ReadOldHeader(old));
+  EXPECT_EQ(header.scale, 1.0);
+  EXPECT_EQ(header.creationTime.year, 0);
+  EXPECT_EQ(old.zoneId, 0);
+}
+
+TEST(CJobFile, WritesTheHeaderOfAnOldJobOverWhatItDoesNotKnow) {
+  std::string job = Pattern(2158);
+  job.replace(0, 34, OldJob("").substr(0, 34));
+  const TempDir temp;
+  CJobFile file(true);
+  ASSERT_TRUE(file.Open(temp.Write(L"a.job", job), false));
+  JOB_HEADER header;
+  ASSERT_TRUE(file.ReadJobHeader(header));
+  const std::uint32_t extra = header.headerExtra;
+  header.scale = 0.5;
+  header.distanceUnit = 2;
+  header.featureFile = L"not kept";
+  header.headerExtra = 0;
+  ASSERT_TRUE(file.WriteJobHeader(header) && file.ReadJobHeader(header));
+  EXPECT_EQ(header.scale, 0.5);
+  EXPECT_EQ(header.headerExtra, extra);
+  file.Close();
+
+  const auto put = [&](std::size_t offset, const Block& bytes) {
+    const std::string text = bytes;
+    job.replace(34 + offset, text.size(), text);
+  };
+  put(24, Block(10).Put(2, std::uint16_t{1}).Put(6, std::uint16_t{9999}).Put(8, std::uint16_t{1}));
+  put(1082, Block(8).Put(0, 0.5));
+  put(1090, Block(8).Put(0, 1.0));
+  put(1098, Block(2).Put(0, std::uint16_t{2}));
+  EXPECT_EQ(temp.Read(L"a.job"), job);
+}
+
+// What each version takes: nothing is written where the result is false.
+TEST(CJobFile, WritesWhatItsVersionHolds) {
+  struct Row {
+    std::uint16_t version;
+    bool header, coordBlock, point, layer, generic;  // results
+    bool headerChanges;
+  };
+  for (const Row& row :
+       {Row{2, true, false, false, false, false, false},
+        Row{3, true, false, true, false, false, true},
+        Row{4, true, false, false, true, false, false}, Row{5, true, true, true, true, true, true},
+        Row{6, true, true, false, true, true, false}}) {
+    SCOPED_TRACE(row.version);
+    const TempDir temp;
+    const std::string before = row.version < 5 ? OldJob("", row.version) : NewJob("", row.version);
+    CJobFile job(true);
+    ASSERT_TRUE(job.Open(temp.Write(L"a.job", before), false));
+    JOB_HEADER header;
+    header.distanceUnit = 1;
+    EXPECT_EQ(job.WriteJobHeader(header), row.header);
+    job.GetFile().Flush();
+    EXPECT_EQ(temp.Read(L"a.job") != before, row.headerChanges);
+    EXPECT_EQ(job.WriteCoordBlock(CoordBlock{}), row.coordBlock);
+    EXPECT_TRUE(job.SeekToEnd());
+    const auto end = job.GetFile().GetPosition();
+    EXPECT_EQ(job.WritePoint(JOB_POINT()), row.point);
+    EXPECT_EQ(job.WriteLayer(JOB_LAYER()), row.layer);
+    EXPECT_EQ(job.WriteGenericRecord({17, 1, {std::byte{1}}}), row.generic);
+    EXPECT_FALSE(job.WriteGenericRecord({17, 1, {}}));
+    EXPECT_EQ(job.GetFile().GetLength() > end, row.point || row.layer || row.generic);
+  }
+}
+
+TEST(CJobFile, FindsRecordsAndFreeSlots) {
+  const auto record4 = [](std::uint32_t id) { return std::string(Block(72).Put(0, id)); };
+  const auto record9 = [](std::uint32_t id) { return std::string(Block(70).Put(0, id)); };
+  const std::string records =
+      RecordBytes(99, record4(1)) + RecordBytes(4, record4(1)) + RecordBytes(4, "\2") +
+      RecordBytes(9, record9(2)) + RecordBytes(0, record4(2)) + RecordBytes(4, record4(2)) +
+      RecordBytes(0, record9(3)) + RecordBytes(9, record9(3)) + RecordBytes(4, "\1");
+  // Offsets of the heads behind the first record.
+  constexpr std::int64_t k4First = 80, k9First = 169, kFree4 = 247, k4Second = 327, kFree9 = 407,
+                         k9Second = 485, kEnd = 572;
+  const TempDir temp;
+  CJobFile job(true);
+  ASSERT_TRUE(job.Open(temp.Write(L"a.job", NewJob(records)), false));
+  struct Row {
+    bool is4;
+    std::uint32_t id;
+    bool bFirstFree, found;
+    std::int64_t position;
+  };
+  for (const Row& row : {Row{true, 1, false, true, k4First}, Row{true, 2, false, true, k4Second},
+                         Row{true, 2, true, true, kFree4}, Row{true, 3, false, false, kEnd},
+                         Row{false, 2, true, true, k9First}, Row{false, 3, false, true, k9Second},
+                         Row{false, 3, true, true, kFree9}, Row{false, 4, false, false, kEnd}}) {
+    SCOPED_TRACE(testing::Message() << row.is4 << ' ' << row.id << ' ' << row.bFirstFree);
+    ASSERT_TRUE(job.SeekToFirstRecord());
+    EXPECT_EQ(
+        row.is4 ? job.FindRecord4(row.id, row.bFirstFree) : job.FindRecord9(row.id, row.bFirstFree),
+        row.found);
+    EXPECT_EQ(job.GetFile().GetPosition() - static_cast<std::int64_t>(kFirstRecord), row.position);
+  }
+  EXPECT_TRUE(job.FindRecord4(77, true));  // from the end on
+
+  for (const auto& [length, position] :
+       {std::pair{72u, kFree4}, std::pair{70u, kFree9}, std::pair{71u, kEnd}}) {
+    EXPECT_TRUE(job.SeekToFreeSlot(length));
+    EXPECT_EQ(job.GetFile().GetPosition() - static_cast<std::int64_t>(kFirstRecord), position);
+  }
+}
+
+TEST(CJobFile, DeletesInPlace) {
+  const std::string first = RecordBytes(13, Payload(13, 100)), second = RecordBytes(99, "second");
+  const TempDir temp;
+  CJobFile job(true);
+  ASSERT_TRUE(job.Open(temp.Write(L"a.job", NewJob(first + second)), false));
+  ASSERT_TRUE(job.SeekToFirstRecord() && job.DeleteRecord());
+  EXPECT_EQ(job.GetFile().GetPosition(), static_cast<std::int64_t>(kFirstRecord + first.size()));
+  EXPECT_TRUE(job.DeleteRecord());
+  EXPECT_FALSE(job.DeleteRecord());  // nothing is there
+  job.Close();
+  EXPECT_EQ(temp.Read(L"a.job"),
+            NewJob(RecordBytes(0, Payload(13, 100)) + RecordBytes(0, "second")));
+}
+
+TEST(CJobFile, KnowsItsPointsByName) {
+  const std::string records = RecordBytes(0, Payload(13, 100)) +
+                              RecordBytes(13, std::string(Block(100).Text(0, "A 1", 17))) +
+                              RecordBytes(14, std::string(Block(132).Text(0, "B", 17))) +
+                              RecordBytes(1, std::string(Block(92).Text(0, "OLD", 17)));
+  const TempDir temp;
+  const std::wstring path = temp.Write(L"a.job", NewJob(records));
+  for (const auto& [name, exists] :
+       {std::pair{L"A 1", true}, std::pair{L"B", true}, std::pair{L"OLD", true},
+        std::pair{L"A", false}, std::pair{L"POINT 16 LETTERS", false}, std::pair{L"", false}}) {
+    CJobFile job(true);
+    ASSERT_TRUE(job.Open(path, true));
+    EXPECT_EQ(job.PointExists(name), exists);
+    EXPECT_FALSE(job.IsOpen());
+  }
+}
+
+TEST(CJobFile, ReadsRecordsOfAnyLengthThatTheFileHolds) {
+  const TempDir temp;
+  const std::string generic = RecordBytes(17, "payload");
+  std::string huge = RecordBytes(17, "payload");
+  huge.replace(4, 4, "\xFF\xFF\xFF\xFF");
+  for (const auto& [records, read] : {std::pair{generic, true}, std::pair{huge, false}}) {
+    CJobFile job(true);
+    ASSERT_TRUE(job.Open(temp.Write(L"a.job", NewJob(records)), true));
+    JobKind kind;
+    std::int64_t position;
+    std::uint32_t length;
+    ASSERT_TRUE(job.SeekToFirstRecord() && job.ReadNextRecordHead(kind, position, length));
+    JOB_GENERIC_RECORD record;
+    EXPECT_EQ(job.ReadGenericRecord(record), read);
+    EXPECT_EQ(record.kind, 17u);
+    EXPECT_EQ(record.data.size(), read ? 7u : 0u);
+  }
+
+  // Attribute blocks of old jobs: the length counts its own word and the code.
+  struct Row {
+    std::uint32_t total;
+    bool read;
+    std::size_t size;
+  };
+  for (const Row& row : {Row{12, true, 4}, Row{8, true, 0}, Row{7, false, 0}, Row{0, false, 0},
+                         Row{13, false, 0}, Row{0xFFFFFFFF, false, 0}}) {
+    SCOPED_TRACE(row.total);
+    const std::string block = Block(12).Put(0, row.total).Put(4, std::uint32_t{0x8001});
+    CJobFile job(true), newJob(true);
+    ASSERT_TRUE(job.Open(temp.Write(L"a.job", OldJob(block)), true));
+    JOB_GENERIC_RECORD record;
+    ASSERT_TRUE(job.SeekToFirstRecord());
+    EXPECT_EQ(job.ReadBlockAtPosition(record), row.read);
+    EXPECT_EQ(record.data.size(), row.size);
+    EXPECT_TRUE(!row.read || record.kind == 0x8001u);
+    ASSERT_TRUE(newJob.Open(temp.Write(L"b.job", NewJob(block)), true));
+    ASSERT_TRUE(newJob.SeekToFirstRecord());
+    EXPECT_FALSE(newJob.ReadBlockAtPosition(record));
+  }
+}
+
+// Reads all there is; the number of whole records.
+std::size_t Walk(CJobFile& job) {
+  if (!job.SeekToFirstRecord()) return 0;
+  JobKind kind;
+  std::int64_t position;
+  std::uint32_t length;
+  std::size_t records = 0;
+  JOB_POINT_EX point;
+  JOB_LAYER layer;
+  JOB_GENERIC_RECORD generic;
+  while (job.ReadNextRecordHead(kind, position, length)) {
+    const bool read = IsPoint(kind)             ? job.ReadPoint(point) && job.ReadPointEx(point)
+                      : kind == JobKind::Layer  ? job.ReadLayer(layer)
+                      : kind == JobKind::Unused ? job.SkipRecord()
+                                                : job.ReadGenericRecord(generic);
+    if (!read) break;
+    ++records;
+  }
+  return records;
+}
+
+TEST(CJobFile, EndsOnEveryTruncation) {
+  for (const auto& [name, first, record] :
+       {std::tuple{"boundary.job", kFirstRecord, 108u},
+        std::tuple{"boundary-old.job", kOldFirstRecord, 100u}}) {
+    const std::string whole = ReadBytes(std::filesystem::path("examples") / name);
+    const TempDir temp;
+    const std::size_t layer = first == kFirstRecord ? 50 : 0;
+    // Every size around the borders of the blocks and records, and some between.
+    for (std::size_t size = 0; size < whole.size(); ++size) {
+      const bool nearBorder = size < 50 || size % 100 < 9 || (size > first && size < first + 300);
+      if (!nearBorder && size % 31 != 0 && size + 1 != first) continue;
+      CJobFile job(true);
+      const bool opened = job.Open(temp.Write(L"a.job", whole.substr(0, size)), true);
+      ASSERT_EQ(opened, size >= first) << name << ' ' << size;
+      EXPECT_EQ(job.IsOpen(), opened);
+      if (!opened) continue;
+      const std::size_t rest = size - first;
+      EXPECT_EQ(Walk(job), rest < layer ? 0 : (layer != 0) + (rest - layer) / record);
+    }
+  }
+}
+
+TEST(CJobFile, BelievesNoSizeOfItsBlocks) {
+  const std::uint32_t kSizes[] = {0, 1, 557, 558, 559, 4017, 0x7FFFFFFF, 0x80000000, 0xFFFFFFFF};
+  const TempDir temp;
+  const std::string bytes = ReadBytes("examples/boundary.job");
+  for (const std::uint32_t headerSize : kSizes) {
+    for (const std::uint32_t blockSize : kSizes) {
+      SCOPED_TRACE(testing::Message() << headerSize << ' ' << blockSize);
+      std::string job = bytes;
+      job.replace(34, 8, std::string(Block(8).Put(0, headerSize).Put(4, blockSize)));
+      CJobFile file(true);
+      // A skip past the end is none of the reads that fail; a block that should be there is.
+      const bool isBlockThere = headerSize <= bytes.size() || blockSize == 0;
+      EXPECT_EQ(file.Open(temp.Write(L"a.job", job), true), isBlockThere);
+      EXPECT_TRUE(!isBlockThere || Walk(file) == 61u);
+    }
+  }
+  for (const std::uint32_t first : {0u, 28u, 11148u, 0x7FFFFFFFu, 0xFFFFFFFFu}) {
+    std::string job = bytes;
+    job.replace(30, 4, std::string(Block(4).Put(0, first)));
+    CJobFile file(true);
+    ASSERT_TRUE(file.Open(temp.Write(L"a.job", job), true));
+    Walk(file);
+  }
+}
+
+TEST(CJobFile, OpensItsOwnBrandOnly) {
+  EXPECT_FALSE(CJobFile(false).Open(L"examples/boundary.job", true));
+  EXPECT_FALSE(CJobFile(true).Open(L"examples/boundary.pwj", true));
+  EXPECT_FALSE(CJobFile(true).Open(L"examples", true));
+  EXPECT_FALSE(CJobFile(true).Open(L"", true));
+  CJobFile job(true);
+  JOB_HEADER header;
+  EXPECT_FALSE(job.ReadJobHeader(header));
+  EXPECT_FALSE(job.WritePoint(JOB_POINT()));
+}
+
+}  // namespace
+}  // namespace zelconvert

@@ -1,0 +1,64 @@
+// Job and CR5 files put together byte by byte, without the code that is tested.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <string>
+#include <string_view>
+
+namespace zelconvert {
+
+/// A block of a fixed size, zero where nothing is put. For machines of the files' byte order.
+class Block {
+ public:
+  explicit Block(std::size_t size, char fill = '\0') : m_bytes(size, fill) {}
+  template <class Value>
+  Block& Put(std::size_t offset, Value value) {
+    std::memcpy(&m_bytes.at(offset), &value, sizeof value);
+    return *this;
+  }
+  /// 8-bit characters as UTF-16, with zeros up to `units`.
+  Block& Text(std::size_t offset, std::string_view text, std::size_t units) {
+    for (std::size_t i = 0; i < units; ++i) {
+      Put(offset + 2 * i, i < text.size() ? char16_t(static_cast<unsigned char>(text[i])) : u'\0');
+    }
+    return *this;
+  }
+  operator std::string() const { return m_bytes; }
+
+ private:
+  std::string m_bytes;
+};
+
+inline std::string RecordBytes(std::uint32_t kind, std::string_view payload) {
+  return std::string(Block(8).Put(0, kind).Put(4, static_cast<std::uint32_t>(payload.size())))
+      .append(payload);
+}
+
+struct PointBytes {
+  std::string_view name, description;
+  double east, north, elevation;
+};
+
+/// The first 92 bytes, which are the whole old form.
+inline Block PutPoint(Block block, const PointBytes& point) {
+  return block.Text(0, point.name, 17)
+      .Text(34, point.description, 17)
+      .Put(68, point.east)
+      .Put(76, point.north)
+      .Put(84, point.elevation);
+}
+
+inline std::string Cr5Bytes(std::int32_t number, double east, double north, double elevation,
+                            std::string_view description) {
+  std::string bytes = Block(45).Put(0, number).Put(4, east).Put(12, north).Put(20, elevation);
+  return bytes.replace(28, description.size(), description);
+}
+
+inline std::string Cr5HeaderBytes(std::int32_t maxPoint, std::int32_t firstPoint) {
+  std::string bytes = Block(38).Put(30, maxPoint).Put(34, firstPoint);
+  return bytes.replace(0, 8, "CONVTDLL");
+}
+
+}  // namespace zelconvert
