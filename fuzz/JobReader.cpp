@@ -1,0 +1,119 @@
+// The job reader: everything it can be asked, and a job copied by field, copied again.
+
+#include "FuzzFile.h"
+#include "job/CJobFile.h"
+
+namespace zelconvert {
+namespace {
+
+struct Records {
+  JOB_POINT point;
+  JOB_POINT_EX pointEx;
+  JOB_LAYER layer;
+  JOB_RECORD4 record4;
+  JOB_RECORD7 record7;
+  JOB_RECORD9 record9;
+  JOB_RECORD10 record10;
+  JOB_RECORD15 record15;
+  JOB_RECORD16 record16;
+  JOB_RECORD18 record18;
+  JOB_GENERIC_RECORD generic;
+};
+
+// False if the record can't be read whole.
+bool CopyRecord(JobKind kind, CJobFile& from, CJobFile& to, Records& records) {
+  const auto copy = [&](auto& record, auto read, auto write) {
+    if (!(from.*read)(record)) return false;
+    (to.*write)(record);  // refused by versions that don't hold the kind
+    return true;
+  };
+  using Job = CJobFile;
+  switch (kind) {
+    case JobKind::Point:
+      return copy(records.point, &Job::ReadPoint, &Job::WritePoint);
+    case JobKind::PointEx:
+      return copy(records.pointEx, &Job::ReadPointEx, &Job::WritePointEx);
+    case JobKind::Layer:
+      return copy(records.layer, &Job::ReadLayer, &Job::WriteLayer);
+    case JobKind::Record4:
+      return copy(records.record4, &Job::ReadRecord4, &Job::WriteRecord4);
+    case JobKind::Record7:
+      return copy(records.record7, &Job::ReadRecord7, &Job::WriteRecord7);
+    case JobKind::Record9:
+      return copy(records.record9, &Job::ReadRecord9, &Job::WriteRecord9);
+    case JobKind::Record10:
+      return copy(records.record10, &Job::ReadRecord10, &Job::WriteRecord10);
+    case JobKind::Record15:
+      return copy(records.record15, &Job::ReadRecord15, &Job::WriteRecord15);
+    case JobKind::Record16:
+      return copy(records.record16, &Job::ReadRecord16, &Job::WriteRecord16);
+    case JobKind::Record18:
+      return copy(records.record18, &Job::ReadRecord18, &Job::WriteRecord18);
+    case JobKind::Attributes:
+      return copy(records.generic, &Job::ReadGenericRecord, &Job::WriteGenericRecord);
+    case JobKind::Unused:
+    case JobKind::Record12:
+      return from.SkipRecord();
+  }
+  return false;
+}
+
+// What can be read of the job, in a new one.
+std::string Copy(const std::wstring& input, bool brand, std::uint16_t version) {
+  const std::wstring output = FuzzDir().Path(L"copy.job");
+  CJobFile from(brand), to(brand);
+  if (!from.Open(input, true)) return {};
+  Require(to.Create(output, version));
+  JOB_HEADER header;
+  CoordBlock block;
+  Require(from.ReadJobHeader(header) && to.WriteJobHeader(header));
+  Require(from.ReadCoordBlock(block) && to.WriteCoordBlock(block) == (version == kJobVersion));
+  Require(to.SeekToEnd() && from.SeekToFirstRecord());
+  JobKind kind;
+  std::int64_t position;
+  std::uint32_t length;
+  Records records;
+  while (from.ReadNextRecordHead(kind, position, length)) {
+    if (!CopyRecord(kind, from, to, records)) break;
+  }
+  to.Close();
+  return FuzzDir().Read(L"copy.job");
+}
+
+void Search(const std::wstring& path, bool brand) {
+  CJobFile job(brand);
+  if (!job.Open(path, false)) return;
+  JOB_GENERIC_RECORD record;
+  JOB_OLD_HEADER old;
+  job.ReadOldHeader(old);
+  for (const bool bFirstFree : {false, true}) {
+    Require(job.SeekToFirstRecord());
+    job.FindRecord4(1, bFirstFree);
+    Require(job.SeekToFirstRecord());
+    job.FindRecord9(1, bFirstFree);
+  }
+  Require(job.SeekToFirstRecord());
+  job.ReadBlockAtPosition(record);
+  Require(job.SeekToFreeSlot(100));
+  Require(job.SeekToFirstRecord());
+  job.DeleteRecord();
+  job.PointExists(L"1");
+}
+
+}  // namespace
+}  // namespace zelconvert
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using namespace zelconvert;
+  if (size > 32768) return 0;
+  const std::wstring path = StoreInput(L"in.job", data, size);
+  for (const bool brand : {true, false}) {
+    for (const std::uint16_t version : {kOldJobVersion, kJobVersion}) {
+      const std::string once = Copy(path, brand, version);
+      const std::wstring again = FuzzDir().Write(L"once.job", once);
+      Require(Copy(again, brand, version) == once);
+    }
+    Search(path, brand);
+  }
+  return 0;
+}
