@@ -77,6 +77,10 @@ std::wstring ToWide(std::string_view text) {
 void AppendUtf8(std::string& out, std::wstring_view text) {
   for (std::size_t i = 0; i < text.size(); ++i) {
     auto c = static_cast<char32_t>(text[i]);
+    if (c < 0x80) {
+      out.push_back(static_cast<char>(c));
+      continue;
+    }
     const auto next = i + 1 < text.size() ? static_cast<char32_t>(text[i + 1]) : U'\0';
     if (IsHighSurrogate(c) && IsLowSurrogate(next)) {
       c = JoinPair(c, next);

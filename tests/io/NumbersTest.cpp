@@ -98,9 +98,11 @@ TEST(Numbers, ReportsRealsThatAreTooLarge) {
   EXPECT_EQ(ParseReal(L"0." + std::wstring(400, L'0') + L"1e401").value, 1.0);
 }
 
-// Random bit patterns reach every exponent; the second half are numbers as surveys have them.
+// Random bit patterns reach every exponent, binary fractions are often ties; the others are numbers
+// as surveys have them.
 double RandomReal(std::mt19937_64& random, int i) {
-  if (i % 2 == 0) return std::bit_cast<double>(random());
+  if (i % 3 == 0) return std::bit_cast<double>(random());
+  if (i % 3 == 1) return static_cast<double>(random() % 1000000) / 1024;
   const double unit = static_cast<double>(random() % 2000000001) / 1e9 - 1;
   return unit * std::pow(10, static_cast<int>(random() % 9));
 }
