@@ -134,6 +134,18 @@ class CConvRawDCFile : public CConvRawFile {
   Outcome OnStoredGps();      // EE
   Outcome OnControlPoint();   // CT
   Outcome OnRoverPoint();     // RP
+  void SetReducedHeight(std::wstring_view role, double height);
+  void WriteAntennaHeight(std::wstring_view role, double height, std::int32_t kind);
+  bool AddGpsPrefix(std::wstring& name);
+  void WriteGpsResult(std::wstring_view name, std::wstring_view description,
+                      std::int32_t classStep);
+  void AddGpsName(std::wstring_view name);
+  void WriteGpsPosition(std::wstring_view subtype, std::wstring_view name,
+                        std::wstring_view description, double horizontalPrecision,
+                        double verticalPrecision);
+  void WriteVector(std::wstring_view subtype, std::wstring_view name, std::wstring_view description,
+                   const EcefPosition& difference);
+  void WriteStoredGpsPosition(std::wstring_view name);
 
   // Coordinate system (CConvRawDCFileCoordSystem.cpp).
   Outcome OnEllipsoid();           // ES
@@ -149,6 +161,10 @@ class CConvRawDCFile : public CConvRawFile {
   Outcome OnZone();                // LM
   Outcome OnLocalization();        // LH
   Outcome OnGeoid();               // SG
+  double SystemAngle(double v) const;
+  double ProjectionAngle(double v) const;
+  template <class Projection>
+  void FillProjection(const PJ_RECORD& source, Projection& projection) const;
 
   CRawFile* m_pRaw;
   CDcFile* m_pDc;
@@ -179,6 +195,9 @@ class CConvRawDCFile : public CConvRawFile {
   tDC_OBSERVATION_SIGMARecord m_Observation;
   tDC_GRID_POSITIONRecord m_Position;
   tDC_SCALERecord m_RodHeight;
+  tDC_GPS_POSITIONRecord m_GpsPosition;
+  tDC_GPS_POSITION2Record m_Vector;
+  tDC_SETUP_Record m_Quality;  // the latest GQ, which may wait for its position
 };
 
 }  // namespace zelconvert

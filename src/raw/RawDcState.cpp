@@ -1,5 +1,7 @@
 #include "raw/RawDcState.h"
 
+#include <cmath>
+
 #include "io/Units.h"
 
 namespace zelconvert {
@@ -12,6 +14,22 @@ constexpr double kUnitFactors[3][3] = {
     {kMetresPerFoot, 1, kMetresPerUsFoot},
     {0.999998, kUsFeetPerMetre, 1},
 };
+
+/// Semi-major axis in metres and first eccentricity squared of WGS 84 (NIMA TR8350.2).
+constexpr double kSemiMajorAxis = 6378137;
+constexpr double kEccentricitySquared = 0.006694380022900787;
+
+double ToMetres(double v, std::int32_t unit) {
+  if (IsNull(v)) return v;
+  if (unit == kRawInternationalFeet) return v * kMetresPerFoot;
+  return unit == kRawUsSurveyFeet ? v * kMetresPerUsFoot : v;
+}
+
+double FromMetres(double v, std::int32_t unit) {
+  if (IsNull(v)) return v;
+  if (unit == kRawInternationalFeet) return v * kFeetPerMetre;
+  return unit == kRawUsSurveyFeet ? v * kUsFeetPerMetre : v;
+}
 
 constexpr bool IsKnownUnit(std::int32_t unit) {
   return unit >= kRawInternationalFeet && unit <= kRawUsSurveyFeet;
@@ -46,6 +64,17 @@ double ModeState::Angle(double v) const {
 
 double ModeState::ZenithAngle(double v) const {
   return ToFirstAngleUnit(angleUnit == kRawGons ? v : DmsToDegrees(v));
+}
+
+EcefPosition ModeState::GeodeticToEcef(double latitude, double longitude, double height) const {
+  const double lat = latitude * (kPi / 180);
+  const double lon = longitude * (kPi / 180);
+  const double h = ToMetres(height, firstUnit);
+  const double n =
+      kSemiMajorAxis / std::sqrt(1 - kEccentricitySquared * std::sin(lat) * std::sin(lat));
+  return {FromMetres((n + h) * std::cos(lat) * std::cos(lon), firstUnit),
+          FromMetres((n + h) * std::cos(lat) * std::sin(lon), firstUnit),
+          FromMetres((n * (1 - kEccentricitySquared) + h) * std::sin(lat), firstUnit)};
 }
 
 }  // namespace zelconvert

@@ -21,6 +21,13 @@ enum class Outcome {
   Failed,     ///< the conversion ends without a text
 };
 
+/// Earth-centred coordinates.
+struct EcefPosition {
+  double x = 0;
+  double y = 0;
+  double z = 0;
+};
+
 /// The job and the units of the log. The first MO fixes the units of the output; what is read under
 /// a later one is brought to them.
 struct ModeState {
@@ -51,6 +58,9 @@ struct ModeState {
   double Angle(double v) const;
   /// Likewise for a zenith angle, which is DDD.MMSSsss in any unit but gons.
   double ZenithAngle(double v) const;
+  /// A position on or above the WGS 84 ellipsoid. Latitude and longitude in decimal degrees, height
+  /// and result in the first unit.
+  EcefPosition GeodeticToEcef(double latitude, double longitude, double height) const;
 };
 
 /// The instrument's setup.
@@ -168,17 +178,14 @@ struct GpsState {
   double height = 0;
   double horizontalPrecision = 0;
   double verticalPrecision = 0;
-  double baseX = 0;
-  double baseY = 0;
-  double baseZ = 0;
+  EcefPosition base;
   bool vectorSeen = false;  ///< a BL came since the latest EP
   bool qualityPending = false;
   bool skipNextCovariance = false;
   bool storedGpsPending = false;
   bool controlPending = false;
-  std::wstring storedName;  ///< of the latest GS
-  std::wstring roverRecordText;
-  std::wstring equipmentText;
+  std::wstring storedName;       ///< of the latest GS
+  std::wstring roverRecordText;  ///< the RX of the rover, for its signature
 };
 
 /// The names that have been written.
