@@ -49,6 +49,7 @@ class RoadCheck {
   void Line(std::wstring_view line);
   /// The last road ends with the file.
   void EndRoad();
+  bool IsRoadOpen() const { return m_bRoadOpen; }
 
  private:
   using Handler = void (RoadCheck::*)(std::wstring_view line);
@@ -224,14 +225,16 @@ std::wstring FormatRoadFailure(const std::wstring& roadName) {
   return FormatText(kRoadFailure, roadName);
 }
 
-void CheckDcRoads(CDcFile& file, RoadNames& badRoads, StringList& messages) {
+bool CheckDcRoads(CDcFile& file, RoadNames& badRoads, StringList& messages) {
   RoadCheck check(badRoads, messages);
   std::wstring line;
   file.SeekToBegin();
   while (file.ReadLine(line)) {
     if (!CDcFile::IsDeleted(line)) check.Line(line);
   }
+  const bool hasRoads = check.IsRoadOpen();  // the last one
   check.EndRoad();
+  return hasRoads;
 }
 
 }  // namespace zelconvert

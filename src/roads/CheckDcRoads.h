@@ -17,7 +17,7 @@ std::wstring FormatRoadFailure(const std::wstring& roadName);
 
 /// Reads the whole file and adds to `badRoads` each road that breaks a rule. For each, `messages`
 /// gets the text of the first rule it breaks and FormatRoadFailure. docs/formats/roads.md lists the
-/// rules.
-void CheckDcRoads(CDcFile& file, RoadNames& badRoads, StringList& messages);
+/// rules. False if the file has no roads.
+bool CheckDcRoads(CDcFile& file, RoadNames& badRoads, StringList& messages);
 
 }  // namespace zelconvert

@@ -139,7 +139,7 @@ RoadConversion::RoadConversion(CDcFile& file, StringList& messages, std::vector<
 }
 
 bool RoadConversion::Run() {
-  CheckDcRoads(m_file, m_badRoads, m_messages);
+  if (!CheckDcRoads(m_file, m_badRoads, m_messages)) return true;
   return ConvertLines() || Fail();
 }
 
