@@ -13,15 +13,9 @@ constexpr std::array<std::uint16_t, 32> kWindows1252 = {
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
-constexpr std::array<wchar_t, 256> MakeWideTable() {
-  std::array<wchar_t, 256> table{};
-  for (std::size_t i = 0; i < table.size(); ++i) {
-    const bool isSpecial = i >= 0x80 && i < 0x80 + kWindows1252.size();
-    table[i] = static_cast<wchar_t>(isSpecial ? kWindows1252[i - 0x80] : i);
-  }
-  return table;
+constexpr bool IsSpecial(wchar_t c) {
+  return c >= 0x80 && c < 0xA0;
 }
-constexpr std::array<wchar_t, 256> kWide = MakeWideTable();
 
 char NarrowChar(wchar_t wide) {
   const auto c = static_cast<std::uint32_t>(wide);
@@ -35,8 +29,19 @@ char NarrowChar(wchar_t wide) {
 void AppendWide(std::wstring& out, std::string_view text) {
   const std::size_t start = out.size();
   out.resize(start + text.size());
-  std::transform(text.begin(), text.end(), out.begin() + static_cast<std::ptrdiff_t>(start),
-                 [](char byte) { return kWide[static_cast<unsigned char>(byte)]; });
+  // Most bytes are the code point of the same number, and most lines have no others: this loop is
+  // one that compilers turn into vector instructions.
+  wchar_t* const wide = out.data() + start;
+  unsigned all = 0;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const auto byte = static_cast<unsigned char>(text[i]);
+    all |= byte;
+    wide[i] = byte;
+  }
+  if (all < 0x80) return;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (IsSpecial(wide[i])) wide[i] = static_cast<wchar_t>(kWindows1252[wide[i] - 0x80u]);
+  }
 }
 
 void AppendNarrow(std::string& out, std::wstring_view text) {
