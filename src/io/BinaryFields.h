@@ -11,6 +11,8 @@
 // order of the machine don't matter.
 #pragma once
 
+#include <algorithm>
+#include <array>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
@@ -24,16 +26,16 @@
 
 namespace zelconvert {
 
-// The bytes of a value in the file's order, from or to the machine's.
+// From the file's order of bytes to the machine's, or back.
 template <class Unsigned>
-constexpr Unsigned LittleEndian(Unsigned value) {
+Unsigned LittleEndian(Unsigned value) {
   static_assert(std::is_unsigned_v<Unsigned>);
-  if constexpr (std::endian::native == std::endian::little || sizeof(Unsigned) == 1) return value;
-  Unsigned swapped = 0;
-  for (std::size_t i = 0; i < sizeof(Unsigned); ++i) {
-    swapped = static_cast<Unsigned>((swapped << 8) | ((value >> (8 * i)) & 0xFFu));
+  if constexpr (std::endian::native != std::endian::little) {
+    auto bytes = std::bit_cast<std::array<std::byte, sizeof(Unsigned)>>(value);
+    std::reverse(bytes.begin(), bytes.end());
+    value = std::bit_cast<Unsigned>(bytes);
   }
-  return swapped;
+  return value;
 }
 
 template <class Unsigned>
