@@ -40,7 +40,8 @@ void AppendWide(std::wstring& out, std::string_view text) {
   }
   if (all < 0x80) return;
   for (std::size_t i = 0; i < text.size(); ++i) {
-    if (IsSpecial(wide[i])) wide[i] = static_cast<wchar_t>(kWindows1252[wide[i] - 0x80u]);
+    if (IsSpecial(wide[i]))
+      wide[i] = static_cast<wchar_t>(kWindows1252[static_cast<std::size_t>(wide[i]) - 0x80]);
   }
 }
 
