@@ -117,6 +117,11 @@ TEST(DcToJob, RefusalsAndWarnings) {
       {"no positions", {Header(), Point("P", "11", ""), Point("P", "17")}, false, {kNoPoints}},
       {"other records", {Header(), "79F1", "66KI", "Z9KI", "", "   "}, false, {kNoPoints}},
       {"warned of and empty", {Header("111111", "V9")}, false, {kNotV10, kNoPoints}},
+      {"refused road",
+       {Header("111111", "V9"), "28KIMain St."},
+       false,
+       {L"This road does not have a vertical alignment.",
+        L"Road Main St. in the DC file could not be converted to RD5 files.", kNotV10, kNoPoints}},
       {"alignment without a road", {Header(), "84KI" + Column("1.0")}, false, {kNoPoints}},
   };
   for (const Case& c : cases) {

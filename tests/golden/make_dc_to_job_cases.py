@@ -20,6 +20,8 @@ PER_METRE = {0: 1.0, 1: 3.280839895013123, 2: 3.280833333333333}
 CREATED = struct.pack("<8H", 2026, 3, 5, 13, 14, 15, 16, 789)  # the fixed time of the cases
 NOT_V10 = ("Warning: This is not a V10 DC file and the converted job file may not be completely "
            "correct.\n")
+DUPLICATES = ("Unable to create ZEL file - duplicate points detected. Please ensure all points in "
+              "the project have unique names.\n")
 PROJECTIONS = {
     "B": 2049, "9": 2050, "C": 2051, "5": 2052, "4": 2053, "7": 2054, "@": 2055, "8": 2056,
     "?": 2056, ":": 2057, "2": 2058, "<": 2059, "=": 2059, "A": 2059, ";": 2060, "3": 2062,
@@ -99,8 +101,11 @@ def nullable(field):
 
 
 class Job:
-    def __init__(self, version):
-        self.version = version
+    """roads: where each road that has road files starts: station, north, east, elevation."""
+
+    def __init__(self, version, roads):
+        self.version, self.roads = version, roads
+        self.road, self.road_count, self.any_point = None, 0, False
         self.flags, self.scale, self.distance_unit, self.angle_unit = 0, 1.0, 0, 0
         self.system = System()
         self.records = b""
@@ -244,6 +249,28 @@ class Job:
         north, east = (second, first) if self.east_first else (first, second)
         self.point(name, line[68:84].strip(BLANKS), *map(self.metres, (east, north, elevation)))
 
+        self.any_point = True
+
+    def on_28(self, line):
+        name = line[4:20].strip(BLANKS)
+        self.road = self.roads.get(name)
+        if self.road is None:
+            return
+        self.road_count += 1
+        station, *place = map(self.metres, self.road)
+        self.record(10, text(re.sub("[^A-Za-z0-9$_-]", "_", name[:8]), 9) +
+                    struct.pack("<id34x3d", self.road_count, station, *place))
+
+    def on_84(self, _):
+        if self.road is None:
+            return
+        station, north, east, elevation = map(self.metres, self.road)
+        if not self.any_point:
+            self.point("1", "", east, north, elevation)
+            self.any_point = True
+        payload = struct.pack("<I34xd34x3d8x", self.road_count, station, north, east, elevation)
+        self.record(16, payload) if self.version == 5 else self.record(8, payload[:104])
+
     def point(self, name, description, east, north, elevation):
         payload = (text(name, 17) + text(description, 17) +
                    struct.pack("<dddII", east, north, elevation, 101, 0))
@@ -268,17 +295,17 @@ def columns(line, start, count):
     return [nullable(line[i:i + 16]) for i in range(start, start + 16 * count, 16)]
 
 
-def convert(data, version=5):
+def convert(data, version=5, roads=None):
     lines = data.decode("cp1252").split("\n")
-    job = Job(version)
+    job = Job(version, roads or {})
     for line in lines:
         job.line(line.removesuffix("\r"))
     return job
 
 
-def pack_cr5(data, sequential):
+def pack_cr5(data, sequential, roads=None):
     """Points of a DC file with numbers for names, as the job between hands them on."""
-    job = convert(data)
+    job = convert(data, roads=roads)
     points, offset = {}, 0
     while offset < len(job.records):
         kind, length = struct.unpack_from("<II", job.records, offset)
@@ -385,6 +412,30 @@ NUMBERS_IN_FEET = [
 NUMBERS_IN_METRES = [header(), position("10", 1000.5, 2000.25, None, "IRON PIN"),
                      position("12", 1001.5, 2001.25, 99.5)]
 
+# Feet, east first. The alignment of a refused road and of one that starts twice: the job holds the
+# second start for both, and a point "1" in front of them, which is no point of the name "1" behind.
+ROADS = [
+    header(digits="121121"),
+    "28KI" + "Bad road".ljust(16), "84KI" + numbers(5, 0.0, 0.0, 1.0, 2.0, 3.0),
+    "28KI" + "Main St. East".ljust(16),
+    "84KI" + numbers(5, 1000.0, 90.0, 5000.0, 4000.0, 10.0),
+    "84KI" + numbers(5, 1000.0, 90.0, 6000.0, 4500.0, 12.0),
+    "31KI" + numbers(5, 90.0, 100.0),
+    "34KI" + numbers(5, 1000.0, 12.0), "37KI" + numbers(5, 1100.0, 13.0),
+    "39KI" + "T".ljust(16), "46KI3" + numbers(5, 3.5, -2.0, 0.0, 0.0, 0.0) + "00" + "EP".ljust(16),
+    "97KI1" + number(50.0) + "1" + number(25.0) + number(0.0) + "TOE".ljust(16),
+    "B9KI" + number(1000.0) + "3" + "T".ljust(16) + "3" + "T".ljust(16),
+    position("1", 100.0, 200.0, 3.0)]
+ROAD_STARTS = {"Main St. East": (1000.0, 4500.0, 6000.0, 12.0)}
+ROAD_MESSAGES = ("This road does not have a vertical alignment.\n"
+                 "Road Bad road in the DC file could not be converted to RD5 files.\n")
+PLUS = "+" * 50
+ROAD_FILES = {
+    "Main_St_.RD5": [PLUS, "HR", PLUS, "HR", "HL,90.00000,100.000", PLUS, "VR", "VG,100.000,1.000",
+                     PLUS, "XR", "RT,10,0.000,T", PLUS, "XL", "LT,10,0.000,T", PLUS, "SR", PLUS,
+                     "SL", PLUS, "WR", PLUS, "WL"],
+    "T.tp5": ["TH,1,2.000,4.000", "TS,3.500,-2.000,0,EP              "]}
+
 
 def lines(given, end="\r\n"):
     return "".join(line + end for line in given).encode("cp1252")
@@ -397,11 +448,12 @@ def example(name):
 CASES = {}
 
 
-def job_case(case, data, signature=JOB, version=5, extension="job"):
-    job = convert(data, version)
-    files = {"in.dc": data, f"out.{extension}": job.pack(signature)}
-    if job.messages:
-        files["messages.txt"] = job.messages.encode()
+def job_case(case, data, signature=JOB, version=5, extension="job", roads=None, road_files=None,
+             road_messages=""):
+    job = convert(data, version, roads)
+    files = {"in.dc": data, f"out.{extension}": job.pack(signature), **(road_files or {})}
+    if road_messages + job.messages:
+        files["messages.txt"] = (road_messages + job.messages).encode()
     CASES[case] = files
 
 
@@ -422,6 +474,20 @@ job_case("dc-to-job/points-alone", lines(POINTS_ALONE))
 job_case("dc-to-oldjob/ridge-control", CONTROL, version=3)
 job_case("dc-to-oldjob/feet-site-lambert", lines(FEET_SITE_LAMBERT), version=3)
 job_case("dc-to-pwj/ridge-control", CONTROL, signature=PWJ, extension="pwj")
+RIDGE = dict(roads={"RIDGE ROAD": (0.0, 5326100.0, 540050.0, 514.0)},
+             road_files={path.name: path.read_bytes() for path in
+                         (HERE.parent / "roads" / "ridge-road").glob("R*")})  # see work_out.py there
+job_case("dc-to-job/ridge-road", example("ridge-road.dc"), **RIDGE)
+job_case("dc-to-oldjob/ridge-road", example("ridge-road.dc"), version=3, **RIDGE)
+MAIN_STREET = {name: lines(given) for name, given in ROAD_FILES.items()}
+job_case("dc-to-job/roads-before-points", lines(ROADS), roads=ROAD_STARTS, road_files=MAIN_STREET,
+         road_messages=ROAD_MESSAGES)
+CASES["dc-to-job/duplicates-behind-roads"] = {
+    "in.dc": lines(ROADS + ROADS[-1:]), **MAIN_STREET,
+    "messages.txt": (ROAD_MESSAGES + DUPLICATES).encode()}
+CASES["dc-to-cr5/roads-alone"] = {
+    "in.dc": lines(ROADS[:-1]), "out.cr5": pack_cr5(lines(ROADS[:-1]), False, ROAD_STARTS),
+    **MAIN_STREET}
 cr5_case("numbers-in-feet", lines(NUMBERS_IN_FEET))
 cr5_case("numbers-in-metres", lines(NUMBERS_IN_METRES))
 CASES["dc-to-cr5/names-that-are-no-numbers"] = {"in.dc": CONTROL}
