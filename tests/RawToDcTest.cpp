@@ -1,0 +1,365 @@
+// Raw logs to DC files by what they mean on the ground: known points are observed without error,
+// the log is converted, and the points are computed back from the DC file.
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <map>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "HostLists.h"
+#include "TempDir.h"
+#include "dc/CDcFile.h"
+#include "platform/Platform.h"
+#include "raw/CConvRawDCFile.h"
+
+namespace zelconvert {
+namespace {
+
+const double kPiHere = std::acos(-1.0);
+constexpr double kMetresOf[] = {0.3048, 1.0, 1200.0 / 3937.0};  // by UN
+
+struct Point {
+  double north, east, elevation;  // metres
+};
+using Points = std::map<std::string, Point>;
+
+struct Units {
+  int distance;  // UN
+  int angle;     // AU
+};
+
+std::string Text(double value, int decimals = 12) {
+  char text[64];
+  std::snprintf(text, sizeof text, "%.*f", decimals, value);
+  return text;
+}
+
+double Wrap(double degrees) {
+  return std::fmod(std::fmod(degrees, 360) + 360, 360);
+}
+
+/// Decimal degrees as DDD.MMSSsssssss, rounded half up at the last digit.
+std::string Dms(double degrees) {
+  const auto ticks = static_cast<long long>(std::llround(Wrap(degrees) * 3600e7));
+  char text[64];
+  std::snprintf(text, sizeof text, "%lld.%02lld%09lld", ticks / 36000000000, ticks / 600000000 % 60,
+                ticks % 600000000);
+  return text;
+}
+
+/// Writes a log of observations without error.
+class Surveyor {
+ public:
+  explicit Surveyor(const Points& points, const Units& units) : m_points(points) {
+    m_log << "JB,NMtraverse,DT01-02-2026,TM03:04:05\r\n";
+    SetUnits(units);
+  }
+
+  void SetUnits(const Units& units) {
+    m_units = units;
+    m_log << "MO,AD0,UN" << units.distance << ",SF1.0,EC0,EO0.0,AU" << units.angle << "\r\n";
+  }
+  void Occupy(const std::string& name) {
+    m_station = name;
+    const Point& p = m_points.at(name);
+    m_log << "OC,OP" << name << ",N " << Length(p.north) << ",E " << Length(p.east) << ",EL"
+          << Length(p.elevation) << ",--\r\n";
+  }
+  void Backsight(const std::string& name, double circle) {
+    m_backAzimuth = AzimuthTo(name);
+    m_circle = circle;
+    m_log << "BK,OP" << m_station << ",BP" << name << ",BS" << Angle(m_backAzimuth) << ",BC"
+          << Angle(circle) << "\r\n";
+  }
+  void Heights(double instrument, double rod) {
+    m_instrument = instrument;
+    m_rod = rod;
+    m_log << "LS,HI" << Length(instrument) << ",HR" << Length(rod) << "\r\n";
+  }
+  /// `form` counts through the ways of telling a direction, `vertical` through those of a height.
+  void Shoot(const char* tag, const std::string& name, int form, int vertical) {
+    m_log << tag << ",OP" << m_station << ",FP" << name << "," << Horizontal(name, form) << ","
+          << Vertical(name, vertical) << ",--\r\n";
+  }
+  /// The instrument goes to `name` and looks back; the circle reads there what it did here.
+  void Advance(const std::string& name) {
+    const std::string from = m_station;
+    m_station = name;
+    m_backAzimuth = AzimuthTo(from);
+  }
+  std::string Log() const { return m_log.str(); }
+
+ private:
+  std::string Length(double metres) const { return Text(metres / kMetresOf[m_units.distance]); }
+  std::string Angle(double degrees) const {
+    return m_units.angle == 1 ? Text(Wrap(degrees) / 0.9) : Dms(degrees);
+  }
+  double AzimuthTo(const std::string& name) const {
+    const Point& from = m_points.at(m_station);
+    const Point& to = m_points.at(name);
+    return Wrap(std::atan2(to.east - from.east, to.north - from.north) * 180 / kPiHere);
+  }
+  std::string Horizontal(const std::string& name, int form) const {
+    const double azimuth = AzimuthTo(name);
+    switch (form % 6) {
+      case 0:
+        return "AR" + Angle(azimuth - m_backAzimuth + m_circle);
+      case 1:
+        return "AZ" + Angle(azimuth);
+      case 2:
+        return "AL" + Angle(m_backAzimuth - azimuth);
+      case 3:
+        return "DR" + Angle(azimuth - m_backAzimuth - 180);
+      case 4:
+        return "DL" + Angle(m_backAzimuth + 180 - azimuth);
+      default:
+        if (azimuth < 90) return "BRN" + Dms(azimuth) + "E";
+        if (azimuth < 180) return "BRS" + Dms(180 - azimuth) + "E";
+        if (azimuth < 270) return "BRS" + Dms(azimuth - 180) + "W";
+        return "BRN" + Dms(360 - azimuth) + "W";
+    }
+  }
+  std::string Vertical(const std::string& name, int form) const {
+    const Point& from = m_points.at(m_station);
+    const Point& to = m_points.at(name);
+    const double run = std::hypot(to.north - from.north, to.east - from.east);
+    const double rise = to.elevation + m_rod - from.elevation - m_instrument;
+    const double zenith = 90 - std::atan2(rise, run) * 180 / kPiHere;
+    const std::string slope = ",SD" + Length(std::hypot(run, rise));
+    if (form % 3 == 0) return "CE" + Length(rise) + ",HD" + Length(run);
+    // An angle below the horizon can't be told in degrees this way.
+    if (form % 3 == 1 && zenith <= 90) return "VA" + Angle(90 - zenith) + slope;
+    return "ZE" + Angle(zenith) + slope;
+  }
+
+  const Points& m_points;
+  std::ostringstream m_log;
+  Units m_units{};
+  std::string m_station;
+  double m_backAzimuth = 0;
+  double m_circle = 0;
+  double m_instrument = 0;
+  double m_rod = 0;
+};
+
+/// What an office program makes of a DC file: stations, orientations and shots to points, in
+/// metres.
+class Office {
+ public:
+  explicit Office(const std::string& dc) {
+    std::istringstream lines(dc);
+    for (std::string line; std::getline(lines, line);) Read(line);
+  }
+  /// Where each shot put its target, in the order of the file.
+  std::vector<std::pair<std::string, Point>> shots;
+
+ private:
+  static std::string Column(const std::string& line, std::size_t start) {
+    const std::string text = line.substr(start, 16);
+    return text.substr(std::min(text.find_first_not_of(' '), text.size()));
+  }
+  static double Value(const std::string& line, std::size_t start) {
+    return std::stod(line.substr(start, 16));
+  }
+  void Read(const std::string& line) {
+    const std::string type = line.substr(0, 4);
+    if (type == "00NM") {
+      m_circleDegrees = line[40] == '2' ? 0.9 : 1.0;
+      const double metres[] = {1.0, 0.3048, 1200.0 / 3937.0};
+      m_metres = metres[line[41] - '1'];
+    } else if (type == "69KI") {
+      m_known[Column(line, 4)] = {Value(line, 20) * m_metres, Value(line, 36) * m_metres,
+                                  Value(line, 52) * m_metres};
+    } else if (type == "E0NM") {
+      m_station = Column(line, 4);
+      m_instrument = Value(line, 20) * m_metres;
+    } else if (type == "E1KI") {
+      m_backAzimuth = Value(line, 36) * m_circleDegrees;
+      m_circle = Value(line, 52) * m_circleDegrees;
+    } else if (type == "77NM" && line[19] != ' ') {
+      m_rod = Value(line, 4) * m_metres;
+    } else if (type == "D9F1" && line[100] != '5') {
+      ReadShot(line);
+    }
+  }
+  void ReadShot(const std::string& line) {
+    EXPECT_EQ(Column(line, 4), m_station);
+    const double slope = Value(line, 36) * m_metres;
+    const double zenith = Value(line, 52) * m_circleDegrees * kPiHere / 180;
+    const double azimuth =
+        (m_backAzimuth + Value(line, 68) * m_circleDegrees - m_circle) * kPiHere / 180;
+    const Point& at = m_known.at(m_station);
+    const double run = slope * std::sin(zenith);
+    const Point point{at.north + run * std::cos(azimuth), at.east + run * std::sin(azimuth),
+                      at.elevation + m_instrument + slope * std::cos(zenith) - m_rod};
+    const std::string name = Column(line, 20);
+    m_known.emplace(name, point);
+    shots.emplace_back(name, point);
+  }
+
+  std::map<std::string, Point> m_known;
+  double m_circleDegrees = 1;
+  double m_metres = 1;
+  std::string m_station;
+  double m_instrument = 0;
+  double m_rod = 0;
+  double m_backAzimuth = 0;
+  double m_circle = 0;
+};
+
+std::string Convert(const std::string& log) {
+  const TempDir folder;
+  const std::wstring input = folder.Write(L"in.raw", log);
+  HostLists lists;
+  EXPECT_TRUE(cZelFileConvert(FT_RAW, input.c_str(), FT_DC1070, folder.Path(L"out.dc").c_str(),
+                              &lists.files, &lists.messages, 0, nullptr));
+  return folder.Read(L"out.dc");
+}
+
+void ExpectKnown(const Points& points, const Office& office, std::size_t count) {
+  EXPECT_EQ(office.shots.size(), count);
+  for (const auto& [name, computed] : office.shots) {
+    const Point& known = points.at(name);
+    EXPECT_NEAR(computed.north, known.north, 1e-4) << name;
+    EXPECT_NEAR(computed.east, known.east, 1e-4) << name;
+    EXPECT_NEAR(computed.elevation, known.elevation, 1e-4) << name;
+  }
+}
+
+const Points kPoints = {
+    {"1", {5000, 5000, 100}},          {"2", {5120.25, 5080.5, 104.75}},
+    {"3", {5060.125, 5230, 98.5}},     {"4", {4900.5, 5190.75, 101.25}},
+    {"5", {4870, 5040.0625, 99}},      {"N", {5400, 5000, 120}},
+    {"a", {5010.5, 4980.25, 99.5}},    {"b", {4985, 5033.3, 102.125}},
+    {"c", {5000.001, 5250.7, 100.75}}, {"d", {5119, 4990, 130}},
+};
+const std::vector<std::string> kLoop = {"1", "2", "3", "4", "5"};
+
+class Traverse : public testing::TestWithParam<Units> {};
+
+TEST_P(Traverse, ComesBackToItsPoints) {
+  Surveyor field(kPoints, GetParam());
+  field.Occupy("1");
+  field.Backsight("N", 12.5);
+  std::size_t shots = 0;
+  for (std::size_t i = 0; i < kLoop.size(); ++i) {
+    field.Heights(1.5 + 0.01 * static_cast<double>(i), 1.25);
+    int form = static_cast<int>(i);
+    for (const char* side : {"a", "b", "c", "d"}) {
+      field.Shoot("SS", side, form, form / 2);
+      ++form;
+      ++shots;
+    }
+    const std::string next = kLoop[(i + 1) % kLoop.size()];
+    field.Heights(1.5 + 0.01 * static_cast<double>(i), 2);
+    field.Shoot("TR", next, form, form);
+    field.Advance(next);
+    ++shots;
+  }
+  field.Heights(1.6, 1.7);
+  field.Shoot("SS", "N", 0, 1);
+  const Office office(Convert(field.Log()));
+  ExpectKnown(kPoints, office, shots + 1);
+}
+
+std::string UnitsName(const testing::TestParamInfo<Units>& units) {
+  return "UN" + std::to_string(units.param.distance) + "AU" + std::to_string(units.param.angle);
+}
+INSTANTIATE_TEST_SUITE_P(Units, Traverse,
+                         testing::Values(Units{0, 0}, Units{0, 1}, Units{1, 0}, Units{1, 1},
+                                         Units{2, 0}, Units{2, 1}),
+                         UnitsName);
+
+TEST(RawToDc, BringsEveryUnitToTheFirst) {
+  for (const Units first : {Units{0, 0}, Units{1, 1}, Units{2, 0}}) {
+    Surveyor field(kPoints, first);
+    std::size_t shots = 0;
+    for (int unit = 0; unit < 6; ++unit) {
+      field.SetUnits({unit % 3, unit / 3});
+      field.Occupy("1");
+      field.Backsight("2", 300);
+      field.Heights(1.25, 2.5);
+      for (int form = 0; form < 12; ++form) {
+        field.Shoot("SS", form % 2 == 0 ? "a" : "d", form, form / 2);
+        ++shots;
+      }
+    }
+    ExpectKnown(kPoints, Office(Convert(field.Log())), shots);
+  }
+}
+
+// ---- Parts of the class that no route reaches
+
+std::string ConvertWith(const std::string& log, int version, bool writeUnused, bool expected) {
+  const TempDir folder;
+  CRawFile raw;
+  EXPECT_TRUE(raw.Open(folder.Write(L"in.raw", log), platform::kOpenReadWrite));
+  CDcFile dc;
+  EXPECT_TRUE(dc.OpenForWrite(folder.Path(L"out.dc")));
+  CConvRawDCFile conversion(&raw, &dc, writeUnused, true, version, L"");
+  conversion.SetDesignPoints({{L"BS1000", {L"BS1000", 1, 2, 3, L"one"}},
+                              {L"BS1001", {L"BS1001", 4, 5, 6, L"two"}},
+                              {L"p", {L"p", 10, 20, 30, L""}}},
+                             {{L"q", {L"q", 11, 22, 33, L""}}, {L"p", {L"p", 0, 0, 0, L""}}});
+  StringList messages;
+  EXPECT_TRUE(conversion.ConvertToRaw(messages));
+  EXPECT_EQ(conversion.ConvertFromRaw(messages), expected);
+  EXPECT_TRUE(messages.empty());
+  EXPECT_TRUE(dc.Close());
+  return folder.Read(L"out.dc");
+}
+
+const std::string kMode = "MO,AD0,UN1,SF1.0,EC0,EO0.0,AU0\r\n";
+
+std::string Tail(const std::string& text, std::size_t lines) {
+  std::size_t start = text.size();
+  for (std::size_t i = 0; i <= lines && start != text.npos && start > 0; ++i) {
+    start = text.rfind('\n', start - 1);
+  }
+  return start == text.npos ? text : text.substr(start + 1);
+}
+
+TEST(CConvRawDCFile, NamesBacksightsThatTheJobLacks) {
+  const std::string backsight = "BK,OP1,BP0,BS0.0000,BC0.0000\r\nOB\r\n";
+  const std::string dc = ConvertWith(kMode + backsight + backsight, 3, false, true);
+  EXPECT_NE(dc.find("E1KI               1          BS1002"), dc.npos);
+  EXPECT_NE(dc.find("E1KI               1          BS1003"), dc.npos);
+  EXPECT_EQ(dc.find("BS1000"), dc.npos);
+}
+
+TEST(CConvRawDCFile, ComparesStakesWithTheirDesign) {
+  const std::string dc = ConvertWith(
+      kMode + "SP,PNs,N 1,E 2,EL3,--\r\nCF,PNp,EL1,GD2\r\nGK,PN\r\nCF,PNq,EL1,GD3\r\nGK,PN\r\n", 3,
+      false, true);
+  EXPECT_NE(dc.find("A5KI         9.00000        18.00000         1.00000\r\n"), dc.npos);
+  EXPECT_NE(dc.find("A5KI        10.00000        20.00000         2.00000\r\n"), dc.npos);
+}
+
+TEST(CConvRawDCFile, WritesPointsOfTheJobThatWerentShot) {
+  const std::string log = kMode + "SS,OP1,FPp,AR1,ZE1,SD1,--\r\n";
+  EXPECT_EQ(Tail(ConvertWith(log, 3, true, true), 2),
+            "69KI          BS1000         1.00000         2.00000         3.00000one             11"
+            "\r\n"
+            "69KI          BS1001         4.00000         5.00000         6.00000two             11"
+            "\r\n");
+  EXPECT_EQ(Tail(ConvertWith(log, 3, false, true), 1).substr(0, 4), "D9F1");
+}
+
+TEST(CConvRawDCFile, KnowsFourVersions) {
+  const char* words[] = {"FX V07-50", "FX V07-70", "FX V10-70", "FX V10-70"};
+  for (int version = 0; version < 4; ++version) {
+    const std::string dc = ConvertWith(kMode, version, false, true);
+    EXPECT_EQ(dc.substr(4, 9), words[version]);
+    EXPECT_EQ(dc.find("\nD4NM") != dc.npos, version < 2);
+    EXPECT_EQ(dc.find("\n78NM") != dc.npos, version >= 2);
+  }
+  EXPECT_EQ(ConvertWith("--first\r\n" + kMode, 4, false, false).substr(0, 9), "13NMfirst");
+  EXPECT_EQ(ConvertWith(kMode, -1, false, false), "");
+}
+
+}  // namespace
+}  // namespace zelconvert

@@ -1,0 +1,171 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+#include <vector>
+
+#include "TempDir.h"
+#include "raw/Rounds.h"
+
+namespace zelconvert {
+namespace {
+
+TEST(RoundsMeans, AlignAnglesThatLieOnBothSidesOfNorth) {
+  struct Case {
+    double a, b, alignedA, alignedB;
+  };
+  const double full = 6.283185307179586;
+  for (const auto& [a, b, alignedA, alignedB] :
+       {Case{1, 2, 1, 2}, Case{0.1, 6.2, 0.1 + full, 6.2}, Case{6.2, 0.1, 6.2, 0.1 + full},
+        Case{-0.1, 0.1, full - 0.1, full + 0.1}, Case{0, kPi, full, kPi},
+        Case{full + 1, 2, 1, 2}}) {
+    double x = a;
+    double y = b;
+    AlignAngles(x, y);
+    EXPECT_NEAR(x, alignedA, 1e-12) << a << " " << b;
+    EXPECT_NEAR(y, alignedB, 1e-12) << a << " " << b;
+  }
+}
+
+TEST(RoundsMeans, AreThoseOfBothFaces) {
+  EXPECT_NEAR(MeanDirection(10, 190.002, kRawDegrees), 10.001, 1e-9);
+  EXPECT_NEAR(MeanDirection(359.999, 180.003, kRawDegrees), 0.001, 1e-9);
+  EXPECT_NEAR(MeanDirection(0.001, 179.997, kRawDegrees), 359.999, 1e-9);
+  EXPECT_NEAR(MeanDirection(100, 300.002, kRawGons), 100.001, 1e-9);
+  EXPECT_EQ(MeanDirection(DC_NULL, 1, kRawDegrees), DC_NULL);
+  EXPECT_EQ(MeanDirection(1, DC_NULL, kRawDegrees), DC_NULL);
+  EXPECT_NEAR(MeanZenith(90.5, 269.51, kRawDegrees), 90.495, 1e-12);
+  EXPECT_NEAR(MeanZenith(100.5, 299.51, kRawGons), 100.495, 1e-12);
+}
+
+TEST(RoundsMeans, OfASet) {
+  using Values = std::vector<double>;
+  struct Case {
+    Values angles;
+    std::int32_t unit;
+    double mean;
+  };
+  for (const Case& each :
+       {Case{{10, 20}, kRawDegrees, 15}, Case{{350, 20}, kRawDegrees, 5},
+        Case{{340, 350, 5}, kRawDegrees, 351 + 2 / 3.0}, Case{{360, 0}, kRawDegrees, 0},
+        Case{{271, 89}, kRawDegrees, 0}, Case{{100, 300}, kRawDegrees, 200},
+        Case{{390, 20}, kRawGons, 5}, Case{{350, 100}, kRawGons, 25},
+        Case{{300, 100}, kRawGons, 200}, Case{{}, kRawDegrees, DC_NULL}}) {
+    EXPECT_NEAR(MeanAngle(each.angles, each.unit), each.mean, 1e-9) << each.mean;
+  }
+  EXPECT_EQ(MeanValue(Values{1, 2, 6}), 3);
+  EXPECT_NEAR(StandardError(Values{1, 2, 6}, 3), std::sqrt(14 / 6.0), 1e-12);
+  EXPECT_EQ(StandardError(Values{1}, 1), DC_NULL);
+  EXPECT_EQ(StandardError(Values{}, 0), DC_NULL);
+  EXPECT_NEAR(StandardErrorOfAngles(Values{359, 1}, 0, kRawDegrees), 1, 1e-9);
+  EXPECT_NEAR(StandardErrorOfAngles(Values{399, 1}, 0, kRawGons), 1, 1e-9);
+}
+
+std::string Reduce(const std::vector<RB_RECORD>& backsights,
+                   const std::vector<RF_RECORD>& foresights,
+                   const std::vector<RD_RECORD>& directions) {
+  const TempDir folder;
+  CDcFile dc;
+  EXPECT_TRUE(dc.OpenForWrite(folder.Path(L"out.dc")));
+  RoundsReference reference;
+  ReduceRounds(dc, backsights, foresights, directions, reference, kRawDegrees, {L"S", L"B", L"F"});
+  EXPECT_EQ(reference.name, backsights.empty() && directions.empty() ? L"F" : L"B");
+  EXPECT_TRUE(dc.Close());
+  return folder.Read(L"out.dc");
+}
+
+std::string Join(const std::vector<std::string>& lines) {
+  std::string text;
+  for (const std::string& line : lines) text += line + "\r\n";
+  return text;
+}
+
+const std::string kBlank(16, ' ');
+const std::string kErrors = "         0.00100     0.000300000     0.000300000";
+
+TEST(ReduceRounds, WritesPairsAndMeans) {
+  const std::vector<RB_RECORD> backsights = {
+      {L"S", L"B", 10, 90.5, 100, 1.5, L"one", true},
+      {L"S", L"B", 190.002, 269.51, 100.002, 1.5, L"two", false}};
+  const std::vector<RF_RECORD> foresights = {{L"S", L"F", 70.001, 80, 50, 1.6, L"n", true},
+                                             {L"S", L"F", 70.003, 80.004, 50.002, 1.7, L"n", true}};
+  std::vector<RD_RECORD> directions(1);
+  directions[0][DirectionKind::ForesightReverse] = 250.003;
+  // Face one is written by its pair alone; a second face closes the pair.
+  EXPECT_EQ(
+      Reduce(backsights, foresights, directions),
+      Join({
+          "77NM         1.50000" + kBlank + kBlank,
+          "D9F1               S               B       100.00200   269.510000000   190.002000000"
+          "two             1" +
+              kErrors,
+          "B7MP               S               B    10.000000000   190.002000000    90.500000000"
+          "   269.510000000       100.00000       100.00200             one1",
+          "C4MA               S               B               B     0.000000000    90.495000000"
+          "   100.001000000" +
+              kBlank + kBlank + "     0.001000000 1 2",
+          "77NM         1.60000" + kBlank + kBlank,
+          "D9F1               S               F        50.00000    80.000000000    70.001000000"
+          "n               1" +
+              kErrors,
+          "D9F2               S               F" + kBlank + kBlank +
+              "   250.003000000n               1" + kErrors,
+          "B7MP               S               F    70.001000000   250.003000000    80.000000000" +
+              kBlank + "        50.00000" + kBlank + "               n1",
+          "D9F1               S               F        50.00200    80.004000000    70.003000000"
+          "n               1" +
+              kErrors,
+          "D9F2               S               F" + kBlank + kBlank + kBlank + "n               1" +
+              kErrors,
+          "B7MP               S               F    70.003000000" + kBlank + "    80.004000000" +
+              kBlank + "        50.00200" + kBlank + "               n1",
+          "C4MA               S               F               B    60.001500000    80.002000000"
+          "    50.001000000     0.000500000     0.002000000     0.001000000 2 2",
+      }));
+}
+
+TEST(ReduceRounds, TakesDirectionsAloneAsASet) {
+  RD_RECORD set;
+  set[DirectionKind::BacksightDirect] = 350;
+  set[DirectionKind::BacksightReverse] = 170.002;
+  set[DirectionKind::ForesightDirect] = 10;
+  set[DirectionKind::ForesightReverse] = 190;
+  set[DirectionKind::ZenithDirect] = 89;
+  set[DirectionKind::ZenithReverse] = 271;
+  set.distances[0] = 25;
+  set.distances[1] = 25.002;
+  EXPECT_EQ(
+      Reduce({}, {}, {set}),
+      Join({
+          "D9F1               S               B" + kBlank + kBlank + "   350.000000000" + kBlank +
+              "1" + kErrors,
+          "D9F2               S               B" + kBlank + kBlank + "   170.002000000" + kBlank +
+              "1" + kErrors,
+          "B7MP               S               B   350.000000000   170.002000000" + kBlank + kBlank +
+              kBlank + kBlank + kBlank + "1",
+          "C4MA               S               B               B     0.000000000" + kBlank + kBlank +
+              kBlank + kBlank + kBlank + " 1 0",
+          "D9F1               S               F        25.00000    89.000000000    10.000000000" +
+              kBlank + "1" + kErrors,
+          "D9F2               S               F        25.00200   271.000000000   190.000000000" +
+              kBlank + "1" + kErrors,
+          "B7MP               S               F    10.000000000   190.000000000    89.000000000"
+          "   271.000000000        25.00000        25.00200" +
+              kBlank + "1",
+          // 10 less 350.001, and a full circle.
+          "C4MA               S               F               B    19.999000000    89.000000000"
+          "    25.001000000" +
+              kBlank + kBlank + "     0.001000000 1 2",
+      }));
+}
+
+TEST(ReduceRounds, TakesAForesightAsReferenceWhenThereIsNothingElse) {
+  const std::string text = Reduce({}, {{L"S", L"F", 70, 80, 50, 1.6, L"", true}}, {});
+  EXPECT_NE(text.find("C4MA               S               F               F     0.000000000"),
+            text.npos);
+  EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 5);
+}
+
+}  // namespace
+}  // namespace zelconvert
