@@ -64,6 +64,15 @@ bool CMoskoJobRecord::ParseText(std::wstring_view text) {
   return IsValid();
 }
 
+void CMoskoJobRecord::ParseMoments(std::wstring_view text) {
+  while (!text.empty()) {
+    const std::wstring_view field = TakeUntil(text, L'\t');
+    const auto type = static_cast<FieldType>(kFieldMap.GetType(field.substr(0, field.find(L':'))));
+    const FieldKind kind = LayoutOf(type).kind;
+    if (kind == FieldKind::Date || kind == FieldKind::Time) ParseField(field);
+  }
+}
+
 void CMoskoJobRecord::SetDateTime(std::int64_t moment) {
   m_date.SetValue(moment);
   m_time.SetValue(moment);
@@ -135,7 +144,7 @@ bool CMoskoJobRecordProjectionMappingPlane::ObeysRule() const {
   return (!is({2050, 2052, 2053, 2055, 2056, 2057, 2059, 2062, 2067}) || HasValid<F::SCAL>()) &&
          (!is({2049, 2051, 2056, 2067}) || HasValid<F::LAT1>()) &&
          (!is({2066}) || HasValid<F::LAT1, F::LAT2>()) &&
-         (!is({2056, 2067}) || HasValid<F::PJCT, F::PJAF, F::NUMB>()) &&
+         (!HasSkewAxis(plane) || HasValid<F::PJCT, F::PJAF, F::NUMB>()) &&
          (!is({2064}) || HasValid<F::PJAE>()) && (!is({2063}) || HasValid<F::FIL1, F::FIL2>());
 }
 

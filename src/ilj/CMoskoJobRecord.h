@@ -99,6 +99,10 @@ inline constexpr std::int32_t kVerticalPlane = 1;
 inline constexpr std::int32_t kVerticalGeoid = 2;
 inline constexpr std::int32_t kVerticalPlaneAndGeoid = 3;
 inline constexpr std::int32_t kVerticalNone = 4;
+/// MPTY: a plane along a skew axis, whose azimuth stands in place of the first standard parallel.
+constexpr bool HasSkewAxis(std::int32_t plane) {
+  return plane == 2056 || plane == 2067;
+}
 
 namespace record {
 
@@ -174,6 +178,8 @@ class CMoskoJobRecord {
   /// Reads what follows the first tab of a line. Unknown tags are passed over, and the last of two
   /// like fields counts. The result is IsValid.
   bool ParseText(std::wstring_view text);
+  /// Reads only the dates and times of such a text.
+  void ParseMoments(std::wstring_view text);
 
   RecordType GetRecordType() const { return m_recordType; }
   /// Seconds by the local calendar (see CivilTime.h); 0 unless date and time are both valid.
@@ -291,5 +297,32 @@ bool IljRecord<RecordType::PRJMP>::ObeysRule() const;
   using CMoskoJobRecord##name = IljRecord<RecordType::tag>;
 ILJ_RECORDS(ILJ_RECORD_CLASS)
 #undef ILJ_RECORD_CLASS
+
+/// One record of every type, to be filled again and again: their texts keep their memory.
+class IljRecords {
+ public:
+  template <RecordType Type>
+  IljRecord<Type>& Get() {
+    return std::get<IljRecord<Type>>(m_records);
+  }
+  /// `type` is not None.
+  CMoskoJobRecord& Find(RecordType type) {
+    CMoskoJobRecord* found = nullptr;
+    std::apply(
+        [&](auto&... records) {
+          ((records.GetRecordType() == type ? void(found = &records) : void()), ...);
+        },
+        m_records);
+    return *found;
+  }
+
+ private:
+  static constexpr std::size_t kCount = std::size(kRecordTags) - 1;
+  template <std::size_t... Index>
+  static auto MakeRecords(std::index_sequence<Index...>)
+      -> std::tuple<IljRecord<static_cast<RecordType>(Index + 1)>...>;
+
+  decltype(MakeRecords(std::make_index_sequence<kCount>())) m_records;
+};
 
 }  // namespace zelconvert

@@ -24,11 +24,6 @@ void RequireRange(int value, int low, int high) {
   if (value < low || value > high) throw ConversionFailure();
 }
 
-void AppendTwoDigits(std::wstring& line, int value) {
-  line.push_back(static_cast<wchar_t>(L'0' + value / 10));
-  line.push_back(static_cast<wchar_t>(L'0' + value % 10));
-}
-
 }  // namespace
 
 std::wstring CMoskoJobRecordField::GetText() const {

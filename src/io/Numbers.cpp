@@ -247,6 +247,11 @@ void AppendInteger(std::wstring& out, std::int64_t value) {
   AppendAscii(out, {digits, static_cast<std::size_t>(result.ptr - digits)});
 }
 
+void AppendTwoDigits(std::wstring& out, int value) {
+  out.push_back(static_cast<wchar_t>(L'0' + value / 10));
+  out.push_back(static_cast<wchar_t>(L'0' + value % 10));
+}
+
 std::wstring FormatFixed(double value, int decimals) {
   std::wstring text;
   AppendFixed(text, value, decimals);

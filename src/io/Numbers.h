@@ -36,6 +36,8 @@ void AppendFixed(std::wstring& out, double value, int decimals);
 /// Appends what printf("%*.*f") gives: right-justified in `width`, longer if it has to be.
 void AppendFixed(std::wstring& out, double value, int decimals, std::size_t width);
 void AppendInteger(std::wstring& out, std::int64_t value);
+/// Appends the value, 0 to 99, as two digits.
+void AppendTwoDigits(std::wstring& out, int value);
 std::wstring FormatFixed(double value, int decimals);
 std::wstring FormatInteger(std::int64_t value);
 
