@@ -9,13 +9,13 @@
 namespace zelconvert {
 namespace {
 
-using F = FieldType;
+using F = IljFieldType;
 
 template <std::size_t... Index>
 std::unique_ptr<CMoskoJobRecordField> MakeField(F type, std::index_sequence<Index...>) {
   std::unique_ptr<CMoskoJobRecordField> field;
   ((static_cast<std::size_t>(type) == Index + 1
-        ? (field = std::make_unique<FieldOf<static_cast<F>(Index + 1)>>(), 0)
+        ? (field = std::make_unique<IljFieldOf<static_cast<F>(Index + 1)>>(), 0)
         : 0),
    ...);
   return field;
@@ -28,13 +28,13 @@ std::unique_ptr<CMoskoJobRecordField> MakeField(F type) {
 
 TEST(IljFieldTest, TagsMapToNumbers) {
   for (std::int32_t type = 1; type <= 80; ++type) {
-    EXPECT_EQ(kFieldMap.GetType(kFieldTags[type]), type);
+    EXPECT_EQ(kIljFieldMap.GetType(kIljFieldTags[type]), type);
     EXPECT_EQ(MakeField(static_cast<F>(type))->GetType(), static_cast<F>(type));
   }
   for (const wchar_t* tag : {L"", L"derv", L" DERV", L"DERV ", L"DER", L"DERVX", L"\u00c4RV"}) {
-    EXPECT_EQ(kFieldMap.GetType(tag), 0) << tag;
+    EXPECT_EQ(kIljFieldMap.GetType(tag), 0) << tag;
   }
-  EXPECT_EQ(kFieldMap.GetType(std::wstring(L"DERV\0", 5)), 0);
+  EXPECT_EQ(kIljFieldMap.GetType(std::wstring(L"DERV\0", 5)), 0);
 }
 
 // Every field before anything is set, and after Clear.
@@ -275,13 +275,13 @@ constexpr Case kCases[] = {
 TEST(IljFieldTest, ReadsJudgesAndWrites) {
   bool seen[81] = {};
   for (const auto& [type, value, valid, text] : kCases) {
-    const std::wstring tag(kFieldTags[static_cast<std::size_t>(type)]);
+    const std::wstring tag(kIljFieldTags[static_cast<std::size_t>(type)]);
     SCOPED_TRACE(testing::Message() << tag << L":" << value);
     const auto field = MakeField(type);
     field->SetText(value);
     EXPECT_EQ(field->IsValid(), valid);
     const std::wstring written = text != nullptr ? text : value;
-    const bool isMoment = LayoutOf(type).kind == FieldKind::Date;
+    const bool isMoment = IljLayoutOf(type).kind == IljFieldKind::Date;
     EXPECT_EQ(field->GetText(), isMoment && !valid ? L"" : tag + L":" + written);
     seen[static_cast<std::size_t>(type)] = true;
   }

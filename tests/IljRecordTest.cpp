@@ -12,20 +12,20 @@
 namespace zelconvert {
 namespace {
 
-using F = FieldType;
+using F = IljFieldType;
 
 template <std::size_t... Index>
 std::unique_ptr<CMoskoJobRecord> MakeRecord(std::int32_t type, std::index_sequence<Index...>) {
   std::unique_ptr<CMoskoJobRecord> record;
   ((type == Index + 1
-        ? (record = std::make_unique<IljRecord<static_cast<RecordType>(Index + 1)>>(), 0)
+        ? (record = std::make_unique<IljRecord<static_cast<IljRecordType>(Index + 1)>>(), 0)
         : 0),
    ...);
   return record;
 }
 
 std::unique_ptr<CMoskoJobRecord> MakeRecord(const std::wstring& tag) {
-  return MakeRecord(kRecordMap.GetType(tag), std::make_index_sequence<27>());
+  return MakeRecord(kIljRecordMap.GetType(tag), std::make_index_sequence<27>());
 }
 
 std::vector<std::wstring> Split(const std::wstring& text, wchar_t separator) {
@@ -101,7 +101,7 @@ TEST(IljRecordTest, ReadsAndWritesEachRecord) {
     std::wstring line = tag;
     for (std::size_t i = 1; i < parts.size(); ++i) {
       std::wstring field = parts[i];
-      field[kFieldTagLength] = L':';
+      field[kIljTagLength] = L':';
       line += L'\t' + field;
     }
     const std::wstring fields = line.substr(tag.size() + 1);
@@ -113,19 +113,19 @@ TEST(IljRecordTest, ReadsAndWritesEachRecord) {
       std::wstring backwards;  // the order of the fields doesn't matter
       for (std::size_t i = parts.size() - 1; i > 0; --i) {
         std::wstring field = parts[i];
-        field[kFieldTagLength] = L':';
+        field[kIljTagLength] = L':';
         if (i != missing) backwards += field + L'\t';
       }
-      const bool required = parts[missing][kFieldTagLength] == L'!';
+      const bool required = parts[missing][kIljTagLength] == L'!';
       EXPECT_EQ(record->ParseText(backwards), !required);
     }
     record->ClearFields();
     EXPECT_FALSE(record->IsValid());
   }
   EXPECT_EQ(number, 27);
-  EXPECT_EQ(kRecordMap.GetType(L""), 0);
-  EXPECT_EQ(kRecordMap.GetType(L"point"), 0);
-  EXPECT_EQ(kRecordMap.GetType(L"POINT "), 0);
+  EXPECT_EQ(kIljRecordMap.GetType(L""), 0);
+  EXPECT_EQ(kIljRecordMap.GetType(L"point"), 0);
+  EXPECT_EQ(kIljRecordMap.GetType(L"POINT "), 0);
 }
 
 struct RuleCase {

@@ -7,6 +7,8 @@
 #include "dc/CDcFile.h"
 #include "front/CFileTypeManager.h"
 #include "front/DriverRun.h"
+#include "ilj/CConvDCtoILJ.h"
+#include "ilj/CConvILJtoDC.h"
 #include "io/CFileCE.h"
 #include "io/CTextFile.h"
 #include "io/Paths.h"
@@ -180,7 +182,12 @@ bool ConvertDcIlj(int outputType, int inputType, const std::wstring& input,
             return toDc ? outputDc.OpenForWrite(output)
                         : outputText.Open(output, kCreateOutput, CTextFile::kUtf8, true);
           },
-      .convert = [&] { return RefusePair(messages); },
+      .convert =
+          [&] {
+            if (toDc) return CConvILJtoDC().Convert(outputDc, inputText, messages, files);
+            if (outputType != FT_ILJ) return RefusePair(messages);
+            return fromDc && CConvDCtoILJ().Convert(inputDc, outputText, messages, files);
+          },
       .closing = {Closer(outputText), Closer(outputDc), Closer(inputText), Closer(inputDc)},
   });
 }

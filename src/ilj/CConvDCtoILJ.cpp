@@ -14,8 +14,8 @@
 namespace zelconvert {
 namespace {
 
-using F = FieldType;
-using R = RecordType;
+using F = IljFieldType;
+using R = IljRecordType;
 using Mapper = CIljDcEnumMapper;
 
 constexpr std::wstring_view kIljVersion = L"1.0.0";
@@ -150,7 +150,7 @@ CConvDCtoILJ::Outcome CConvDCtoILJ::Run(std::wstring_view line) {
   return Carry(record) ? Outcome::Carried : Outcome::Refused;
 }
 
-template <RecordType Type>
+template <IljRecordType Type>
 IljRecord<Type>& CConvDCtoILJ::Start() {
   IljRecord<Type>& record = m_records.Get<Type>();
   record.ClearFields();
@@ -190,11 +190,11 @@ bool CConvDCtoILJ::Carry(const tDC_NOTERecord& note) {
 }
 
 bool CConvDCtoILJ::Carry(tDC_GPS_POSITIONRecord& position) {
-  return CarryGeodetic(position, kGpsCoordinates);
+  return CarryGeodetic(position, ilj::kGpsCoordinates);
 }
 
 bool CConvDCtoILJ::Carry(tDC_LOCAL_POSITIONRecord& position) {
-  return CarryGeodetic(position, kLocalCoordinates);
+  return CarryGeodetic(position, ilj::kLocalCoordinates);
 }
 
 template <class Position>
@@ -209,7 +209,7 @@ bool CConvDCtoILJ::CarryGeodetic(Position& position, std::int32_t coordinates) {
 bool CConvDCtoILJ::Carry(tDC_GRID_POSITIONRecord& position) {
   constexpr std::int32_t kEastFirst = 2;
   const bool eastFirst = m_header && m_header->coordinateOrder == kEastFirst;
-  auto& point = StartPoint(position, kGridCoordinates);
+  auto& point = StartPoint(position, ilj::kGridCoordinates);
   point.Set<F::NRTH>(DistanceIn(eastFirst ? position.east : position.north));
   point.Set<F::EAST>(DistanceIn(eastFirst ? position.north : position.east));
   point.Set<F::ELEV>(DistanceIn(position.elevation));
@@ -264,7 +264,7 @@ bool CConvDCtoILJ::Carry(tDC_DATUMRecord& datum) {
 
 bool CConvDCtoILJ::Carry(const tDC_DATUM_GRIDRecord& grid) {
   auto& datum = Start<R::PRJDT>();
-  datum.Set<F::PJDT>(kDatumGridFile);
+  datum.Set<F::PJDT>(ilj::kDatumGridFile);
   datum.Set<F::PJDN>(grid.fileName);
   return Write(datum);
 }
@@ -329,7 +329,7 @@ CMoskoJobRecordProjectionMappingPlane* CConvDCtoILJ::StartPlane(const Projection
   plane.Set<F::EAST>(DistanceIn(projection.falseEasting));
   plane.Set<F::ELEV>(DistanceIn(projection.originEasting));
   plane.Set<F::SCAL>(projection.scale);
-  if (HasSkewAxis(kind)) {
+  if (ilj::HasSkewAxis(kind)) {
     plane.Set<F::LAT1>(AngleIn(projection.parallel1));
   } else {
     plane.Set<F::LAT1>(Radians(projection.parallel1));

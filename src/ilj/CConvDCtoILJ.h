@@ -67,7 +67,7 @@ class CConvDCtoILJ : public CConvFile<CDcFile, CTextFile> {
   CMoskoJobRecordProjectionMappingPlane* StartPlane(const Projection& projection);
 
   /// The record of that type, empty but for date and time.
-  template <RecordType Type>
+  template <IljRecordType Type>
   IljRecord<Type>& Start();
   /// Writes the record's line; false, with nothing written, if it isn't valid.
   bool Write(const CMoskoJobRecord& record);

@@ -13,8 +13,8 @@
 namespace zelconvert {
 namespace {
 
-using F = FieldType;
-using R = RecordType;
+using F = IljFieldType;
+using R = IljRecordType;
 using Mapper = CIljDcEnumMapper;
 
 constexpr std::wstring_view kScanFailed =
@@ -80,7 +80,7 @@ const CConvILJtoDC::Handler CConvILJtoDC::kHandlers[] = {
 
 bool CConvILJtoDC::Convert(CDcFile& dcFile, CTextFile& iljFile, StringList& messages,
                            StringList& /*files*/) {
-  static_assert(std::size(kHandlers) == std::size(kRecordTags));
+  static_assert(std::size(kHandlers) == std::size(kIljRecordTags));
   m_pFile1 = &iljFile;
   m_pFile2 = &dcFile;
   CConvertProgress progress;
@@ -104,7 +104,7 @@ bool CConvILJtoDC::InitialScan() {
     const std::wstring_view line = m_strLine;
     const std::size_t tab = line.find(L'\t');
     if (tab == std::wstring_view::npos) return false;
-    ScanRecord(static_cast<R>(kRecordMap.GetType(line.substr(0, tab))), line.substr(tab + 1));
+    ScanRecord(static_cast<R>(kIljRecordMap.GetType(line.substr(0, tab))), line.substr(tab + 1));
   }
   return true;
 }
@@ -112,7 +112,7 @@ bool CConvILJtoDC::InitialScan() {
 // The last JOBMO counts, valid or not; a PRJCG that isn't valid takes back the one before it. The
 // other kinds are read for their dates alone: one that no calendar has ends the conversion before
 // anything is written.
-void CConvILJtoDC::ScanRecord(RecordType type, std::wstring_view fields) {
+void CConvILJtoDC::ScanRecord(IljRecordType type, std::wstring_view fields) {
   switch (type) {
     case R::JOBMO:
       m_jobMode.ParseText(fields);
@@ -197,19 +197,19 @@ bool CConvILJtoDC::CarryLines(CConvertProgress& progress, StringList& messages) 
 
 bool CConvILJtoDC::CarryLine(std::wstring_view tag, std::wstring_view fields,
                              StringList& messages) {
-  const auto type = static_cast<std::size_t>(kRecordMap.GetType(tag));
+  const auto type = static_cast<std::size_t>(kIljRecordMap.GetType(tag));
   const Handler& handler = kHandlers[type];
   if (handler.run == nullptr) return true;
   const Outcome outcome = (this->*handler.run)(fields);
   if (outcome == Outcome::Carried) return true;
   const std::wstring_view label =
-      kRecordTags[type == 0 ? static_cast<std::size_t>(R::JOBMO) : type];
+      kIljRecordTags[type == 0 ? static_cast<std::size_t>(R::JOBMO) : type];
   messages.push_back(outcome == Outcome::Unreadable ? FormatRecordReadError(m_nRecord, label)
                                                     : FormatRecordParseError(m_nRecord, label));
   return !handler.fatal;
 }
 
-template <RecordType Type>
+template <IljRecordType Type>
 CConvILJtoDC::Outcome CConvILJtoDC::Run(std::wstring_view fields) {
   IljRecord<Type>& record = m_records.Get<Type>();
   if (!record.ParseText(fields)) return Outcome::Unreadable;
@@ -242,13 +242,13 @@ bool CConvILJtoDC::Carry(CMoskoJobRecordSystemNote& record) {
 
 bool CConvILJtoDC::Carry(CMoskoJobRecordPoint& record) {
   switch (record.Value<F::CDTY>()) {
-    case kGpsCoordinates:
+    case ilj::kGpsCoordinates:
       FillPosition(m_gpsPosition, record);
       return m_pFile2->WriteGpsPosition(m_gpsPosition);
-    case kLocalCoordinates:
+    case ilj::kLocalCoordinates:
       FillPosition(m_localPosition, record);
       return m_pFile2->WriteLocalPosition(m_localPosition);
-    case kGridCoordinates:
+    case ilj::kGridCoordinates:
       return CarryGridPoint(record);
     default:  // a point without a position has no DC form
       return false;
@@ -404,7 +404,7 @@ bool CConvILJtoDC::Carry(CMoskoJobRecordProjectionSystemName& record) {
 }
 
 bool CConvILJtoDC::Carry(CMoskoJobRecordProjectionDatum& record) {
-  if (record.Value<F::PJDT>() == kDatumGridFile) return CarryDatumGrid(record);
+  if (record.Value<F::PJDT>() == ilj::kDatumGridFile) return CarryDatumGrid(record);
   tDC_DATUMRecord datum;
   Mapper::MapDatumCode(datum.datumCode, record.Get<F::PJDT>(), Mapper::kToDc);
   datum.semiMajorAxis = DistanceOut(record.Value<F::HDST>());
@@ -461,12 +461,12 @@ bool CConvILJtoDC::Carry(CMoskoJobRecordProjectionVerticalAdjust& record) {
   adjust.slopeNorth = record.Value<F::TINO>();
   adjust.slopeEast = record.Value<F::TIEA>();
   adjust.geoidFileName = BareName(record.Value<F::PJRE>());
-  if (kind == kVerticalGeoid || kind == kVerticalNone) {
-    const double none = kind == kVerticalNone ? DC_NULL : 0;
+  if (kind == ilj::kVerticalGeoid || kind == ilj::kVerticalNone) {
+    const double none = kind == ilj::kVerticalNone ? DC_NULL : 0;
     adjust.originNorth = adjust.originEast = adjust.constantShift = DistanceOut(none);
     adjust.slopeNorth = adjust.slopeEast = none;
   }
-  if (kind == kVerticalNone) adjust.geoidFileName.clear();
+  if (kind == ilj::kVerticalNone) adjust.geoidFileName.clear();
   if (adjust.geoidFileName.size() > kLongNameLength) return false;
   m_pFile2->WriteVerticalAdjust(adjust);
   return true;
@@ -499,7 +499,7 @@ template <class Projection>
 void CConvILJtoDC::FillProjection(Projection& projection,
                                   const CMoskoJobRecordProjectionMappingPlane& plane) const {
   const std::int32_t kind = plane.Value<F::MPTY>();
-  const bool skew = HasSkewAxis(kind);
+  const bool skew = ilj::HasSkewAxis(kind);
   projection.projectionCode = ProjectionCodeFromId(static_cast<std::uint16_t>(kind));
   projection.originLatitude = Degrees(plane.Value<F::LATI>());
   projection.originLongitude = Degrees(plane.Value<F::LONG>());

@@ -33,12 +33,12 @@ class CConvILJtoDC : public CConvFile<CTextFile, CDcFile> {
   static const Handler kHandlers[];
 
   bool InitialScan();
-  void ScanRecord(RecordType type, std::wstring_view fields);
+  void ScanRecord(IljRecordType type, std::wstring_view fields);
   void WriteHead();
   std::wstring HeaderTime() const;
   bool CarryLines(CConvertProgress& progress, StringList& messages);
   bool CarryLine(std::wstring_view tag, std::wstring_view fields, StringList& messages);
-  template <RecordType Type>
+  template <IljRecordType Type>
   Outcome Run(std::wstring_view fields);
 
   // One for each record that is carried over; false if that can't be done.

@@ -7,7 +7,7 @@
 namespace zelconvert {
 namespace {
 
-using F = FieldType;
+using F = IljFieldType;
 
 // Takes what stands before the first separator off `rest`, and the separator with it.
 std::wstring_view TakeUntil(std::wstring_view& rest, wchar_t separator) {
@@ -28,7 +28,7 @@ bool IsOneOf(std::int32_t value, std::initializer_list<std::int32_t> list) {
 
 bool CMoskoJobRecord::ParseField(std::wstring_view text) {
   const std::wstring_view tag = TakeUntil(text, L':');
-  const int index = (*m_pIndices)[static_cast<std::size_t>(kFieldMap.GetType(tag))];
+  const int index = (*m_pIndices)[static_cast<std::size_t>(kIljFieldMap.GetType(tag))];
   if (index < 0) return false;
   GetField(index)->SetText(text);
   return true;
@@ -39,7 +39,7 @@ void CMoskoJobRecord::ClearFields() {
 }
 
 void CMoskoJobRecord::AppendText(std::wstring& line) const {
-  line.append(kRecordTags[static_cast<std::size_t>(m_recordType)]);
+  line.append(kIljRecordTags[static_cast<std::size_t>(m_recordType)]);
   line.push_back(L'\t');
   const CMoskoJobRecordField* field = GetField(0);
   for (int i = 1; field != nullptr; ++i) {
@@ -67,9 +67,10 @@ bool CMoskoJobRecord::ParseText(std::wstring_view text) {
 void CMoskoJobRecord::ParseMoments(std::wstring_view text) {
   while (!text.empty()) {
     const std::wstring_view field = TakeUntil(text, L'\t');
-    const auto type = static_cast<FieldType>(kFieldMap.GetType(field.substr(0, field.find(L':'))));
-    const FieldKind kind = LayoutOf(type).kind;
-    if (kind == FieldKind::Date || kind == FieldKind::Time) ParseField(field);
+    const auto type =
+        static_cast<IljFieldType>(kIljFieldMap.GetType(field.substr(0, field.find(L':'))));
+    const IljFieldKind kind = IljLayoutOf(type).kind;
+    if (kind == IljFieldKind::Date || kind == IljFieldKind::Time) ParseField(field);
   }
 }
 
@@ -101,10 +102,10 @@ bool CMoskoJobRecordPoint::ObeysRule() const {
   }
   if (!HasValid<F::CDOR, F::CDCL>()) return false;
   switch (Value<F::CDTY>()) {
-    case kGpsCoordinates:
-    case kLocalCoordinates:
+    case ilj::kGpsCoordinates:
+    case ilj::kLocalCoordinates:
       return HasValid<F::LATI, F::LONG, F::HGHT>();
-    case kGridCoordinates:
+    case ilj::kGridCoordinates:
       return HasValid<F::NRTH, F::EAST>() || HasValid<F::ELEV>();
     default:
       return false;
@@ -114,12 +115,12 @@ bool CMoskoJobRecordPoint::ObeysRule() const {
 template <>
 bool CMoskoJobRecordProjectionDatum::ObeysRule() const {
   switch (Value<F::PJDT>()) {
-    case kDatumShifts:
+    case ilj::kDatumShifts:
       return HasValid<F::HDST, F::NUMR, F::TRAX, F::TRAY, F::TRAZ>();
-    case kDatumSevenParameters:
+    case ilj::kDatumSevenParameters:
       return HasValid<F::HDST, F::NUMR, F::TRAX, F::TRAY, F::TRAZ>() &&
              HasValid<F::ROTX, F::ROTY, F::ROTZ, F::SCPP>();
-    case kDatumGridFile:
+    case ilj::kDatumGridFile:
       return HasValid<F::PJDN>();
     default:
       return true;
@@ -129,8 +130,8 @@ bool CMoskoJobRecordProjectionDatum::ObeysRule() const {
 template <>
 bool CMoskoJobRecordProjectionVerticalAdjust::ObeysRule() const {
   const std::int32_t kind = Value<F::PJVA>();
-  const bool plane = kind == kVerticalPlane || kind == kVerticalPlaneAndGeoid;
-  const bool geoid = kind == kVerticalGeoid || kind == kVerticalPlaneAndGeoid;
+  const bool plane = kind == ilj::kVerticalPlane || kind == ilj::kVerticalPlaneAndGeoid;
+  const bool geoid = kind == ilj::kVerticalGeoid || kind == ilj::kVerticalPlaneAndGeoid;
   return (!plane || HasValid<F::NRTH, F::EAST, F::TRAZ, F::TINO, F::TIEA>()) &&
          (!geoid || HasValid<F::PJRE>());
 }
@@ -144,7 +145,7 @@ bool CMoskoJobRecordProjectionMappingPlane::ObeysRule() const {
   return (!is({2050, 2052, 2053, 2055, 2056, 2057, 2059, 2062, 2067}) || HasValid<F::SCAL>()) &&
          (!is({2049, 2051, 2056, 2067}) || HasValid<F::LAT1>()) &&
          (!is({2066}) || HasValid<F::LAT1, F::LAT2>()) &&
-         (!HasSkewAxis(plane) || HasValid<F::PJCT, F::PJAF, F::NUMB>()) &&
+         (!ilj::HasSkewAxis(plane) || HasValid<F::PJCT, F::PJAF, F::NUMB>()) &&
          (!is({2064}) || HasValid<F::PJAE>()) && (!is({2063}) || HasValid<F::FIL1, F::FIL2>());
 }
 

@@ -12,7 +12,7 @@
 #include <utility>
 
 #include "ilj/CMoskoJobRecordField.h"
-#include "ilj/TagMap.h"
+#include "ilj/IljTagMap.h"
 
 namespace zelconvert {
 
@@ -63,7 +63,7 @@ namespace zelconvert {
   RECORD(27, PRJCG, ProjectionCogoSettings,     "DATE TIME PJAZ! PJGO!")
 // clang-format on
 
-enum class RecordType : std::int32_t {
+enum class IljRecordType : std::int32_t {
   None = 0,
 #define ILJ_RECORD_NUMBER(number, tag, name, fields) tag = number,
   ILJ_RECORDS(ILJ_RECORD_NUMBER)
@@ -71,18 +71,20 @@ enum class RecordType : std::int32_t {
 };
 
 /// Tags by record number.
-inline constexpr std::wstring_view kRecordTags[] = {L"",
+inline constexpr std::wstring_view kIljRecordTags[] = {L"",
 #define ILJ_RECORD_TAG(number, tag, name, fields) L## #tag,
-                                                    ILJ_RECORDS(ILJ_RECORD_TAG)
+                                                       ILJ_RECORDS(ILJ_RECORD_TAG)
 #undef ILJ_RECORD_TAG
 };
 
 /// From a record's tag to its number: 0 for an unknown tag.
-class CMoskoJobRecordMap : public TagMap {
+class CMoskoJobRecordMap : public IljTagMap {
  public:
-  constexpr CMoskoJobRecordMap() : TagMap(kRecordTags) {}
+  constexpr CMoskoJobRecordMap() : IljTagMap(kIljRecordTags) {}
 };
-inline constexpr CMoskoJobRecordMap kRecordMap;
+inline constexpr CMoskoJobRecordMap kIljRecordMap;
+
+namespace ilj {
 
 // Values of fields that decide what else a record holds.
 
@@ -104,10 +106,8 @@ constexpr bool HasSkewAxis(std::int32_t plane) {
   return plane == 2056 || plane == 2067;
 }
 
-namespace record {
-
 struct FieldUse {
-  FieldType type = FieldType::None;
+  IljFieldType type = IljFieldType::None;
   bool required = false;
 };
 
@@ -119,11 +119,11 @@ struct FieldOrder {
 
   constexpr explicit FieldOrder(std::string_view text) {
     while (!text.empty()) {
-      wchar_t tag[kFieldTagLength] = {};
-      for (std::size_t i = 0; i < kFieldTagLength; ++i) tag[i] = static_cast<wchar_t>(text[i]);
-      text.remove_prefix(kFieldTagLength);
+      wchar_t tag[kIljTagLength] = {};
+      for (std::size_t i = 0; i < kIljTagLength; ++i) tag[i] = static_cast<wchar_t>(text[i]);
+      text.remove_prefix(kIljTagLength);
       FieldUse& use = uses[count++];
-      use.type = static_cast<FieldType>(kFieldMap.GetType({tag, kFieldTagLength}));
+      use.type = static_cast<IljFieldType>(kIljFieldMap.GetType({tag, kIljTagLength}));
       use.required = !text.empty() && text.front() == '!';
       if (use.required) text.remove_prefix(1);
       if (!text.empty()) text.remove_prefix(1);
@@ -137,12 +137,12 @@ inline constexpr FieldOrder kFieldOrders[] = {FieldOrder(""),
 #undef ILJ_RECORD_FIELDS
 };
 
-constexpr const FieldOrder& OrderOf(RecordType type) {
+constexpr const FieldOrder& OrderOf(IljRecordType type) {
   return kFieldOrders[static_cast<std::size_t>(type)];
 }
 
 /// By field number: where the field stands in the record, or -1.
-using FieldIndices = std::array<std::int8_t, std::size(kFieldTags)>;
+using FieldIndices = std::array<std::int8_t, std::size(kIljFieldTags)>;
 constexpr FieldIndices IndicesOf(const FieldOrder& order) {
   FieldIndices indices = {};
   for (std::int8_t& index : indices) index = -1;
@@ -152,7 +152,7 @@ constexpr FieldIndices IndicesOf(const FieldOrder& order) {
   return indices;
 }
 
-}  // namespace record
+}  // namespace ilj
 
 /// One record. Its fields are its own and live as long as it does.
 class CMoskoJobRecord {
@@ -181,13 +181,13 @@ class CMoskoJobRecord {
   /// Reads only the dates and times of such a text.
   void ParseMoments(std::wstring_view text);
 
-  RecordType GetRecordType() const { return m_recordType; }
+  IljRecordType GetRecordType() const { return m_recordType; }
   /// Seconds by the local calendar (see CivilTime.h); 0 unless date and time are both valid.
   void SetDateTime(std::int64_t moment);
   std::int64_t GetDateTime() const;
 
  protected:
-  CMoskoJobRecord(RecordType type, const record::FieldIndices& indices)
+  CMoskoJobRecord(IljRecordType type, const ilj::FieldIndices& indices)
       : m_recordType(type), m_pIndices(&indices) {}
   CMoskoJobRecord(const CMoskoJobRecord&) = default;
   CMoskoJobRecord& operator=(const CMoskoJobRecord&) = default;
@@ -196,12 +196,12 @@ class CMoskoJobRecord {
   CMoskoJobRecordFieldTime m_time;
 
  private:
-  RecordType m_recordType;
-  const record::FieldIndices* m_pIndices;
+  IljRecordType m_recordType;
+  const ilj::FieldIndices* m_pIndices;
 };
 
 /// The record of one tag, with the fields that ILJ_RECORDS gives it.
-template <RecordType Type>
+template <IljRecordType Type>
 class IljRecord final : public CMoskoJobRecord {
  public:
   IljRecord() : CMoskoJobRecord(Type, kIndices) {}
@@ -215,48 +215,49 @@ class IljRecord final : public CMoskoJobRecord {
   }
 
   /// A field by its tag, with its own class.
-  template <FieldType Field>
-  FieldOf<Field>& Get() {
-    if constexpr (Field == FieldType::DATE) {
+  template <IljFieldType Field>
+  IljFieldOf<Field>& Get() {
+    if constexpr (Field == IljFieldType::DATE) {
       return m_date;
-    } else if constexpr (Field == FieldType::TIME) {
+    } else if constexpr (Field == IljFieldType::TIME) {
       return m_time;
     } else {
       return std::get<kIndices[static_cast<std::size_t>(Field)] - kOwnFields>(m_fields);
     }
   }
-  template <FieldType Field>
-  const FieldOf<Field>& Get() const {
+  template <IljFieldType Field>
+  const IljFieldOf<Field>& Get() const {
     return const_cast<IljRecord*>(this)->template Get<Field>();
   }
-  template <FieldType Field>
+  template <IljFieldType Field>
   decltype(auto) Value() const {
     return Get<Field>().GetValue();
   }
-  template <FieldType Field, class Value>
+  template <IljFieldType Field, class Value>
   void Set(const Value& value) {
     Get<Field>().SetValue(value);
   }
-  template <FieldType... Fields>
+  template <IljFieldType... Fields>
   bool HasValid() const {
     return (Get<Fields>().IsValid() && ...);
   }
-  template <FieldType... Fields>
+  template <IljFieldType... Fields>
   bool HasAnyValid() const {
     return (Get<Fields>().IsValid() || ...);
   }
 
  private:
-  static constexpr record::FieldOrder kOrder = record::OrderOf(Type);
-  static constexpr record::FieldIndices kIndices = record::IndicesOf(kOrder);
+  static constexpr ilj::FieldOrder kOrder = ilj::OrderOf(Type);
+  static constexpr ilj::FieldIndices kIndices = ilj::IndicesOf(kOrder);
   static constexpr auto kAllFields = std::make_index_sequence<kOrder.count>();
   // Every record starts with date and time, which the base holds.
   static constexpr std::size_t kOwnFields = 2;
-  static_assert(kOrder.uses[0].type == FieldType::DATE && kOrder.uses[1].type == FieldType::TIME);
+  static_assert(kOrder.uses[0].type == IljFieldType::DATE &&
+                kOrder.uses[1].type == IljFieldType::TIME);
 
   template <std::size_t... Index>
   static auto MakeFields(std::index_sequence<Index...>)
-      -> std::tuple<FieldOf<kOrder.uses[Index + kOwnFields].type>...>;
+      -> std::tuple<IljFieldOf<kOrder.uses[Index + kOwnFields].type>...>;
   using Fields = decltype(MakeFields(std::make_index_sequence<kOrder.count - kOwnFields>()));
 
   using Accessor = CMoskoJobRecordField* (*)(IljRecord&);
@@ -278,35 +279,35 @@ class IljRecord final : public CMoskoJobRecord {
   Fields m_fields;
 };
 
-template <RecordType Type>
+template <IljRecordType Type>
 const std::array<typename IljRecord<Type>::Accessor, IljRecord<Type>::kOrder.count>
     IljRecord<Type>::kAccess = IljRecord<Type>::MakeAccess(IljRecord<Type>::kAllFields);
 
 template <>
-bool IljRecord<RecordType::JOBFI>::ObeysRule() const;
+bool IljRecord<IljRecordType::JOBFI>::ObeysRule() const;
 template <>
-bool IljRecord<RecordType::POINT>::ObeysRule() const;
+bool IljRecord<IljRecordType::POINT>::ObeysRule() const;
 template <>
-bool IljRecord<RecordType::PRJDT>::ObeysRule() const;
+bool IljRecord<IljRecordType::PRJDT>::ObeysRule() const;
 template <>
-bool IljRecord<RecordType::PRJVA>::ObeysRule() const;
+bool IljRecord<IljRecordType::PRJVA>::ObeysRule() const;
 template <>
-bool IljRecord<RecordType::PRJMP>::ObeysRule() const;
+bool IljRecord<IljRecordType::PRJMP>::ObeysRule() const;
 
 #define ILJ_RECORD_CLASS(number, tag, name, fields) \
-  using CMoskoJobRecord##name = IljRecord<RecordType::tag>;
+  using CMoskoJobRecord##name = IljRecord<IljRecordType::tag>;
 ILJ_RECORDS(ILJ_RECORD_CLASS)
 #undef ILJ_RECORD_CLASS
 
 /// One record of every type, to be filled again and again: their texts keep their memory.
 class IljRecords {
  public:
-  template <RecordType Type>
+  template <IljRecordType Type>
   IljRecord<Type>& Get() {
     return std::get<IljRecord<Type>>(m_records);
   }
   /// `type` is not None.
-  CMoskoJobRecord& Find(RecordType type) {
+  CMoskoJobRecord& Find(IljRecordType type) {
     CMoskoJobRecord* found = nullptr;
     std::apply(
         [&](auto&... records) {
@@ -317,10 +318,10 @@ class IljRecords {
   }
 
  private:
-  static constexpr std::size_t kCount = std::size(kRecordTags) - 1;
+  static constexpr std::size_t kCount = std::size(kIljRecordTags) - 1;
   template <std::size_t... Index>
   static auto MakeRecords(std::index_sequence<Index...>)
-      -> std::tuple<IljRecord<static_cast<RecordType>(Index + 1)>...>;
+      -> std::tuple<IljRecord<static_cast<IljRecordType>(Index + 1)>...>;
 
   decltype(MakeRecords(std::make_index_sequence<kCount>())) m_records;
 };

@@ -32,11 +32,11 @@ std::wstring CMoskoJobRecordField::GetText() const {
   return text;
 }
 
-bool CMoskoJobRecordFieldList::HasField(FieldType type) const {
+bool CMoskoJobRecordFieldList::HasField(IljFieldType type) const {
   return std::any_of(begin(), end(), [type](const auto* one) { return one->GetType() == type; });
 }
 
-namespace field {
+namespace ilj {
 
 bool IsPointName(std::wstring_view name) {
   constexpr std::size_t kMaxLength = 16;
@@ -79,9 +79,9 @@ void AppendTime(std::wstring& line, std::int64_t moment) {
 
 std::int32_t ParseTruncated(std::wstring_view text) {
   const double value = ToReal(text);
-  return value > field::kMin && value < field::kMax + 1.0 ? static_cast<std::int32_t>(value)
-                                                          : field::kMin;
+  return value > ilj::kMin && value < ilj::kMax + 1.0 ? static_cast<std::int32_t>(value)
+                                                      : ilj::kMin;
 }
 
-}  // namespace field
+}  // namespace ilj
 }  // namespace zelconvert

@@ -11,14 +11,14 @@
 #include <string_view>
 #include <vector>
 
-#include "ilj/TagMap.h"
+#include "ilj/IljTagMap.h"
 #include "io/Numbers.h"
 #include "io/Units.h"
 
 namespace zelconvert {
 
 // What follows the colon.
-enum class FieldKind : std::uint8_t {
+enum class IljFieldKind : std::uint8_t {
   Text,
   PointName,
   Date,              // YYYYMMDD
@@ -30,8 +30,8 @@ enum class FieldKind : std::uint8_t {
 };
 
 /// How a kind of field prints, what it holds when unset and which values count.
-struct FieldLayout {
-  FieldKind kind = FieldKind::Text;
+struct IljFieldLayout {
+  IljFieldKind kind = IljFieldKind::Text;
   std::int32_t unset = 0;  // integers; valid from `low` to `high` but for `except`
   std::int32_t low = 0;
   std::int32_t high = 0;
@@ -40,25 +40,25 @@ struct FieldLayout {
   bool (*accepts)(double) = nullptr;
 };
 
-namespace field {
+namespace ilj {
 
 inline constexpr std::int32_t kMin = std::numeric_limits<std::int32_t>::min();
 inline constexpr std::int32_t kMax = std::numeric_limits<std::int32_t>::max();
 
-inline constexpr FieldLayout Text{FieldKind::Text};
-inline constexpr FieldLayout PointName{FieldKind::PointName};
-inline constexpr FieldLayout Date{FieldKind::Date};
-inline constexpr FieldLayout Time{FieldKind::Time};
+inline constexpr IljFieldLayout Text{IljFieldKind::Text};
+inline constexpr IljFieldLayout PointName{IljFieldKind::PointName};
+inline constexpr IljFieldLayout Date{IljFieldKind::Date};
+inline constexpr IljFieldLayout Time{IljFieldKind::Time};
 
-constexpr FieldLayout Integer(std::int32_t unset, std::int32_t low, std::int32_t high,
-                              std::int64_t except = std::numeric_limits<std::int64_t>::min()) {
-  return {FieldKind::Integer, unset, low, high, except};
+constexpr IljFieldLayout Integer(std::int32_t unset, std::int32_t low, std::int32_t high,
+                                 std::int64_t except = std::numeric_limits<std::int64_t>::min()) {
+  return {IljFieldKind::Integer, unset, low, high, except};
 }
-inline constexpr FieldLayout AnyInteger = Integer(0, kMin, kMax);
-inline constexpr FieldLayout NonZero = Integer(0, kMin, kMax, 0);
-inline constexpr FieldLayout Count = Integer(-1, 0, kMax);
-constexpr FieldLayout TruncatedReal(std::int32_t unset, std::int32_t low, std::int32_t high) {
-  return {FieldKind::TruncatedReal, unset, low, high};
+inline constexpr IljFieldLayout AnyInteger = Integer(0, kMin, kMax);
+inline constexpr IljFieldLayout NonZero = Integer(0, kMin, kMax, 0);
+inline constexpr IljFieldLayout Count = Integer(-1, 0, kMax);
+constexpr IljFieldLayout TruncatedReal(std::int32_t unset, std::int32_t low, std::int32_t high) {
+  return {IljFieldKind::TruncatedReal, unset, low, high};
 }
 
 constexpr bool AboveFloor(double value) {
@@ -76,19 +76,19 @@ constexpr bool Positive(double value) {
 constexpr bool Factor(double value) {
   return AboveFloor(value) && (value >= 1e-12 || value <= -1e-12);
 }
-constexpr FieldLayout Real(int decimals, bool (*accepts)(double) = AboveFloor) {
-  FieldLayout layout{FieldKind::Real};
+constexpr IljFieldLayout Real(int decimals, bool (*accepts)(double) = AboveFloor) {
+  IljFieldLayout layout{IljFieldKind::Real};
   layout.decimals = decimals;
   layout.accepts = accepts;
   return layout;
 }
-constexpr FieldLayout RealWithPrecision(int decimals) {
-  FieldLayout layout = Real(decimals);
-  layout.kind = FieldKind::RealWithPrecision;
+constexpr IljFieldLayout RealWithPrecision(int decimals) {
+  IljFieldLayout layout = Real(decimals);
+  layout.kind = IljFieldKind::RealWithPrecision;
   return layout;
 }
 
-}  // namespace field
+}  // namespace ilj
 
 // Number, tag, class (CMoskoJobRecordField...) and layout of every field.
 // clang-format off
@@ -175,7 +175,7 @@ constexpr FieldLayout RealWithPrecision(int decimals) {
   FIELD(80, PJGO, ProjectionGridOrientation,  Integer(0, 1, 4))
 // clang-format on
 
-enum class FieldType : std::int32_t {
+enum class IljFieldType : std::int32_t {
   None = 0,
 #define ILJ_FIELD_NUMBER(number, tag, name, layout) tag = number,
   ILJ_FIELDS(ILJ_FIELD_NUMBER)
@@ -183,31 +183,31 @@ enum class FieldType : std::int32_t {
 };
 
 /// Tags by field number.
-inline constexpr std::wstring_view kFieldTags[] = {L"",
+inline constexpr std::wstring_view kIljFieldTags[] = {L"",
 #define ILJ_FIELD_TAG(number, tag, name, layout) L## #tag,
-                                                   ILJ_FIELDS(ILJ_FIELD_TAG)
+                                                      ILJ_FIELDS(ILJ_FIELD_TAG)
 #undef ILJ_FIELD_TAG
 };
-inline constexpr std::size_t kFieldTagLength = 4;
+inline constexpr std::size_t kIljTagLength = 4;
 
-namespace field {
-inline constexpr FieldLayout kLayouts[] = {{},
+namespace ilj {
+inline constexpr IljFieldLayout kLayouts[] = {{},
 #define ILJ_FIELD_LAYOUT(number, tag, name, layout) layout,
-                                           ILJ_FIELDS(ILJ_FIELD_LAYOUT)
+                                              ILJ_FIELDS(ILJ_FIELD_LAYOUT)
 #undef ILJ_FIELD_LAYOUT
 };
-}  // namespace field
+}  // namespace ilj
 
-constexpr const FieldLayout& LayoutOf(FieldType type) {
-  return field::kLayouts[static_cast<std::size_t>(type)];
+constexpr const IljFieldLayout& IljLayoutOf(IljFieldType type) {
+  return ilj::kLayouts[static_cast<std::size_t>(type)];
 }
 
 /// From a field's tag to its number: 0 for an unknown tag.
-class CMoskoJobRecordFieldMap : public TagMap {
+class CMoskoJobRecordFieldMap : public IljTagMap {
  public:
-  constexpr CMoskoJobRecordFieldMap() : TagMap(kFieldTags) {}
+  constexpr CMoskoJobRecordFieldMap() : IljTagMap(kIljFieldTags) {}
 };
-inline constexpr CMoskoJobRecordFieldMap kFieldMap;
+inline constexpr CMoskoJobRecordFieldMap kIljFieldMap;
 
 /// One field of a record.
 class CMoskoJobRecordField {
@@ -215,7 +215,7 @@ class CMoskoJobRecordField {
   virtual ~CMoskoJobRecordField() = default;
 
   /// Back to the unset value.
-  virtual void Clear() { m_type = FieldType::None; }
+  virtual void Clear() { m_type = IljFieldType::None; }
   /// Appends "TAG:value", valid or not; nothing for a date or time that is unset.
   virtual void AppendText(std::wstring& line) const = 0;
   /// Stores what stands behind the colon. Text that is no number gives 0. Throws
@@ -224,22 +224,22 @@ class CMoskoJobRecordField {
   virtual bool IsValid() const = 0;
 
   std::wstring GetText() const;
-  FieldType GetType() const { return m_type; }
+  IljFieldType GetType() const { return m_type; }
 
  protected:
-  explicit CMoskoJobRecordField(FieldType type = FieldType::None) : m_type(type) {}
+  explicit CMoskoJobRecordField(IljFieldType type = IljFieldType::None) : m_type(type) {}
   CMoskoJobRecordField(const CMoskoJobRecordField&) = default;
   CMoskoJobRecordField& operator=(const CMoskoJobRecordField&) = default;
 
   void AppendTag(std::wstring& line) const {
-    line.append(kFieldTags[static_cast<std::size_t>(m_type)]);
+    line.append(kIljFieldTags[static_cast<std::size_t>(m_type)]);
     line.push_back(L':');
   }
 
-  FieldType m_type;
+  IljFieldType m_type;
 };
 
-namespace field {
+namespace ilj {
 
 /// 1 to 16 letters A to Z of either case, digits and "_"; not a run of zeros alone.
 bool IsPointName(std::wstring_view name);
@@ -252,15 +252,15 @@ void AppendTime(std::wstring& line, std::int64_t moment);
 /// The integer part of the number at the start of a text; the smallest integer if it is too large.
 std::int32_t ParseTruncated(std::wstring_view text);
 
-}  // namespace field
+}  // namespace ilj
 
 // One template for each kind of value. SetValue checks nothing.
 
-template <FieldType Type, FieldKind Kind = LayoutOf(Type).kind>
+template <IljFieldType Type, IljFieldKind Kind = IljLayoutOf(Type).kind>
 class IljField;
 
-template <FieldType Type>
-class IljField<Type, FieldKind::Text> final : public CMoskoJobRecordField {
+template <IljFieldType Type>
+class IljField<Type, IljFieldKind::Text> final : public CMoskoJobRecordField {
  public:
   explicit IljField(std::wstring_view value = {}) : CMoskoJobRecordField(Type), m_value(value) {}
 
@@ -283,7 +283,7 @@ class IljField<Type, FieldKind::Text> final : public CMoskoJobRecordField {
 class CMoskoJobRecordFieldPointName : public CMoskoJobRecordField {
  public:
   explicit CMoskoJobRecordFieldPointName(std::wstring_view value = {})
-      : CMoskoJobRecordFieldPointName(FieldType::PTNM, value) {}
+      : CMoskoJobRecordFieldPointName(IljFieldType::PTNM, value) {}
 
   void Clear() override { m_value.clear(); }
   void AppendText(std::wstring& line) const override {
@@ -293,30 +293,30 @@ class CMoskoJobRecordFieldPointName : public CMoskoJobRecordField {
   void SetText(std::wstring_view value) override {
     m_value = value.substr(0, value.find_last_not_of(L' ') + 1);
   }
-  bool IsValid() const override { return field::IsPointName(m_value); }
+  bool IsValid() const override { return ilj::IsPointName(m_value); }
 
   void SetValue(std::wstring_view value) { m_value = value; }
   const std::wstring& GetValue() const { return m_value; }
 
  protected:
-  CMoskoJobRecordFieldPointName(FieldType type, std::wstring_view value)
+  CMoskoJobRecordFieldPointName(IljFieldType type, std::wstring_view value)
       : CMoskoJobRecordField(type), m_value(value) {}
 
  private:
   std::wstring m_value;
 };
 
-template <FieldType Type>
-class IljField<Type, FieldKind::PointName> final : public CMoskoJobRecordFieldPointName {
+template <IljFieldType Type>
+class IljField<Type, IljFieldKind::PointName> final : public CMoskoJobRecordFieldPointName {
  public:
   explicit IljField(std::wstring_view value = {}) : CMoskoJobRecordFieldPointName(Type, value) {}
 };
 
 /// Dates and times of day: seconds by the local calendar (see CivilTime.h), 0 when unset.
-template <FieldType Type, FieldKind Kind>
+template <IljFieldType Type, IljFieldKind Kind>
 class IljField final : public CMoskoJobRecordField {
  public:
-  static_assert(Kind == FieldKind::Date || Kind == FieldKind::Time);
+  static_assert(Kind == IljFieldKind::Date || Kind == IljFieldKind::Time);
 
   explicit IljField(std::int64_t value = 0) : CMoskoJobRecordField(Type), m_value(value) {}
 
@@ -324,11 +324,11 @@ class IljField final : public CMoskoJobRecordField {
   void AppendText(std::wstring& line) const override {
     if (m_value == 0) return;
     AppendTag(line);
-    Kind == FieldKind::Date ? field::AppendDate(line, m_value) : field::AppendTime(line, m_value);
+    Kind == IljFieldKind::Date ? ilj::AppendDate(line, m_value) : ilj::AppendTime(line, m_value);
   }
   void SetText(std::wstring_view value) override {
     Clear();
-    m_value = Kind == FieldKind::Date ? field::ParseDate(value) : field::ParseTime(value);
+    m_value = Kind == IljFieldKind::Date ? ilj::ParseDate(value) : ilj::ParseTime(value);
   }
   bool IsValid() const override { return m_value != 0; }
 
@@ -340,7 +340,7 @@ class IljField final : public CMoskoJobRecordField {
 };
 
 /// Integers, whichever way they are read.
-template <FieldType Type>
+template <IljFieldType Type>
 class IljIntegerField : public CMoskoJobRecordField {
  public:
   explicit IljIntegerField(std::int32_t value = kLayout.unset)
@@ -352,7 +352,7 @@ class IljIntegerField : public CMoskoJobRecordField {
     AppendInteger(line, m_value);
   }
   void SetText(std::wstring_view value) override {
-    m_value = kLayout.kind == FieldKind::Integer ? ToInteger(value) : field::ParseTruncated(value);
+    m_value = kLayout.kind == IljFieldKind::Integer ? ToInteger(value) : ilj::ParseTruncated(value);
   }
   bool IsValid() const override {
     return m_value >= kLayout.low && m_value <= kLayout.high && m_value != kLayout.except;
@@ -362,21 +362,21 @@ class IljIntegerField : public CMoskoJobRecordField {
   std::int32_t GetValue() const { return m_value; }
 
  private:
-  static constexpr FieldLayout kLayout = LayoutOf(Type);
+  static constexpr IljFieldLayout kLayout = IljLayoutOf(Type);
   std::int32_t m_value;
 };
 
-template <FieldType Type>
-class IljField<Type, FieldKind::Integer> final : public IljIntegerField<Type> {
+template <IljFieldType Type>
+class IljField<Type, IljFieldKind::Integer> final : public IljIntegerField<Type> {
   using IljIntegerField<Type>::IljIntegerField;
 };
-template <FieldType Type>
-class IljField<Type, FieldKind::TruncatedReal> final : public IljIntegerField<Type> {
+template <IljFieldType Type>
+class IljField<Type, IljFieldKind::TruncatedReal> final : public IljIntegerField<Type> {
   using IljIntegerField<Type>::IljIntegerField;
 };
 
-template <FieldType Type>
-class IljField<Type, FieldKind::Real> final : public CMoskoJobRecordField {
+template <IljFieldType Type>
+class IljField<Type, IljFieldKind::Real> final : public CMoskoJobRecordField {
  public:
   explicit IljField(double value = DC_NULL) : CMoskoJobRecordField(Type), m_value(value) {}
 
@@ -392,15 +392,15 @@ class IljField<Type, FieldKind::Real> final : public CMoskoJobRecordField {
   double GetValue() const { return m_value; }
 
  private:
-  static constexpr FieldLayout kLayout = LayoutOf(Type);
+  static constexpr IljFieldLayout kLayout = IljLayoutOf(Type);
   double m_value;
 };
 
 /// A real number whose decimals are the business of who sets it.
-template <FieldType Type>
-class IljField<Type, FieldKind::RealWithPrecision> final : public CMoskoJobRecordField {
+template <IljFieldType Type>
+class IljField<Type, IljFieldKind::RealWithPrecision> final : public CMoskoJobRecordField {
  public:
-  explicit IljField(int decimals = LayoutOf(Type).decimals, double value = DC_NULL)
+  explicit IljField(int decimals = IljLayoutOf(Type).decimals, double value = DC_NULL)
       : CMoskoJobRecordField(Type), m_decimals(decimals), m_value(value) {}
 
   void Clear() override { m_value = DC_NULL; }
@@ -409,7 +409,7 @@ class IljField<Type, FieldKind::RealWithPrecision> final : public CMoskoJobRecor
     AppendFixed(line, m_value, m_decimals);
   }
   void SetText(std::wstring_view value) override { m_value = ToReal(value); }
-  bool IsValid() const override { return LayoutOf(Type).accepts(m_value); }
+  bool IsValid() const override { return IljLayoutOf(Type).accepts(m_value); }
 
   void SetDecimals(int decimals) { m_decimals = decimals; }
   void SetValue(double value) { m_value = value; }
@@ -421,23 +421,23 @@ class IljField<Type, FieldKind::RealWithPrecision> final : public CMoskoJobRecor
 };
 
 // The classes by their names. The point name's stands above.
-namespace field {
-template <FieldType Type>
+namespace ilj {
+template <IljFieldType Type>
 struct ClassOf {
   using type = IljField<Type>;
 };
 template <>
-struct ClassOf<FieldType::PTNM> {
+struct ClassOf<IljFieldType::PTNM> {
   using type = CMoskoJobRecordFieldPointName;
 };
-}  // namespace field
+}  // namespace ilj
 
-/// The class of a field by its tag: FieldOf<FieldType::NRTH>.
-template <FieldType Type>
-using FieldOf = typename field::ClassOf<Type>::type;
+/// The class of a field by its tag: IljFieldOf<IljFieldType::NRTH>.
+template <IljFieldType Type>
+using IljFieldOf = typename ilj::ClassOf<Type>::type;
 
 #define ILJ_FIELD_CLASS(number, tag, name, layout) \
-  using CMoskoJobRecordField##name = FieldOf<FieldType::tag>;
+  using CMoskoJobRecordField##name = IljFieldOf<IljFieldType::tag>;
 ILJ_FIELDS(ILJ_FIELD_CLASS)
 #undef ILJ_FIELD_CLASS
 
@@ -446,7 +446,7 @@ class CMoskoJobRecordFieldList : public std::vector<const CMoskoJobRecordField*>
  public:
   using std::vector<const CMoskoJobRecordField*>::vector;
 
-  bool HasField(FieldType type) const;
+  bool HasField(IljFieldType type) const;
 };
 
 }  // namespace zelconvert

@@ -10,10 +10,10 @@
 namespace zelconvert {
 
 /// A fixed hash of tags of one to eight ASCII characters. Exact: case and blanks count.
-class TagMap {
+class IljTagMap {
  public:
   /// The number of a tag is its index in `tags`, where index 0 is the empty tag.
-  constexpr explicit TagMap(std::span<const std::wstring_view> tags) {
+  constexpr explicit IljTagMap(std::span<const std::wstring_view> tags) {
     for (std::size_t i = 1; i < tags.size(); ++i) {
       const std::uint64_t key = Pack(tags[i]);
       std::size_t slot = Slot(key);
