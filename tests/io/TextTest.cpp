@@ -18,6 +18,7 @@ TEST(Text, NarrowsAndWidensEveryByte) {
   EXPECT_EQ(ToNarrow(ToWide(all)), all);
   EXPECT_EQ(ToWide("A\x80\x81\x99\xE4"), L"A\u20ac\u0081\u2122\u00e4");
   EXPECT_EQ(ToNarrow(L"N\u00f8rdre \u4e2d \u20ac"), "N\xF8rdre ? \x80");
+  EXPECT_EQ(ToNarrow(L"\u221e\u0100"), "??");  // nothing that looks alike
   EXPECT_EQ(ToNarrow(std::wstring(L"a\0b", 3)), std::string("a\0b", 3));
 }
 

@@ -25,13 +25,21 @@ void AppendWideBySystem(std::wstring& out, std::string_view text) {
   out.resize(start + static_cast<std::size_t>(made));
 }
 
+// Without this flag the system takes what looks alike: an infinity sign in a name becomes an 8.
+// UTF-8 as the code page has every character and refuses the flag.
+DWORD NarrowFlags() {
+  return GetACP() == CP_UTF8 ? 0 : WC_NO_BEST_FIT_CHARS;
+}
+
 void AppendNarrowBySystem(std::string& out, std::wstring_view text) {
   const int length = static_cast<int>(text.size());
+  const DWORD flags = NarrowFlags();
   const int needed =
-      WideCharToMultiByte(CP_ACP, 0, text.data(), length, nullptr, 0, nullptr, nullptr);
+      WideCharToMultiByte(CP_ACP, flags, text.data(), length, nullptr, 0, nullptr, nullptr);
   const std::size_t start = out.size();
   out.resize(start + static_cast<std::size_t>(needed));
-  WideCharToMultiByte(CP_ACP, 0, text.data(), length, out.data() + start, needed, nullptr, nullptr);
+  WideCharToMultiByte(CP_ACP, flags, text.data(), length, out.data() + start, needed, nullptr,
+                      nullptr);
 }
 
 }  // namespace
