@@ -1,0 +1,180 @@
+// Raw logs to DC by the exported function, beside the plain loop over the same logs: sideshots, rod
+// heights between them, GPS positions, and logs in which every second line looks ahead.
+#include <benchmark/benchmark.h>
+
+#include <cmath>
+#include <cstdio>
+
+#include "Generate.h"
+#include "PlainLoop.h"
+#include "zelconvert/zelconvert.h"
+
+namespace zelconvert::bench {
+namespace {
+
+enum class Log { Sideshots, Heights, Traverse, Setups, Backsights, Gps };
+
+const char* HeadOf(Log log) {
+  return log == Log::Gps
+             ? "RX,DCROVER,RA2.0\r\n"
+             : "OC,OP1,N 5000.0,E 5000.0,EL100.0,--CP1\r\nBK,OP1,BP2,BS45.1530,BC0.0\r\n";
+}
+
+/// DDD.MMSS of some angle.
+double SomeAngle(std::size_t i, unsigned degrees) {
+  const auto part = [i](unsigned step, unsigned range) {
+    return static_cast<double>(i * step % range);
+  };
+  return part(37, degrees) + part(7, 60) / 100 + part(13, 60) / 10000;
+}
+
+void AppendRecord(std::string& text, Log log, std::size_t i) {
+  char line[200];
+  const Point point = MakePoint(i / 2);
+  const bool second = i % 2 != 0 && log != Log::Sideshots;
+  if (second && log == Log::Heights) {
+    std::snprintf(line, sizeof line, "LS,HI1.562000,HR%.6f\r\n", i % 4 / 2 == 0 ? 1.5 : 1.6);
+  } else if (second && log == Log::Traverse) {
+    std::snprintf(line, sizeof line, "LS,HI%.6f,HR1.500000\r\n", i % 4 / 2 == 0 ? 1.5 : 1.6);
+  } else if (second && log == Log::Setups) {
+    std::snprintf(line, sizeof line, "OC,OPS,N %.6f,E %.6f,EL%.6f,--%s\r\n", point.north,
+                  point.east, point.elevation, point.code.data());
+  } else if (second && log == Log::Backsights) {
+    std::snprintf(line, sizeof line, "BK,OP1,BP2,BS%.4f,BC0.0000\r\n", SomeAngle(i, 360));
+  } else if (log == Log::Gps) {
+    if (second) {
+      std::snprintf(line, sizeof line, "GS,PN%u,N %.4f,E %.4f,EL%.4f,--%s\r\n", point.number,
+                    point.north, point.east, point.elevation, point.code.data());
+    } else {
+      std::snprintf(line, sizeof line, "EP,LA%.9f,LN-%.9f,HT%.4f,GM2,CL1,RH0.0081,RV0.0142\r\n",
+                    32.4522 + 1e-9 * static_cast<double>(i % 10000),
+                    97.0815 + 1e-9 * static_cast<double>(i % 10000), point.elevation);
+    }
+  } else {
+    std::snprintf(line, sizeof line, "%s,OP1,FP%zu,AR%.4f,ZE%.4f,SD%.6f,--%s\r\n",
+                  log == Log::Traverse ? "TR" : "SS", i, SomeAngle(i, 360), 85 + SomeAngle(i, 10),
+                  10 + static_cast<double>(i % 9973) * 0.013, point.code.data());
+  }
+  text += line;
+}
+
+template <Log log>
+void MakeLog(const std::string& path, std::size_t records) {
+  std::string text =
+      "JB,NMBENCH,DT09-14-2026,TM08:12:30\r\n"
+      "MO,AD0,UN1,SF0.99987000,EC0,EO0.0,AU0\r\n";
+  text += HeadOf(log);
+  for (std::size_t i = 0; i < records; ++i) AppendRecord(text, log, i);
+  WriteWhole(path, text);
+}
+
+// ---- The plain loop
+
+std::string_view Field(std::string_view line, std::string_view tag) {
+  const std::size_t at = line.find(tag);
+  if (at == line.npos) return {};
+  const std::size_t start = at + tag.size();
+  return line.substr(start, line.find(',', start) - start);
+}
+
+double Number(std::string_view text) {
+  double value = 0;
+  std::from_chars(text.data(), text.data() + text.size(), value);
+  return value;
+}
+
+double Degrees(double dms) {
+  const double size = std::fabs(dms), degrees = std::floor(size);
+  const double rest = (size - degrees) * 100 + 1e-9, minutes = std::floor(rest);
+  return std::copysign(degrees + minutes / 60 + (rest - minutes) / 36, dms);
+}
+
+void AppendName(std::string& dc, std::string_view name) {
+  if (name.size() < 16) dc.append(16 - name.size(), ' ');
+  dc += name;
+}
+
+void PlainShot(std::string& dc, std::string_view line) {
+  dc += "D9F1";
+  AppendName(dc, Field(line, ",OP"));
+  AppendName(dc, Field(line, ",FP"));
+  AppendNumber(dc, Number(Field(line, ",SD")), 16, 5);
+  AppendNumber(dc, Degrees(Number(Field(line, ",ZE"))), 16, 9);
+  AppendNumber(dc, Degrees(Number(Field(line, ",AR"))), 16, 9);
+  AppendText(dc, Field(line, ",--"), 16);
+  dc += "1         0.00100     0.000300000     0.000300000\r\n";
+}
+
+void PlainPosition(std::string& dc, std::string_view name, std::string_view position,
+                   std::string_view code) {
+  dc += "66XD";
+  AppendName(dc, name);
+  AppendNumber(dc, Degrees(Number(Field(position, ",LA"))), 16, 9);
+  AppendNumber(dc, Degrees(Number(Field(position, ",LN"))), 16, 9);
+  AppendNumber(dc, Number(Field(position, ",HT")) + 2, 16, 9);
+  AppendText(dc, code, 16);
+  dc += "21";
+  AppendNumber(dc, Number(Field(position, ",RH")), 16, 9);
+  AppendNumber(dc, Number(Field(position, ",RV")), 16, 9);
+  dc += "\r\n";
+}
+
+void PlainRawToDc(const std::string& input, const std::string& output) {
+  const std::string log = ReadWhole(input);
+  std::string dc;
+  dc.reserve(log.size() * 4);
+  std::string_view rest = log, line, position;
+  while (NextLine(rest, line)) {
+    const std::string_view tag = line.substr(0, 2);
+    if (tag == "SS" || tag == "TR") {
+      PlainShot(dc, line);
+    } else if (tag == "LS") {
+      dc += "77NM";
+      AppendNumber(dc, Number(Field(line, ",HR")), 16, 5);
+      dc.append(32, ' ').append("\r\n");
+    } else if (tag == "EP") {
+      position = line;
+    } else if (tag == "GS") {
+      PlainPosition(dc, Field(line, ",PN"), position, Field(line, ",--"));
+    }
+  }
+  WriteWhole(output, dc);
+}
+
+template <Log log>
+void PlainLoop(benchmark::State& state) {
+  const Input input(".raw", static_cast<std::size_t>(state.range(0)), MakeLog<log>);
+  for (auto _ : state) PlainRawToDc(input.Path(), input.OutputPath(".dc"));
+  state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+
+template <Log log>
+void RawToDc(benchmark::State& state) {
+  const Input input(".raw", static_cast<std::size_t>(state.range(0)), MakeLog<log>);
+  const std::wstring from = ToText(input.Path()), to = ToText(input.OutputPath(".dc"));
+  for (auto _ : state) {
+    wchar_t** files = nullptr;
+    wchar_t** messages = nullptr;
+    if (cZelFileConvert(FT_RAW, from.c_str(), FT_DC, to.c_str(), &files, &messages, 0, nullptr) ==
+        0) {
+      state.SkipWithError("not converted");
+    }
+    cZelFreeAfterFileConvert(files, messages);
+  }
+  state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+
+#define ZEL_SIZES RangeMultiplier(10)->Range(10000, 1000000)->Unit(benchmark::kMillisecond)
+BENCHMARK_TEMPLATE(PlainLoop, Log::Sideshots)->ZEL_SIZES;
+BENCHMARK_TEMPLATE(RawToDc, Log::Sideshots)->ZEL_SIZES;
+BENCHMARK_TEMPLATE(PlainLoop, Log::Heights)->ZEL_SIZES;
+BENCHMARK_TEMPLATE(RawToDc, Log::Heights)->ZEL_SIZES;
+BENCHMARK_TEMPLATE(PlainLoop, Log::Gps)->ZEL_SIZES;
+BENCHMARK_TEMPLATE(RawToDc, Log::Gps)->ZEL_SIZES;
+// The plain loop doesn't set instruments up.
+BENCHMARK_TEMPLATE(RawToDc, Log::Traverse)->ZEL_SIZES;
+BENCHMARK_TEMPLATE(RawToDc, Log::Setups)->ZEL_SIZES;
+BENCHMARK_TEMPLATE(RawToDc, Log::Backsights)->ZEL_SIZES;
+
+}  // namespace
+}  // namespace zelconvert::bench
