@@ -56,7 +56,9 @@ class CDcFile : public CFileCE {
 
   // Readers. All return true but where a comment says otherwise; the subtype is always set.
 
-  /// Throws ConversionFailure when the line has fewer than 45 characters.
+  /// A header line may lack its last digit, but none before it.
+  static constexpr std::size_t kShortestHeader = 45;
+  /// Throws ConversionFailure when the line is shorter.
   static bool ReadHeader(std::wstring_view line, tDC_HEADERRecord& record);
   static bool ReadJob(std::wstring_view line, tDC_JOBRecord& record);
   static bool ReadNote(std::wstring_view line, tDC_NOTERecord& record);

@@ -49,7 +49,7 @@ class RoadCheck {
   void Line(std::wstring_view line);
   /// The last road ends with the file.
   void EndRoad();
-  bool IsRoadOpen() const { return m_bRoadOpen; }
+  bool FoundAnything() const { return m_bFoundAnything; }
 
  private:
   using Handler = void (RoadCheck::*)(std::wstring_view line);
@@ -90,6 +90,7 @@ class RoadCheck {
     bool hasTemplate = false;
     Template current;  // before the first template: what stands in front of it
   };
+  bool m_bFoundAnything = false;
   bool m_bRoadOpen = false;
   Road m_road;
 
@@ -117,6 +118,9 @@ const RoadCheck::Row RoadCheck::kRows[] = {
 void RoadCheck::Line(std::wstring_view line) {
   const std::int32_t type = CDcFile::GetRecordType(line);
   if (type == tDC_ROAD_HEADERRecord::kType) return BeginRoad(line);
+  if (type == tDC_HEADERRecord::kType && line.size() < CDcFile::kShortestHeader) {
+    m_bFoundAnything = true;
+  }
   if (!m_bRoadOpen || m_road.isBad) return;
   for (const Row& row : kRows) {
     if (row.type == type) return (this->*row.handle)(line);
@@ -126,6 +130,7 @@ void RoadCheck::Line(std::wstring_view line) {
 void RoadCheck::BeginRoad(std::wstring_view line) {
   EndRoad();
   ReadRoadRecord(line, m_header);
+  m_bFoundAnything = true;
   m_bRoadOpen = true;
   m_road = {};
 }
@@ -232,9 +237,8 @@ bool CheckDcRoads(CDcFile& file, RoadNames& badRoads, StringList& messages) {
   while (file.ReadLine(line)) {
     if (!CDcFile::IsDeleted(line)) check.Line(line);
   }
-  const bool hasRoads = check.IsRoadOpen();  // the last one
   check.EndRoad();
-  return hasRoads;
+  return check.FoundAnything();
 }
 
 }  // namespace zelconvert

@@ -17,7 +17,8 @@ std::wstring FormatRoadFailure(const std::wstring& roadName);
 
 /// Reads the whole file and adds to `badRoads` each road that breaks a rule. For each, `messages`
 /// gets the text of the first rule it breaks and FormatRoadFailure. docs/formats/roads.md lists the
-/// rules. False if the file has no roads.
+/// rules. Returns false if the file holds nothing for a conversion of roads to do: no road, good or
+/// bad, and no header line that ends it. Most DC files are such.
 bool CheckDcRoads(CDcFile& file, RoadNames& badRoads, StringList& messages);
 
 }  // namespace zelconvert

@@ -23,7 +23,7 @@ struct ROAD_HEADER {
 /// Writes the road files of every road that passes CheckDcRoads into `outputFolder` (with or
 /// without a separator at its end); files of the same name are overwritten.
 ///
-/// file: open for reading; read twice from its first line, left at its end or where it failed.
+/// file: open for reading; read from its first line, twice if there are roads; left anywhere.
 /// messages: why roads were left out, in the order of the file, then why the run failed.
 /// roads: each road met that isn't refused, in the order of the file, appended at its record 28;
 /// after a failure those up to the failing one, which is among them.
