@@ -1,0 +1,179 @@
+// docs/formats/dc.md shows the columns that the tables hold.
+#include <gtest/gtest.h>
+
+#include <map>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "TempDir.h"
+#include "dc/DcColumns.h"
+
+namespace zelconvert {
+namespace {
+
+using Rows = std::vector<std::string>;
+
+std::string Narrow(std::wstring_view text) {
+  return std::string(text.begin(), text.end());
+}
+
+std::string TextFormName(TextForm form, const std::string& width) {
+  std::string name = (form & kLeft) != 0 ? "left" : "right";
+  if ((form & kKeepFirst) != 0) name += ", first " + width;
+  if ((form & kKeepLast) != 0) name += ", last " + width;
+  if ((form & kTrimmed) != 0) name += ", trimmed";
+  return name;
+}
+
+std::string RealFormName(RealForm form, int decimals) {
+  const std::string digits = std::to_string(decimals);
+  if (form == RealForm::Nullable) return "number " + digits;
+  return "plain " + digits + (form == RealForm::PlainCut ? ", cut" : "");
+}
+
+std::string IntegerFormName(IntegerForm form, Choice choice) {
+  switch (form) {
+    case IntegerForm::Decimal:
+      return "integer";
+    case IntegerForm::Zeros:
+      return "integer, zeros";
+    case IntegerForm::First:
+      return "integer, cut";
+    case IntegerForm::Truncated:
+      return "integer, read as number";
+    case IntegerForm::Offset:
+      return "digit";
+    case IntegerForm::Method:
+      return "method";
+    case IntegerForm::Choice:
+      break;
+  }
+  return (choice.last > 1 ? "1 to " + std::to_string(choice.last) : std::string("1")) + ", else " +
+         std::to_string(choice.otherwise);
+}
+
+template <class R>
+std::string FormName(const Column<R>& column) {
+  const bool real = std::holds_alternative<double R::*>(column.member);
+  const bool integer = std::holds_alternative<std::int32_t R::*>(column.member);
+  if (column.always) {
+    const std::string text =
+        column.constant.empty() ? "blank" : '"' + Narrow(column.constant) + '"';
+    return text + (real ? ", read plain" : integer ? ", read integer" : "");
+  }
+  if (real) return RealFormName(column.real, column.decimals);
+  if (integer) return IntegerFormName(column.integer, column.choice);
+  if (std::holds_alternative<wchar_t R::*>(column.member)) return "character";
+  if (std::holds_alternative<bool R::*>(column.member)) return "flag";
+  return TextFormName(column.text, std::to_string(column.width));
+}
+
+// The rows of every record on the page, "columns: form", by "type structure".
+std::map<std::string, Rows> RowsOnPage() {
+  std::map<std::string, Rows> page;
+  std::istringstream text(ReadBytes("docs/formats/dc.md"));
+  Rows* rows = nullptr;
+  for (std::string line; std::getline(text, line);) {
+    if (line.starts_with("## ")) rows = nullptr;
+    if (line.starts_with("### ")) {
+      const std::size_t name = line.find('`') + 1;
+      rows = &page[line.substr(4, 2) + " " + line.substr(name, line.find('`', name) - name)];
+    }
+    if (rows == nullptr || line.size() < 3 || !std::isdigit(line[2])) continue;
+    std::vector<std::string> cells;
+    std::istringstream row(line);
+    for (std::string cell; std::getline(row, cell, '|');) cells.push_back(cell);
+    if (cells.size() != 5) continue;  // a table of something else
+    const auto trim = [](const std::string& cell) { return cell.substr(1, cell.size() - 2); };
+    rows->push_back(trim(cells[1]) + ": " + trim(cells[3]));
+  }
+  return page;
+}
+
+class Page {
+ public:
+  template <class R, std::size_t N>
+  void Expect(const char* structure, const Column<R> (&columns)[N]) {
+    Rows expected;
+    for (const Column<R>& column : columns) {
+      std::string place = std::to_string(column.start);
+      if (column.width > 1) place += '-' + std::to_string(column.start + column.width - 1);
+      expected.push_back(place + ": " + FormName(column));
+    }
+    const std::string key = Narrow(R::kHead).substr(0, 2) + " " + structure;
+    EXPECT_EQ(m_page[key], expected) << key;
+    m_page.erase(key);
+  }
+  ~Page() { EXPECT_TRUE(m_page.empty()) << m_page.begin()->first << " is no record"; }
+
+ private:
+  std::map<std::string, Rows> m_page = RowsOnPage();
+};
+
+#define EXPECT_ON_PAGE(record, columns) page.Expect(#record, columns)
+
+TEST(DcDocs, ColumnsOfEveryRecord) {
+  Page page;
+  EXPECT_ON_PAGE(tDC_HEADERRecord, kHeaderColumns);
+  EXPECT_ON_PAGE(tDC_JOBRecord, kJobColumns);
+  EXPECT_ON_PAGE(tDC_NOTERecord, kNoteColumns);
+  EXPECT_ON_PAGE(tDC_POST_PROCESSRecord, kPostProcessColumns);
+  EXPECT_ON_PAGE(tDC_SCALERecord, kScaleColumns);
+  EXPECT_ON_PAGE(tDC_COGORecord, kCogoColumns);
+  EXPECT_ON_PAGE(tDC_COGO_OLDRecord, kCogoOldColumns);
+  EXPECT_ON_PAGE(tDC_STATIONRecord, kStationColumns);
+  EXPECT_ON_PAGE(tDC_STATION_EXTRecord, kStationExtColumns);
+  EXPECT_ON_PAGE(tDC_BACKSIGHTRecord, kBacksightColumns);
+  EXPECT_ON_PAGE(tDC_BACKSIGHT_EXTRecord, kBacksightExtColumns);
+  EXPECT_ON_PAGE(tDC_GRID_POSITIONRecord, kGridPositionColumns);
+  EXPECT_ON_PAGE(tDC_GPS_POSITIONRecord, kGpsPositionColumns);
+  EXPECT_ON_PAGE(tDC_GPS_POSITION2Record, kGpsPosition2Columns);
+  EXPECT_ON_PAGE(tDC_LOCAL_POSITIONRecord, kLocalPositionColumns);
+  EXPECT_ON_PAGE(tDC_DELETED_POSITIONRecord, kDeletedPositionColumns);
+  EXPECT_ON_PAGE(tDC_VECTORRecord, kVectorColumns);
+  EXPECT_ON_PAGE(tDC_OBSERVATIONRecord, kObservationColumns);
+  EXPECT_ON_PAGE(tDC_OBSERVATION_SIGMARecord, kObservationSigmaColumns);
+  EXPECT_ON_PAGE(tDC_OBSERVATION_TEXTRecord, kObservationTextColumns);
+  EXPECT_ON_PAGE(tDC_ANGLE_DISTANCERecord, kAngleDistanceColumns);
+  EXPECT_ON_PAGE(tDC_ANGLE_DISTANCE_KEYEDRecord, kAngleDistanceKeyedColumns);
+  EXPECT_ON_PAGE(tDC_STATION_HEIGHTRecord, kStationHeightColumns);
+  EXPECT_ON_PAGE(tDC_TARGET_HEIGHTRecord, kTargetHeightColumns);
+  EXPECT_ON_PAGE(tDC_NAMERecord, kNameColumns);
+  EXPECT_ON_PAGE(tDC_PROJECTIONRecord, kProjectionColumns);
+  EXPECT_ON_PAGE(tDC_PROJECTION_EXTRecord, kProjectionExtColumns);
+  EXPECT_ON_PAGE(tDC_ELLIPSOIDRecord, kEllipsoidColumns);
+  EXPECT_ON_PAGE(tDC_LOCAL_SITERecord, kLocalSiteColumns);
+  EXPECT_ON_PAGE(tDC_DATUMRecord, kDatumColumns);
+  EXPECT_ON_PAGE(tDC_DATUM_GRIDRecord, kDatumGridColumns);
+  EXPECT_ON_PAGE(tDC_HORIZONTAL_ADJUSTRecord, kHorizontalAdjustColumns);
+  EXPECT_ON_PAGE(tDC_VERTICAL_ADJUSTRecord, kVerticalAdjustColumns);
+  EXPECT_ON_PAGE(tDC_COORDINATE_SYSTEMRecord, kCoordinateSystemColumns);
+  EXPECT_ON_PAGE(tDC_ZONE_LABELRecord, kZoneLabelColumns);
+  EXPECT_ON_PAGE(tDC_FEATURE_CODERecord, kFeatureCodeColumns);
+  EXPECT_ON_PAGE(tDC_FEATURE_NUMBERRecord, kFeatureNumberColumns);
+  EXPECT_ON_PAGE(tDC_FEATURE_TEXTRecord, kFeatureTextColumns);
+  EXPECT_ON_PAGE(tDC_FEATURE_LISTRecord, kFeatureListColumns);
+  EXPECT_ON_PAGE(tDC_FEATURE_MAPRecord, kFeatureMapColumns);
+  EXPECT_ON_PAGE(tDC_TARGET_IDRecord, kTargetIdColumns);
+  EXPECT_ON_PAGE(tDC_TARGET_HEIGHTS_Record, kTargetHeightsColumns);
+  EXPECT_ON_PAGE(tDC_TARGET_NUMBERRecord, kTargetNumberColumns);
+  EXPECT_ON_PAGE(tDC_TARGET_GRADERecord, kTargetGradeColumns);
+  EXPECT_ON_PAGE(tDC_ANTENNA_OFFSETRecord, kAntennaOffsetColumns);
+  EXPECT_ON_PAGE(tDC_ANTENNA_MEASUREMENTRecord, kAntennaMeasurementColumns);
+  EXPECT_ON_PAGE(tDC_STAKED_VALUERecord, kStakedValueColumns);
+  EXPECT_ON_PAGE(tDC_DESIGN_SLOPERecord, kDesignSlopeColumns);
+  EXPECT_ON_PAGE(tDC_CATCH_POINTRecord, kCatchPointColumns);
+  EXPECT_ON_PAGE(tDC_OFFSET_SETTINGRecord, kOffsetSettingColumns);
+  EXPECT_ON_PAGE(tDC_ANTENNA_HEIGHTRecord, kAntennaHeightColumns);
+  EXPECT_ON_PAGE(tDC_VECTOR_SIGMARecord, kVectorSigmaColumns);
+  EXPECT_ON_PAGE(tDC_RECEIVER_Record, kReceiverColumns);
+  EXPECT_ON_PAGE(tDC_RECEIVER_EXTRecord, kReceiverExtColumns);
+  EXPECT_ON_PAGE(tDC_SETUP_Record, kSetupColumns);
+  EXPECT_ON_PAGE(tDC_CB_Record, kCbColumns);
+  EXPECT_ON_PAGE(tDC_MP_Record, kMpColumns);
+  EXPECT_ON_PAGE(tDC_MA_Record, kMaColumns);
+}
+
+}  // namespace
+}  // namespace zelconvert
