@@ -357,6 +357,13 @@ bool CJobFile::ReadRecord18(JOB_RECORD18& record) {
   return ReadFixed(record, JobRecordForm::New);
 }
 
+bool CJobFile::ReadFixedPayload(FixedPayload& payload) {
+  const FoundKind found = FindKind(m_RecordHead.kind);
+  if (!m_File.Read(payload.data(), found.length)) return false;
+  std::fill(payload.begin() + found.length, payload.end(), std::byte{0});
+  return true;
+}
+
 bool CJobFile::ReadGenericRecord(JOB_GENERIC_RECORD& record) {
   record.kind = m_RecordHead.kind;
   record.length = m_RecordHead.length;

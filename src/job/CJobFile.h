@@ -98,6 +98,10 @@ class CJobFile {
   bool ReadRecord10(JOB_RECORD10& record);
   bool ReadLayer(JOB_LAYER& record);
   bool ReadRecord18(JOB_RECORD18& record);
+  /// The payload of any kind of fixed length as it stands, in the length of its new form, with
+  /// zeros where an old form ends. Of other kinds nothing is read and the result is true.
+  using FixedPayload = std::array<std::byte, InfoOf(JobKind::Record18).length>;
+  bool ReadFixedPayload(FixedPayload& payload);
   /// The payload whole, of any kind. `data` is empty if it can't be read.
   bool ReadGenericRecord(JOB_GENERIC_RECORD& record);
   /// An attribute block of a job below version 5, at the present position: its total length, which

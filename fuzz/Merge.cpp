@@ -1,0 +1,46 @@
+// Any bytes as a job, merged with a copy of itself.
+
+#include "FuzzFile.h"
+#include "job/CJobMerger.h"
+
+namespace zelconvert {
+namespace {
+
+struct Found {
+  std::size_t points = 0, others = 0;
+};
+
+Found CountRecords(const std::wstring& path) {
+  CJobFile job(true);
+  Require(job.Open(path, true) && job.SeekToFirstRecord());
+  Found found;
+  JobKind kind;
+  std::int64_t position;
+  std::uint32_t length;
+  while (job.ReadNextRecordHead(kind, position, length)) {
+    Require(length == InfoOf(kind).length && length > 0);
+    ++(IsPoint(kind) ? found.points : found.others);
+    Require(job.SkipRecord());
+  }
+  return found;
+}
+
+}  // namespace
+}  // namespace zelconvert
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using namespace zelconvert;
+  if (size > 32768) return 0;
+  const std::wstring output = FuzzDir().Path(L"out.job");
+  StringList messages, files;
+  for (const wchar_t* extension : {L".job", L".pwj"}) {
+    const std::wstring first = StoreInput(std::wstring(L"a") + extension, data, size);
+    const std::wstring second = StoreInput(std::wstring(L"b") + extension, data, size);
+    MergeCounts counts;
+    if (!MergeJobs(first, second, output, messages, files, &counts)) continue;
+    const Found found = CountRecords(output);
+    Require(found.points % 2 == 0 && found.others % 2 == 0);
+    Require(counts.repeated == found.points / 2 && counts.moved <= counts.repeated);
+  }
+  return 0;
+}

@@ -1,0 +1,64 @@
+// Two jobs joined into one.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <unordered_map>
+
+#include "convert/ConversionBase.h"
+#include "job/CJobFile.h"
+
+namespace zelconvert {
+
+/// What a merge found out about the points of the second job.
+struct MergeCounts {
+  std::size_t repeated = 0;  ///< whose name the first job has too; written all the same
+  std::size_t moved = 0;     ///< of these: with other coordinates
+};
+
+/// Copies points (13, 14), lines (15), road elements (16), roads (10) and the kinds 4, 7 and 9,
+/// those of the first job before those of the second, payloads as they stand. Old forms become new
+/// ones. Layers, attribute blocks and the kinds 12 and 18 stay behind, and so does the coordinate
+/// system; a point's link to its attributes then leads nowhere.
+class CJobMerger {
+ public:
+  /// Both open; they stay the caller's.
+  CJobMerger(CJobFile& first, CJobFile& second) : m_First(first), m_Second(second) {}
+
+  /// output: a new job of version 5, which takes the header of the first. False, with what had been
+  /// written until then, if the scales of the jobs aren't exactly equal or a record can't be
+  /// copied.
+  bool Merge(CJobFile& output);
+  const MergeCounts& GetCounts() const { return m_Counts; }
+
+ private:
+  /// A point of the first job; found by its name in 8-bit text.
+  struct POINT_DATA {
+    double east, north, elevation;
+    bool operator==(const POINT_DATA&) const = default;
+  };
+  using Payload = std::span<std::byte>;
+
+  bool CopyHeader(CJobFile& output);
+  bool CopyRecords(CJobFile& job, CJobFile& output, void (CJobMerger::*prepare)(JobKind, Payload));
+  void PrepareFirst(JobKind kind, Payload payload);
+  void PrepareSecond(JobKind kind, Payload payload);
+
+  CJobFile& m_First;
+  CJobFile& m_Second;
+  std::unordered_map<std::string, POINT_DATA> m_Points;
+  std::uint32_t m_nRecords15 = 0;  // so far, in both jobs
+  std::uint32_t m_nRecords16 = 0;
+  MergeCounts m_Counts;
+};
+
+/// Each path names a job of the brand that its exact extension ".job" stands for. The inputs must
+/// be writable and two different files. No failure has a text; the output is left as far as it got.
+/// messages, files: stay as they are. counts: filled if not null.
+bool MergeJobs(const std::wstring& firstPath, const std::wstring& secondPath,
+               const std::wstring& outputPath, StringList& messages, StringList& files,
+               MergeCounts* counts = nullptr);
+
+}  // namespace zelconvert
