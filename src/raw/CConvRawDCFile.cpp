@@ -108,6 +108,7 @@ bool CConvRawDCFile::ConvertFromRaw(StringList& messages) {
   progress.Start();
   m_pMessages = &messages;
   m_Index.Build(*m_pRaw);
+  WatchNames();
   const std::int64_t length = m_pRaw->GetLength();
   while (m_pRaw->ReadRecord(m_strRecord)) {
     ++m_nLineNumber;
@@ -119,6 +120,14 @@ bool CConvRawDCFile::ConvertFromRaw(StringList& messages) {
     m_PrevRecordType = m_RecordType;
   }
   return Finish();
+}
+
+void CConvRawDCFile::WatchNames() {
+  if (m_bWriteUnusedPoints) {
+    for (const auto& [name, point] : m_JobPoints) m_Index.AskFor(name);
+  }
+  m_Names.observed.Watch(m_Index.AskedNames());
+  m_Names.gps.Watch(m_Index.AskedNames());
 }
 
 Outcome CConvRawDCFile::ConvertRecord() {

@@ -46,6 +46,7 @@ class CConvRawDCFile : public CConvRawFile {
   static Handle HandlerOf(RawRecordType type);
 
   // The pass (CConvRawDCFile.cpp). m_strRecord holds the record at hand.
+  void WatchNames();
   Outcome ConvertRecord();
   bool Finish();
   void WriteUnusedPoints();

@@ -64,7 +64,7 @@ Outcome CConvRawDCFile::OnSetDistance() {
 }
 
 Outcome CConvRawDCFile::OnEndOfRounds() {
-  m_Rounds = {};
+  m_Rounds.Clear();
   return Outcome::Done;
 }
 
@@ -76,7 +76,7 @@ void CConvRawDCFile::EndRounds(bool traverse, std::wstring_view foresight) {
                  {m_Setup.station, m_Setup.backsight, std::wstring(foresight)});
     if (traverse) MoveTo(foresight, DC_NULL);
   }
-  m_Rounds = {};
+  m_Rounds.Clear();
 }
 
 }  // namespace zelconvert

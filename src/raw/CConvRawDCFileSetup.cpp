@@ -128,7 +128,7 @@ Outcome CConvRawDCFile::OnOccupy() {
   if (!IsWritten(point.name)) WriteGridPosition(m_Setup.occupiedPoint, false);
   FindHeights(point.name);
   WriteStation(point.name);
-  m_Rounds = {};
+  m_Rounds.Clear();
   return Outcome::Done;
 }
 

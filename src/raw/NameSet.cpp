@@ -46,10 +46,12 @@ bool NameSet::Insert(std::wstring_view name) {
   return true;
 }
 
-bool NameSet::Contains(std::wstring_view name) const {
-  if (m_Slots.empty()) return false;
+std::optional<std::size_t> NameSet::Find(std::wstring_view name) const {
+  if (m_Slots.empty()) return std::nullopt;
   Encode(name);
-  return m_Slots[FindSlot(m_Key)] != 0;
+  const std::size_t slot = FindSlot(m_Key);
+  if (m_Slots[slot] == 0) return std::nullopt;
+  return m_Slots[slot] - 1;
 }
 
 }  // namespace zelconvert

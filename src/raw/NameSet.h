@@ -1,19 +1,21 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace zelconvert {
 
-/// A set of point names that only grows: some 30 bytes a name, so that a log of a million shots
-/// costs little.
+/// A set of point names that only grows, at some 30 bytes a name. Names are numbered from 0 in the
+/// order in which they came.
 class NameSet {
  public:
   /// False if the name was there already.
   bool Insert(std::wstring_view name);
-  bool Contains(std::wstring_view name) const;
+  /// The number of a name that is there.
+  std::optional<std::size_t> Find(std::wstring_view name) const;
   std::size_t Size() const { return m_Ends.size(); }
 
  private:

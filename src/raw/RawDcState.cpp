@@ -77,4 +77,30 @@ EcefPosition ModeState::GeodeticToEcef(double latitude, double longitude, double
           FromMetres((n * (1 - kEccentricitySquared) + h) * std::sin(lat), firstUnit)};
 }
 
+void RoundsState::Clear() {
+  pending = false;
+  backsightShots.clear();
+  foresightShots.clear();
+  directions.clear();
+  currentDirection = {};
+  currentSet = 0;
+  hasDirection = false;
+  lastDirectionKind = DirectionKind::BacksightDirect;
+  backsightDirections.clear();
+}
+
+void NameMarks::Watch(const NameSet& names) {
+  m_pNames = &names;
+  m_marks.assign(names.Size(), false);
+}
+
+void NameMarks::Insert(std::wstring_view name) {
+  if (const auto number = m_pNames->Find(name)) m_marks[*number] = true;
+}
+
+bool NameMarks::Contains(std::wstring_view name) const {
+  const auto number = m_pNames->Find(name);
+  return number && m_marks[*number];
+}
+
 }  // namespace zelconvert

@@ -158,6 +158,8 @@ struct RoundsState {
   bool hasDirection = false;  ///< currentDirection holds something
   DirectionKind lastDirectionKind = DirectionKind::BacksightDirect;
   std::vector<double> backsightDirections;
+
+  void Clear();
 };
 
 /// The receivers. Heights in file units, positions in decimal degrees.
@@ -188,10 +190,25 @@ struct GpsState {
   std::wstring roverRecordText;  ///< the RX of the rover, for its signature
 };
 
+/// Those of a set of names that have come up. Other names are let go: of a log with a million shots
+/// only the few count that some record asks for.
+class NameMarks {
+ public:
+  /// `names` has to outlive this object and stay as it is.
+  void Watch(const NameSet& names);
+  void Insert(std::wstring_view name);
+  /// Only for a name that is watched.
+  bool Contains(std::wstring_view name) const;
+
+ private:
+  const NameSet* m_pNames = nullptr;
+  std::vector<bool> m_marks;
+};
+
 /// The names that have been written.
 struct WrittenNames {
-  NameSet observed;  ///< shot
-  NameSet gps;       ///< written as a GPS result
+  NameMarks observed;  ///< shot
+  NameMarks gps;       ///< written as a GPS result
 };
 
 }  // namespace zelconvert

@@ -49,8 +49,12 @@ void RawIndex::Add(std::wstring_view record) {
       POINT_RECORD point;
       CRawFile::ParseOC(record, point);
       m_Occupied.push_back({line, std::wstring(point.name)});
+      m_AskedNames.Insert(point.name);
       break;
     }
+    case RawRecordType::RP:
+      if (POINT_RECORD point; CRawFile::ParseRP(record, point)) m_AskedNames.Insert(point.name);
+      break;
     case RawRecordType::GP: {
       GP_RECORD point;
       const bool valid = CRawFile::ParseGP(record, point);

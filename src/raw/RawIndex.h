@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "raw/CRawFile.h"
+#include "raw/NameSet.h"
 #include "raw/RawRecords.h"
 
 namespace zelconvert {
@@ -47,6 +48,9 @@ class RawIndex {
   const MO_RECORD& FirstMode() const { return m_FirstMode; }
   /// The log has an LM or LH somewhere.
   bool HasLocalization() const { return m_bHasLocalization; }
+  /// The names of which an OC, an RP or a caller asks whether they have been written already.
+  const NameSet& AskedNames() const { return m_AskedNames; }
+  void AskFor(std::wstring_view name) { m_AskedNames.Insert(name); }
   /// A DP behind `line` deletes the point. Of several DP of a name the last counts.
   bool IsDeleted(std::wstring_view name, std::int64_t line) const;
 
@@ -111,6 +115,7 @@ class RawIndex {
   std::vector<Occupied> m_Occupied;
   std::vector<GpsPoint> m_GpsPoints;
   std::unordered_map<std::wstring, std::int64_t, NameHash, std::equal_to<>> m_DeletedPoints;
+  NameSet m_AskedNames;
   MO_RECORD m_FirstMode;
   bool m_bHasMode = false;
   bool m_bHasLocalization = false;
