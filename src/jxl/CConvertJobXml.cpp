@@ -387,6 +387,7 @@ double CConvertJobXml::ToRadians(double angle) const {
 }
 
 double CConvertJobXml::ToMetres(double length) const {
+  if (IsNull(length)) return length;
   switch (m_sourceUnits.distance) {
     case kRawInternationalFeet:
       return MetresFromUnits(length, kInternationalFeet);

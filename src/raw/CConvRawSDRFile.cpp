@@ -305,7 +305,7 @@ bool RawToSdr::ConvertShot(std::wstring_view record, RawRecordType type) {
   shot.horizontal = kUnread;
   CRawFile::ParseSS(record, shot);
   KeepRead(shot.station, m_station);
-  if (!m_backsightWritten && !PutBacksightObservation(Left(shot.note, kNoteLength))) return false;
+  if (!m_backsightWritten && !PutBacksightObservation(shot.note)) return false;
   ReadHorizontal(record, shot);
   ReadVertical(shot);
   CountDown();
@@ -378,9 +378,10 @@ void RawToSdr::ReadVertical(const SHOT_RECORD& shot) {
   }
 }
 
+// A countdown from below 0, which a log may ask for, never gets to its end.
 void RawToSdr::CountDown() {
-  if (m_curveCountdown != 0 && --m_curveCountdown == 0) m_pendingSuffix = L" PT";
-  if (m_joinCountdown != 0 && --m_joinCountdown == 0) m_pendingSuffix = L" ST JPT " + m_jobName;
+  if (m_curveCountdown > 0 && --m_curveCountdown == 0) m_pendingSuffix = L" PT";
+  if (m_joinCountdown > 0 && --m_joinCountdown == 0) m_pendingSuffix = L" ST JPT " + m_jobName;
 }
 
 // The zenith counts as degrees whatever the log's unit; only the azimuth follows it.

@@ -160,6 +160,8 @@ SS,OP1,FP5,DR30,CE0,HD0,--dr
 OC,OP1,N 100,E 200,EL10,--A
 BK,OP1,BP2,BS350,BC10
 TR,OP1,FP6,AR110,ZE100,SD10,--a long note of more than 16
+SS,OP6,FP1,AR0,ZE100,SD10,--a note of 20 letters
+--C2 -1
 SS,OP6,FP1,AR0,ZE100,SD10,--
 """
 
@@ -187,8 +189,10 @@ def gons(s):
     new = polar((100, 200, 10), 250 * 0.9, 100, 10, 1.5, 5.5, 4.5)
     s.station(("6",) + new + ("a long note of m",), 5.5)
     s.backsight("6", "1", azimuth_of(new, (100, 200)), 10)
-    s.backsight_shot("6", "1", 10)
-    s.shot("6", "1", 10, 100, 0, "")
+    s.backsight_shot("6", "1", 10, "a note of 20 letters")  # whole
+    s.shot("6", "1", 10, 100, 0, "a note of 20 let")
+    s.note("C2 -1")  # a curve of a negative number of shots has no end
+    s.shot("6", "1", 10, 100, 0, " PC")
 
 
 MARKS = """\
