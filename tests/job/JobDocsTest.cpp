@@ -1,0 +1,115 @@
+// docs/formats/job.md and cr5.md show the offsets and types that the code walks.
+#include <gtest/gtest.h>
+
+#include <map>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "../TempDir.h"
+#include "job/Cr5Records.h"
+#include "job/JobRecords.h"
+
+namespace zelconvert {
+namespace {
+
+using Rows = std::vector<std::string>;
+
+// Takes the place of a reader and notes what it would read.
+class Notes {
+ public:
+  void Field(std::size_t offset, const double&) { Add(offset, "real"); }
+  template <class Integer>
+  void Field(std::size_t offset, const Integer&) {
+    Add(offset, (std::is_signed_v<Integer> ? "i" : "u") + std::to_string(8 * sizeof(Integer)));
+  }
+  void Text(std::size_t offset, const std::wstring&, std::size_t units) {
+    Add(offset, "text " + std::to_string(units));
+  }
+  void Bytes(std::size_t offset, std::span<const std::byte> bytes) {
+    Add(offset, "bytes " + std::to_string(bytes.size()));
+  }
+  const Rows& GetRows() const { return m_rows; }
+
+ private:
+  void Add(std::size_t offset, const std::string& type) {
+    m_rows.push_back("| " + std::to_string(offset) + " | " + type + " |");
+  }
+  Rows m_rows;
+};
+
+template <class Record>
+Rows RecordRows() {
+  Notes notes;
+  Record record;
+  Record::Walk(notes, record, JobRecordForm::New);
+  return notes.GetRows();
+}
+
+template <class Header>
+Rows HeaderRows() {
+  Notes notes;
+  Header header;
+  Header::Walk(notes, header);
+  return notes.GetRows();
+}
+
+Rows OldHeaderRows() {
+  Notes notes;
+  JOB_OLD_HEADER old;
+  JOB_HEADER header;
+  JOB_OLD_HEADER::Walk(notes, old);
+  JOB_OLD_HEADER::WalkCarried(notes, header);
+  return notes.GetRows();
+}
+
+// The first two columns of every table row below a heading; a time as its eight words.
+std::map<std::string, Rows> RowsOnPage(const char* page) {
+  std::map<std::string, Rows> rows;
+  std::istringstream text(ReadBytes(page));
+  std::string heading;
+  for (std::string line; std::getline(text, line);) {
+    if (line.starts_with("#")) heading = line.substr(line.find(' ') + 1);
+    if (!line.starts_with("| ") || !std::isdigit(line[2])) continue;
+    const std::size_t type = line.find(" | ") + 3;
+    const std::string form = line.substr(type, line.find(" |", type) - type);
+    const int words = form == "time" ? 8 : 1;
+    for (int i = 0; i < words; ++i) {
+      rows[heading].push_back("| " + std::to_string(std::stoi(line.substr(2)) + 2 * i) + " | " +
+                              (words == 8 ? "u16" : form) + " |");
+    }
+  }
+  return rows;
+}
+
+TEST(JobDocs, ShowTheLayoutsOfTheCode) {
+  auto job = RowsOnPage("docs/formats/job.md");
+  EXPECT_EQ(job["Header"], HeaderRows<JOB_HEADER>());
+  EXPECT_EQ(job["Old header"], OldHeaderRows());
+  EXPECT_EQ(job["Point"], RecordRows<JOB_POINT>());
+  EXPECT_EQ(job["Point with further fields"], RecordRows<JOB_POINT_EX>());
+  EXPECT_EQ(job["Layer"], RecordRows<JOB_LAYER>());
+  EXPECT_EQ(job["Road"], RecordRows<JOB_RECORD10>());
+  EXPECT_EQ(job["Element of a road"], RecordRows<JOB_RECORD16>());
+
+  auto cr5 = RowsOnPage("docs/formats/cr5.md");
+  ASSERT_FALSE(cr5["Header"].empty() || cr5["Record"].empty());
+  cr5["Header"].erase(cr5["Header"].begin());  // the bytes that nobody reads
+  cr5["Record"].pop_back();                    // the zero at the end
+  EXPECT_EQ(cr5["Header"], HeaderRows<CR5_HEADER>());
+  EXPECT_EQ(cr5["Record"], HeaderRows<CoordinateRecord>());
+}
+
+TEST(JobDocs, ShowTheKindsOfTheCode) {
+  const std::string page = ReadBytes("docs/formats/job.md");
+  for (const JobKindInfo& info : kJobKinds) {
+    const auto number = [](std::uint32_t n) { return n == 0 ? "" : std::to_string(n) + " "; };
+    const std::string row = "| " + std::to_string(static_cast<std::uint32_t>(info.kind)) + " | " +
+                            (info.length == 0 ? "any " : number(info.length)) + "| " +
+                            number(info.oldKind) + "| " + number(info.oldLength) + "| ";
+    EXPECT_NE(page.find("\n" + row), page.npos) << row;
+  }
+}
+
+}  // namespace
+}  // namespace zelconvert
