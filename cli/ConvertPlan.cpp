@@ -1,0 +1,153 @@
+#include "cli/ConvertPlan.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <iterator>
+#include <string_view>
+#include <system_error>
+#include <vector>
+
+#include "cli/Host.h"
+#include "cli/StagingFolder.h"
+#include "cli/platform/Host.h"
+
+namespace zelconvert::cli {
+namespace {
+
+namespace fs = std::filesystem;
+using platform::ToText;
+
+// Types of two files that stand together: the log beside the file that is named is what is read.
+struct Pair {
+  FileType type;
+  const char* extension;
+  const char* log;
+};
+constexpr Pair kPairs[] = {
+    {FT_JOB_RAW, ".job", ".raw"}, {FT_PW_JOB_RAW, ".pwj", ".pwr"}, {FT_CR5_RW5, ".cr5", ".rw5"}};
+
+const Pair* FindPair(FileType type) {
+  const auto* pair = std::find_if(std::begin(kPairs), std::end(kPairs),
+                                  [type](const Pair& each) { return each.type == type; });
+  return pair == std::end(kPairs) ? nullptr : pair;
+}
+
+fs::path Absolute(const std::string& argument) {
+  return fs::absolute(platform::ToPath(argument));
+}
+
+std::string LowerExtension(const fs::path& path) {
+  std::string text = ToText(path.extension());
+  std::transform(text.begin(), text.end(), text.begin(), [](char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+  });
+  return text;
+}
+
+void CheckReadable(const fs::path& path) {
+  std::error_code ignored;
+  const fs::file_status status = fs::status(path, ignored);
+  if (!fs::exists(status)) throw HostFailure(kNoInput, ToText(path) + " does not exist");
+  if (!fs::is_regular_file(status)) throw HostFailure(kNoInput, ToText(path) + " is not a file");
+  if (!platform::IsReadable(path)) throw HostFailure(kNoInput, ToText(path) + " can't be read");
+}
+
+const TypeInfo& TypeOfInput(const std::string& asked, const fs::path& input) {
+  if (!asked.empty()) return *FindType(asked);
+  CheckReadable(input);
+  const TypeInfo* type = FindType(DetectType(input));
+  if (type == nullptr) {
+    throw HostFailure(kWrongUsage, "the name " + ToText(input) + " tells no type; --from does");
+  }
+  // What is named like a job and doesn't begin like one is taken for its pair with a log.
+  if (const Pair* pair = FindPair(type->type)) {
+    throw HostFailure(kNoInput, ToText(input) + " doesn't begin as a " + pair->extension +
+                                    " file does; to convert the " + pair->log +
+                                    " file beside it use --from " + std::string(type->name));
+  }
+  return *type;
+}
+
+const TypeInfo& TypeOfOutput(const std::string& asked, const fs::path& output) {
+  if (!asked.empty()) return *FindType(asked);
+  const std::string extension = LowerExtension(output);
+  for (const TypeInfo& type : kTypes) {
+    if (type.namedByExtension && extension == GetExtension(type.type)) return type;
+  }
+  throw HostFailure(kWrongUsage, "the name " + ToText(output) + " tells no type; --to does");
+}
+
+void CheckRoute(const TypeInfo& from, const TypeInfo& to) {
+  if (ConvertsTo(from, to)) return;
+  const std::string name(from.name);
+  throw HostFailure(
+      kWrongUsage,
+      "there is no conversion from " + name + " to " + std::string(to.name) +
+          (from.outputs.empty() ? "; nothing is made from " + name
+                                : "; " + name + " converts to " + std::string(from.outputs)));
+}
+
+// The file that the library will read.
+fs::path FileRead(FileType from, const fs::path& input) {
+  const Pair* pair = FindPair(from);
+  return pair == nullptr ? input : fs::path(input).replace_extension(pair->log);
+}
+
+void CheckOutput(const fs::path& output, bool force) {
+  std::error_code ignored;
+  if (!output.has_filename() || fs::is_directory(output, ignored)) {
+    throw HostFailure(kNoOutput, ToText(output) + " is a folder");
+  }
+  if (!fs::is_directory(output.parent_path(), ignored)) {
+    throw HostFailure(kNoOutput, "the folder " + ToText(output.parent_path()) + " does not exist");
+  }
+  CheckReplaceable(output, force);
+}
+
+void CheckDistinct(const fs::path& output, const fs::path& input) {
+  std::error_code ignored;
+  if (output == input || fs::equivalent(output, input, ignored)) {
+    throw HostFailure(kWrongUsage, "the output " + ToText(output) + " is an input");
+  }
+}
+
+// The library tells the brand of jobs and logs by the extension as it is spelled.
+std::string WarnOfSpelling(FileType from, const fs::path& input) {
+  const Pair* pair = FindPair(from);
+  const std::string expected = pair == nullptr ? GetExtension(from) : pair->extension;
+  const bool tellsBrand = expected == ".job" || expected == ".raw" || expected == ".rw5";
+  if (!tellsBrand || ToText(input.extension()) == expected) return {};
+  return ToText(input.filename()) + " is not spelled " + expected +
+         ", so the library takes it for a file of the second brand";
+}
+
+int UnitsOf(const std::string& name) {
+  return std::find_if(std::begin(kUnits), std::end(kUnits),
+                      [&](const UnitName& unit) { return unit.name == name; })
+      ->number;
+}
+
+}  // namespace
+
+ConvertPlan MakePlan(const ConvertOptions& options) {
+  const fs::path input = Absolute(options.input);
+  const fs::path output = Absolute(options.output);
+  const TypeInfo& from = TypeOfInput(options.from, input);
+  const TypeInfo& to = TypeOfOutput(options.to, output);
+  CheckRoute(from, to);
+
+  const fs::path read = FileRead(from.type, input);
+  CheckReadable(read);
+  CheckDistinct(output, input);
+  CheckDistinct(output, read);
+  CheckOutput(output, options.force);
+  ConvertPlan plan{{from.type, to.type, input, output, UnitsOf(options.units), {}},
+                   WarnOfSpelling(from.type, input)};
+  if (!options.featureFile.empty()) {
+    plan.conversion.featureFile = Absolute(options.featureFile);
+    CheckReadable(plan.conversion.featureFile);
+  }
+  return plan;
+}
+
+}  // namespace zelconvert::cli

@@ -1,0 +1,31 @@
+// What every command of the host shares: exit codes, failures, output.
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace zelconvert::cli {
+
+enum ExitCode {
+  kConverted = 0,   ///< or whatever else was asked for is done
+  kFailed = 1,      ///< the conversion failed
+  kWrongUsage = 2,  ///< the command line asks for what there isn't
+  kNoInput = 3,     ///< an input can't be read
+  kNoOutput = 4     ///< an output can't be written
+};
+
+/// Ends a command. The text is one line for the user, in UTF-8.
+class HostFailure : public std::runtime_error {
+ public:
+  HostFailure(ExitCode code, const std::string& text) : std::runtime_error(text), m_code(code) {}
+  ExitCode GetCode() const { return m_code; }
+
+ private:
+  ExitCode m_code;
+};
+
+/// UTF-8 text to standard output and standard error.
+void PrintOut(const std::string& text);
+void PrintError(const std::string& text);
+
+}  // namespace zelconvert::cli

@@ -1,0 +1,57 @@
+#include "cli/Library.h"
+
+#include "cli/platform/Host.h"
+#include "io/Strings.h"
+
+namespace zelconvert::cli {
+namespace {
+
+std::string ToUtf8(const wchar_t* text) {
+  std::string utf8;
+  AppendUtf8(utf8, text);
+  return utf8;
+}
+
+template <class Function>
+std::string GetTypeText(Function function, FileType type) {
+  wchar_t buffer[64] = L"";
+  function(type, buffer);
+  return ToUtf8(buffer);
+}
+
+}  // namespace
+
+std::string GetDescription(FileType type) {
+  return GetTypeText(cZelGetDescription, type);
+}
+
+std::string GetExtension(FileType type) {
+  return GetTypeText(cZelGetExtension, type);
+}
+
+std::string GetFilter(FileType type) {
+  return GetTypeText(cZelGetFileFilter, type);
+}
+
+int DetectType(const std::filesystem::path& path) {
+  return cZelGetFileType(platform::ToLibrary(path).c_str());
+}
+
+Result Convert(const Conversion& conversion) {
+  const std::wstring input = platform::ToLibrary(conversion.input);
+  const std::wstring output = platform::ToLibrary(conversion.output);
+  const std::wstring feature = platform::ToLibrary(conversion.featureFile);
+  wchar_t** files = nullptr;
+  wchar_t** messages = nullptr;
+  Result result;
+  result.converted = cZelFileConvert(conversion.from, input.c_str(), conversion.to, output.c_str(),
+                                     &files, &messages, conversion.units,
+                                     feature.empty() ? nullptr : feature.c_str()) != 0;
+  for (wchar_t** text = messages; text != nullptr && *text != nullptr; ++text) {
+    result.messages.push_back(ToUtf8(*text));
+  }
+  cZelFreeAfterFileConvert(files, messages);
+  return result;
+}
+
+}  // namespace zelconvert::cli

@@ -1,0 +1,33 @@
+// The library's functions as the host calls them.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "zelconvert/zelconvert.h"
+
+namespace zelconvert::cli {
+
+std::string GetDescription(FileType type);
+/// With the leading point.
+std::string GetExtension(FileType type);
+std::string GetFilter(FileType type);
+/// A FileType, or -1.
+int DetectType(const std::filesystem::path& path);
+
+struct Conversion {
+  FileType from, to;
+  std::filesystem::path input, output;  ///< absolute
+  int units = 0;
+  std::filesystem::path featureFile;  ///< empty: none
+};
+
+struct Result {
+  bool converted = false;
+  std::vector<std::string> messages;  ///< as the library gave them, in UTF-8
+};
+
+Result Convert(const Conversion& conversion);
+
+}  // namespace zelconvert::cli

@@ -1,0 +1,49 @@
+// What the host needs of the operating system beyond the standard library. posix/ and win32/
+// implement it.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zelconvert::cli::platform {
+
+/// The arguments behind the program's name, in UTF-8. (POSIX: the bytes as they are.)
+std::vector<std::string> GetArguments(int argc, char** argv);
+/// Once, first: output takes UTF-8, and a file that may not grow further is a failed write.
+void PrepareProcess();
+bool IsErrorATerminal();
+
+/// A path as an argument gives it; "/" and "\" both separate, as in the library.
+std::filesystem::path ToPath(std::string_view argument);
+/// A path as the library takes it and gives it.
+std::wstring ToLibrary(const std::filesystem::path& path);
+std::filesystem::path FromLibrary(const std::wstring& path);
+/// A path for the user's eyes.
+std::string ToText(const std::filesystem::path& path);
+
+/// Whether the file opens for reading.
+bool IsReadable(const std::filesystem::path& path);
+
+/// Receives the library's progress while it lives. `receive` gets the percentage; -1: the
+/// conversion has ended.
+class ProgressWindow {
+ public:
+  explicit ProgressWindow(std::function<void(int percent)> receive);
+  ~ProgressWindow();
+  ProgressWindow(const ProgressWindow&) = delete;
+  ProgressWindow& operator=(const ProgressWindow&) = delete;
+
+ private:
+  struct Window;
+  std::unique_ptr<Window> m_pWindow;
+};
+
+/// Runs `cleanUp` when the user breaks the program off, and ends it. For once per process.
+void OnInterrupt(std::function<void()> cleanUp);
+
+}  // namespace zelconvert::cli::platform
