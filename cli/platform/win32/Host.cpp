@@ -1,7 +1,10 @@
 #include "cli/platform/Host.h"
 
-#include <shellapi.h>
+// The second needs the first.
+// clang-format off
 #include <windows.h>
+#include <shellapi.h>
+// clang-format on
 
 #include <utility>
 
