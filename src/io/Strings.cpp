@@ -1,5 +1,7 @@
 #include "io/Strings.h"
 
+#include <algorithm>
+
 #include "io/Numbers.h"
 #include "platform/Platform.h"
 #include "platform/Utf8.h"
@@ -42,6 +44,12 @@ std::wstring ReplaceFirst(std::wstring_view format, std::wstring_view mark,
   return text;
 }
 
+// How many characters at the start of a text are ASCII.
+std::size_t AsciiLength(std::wstring_view text) {
+  const auto isOther = [](wchar_t c) { return static_cast<char32_t>(c) >= 0x80; };
+  return static_cast<std::size_t>(std::find_if(text.begin(), text.end(), isOther) - text.begin());
+}
+
 }  // namespace
 
 std::wstring FormatText(std::wstring_view format, std::wstring_view argument) {
@@ -75,12 +83,12 @@ std::wstring ToWide(std::string_view text) {
 }
 
 void AppendUtf8(std::string& out, std::wstring_view text) {
-  for (std::size_t i = 0; i < text.size(); ++i) {
+  const std::size_t start = out.size();
+  const std::size_t plain = AsciiLength(text);
+  out.resize(start + plain);
+  for (std::size_t i = 0; i < plain; ++i) out[start + i] = static_cast<char>(text[i]);
+  for (std::size_t i = plain; i < text.size(); ++i) {
     auto c = static_cast<char32_t>(text[i]);
-    if (c < 0x80) {
-      out.push_back(static_cast<char>(c));
-      continue;
-    }
     const auto next = i + 1 < text.size() ? static_cast<char32_t>(text[i + 1]) : U'\0';
     if (IsHighSurrogate(c) && IsLowSurrogate(next)) {
       c = JoinPair(c, next);
