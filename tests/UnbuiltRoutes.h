@@ -9,11 +9,9 @@ struct UnbuiltRoute {
   TypeSet from, to;
 };
 inline constexpr UnbuiltRoute kUnbuilt[] = {
-    {kDcTypes, kJobTypes},            // CConvDcFile
-    {kDcTypes, kCr5Types},            // the same
-    {kDcTypes, TypeSet::Of(FT_ILJ)},  // CConvDCtoILJ
-    {TypeSet::Of(FT_ILJ), kDcTypes},  // CConvILJtoDC
-    {kRawTypes, kSdrTypes},           // CConvRawSDRFile
+    {kDcTypes, kJobTypes},   // CConvDcFile
+    {kDcTypes, kCr5Types},   // the same
+    {kRawTypes, kSdrTypes},  // CConvRawSDRFile
 };
 
 constexpr bool IsUnbuilt(int from, int to) {
