@@ -23,6 +23,10 @@ constexpr std::uint16_t kProjectionWithoutLabel = 2063;
 constexpr wchar_t kSiteProjection = L':';
 constexpr double kSiteFalseOrigin = 100000.0;  // metres
 
+// The sine of a null latitude, taken as that many radians. Some math libraries don't reduce an
+// argument of this size, and each gives something else.
+constexpr double kSineOfNull = 0.032032490824830798;
+
 constexpr double kPoleTolerance = 1e-12;  // radians
 
 class SystemWriter {
@@ -102,7 +106,7 @@ bool SystemWriter::WriteSite() {
 // leaves the field blank, or not.
 bool SystemWriter::WriteSiteProjection() {
   const LocalSite& site = m_System.site;
-  const double sine = std::sin(site.latitude);
+  const double sine = site.latitude == DC_NULL ? kSineOfNull : std::sin(site.latitude);
   const double radius = kWgs84Axis / std::sqrt(1 - kWgs84EccentricitySquared * sine * sine);
   tDC_PROJECTIONRecord record;
   record.projectionCode = kSiteProjection;
