@@ -1,5 +1,6 @@
 #include "dc/PointNameSet.h"
 
+#include <bit>
 #include <utility>
 
 namespace zelconvert {
@@ -7,7 +8,7 @@ namespace {
 
 constexpr std::size_t kFirstSize = 64;  // a power of two, as all sizes are
 
-// The finalizer of MurmurHash3: names that differ in their last digit land far apart.
+// The finalizer of MurmurHash3.
 std::uint64_t Mix(std::uint64_t hash) {
   hash = (hash ^ (hash >> 33)) * 0xFF51AFD7ED558CCDu;
   hash = (hash ^ (hash >> 33)) * 0xC4CEB9FE1A85EC53u;
@@ -40,9 +41,19 @@ PointNameSet::Key PointNameSet::Pack(std::wstring_view name) {
   return key;
 }
 
+// Points are mostly numbered in the order of their file. So that the next name lies near the last
+// one in memory, only what stands in front of its last character is scattered.
+std::size_t PointNameSet::Home(Key key) {
+  std::uint64_t& lastHalf = key.back != 0 ? key.back : key.front;
+  const int lastShift = (63 - std::countl_zero(lastHalf)) / 8 * 8;
+  const std::uint64_t last = lastHalf >> lastShift;
+  lastHalf ^= last << lastShift;
+  return static_cast<std::size_t>(Mix(key.front ^ Mix(key.back)) + last % 16);
+}
+
 PointNameSet::Key& PointNameSet::FindSlot(const Key& key) {
   const std::size_t mask = m_Slots.size() - 1;
-  auto index = static_cast<std::size_t>(Mix(key.front ^ Mix(key.back))) & mask;
+  std::size_t index = Home(key) & mask;
   while (m_Slots[index] != Key{} && m_Slots[index] != key) index = (index + 1) & mask;
   return m_Slots[index];
 }

@@ -22,6 +22,7 @@ class PointNameSet {
     bool operator==(const Key&) const = default;
   };
   static Key Pack(std::wstring_view name);
+  static std::size_t Home(Key key);
   Key& FindSlot(const Key& key);
   void Grow();
 
