@@ -435,7 +435,7 @@ bool DcToJob::OnGridPosition(std::wstring_view line) {
   if (IsLeftBlank(m_Position.north) || IsLeftBlank(m_Position.east)) return true;
 
   TakePointName(m_Position.name);
-  m_Point.description.assign(Left(m_Position.code, kJobNameLength));
+  m_Point.description = m_Position.code;
   m_Point.north = Metres(m_bEastFirst ? m_Position.east : m_Position.north);
   m_Point.east = Metres(m_bEastFirst ? m_Position.north : m_Position.east);
   m_Point.elevation = Metres(m_Position.elevation);
@@ -455,7 +455,7 @@ void DcToJob::TakePointName(std::wstring_view name) {
 bool DcToJob::OnRoad(std::wstring_view line) {
   tDC_ROAD_HEADERRecord road;
   ReadRoadRecord(line, road);
-  const auto found = m_RoadsByName.find(Trim(road.name));
+  const auto found = m_RoadsByName.find(road.name);
   m_pRoad = found == m_RoadsByName.end() ? nullptr : found->second;
   if (m_pRoad == nullptr) return true;
   ++m_nRoadId;
