@@ -19,5 +19,12 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/zelconvertConfigVersion.c
 install(FILES ${PROJECT_BINARY_DIR}/zelconvertConfig.cmake
               ${PROJECT_BINARY_DIR}/zelconvertConfigVersion.cmake DESTINATION ${package_dir})
 
+# The package may be moved as a whole: its files find one another by relative paths.
+if(IS_ABSOLUTE "${CMAKE_INSTALL_LIBDIR}")
+  set(pc_prefix ${CMAKE_INSTALL_PREFIX})
+else()
+  file(RELATIVE_PATH up ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
+  set(pc_prefix "\${pcfiledir}/${up}")
+endif()
 configure_file(${PROJECT_SOURCE_DIR}/cmake/zelconvert.pc.in ${PROJECT_BINARY_DIR}/zelconvert.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/zelconvert.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
