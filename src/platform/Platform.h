@@ -32,7 +32,7 @@ enum class SeekFrom { Begin = 0, Current = 1, End = 2 };
 
 /// An open file, unbuffered. Deny-write holds within the process on every platform: while a file is
 /// open, a second open of it (by any path or link) fails if either may write. A file that is open
-/// can be deleted everywhere. Directories don't open.
+/// can be deleted everywhere. Directories don't open, nor devices of Windows as outputs.
 class File {
  public:
   File();

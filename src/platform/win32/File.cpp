@@ -43,6 +43,10 @@ bool File::Open(const std::wstring& path, std::uint32_t access) {
   m_pHandle->handle =
       CreateFileW(ToSystemPath(path).c_str(), Rights(access), FILE_SHARE_READ | FILE_SHARE_DELETE,
                   nullptr, Disposition(access), FILE_ATTRIBUTE_NORMAL, nullptr);
+  // AUX, COM1 and the like are devices in every folder and with every extension, and a road may
+  // well have such a name.
+  const bool isOutput = (access & kAccessCreate) != 0;
+  if (IsOpen() && isOutput && GetFileType(m_pHandle->handle) != FILE_TYPE_DISK) Close();
   return IsOpen();
 }
 
