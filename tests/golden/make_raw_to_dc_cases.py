@@ -476,6 +476,46 @@ def add_stake_out():
     ], "Stakes of points, of stations on a line and of slopes.")
 
 
+def add_stake_gps():
+    """A stored GPS point is a stake without a shot."""
+    stored = ("GS,PNg,N 4,E 5,EL6,--", [])
+    point = ("CF,PNd,EL1,GD2,--", [a0("d"), a5(NULL, NULL, 1)])
+    waits = (point[0], [])
+    slope = "SL,ST1,OD1,EL1,GD1,AS1,HH3,VH4,HC1,VC1,CF0,DS1,OB1,--s"
+    sloped = [a1("7", 1, NULL), c9("s", "1", 100), a7(2, 0, 0, 1), d3((1, 1, 1, 3, 4), 5)]
+    add("raw", "dc1070", "stake-gps", metres(3, "GPS STAKES") + [
+        ("SP,PN200,N 1,E 2,EL3,--", []),
+        (stored[0], [p69("200", 1, 2, 3, "")]),
+        point,
+        waits,
+        ("GK,PNx", point[1]),
+        stored,
+        ("CF,ST100,OD1,OL5,EL10,GD12,--x R4", []),
+        ("OE,ST1,OE0.5", []),
+        ("GK,PNx", [a1("7", 100, 5), a7(NULL, 0.5, 2)]),
+        # Still ready: nothing was written at once since the GS.
+        point,
+        stored,
+        waits,
+        ("DE,PNd", []),
+        # The name of the staked point is that of the SP, not of the GS.
+        ("SK,OP1,FPx,AR20.0000,ZE80.0000,SD5,--", [
+            shot("1", "200", 5, 80, 20, "", "3"), *point[1]]),
+        (slope, sloped),
+        (slope, []),
+        stored,
+        waits,
+        ("OE,ST1,OE1", []),
+        ("GK,PNx", point[1]),
+        ("GK,PNx", sloped),
+        ("DE,PNd", []),
+        stored,
+        (slope, []),
+        ("DE,PNd", []),
+        (slope, sloped),
+    ], "A stake behind a GS goes out at once, unless DE or OE is next; then it waits for GK or SK.")
+
+
 def add_stake_units():
     """Another unit than the first MO's."""
     foot = float(FOOT)
@@ -553,6 +593,7 @@ add_units()
 add_setups()
 add_deletions()
 add_stake_out()
+add_stake_gps()
 add_stake_units()
 add_rounds()
 add_line_ends()
