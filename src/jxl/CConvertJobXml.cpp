@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <initializer_list>
-#include <utility>
+#include <optional>
 
 #include "convert/CConvertProgress.h"
 #include "io/Numbers.h"
@@ -102,28 +102,32 @@ double DegreesFromRadians(double radians) {
 
 }  // namespace
 
-void KnownPoints::Add(Point point) {
-  const auto entry = m_index.find(point.name);
-  if (entry == m_index.end()) {
-    Point& added = m_points.emplace_back(std::move(point));
-    m_index.emplace(added.name, &added);
+void KnownPoints::Add(std::wstring_view name, std::wstring_view description,
+                      const JxlPosition& position, std::int32_t line) {
+  if (m_names.Insert(name)) {
+    m_points.push_back({Utf8(name), Utf8(description), position, line, false});
     return;
   }
-  Point& known = *entry->second;
-  known.position = point.position;
-  known.isDeleted = point.isDeleted;
-  if (point.line != kNoLine) known.line = point.line;
-  if (!point.description.empty()) known.description = std::move(point.description);
+  Point& known = *FindEntry(name);
+  known.position = position;
+  known.isDeleted = false;
+  if (line != kNoLine) known.line = line;
+  if (!description.empty()) known.description = Utf8(description);
 }
 
-const KnownPoints::Point* KnownPoints::Find(std::string_view name) const {
-  const auto entry = m_index.find(name);
-  return entry == m_index.end() || entry->second->isDeleted ? nullptr : entry->second;
+KnownPoints::Point* KnownPoints::FindEntry(std::wstring_view name) {
+  const std::optional<std::size_t> number = m_names.Find(name);
+  return number ? &m_points[*number] : nullptr;
 }
 
-void KnownPoints::Delete(std::string_view name, std::int32_t line) {
-  const auto entry = m_index.find(name);
-  if (entry != m_index.end() && entry->second->line < line) entry->second->isDeleted = true;
+const KnownPoints::Point* KnownPoints::Find(std::wstring_view name) const {
+  const std::optional<std::size_t> number = m_names.Find(name);
+  return number && !m_points[*number].isDeleted ? &m_points[*number] : nullptr;
+}
+
+void KnownPoints::Delete(std::wstring_view name, std::int32_t line) {
+  Point* point = FindEntry(name);
+  if (point != nullptr && point->line < line) point->isDeleted = true;
 }
 
 /// What is done with a record of a kind.
@@ -241,8 +245,7 @@ bool CConvertJobXml::OnHeights(std::wstring_view line) {
 bool CConvertJobXml::OnOccupy(std::wstring_view line) {
   POINT_RECORD point;
   if (!CRawFile::ParseOC(line, point)) return false;
-  m_occupied = {Utf8(point.name), Utf8(point.note), ToMetres(point), KnownPoints::kNoLine, false};
-  m_occupiedPending = true;
+  m_occupied = {true, std::wstring(point.name), std::wstring(point.note), ToMetres(point)};
   return true;
 }
 
@@ -251,7 +254,7 @@ bool CConvertJobXml::OnStoredPoint(std::wstring_view line) {
   if (!CRawFile::ParseSP(line, point)) return false;
   const JxlPosition position = ToMetres(point);
   m_lastPointRecord = m_pJxlFile->AddCoordinates(point.name, point.note, position);
-  m_points.Add({Utf8(point.name), Utf8(point.note), position, m_line, false});
+  m_points.Add(point.name, point.note, position, m_line);
   return true;
 }
 
@@ -261,9 +264,10 @@ bool CConvertJobXml::OnBacksight(std::wstring_view line) {
   m_backAzimuth = ToRadians(backsight.azimuth);
   m_backCircle = ToRadians(backsight.circle);
   AddBacksight(backsight);
-  if (m_occupiedPending) {
-    m_points.Add(std::move(m_occupied));
-    m_occupiedPending = false;
+  if (m_occupied.isPending) {
+    m_points.Add(m_occupied.name, m_occupied.description, m_occupied.position,
+                 KnownPoints::kNoLine);
+    m_occupied.isPending = false;
   }
   return true;
 }
@@ -297,7 +301,7 @@ bool CConvertJobXml::OnShot(std::wstring_view line) {
       shot.verticalKind != VerticalKind::Zenith) {
     return false;
   }
-  const KnownPoints::Point* station = m_points.Find(Utf8(shot.station));
+  const KnownPoints::Point* station = m_points.Find(shot.station);
   if (station == nullptr) return false;
   m_shot.name = Left(shot.foresight, kNameLength);
   m_shot.description = shot.note;
@@ -330,7 +334,7 @@ void CConvertJobXml::FlushPendingShot() {
   m_shot.isPending = false;
   m_lastPointRecord = m_pJxlFile->AddDirectReading(m_shot.name, m_shot.description, m_shot.readings,
                                                    m_shot.setup, m_shot.position);
-  m_points.Add({Utf8(m_shot.name), Utf8(m_shot.description), m_shot.position, m_shot.line, false});
+  m_points.Add(m_shot.name, m_shot.description, m_shot.position, m_shot.line);
 }
 
 bool CConvertJobXml::OnComment(std::wstring_view line) {
@@ -342,7 +346,7 @@ bool CConvertJobXml::OnDelete(std::wstring_view line) {
   NAME_RECORD point;
   if (!CRawFile::ParseDP(line, point)) return false;
   m_pJxlFile->DeletePoint(point.name);
-  m_points.Delete(Utf8(point.name), m_line);
+  m_points.Delete(point.name, m_line);
   return true;
 }
 

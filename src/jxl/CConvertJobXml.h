@@ -6,12 +6,12 @@
 #include <deque>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 
 #include "convert/ConversionBase.h"
 #include "io/Units.h"
 #include "jxl/CJxlFile.h"
 #include "raw/CRawFile.h"
+#include "raw/NameSet.h"
 
 namespace zelconvert {
 
@@ -22,7 +22,7 @@ class KnownPoints {
   static constexpr std::int32_t kNoLine = -1;
 
   struct Point {
-    std::string name;  // texts in UTF-8
+    std::string name;  // texts in UTF-8, which is the document's
     std::string description;
     JxlPosition position;
     std::int32_t line = kNoLine;  ///< the line that made it, or kNoLine
@@ -30,20 +30,23 @@ class KnownPoints {
   };
 
   /// An empty description and a line of kNoLine leave those of an earlier point of the name.
-  void Add(Point point);
+  void Add(std::wstring_view name, std::wstring_view description, const JxlPosition& position,
+           std::int32_t line);
   /// The live point of the name, or null.
-  const Point* Find(std::string_view name) const;
+  const Point* Find(std::wstring_view name) const;
   /// A live point of the name is there.
-  bool PointExists(std::string_view name) const { return Find(name) != nullptr; }
+  bool PointExists(std::wstring_view name) const { return Find(name) != nullptr; }
   /// Marks the point of the name if a line before `line` made it.
-  void Delete(std::string_view name, std::int32_t line);
+  void Delete(std::wstring_view name, std::int32_t line);
 
   auto begin() const { return m_points.begin(); }
   auto end() const { return m_points.end(); }
 
  private:
-  std::deque<Point> m_points;
-  std::unordered_map<std::string_view, Point*> m_index;
+  Point* FindEntry(std::wstring_view name);
+
+  NameSet m_names;
+  std::deque<Point> m_points;  // by the numbers of their names
 };
 
 class CConvertJobXml {
@@ -68,6 +71,14 @@ class CConvertJobXml {
     JxlReadings readings;
     JxlSetup setup;
     std::int32_t line = 0;
+  };
+
+  /// An occupied point that waits for its backsight.
+  struct PendingOccupy {
+    bool isPending = false;
+    std::wstring name;
+    std::wstring description;
+    JxlPosition position;
   };
 
   std::wstring FindVersion(CRawFile& rawFile) const;
@@ -113,8 +124,7 @@ class CConvertJobXml {
 
   KnownPoints m_points;
   PendingShot m_shot;
-  KnownPoints::Point m_occupied;
-  bool m_occupiedPending = false;
+  PendingOccupy m_occupied;
   JxlSetup m_setup;
   std::uint32_t m_camera = 0;
   std::uint32_t m_lastPointRecord = 0;

@@ -9,8 +9,6 @@
 namespace zelconvert {
 namespace {
 
-constexpr std::uint32_t kNoLink = 0xFFFFFFFF;
-
 // Decimals of the numbers in the document.
 constexpr int kAngleDecimals = 6;
 constexpr int kHeightDecimals = 3;
@@ -23,54 +21,53 @@ constexpr int kCameraDecimals = 6;
 /// converted from gons or from minutes and seconds come within a billionth of the limit.
 constexpr double kFirstFaceLimit = 180.0 + 1e-9;
 
-/// A child that says the same in every document.
-struct FixedChild {
-  const char* name;
-  const char* text;
-};
+// Children that say the same in every document.
+constexpr XmlFixedChild kUnitsAfterAngle[] = {{"LatitudeLongitudeUnits", "DMSDegrees"},
+                                              {"CoordinateOrder", "North-East-Elevation"},
+                                              {"TemperatureUnits", ""},
+                                              {"PressureUnits", ""},
+                                              {"GradeUnits", "Percentage"},
+                                              {"AreaUnits", ""}};
+constexpr XmlFixedChild kCorrections[] = {{"SouthAzimuth", "false"},
+                                          {"GridOrientation", "IncreasingNorthEast"},
+                                          {"MagneticDeclination", "0"},
+                                          {"Distances", "GroundDistance"}};
+constexpr XmlFixedChild kNeighbourhood[] = {{"Applied", "false"}, {"WeightExponent", "0.5"}};
+constexpr XmlFixedChild kNames[] = {{"SystemName", ""}, {"ZoneName", ""}, {"DatumName", ""}};
+constexpr XmlFixedChild kCircleRest[] = {{"HorizontalCircleStandardError", ""},
+                                         {"VerticalCircleStandardError", ""},
+                                         {"EDMDistanceStandardError", ""},
+                                         {"EDMMeasurementMode", ""}};  // of a reading alone
+constexpr XmlFixedChild kAtmosphere[] = {{"Pressure", ""}, {"Temperature", ""}};
+constexpr XmlFixedChild kStationAfterHeight[] = {{"InstrumentID", ""},
+                                                 {"AtmosphereID", ""},
+                                                 {"NumberOfBacksightMeasurements", ""},
+                                                 {"NumberOfBacksightPoints", ""},
+                                                 {"ScaleFactor", ""},
+                                                 {"ScaleType", "Fixed"},
+                                                 {"ScaleFactorStandardError", ""},
+                                                 {"StationType", "StationSetup"}};
+constexpr XmlFixedChild kPrism[] = {{"PrismType", ""}, {"PrismConstant", ""}};
 
-template <std::size_t N>
-void AddFixed(CXmlElement parent, const FixedChild (&children)[N]) {
-  for (const FixedChild& child : children) {
-    parent.AddChild(child.name, XmlText::Literal(child.text));
-  }
-}
-
-constexpr FixedChild kUnitsAfterAngle[] = {{"LatitudeLongitudeUnits", "DMSDegrees"},
-                                           {"CoordinateOrder", "North-East-Elevation"},
-                                           {"TemperatureUnits", ""},
-                                           {"PressureUnits", ""},
-                                           {"GradeUnits", "Percentage"},
-                                           {"AreaUnits", ""}};
-constexpr FixedChild kCorrections[] = {{"SouthAzimuth", "false"},
-                                       {"GridOrientation", "IncreasingNorthEast"},
-                                       {"MagneticDeclination", "0"},
-                                       {"Distances", "GroundDistance"}};
-constexpr FixedChild kNeighbourhood[] = {{"Applied", "false"}, {"WeightExponent", "0.5"}};
-constexpr FixedChild kNames[] = {{"SystemName", ""}, {"ZoneName", ""}, {"DatumName", ""}};
-constexpr FixedChild kCircleErrors[] = {{"HorizontalCircleStandardError", ""},
-                                        {"VerticalCircleStandardError", ""},
-                                        {"EDMDistanceStandardError", ""}};
-constexpr FixedChild kAtmosphere[] = {{"Pressure", ""}, {"Temperature", ""}};
-constexpr FixedChild kStationAfterHeight[] = {{"InstrumentID", ""},
-                                              {"AtmosphereID", ""},
-                                              {"NumberOfBacksightMeasurements", ""},
-                                              {"NumberOfBacksightPoints", ""},
-                                              {"ScaleFactor", ""},
-                                              {"ScaleType", "Fixed"},
-                                              {"ScaleFactorStandardError", ""},
-                                              {"StationType", "StationSetup"}};
-constexpr FixedChild kPrism[] = {{"PrismType", ""}, {"PrismConstant", ""}};
-
-constexpr FixedChild kEllipsoid[] = {{"EarthRadius", ""}, {"Flattening", ""}};
-constexpr FixedChild kProjection[] = {
+constexpr XmlFixedChild kEllipsoid[] = {{"EarthRadius", ""}, {"Flattening", ""}};
+constexpr XmlFixedChild kProjection[] = {
     {"Type", ""}, {"Scale", ""}, {"SouthAzimuth", ""}, {"GridOrientation", ""}};
-constexpr FixedChild kLocalSite[] = {{"Type", ""},
-                                     {"ProjectLocationLatitude", ""},
-                                     {"ProjectLocationLongitude", ""},
-                                     {"ProjectLocationHeight", ""}};
-constexpr FixedChild kType[] = {{"Type", ""}};
-constexpr FixedChild kLocation[] = {{"Latitude", ""}, {"Longitude", ""}, {"Height", ""}};
+constexpr XmlFixedChild kLocalSite[] = {{"Type", ""},
+                                        {"ProjectLocationLatitude", ""},
+                                        {"ProjectLocationLongitude", ""},
+                                        {"ProjectLocationHeight", ""}};
+constexpr XmlFixedChild kType[] = {{"Type", ""}};
+constexpr XmlFixedChild kLocation[] = {{"Latitude", ""}, {"Longitude", ""}, {"Height", ""}};
+
+// The forms of a point record.
+constexpr XmlFixedChild kDirectReading[] = {
+    {"Method", "DirectReading"}, {"SurveyMethod", "Fix"}, {"Classification", "Normal"}};
+constexpr XmlFixedChild kCoordinates[] = {
+    {"Method", "Coordinates"}, {"SurveyMethod", "KeyedIn"}, {"Classification", "Normal"}};
+constexpr XmlFixedChild kAzimuthOnly[] = {
+    {"Method", "AzimuthOnly"}, {"SurveyMethod", "KeyedIn"}, {"Classification", "Normal"}};
+constexpr XmlFixedChild kAngleOnly[] = {
+    {"Method", "AngleOnly"}, {"SurveyMethod", "Fix"}, {"Classification", "BackSight"}};
 
 struct DistanceWords {
   const char* unit;
@@ -106,13 +103,6 @@ std::wstring FormatTimeStamp(const platform::LocalTime& time) {
 
 }  // namespace
 
-/// What the forms of a point record differ in.
-struct CJxlFile::PointForm {
-  const char* method;
-  const char* surveyMethod;
-  const char* classification;
-};
-
 bool JxlReadings::AreUsable() const {
   return !IsNull(horizontal) && !IsNull(vertical) && !IsNull(distance);
 }
@@ -128,8 +118,8 @@ bool CJxlFile::Create(const std::wstring& path) {
 
 void CJxlFile::BeginDocument(std::wstring_view jobName, std::wstring_view productVersion,
                              const platform::LocalTime& time) {
-  m_live.clear();
-  m_chain.clear();
+  m_records.clear();
+  m_lastIndexed = {};
   m_tree = std::make_unique<CXmlTree>("JOBFile");
   m_root = m_tree->Root();
   m_root.AddAttribute("jobName", jobName);
@@ -201,7 +191,7 @@ void CJxlFile::AddUnits(CXmlElement parent, const JxlUnits& units, bool withAzim
   parent.AddChild("HeightUnits", XmlText::Literal(words.unit));
   parent.AddChild("AngleUnits", XmlText::Literal(WordFor(kAngleWords, units.angle, "")));
   if (withAzimuthFormat) parent.AddChild("AzimuthFormat", "Azimuth");
-  AddFixed(parent, kUnitsAfterAngle);
+  parent.AddFixedChildren(kUnitsAfterAngle);
   parent.AddChild("StationingFormat", XmlText::Literal(words.stationing));
 }
 
@@ -222,68 +212,68 @@ std::uint32_t CJxlFile::AddCorrectionsRecord() {
   if (!m_fieldBook) return 0;
   std::uint32_t id = 0;
   CXmlElement record = AddRecord("CorrectionsRecord", id);
-  AddFixed(record, kCorrections);
-  AddFixed(record.AddChild("NeighbourhoodAdjustment"), kNeighbourhood);
+  record.AddFixedChildren(kCorrections);
+  record.AddChild("NeighbourhoodAdjustment").AddFixedChildren(kNeighbourhood);
   return id;
 }
 
 std::uint32_t CJxlFile::AddCoordinateSystemRecord() {
   if (!m_fieldBook) return 0;
   std::uint32_t id = 0;
-  AddFixed(AddRecord("CoordinateSystemRecord", id), kNames);
+  AddRecord("CoordinateSystemRecord", id).AddFixedChildren(kNames);
   return id;
 }
 
 CXmlElement CJxlFile::AddPointRecord(const XmlText& name, const XmlText& code,
                                      const PointForm& form, std::uint32_t& id) {
   CXmlElement record = AddRecord("PointRecord", id);
-  const CXmlElement nameElement = record.AddChild("Name", name);
+  record.AddChild("Name", name);
   record.AddChild("Code", code);
-  record.AddChild("Method", XmlText::Literal(form.method));
-  record.AddChild("SurveyMethod", XmlText::Literal(form.surveyMethod));
-  record.AddChild("Classification", XmlText::Literal(form.classification));
-  const CXmlElement deleted = record.AddChild("Deleted", "false");
-
-  const auto link = static_cast<std::uint32_t>(m_chain.size());
-  m_chain.push_back({deleted.Index(), kNoLink});
-  const auto [entry, isNew] = m_live.try_emplace(nameElement.Text(), LiveRecords{link, link});
-  if (!isNew) {
-    if (entry->second.first == kNoLink) {
-      entry->second.first = link;
-    } else {
-      m_chain[entry->second.last].next = link;
-    }
-    entry->second.last = link;
-  }
+  record.AddFixedChildren(form);
+  record.AddChild("Deleted", "false");
   return record;
 }
 
-void CJxlFile::DeletePoint(std::wstring_view name) {
-  if (!m_tree) return;
-  std::string utf8;
-  AppendUtf8(utf8, name);
-  const auto entry = m_live.find(utf8);
-  if (entry == m_live.end() || entry->second.first == kNoLink) return;
-  const Link& link = m_chain[entry->second.first];
-  m_tree->Element(link.deletedElement).SetText("true");
-  entry->second.first = link.next;
+/// Adds what has come since the last call.
+void CJxlFile::IndexPointRecords() {
+  CXmlElement record = m_lastIndexed ? m_lastIndexed.NextSibling() : m_fieldBook.FirstChild();
+  for (; record; record = record.NextSibling()) {
+    m_lastIndexed = record;
+    if (record.Name() != "PointRecord") continue;
+    const CXmlElement name = record.FirstChild();
+    CXmlElement deleted = name;
+    while (deleted.Name() != "Deleted") deleted = deleted.NextSibling();
+    m_records[name.Text()].deletedElements.push_back(deleted.Index());
+  }
 }
 
-CXmlElement CJxlFile::AddCircle(CXmlElement record, const JxlReadings& readings, const char* face) {
+void CJxlFile::DeletePoint(std::wstring_view name) {
+  if (!m_fieldBook) return;
+  IndexPointRecords();
+  std::string utf8;
+  AppendUtf8(utf8, name);
+  const auto entry = m_records.find(utf8);
+  if (entry == m_records.end()) return;
+  NamedRecords& records = entry->second;
+  if (records.deletedCount == records.deletedElements.size()) return;
+  m_tree->Element(records.deletedElements[records.deletedCount++]).SetText("true");
+}
+
+void CJxlFile::AddCircle(CXmlElement record, const JxlReadings& readings, const char* face,
+                         std::span<const XmlFixedChild> rest) {
   CXmlElement circle = record.AddChild("Circle");
   AddNumber(circle, "HorizontalCircle", readings.horizontal, kAngleDecimals);
   AddNumber(circle, "VerticalCircle", readings.vertical, kAngleDecimals);
   AddNumber(circle, "EDMDistance", readings.distance, kDistanceDecimals);
   circle.AddChild("Face", XmlText::Literal(face));
-  AddFixed(circle, kCircleErrors);
-  return circle;
+  circle.AddFixedChildren(rest);
 }
 
 void CJxlFile::AddSetup(CXmlElement record, const JxlSetup& setup) {
   AddId(record, "StationID", setup.station);
   AddId(record, "BackBearingID", setup.backBearing);
   AddId(record, "TargetID", setup.target);
-  AddFixed(record, kAtmosphere);
+  record.AddFixedChildren(kAtmosphere);
 }
 
 std::uint32_t CJxlFile::AddDirectReading(const XmlText& name, const XmlText& code,
@@ -291,10 +281,10 @@ std::uint32_t CJxlFile::AddDirectReading(const XmlText& name, const XmlText& cod
                                          const JxlPosition& grid) {
   if (!m_fieldBook) return 0;
   std::uint32_t id = 0;
-  CXmlElement record = AddPointRecord(name, code, {"DirectReading", "Fix", "Normal"}, id);
+  CXmlElement record = AddPointRecord(name, code, kDirectReading, id);
   const bool usable = readings.AreUsable();
   const char* face = !usable ? "" : readings.vertical <= kFirstFaceLimit ? "Face1" : "Face2";
-  AddCircle(record, usable ? readings : JxlReadings{}, face).AddChild("EDMMeasurementMode", "");
+  AddCircle(record, usable ? readings : JxlReadings{}, face, kCircleRest);
   AddSetup(record, setup);
   AddGrid(record, "ComputedGrid", grid);
   return id;
@@ -304,7 +294,7 @@ std::uint32_t CJxlFile::AddCoordinates(const XmlText& name, const XmlText& code,
                                        const JxlPosition& grid) {
   if (!m_fieldBook) return 0;
   std::uint32_t id = 0;
-  AddGrid(AddPointRecord(name, code, {"Coordinates", "KeyedIn", "Normal"}, id), "Grid", grid);
+  AddGrid(AddPointRecord(name, code, kCoordinates, id), "Grid", grid);
   return id;
 }
 
@@ -312,7 +302,7 @@ std::uint32_t CJxlFile::AddAzimuthOnly(const XmlText& name, const XmlText& sourc
                                        double azimuth) {
   if (!m_fieldBook) return 0;
   std::uint32_t id = 0;
-  CXmlElement record = AddPointRecord(name, {}, {"AzimuthOnly", "KeyedIn", "Normal"}, id);
+  CXmlElement record = AddPointRecord(name, {}, kAzimuthOnly, id);
   record.AddChild("SourcePoint", sourcePoint);
   AddNumber(record, "Azimuth", azimuth, kAngleDecimals);
   record.AddChild("AzimuthType", "Grid");
@@ -323,9 +313,9 @@ std::uint32_t CJxlFile::AddAngleOnly(const XmlText& name, double horizontalCircl
                                      const JxlSetup& setup, const JxlPosition& grid) {
   if (!m_fieldBook) return 0;
   std::uint32_t id = 0;
-  CXmlElement record = AddPointRecord(name, {}, {"AngleOnly", "Fix", "BackSight"}, id);
+  CXmlElement record = AddPointRecord(name, {}, kAngleOnly, id);
   // The form has a level line of sight in face one, whatever the shot was.
-  AddCircle(record, {horizontalCircle, 90.0, DC_NULL}, "Face1");
+  AddCircle(record, {horizontalCircle, 90.0, DC_NULL}, "Face1", std::span(kCircleRest).first(3));
   AddSetup(record, setup);
   if (grid.IsWhole()) AddGrid(record, "ComputedGrid", grid);
   return id;
@@ -337,7 +327,7 @@ std::uint32_t CJxlFile::AddStationRecord(const XmlText& name, double instrumentH
   CXmlElement record = AddRecord("StationRecord", id);
   record.AddChild("StationName", name);
   AddHeight(record, "TheodoliteHeight", "RawTheodoliteHeight", instrumentHeight);
-  AddFixed(record, kStationAfterHeight);
+  record.AddFixedChildren(kStationAfterHeight);
   return id;
 }
 
@@ -361,7 +351,7 @@ std::uint32_t CJxlFile::AddTargetRecord(double targetHeight) {
   if (!m_fieldBook) return 0;
   std::uint32_t id = 0;
   CXmlElement record = AddRecord("TargetRecord", id);
-  AddFixed(record, kPrism);
+  record.AddFixedChildren(kPrism);
   AddHeight(record, "TargetHeight", "RawTargetHeight", targetHeight);
   return id;
 }
@@ -453,15 +443,15 @@ std::uint32_t CJxlFile::AddPoint(const XmlText& name, const XmlText& code,
 std::uint32_t CJxlFile::AddCoordinateSystem() {
   if (!m_environment) return 0;
   CXmlElement system = m_environment.AddChild("CoordinateSystem");
-  AddFixed(system, kNames);
-  AddFixed(system.AddChild("Ellipsoid"), kEllipsoid);
-  AddFixed(system.AddChild("Projection"), kProjection);
-  AddFixed(system.AddChild("LocalSite"), kLocalSite);
+  system.AddFixedChildren(kNames);
+  system.AddChild("Ellipsoid").AddFixedChildren(kEllipsoid);
+  system.AddChild("Projection").AddFixedChildren(kProjection);
+  system.AddChild("LocalSite").AddFixedChildren(kLocalSite);
   for (const char* name : {"Datum", "HorizontalAdjustment", "VerticalAdjustment"}) {
-    AddFixed(system.AddChild(name), kType);
+    system.AddChild(name).AddFixedChildren(kType);
   }
   CXmlElement factor = system.AddChild("CombinedScaleFactor");
-  AddFixed(factor.AddChild("Location"), kLocation);
+  factor.AddChild("Location").AddFixedChildren(kLocation);
   factor.AddChild("Scale", "1.000000000");
   return NextId();
 }

@@ -4,8 +4,10 @@
 // Lengths are metres. Angles are decimal degrees. DC_NULL in any number gives an empty element.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -122,12 +124,14 @@ class CJxlFile : public CFileCE {
   static std::wstring FormatId(std::uint32_t id);
 
  private:
-  struct PointForm;
+  using PointForm = XmlFixedChild[3];
 
   CXmlElement AddRecord(const char* name, std::uint32_t& id);
   CXmlElement AddPointRecord(const XmlText& name, const XmlText& code, const PointForm& form,
                              std::uint32_t& id);
-  CXmlElement AddCircle(CXmlElement record, const JxlReadings& readings, const char* face);
+  void AddCircle(CXmlElement record, const JxlReadings& readings, const char* face,
+                 std::span<const XmlFixedChild> rest);
+  void IndexPointRecords();
   void AddSetup(CXmlElement record, const JxlSetup& setup);
   void AddGrid(CXmlElement parent, const char* name, const JxlPosition& grid);
   void AddId(CXmlElement parent, const char* name, std::uint32_t id);
@@ -136,14 +140,10 @@ class CJxlFile : public CFileCE {
   void AddHeight(CXmlElement record, const char* name, const char* rawName, double height);
   void AddUnits(CXmlElement parent, const JxlUnits& units, bool withAzimuthFormat);
 
-  // The point records of one name that aren't deleted, first to last, as a chain through m_chain.
-  struct LiveRecords {
-    std::uint32_t first;
-    std::uint32_t last;
-  };
-  struct Link {
-    std::uint32_t deletedElement;
-    std::uint32_t next;
+  /// The elements "Deleted" of the point records of a name, and how many say "true".
+  struct NamedRecords {
+    std::vector<std::uint32_t> deletedElements;
+    std::size_t deletedCount = 0;
   };
 
   std::unique_ptr<CXmlTree> m_tree;
@@ -153,8 +153,11 @@ class CJxlFile : public CFileCE {
   CXmlElement m_environment;
   std::uint32_t m_nextId = 0;
   bool m_bNative;
-  std::unordered_map<std::string_view, LiveRecords> m_live;  // names live in the tree
-  std::vector<Link> m_chain;
+
+  // For deletions: the point records of each name, which lives in the tree, up to m_lastIndexed.
+  // Most logs never need it.
+  std::unordered_map<std::string_view, NamedRecords> m_records;
+  CXmlElement m_lastIndexed;
   std::wstring m_number;  // reused
 };
 

@@ -68,7 +68,7 @@ void AppendEscapedText(std::string& out, std::string_view text) {
 }
 
 CXmlTree::CXmlTree(const char* rootName) : m_texts(kBlock) {
-  m_nodes.push_back(Node{rootName});
+  m_nodes.push_back(Node(rootName));
 }
 
 const char* CXmlTree::Keep(const XmlText& text) {
@@ -85,11 +85,9 @@ const char* CXmlTree::Keep(const XmlText& text) {
   return kept;
 }
 
-std::uint32_t CXmlTree::Append(std::uint32_t parent, const char* name, bool bNewLine,
-                               const char* text) {
+std::uint32_t CXmlTree::Append(std::uint32_t parent, const Node& node) {
   const auto index = static_cast<std::uint32_t>(m_nodes.size());
-  Node& node = m_nodes.emplace_back(Node{name, text});
-  node.m_bNewLine = bNewLine ? 1 : 0;
+  m_nodes.push_back(node);
   Node& above = m_nodes[parent];
   if (above.m_lastChild == kNone) {
     above.m_firstChild = index;
@@ -110,19 +108,39 @@ void CXmlElement::AddAttribute(const char* name, XmlText value) {
 }
 
 CXmlElement CXmlElement::AddSpacedChild(const char* name) {
-  return {m_tree, m_tree->Append(m_index, name, true, "")};
+  CXmlTree::Node node(name);
+  node.m_bNewLine = 1;
+  return {m_tree, m_tree->Append(m_index, node)};
 }
 
 CXmlElement CXmlElement::AddChild(const char* name, XmlText text) {
-  return {m_tree, m_tree->Append(m_index, name, false, m_tree->Keep(text))};
+  return {m_tree, m_tree->Append(m_index, CXmlTree::Node(name, m_tree->Keep(text)))};
+}
+
+void CXmlElement::AddFixedChildren(std::span<const XmlFixedChild> children) {
+  m_tree->Append(m_index, CXmlTree::Node(children));
 }
 
 void CXmlElement::SetText(XmlText text) {
   m_tree->m_nodes[m_index].m_text = m_tree->Keep(text);
 }
 
+std::string_view CXmlElement::Name() const {
+  const char* name = m_tree->m_nodes[m_index].m_name;
+  return name == nullptr ? std::string_view() : name;
+}
+
 std::string_view CXmlElement::Text() const {
-  return m_tree->m_nodes[m_index].m_text;
+  return Name().empty() ? std::string_view() : m_tree->m_nodes[m_index].m_text;
+}
+
+CXmlElement CXmlElement::FirstChild() const {
+  if (Name().empty()) return {};
+  return m_tree->ElementOrNone(m_tree->m_nodes[m_index].m_firstChild);
+}
+
+CXmlElement CXmlElement::NextSibling() const {
+  return m_tree->ElementOrNone(m_tree->m_nodes[m_index].m_nextSibling);
 }
 
 bool CXmlElement::Write(CFileCE& file, int depth) const {
@@ -133,10 +151,31 @@ bool CXmlElement::Write(CFileCE& file, int depth) const {
   return file.Write(out.data(), out.size()) && ok;
 }
 
+namespace {
+
+void AppendFixedChild(std::string& out, const XmlFixedChild& child, std::size_t indent) {
+  out.append(indent, ' ').append("<").append(child.name);
+  if (*child.text == '\0') {
+    out += "/>\r\n";
+    return;
+  }
+  out += '>';
+  AppendEscapedText(out, child.text);
+  out.append("</").append(child.name).append(">\r\n");
+}
+
+}  // namespace
+
 void CXmlTree::AppendTo(std::string& out, std::uint32_t index, int depth, CFileCE& file,
                         bool& ok) const {
   const Node& node = m_nodes[index];
   const std::size_t indent = kIndent * static_cast<std::size_t>(depth);
+  if (node.m_name == nullptr) {
+    for (const XmlFixedChild& child : std::span(node.m_fixedChildren, node.m_fixedCount)) {
+      AppendFixedChild(out, child, indent);
+    }
+    return;
+  }
   const bool hasText = *node.m_text != '\0';
   const bool hasChildren = node.m_firstChild != kNone;
 

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <deque>
 #include <memory_resource>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -40,6 +41,12 @@ class XmlText {
   std::string_view m_utf8;
 };
 
+/// A child that says the same in every document. Both are literals.
+struct XmlFixedChild {
+  const char* name;
+  const char* text;
+};
+
 /// One element of a tree; valid as long as the tree. A default-made handle is none and is false.
 class CXmlElement {
  public:
@@ -52,12 +59,18 @@ class CXmlElement {
   void AddAttribute(const char* name, XmlText value);
   /// A new last child.
   CXmlElement AddChild(const char* name, XmlText text = {});
+  /// New last children from a table that outlives the tree: all of them take the room of one.
+  void AddFixedChildren(std::span<const XmlFixedChild> children);
   /// A new last child that is written after an empty line.
   CXmlElement AddSpacedChild(const char* name);
   /// Replaces the text.
   void SetText(XmlText text);
-  /// The text as UTF-8, alive as long as the tree.
+  /// As UTF-8, alive as long as the tree.
+  std::string_view Name() const;
   std::string_view Text() const;
+  /// None behind the last one. Children from a table count as one that has no name.
+  CXmlElement FirstChild() const;
+  CXmlElement NextSibling() const;
   /// What CXmlTree::Element takes: a handle in four bytes.
   std::uint32_t Index() const { return m_index; }
   /// Writes the element and what is beneath it as lines, indented by four blanks for each step of
@@ -86,9 +99,22 @@ class CXmlTree {
   static constexpr std::uint32_t kNone = 0xFFFFFFFF;
 
   struct Node {
-    const char* m_name;
-    const char* m_text = "";  ///< UTF-8, not escaped
-    std::uint32_t m_firstChild = kNone;
+    explicit Node(const char* name, const char* text = "")
+        : m_name(name), m_text(text), m_firstChild(kNone) {}
+    explicit Node(std::span<const XmlFixedChild> children)
+        : m_name(nullptr),
+          m_fixedChildren(children.data()),
+          m_fixedCount(static_cast<std::uint32_t>(children.size())) {}
+
+    const char* m_name;  ///< null: the node stands for a table of children
+    union {
+      const char* m_text;  ///< UTF-8, not escaped
+      const XmlFixedChild* m_fixedChildren;
+    };
+    union {
+      std::uint32_t m_firstChild;
+      std::uint32_t m_fixedCount;
+    };
     std::uint32_t m_lastChild = kNone;
     std::uint32_t m_nextSibling = kNone;
     std::uint32_t m_firstAttribute : 28 = 0;
@@ -100,7 +126,10 @@ class CXmlTree {
     const char* value;
   };
   const char* Keep(const XmlText& text);
-  std::uint32_t Append(std::uint32_t parent, const char* name, bool bNewLine, const char* text);
+  CXmlElement ElementOrNone(std::uint32_t index) {
+    return index == kNone ? CXmlElement() : Element(index);
+  }
+  std::uint32_t Append(std::uint32_t parent, const Node& node);
   void AppendTo(std::string& out, std::uint32_t index, int depth, CFileCE& file, bool& ok) const;
 
   std::deque<Node> m_nodes;
