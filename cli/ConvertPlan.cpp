@@ -4,11 +4,9 @@
 #include <filesystem>
 #include <iterator>
 #include <string_view>
-#include <system_error>
-#include <vector>
 
+#include "cli/FileChecks.h"
 #include "cli/Host.h"
-#include "cli/StagingFolder.h"
 #include "cli/platform/Host.h"
 
 namespace zelconvert::cli {
@@ -32,24 +30,12 @@ const Pair* FindPair(FileType type) {
   return pair == std::end(kPairs) ? nullptr : pair;
 }
 
-fs::path Absolute(const std::string& argument) {
-  return fs::absolute(platform::ToPath(argument));
-}
-
 std::string LowerExtension(const fs::path& path) {
   std::string text = ToText(path.extension());
   std::transform(text.begin(), text.end(), text.begin(), [](char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
   });
   return text;
-}
-
-void CheckReadable(const fs::path& path) {
-  std::error_code ignored;
-  const fs::file_status status = fs::status(path, ignored);
-  if (!fs::exists(status)) throw HostFailure(kNoInput, ToText(path) + " does not exist");
-  if (!fs::is_regular_file(status)) throw HostFailure(kNoInput, ToText(path) + " is not a file");
-  if (!platform::IsReadable(path)) throw HostFailure(kNoInput, ToText(path) + " can't be read");
 }
 
 const TypeInfo& TypeOfInput(const std::string& asked, const fs::path& input) {
@@ -91,24 +77,6 @@ void CheckRoute(const TypeInfo& from, const TypeInfo& to) {
 fs::path FileRead(FileType from, const fs::path& input) {
   const Pair* pair = FindPair(from);
   return pair == nullptr ? input : fs::path(input).replace_extension(pair->log);
-}
-
-void CheckOutput(const fs::path& output, bool force) {
-  std::error_code ignored;
-  if (!output.has_filename() || fs::is_directory(output, ignored)) {
-    throw HostFailure(kNoOutput, ToText(output) + " is a folder");
-  }
-  if (!fs::is_directory(output.parent_path(), ignored)) {
-    throw HostFailure(kNoOutput, "the folder " + ToText(output.parent_path()) + " does not exist");
-  }
-  CheckReplaceable(output, force);
-}
-
-void CheckDistinct(const fs::path& output, const fs::path& input) {
-  std::error_code ignored;
-  if (output == input || fs::equivalent(output, input, ignored)) {
-    throw HostFailure(kWrongUsage, "the output " + ToText(output) + " is an input");
-  }
 }
 
 // The library tells the brand of jobs and logs by the extension as it is spelled.

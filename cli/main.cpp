@@ -65,6 +65,8 @@ int Run(std::vector<std::string> arguments) {
   AddConvertCommand(app, exitCode);
   AddDetectCommand(app, exitCode);
   AddTypesCommand(app, exitCode);
+  AddImportCr5Command(app);
+  AddMergeCommand(app);
   AddHelpCommand(app);
 
   if (!arguments.empty() && !arguments.front().starts_with('-') &&

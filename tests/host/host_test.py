@@ -32,6 +32,8 @@ INPUTS = {
     "s.sdr": "mill-creek.sdr",
     "plain.txt": "ridge-control.dc",
     "there.dc": "grenze.ilj",
+    "list.cr5": "../tests/golden/job-to-cr5/boundary/out.cr5",
+    "one.job": "../tests/golden/job-to-cr5/larger-blocks/in.job",
     "dr\u00fcben.job": "boundary.job",
 }
 
@@ -77,6 +79,24 @@ CASES = [
     ("convert a.job sub --to dc", 4, [], ["is a folder"]),
     ("convert a.job sub --to dc --force", 4, [], ["is a folder"]),
     ("convert a.job absent/out.dc", 4, [], ["absent", "does not exist"]),
+    # what the library's functions don't offer
+    ("import-cr5 list.cr5 out.job --units usft", 0, ["out.job"], ["out.job"]),
+    ("import-cr5 list.cr5 out.PWJ", 0, ["out.PWJ"], []),
+    ("import-cr5 list.cr5 out.x --to oldjob", 0, ["out.x"], []),
+    ("import-cr5 c.dc out.job", 0, ["out.job"], ["doesn't begin as a CR5 file"]),
+    ("import-cr5 list.cr5 out.x", 2, [], ["--to"]),
+    ("import-cr5 list.cr5 list.cr5 --to job --force", 2, [], ["is an input"]),
+    ("import-cr5 list.cr5 out.job --units yards", 2, [], ["yards"]),
+    ("import-cr5 absent.cr5 out.job", 3, [], ["does not exist"]),
+    ("import-cr5 list.cr5 a.job", 4, [], ["a.job", "--force"]),
+    ("help import-cr5", 0, [], ["Carried over", "Not in a coordinate list"]),
+    ("merge a.job names.job out.job", 0, ["out.job"], ["45 points of the second job"]),
+    ("merge a.job b.pwj out.pwj", 0, ["out.pwj"], ["60 points", "0 of them at other"]),
+    ("merge a.job one.job out.job", 1, [], ["different scales"]),
+    ("merge a.job not.job out.job", 3, [], ["not.job", "can't be opened"]),
+    ("merge a.job shout.JOB out.job", 3, [], ["shout.JOB", "brand"]),
+    ("merge a.job names.job a.job --force", 2, [], ["is an input"]),
+    ("help merge", 0, [], ["Left out"]),
     # the other commands
     ("detect a.job b.pwj not.job r.raw", 0, [], ["a.job: job (ZEL JOB File)", "not.job: job+raw"]),
     ("detect a.job plain.txt", 1, [], ["plain.txt: unknown"]),

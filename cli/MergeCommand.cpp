@@ -1,0 +1,66 @@
+// zelconvert merge A B OUT: two jobs in one.
+#include <CLI/CLI.hpp>
+#include <string>
+
+#include "cli/Commands.h"
+#include "cli/DirectCommand.h"
+#include "cli/Host.h"
+#include "cli/platform/Host.h"
+#include "io/Paths.h"
+#include "job/CJobMerger.h"
+
+namespace zelconvert::cli {
+namespace {
+
+double ReadScale(const std::wstring& path) {
+  CJobFile job(HasExtension(path, L".job"));
+  JOB_HEADER header;
+  if (!job.Open(path, false) || !job.ReadJobHeader(header)) {
+    throw HostFailure(kNoInput, platform::ToText(platform::FromLibrary(path)) +
+                                    " can't be opened as a job of the brand that its name tells, "
+                                    "for reading and writing");
+  }
+  return header.scale;
+}
+
+// The merge itself gives no reasons.
+[[noreturn]] void Refuse(const DirectFiles& files) {
+  if (ReadScale(files.inputs[0]) != ReadScale(files.inputs[1])) {
+    throw HostFailure(kFailed, "the jobs have different scales");
+  }
+  throw HostFailure(kFailed, "a record of the jobs can't be read, or OUT can't be written");
+}
+
+std::string Tell(const MergeCounts& counts) {
+  return "zelconvert: warning: " + std::to_string(counts.repeated) +
+         " points of the second job have a name that the first has too, " +
+         std::to_string(counts.moved) + " of them at other coordinates; OUT holds both\n";
+}
+
+void Merge(const DirectFiles& files) {
+  StringList messages, made;
+  MergeCounts counts;
+  const bool merged =
+      MergeJobs(files.inputs[0], files.inputs[1], files.output, messages, made, &counts);
+  PrintMessages(messages);
+  if (!merged) Refuse(files);
+  if (counts.repeated > 0) PrintError(Tell(counts));
+}
+
+}  // namespace
+
+void AddMergeCommand(CLI::App& app) {
+  auto* command = app.add_subcommand("merge", "Join two jobs in a new one");
+  const auto arguments = AddDirectArguments(*command, {"A", "B"});
+  command->footer(
+      "OUT has the settings of A, then the points, lines and roads of A, then those of B. The "
+      "scales\n"
+      "of both jobs must be equal. Points of one name are both written. Lines and road elements of "
+      "B\n"
+      "are numbered on.\n"
+      "Left out: layers, attributes of points, and the coordinate system.\n"
+      "A job is of the first brand if its name ends in .job in lower case, else of the second.");
+  command->callback([arguments] { RunDirect(*arguments, Merge); });
+}
+
+}  // namespace zelconvert::cli
