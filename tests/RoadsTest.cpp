@@ -1,5 +1,6 @@
-// Roads of DC files into road files. tests/roads/ holds whole files, worked out by work_out.py
-// there; here stand the rules that refuse a road, hostile files, and the forms of single values.
+// Roads of DC files into road files. tests/roads/ holds whole files, worked out by
+// scripts/golden/make_road_cases.py; here stand the rules that refuse a road, hostile files, and the
+// forms of single values.
 #include <gtest/gtest.h>
 
 #include <algorithm>

@@ -12,8 +12,9 @@ import sys
 from fractions import Fraction
 
 NULL = -9.99e27
-HERE = pathlib.Path(__file__).parent
-EXAMPLES = HERE.parent.parent / "examples"
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+GOLDEN = ROOT / "tests" / "golden"
+EXAMPLES = ROOT / "examples"
 EXTENSIONS = {"raw": "raw", "rw5": "rw5", "pwr": "pwr"}
 PAIRS = {"job+raw": ("job", "raw"), "pwj+pwr": ("pwj", "pwr"), "cr5+rw5": ("cr5", "rw5")}
 VERSIONS = {"dc": 3, "dc77": 1, "dc1000": 2, "dc1070": 3}
@@ -604,7 +605,7 @@ def main():
     check = "--check" in sys.argv
     wrong = []
     for (source, to, case), files in CASES.items():
-        folder = HERE / ("%s-to-%s" % (source, to)) / case
+        folder = GOLDEN / ("%s-to-%s" % (source, to)) / case
         if not check:
             folder.mkdir(parents=True, exist_ok=True)
         for name, data in files.items():

@@ -11,8 +11,9 @@ import struct
 import sys
 
 NULL = -9.99e27
-HERE = pathlib.Path(__file__).parent
-EXAMPLES = HERE.parent.parent / "examples"
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+GOLDEN = ROOT / "tests" / "golden"
+EXAMPLES = ROOT / "examples"
 
 # ---------------------------------------------------------------------------------------- DC lines
 
@@ -335,7 +336,7 @@ def add(case, job, notes, source="job", to="dc", system=None, name=None, refused
     assert (source, to, case) not in CASES
     name = name or ("in.pwj" if source == "pwj" else "in.job")
     files = {name: job, "notes.txt":
-             (notes + "\nMade by tests/golden/make_job_to_dc_cases.py.\n").encode()}
+             (notes + "\nMade by scripts/golden/make_job_to_dc_cases.py.\n").encode()}
     if not refused:
         files["out.dc"] = dc_file(read_job(job, "in", system), to)
     CASES[source, to, case] = files
@@ -547,7 +548,7 @@ def main():
     check = "--check" in sys.argv
     wrong = []
     for (source, to, case), files in CASES.items():
-        folder = HERE / ("%s-to-%s" % (source, to)) / case
+        folder = GOLDEN / ("%s-to-%s" % (source, to)) / case
         if not check:
             folder.mkdir(parents=True, exist_ok=True)
         for name, data in files.items():

@@ -9,8 +9,9 @@ import math
 import pathlib
 import sys
 
-HERE = pathlib.Path(__file__).parent
-EXAMPLES = HERE.parent.parent / "examples"
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+GOLDEN = ROOT / "tests" / "golden"
+EXAMPLES = ROOT / "examples"
 
 
 def dms(text):
@@ -326,9 +327,9 @@ def main():
                      "notes.txt": notes}
             if messages:
                 files["messages.txt"] = messages
-            good &= write(HERE / route / name, files, check)
+            good &= write(GOLDEN / route / name, files, check)
     for name, (log, messages) in REFUSED.items():
-        good &= write(HERE / "raw-to-sdr2" / name,
+        good &= write(GOLDEN / "raw-to-sdr2" / name,
                       {"in.raw": log, "messages.txt": messages, "notes.txt": notes}, check)
     if not good:
         sys.exit("the golden cases of raw to SDR differ from what this script works out")

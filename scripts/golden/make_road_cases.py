@@ -4,13 +4,14 @@
 Nothing of the converter runs here. DC lines are built column by column, road files are written down
 line by line, and where a line shows a place on the alignment, that place is found by integrating the
 direction numerically along straights, arcs and spirals (curvature constant or linear in length).
---check compares with the files that stand here instead of writing them.
+--check compares with the files that stand there instead of writing them.
 """
 import math
 import pathlib
 import sys
 
-HERE = pathlib.Path(__file__).parent
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+ROADS = ROOT / "tests" / "roads"
 PLUS = "+" * 50
 MARKERS = ["XR", "XL", "SR", "SL", "WR", "WL"]
 
@@ -410,7 +411,7 @@ def ridge_road():
                     WR=["RW," + line for line in widening], WL=["LW," + line for line in widening])
     tp5 = ["TH,2,2.000,3.000", "TS,3.500,-2.000,0,EP              ",
            "TS,1.500,-4.000,0,SHLDR           "]
-    example = HERE.parent.parent / "examples" / "ridge-road.dc"
+    example = ROOT / "examples" / "ridge-road.dc"
     return example.read_text("ascii").splitlines(), {"RIDGE_RO.RD5": rd5, "RURAL_2L.tp5": tp5}
 
 
@@ -421,7 +422,7 @@ def main():
     check = sys.argv[1:] == ["--check"]
     unlike = []
     for case in CASES:
-        folder = HERE / case.__name__.replace("_", "-")
+        folder = ROADS / case.__name__.replace("_", "-")
         dc, files = case()
         for file, lines in {"in.dc": dc, **files}.items():
             data = "".join(line + "\r\n" for line in lines).encode("cp1252")

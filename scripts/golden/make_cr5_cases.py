@@ -2,15 +2,16 @@
 """Makes the golden cases of job to CR5 from the layouts of docs/formats alone.
 
 Nothing of the converter runs here: inputs are built, and outputs worked out, field by field.
---check compares with the files that stand here instead of writing them.
+--check compares with the files that stand there instead of writing them.
 """
 import functools
 import pathlib
 import struct
 import sys
 
-HERE = pathlib.Path(__file__).parent
-EXAMPLES = HERE.parent.parent / "examples"
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+GOLDEN = ROOT / "tests" / "golden"
+EXAMPLES = ROOT / "examples"
 NULL = -9.99e27
 JOB, PWJ = b"Zelmont Geodata Ltd Job File", b"Corvane Surveying Job File  "
 FEET = {1: 3.280839895013123, 2: 3.280833333333333}
@@ -244,7 +245,7 @@ def main():
     check = "--check" in sys.argv
     unlike = []
     for case, given in CASES.items():
-        folder = HERE / case
+        folder = GOLDEN / case
         files = files_of(case, given)
         if check:
             found = {p.name: p.read_bytes() for p in folder.glob("*") if p.name != "notes.txt"}

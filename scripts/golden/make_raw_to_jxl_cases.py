@@ -9,8 +9,9 @@ import math
 import pathlib
 import sys
 
-HERE = pathlib.Path(__file__).parent
-EXAMPLES = HERE.parent.parent / "examples"
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+GOLDEN = ROOT / "tests" / "golden"
+EXAMPLES = ROOT / "examples"
 
 
 def dms(text):
@@ -488,10 +489,10 @@ def main():
     good = True
     for case, (log, fill) in CASES.items():
         extension = case.split("-")[0]
-        good &= write(HERE / case, {"in." + extension: log_bytes(log), "out.jxl": fill().bytes(),
+        good &= write(GOLDEN / case, {"in." + extension: log_bytes(log), "out.jxl": fill().bytes(),
                                     "notes.txt": notes}, check)
     for case, (log, text) in REFUSED.items():
-        good &= write(HERE / "raw-to-jxl" / ("refused-" + case),
+        good &= write(GOLDEN / "raw-to-jxl" / ("refused-" + case),
                       {"in.raw": log_bytes(log), "messages.txt": text.encode(), "notes.txt": notes}, check)
     if not good:
         sys.exit("the golden cases of raw to JobXML differ from what this script works out")

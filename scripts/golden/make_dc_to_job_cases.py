@@ -2,7 +2,7 @@
 """Makes the golden cases of DC to job, and on to CR5, from the layouts of docs/formats alone.
 
 Nothing of the converter runs here: the inputs are built column by column, and the outputs worked out
-by a second, plain reading of the tables. --check compares with the files that stand here instead of
+by a second, plain reading of the tables. --check compares with the files that stand there instead of
 writing them.
 """
 import pathlib
@@ -10,8 +10,9 @@ import re
 import struct
 import sys
 
-HERE = pathlib.Path(__file__).parent
-EXAMPLES = HERE.parent.parent / "examples"
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+GOLDEN = ROOT / "tests" / "golden"
+EXAMPLES = ROOT / "examples"
 NULL = -9.99e27
 PI = 3.141592653589793
 BLANKS = " \t\n\v\f\r"
@@ -476,7 +477,7 @@ job_case("dc-to-oldjob/feet-site-lambert", lines(FEET_SITE_LAMBERT), version=3)
 job_case("dc-to-pwj/ridge-control", CONTROL, signature=PWJ, extension="pwj")
 RIDGE = dict(roads={"RIDGE ROAD": (0.0, 5326100.0, 540050.0, 514.0)},
              road_files={path.name: path.read_bytes() for path in
-                         (HERE.parent / "roads" / "ridge-road").glob("R*")})  # see work_out.py there
+                         (ROOT / "tests" / "roads" / "ridge-road").glob("R*")})  # see make_road_cases.py
 job_case("dc-to-job/ridge-road", example("ridge-road.dc"), **RIDGE)
 job_case("dc-to-oldjob/ridge-road", example("ridge-road.dc"), version=3, **RIDGE)
 MAIN_STREET = {name: lines(given) for name, given in ROAD_FILES.items()}
@@ -497,7 +498,7 @@ def main():
     check = "--check" in sys.argv
     unlike = []
     for case, files in CASES.items():
-        folder = HERE / case
+        folder = GOLDEN / case
         if check:
             found = {p.name: p.read_bytes() for p in folder.glob("*") if p.name != "notes.txt"}
             unlike += [case] if found != files else []

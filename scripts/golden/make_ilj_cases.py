@@ -10,8 +10,9 @@ import math
 import pathlib
 import sys
 
-HERE = pathlib.Path(__file__).parent
-EXAMPLES = HERE.parent.parent / "examples"
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+GOLDEN = ROOT / "tests" / "golden"
+EXAMPLES = ROOT / "examples"
 NULL = -9.99e27
 PI = math.pi
 FEET, US_FEET = 3.280839895013123, 3.280833333333333
@@ -23,7 +24,7 @@ cases = {}  # (pair, case): {file name: bytes}
 def case(pair, name, note, given, out=None, messages=()):
     source, target = pair.split("-to-")
     files = {"in." + ("ilj" if source == "ilj" else "dc"): given,
-             "notes.txt": (note + "\nMade by tests/golden/make_ilj_cases.py.\n").encode()}
+             "notes.txt": (note + "\nMade by scripts/golden/make_ilj_cases.py.\n").encode()}
     if out is not None:
         files["out." + ("ilj" if target == "ilj" else "dc")] = out
     if messages:
@@ -787,7 +788,7 @@ def main():
     check = "--check" in sys.argv
     unlike = []
     for (pair, name), files in cases.items():
-        folder = HERE / pair / name
+        folder = GOLDEN / pair / name
         if check:
             found = {p.name: p.read_bytes() for p in folder.iterdir()} if folder.is_dir() else {}
             if found != files:
