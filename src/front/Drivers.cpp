@@ -93,6 +93,12 @@ bool WriteDc(CDcFile& file, CJobFile& job, int dialect, StringList& messages, St
   return conversion.ConvertFromNative(messages, files);
 }
 
+bool WriteSdr(CRawFile& raw, CFileCE& file, int outputType, StringList& messages) {
+  CConvRawSDRFile conversion(&raw, &file);
+  conversion.SetSdrVersion(outputType == FT_SDR2 ? SdrVersion::Sdr2 : SdrVersion::Sdr33);
+  return conversion.ConvertFromRaw(messages);
+}
+
 }  // namespace
 
 bool ConvertToJob(int inputType, const std::wstring& input, const std::wstring& output,
@@ -225,12 +231,7 @@ bool ConvertFromRaw(int outputType, const std::wstring& input, const std::wstrin
             if (outputType == FT_JXL) {
               return CConvertJobXml(bNative).Convert(raw, jxlFile, messages, files);
             }
-            if (outputType == FT_SDR2 || outputType == FT_SDR33) {
-              CConvRawSDRFile conversion(&raw, &file);
-              conversion.SetSdrVersion(outputType == FT_SDR2 ? SdrVersion::Sdr2
-                                                             : SdrVersion::Sdr33);
-              return conversion.ConvertFromRaw(messages);
-            }
+            if (kSdrTypes.Contains(outputType)) return WriteSdr(raw, file, outputType, messages);
             return RefusePair(messages);
           },
       .closing = {Closer(raw), Closer(file), Closer(dcFile), Closer(jxlFile)},
