@@ -1,0 +1,84 @@
+// JobXML read back by an XML parser of others.
+#include <gtest/gtest.h>
+
+#include <pugixml.hpp>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "HostLists.h"
+#include "TempDir.h"
+#include "io/Strings.h"
+#include "jxl/CJxlFile.h"
+
+namespace zelconvert {
+namespace {
+
+std::string Utf8(const std::wstring& text) {
+  std::string utf8;
+  AppendUtf8(utf8, text);
+  return utf8;
+}
+
+TEST(Jxl, HoldsEveryPrintableTextWellFormed) {
+  std::vector<std::wstring> texts;
+  for (unsigned c = 0x20; c < 0x2100; ++c) {
+    if (c >= 0x7F && c < 0xA0) continue;
+    texts.push_back(L"a " + std::wstring(1, static_cast<wchar_t>(c)) + L" z");
+  }
+  texts.push_back(L"]]>&amp;&#x41;<!-- --><![CDATA[x]]><?y?>\"'");
+
+  const TempDir folder;
+  CJxlFile file(true);
+  EXPECT_EQ(file.AddNoteRecord("no document yet"), 0u);
+  ASSERT_TRUE(file.Create(folder.Path(L"out.jxl")));
+  EXPECT_FALSE(file.WriteDocument());
+  file.BeginDocument(texts.back(), texts.back(), {});
+  for (const std::wstring& text : texts) file.AddStationRecord(text, 0);
+  ASSERT_TRUE(file.WriteDocument() && file.Close());
+
+  pugi::xml_document document;
+  const std::string bytes = folder.Read(L"out.jxl");
+  const auto parsed =
+      document.load_buffer(bytes.data(), bytes.size(), pugi::parse_full, pugi::encoding_utf8);
+  ASSERT_TRUE(parsed) << parsed.description() << " at " << parsed.offset;
+  EXPECT_EQ(document.child("JOBFile").attribute("jobName").value(), Utf8(texts.back()));
+  std::size_t next = 0;
+  for (const auto& record : document.child("JOBFile").child("FieldBook")) {
+    ASSERT_LT(next, texts.size());
+    EXPECT_EQ(record.child("StationName").text().get(), Utf8(texts[next]));
+    ++next;
+  }
+  EXPECT_EQ(next, texts.size());
+}
+
+// A record may be told of by those behind it alone, and ids grow through the whole document.
+TEST(Jxl, NumbersItsRecordsInOrder) {
+  const TempDir folder;
+  const std::wstring in = folder.Write(L"in.raw", ReadBytes("examples/mill-creek-simple.raw"));
+  const std::wstring out = folder.Path(L"out.jxl");
+  HostLists lists;
+  ASSERT_TRUE(cZelFileConvert(FT_RAW, in.c_str(), FT_JXL, out.c_str(), &lists.files,
+                              &lists.messages, 0, nullptr));
+  pugi::xml_document document;
+  const std::string bytes = folder.Read(L"out.jxl");
+  ASSERT_TRUE(document.load_buffer(bytes.data(), bytes.size()));
+  std::set<std::string> ids;
+  const auto job = document.child("JOBFile");
+  for (const char* container : {"FieldBook", "Reductions"}) {
+    for (const auto& record : job.child(container)) {
+      for (const char* reference : {"StationID", "BackBearingID", "TargetID", "StationRecordID"}) {
+        const std::string id = record.child(reference).text().get();
+        EXPECT_TRUE(id.empty() || ids.contains(id)) << record.name() << " " << reference;
+      }
+      const std::string id = record.attribute("ID").value();
+      EXPECT_EQ(id.size(), 8u);
+      EXPECT_TRUE(ids.empty() || *ids.rbegin() < id) << id;
+      ids.insert(id);
+    }
+  }
+  EXPECT_GT(ids.size(), 30u);
+}
+
+}  // namespace
+}  // namespace zelconvert
