@@ -4,8 +4,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cctype>
 #include <initializer_list>
 #include <map>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -16,6 +18,7 @@
 #include "roads/CTp5File.h"
 #include "roads/ConvertDcRoads.h"
 #include "roads/RoadGeometry.h"
+#include "roads/RoadRecords.h"
 
 namespace zelconvert {
 namespace {
@@ -244,8 +247,10 @@ TEST(Roads, RefusedRoads) {
       {pivot, kGood + Lines{pivotAt("3")}},
       {pivot, kGood + Lines{"44KI150."}},  // none
   };
+  const std::string page = ReadBytes("docs/formats/roads.md");
   for (const Case& each : cases) {
     SCOPED_TRACE("case " + std::to_string(&each - cases.data()));
+    EXPECT_NE(page.find(std::string(each.text.begin(), each.text.end())), page.npos);
     Lines lines = Lines{kHeader, Road("FIRST")} + kGood;
     lines = lines + Lines{Road("  the one  ")} + each.lines + Lines{Road("AFTER")} + kGood;
     Sandbox sandbox(Join(lines));
@@ -494,6 +499,48 @@ TEST(Roads, DamagedFiles) {
     damaged[i] = "9-\n\0"[i % 4];
     run(damaged);
   }
+}
+
+// "4-19 20-35 36 " for a number, another and a flag.
+template <class Record>
+std::string Spans() {
+  std::string spans;
+  for (const Column<Record>& column : kRoadColumns<Record>) {
+    spans += std::to_string(column.start);
+    if (column.width > 1) spans += "-" + std::to_string(column.start + column.width - 1);
+    spans += " ";
+  }
+  return spans;
+}
+
+template <class... Records>
+std::map<std::string, std::string> SpansByType() {
+  return {{std::string(Records::kHead, Records::kHead + 2), Spans<Records>()}...};
+}
+
+TEST(Roads, ColumnsOnThePage) {
+  std::map<std::string, std::string> onPage;
+  std::istringstream page(ReadBytes("docs/formats/roads.md"));
+  for (std::string line; std::getline(page, line) && line.rfind("## From", 0) != 0;) {
+    const std::size_t cell = line.rfind('|', line.size() - 2);
+    if (!line.starts_with("| ") || !std::isalnum(line[2]) || line[4] != ' ') continue;
+    std::string spans = line.substr(cell + 1);
+    const auto other = [](char c) { return !std::isdigit(c) && c != '-'; };
+    std::replace_if(spans.begin(), spans.end(), other, ' ');
+    std::istringstream words(spans);
+    std::string& found = onPage[line.substr(2, 2)];
+    for (std::string word; words >> word;) found += word + " ";
+  }
+  EXPECT_EQ(onPage.erase("29"), 1u);  // has no columns
+  const auto inCode =
+      SpansByType<tDC_ROAD_HEADERRecord, tDC_ROAD_HALRecord, tDC_ROAD_STRAIGHT_POINTRecord,
+                  tDC_ROAD_STRAIGHTRecord, tDC_ROAD_ARCRecord, tDC_ROAD_ARC_DIRECTIONRecord,
+                  tDC_ROAD_ARC_ANGLERecord, tDC_ROAD_SPIRALRecord, tDC_ROAD_VALRecord,
+                  tDC_ROAD_VCIRCULARRecord, tDC_ROAD_VPARABOLARecord, tDC_ROAD_VPOINTRecord,
+                  tDC_ROAD_VASYMMETRICRecord, tDC_ROAD_TEMPLATERecord, tDC_ROAD_SEGMENTRecord,
+                  tDC_ROAD_HINGERecord, tDC_ROAD_SIDESLOPERecord, tDC_ROAD_APPLYTEMPLATERecord,
+                  tDC_ROAD_APPLYSUPERRecord, tDC_ROAD_45Record>();
+  EXPECT_EQ(onPage, inCode);
 }
 
 TEST(Roads, DegreesToDms) {
