@@ -38,6 +38,13 @@ std::string Pattern(std::size_t size) {
   return bytes;
 }
 
+struct Head {
+  JobKind kind;
+  std::int64_t position;
+  std::uint32_t length;
+  bool Next(CJobFile& job) { return job.ReadNextRecordHead(kind, position, length); }
+};
+
 template <std::size_t size>
 std::string AsString(const std::array<std::byte, size>& bytes) {
   return {reinterpret_cast<const char*>(bytes.data()), size};
@@ -105,80 +112,32 @@ TEST(CJobFile, CopiesEveryKindByteForByte) {
       CJobFile from(true), to(true);
       ASSERT_TRUE(from.Open(temp.Write(L"a.job", isOld ? OldJob(record) : NewJob(record)), true));
       ASSERT_TRUE(to.Create(temp.Path(L"b.job"), isOld ? 3 : 5));
-      JobKind found;
-      std::int64_t position;
-      std::uint32_t length;
+      Head head;
       ASSERT_TRUE(from.SeekToFirstRecord());
-      ASSERT_TRUE(from.ReadNextRecordHead(found, position, length));
-      EXPECT_EQ(static_cast<std::uint32_t>(found), kind.kind);
-      EXPECT_EQ(position, isOld ? 2158 : 4618);
-      EXPECT_EQ(length, payload.size());
+      ASSERT_TRUE(head.Next(from));
+      EXPECT_EQ(static_cast<std::uint32_t>(head.kind), kind.kind);
+      EXPECT_EQ(head.position, isOld ? 2158 : 4618);
+      EXPECT_EQ(head.length, payload.size());
       EXPECT_TRUE(kind.copy(from, to));
-      EXPECT_FALSE(from.ReadNextRecordHead(found, position, length));
+      EXPECT_FALSE(head.Next(from));
       to.Close();
       EXPECT_EQ(temp.Read(L"b.job").substr(isOld ? kOldFirstRecord : kFirstRecord), record);
     }
   }
 }
 
-TEST(CJobFile, WritesFieldsWhereTheFormatHasThem) {
+TEST(CJobFile, CutsLongTexts) {
   const TempDir temp;
   CJobFile job(true);
   ASSERT_TRUE(job.CreateNew(temp.Path(L"a.job")));
-  JOB_POINT_EX point;
+  JOB_POINT point;
   point.name = L"A name that is longer than its field";
   point.description = std::wstring(15, L'x') + L"\U0001F332";  // a pair that no longer fits
-  point.east = 1.5;
-  point.north = 2.5;
-  point.elevation = DC_NULL;
-  point.layer = 101;
-  point.attributeLink = 0xFEDCBA98;
   EXPECT_TRUE(job.WritePoint(point));
-  EXPECT_TRUE(job.WritePointEx(point));
-  EXPECT_TRUE(job.WriteLayer(DefaultLayer()));
-  JOB_RECORD10 road;
-  road.name = L"ROAD";
-  road.id = -2;
-  road.value1 = 1;
-  road.value2 = 2;
-  road.value3 = 3;
-  road.value4 = 4;
-  EXPECT_TRUE(job.WriteRecord10(road));
-  JOB_RECORD16 element;
-  element.id = 7;
-  element.value1 = 1;
-  element.name = L"HAL";
-  element.value2 = 2;
-  element.value3 = 3;
-  element.value4 = 4;
-  EXPECT_TRUE(job.WriteRecord16(element));
-  EXPECT_TRUE(job.WriteGenericRecord({17, 3, {std::byte{1}, std::byte{2}, std::byte{3}}}));
   job.Close();
-
-  const PointBytes kPoint{"A name that is l", "xxxxxxxxxxxxxxx", 1.5, 2.5, -9.99e27};
-  const std::uint32_t kLayer = 101, kLink = 0xFEDCBA98;
-  const std::string expected =
-      RecordBytes(13, std::string(PutPoint(Block(100).Put(92, kLayer).Put(96, kLink), kPoint))) +
-      RecordBytes(14, std::string(PutPoint(Block(132).Put(92, kLayer).Put(128, kLink), kPoint))) +
-      RecordBytes(
-          11,
-          std::string(Block(42).Put(0, kLayer).Text(4, "POINTS", 17).Put(38, std::uint16_t{1}))) +
-      RecordBytes(10, std::string(Block(88)
-                                      .Text(0, "ROAD", 9)
-                                      .Put(18, std::int32_t{-2})
-                                      .Put(22, 1.0)
-                                      .Put(64, 2.0)
-                                      .Put(72, 3.0)
-                                      .Put(80, 4.0))) +
-      RecordBytes(16, std::string(Block(112)
-                                      .Put(0, std::uint32_t{7})
-                                      .Put(38, 1.0)
-                                      .Text(46, "HAL", 17)
-                                      .Put(80, 2.0)
-                                      .Put(88, 3.0)
-                                      .Put(96, 4.0))) +
-      RecordBytes(17, "\1\2\3");
-  EXPECT_EQ(temp.Read(L"a.job").substr(kFirstRecord), expected);
+  EXPECT_EQ(temp.Read(L"a.job").substr(kFirstRecord),
+            RecordBytes(13, std::string(PutPoint(
+                                Block(100), {"A name that is l", "xxxxxxxxxxxxxxx", 0, 0, 0}))));
 }
 
 // What the old form lacks stays as the caller had it.
@@ -188,15 +147,13 @@ TEST(CJobFile, ReadsOldFormsIntoTheFrontOfARecord) {
   const TempDir temp;
   CJobFile job(true);
   ASSERT_TRUE(job.Open(temp.Write(L"a.job", OldJob(records)), false));
-  JobKind kind;
-  std::int64_t position;
-  std::uint32_t length;
+  Head head;
   ASSERT_TRUE(job.SeekToFirstRecord());
 
   JOB_POINT point;
   point.layer = 5;
   point.attributeLink = 6;
-  ASSERT_TRUE(job.ReadNextRecordHead(kind, position, length) && job.ReadPoint(point));
+  ASSERT_TRUE(head.Next(job) && job.ReadPoint(point));
   EXPECT_EQ(point.name, L"POINT 16 LETTERS");
   EXPECT_EQ(point.layer, 5u);
   EXPECT_EQ(point.attributeLink, 6u);
@@ -204,43 +161,24 @@ TEST(CJobFile, ReadsOldFormsIntoTheFrontOfARecord) {
   JOB_POINT_EX pointEx;
   pointEx.attributeLink = 6;
   pointEx.further.fill(std::byte{0xEE});
-  ASSERT_TRUE(job.ReadNextRecordHead(kind, position, length) && job.ReadPointEx(pointEx));
+  ASSERT_TRUE(head.Next(job) && job.ReadPointEx(pointEx));
   EXPECT_EQ(pointEx.description, L"\u00D6");
   EXPECT_EQ(AsString(pointEx.further), Pattern(124).substr(96) + "\xEE\xEE\xEE\xEE");
   EXPECT_EQ(pointEx.attributeLink, 6u);
 
   JOB_RECORD15 line;
   line.body.fill(std::byte{0xEE});
-  ASSERT_TRUE(job.ReadNextRecordHead(kind, position, length) && job.ReadRecord15(line));
+  ASSERT_TRUE(head.Next(job) && job.ReadRecord15(line));
   EXPECT_EQ(AsString(line.body), Pattern(80).substr(4) + std::string(8, '\xEE'));
 
   JOB_RECORD16 element;
   element.reservedTail.fill(std::byte{0xEE});
-  ASSERT_TRUE(job.ReadNextRecordHead(kind, position, length));
+  ASSERT_TRUE(head.Next(job));
   ASSERT_TRUE(job.ReadPoint(point) && job.ReadRecord15(line));  // of other kinds: nothing is read
   ASSERT_TRUE(job.ReadRecord16(element));
   EXPECT_EQ(element.name, L"ELEMENT");
   EXPECT_EQ(AsString(element.reservedTail), std::string(8, '\xEE'));
-  EXPECT_FALSE(job.ReadNextRecordHead(kind, position, length));
-}
-
-TEST(CJobFile, ReportsUnknownKindsAsUnused) {
-  std::string records;
-  for (std::uint32_t kind : {0u, 5u, 6u, 19u, 99u, 0xFFFFFFFFu}) records += RecordBytes(kind, "ab");
-  for (std::uint32_t kind : {12u, 17u}) records += RecordBytes(kind, "cd");
-  const TempDir temp;
-  CJobFile job(true);
-  ASSERT_TRUE(job.Open(temp.Write(L"a.job", NewJob(records)), true));
-  ASSERT_TRUE(job.SeekToFirstRecord());
-  std::vector<std::uint32_t> kinds;
-  JobKind kind;
-  std::int64_t position;
-  std::uint32_t length;
-  while (job.ReadNextRecordHead(kind, position, length)) {
-    kinds.push_back(static_cast<std::uint32_t>(kind));
-    ASSERT_TRUE(job.SkipRecord());
-  }
-  EXPECT_EQ(kinds, (std::vector<std::uint32_t>{0, 0, 0, 0, 0, 0, 12, 17}));
+  EXPECT_FALSE(head.Next(job));
 }
 
 // The examples, read by field and made anew.
@@ -254,17 +192,15 @@ TEST(CJobFile, MakesTheExamplesAgain) {
     ASSERT_TRUE(to.Create(temp.Path(L"b.job"), from.GetVersion()));
     JOB_HEADER header;
     ASSERT_TRUE(from.ReadJobHeader(header) && to.WriteJobHeader(header) && to.SeekToEnd());
-    JobKind kind;
-    std::int64_t position;
-    std::uint32_t length;
+    Head head;
     JOB_POINT point;
     JOB_LAYER layer;
     ASSERT_TRUE(from.SeekToFirstRecord());
-    while (from.ReadNextRecordHead(kind, position, length)) {
-      if (kind == JobKind::Layer) {
+    while (head.Next(from)) {
+      if (head.kind == JobKind::Layer) {
         ASSERT_TRUE(from.ReadLayer(layer) && to.WriteLayer(layer));
       } else {
-        ASSERT_EQ(kind, JobKind::Point);
+        ASSERT_EQ(head.kind, JobKind::Point);
         ASSERT_TRUE(from.ReadPoint(point) && to.WritePoint(point));
       }
     }
@@ -317,20 +253,6 @@ TEST(CJobFile, KeepsTheResetValuesBehindShortBlocks) {
   EXPECT_EQ(system.verticalType, 0x0101);
   EXPECT_EQ(system.projectionKind, -2);
   EXPECT_EQ(system.site.scale, 1.0);
-}
-
-TEST(CJobFile, ReadsTheSignatureAloneBelowVersion3) {
-  std::string job = Block(34).Put(28, std::uint16_t{1}).Put(30, std::uint32_t{34});
-  job.replace(0, 28, kJobSignature);
-  const TempDir temp;
-  CJobFile file(true);
-  ASSERT_TRUE(file.Open(temp.Write(L"a.job", job), true));
-  JOB_HEADER header;
-  JOB_OLD_HEADER old;
-  ASSERT_TRUE(file.ReadJobHeader(header) && file.ReadOldHeader(old));
-  EXPECT_EQ(header.scale, 1.0);
-  EXPECT_EQ(header.creationTime.year, 0);
-  EXPECT_EQ(old.zoneId, 0);
 }
 
 TEST(CJobFile, WritesTheHeaderOfAnOldJobOverWhatItDoesNotKnow) {
@@ -473,10 +395,8 @@ TEST(CJobFile, ReadsRecordsOfAnyLengthThatTheFileHolds) {
   for (const auto& [records, read] : {std::pair{generic, true}, std::pair{huge, false}}) {
     CJobFile job(true);
     ASSERT_TRUE(job.Open(temp.Write(L"a.job", NewJob(records)), true));
-    JobKind kind;
-    std::int64_t position;
-    std::uint32_t length;
-    ASSERT_TRUE(job.SeekToFirstRecord() && job.ReadNextRecordHead(kind, position, length));
+    Head head;
+    ASSERT_TRUE(job.SeekToFirstRecord() && head.Next(job));
     JOB_GENERIC_RECORD record;
     EXPECT_EQ(job.ReadGenericRecord(record), read);
     EXPECT_EQ(record.kind, 17u);
@@ -509,18 +429,16 @@ TEST(CJobFile, ReadsRecordsOfAnyLengthThatTheFileHolds) {
 // Reads all there is; the number of whole records.
 std::size_t Walk(CJobFile& job) {
   if (!job.SeekToFirstRecord()) return 0;
-  JobKind kind;
-  std::int64_t position;
-  std::uint32_t length;
+  Head head;
   std::size_t records = 0;
   JOB_POINT_EX point;
   JOB_LAYER layer;
   JOB_GENERIC_RECORD generic;
-  while (job.ReadNextRecordHead(kind, position, length)) {
-    const bool read = IsPoint(kind)             ? job.ReadPoint(point) && job.ReadPointEx(point)
-                      : kind == JobKind::Layer  ? job.ReadLayer(layer)
-                      : kind == JobKind::Unused ? job.SkipRecord()
-                                                : job.ReadGenericRecord(generic);
+  while (head.Next(job)) {
+    const bool read = IsPoint(head.kind)            ? job.ReadPoint(point) && job.ReadPointEx(point)
+                      : head.kind == JobKind::Layer ? job.ReadLayer(layer)
+                      : head.kind == JobKind::Unused ? job.SkipRecord()
+                                                     : job.ReadGenericRecord(generic);
     if (!read) break;
     ++records;
   }
@@ -536,8 +454,8 @@ TEST(CJobFile, EndsOnEveryTruncation) {
     const std::size_t layer = first == kFirstRecord ? 50 : 0;
     // Every size around the borders of the blocks and records, and some between.
     for (std::size_t size = 0; size < whole.size(); ++size) {
-      const bool nearBorder = size < 50 || size % 100 < 9 || (size > first && size < first + 300);
-      if (!nearBorder && size % 31 != 0 && size + 1 != first) continue;
+      const bool nearBorder = size < 50 || (size > first - 3 && size < first + 170);
+      if (!nearBorder && size % 97 != 0) continue;
       CJobFile job(true);
       const bool opened = job.Open(temp.Write(L"a.job", whole.substr(0, size)), true);
       ASSERT_EQ(opened, size >= first) << name << ' ' << size;
@@ -572,17 +490,6 @@ TEST(CJobFile, BelievesNoSizeOfItsBlocks) {
     ASSERT_TRUE(file.Open(temp.Write(L"a.job", job), true));
     Walk(file);
   }
-}
-
-TEST(CJobFile, OpensItsOwnBrandOnly) {
-  EXPECT_FALSE(CJobFile(false).Open(L"examples/boundary.job", true));
-  EXPECT_FALSE(CJobFile(true).Open(L"examples/boundary.pwj", true));
-  EXPECT_FALSE(CJobFile(true).Open(L"examples", true));
-  EXPECT_FALSE(CJobFile(true).Open(L"", true));
-  CJobFile job(true);
-  JOB_HEADER header;
-  EXPECT_FALSE(job.ReadJobHeader(header));
-  EXPECT_FALSE(job.WritePoint(JOB_POINT()));
 }
 
 }  // namespace

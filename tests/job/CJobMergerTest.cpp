@@ -123,7 +123,7 @@ TEST(MergeJobs, FailsOnDamage) {
   const std::string point = RecordBytes(13, Point("1", 1));
   const std::string good = Job(point);
   // A head that is cut off is the end of the records; a payload that is cut off is damage.
-  for (std::size_t size = 4618; size < good.size(); ++size) {
+  for (std::size_t size = 4618; size < good.size(); size += size < 4630 ? 1 : 9) {
     const bool whole = size < 4618 + 8;
     EXPECT_EQ(Merge(good.substr(0, size), good).merged, whole) << size;
     EXPECT_EQ(Merge(good, good.substr(0, size)).merged, whole) << size;

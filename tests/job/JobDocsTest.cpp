@@ -100,16 +100,5 @@ TEST(JobDocs, ShowTheLayoutsOfTheCode) {
   EXPECT_EQ(cr5["Record"], HeaderRows<CoordinateRecord>());
 }
 
-TEST(JobDocs, ShowTheKindsOfTheCode) {
-  const std::string page = ReadBytes("docs/formats/job.md");
-  for (const JobKindInfo& info : kJobKinds) {
-    const auto number = [](std::uint32_t n) { return n == 0 ? "" : std::to_string(n) + " "; };
-    const std::string row = "| " + std::to_string(static_cast<std::uint32_t>(info.kind)) + " | " +
-                            (info.length == 0 ? "any " : number(info.length)) + "| " +
-                            number(info.oldKind) + "| " + number(info.oldLength) + "| ";
-    EXPECT_NE(page.find("\n" + row), page.npos) << row;
-  }
-}
-
 }  // namespace
 }  // namespace zelconvert
