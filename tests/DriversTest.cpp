@@ -229,26 +229,29 @@ TEST(Drivers, TakeNoPathForAnEmptyOne) {
 
 // What the steps of a run do is up to a driver; here they are told.
 TEST(DriverRun, EndsEveryWayWithItsFilesClosed) {
+  constexpr FileState kIntact = FileState::Intact, kReadFailed = FileState::ReadFailed,
+                      kWriteFailed = FileState::WriteFailed;
   struct {
     const char* name;
     std::function<bool()> convert;
-    bool written;
+    FileState output;
     std::vector<std::wstring> texts;  // with %s for the input, and "out" for the output
   } const cases[] = {
-      {"success", [] { return true; }, true, {}},
-      {"refusal", [] { return false; }, true, {}},
+      {"success", [] { return true; }, kIntact, {}},
+      {"refusal", [] { return false; }, kIntact, {}},
       {"exception",
        []() -> bool { throw ConversionFailure(); },
-       true,
+       kIntact,
        {L"Unable to convert the file in.x."}},
       {"no memory",
        []() -> bool { throw std::bad_alloc(); },
-       true,
+       kIntact,
        {L"Unable to convert the file in.x."}},
-      {"lost data", [] { return true; }, false, {L"Unable to write the file out.x."}},
+      {"lost data", [] { return true; }, kWriteFailed, {L"Unable to write the file out.x."}},
+      {"broken drive", [] { return true; }, kReadFailed, {L"Unable to convert the file in.x."}},
       {"both",
        []() -> bool { throw 1; },
-       false,
+       kWriteFailed,
        {L"Unable to convert the file in.x.", L"Unable to write the file out.x."}},
   };
   for (const auto& each : cases) {
@@ -268,8 +271,8 @@ TEST(DriverRun, EndsEveryWayWithItsFilesClosed) {
         .openInput = [&] { return !IsReadOnly(ToPath(input)); },
         .createOutput = [&] { return file.Open(output, platform::kCreateOutput); },
         .convert = each.convert,
-        .closing = {[&] { return closed += '1', each.written; }, Closer(file),
-                    [&] { return closed += '2', true; }},
+        .closing = {[&] { return closed += '1', each.output; }, Closer(file),
+                    [&] { return closed += '2', kIntact; }},
     });
     EXPECT_EQ(result, messages.empty() && each.convert());
     EXPECT_EQ(files, result ? StringList{output} : StringList{});

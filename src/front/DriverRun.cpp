@@ -1,5 +1,6 @@
 #include "front/DriverRun.h"
 
+#include <algorithm>
 #include <iterator>
 #include <optional>
 #include <string_view>
@@ -71,10 +72,23 @@ bool Convert(const DriverRun& run) {
   }
 }
 
-bool CloseAll(const DriverRun& run) {
-  bool complete = true;
-  for (const auto& close : run.closing) complete = close() && complete;
-  return complete;
+FileState CloseAll(const DriverRun& run) {
+  FileState worst = FileState::Intact;
+  for (const auto& close : run.closing) worst = std::max(worst, close());
+  return worst;
+}
+
+// To a reader a broken drive looks like the end of the file, so only here it shows that the
+// conversion isn't whole.
+bool Finish(const DriverRun& run, bool converted) {
+  switch (CloseAll(run)) {
+    case FileState::WriteFailed:
+      return Fail(run, DriverText::CannotWrite, run.output);
+    case FileState::ReadFailed:
+      return converted && Fail(run, DriverText::CannotConvert, run.input);
+    default:
+      return converted;
+  }
 }
 
 // An output that is the input would be emptied before it is read.
@@ -94,14 +108,12 @@ bool Execute(const DriverRun& run) {
   if (!run.openInput()) return Fail(run, DriverText::CannotOpen, run.input);
   if (!CreateOutput(run)) {
     // Made all the same if what couldn't be done was to write its first bytes.
-    if (!CloseAll(run)) platform::RemoveFile(run.output);
+    if (CloseAll(run) == FileState::WriteFailed) platform::RemoveFile(run.output);
     return Fail(run, DriverText::CannotCreate, run.output);
   }
 
   OutputGuard output(run.output);
-  const bool converted = Convert(run);
-  const bool written = CloseAll(run) || Fail(run, DriverText::CannotWrite, run.output);
-  if (!converted || !written) return false;
+  if (!Finish(run, Convert(run))) return false;
   run.files.push_back(run.output);
   output.Keep();
   return true;

@@ -24,6 +24,9 @@ enum class DriverText {
 /// The text about `path`; for a text that names no path it is left out.
 std::wstring FormatDriverText(DriverText text, const std::wstring& path = {});
 
+/// What a file says when it is closed, from best to worst.
+enum class FileState { Intact, ReadFailed, WriteFailed };
+
 /// One conversion of one file. The steps run in this order, each only if the one before was true.
 struct DriverRun {
   const std::wstring& input;
@@ -34,7 +37,7 @@ struct DriverRun {
   std::function<bool()> openInput;
   std::function<bool()> createOutput;
   std::function<bool()> convert;
-  std::vector<std::function<bool()>> closing;  ///< in this order; false: written data was lost
+  std::vector<std::function<FileState()>> closing;  ///< in this order
 };
 
 /// The whole of a driver's work, as Drivers.h promises it.
@@ -42,10 +45,11 @@ bool Execute(const DriverRun& run);
 
 /// Closes any of the file classes; for a file that isn't open there is nothing to do.
 template <class File>
-std::function<bool()> Closer(File& file) {
+std::function<FileState()> Closer(File& file) {
   return [&file] {
     const bool closed = file.Close();
-    return closed && !file.HasWriteFailed();
+    if (!closed || file.HasWriteFailed()) return FileState::WriteFailed;
+    return file.HasReadFailed() ? FileState::ReadFailed : FileState::Intact;
   };
 }
 
