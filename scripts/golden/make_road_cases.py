@@ -245,9 +245,13 @@ def gons_from_south():
     # D4 as well tells the origin; a hundred-millionth of a gon below the circle is north.
     dc += ["D4NM11", numbers("30", 699.999999999, 800)]
     hr.append("HL,0.00000,100.000")
-    dc += [numbers("34", 0, 10), numbers("37", 1000, 5)]
+    # Due north along an east of zero, which one record writes as a negative one.
+    azimuth, length = Walk(800, 700).check(900, 0)
+    dc += [numbers("30", 0, 900), numbers("30", -0.0, 1000)]
+    hr += [f"HL,{azimuth / 0.9 % 400:.5f},{length:.3f}", "HL,0.00000,100.000"]
+    dc += [numbers("34", 0, 10), numbers("37", 2000, 0)]
     dc += PLAIN_TEMPLATE + [apply_template(0, "PLAIN", "PLAIN")]
-    rd5 = [PLUS, "HR"] + hr + [PLUS, "VR", "VG,1000.000,-0.500"] + sections(
+    rd5 = [PLUS, "HR"] + hr + [PLUS, "VR", "VG,2000.000,-0.500"] + sections(
         XR=["RT,0,0.000,PLAIN"], XL=["LT,0,0.000,PLAIN"])
     return dc, {"GONS.RD5": rd5, "PLAIN.tp5": PLAIN_TP5}
 
@@ -340,13 +344,15 @@ def edges_of_superelevation():
                   WR=["RW,2,50.000,10,0.000,1.000,1.000,0"])
     # Before the first position its own value holds, and the next one ends the line; behind the last
     # position the alignment does.
-    dc += road("BEFORE", [apply_template(300, "PLAIN", "PLAIN"), apply_template(800, "PLAIN", "PLAIN"),
+    dc += road("BEFORE", [name("39", "OTHER"), segment(3, 7.0, 2.0, 0.0), side_slope(1, 50.0, 1, 40.0),
+                          apply_template(300, "PLAIN", "PLAIN"), apply_template(800, "OTHER", "OTHER"),
                           apply_super(250, *slopes, 3.5, 3.5)])
-    positions = ["3,0.000,PLAIN", "8,0.000,PLAIN"]
-    before = rd5(XR=["RT," + at for at in positions], XL=["LT," + at for at in positions],
+    before = rd5(XR=["RT,3,0.000,PLAIN", "RT,8,0.000,OTHER"],
+                 XL=["LT,3,0.000,PLAIN", "LT,8,0.000,OTHER"],
                  SR=["RS,2,50.000,8,0.000,0.000,0.000,0,0,0.000,0.000"])
     dc += road("BEHIND", [apply_template(300, "PLAIN", "PLAIN"), apply_template(800, "PLAIN", "PLAIN"),
                           apply_super(900.25, *slopes, 3.5, 3.5)])
+    positions = ["3,0.000,PLAIN", "8,0.000,PLAIN"]
     behind = rd5(XR=["RT," + at for at in positions], XL=["LT," + at for at in positions],
                  SR=["RS,9,0.250,10,0.000,0.000,0.000,0,0,0.000,0.000"])
     # Out of order: the walk stops at 800 for a station of 500, and there is none before it.
@@ -363,8 +369,19 @@ def edges_of_superelevation():
     nearly = rd5(XR=["RT,0,0.000,PLAIN"], XL=["LT,0,0.000,PLAIN"],
                  SR=["RS,0,-0.001,10,0.001,-1.999,-2.000,0,0,0.000,0.000"],
                  WR=["RW,0,-0.001,10,0.001,3.400,3.500,0"])
-    return dc, {"NOWHERE.RD5": nowhere, "BEFORE.RD5": before, "BEHIND.RD5": behind,
-                "ORDER.RD5": order, "NEARLY.RD5": nearly, "PLAIN.tp5": PLAIN_TP5}
+    # A position within a thousandth below a station isn't behind it yet, and so ends its line.
+    three = [apply_template(at, "PLAIN", "PLAIN") for at in (100, 300, 800)]
+    positions = ["1,0.000,PLAIN", "3,0.000,PLAIN", "8,0.000,PLAIN"]
+    at_it, past_it = [
+        rd5(XR=["RT," + at for at in positions], XL=["LT," + at for at in positions],
+            SR=[f"RS,3,{offset},{end},0.000,0.000,0.000,0,0,0.000,0.000"])
+        for offset, end in (("0.000", 3), ("0.002", 8))]
+    dc += road("AT", three + [apply_super(300.0004, *slopes, 3.5, 3.5)])
+    dc += road("PAST", three + [apply_super(300.0016, *slopes, 3.5, 3.5)])
+    return dc, {"AT.RD5": at_it, "PAST.RD5": past_it, "NOWHERE.RD5": nowhere,
+                "BEFORE.RD5": before, "BEHIND.RD5": behind,
+                "ORDER.RD5": order, "NEARLY.RD5": nearly, "PLAIN.tp5": PLAIN_TP5,
+                "OTHER.tp5": ["TH,1,2.000,2.500", "TS,7.000,2.000,0,                "]}
 
 
 def sparse():
