@@ -1,7 +1,5 @@
 #include "io/Strings.h"
 
-#include <algorithm>
-
 #include "io/Numbers.h"
 #include "platform/Platform.h"
 #include "platform/Utf8.h"
@@ -44,10 +42,18 @@ std::wstring ReplaceFirst(std::wstring_view format, std::wstring_view mark,
   return text;
 }
 
-// How many characters at the start of a text are ASCII.
+// How many characters at the start of a text are ASCII. Whole blocks without a branch for each
+// character, which the compiler makes vectors of.
 std::size_t AsciiLength(std::wstring_view text) {
-  const auto isOther = [](wchar_t c) { return static_cast<char32_t>(c) >= 0x80; };
-  return static_cast<std::size_t>(std::find_if(text.begin(), text.end(), isOther) - text.begin());
+  constexpr std::size_t kBlock = 16;
+  std::size_t length = 0;
+  for (; length + kBlock <= text.size(); length += kBlock) {
+    char32_t bits = 0;
+    for (std::size_t i = 0; i < kBlock; ++i) bits |= static_cast<char32_t>(text[length + i]);
+    if (bits >= 0x80) break;
+  }
+  while (length < text.size() && static_cast<char32_t>(text[length]) < 0x80) ++length;
+  return length;
 }
 
 }  // namespace
