@@ -54,6 +54,92 @@ TEST(IljFieldTest, IsUnset) {
   }
 }
 
+// Integers from `low` to `high` are valid, those beside them aren't.
+struct Range {
+  F type;
+  std::int32_t low, high;
+};
+constexpr Range kRanges[] = {{F::UNDI, 0, 2},
+                             {F::UNAN, 0, 1},
+                             {F::FITY, 1, 7},
+                             {F::CDTY, 0, 9},
+                             {F::CDOR, 1, 10},
+                             {F::CDCL, 1, 10},
+                             {F::LOIN, 1, 60},
+                             {F::LOEC, 1, 90},
+                             {F::LODT, 1, 3},
+                             {F::LOMC, 1, 6},
+                             {F::ANTY, 0, ilj::kMax},
+                             {F::ANMK, 0, ilj::kMax},
+                             {F::IMON, 1, 3},
+                             {F::PJCO, 1, 4},
+                             {F::MPTY, 2048, 2060},
+                             {F::MPTY, 2062, 2069},
+                             {F::PJDT, 513, 517},
+                             {F::PJCT, 0, 1},
+                             {F::PJAF, 0, 1},
+                             {F::PJAE, 0, 3},
+                             {F::PJVA, 1, 4},
+                             {F::PJAZ, 1, 2},
+                             {F::PJGO, 1, 4},
+                             {F::NUMB, 0, 1},
+                             {F::GPWS, 1, ilj::kMax},
+                             {F::GPWE, ilj::kMin, -1},
+                             {F::GPSS, ilj::kMin, ilj::kMax},
+                             {F::GPSE, ilj::kMin, ilj::kMax},
+                             {F::EPCT, ilj::kMin, ilj::kMax},
+                             {F::NUMI, -ilj::kMax, ilj::kMax}};
+
+TEST(IljFieldTest, IntegersHaveRanges) {
+  for (const auto& [type, low, high] : kRanges) {
+    const std::wstring tag(kIljFieldTags[static_cast<std::size_t>(type)]);
+    SCOPED_TRACE(tag);
+    const auto field = MakeField(type);
+    const auto isValid = [&field, &tag](std::int32_t value) {
+      field->SetText(std::to_wstring(value));
+      EXPECT_EQ(field->GetText(), tag + L":" + std::to_wstring(value));
+      return field->IsValid();
+    };
+    EXPECT_TRUE(isValid(low) && isValid(high));
+    EXPECT_FALSE(low != ilj::kMin && isValid(low - 1));
+    EXPECT_FALSE(high != ilj::kMax && isValid(high + 1));
+  }
+}
+
+// Lengths, angles and factors that need only lie above the floor, by their decimals.
+TEST(IljFieldTest, RealsLieAboveTheFloor) {
+  constexpr std::pair<F, int> kReals[] = {
+      {F::NRTH, 5},  {F::EAST, 5},  {F::ELEV, 5},  {F::HGHT, 5},  {F::SDST, 5},  {F::HDST, 5},
+      {F::VDST, 5},  {F::HTIN, 5},  {F::HTTG, 5},  {F::TRAX, 5},  {F::TRAY, 5},  {F::TRAZ, 5},
+      {F::NUMR, 6},  {F::TINO, 9},  {F::TIEA, 9},  {F::SCAL, 9},  {F::ROTX, 11}, {F::ROTY, 11},
+      {F::ROTZ, 11}, {F::SCPP, 11}, {F::LATI, 12}, {F::LONG, 12}, {F::LAT1, 12}, {F::LAT2, 12}};
+  for (const auto& [type, decimals] : kReals) {
+    const std::wstring tag(kIljFieldTags[static_cast<std::size_t>(type)]);
+    SCOPED_TRACE(tag);
+    const auto field = MakeField(type);
+    field->SetText(L"-99900000.0");
+    EXPECT_FALSE(field->IsValid());
+    field->SetText(L"-99899999.5");
+    EXPECT_TRUE(field->IsValid());
+    EXPECT_EQ(field->GetText(),
+              tag + L":-99899999.5" + std::wstring(static_cast<std::size_t>(decimals - 1), L'0'));
+  }
+}
+
+// Any text but none is valid, and comes back as it is.
+TEST(IljFieldTest, TextsStayAsTheyAre) {
+  for (const F type : {F::DERV, F::NOTE, F::FILE, F::DESC, F::EQTY, F::EQSN, F::ANSN, F::PJZG,
+                       F::PJDN, F::PJRE, F::FIL1, F::FIL2, F::FIL3}) {
+    const std::wstring tag(kIljFieldTags[static_cast<std::size_t>(type)]);
+    const auto field = MakeField(type);
+    for (const std::wstring text : {L" a:b : ", L"   ", L"\u00fc\u20ac", L""}) {
+      field->SetText(text);
+      EXPECT_EQ(field->IsValid(), !text.empty()) << tag;
+      EXPECT_EQ(field->GetText(), tag + L":" + text);
+    }
+  }
+}
+
 struct Case {
   F type;
   const wchar_t* value;
@@ -62,23 +148,6 @@ struct Case {
 };
 
 constexpr Case kCases[] = {
-    // Texts: anything but nothing, as it stands.
-    {F::DERV, L"KI", true, nullptr},
-    {F::DERV, L"", false, nullptr},
-    {F::NOTE, L" a:b : ", true, nullptr},
-    {F::NOTE, L"   ", true, nullptr},
-    {F::FILE, L"C:\\x.dat", true, nullptr},
-    {F::DESC, L"\u00fc\u20ac", true, nullptr},
-    {F::EQTY, L"R", true, nullptr},
-    {F::EQSN, L"1", true, nullptr},
-    {F::ANSN, L"", false, nullptr},
-    {F::PJZG, L"Z", true, nullptr},
-    {F::PJDN, L"", false, nullptr},
-    {F::PJRE, L"R", true, nullptr},
-    {F::FIL1, L"", false, nullptr},
-    {F::FIL2, L"2", true, nullptr},
-    {F::FIL3, L"3", true, nullptr},
-    // Point names.
     {F::PTNM, L"000", false, nullptr},
     {F::PTNM, L"0001", true, nullptr},
     {F::PTNM, L"A0", true, nullptr},
@@ -105,10 +174,9 @@ constexpr Case kCases[] = {
     {F::DATE, L"00000101", false, L""},
     {F::DATE, L"2001", false, L""},
     {F::DATE, L"200102", true, L"20010202"},
-    {F::DATE, L"", false, L""},
     {F::DATE, L"today", false, L""},
     {F::DAST, L"20260101", true, nullptr},
-    {F::DAEN, L"20261230", true, nullptr},
+    {F::DAEN, L"", false, L""},
     // Times: midnight is one, and so is nothing at all.
     {F::TIME, L"000000", true, nullptr},
     {F::TIME, L"235959", true, nullptr},
@@ -118,135 +186,30 @@ constexpr Case kCases[] = {
     {F::TIST, L"101112", true, nullptr},
     {F::TIEN, L"1011", true, L"101111"},
     // Integers: base 10, up to what doesn't fit, saturated at 32 bits.
-    {F::GPWS, L"0", false, nullptr},
-    {F::GPWS, L"1", true, nullptr},
-    {F::GPWS, L"-1", true, nullptr},
     {F::GPWE, L"0x10", false, L"0"},
     {F::GPWE, L"\t 12a", true, L"12"},
-    {F::GPSS, L"0", true, nullptr},
-    {F::GPSS, L"-5", true, nullptr},
     {F::GPSE, L"99999999999", true, L"2147483647"},
     {F::EPCT, L"-99999999999", true, L"-2147483648"},
-    {F::UNDI, L"-1", false, nullptr},
-    {F::UNDI, L"0", true, nullptr},
-    {F::UNDI, L"2", true, nullptr},
-    {F::UNDI, L"3", false, nullptr},
-    {F::UNAN, L"-1", false, nullptr},
     {F::UNAN, L"x", true, L"0"},
     {F::UNAN, L"1.9", true, L"1"},
-    {F::UNAN, L"2", false, nullptr},
-    {F::FITY, L"0", false, nullptr},
-    {F::FITY, L"1", true, nullptr},
-    {F::FITY, L"7", true, nullptr},
-    {F::FITY, L"8", false, nullptr},
-    {F::CDTY, L"-1", false, nullptr},
-    {F::CDTY, L"0", true, nullptr},
-    {F::CDTY, L"9", true, nullptr},
-    {F::CDTY, L"10", false, nullptr},
-    {F::CDOR, L"0", false, nullptr},
-    {F::CDOR, L"1", true, nullptr},
-    {F::CDOR, L"10", true, nullptr},
-    {F::CDOR, L"11", false, nullptr},
-    {F::CDCL, L"0", false, nullptr},
-    {F::CDCL, L"10", true, nullptr},
-    {F::CDCL, L"11", false, nullptr},
-    {F::LOIN, L"0", false, nullptr},
-    {F::LOIN, L"1", true, nullptr},
-    {F::LOIN, L"60", true, nullptr},
-    {F::LOIN, L"61", false, nullptr},
-    {F::LOEC, L"0", false, nullptr},
-    {F::LOEC, L"1", true, nullptr},
-    {F::LOEC, L"90", true, nullptr},
-    {F::LOEC, L"91", false, nullptr},
-    {F::LODT, L"0", false, nullptr},
-    {F::LODT, L"3", true, nullptr},
-    {F::LODT, L"4", false, nullptr},
-    {F::LOMC, L"0", false, nullptr},
-    {F::LOMC, L"6", true, nullptr},
-    {F::LOMC, L"7", false, nullptr},
-    {F::ANTY, L"-1", false, nullptr},
-    {F::ANTY, L"0", true, nullptr},
-    {F::ANTY, L"2147483647", true, nullptr},
-    {F::ANMK, L"-1", false, nullptr},
-    {F::ANMK, L"0", true, nullptr},
-    {F::IMON, L"0", false, nullptr},
-    {F::IMON, L"3", true, nullptr},
-    {F::IMON, L"4", false, nullptr},
-    {F::PJCO, L"0", false, nullptr},
-    {F::PJCO, L"4", true, nullptr},
-    {F::PJCO, L"5", false, nullptr},
-    {F::MPTY, L"2047", false, nullptr},
-    {F::MPTY, L"2048", true, nullptr},
-    {F::MPTY, L"2060", true, nullptr},
-    {F::MPTY, L"2061", false, nullptr},
-    {F::MPTY, L"2062", true, nullptr},
-    {F::MPTY, L"2069", true, nullptr},
-    {F::MPTY, L"2070", false, nullptr},
-    {F::PJDT, L"512", false, nullptr},
-    {F::PJDT, L"513", true, nullptr},
-    {F::PJDT, L"517", true, nullptr},
-    {F::PJDT, L"518", false, nullptr},
-    {F::PJCT, L"-1", false, nullptr},
-    {F::PJCT, L"1", true, nullptr},
-    {F::PJCT, L"2", false, nullptr},
-    {F::PJAF, L"-1", false, nullptr},
-    {F::PJAF, L"1", true, nullptr},
-    {F::PJAF, L"2", false, nullptr},
-    {F::PJAE, L"-1", false, nullptr},
-    {F::PJAE, L"3", true, nullptr},
-    {F::PJAE, L"4", false, nullptr},
-    {F::PJVA, L"0", false, nullptr},
-    {F::PJVA, L"4", true, nullptr},
-    {F::PJVA, L"5", false, nullptr},
-    {F::PJAZ, L"0", false, nullptr},
-    {F::PJAZ, L"2", true, nullptr},
-    {F::PJAZ, L"3", false, nullptr},
-    {F::PJGO, L"0", false, nullptr},
-    {F::PJGO, L"4", true, nullptr},
-    {F::PJGO, L"5", false, nullptr},
     // Integers that are read as real numbers.
     {F::NUMI, L"3.9", true, L"3"},
     {F::NUMI, L"-3.9", true, L"-3"},
     {F::NUMI, L"2147483647.5", true, L"2147483647"},
     {F::NUMI, L"2147483648", false, L"-2147483648"},
-    {F::NUMI, L"-2147483647", true, nullptr},
-    {F::NUMI, L"-2147483648", false, nullptr},
     {F::NUMI, L"1e999", false, L"-2147483648"},
-    {F::NUMB, L"-1", false, nullptr},
     {F::NUMB, L"-0.5", true, L"0"},
-    {F::NUMB, L"1.9", true, L"1"},
-    {F::NUMB, L"2", false, nullptr},
     {F::NUMB, L"1e10", false, L"-2147483648"},
-    // Lengths and the like: above the floor. No number is 0, and 0 is a coordinate.
+    // No number is 0, and 0 is a coordinate.
     {F::NRTH, L"abc", true, L"0.00000"},
-    {F::NRTH, L"-99900000.0", false, L"-99900000.00000"},
-    {F::NRTH, L"-99899999.9", true, L"-99899999.90000"},
     {F::EAST, L"", true, L"0.00000"},
     {F::EAST, L"1e999", true, L"inf"},
     {F::EAST, L"0x10", true, L"0.00000"},
     {F::EAST, L"nan", true, L"0.00000"},
     {F::ELEV, L"-1e-9", true, L"-0.00000"},
-    {F::LATI, L"0.836123456789", true, nullptr},
-    {F::LONG, L"-99900000", false, L"-99900000.000000000000"},
     {F::HGHT, L"1.000005", true, L"1.00001"},  // the double next to it lies above
-    {F::SDST, L"-1", true, L"-1.00000"},
-    {F::HDST, L"6378137", true, L"6378137.00000"},
     {F::VDST, L"+.5", true, L"0.50000"},
-    {F::HTIN, L"1.5", true, L"1.50000"},
-    {F::HTTG, L"1.5", true, L"1.50000"},
-    {F::TRAX, L"1", true, L"1.00000"},
-    {F::TRAY, L"1", true, L"1.00000"},
     {F::TRAZ, L"-9.99e27", false, L"-9990000000000000993110523904.00000"},
-    {F::ROTX, L"1", true, L"1.00000000000"},
-    {F::ROTY, L"1", true, L"1.00000000000"},
-    {F::ROTZ, L"1", true, L"1.00000000000"},
-    {F::TINO, L"1", true, L"1.000000000"},
-    {F::TIEA, L"1", true, L"1.000000000"},
-    {F::SCPP, L"1.00000000001", true, nullptr},
-    {F::LAT1, L"1", true, L"1.000000000000"},
-    {F::LAT2, L"1", true, L"1.000000000000"},
-    {F::NUMR, L"298.257222101", true, L"298.257222"},
-    {F::NUMR, L"-9.99e7", false, L"-99900000.000000"},
     // Angles within a turn: the nearest doubles to both its ends belong to it.
     {F::ANGV, L"6.283185307179586", true, L"6.283185307"},
     {F::ANGV, L"6.283185307180", false, L"6.283185307"},
@@ -262,18 +225,15 @@ constexpr Case kCases[] = {
     {F::PDOP, L"1e-300", true, L"0.00"},
     {F::HDOP, L"0.01", true, nullptr},
     {F::HDOP, L"-1", false, L"-1.00"},
-    {F::VDOP, L"0", false, L"0.00"},
     {F::VDOP, L"2.345", true, L"2.35"},  // the double next to it lies above
     // A factor isn't 0.
     {F::SCAL, L"0", false, L"0.000000000"},
     {F::SCAL, L"0.000000000001", true, L"0.000000000"},
     {F::SCAL, L"0.0000000000009", false, L"0.000000000"},
     {F::SCAL, L"-0.9996", true, L"-0.999600000"},
-    {F::SCAL, L"-99900000", false, L"-99900000.000000000"},
 };
 
 TEST(IljFieldTest, ReadsJudgesAndWrites) {
-  bool seen[81] = {};
   for (const auto& [type, value, valid, text] : kCases) {
     const std::wstring tag(kIljFieldTags[static_cast<std::size_t>(type)]);
     SCOPED_TRACE(testing::Message() << tag << L":" << value);
@@ -281,11 +241,9 @@ TEST(IljFieldTest, ReadsJudgesAndWrites) {
     field->SetText(value);
     EXPECT_EQ(field->IsValid(), valid);
     const std::wstring written = text != nullptr ? text : value;
-    const bool isMoment = IljLayoutOf(type).kind == IljFieldKind::Date;
-    EXPECT_EQ(field->GetText(), isMoment && !valid ? L"" : tag + L":" + written);
-    seen[static_cast<std::size_t>(type)] = true;
+    const bool isDate = IljLayoutOf(type).kind == IljFieldKind::Date;
+    EXPECT_EQ(field->GetText(), isDate && !valid ? L"" : tag + L":" + written);
   }
-  for (int i = 1; i <= 80; ++i) EXPECT_TRUE(seen[i]) << i;
 }
 
 TEST(IljFieldTest, RefusesDaysAndTimesThatDoNotExist) {

@@ -1,4 +1,5 @@
-// ILJ to DC to ILJ: whatever a DC file can hold comes back to the decimals that both print.
+// Between ILJ and DC as a whole: what a DC file can hold comes back to the decimals that both
+// print, and files that are damaged do no harm.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -232,7 +233,7 @@ void ExpectSame(std::wstring_view line, std::wstring_view again) {
   }
 }
 
-TEST(IljRoundTripTest, KeepsWhatDcFilesHold) {
+TEST(IljConversionsTest, KeepWhatDcFilesHold) {
   for (std::int32_t distance = 0; distance <= 2; ++distance) {
     for (std::int32_t angle = 0; angle <= 1; ++angle) {
       Records records(static_cast<unsigned>(10 * distance + angle));
@@ -255,6 +256,39 @@ TEST(IljRoundTripTest, KeepsWhatDcFilesHold) {
       const std::vector<std::wstring> again = ConvertThereAndBack(lines);
       ASSERT_EQ(lines.size(), again.size());
       for (std::size_t i = 0; i < lines.size(); ++i) ExpectSame(lines[i], again[i]);
+    }
+  }
+}
+
+void ConvertDamaged(const TempDir& folder, FileType from, FileType to, std::string_view bytes) {
+  const std::wstring input = folder.Write(L"in", bytes), output = folder.Path(L"out");
+  HostLists lists;
+  const bool converted = cZelFileConvert(from, input.c_str(), to, output.c_str(), &lists.files,
+                                         &lists.messages, 0, nullptr) != 0;
+  EXPECT_EQ(folder.Exists(L"out"), converted);
+  EXPECT_TRUE(converted || lists.messages != nullptr);
+  EXPECT_EQ(folder.Read(L"in"), bytes);
+  std::filesystem::remove(folder.Folder() / "out");
+}
+
+// Truncations and bytes changed, seven apart, so that every column has its turn.
+TEST(IljConversionsTest, SurviveDamage) {
+  struct Example {
+    FileType from, to;
+    const char* path;
+  };
+  const TempDir folder;
+  for (const auto& [from, to, path] : {Example{FT_ILJ, FT_DC, "examples/grenze.ilj"},
+                                       Example{FT_DC, FT_ILJ, "examples/ridge-control.dc"}}) {
+    std::string bytes = ReadBytes(path);
+    ASSERT_FALSE(bytes.empty());
+    for (std::size_t i = 0; i < bytes.size(); i += 7) {
+      SCOPED_TRACE(i);
+      ConvertDamaged(folder, from, to, std::string_view(bytes).substr(0, i));
+      const char byte = bytes[i];
+      bytes[i] = static_cast<char>(byte ^ (i % 2 == 0 ? 0x80 : 0x0D));
+      ConvertDamaged(folder, from, to, bytes);
+      bytes[i] = byte;
     }
   }
 }
