@@ -12,10 +12,10 @@
 namespace zelconvert::bench {
 namespace {
 
-enum class Log { Sideshots, Heights, Traverse, Setups, Backsights, Gps };
+enum class Log { Sideshots, Heights, Traverse, Setups, Backsights, Gps, Vectors };
 
 const char* HeadOf(Log log) {
-  return log == Log::Gps
+  return log == Log::Gps || log == Log::Vectors
              ? "RX,DCROVER,RA2.0\r\n"
              : "OC,OP1,N 5000.0,E 5000.0,EL100.0,--CP1\r\nBK,OP1,BP2,BS45.1530,BC0.0\r\n";
 }
@@ -41,7 +41,12 @@ void AppendRecord(std::string& text, Log log, std::size_t i) {
                   point.east, point.elevation, point.code.data());
   } else if (second && log == Log::Backsights) {
     std::snprintf(line, sizeof line, "BK,OP1,BP2,BS%.4f,BC0.0000\r\n", SomeAngle(i, 360));
-  } else if (log == Log::Gps) {
+  } else if (second && log == Log::Vectors) {
+    // No GP comes up, so each vector looks to the end of the log.
+    std::snprintf(line, sizeof line,
+                  "BL,DCROVER,PN%u,DX%.4f,DY-26.1000,DZ15.3000,--RTK,GM1,CL1,HP0.008,VP0.014\r\n",
+                  point.number, point.elevation);
+  } else if (log == Log::Gps || log == Log::Vectors) {
     if (second) {
       std::snprintf(line, sizeof line, "GS,PN%u,N %.4f,E %.4f,EL%.4f,--%s\r\n", point.number,
                     point.north, point.east, point.elevation, point.code.data());
@@ -175,6 +180,7 @@ BENCHMARK_TEMPLATE(RawToDc, Log::Gps)->ZEL_SIZES;
 BENCHMARK_TEMPLATE(RawToDc, Log::Traverse)->ZEL_SIZES;
 BENCHMARK_TEMPLATE(RawToDc, Log::Setups)->ZEL_SIZES;
 BENCHMARK_TEMPLATE(RawToDc, Log::Backsights)->ZEL_SIZES;
+BENCHMARK_TEMPLATE(RawToDc, Log::Vectors)->ZEL_SIZES;
 
 }  // namespace
 }  // namespace zelconvert::bench

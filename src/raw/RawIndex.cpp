@@ -5,11 +5,23 @@
 namespace zelconvert {
 namespace {
 
-/// The entry of a line in a list that is sorted by lines; the line is in it.
+/// After these the instrument stands somewhere, at a height that an LS tells.
+constexpr RawKinds kSetupKinds = {RawRecordType::OC, RawRecordType::BK, RawRecordType::TR};
+
+/// The entry of a line in a list that is sorted by lines; null if the line isn't in it.
 template <class Entry>
-const Entry& EntryOf(const std::vector<Entry>& entries, std::int64_t line) {
-  return *std::lower_bound(entries.begin(), entries.end(), line,
-                           [](const Entry& entry, std::int64_t at) { return entry.line < at; });
+const Entry* EntryOf(const std::vector<Entry>& entries, std::int64_t line) {
+  const auto found =
+      std::lower_bound(entries.begin(), entries.end(), line,
+                       [](const Entry& entry, std::int64_t at) { return entry.line < at; });
+  return found != entries.end() && found->line == line ? &*found : nullptr;
+}
+
+/// The value of the first tag, or else of the second.
+std::wstring NameOf(std::wstring_view record, FieldTag tag, FieldTag otherTag) {
+  std::wstring_view name;
+  if (!CRawFile::GetField(record, tag, name)) CRawFile::GetField(record, otherTag, name);
+  return std::wstring(name);
 }
 
 }  // namespace
@@ -25,6 +37,7 @@ void RawIndex::Add(std::wstring_view record) {
   const RawRecordType kind = CRawFile::GetRecordType(record);
   m_Kinds.push_back(kind);
   const std::int64_t line = LineCount();
+  AddHeights(kind, line, record);
   switch (kind) {
     case RawRecordType::MO:
       if (MO_RECORD mode; !m_bHasMode && CRawFile::ParseMO(record, mode)) m_FirstMode = mode;
@@ -39,21 +52,12 @@ void RawIndex::Add(std::wstring_view record) {
         m_DeletedPoints.insert_or_assign(std::wstring(name.name), line);
       }
       break;
-    case RawRecordType::LS: {
-      LS_RECORD heights;
-      const bool valid = CRawFile::ParseLS(record, heights);
-      m_Heights.push_back({line, valid, heights.instrumentHeight});
+    case RawRecordType::OC:
+      m_Occupied.push_back({line, NameOf(record, L"OP", L"PN")});
+      m_AskedNames.Insert(m_Occupied.back().name);
       break;
-    }
-    case RawRecordType::OC: {
-      POINT_RECORD point;
-      CRawFile::ParseOC(record, point);
-      m_Occupied.push_back({line, std::wstring(point.name)});
-      m_AskedNames.Insert(point.name);
-      break;
-    }
     case RawRecordType::RP:
-      if (POINT_RECORD point; CRawFile::ParseRP(record, point)) m_AskedNames.Insert(point.name);
+      m_AskedNames.Insert(NameOf(record, L"PN", L"PN"));
       break;
     case RawRecordType::GP: {
       GP_RECORD point;
@@ -63,6 +67,20 @@ void RawIndex::Add(std::wstring_view record) {
     }
     default:
       break;
+  }
+}
+
+/// Keeps what an LS says if a setup may look for it.
+void RawIndex::AddHeights(RawRecordType kind, std::int64_t line, std::wstring_view record) {
+  if (kind == RawRecordType::LS && m_bSetupOpen) {
+    LS_RECORD heights;
+    const bool valid = CRawFile::ParseLS(record, heights);
+    m_Heights.push_back({line, valid, heights.instrumentHeight});
+  }
+  if (kSetupKinds.Contains(kind)) {
+    m_bSetupOpen = true;
+  } else if (kind == RawRecordType::LS || kShotKinds.Contains(kind)) {
+    m_bSetupOpen = false;
   }
 }
 
@@ -108,22 +126,23 @@ bool RawIndex::FindHeights(std::int64_t line, RawRecordType type, std::wstring_v
     const RawRecordType kind = KindAt(line);
     if (kind == RawRecordType::LS) break;
     if (kind != RawRecordType::OC || type != RawRecordType::TR ||
-        EntryOf(m_Occupied, line).name != name) {
+        EntryOf(m_Occupied, line)->name != name) {
       return false;
     }
   }
-  const Heights& heights = EntryOf(m_Heights, line);
-  if (heights.valid) height = heights.instrumentHeight;
-  return heights.valid;
+  const Heights* heights = EntryOf(m_Heights, line);
+  if (heights == nullptr || !heights->valid) return false;
+  height = heights->instrumentHeight;
+  return true;
 }
 
 bool RawIndex::FindGpsPointKind(std::int64_t line, std::wstring_view name, bool& isControl) {
   isControl = false;
   line = m_NextGpsPoint.Next(m_Kinds, line);
   if (line > LineCount() || KindAt(line) != RawRecordType::GP) return true;
-  const GpsPoint& point = EntryOf(m_GpsPoints, line);
-  if (!point.valid || point.name != name) return false;
-  isControl = point.kind == GpsPointKind::Control;
+  const GpsPoint* point = EntryOf(m_GpsPoints, line);
+  if (!point->valid || point->name != name) return false;
+  isControl = point->kind == GpsPointKind::Control;
   return true;
 }
 

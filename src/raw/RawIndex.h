@@ -63,8 +63,8 @@ class RawIndex {
   /// The next record is DE or OE.
   bool NextIsStakeDetail(std::int64_t line) const;
   /// The instrument height of the LS in front of the next shot or OC; `height` stays if there is
-  /// none or it is bad. `type` is the kind of the record on `line`: a TR looks past an OC that
-  /// names the same point as `name`.
+  /// none or it is bad. `type` is the kind of the record on `line`, OC, BK or TR: a TR looks past
+  /// an OC that names the same point as `name`.
   bool FindHeights(std::int64_t line, RawRecordType type, std::wstring_view name, double& height);
   /// What the next GP says of the vector to `name`. False if that GP is bad or of another name; a
   /// GS or GK in front of it, or none at all, leaves `isControl` false.
@@ -106,6 +106,7 @@ class RawIndex {
   };
 
   void Add(std::wstring_view record);
+  void AddHeights(RawRecordType kind, std::int64_t line, std::wstring_view record);
   RawRecordType KindAt(std::int64_t line) const {
     return m_Kinds[static_cast<std::size_t>(line - 1)];
   }
@@ -118,6 +119,7 @@ class RawIndex {
   NameSet m_AskedNames;
   MO_RECORD m_FirstMode;
   bool m_bHasMode = false;
+  bool m_bSetupOpen = false;  // an OC, BK or TR, and neither LS nor shot since
   bool m_bHasLocalization = false;
 
   Search m_NextShot{kShotKinds};
