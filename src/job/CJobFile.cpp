@@ -360,7 +360,8 @@ bool CJobFile::ReadRecord18(JOB_RECORD18& record) {
 bool CJobFile::ReadFixedPayload(FixedPayload& payload) {
   const FoundKind found = FindKind(m_RecordHead.kind);
   if (!m_File.Read(payload.data(), found.length)) return false;
-  std::fill(payload.begin() + found.length, payload.end(), std::byte{0});
+  std::fill(payload.begin() + found.length, payload.begin() + InfoOf(found.kind).length,
+            std::byte{0});
   return true;
 }
 

@@ -4,7 +4,7 @@
 
 #include "io/BinaryFields.h"
 #include "io/Paths.h"
-#include "io/Strings.h"
+#include "platform/Platform.h"
 
 namespace zelconvert {
 namespace {
@@ -15,14 +15,6 @@ constexpr JobKind kCopiedKinds[] = {JobKind::Point,    JobKind::PointEx,  JobKin
 
 bool IsCopied(JobKind kind) {
   return std::ranges::find(kCopiedKinds, kind) != std::end(kCopiedKinds);
-}
-
-/// What both kinds of point begin with.
-JOB_POINT ReadPointHead(std::span<const std::byte> payload) {
-  JOB_POINT point;
-  const BinaryReader reader(payload);
-  JOB_POINT::WalkHead(reader, point);
-  return point;
 }
 
 }  // namespace
@@ -63,8 +55,17 @@ void CJobMerger::PrepareFirst(JobKind kind, Payload payload) {
   if (kind == JobKind::Record15) ++m_nRecords15;
   if (kind == JobKind::Record16) ++m_nRecords16;
   if (!IsPoint(kind)) return;
-  const JOB_POINT point = ReadPointHead(payload);
-  m_Points.try_emplace(ToNarrow(point.name), POINT_DATA{point.east, point.north, point.elevation});
+  const POINT_DATA point = ReadPoint(payload);
+  m_Points.try_emplace(m_strName, point);
+}
+
+// The name goes to m_strName.
+CJobMerger::POINT_DATA CJobMerger::ReadPoint(Payload payload) {
+  const BinaryReader reader(payload);
+  JOB_POINT::WalkHead(reader, m_Point);
+  m_strName.clear();
+  platform::AppendNarrow(m_strName, m_Point.name);
+  return {m_Point.east, m_Point.north, m_Point.elevation};
 }
 
 // Points of a name that is there already are written all the same: which of two surveys is right is
@@ -75,11 +76,11 @@ void CJobMerger::PrepareSecond(JobKind kind, Payload payload) {
   if (kind == JobKind::Record15) writer.Field(0, ++m_nRecords15);
   if (kind == JobKind::Record16) writer.Field(0, ++m_nRecords16);
   if (!IsPoint(kind)) return;
-  const JOB_POINT point = ReadPointHead(payload);
-  const auto known = m_Points.find(ToNarrow(point.name));
+  const POINT_DATA point = ReadPoint(payload);
+  const auto known = m_Points.find(m_strName);
   if (known == m_Points.end()) return;
   ++m_Counts.repeated;
-  if (known->second != POINT_DATA{point.east, point.north, point.elevation}) ++m_Counts.moved;
+  if (known->second != point) ++m_Counts.moved;
 }
 
 bool MergeJobs(const std::wstring& firstPath, const std::wstring& secondPath,

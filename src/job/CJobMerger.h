@@ -43,6 +43,7 @@ class CJobMerger {
 
   bool CopyHeader(CJobFile& output);
   bool CopyRecords(CJobFile& job, CJobFile& output, void (CJobMerger::*prepare)(JobKind, Payload));
+  POINT_DATA ReadPoint(Payload payload);
   void PrepareFirst(JobKind kind, Payload payload);
   void PrepareSecond(JobKind kind, Payload payload);
 
@@ -52,6 +53,8 @@ class CJobMerger {
   std::uint32_t m_nRecords15 = 0;  // so far, in both jobs
   std::uint32_t m_nRecords16 = 0;
   MergeCounts m_Counts;
+  JOB_POINT m_Point;  // the one at hand, kept for its memory
+  std::string m_strName;
 };
 
 /// Each path names a job of the brand that its exact extension ".job" stands for. The inputs must
