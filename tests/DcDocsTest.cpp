@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "DcRecordList.h"
 #include "TempDir.h"
 #include "dc/DcColumns.h"
 
@@ -111,68 +112,11 @@ class Page {
   std::map<std::string, Rows> m_page = RowsOnPage();
 };
 
-#define EXPECT_ON_PAGE(record, columns) page.Expect(#record, columns)
-
 TEST(DcDocs, ColumnsOfEveryRecord) {
   Page page;
-  EXPECT_ON_PAGE(tDC_HEADERRecord, kHeaderColumns);
-  EXPECT_ON_PAGE(tDC_JOBRecord, kJobColumns);
-  EXPECT_ON_PAGE(tDC_NOTERecord, kNoteColumns);
-  EXPECT_ON_PAGE(tDC_POST_PROCESSRecord, kPostProcessColumns);
-  EXPECT_ON_PAGE(tDC_SCALERecord, kScaleColumns);
-  EXPECT_ON_PAGE(tDC_COGORecord, kCogoColumns);
-  EXPECT_ON_PAGE(tDC_COGO_OLDRecord, kCogoOldColumns);
-  EXPECT_ON_PAGE(tDC_STATIONRecord, kStationColumns);
-  EXPECT_ON_PAGE(tDC_STATION_EXTRecord, kStationExtColumns);
-  EXPECT_ON_PAGE(tDC_BACKSIGHTRecord, kBacksightColumns);
-  EXPECT_ON_PAGE(tDC_BACKSIGHT_EXTRecord, kBacksightExtColumns);
-  EXPECT_ON_PAGE(tDC_GRID_POSITIONRecord, kGridPositionColumns);
-  EXPECT_ON_PAGE(tDC_GPS_POSITIONRecord, kGpsPositionColumns);
-  EXPECT_ON_PAGE(tDC_GPS_POSITION2Record, kGpsPosition2Columns);
-  EXPECT_ON_PAGE(tDC_LOCAL_POSITIONRecord, kLocalPositionColumns);
-  EXPECT_ON_PAGE(tDC_DELETED_POSITIONRecord, kDeletedPositionColumns);
-  EXPECT_ON_PAGE(tDC_VECTORRecord, kVectorColumns);
-  EXPECT_ON_PAGE(tDC_OBSERVATIONRecord, kObservationColumns);
-  EXPECT_ON_PAGE(tDC_OBSERVATION_SIGMARecord, kObservationSigmaColumns);
-  EXPECT_ON_PAGE(tDC_OBSERVATION_TEXTRecord, kObservationTextColumns);
-  EXPECT_ON_PAGE(tDC_ANGLE_DISTANCERecord, kAngleDistanceColumns);
-  EXPECT_ON_PAGE(tDC_ANGLE_DISTANCE_KEYEDRecord, kAngleDistanceKeyedColumns);
-  EXPECT_ON_PAGE(tDC_STATION_HEIGHTRecord, kStationHeightColumns);
-  EXPECT_ON_PAGE(tDC_TARGET_HEIGHTRecord, kTargetHeightColumns);
-  EXPECT_ON_PAGE(tDC_NAMERecord, kNameColumns);
-  EXPECT_ON_PAGE(tDC_PROJECTIONRecord, kProjectionColumns);
-  EXPECT_ON_PAGE(tDC_PROJECTION_EXTRecord, kProjectionExtColumns);
-  EXPECT_ON_PAGE(tDC_ELLIPSOIDRecord, kEllipsoidColumns);
-  EXPECT_ON_PAGE(tDC_LOCAL_SITERecord, kLocalSiteColumns);
-  EXPECT_ON_PAGE(tDC_DATUMRecord, kDatumColumns);
-  EXPECT_ON_PAGE(tDC_DATUM_GRIDRecord, kDatumGridColumns);
-  EXPECT_ON_PAGE(tDC_HORIZONTAL_ADJUSTRecord, kHorizontalAdjustColumns);
-  EXPECT_ON_PAGE(tDC_VERTICAL_ADJUSTRecord, kVerticalAdjustColumns);
-  EXPECT_ON_PAGE(tDC_COORDINATE_SYSTEMRecord, kCoordinateSystemColumns);
-  EXPECT_ON_PAGE(tDC_ZONE_LABELRecord, kZoneLabelColumns);
-  EXPECT_ON_PAGE(tDC_FEATURE_CODERecord, kFeatureCodeColumns);
-  EXPECT_ON_PAGE(tDC_FEATURE_NUMBERRecord, kFeatureNumberColumns);
-  EXPECT_ON_PAGE(tDC_FEATURE_TEXTRecord, kFeatureTextColumns);
-  EXPECT_ON_PAGE(tDC_FEATURE_LISTRecord, kFeatureListColumns);
-  EXPECT_ON_PAGE(tDC_FEATURE_MAPRecord, kFeatureMapColumns);
-  EXPECT_ON_PAGE(tDC_TARGET_IDRecord, kTargetIdColumns);
-  EXPECT_ON_PAGE(tDC_TARGET_HEIGHTS_Record, kTargetHeightsColumns);
-  EXPECT_ON_PAGE(tDC_TARGET_NUMBERRecord, kTargetNumberColumns);
-  EXPECT_ON_PAGE(tDC_TARGET_GRADERecord, kTargetGradeColumns);
-  EXPECT_ON_PAGE(tDC_ANTENNA_OFFSETRecord, kAntennaOffsetColumns);
-  EXPECT_ON_PAGE(tDC_ANTENNA_MEASUREMENTRecord, kAntennaMeasurementColumns);
-  EXPECT_ON_PAGE(tDC_STAKED_VALUERecord, kStakedValueColumns);
-  EXPECT_ON_PAGE(tDC_DESIGN_SLOPERecord, kDesignSlopeColumns);
-  EXPECT_ON_PAGE(tDC_CATCH_POINTRecord, kCatchPointColumns);
-  EXPECT_ON_PAGE(tDC_OFFSET_SETTINGRecord, kOffsetSettingColumns);
-  EXPECT_ON_PAGE(tDC_ANTENNA_HEIGHTRecord, kAntennaHeightColumns);
-  EXPECT_ON_PAGE(tDC_VECTOR_SIGMARecord, kVectorSigmaColumns);
-  EXPECT_ON_PAGE(tDC_RECEIVER_Record, kReceiverColumns);
-  EXPECT_ON_PAGE(tDC_RECEIVER_EXTRecord, kReceiverExtColumns);
-  EXPECT_ON_PAGE(tDC_SETUP_Record, kSetupColumns);
-  EXPECT_ON_PAGE(tDC_CB_Record, kCbColumns);
-  EXPECT_ON_PAGE(tDC_MP_Record, kMpColumns);
-  EXPECT_ON_PAGE(tDC_MA_Record, kMaColumns);
+#define EXPECT_ON_PAGE(record, name) page.Expect(#record, k##name##Columns);
+  ZEL_DC_RECORDS(EXPECT_ON_PAGE)
+#undef EXPECT_ON_PAGE
 }
 
 }  // namespace

@@ -1,0 +1,63 @@
+// The records of DC files: X(structure, name), where CDcFile::Write<name> writes one by
+// k<name>Columns.
+#pragma once
+
+#define ZEL_DC_RECORDS(X)                               \
+  X(tDC_HEADERRecord, Header)                           \
+  X(tDC_JOBRecord, Job)                                 \
+  X(tDC_NOTERecord, Note)                               \
+  X(tDC_POST_PROCESSRecord, PostProcess)                \
+  X(tDC_SCALERecord, Scale)                             \
+  X(tDC_COGORecord, Cogo)                               \
+  X(tDC_COGO_OLDRecord, CogoOld)                        \
+  X(tDC_STATIONRecord, Station)                         \
+  X(tDC_STATION_EXTRecord, StationExt)                  \
+  X(tDC_BACKSIGHTRecord, Backsight)                     \
+  X(tDC_BACKSIGHT_EXTRecord, BacksightExt)              \
+  X(tDC_GRID_POSITIONRecord, GridPosition)              \
+  X(tDC_GPS_POSITIONRecord, GpsPosition)                \
+  X(tDC_GPS_POSITION2Record, GpsPosition2)              \
+  X(tDC_LOCAL_POSITIONRecord, LocalPosition)            \
+  X(tDC_DELETED_POSITIONRecord, DeletedPosition)        \
+  X(tDC_VECTORRecord, Vector)                           \
+  X(tDC_OBSERVATIONRecord, Observation)                 \
+  X(tDC_OBSERVATION_SIGMARecord, ObservationSigma)      \
+  X(tDC_OBSERVATION_TEXTRecord, ObservationText)        \
+  X(tDC_ANGLE_DISTANCERecord, AngleDistance)            \
+  X(tDC_ANGLE_DISTANCE_KEYEDRecord, AngleDistanceKeyed) \
+  X(tDC_STATION_HEIGHTRecord, StationHeight)            \
+  X(tDC_TARGET_HEIGHTRecord, TargetHeight)              \
+  X(tDC_NAMERecord, Name)                               \
+  X(tDC_PROJECTIONRecord, Projection)                   \
+  X(tDC_PROJECTION_EXTRecord, ProjectionExt)            \
+  X(tDC_ELLIPSOIDRecord, Ellipsoid)                     \
+  X(tDC_LOCAL_SITERecord, LocalSite)                    \
+  X(tDC_DATUMRecord, Datum)                             \
+  X(tDC_DATUM_GRIDRecord, DatumGrid)                    \
+  X(tDC_HORIZONTAL_ADJUSTRecord, HorizontalAdjust)      \
+  X(tDC_VERTICAL_ADJUSTRecord, VerticalAdjust)          \
+  X(tDC_COORDINATE_SYSTEMRecord, CoordinateSystem)      \
+  X(tDC_ZONE_LABELRecord, ZoneLabel)                    \
+  X(tDC_FEATURE_CODERecord, FeatureCode)                \
+  X(tDC_FEATURE_NUMBERRecord, FeatureNumber)            \
+  X(tDC_FEATURE_TEXTRecord, FeatureText)                \
+  X(tDC_FEATURE_LISTRecord, FeatureList)                \
+  X(tDC_FEATURE_MAPRecord, FeatureMap)                  \
+  X(tDC_TARGET_IDRecord, TargetId)                      \
+  X(tDC_TARGET_HEIGHTS_Record, TargetHeights)           \
+  X(tDC_TARGET_NUMBERRecord, TargetNumber)              \
+  X(tDC_TARGET_GRADERecord, TargetGrade)                \
+  X(tDC_ANTENNA_OFFSETRecord, AntennaOffset)            \
+  X(tDC_ANTENNA_MEASUREMENTRecord, AntennaMeasurement)  \
+  X(tDC_STAKED_VALUERecord, StakedValue)                \
+  X(tDC_DESIGN_SLOPERecord, DesignSlope)                \
+  X(tDC_CATCH_POINTRecord, CatchPoint)                  \
+  X(tDC_OFFSET_SETTINGRecord, OffsetSetting)            \
+  X(tDC_ANTENNA_HEIGHTRecord, AntennaHeight)            \
+  X(tDC_VECTOR_SIGMARecord, VectorSigma)                \
+  X(tDC_RECEIVER_Record, Receiver)                      \
+  X(tDC_RECEIVER_EXTRecord, ReceiverExt)                \
+  X(tDC_SETUP_Record, Setup)                            \
+  X(tDC_CB_Record, Cb)                                  \
+  X(tDC_MP_Record, Mp)                                  \
+  X(tDC_MA_Record, Ma)
