@@ -1,5 +1,6 @@
 // zelconvert convert IN OUT: converts into a staging folder and moves what was made into place.
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <filesystem>
 #include <memory>
 #include <nlohmann/json.hpp>
@@ -71,6 +72,8 @@ void ConvertFile(const Conversion& asked, bool force, Outcome& outcome) {
                           (result.messages.empty() ? "; the library gives no reason" : ""));
   }
   outcome.files = staging.MoveFiles(force);
+  std::stable_partition(outcome.files.begin(), outcome.files.end(),
+                        [&](const fs::path& file) { return file == asked.output; });
   outcome.code = kConverted;
 }
 

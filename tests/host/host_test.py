@@ -29,6 +29,8 @@ INPUTS = {
     "r.raw": "mill-creek-simple.raw",
     "shout.RAW": "mill-creek-simple.raw",
     "c.dc": "ridge-control.dc",
+    "road.dc": "ridge-road.dc",
+    "sub/RURAL_2L.tp5": "boundary.job",
     "s.sdr": "mill-creek.sdr",
     "plain.txt": "ridge-control.dc",
     "there.dc": "grenze.ilj",
@@ -48,6 +50,7 @@ CASES = [
     ("convert sub/../a.job sub/out.dc", 0, ["sub/out.dc"], []),
     ("convert sub\\..\\a.job sub\\out.dc", 0, ["sub/out.dc"], []),
     ("convert dr\u00fcben.job stra\u00dfe.dc", 0, ["stra\u00dfe.dc"], ["stra\u00dfe.dc"]),
+    ("convert road.dc out.job", 0, ["RIDGE_RO.RD5", "RURAL_2L.tp5", "out.job"], ["RIDGE_RO.RD5"]),
     ("convert a.job there.dc --force", 0, [], ["there.dc"]),
     ("convert shout.RAW out.jxl", 0, ["out.jxl"], ["second brand"]),
     # the conversion fails
@@ -97,6 +100,7 @@ CASES = [
     ("merge a.job shout.JOB out.job", 3, [], ["shout.JOB", "brand"]),
     ("merge a.job names.job a.job --force", 2, [], ["is an input"]),
     ("help merge", 0, [], ["Left out"]),
+    ("convert road.dc sub/out.job", 4, [], ["RURAL_2L.tp5 exists"]),  # none of the three is moved
     # the other commands
     ("detect a.job b.pwj not.job r.raw", 0, [], ["a.job: job (ZEL JOB File)", "not.job: job+raw"]),
     ("detect a.job plain.txt", 1, [], ["plain.txt: unknown"]),
@@ -121,9 +125,9 @@ class HostTest(unittest.TestCase):
     def setUp(self):
         self.folder = tempfile.mkdtemp()
         self.addCleanup(shutil.rmtree, self.folder)
+        os.mkdir(os.path.join(self.folder, "sub"))
         for name, example in INPUTS.items():
             shutil.copyfile(EXAMPLES / example, os.path.join(self.folder, name))
-        os.mkdir(os.path.join(self.folder, "sub"))
         self.before = contents(self.folder)
 
     def run_host(self, arguments, **options):
