@@ -1,0 +1,50 @@
+// Any file as SDR of either layout, converted to a raw log.
+
+#include <algorithm>
+
+#include "FuzzFile.h"
+#include "raw/CConvRawSDRFile.h"
+
+namespace zelconvert {
+namespace {
+
+void Convert(const std::wstring& path, SdrVersion version) {
+  CFileCE sdr;
+  CRawFile raw;
+  Require(sdr.Open(path, platform::kOpenReadWrite));
+  Require(raw.OpenForWrite(FuzzDir().Path(L"out.raw")));
+  StringList messages;
+  CConvRawSDRFile conversion(&raw, &sdr);
+  conversion.SetSdrVersion(version);
+  const bool converted = conversion.ConvertToRaw(messages);
+  Require(raw.Close() && messages.size() == (converted ? 0u : 1u));
+}
+
+// Whatever the file held, the log is jobs, modes and comments that parse.
+void RequireLog() {
+  CRawFile raw;
+  Require(raw.Open(FuzzDir().Path(L"out.raw"), platform::kOpenReadWrite));
+  std::wstring record;
+  while (raw.ReadRecord(record)) {
+    JB_RECORD job;
+    MO_RECORD mode;
+    const RawRecordType type = CRawFile::GetRecordType(record);
+    Require(type == RawRecordType::Comment ||
+            (type == RawRecordType::JB && CRawFile::ParseJB(record, job)) ||
+            (type == RawRecordType::MO && CRawFile::ParseMO(record, mode)));
+  }
+}
+
+}  // namespace
+}  // namespace zelconvert
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using namespace zelconvert;
+  if (size > 16384) return 0;
+  const std::wstring path = StoreInput(L"in.sdr", data, size);
+  for (const SdrVersion version : {SdrVersion::Sdr2, SdrVersion::Sdr33}) {
+    Convert(path, version);
+    RequireLog();
+  }
+  return 0;
+}
