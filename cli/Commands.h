@@ -12,6 +12,7 @@ void AddConvertCommand(CLI::App& app, int& exitCode);
 void AddDetectCommand(CLI::App& app, int& exitCode);
 void AddTypesCommand(CLI::App& app, int& exitCode);
 void AddImportCr5Command(CLI::App& app);
+void AddImportSdrCommand(CLI::App& app);
 void AddMergeCommand(CLI::App& app);
 
 }  // namespace zelconvert::cli

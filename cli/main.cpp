@@ -66,6 +66,7 @@ int Run(std::vector<std::string> arguments) {
   AddDetectCommand(app, exitCode);
   AddTypesCommand(app, exitCode);
   AddImportCr5Command(app);
+  AddImportSdrCommand(app);
   AddMergeCommand(app);
   AddHelpCommand(app);
 
