@@ -67,7 +67,12 @@ Writer MakeWriter(bool (CDcFile::*write)(const R&), const Column<R> (&columns)[N
       ++next;
     };
     set(record.subtype);
-    ForEachMember(columns, [&](auto member) { set(record.*member); });
+    const void* last = nullptr;  // the members stand in the order of the columns
+    ForEachMember(columns, [&](auto member) {
+      EXPECT_TRUE(std::less<>()(last, static_cast<const void*>(&(record.*member))));
+      last = &(record.*member);
+      set(record.*member);
+    });
     EXPECT_EQ(next + 1, fields.size());
     return (file.*write)(record);
   };

@@ -3,6 +3,8 @@
 // show.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <sstream>
 #include <string>
 #include <vector>
@@ -36,6 +38,7 @@ inline std::vector<CaseFields> ReadCases(const char* path, char separator = '|')
   for (std::string line; std::getline(text, line);) {
     if (!line.empty() && line[0] != '#') cases.push_back(SplitCase(line, separator));
   }
+  EXPECT_FALSE(cases.empty()) << path;
   return cases;
 }
 

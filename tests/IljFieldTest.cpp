@@ -3,8 +3,10 @@
 #include <memory>
 #include <utility>
 
+#include "CaseFile.h"
 #include "convert/ConversionBase.h"
 #include "ilj/CMoskoJobRecordField.h"
+#include "io/Numbers.h"
 
 namespace zelconvert {
 namespace {
@@ -54,47 +56,12 @@ TEST(IljFieldTest, IsUnset) {
   }
 }
 
-// Integers from `low` to `high` are valid, those beside them aren't.
-struct Range {
-  F type;
-  std::int32_t low, high;
-};
-constexpr Range kRanges[] = {{F::UNDI, 0, 2},
-                             {F::UNAN, 0, 1},
-                             {F::FITY, 1, 7},
-                             {F::CDTY, 0, 9},
-                             {F::CDOR, 1, 10},
-                             {F::CDCL, 1, 10},
-                             {F::LOIN, 1, 60},
-                             {F::LOEC, 1, 90},
-                             {F::LODT, 1, 3},
-                             {F::LOMC, 1, 6},
-                             {F::ANTY, 0, ilj::kMax},
-                             {F::ANMK, 0, ilj::kMax},
-                             {F::IMON, 1, 3},
-                             {F::PJCO, 1, 4},
-                             {F::MPTY, 2048, 2060},
-                             {F::MPTY, 2062, 2069},
-                             {F::PJDT, 513, 517},
-                             {F::PJCT, 0, 1},
-                             {F::PJAF, 0, 1},
-                             {F::PJAE, 0, 3},
-                             {F::PJVA, 1, 4},
-                             {F::PJAZ, 1, 2},
-                             {F::PJGO, 1, 4},
-                             {F::NUMB, 0, 1},
-                             {F::GPWS, 1, ilj::kMax},
-                             {F::GPWE, ilj::kMin, -1},
-                             {F::GPSS, ilj::kMin, ilj::kMax},
-                             {F::GPSE, ilj::kMin, ilj::kMax},
-                             {F::EPCT, ilj::kMin, ilj::kMax},
-                             {F::NUMI, -ilj::kMax, ilj::kMax}};
-
 TEST(IljFieldTest, IntegersHaveRanges) {
-  for (const auto& [type, low, high] : kRanges) {
-    const std::wstring tag(kIljFieldTags[static_cast<std::size_t>(type)]);
-    SCOPED_TRACE(tag);
-    const auto field = MakeField(type);
+  for (const CaseFields& texts : ReadCases("tests/golden-lines/ilj-ranges.txt")) {
+    const std::wstring& tag = texts[0];
+    const std::int32_t low = ToInteger(texts.at(1)), high = ToInteger(texts.at(2));
+    SCOPED_TRACE(testing::PrintToString(texts));
+    const auto field = MakeField(static_cast<F>(kIljFieldMap.GetType(tag)));
     const auto isValid = [&field, &tag](std::int32_t value) {
       field->SetText(std::to_wstring(value));
       EXPECT_EQ(field->GetText(), tag + L":" + std::to_wstring(value));
@@ -140,109 +107,17 @@ TEST(IljFieldTest, TextsStayAsTheyAre) {
   }
 }
 
-struct Case {
-  F type;
-  const wchar_t* value;
-  bool valid;
-  const wchar_t* text;  // the value as it is written; null: as it was read
-};
-
-constexpr Case kCases[] = {
-    {F::PTNM, L"000", false, nullptr},
-    {F::PTNM, L"0001", true, nullptr},
-    {F::PTNM, L"A0", true, nullptr},
-    {F::PTNM, L"_", true, nullptr},
-    {F::PTNM, L"ABCDEFGHIJKLMNOP", true, nullptr},
-    {F::PTNM, L"ABCDEFGHIJKLMNOPQ", false, nullptr},
-    {F::PTNM, L"azAZ09_", true, nullptr},
-    {F::PTNM, L"A B", false, nullptr},
-    {F::PTNM, L"1.5", false, nullptr},
-    {F::PTNM, L"AB  ", true, L"AB"},
-    {F::PTNM, L"   ", false, L""},
-    {F::PTNM, L"\u00c4", false, nullptr},
-    {F::OCPT, L"G1 ", true, L"G1"},
-    {F::OCPT, L"", false, nullptr},
-    {F::OCPT, L"0", false, nullptr},
-    // Dates: one day past a month's end runs on.
-    {F::DATE, L"20260917", true, nullptr},
-    {F::DATE, L"20010230", true, L"20010302"},
-    {F::DATE, L"20011231", true, nullptr},
-    {F::DATE, L"00010101", true, L"10101"},
-    {F::DATE, L"19691231", true, nullptr},
-    {F::DATE, L"20010031", false, L""},
-    {F::DATE, L"20010100", false, L""},
-    {F::DATE, L"00000101", false, L""},
-    {F::DATE, L"2001", false, L""},
-    {F::DATE, L"200102", true, L"20010202"},
-    {F::DATE, L"today", false, L""},
-    {F::DAST, L"20260101", true, nullptr},
-    {F::DAEN, L"", false, L""},
-    // Times: midnight is one, and so is nothing at all.
-    {F::TIME, L"000000", true, nullptr},
-    {F::TIME, L"235959", true, nullptr},
-    {F::TIME, L"", true, L"000000"},
-    {F::TIME, L"5", true, L"050005"},
-    {F::TIME, L"noon", true, L"000000"},
-    {F::TIST, L"101112", true, nullptr},
-    {F::TIEN, L"1011", true, L"101111"},
-    // Integers: base 10, up to what doesn't fit, saturated at 32 bits.
-    {F::GPWE, L"0x10", false, L"0"},
-    {F::GPWE, L"\t 12a", true, L"12"},
-    {F::GPSE, L"99999999999", true, L"2147483647"},
-    {F::EPCT, L"-99999999999", true, L"-2147483648"},
-    {F::UNAN, L"x", true, L"0"},
-    {F::UNAN, L"1.9", true, L"1"},
-    // Integers that are read as real numbers.
-    {F::NUMI, L"3.9", true, L"3"},
-    {F::NUMI, L"-3.9", true, L"-3"},
-    {F::NUMI, L"2147483647.5", true, L"2147483647"},
-    {F::NUMI, L"2147483648", false, L"-2147483648"},
-    {F::NUMI, L"1e999", false, L"-2147483648"},
-    {F::NUMB, L"-0.5", true, L"0"},
-    {F::NUMB, L"1e10", false, L"-2147483648"},
-    // No number is 0, and 0 is a coordinate.
-    {F::NRTH, L"abc", true, L"0.00000"},
-    {F::EAST, L"", true, L"0.00000"},
-    {F::EAST, L"1e999", true, L"inf"},
-    {F::EAST, L"0x10", true, L"0.00000"},
-    {F::EAST, L"nan", true, L"0.00000"},
-    {F::ELEV, L"-1e-9", true, L"-0.00000"},
-    {F::HGHT, L"1.000005", true, L"1.00001"},  // the double next to it lies above
-    {F::VDST, L"+.5", true, L"0.50000"},
-    {F::TRAZ, L"-9.99e27", false, L"-9990000000000000993110523904.00000"},
-    // Angles within a turn: the nearest doubles to both its ends belong to it.
-    {F::ANGV, L"6.283185307179586", true, L"6.283185307"},
-    {F::ANGV, L"6.283185307180", false, L"6.283185307"},
-    {F::ANGV, L"-6.283185307179586", true, L"-6.283185307"},
-    {F::ANGA, L"-6.2831853071796", false, L"-6.283185307"},
-    {F::ANGA, L"6.283185307179587", false, L"6.283185307"},
-    {F::ANGD, L"0", true, L"0.000000000"},
-    {F::ANGD, L"-1e-300", false, L"-0.000000000"},
-    {F::ANGD, L"3.141592653589793", true, L"3.141592654"},
-    {F::ANGD, L"3.1415926535898", false, L"3.141592654"},
-    // More than nothing.
-    {F::PDOP, L"0", false, L"0.00"},
-    {F::PDOP, L"1e-300", true, L"0.00"},
-    {F::HDOP, L"0.01", true, nullptr},
-    {F::HDOP, L"-1", false, L"-1.00"},
-    {F::VDOP, L"2.345", true, L"2.35"},  // the double next to it lies above
-    // A factor isn't 0.
-    {F::SCAL, L"0", false, L"0.000000000"},
-    {F::SCAL, L"0.000000000001", true, L"0.000000000"},
-    {F::SCAL, L"0.0000000000009", false, L"0.000000000"},
-    {F::SCAL, L"-0.9996", true, L"-0.999600000"},
-};
-
 TEST(IljFieldTest, ReadsJudgesAndWrites) {
-  for (const auto& [type, value, valid, text] : kCases) {
-    const std::wstring tag(kIljFieldTags[static_cast<std::size_t>(type)]);
-    SCOPED_TRACE(testing::Message() << tag << L":" << value);
+  for (const CaseFields& texts : ReadCases("tests/golden-lines/ilj-fields.txt")) {
+    SCOPED_TRACE(testing::PrintToString(texts));
+    const std::wstring& tag = texts[0];
+    const auto type = static_cast<F>(kIljFieldMap.GetType(tag));
     const auto field = MakeField(type);
-    field->SetText(value);
+    field->SetText(texts[1]);
+    const bool valid = texts[2] == L"valid";
     EXPECT_EQ(field->IsValid(), valid);
-    const std::wstring written = text != nullptr ? text : value;
     const bool isDate = IljLayoutOf(type).kind == IljFieldKind::Date;
-    EXPECT_EQ(field->GetText(), isDate && !valid ? L"" : tag + L":" + written);
+    EXPECT_EQ(field->GetText(), isDate && !valid ? L"" : tag + L":" + texts.at(3));
   }
 }
 

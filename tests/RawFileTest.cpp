@@ -1,14 +1,19 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
+#include <map>
+#include <sstream>
 #include <string>
 #include <vector>
 
+#include "CaseFile.h"
 #include "TempDir.h"
 #include "io/Clock.h"
 #include "platform/Platform.h"
 #include "raw/Angles.h"
 #include "raw/CRawFile.h"
+#include "raw/RawTables.h"
 
 namespace zelconvert {
 namespace {
@@ -115,369 +120,182 @@ void Append(std::wstring& out, Integer value) {
   out.append(std::to_wstring(static_cast<int>(value))).append(L"|");
 }
 
-/// All members, or "bad".
 template <class... Members>
-std::wstring Dump(bool parsed, const Members&... members) {
-  if (!parsed) return L"bad";
+std::wstring Show(const Members&... members) {
   std::wstring out;
   (Append(out, members), ...);
   return out;
 }
 
-struct ParserCase {
-  const wchar_t* record;    // with every field, each with its own value
-  const wchar_t* required;  // tags, one blank between them
-  const wchar_t* expected;  // the members as the structure lists them
-  std::function<std::wstring(std::wstring_view)> parse;
-};
+// The members that a table names. They stand in its order in the structure, too.
+template <class R, class Base, std::size_t N>
+std::wstring ShowTable(const R& record, const RawField<Base> (&table)[N]) {
+  std::wstring out;
+  const void* last = nullptr;
+  const auto show = [&](const auto& value) {
+    EXPECT_TRUE(std::less<>()(last, static_cast<const void*>(&value)));
+    last = &value;
+    Append(out, value);
+  };
+  for (const RawField<Base>& field : table) {
+    if (const auto* text = std::get_if<0>(&field.member)) {
+      show(record.**text);
+    } else if (const auto* real = std::get_if<1>(&field.member)) {
+      show(record.**real);
+    } else {
+      show(record.**std::get_if<2>(&field.member));
+    }
+  }
+  return out;
+}
 
-template <class Record>
-using Parser = bool (*)(std::wstring_view, Record&);
+// The members of the record that a line holds, or "bad".
+using ShowLine = std::function<std::wstring(std::wstring_view)>;
 
-template <class Record, class DumpRecord>
-auto Parse(Parser<Record> parser, DumpRecord dump) {
-  return [=](std::wstring_view text) {
-    Record r;
-    return dump(parser(text, r), r);
+template <class R>
+using Parser = bool (*)(std::wstring_view, R&);
+
+template <class R, class ShowRecord>
+ShowLine From(Parser<R> parser, ShowRecord show) {
+  return [=](std::wstring_view line) {
+    R record;
+    return parser(line, record) ? show(record) : L"bad";
   };
 }
 
-const auto kDumpPoint = [](bool ok, const POINT_RECORD& r) {
-  return Dump(ok, r.name, r.north, r.east, r.elevation, r.note);
-};
-const auto kDumpShot = [](bool ok, const SHOT_RECORD& r) {
-  return Dump(ok, r.station, r.foresight, r.horizontalKind, r.horizontal, r.verticalKind,
-              r.vertical, r.distance, r.note);
-};
-const auto kDumpRound = [](bool ok, const ROUND_SHOT_RECORD& r) {
-  return Dump(ok, r.station, r.target, r.angleRight, r.zenith, r.slopeDistance, r.rodHeight,
-              r.note);
-};
-const auto kDumpDirection = [](bool ok, const DIRECTION_RECORD& r) {
-  return Dump(ok, r.kind, r.set, r.angle);
-};
-const auto kDumpName = [](bool ok, const NAME_RECORD& r) { return Dump(ok, r.name); };
-const auto kDumpFile = [](bool ok, const FILE_RECORD& r) { return Dump(ok, r.fileName); };
-const auto kDumpMode = [](bool ok, const MO_RECORD& r) {
-  return Dump(ok, r.azimuthOrigin, r.distanceUnit, r.scale, r.curvature, r.edmOffset, r.angleUnit,
-              r.scaleMode);
-};
-const auto kDumpStake = [](bool ok, const CF_RECORD& r) {
-  return Dump(ok, r.isPoint, r.name, r.station, r.offsetDirection, r.offset, r.elevation, r.grade,
-              r.note);
-};
-const auto kDumpSlope = [](bool ok, const SLOPE_RECORD& r) {
-  return Dump(ok, r.station, r.offsetDirection, r.elevation, r.grade, r.stationShift,
-              r.hingeHorizontal, r.hingeVertical, r.catchHorizontal, r.catchVertical, r.cutFill,
-              r.designSlope, r.offset, r.note, r.offsetLength);
-};
-const auto kDumpGp = [](bool ok, const GP_RECORD& r) { return Dump(ok, r.name, r.kind); };
-std::wstring DumpProjection(bool ok, const PJ_RECORD& r) {
-  return Dump(ok, r.type, r.latitude, r.longitude, r.height, r.north, r.east, r.elevation, r.scale,
-              r.angle1, r.angle2);
+template <class R, class... Tables>
+ShowLine FromTables(Parser<R> parser, const Tables&... tables) {
+  return From(parser, [&tables...](const R& record) { return (ShowTable(record, tables) + ...); });
 }
 
-const std::vector<ParserCase> kParsers = {
-    {L"JB,NMjob,DT1,TM2", L"NM DT TM", L"job|1|2|",
-     Parse<JB_RECORD>(
-         CRawFile::ParseJB,
-         [](bool ok, const JB_RECORD& r) { return Dump(ok, r.name, r.date, r.time); })},
-    {L"MO,AD1,UN2,SF3,EC4,EO5,AU6,SK7", L"AD UN SF EC EO", L"1|2|3.0|4|5.0|6|7|",
-     Parse<MO_RECORD>(CRawFile::ParseMO, kDumpMode)},
-    {L"MO,AD0,UN1,SF1.000000,EC0,EO0.0", L"", L"0|1|1.0|0|0.0|0|0|",
-     Parse<MO_RECORD>(CRawFile::ParseMO, kDumpMode)},
-    {L"MO,AD0,UN1,SF1.5,EC0,EO0.0", L"", L"0|1|1.5|0|0.0|0|1|",
-     Parse<MO_RECORD>(CRawFile::ParseMO, kDumpMode)},
-    {L"MO,AD0,UN1,SF0.9999999999995,EC0,EO0.0", L"", L"0|1|1.0|0|0.0|0|0|",
-     Parse<MO_RECORD>(CRawFile::ParseMO, kDumpMode)},
-    {L"OC,OPa,N 1,E 2,EL3,--n", L"OP N_ E_ EL --", L"a|1.0|2.0|3.0|n|",
-     Parse<POINT_RECORD>(CRawFile::ParseOC, kDumpPoint)},
-    {L"OC,PNa,N 1,E 2,EL3,--n", L"PN", L"a|1.0|2.0|3.0|n|",
-     Parse<POINT_RECORD>(CRawFile::ParseOC, kDumpPoint)},
-    {L"OC,PNb,OPa,N 1,E 2,EL,--", L"", L"a|1.0|2.0|null||",
-     Parse<POINT_RECORD>(CRawFile::ParseOC, kDumpPoint)},
-    {L"SP,PN a ,N 1,E 2,EL3,--n", L"PN N_ E_ EL --", L" a |1.0|2.0|3.0|n|",
-     Parse<POINT_RECORD>(CRawFile::ParseSP, kDumpPoint)},
-    {L"GS,PNa,N 1,E 2,EL3,--n", L"PN N_ E_ EL --", L"a|1.0|2.0|3.0|n|",
-     Parse<POINT_RECORD>(CRawFile::ParseGS, kDumpPoint)},
-    {L"RP,PNa,N 1,E 2,EL3,--n", L"PN N_ E_ EL --", L"a|1.0|2.0|3.0|n|",
-     Parse<POINT_RECORD>(CRawFile::ParseRP, kDumpPoint)},
-    {L"AP,PN a ,N 1,E 2,EL3,--n", L"PN N_ E_ EL --", L"a|1.0|2.0|3.0|n|",
-     Parse<POINT_RECORD>(CRawFile::ParseAP, kDumpPoint)},
-    {L"BK,OPa,BPb,BS1,BC2", L"OP BP BS BC", L"a|b|1.0|2.0|",
-     Parse<BK_RECORD>(CRawFile::ParseBK,
-                      [](bool ok, const BK_RECORD& r) {
-                        return Dump(ok, r.station, r.backsight, r.azimuth, r.circle);
-                      })},
-    {L"LS,HI1,HR2", L"HI HR", L"1.0|2.0|",
-     Parse<LS_RECORD>(
-         CRawFile::ParseLS,
-         [](bool ok, const LS_RECORD& r) { return Dump(ok, r.instrumentHeight, r.rodHeight); })},
-    {L"TR,OPa,FPb,AR1,ZE2,SD3,--n", L"OP FP AR ZE SD --", L"a|b|2|1.0|1|2.0|3.0|n|",
-     Parse<SHOT_RECORD>(CRawFile::ParseTR, kDumpShot)},
-    {L"SS,OCa,FPb,AZ1,VA2,SD3,--n", L"OC FP AZ VA SD --", L"a|b|0|1.0|2|2.0|3.0|n|",
-     Parse<SHOT_RECORD>(CRawFile::ParseSS, kDumpShot)},
-    {L"SS,OPa,FPb,BRN1E,CE2,HD3,--", L"BR CE HD --", L"a|b|1|0.0|0|2.0|3.0||",
-     Parse<SHOT_RECORD>(CRawFile::ParseSS, kDumpShot)},
-    {L"SS,OPa,FPb,AL1,ZE2,SD3,--", L"AL", L"a|b|3|1.0|1|2.0|3.0||",
-     Parse<SHOT_RECORD>(CRawFile::ParseSS, kDumpShot)},
-    {L"SS,OPa,FPb,DR1,ZE2,SD3,--", L"DR", L"a|b|4|1.0|1|2.0|3.0||",
-     Parse<SHOT_RECORD>(CRawFile::ParseSS, kDumpShot)},
-    {L"SS,OPa,FPb,DL1,ZE2,SD3,--", L"DL", L"a|b|5|1.0|1|2.0|3.0||",
-     Parse<SHOT_RECORD>(CRawFile::ParseSS, kDumpShot)},
-    // The first of two kinds wins; a pair once begun has to be whole.
-    {L"SS,OPa,OCx,FPb,AL9,AR1,VA9,ZE2,SD3,--", L"", L"a|b|2|1.0|1|2.0|3.0||",
-     Parse<SHOT_RECORD>(CRawFile::ParseSS, kDumpShot)},
-    {L"SS,OPa,FPb,AR1,ZE2,CE3,HD4,--", L"", L"bad",
-     Parse<SHOT_RECORD>(CRawFile::ParseSS, kDumpShot)},
-    {L"SK,OPa,FPb,AR1,ZE2,SD3,--n", L"OP FP AR ZE SD --", L"a|b|1.0|2.0|3.0|n|",
-     Parse<STAKE_SHOT_RECORD>(CRawFile::ParseSK,
-                              [](bool ok, const STAKE_SHOT_RECORD& r) {
-                                return Dump(ok, r.station, r.foresight, r.angleRight, r.zenith,
-                                            r.slopeDistance, r.note);
-                              })},
-    {L"RB,OPa,BPb,AR1,ZE2,SD3,HR4,--n", L"OP BP AR ZE SD HR --", L"a|b|1.0|2.0|3.0|4.0|n|",
-     Parse<ROUND_SHOT_RECORD>(CRawFile::ParseRB, kDumpRound)},
-    {L"RF,OPa,FPb,AR1,ZE2,SD3,HR4,--n", L"OP FP AR ZE SD HR --", L"a|b|1.0|2.0|3.0|4.0|n|",
-     Parse<ROUND_SHOT_RECORD>(CRawFile::ParseRF, kDumpRound)},
-    {L"RD,BD 2:10.3000", L"BD", L"0|2|10.3|",
-     Parse<DIRECTION_RECORD>(CRawFile::ParseRD, kDumpDirection)},
-    {L"RD,FD1:2:3", L"FD", L"1|1|2.0|", Parse<DIRECTION_RECORD>(CRawFile::ParseRD, kDumpDirection)},
-    {L"RD,ZD1:2", L"ZD", L"2|1|2.0|", Parse<DIRECTION_RECORD>(CRawFile::ParseRD, kDumpDirection)},
-    {L"RD,FV1:", L"FV", L"3|1|null|", Parse<DIRECTION_RECORD>(CRawFile::ParseRD, kDumpDirection)},
-    {L"RD,ZV12", L"ZV", L"4|12|0.0|", Parse<DIRECTION_RECORD>(CRawFile::ParseRD, kDumpDirection)},
-    {L"RD,BV1:2", L"BV", L"5|1|2.0|", Parse<DIRECTION_RECORD>(CRawFile::ParseRD, kDumpDirection)},
-    {L"RD,BV1:2,FD3:4", L"", L"1|3|4.0|",
-     Parse<DIRECTION_RECORD>(CRawFile::ParseRD, kDumpDirection)},
-    {L"MD,SD 1:2.5", L"SD", L"2.5|",
-     Parse<SET_DISTANCE_RECORD>(
-         CRawFile::ParseMD,
-         [](bool ok, const SET_DISTANCE_RECORD& r) { return Dump(ok, r.distance); })},
-    {L"DP,PN a", L"PN", L" a|", Parse<NAME_RECORD>(CRawFile::ParseDP, kDumpName)},
-    {L"DE,PNa", L"PN", L"a|", Parse<NAME_RECORD>(CRawFile::ParseDE, kDumpName)},
-    {L"GK,PNa", L"PN", L"a|", Parse<NAME_RECORD>(CRawFile::ParseGK, kDumpName)},
-    {L"CF,PNa,EL1,GD2,--n", L"EL GD", L"1|a|0.0|0|0.0|1.0|2.0|n|",
-     Parse<CF_RECORD>(CRawFile::ParseCF, kDumpStake)},
-    {L"CF,ST1,OD2,OL3,EL4,GD5,--n", L"OD OL EL GD", L"0||1.0|2|3.0|4.0|5.0|n|",
-     Parse<CF_RECORD>(CRawFile::ParseCF, kDumpStake)},
-    {L"CF,PNa,ST1,EL4,GD5", L"EL GD", L"1|a|0.0|0|0.0|4.0|5.0||",
-     Parse<CF_RECORD>(CRawFile::ParseCF, kDumpStake)},
-    {L"CF,EL4,GD5", L"EL GD", L"1||0.0|0|0.0|4.0|5.0||",
-     Parse<CF_RECORD>(CRawFile::ParseCF, kDumpStake)},
-    {L"SL,ST1,OD2,EL3,GD4,AS5,HH6,VH7,HC8,VC9,CF10,DS11,OB12,--n,OL13",
-     L"ST OD EL GD AS HH VH HC VC CF DS OB --",
-     L"1.0|2|3.0|4.0|5.0|6.0|7.0|8.0|9.0|10|11.0|12.0|n|13.0|",
-     Parse<SLOPE_RECORD>(CRawFile::ParseSL, kDumpSlope)},
-    {L"SR,ST1,OD2,EL3,GD4,AS5,HH6,VH7,HC8,VC9,CF10,DS11,OB12,--n", L"ST",
-     L"1.0|2|3.0|4.0|5.0|6.0|7.0|8.0|9.0|10|11.0|12.0|n|null|",
-     Parse<SLOPE_RECORD>(CRawFile::ParseSR, kDumpSlope)},
-    {L"SD,ND1,ED2,LD3", L"ND ED LD", L"1.0|2.0|3.0|",
-     Parse<STAKED_DELTA_RECORD>(CRawFile::ParseSD,
-                                [](bool ok, const STAKED_DELTA_RECORD& r) {
-                                  return Dump(ok, r.north, r.east, r.elevation);
-                                })},
-    {L"OE,ST1,OE2", L"ST OE", L"1.0|2.0|",
-     Parse<STATION_ERROR_RECORD>(CRawFile::ParseOE,
-                                 [](bool ok, const STATION_ERROR_RECORD& r) {
-                                   return Dump(ok, r.station, r.offsetError);
-                                 })},
-    {L"RX,DCBASE,RA1", L"DC RA", L"BASE|1.0|",
-     Parse<RX_RECORD>(
-         CRawFile::ParseRX,
-         [](bool ok, const RX_RECORD& r) { return Dump(ok, r.role, r.antennaHeight); })},
-    {L"EQ,DCa,RXb,RSc,AN1,AI2,ATd,TSe,TA3,HO4,VO5", L"DC RX RS AN AI AT TS TA HO VO",
-     L"a|b|c|1|2|d|e|3.0|4.0|5.0|",
-     Parse<EQ_RECORD>(CRawFile::ParseEQ,
-                      [](bool ok, const EQ_RECORD& r) {
-                        return Dump(ok, r.role, r.receiverType, r.receiverSerial, r.antennaNumber,
-                                    r.antennaId, r.antennaType, r.antennaSerial, r.tapeAdjustment,
-                                    r.horizontalOffset, r.verticalOffset);
-                      })},
-    {L"AH,DCa,MA1,ME2,RA3", L"DC MA ME RA", L"a|1.0|2|3.0|",
-     Parse<AH_RECORD>(CRawFile::ParseAH,
-                      [](bool ok, const AH_RECORD& r) {
-                        return Dump(ok, r.role, r.measuredHeight, r.method, r.reducedHeight);
-                      })},
-    {L"BP,PNa,LA1,LN2,HT3,SG4", L"PN LA LN HT SG", L"a|1.0|2.0|3.0|4|",
-     Parse<BP_RECORD>(CRawFile::ParseBP,
-                      [](bool ok, const BP_RECORD& r) {
-                        return Dump(ok, r.name, r.latitude, r.longitude, r.height, r.geoid);
-                      })},
-    {L"EP,LA1,LN2,HT3,GM4,CL5,RH6,RV7", L"LA LN HT GM CL RH RV", L"1.0|2.0|3.0|4|5|6.0|7.0|",
-     Parse<EP_RECORD>(CRawFile::ParseEP,
-                      [](bool ok, const EP_RECORD& r) {
-                        return Dump(ok, r.latitude, r.longitude, r.height, r.method,
-                                    r.classification, r.horizontalPrecision, r.verticalPrecision);
-                      })},
-    {L"BL,DCa,PNb,DX1,DY2,DZ3,--n,GM4,CL5,HP6,VP7", L"DC PN DX DY DZ -- GM CL HP VP",
-     L"a|b|1.0|2.0|3.0|n|4|5|6.0|7.0|",
-     Parse<BL_RECORD>(CRawFile::ParseBL,
-                      [](bool ok, const BL_RECORD& r) {
-                        return Dump(ok, r.role, r.name, r.deltaX, r.deltaY, r.deltaZ, r.note,
-                                    r.method, r.classification, r.horizontalPrecision,
-                                    r.verticalPrecision);
-                      })},
-    {L"CV,DCa,SV1,SC2,XX3,XY4,XZ5,YY6,YZ7,ZZ8", L"DC SV SC XX XY XZ YY YZ ZZ",
-     L"a|1|2.0|3.0|4.0|5.0|6.0|7.0|8.0|",
-     Parse<CV_RECORD>(CRawFile::ParseCV,
-                      [](bool ok, const CV_RECORD& r) {
-                        return Dump(ok, r.role, r.satellites, r.scalar, r.xx, r.xy, r.xz, r.yy,
-                                    r.yz, r.zz);
-                      })},
-    {L"GQ,DCa,SV1,DR2,PD3,DH4,DV5,RM6,NE7,RH8,RV9,WS10,FS11,WE12,ES13,IM14",
-     L"DC SV DR PD DH DV RM NE RH RV WS FS WE ES IM",
-     L"a|1|2|3.0|4.0|5.0|6.0|7|8.0|9.0|10|11.0|12|13.0|14|",
-     Parse<GQ_RECORD>(CRawFile::ParseGQ,
-                      [](bool ok, const GQ_RECORD& r) {
-                        return Dump(ok, r.role, r.satellites, r.relative, r.pdop, r.hdop, r.vdop,
-                                    r.rms, r.epochs, r.horizontalPrecision, r.verticalPrecision,
-                                    r.startWeek, r.startSeconds, r.endWeek, r.endSeconds,
-                                    r.initialization);
-                      })},
-    {L"GP,PNa,PTUSER_INPUT", L"PN PT", L"a|8|", Parse<GP_RECORD>(CRawFile::ParseGP, kDumpGp)},
-    {L"GP,PNa,PTCONTROL", L"", L"a|0|", Parse<GP_RECORD>(CRawFile::ParseGP, kDumpGp)},
-    {L"GP,PNa,PTCHECK", L"", L"a|1|", Parse<GP_RECORD>(CRawFile::ParseGP, kDumpGp)},
-    {L"GP,PNa,PTDATA", L"", L"a|2|", Parse<GP_RECORD>(CRawFile::ParseGP, kDumpGp)},
-    {L"GP,PNa,PTOFFSET", L"", L"a|3|", Parse<GP_RECORD>(CRawFile::ParseGP, kDumpGp)},
-    {L"GP,PNa,PTFEATURE", L"", L"a|4|", Parse<GP_RECORD>(CRawFile::ParseGP, kDumpGp)},
-    {L"GP,PNa,PTREMOTE_ELEV", L"", L"a|5|", Parse<GP_RECORD>(CRawFile::ParseGP, kDumpGp)},
-    {L"GP,PNa,PTSTAKE_OUT", L"", L"a|6|", Parse<GP_RECORD>(CRawFile::ParseGP, kDumpGp)},
-    {L"GP,PNa,PTdata", L"", L"a|0|", Parse<GP_RECORD>(CRawFile::ParseGP, kDumpGp)},
-    {L"GO,PNa,AZ1,ZE2,SD3,HI4,HR5,--n", L"PN AZ ZE SD HI HR --", L"a|1.0|2.0|3.0|4.0|5.0|n|",
-     Parse<GO_RECORD>(CRawFile::ParseGO,
-                      [](bool ok, const GO_RECORD& r) {
-                        return Dump(ok, r.name, r.azimuth, r.zenith, r.slopeDistance,
-                                    r.instrumentHeight, r.rodHeight, r.note);
-                      })},
-    {L"ES,RD1,IF2", L"RD IF", L"1.0|2.0|",
-     Parse<ES_RECORD>(CRawFile::ParseES,
-                      [](bool ok, const ES_RECORD& r) {
-                        return Dump(ok, r.semiMajorAxis, r.inverseFlattening);
-                      })},
-    {L"ST,LA1,LN2,HT3,SC4,N 5,E 6", L"LA LN HT SC N_ E_", L"1.0|2.0|3.0|4.0|5.0|6.0|",
-     Parse<ST_RECORD>(CRawFile::ParseST,
-                      [](bool ok, const ST_RECORD& r) {
-                        return Dump(ok, r.latitude, r.longitude, r.height, r.scale, r.north,
-                                    r.east);
-                      })},
-    {L"PJ,TP1,LA2,LN3,HT4,N 5,E 6,EL7,SC8,OO9,OT10", L"TP LA LN HT N_ E_ EL SC OO OT",
-     L"1|2.0|3.0|4.0|5.0|6.0|7.0|8.0|9.0|10.0|",
-     Parse<PJ_RECORD>(CRawFile::ParsePJ, DumpProjection)},
-    {L"PE,TP1,LA2,LN3,HT4,N 5,E 6,EL7,SC8,OO9,OT10,CT11,AF12,RY13,AE14,FOf,FTg",
-     L"TP LA LN HT N_ E_ EL SC OO OT CT AF RY AE FO FT",
-     L"1|2.0|3.0|4.0|5.0|6.0|7.0|8.0|9.0|10.0|11|12|13|14|f|g|",
-     Parse<PE_RECORD>(CRawFile::ParsePE,
-                      [](bool ok, const PE_RECORD& r) {
-                        return ok ? DumpProjection(ok, r) +
-                                        Dump(ok, r.ct, r.af, r.ry, r.ae, r.gridFile, r.shiftFile)
-                                  : L"bad";
-                      })},
-    {L"DT,DA1,RD2,IF3,OX4,OY5,OZ6,LX7,LY8,LZ9,SP10", L"DA RD IF OX OY OZ LX LY LZ SP",
-     L"1|2.0|3.0|4.0|5.0|6.0|7.0|8.0|9.0|10.0|",
-     Parse<DT_RECORD>(CRawFile::ParseDT,
-                      [](bool ok, const DT_RECORD& r) {
-                        return Dump(ok, r.type, r.semiMajorAxis, r.inverseFlattening, r.rotationX,
-                                    r.rotationY, r.rotationZ, r.shiftX, r.shiftY, r.shiftZ,
-                                    r.scale);
-                      })},
-    {L"DG,FIf", L"FI", L"f|", Parse<FILE_RECORD>(CRawFile::ParseDG, kDumpFile)},
-    {L"SG,FIf", L"FI", L"f|", Parse<FILE_RECORD>(CRawFile::ParseSG, kDumpFile)},
-    {L"HA,N 1,E 2,TN3,TH4,TE5,RT6,SC7", L"N_ E_ TN TH TE RT SC", L"1.0|2.0|3.0|5.0|6.0|7.0|",
-     Parse<HA_RECORD>(CRawFile::ParseHA,
-                      [](bool ok, const HA_RECORD& r) {
-                        return Dump(ok, r.north, r.east, r.translateNorth, r.translateEast,
-                                    r.rotation, r.scale);
-                      })},
-    {L"VA,PV1,N 2,E 3,LZ4,SO5,SA6,GNg", L"PV N_ E_ LZ SO SA GN", L"1|2.0|3.0|4.0|5.0|6.0|g|",
-     Parse<VA_RECORD>(CRawFile::ParseVA,
-                      [](bool ok, const VA_RECORD& r) {
-                        return Dump(ok, r.method, r.north, r.east, r.constantShift, r.slopeNorth,
-                                    r.slopeEast, r.geoidName);
-                      })},
-    {L"CT,PN\ta ,DM1,RH2,RV3", L"PN DM RH RV", L"a|1|2.0|3.0|",
-     Parse<CT_RECORD>(CRawFile::ParseCT,
-                      [](bool ok, const CT_RECORD& r) {
-                        return Dump(ok, r.name, r.dimension, r.horizontalPrecision,
-                                    r.verticalPrecision);
-                      })},
-    {L"CS,CO1,ZGa,ZNb,DNc", L"CO ZG ZN DN", L"1|a|b|c|",
-     Parse<CS_RECORD>(CRawFile::ParseCS,
-                      [](bool ok, const CS_RECORD& r) {
-                        return Dump(ok, r.system, r.zoneGroupName, r.zoneName, r.datumName);
-                      })},
-    {L"CG,AO1,GO2", L"AO GO", L"1|2|",
-     Parse<CG_RECORD>(
-         CRawFile::ParseCG,
-         [](bool ok, const CG_RECORD& r) { return Dump(ok, r.azimuthOrigin, r.groundOrigin); })},
-    {L"LM,ME1,CS2,DA3,ZO4,HE5,FIf", L"ME CS DA ZO HE FI", L"1|2|3|4|5|f|",
-     Parse<LM_RECORD>(CRawFile::ParseLM,
-                      [](bool ok, const LM_RECORD& r) {
-                        return Dump(ok, r.mode, r.coordinateSystem, r.datum, r.zone, r.hemisphere,
-                                    r.fileName);
-                      })},
-    {L"SC,FIf,NP1,HS2,VS3", L"FI NP HS VS", L"f|1|2.0|3.0|",
-     Parse<SC_RECORD>(CRawFile::ParseSC,
-                      [](bool ok, const SC_RECORD& r) {
-                        return Dump(ok, r.fileName, r.points, r.horizontalStep, r.verticalStep);
-                      })},
-    {L"CR,X01,Y02,CK3,KA4,PH5,OM6,S07,C08,Z09,I 10,K111,P112,P213,SX14,SY15,NX16,NY17",
-     L"X0 Y0 CK KA PH OM S0 C0 Z0 I_ K1 P1 P2 SX SY NX NY",
-     L"1.0|2.0|3.0|4.0|5.0|6.0|7.0|8.0|9.0|10.0|11|12|13|14.0|15.0|16|17|",
-     Parse<CR_RECORD>(CRawFile::ParseCR,
-                      [](bool ok, const CR_RECORD& r) {
-                        return Dump(ok, r.x0, r.y0, r.focalLength, r.kappa, r.phi, r.omega, r.s0,
-                                    r.c0, r.z0, r.i, r.k1, r.p1, r.p2, r.pixelSizeX, r.pixelSizeY,
-                                    r.pixelsX, r.pixelsY);
-                      })},
-    {L"IM,FIf,HA1,VA2,WI3,HE4,SX5,SY6,SW7,SH8", L"FI HA VA WI HE SX SY SW SH",
-     L"f|1.0|2.0|3|4|5|6|7|8|",
-     Parse<IM_RECORD>(CRawFile::ParseIM,
-                      [](bool ok, const IM_RECORD& r) {
-                        return Dump(ok, r.fileName, r.horizontalAngle, r.verticalAngle, r.width,
-                                    r.height, r.startX, r.startY, r.sizeX, r.sizeY);
-                      })},
+std::wstring ShowMode(const MO_RECORD& r) {
+  return Show(r.azimuthOrigin, r.distanceUnit, r.scale, r.curvature, r.edmOffset, r.angleUnit,
+              r.scaleMode);
+}
+std::wstring ShowShot(const SHOT_RECORD& r) {
+  return Show(r.station, r.foresight, r.horizontalKind, r.horizontal, r.verticalKind, r.vertical,
+              r.distance, r.note);
+}
+
+const std::map<std::wstring, ShowLine> kParsers = {
+    {L"MO", From(CRawFile::ParseMO, ShowMode)},
+    {L"OC", FromTables(CRawFile::ParseOC, kPointNameFields, kPositionFields)},
+    {L"SP", FromTables(CRawFile::ParseSP, kPointNameFields, kPositionFields)},
+    {L"GS", FromTables(CRawFile::ParseGS, kPointNameFields, kPositionFields)},
+    {L"RP", FromTables(CRawFile::ParseRP, kPointNameFields, kPositionFields)},
+    {L"AP", FromTables(CRawFile::ParseAP, kTrimmedNameFields, kPositionFields)},
+    {L"TR", From(CRawFile::ParseTR, ShowShot)},
+    {L"SS", From(CRawFile::ParseSS, ShowShot)},
+    {L"RD", From<DIRECTION_RECORD>(CRawFile::ParseRD,
+                                   [](const auto& r) { return Show(r.kind, r.set, r.angle); })},
+    {L"MD",
+     From<SET_DISTANCE_RECORD>(CRawFile::ParseMD, [](const auto& r) { return Show(r.distance); })},
+    {L"GP", From<GP_RECORD>(CRawFile::ParseGP, [](const auto& r) { return Show(r.name, r.kind); })},
+    {L"CF", From<CF_RECORD>(CRawFile::ParseCF,
+                            [](const auto& r) {
+                              return Show(r.isPoint, r.name, r.station, r.offsetDirection, r.offset,
+                                          r.elevation, r.grade, r.note);
+                            })},
+    {L"HA", From<HA_RECORD>(CRawFile::ParseHA,
+                            [](const auto& r) {
+                              return Show(r.north, r.east, r.translateNorth, r.translateEast,
+                                          r.rotation, r.scale);
+                            })},
+    {L"PE", FromTables(CRawFile::ParsePE, kPjFields, kPeFields)},
+    {L"JB", FromTables(CRawFile::ParseJB, kJbFields)},
+    {L"BK", FromTables(CRawFile::ParseBK, kBkFields)},
+    {L"LS", FromTables(CRawFile::ParseLS, kLsFields)},
+    {L"SK", FromTables(CRawFile::ParseSK, kSkFields)},
+    {L"RB", FromTables(CRawFile::ParseRB, kRbFields)},
+    {L"RF", FromTables(CRawFile::ParseRF, kRfFields)},
+    {L"DP", FromTables(CRawFile::ParseDP, kNameFields)},
+    {L"DE", FromTables(CRawFile::ParseDE, kNameFields)},
+    {L"GK", FromTables(CRawFile::ParseGK, kNameFields)},
+    {L"SL", FromTables(CRawFile::ParseSL, kSlopeFields)},
+    {L"SR", FromTables(CRawFile::ParseSR, kSlopeFields)},
+    {L"SD", FromTables(CRawFile::ParseSD, kSdFields)},
+    {L"OE", FromTables(CRawFile::ParseOE, kOeFields)},
+    {L"RX", FromTables(CRawFile::ParseRX, kRxFields)},
+    {L"EQ", FromTables(CRawFile::ParseEQ, kEqFields)},
+    {L"AH", FromTables(CRawFile::ParseAH, kAhFields)},
+    {L"BP", FromTables(CRawFile::ParseBP, kBpFields)},
+    {L"EP", FromTables(CRawFile::ParseEP, kEpFields)},
+    {L"BL", FromTables(CRawFile::ParseBL, kBlFields)},
+    {L"CV", FromTables(CRawFile::ParseCV, kCvFields)},
+    {L"GQ", FromTables(CRawFile::ParseGQ, kGqFields)},
+    {L"GO", FromTables(CRawFile::ParseGO, kGoFields)},
+    {L"ES", FromTables(CRawFile::ParseES, kEsFields)},
+    {L"ST", FromTables(CRawFile::ParseST, kStFields)},
+    {L"PJ", FromTables(CRawFile::ParsePJ, kPjFields)},
+    {L"DT", FromTables(CRawFile::ParseDT, kDtFields)},
+    {L"DG", FromTables(CRawFile::ParseDG, kFileFields)},
+    {L"SG", FromTables(CRawFile::ParseSG, kFileFields)},
+    {L"VA", FromTables(CRawFile::ParseVA, kVaFields)},
+    {L"CT", FromTables(CRawFile::ParseCT, kCtFields)},
+    {L"CS", FromTables(CRawFile::ParseCS, kCsFields)},
+    {L"CG", From<CG_RECORD>(CRawFile::ParseCG,
+                            [](const auto& r) { return Show(r.azimuthOrigin, r.groundOrigin); })},
+    {L"LM", FromTables(CRawFile::ParseLM, kLmFields)},
+    {L"SC", FromTables(CRawFile::ParseSC, kScFields)},
+    {L"CR", FromTables(CRawFile::ParseCR, kCrFields)},
+    {L"IM", FromTables(CRawFile::ParseIM, kImFields)},
 };
 
-std::vector<std::wstring> Split(std::wstring_view text, wchar_t separator) {
-  std::vector<std::wstring> parts(1);
-  for (const wchar_t c : text) {
-    if (c == separator) {
-      parts.emplace_back();
-    } else {
-      parts.back() += c;
-    }
+struct ParserCase {
+  std::wstring record;  // with every field, each with its own value
+  CaseFields required;  // tags
+  std::wstring members;
+
+  std::wstring Parse(const std::wstring& line) const {
+    return kParsers.at(record.substr(0, 2))(line);
   }
+};
+
+CaseFields Split(const std::wstring& text, wchar_t separator) {
+  CaseFields parts;
+  std::wistringstream stream(text);
+  for (std::wstring part; std::getline(stream, part, separator);) parts.push_back(part);
   return parts;
 }
 
-TEST(RawParsers, ReadEveryField) {
-  for (const ParserCase& each : kParsers) {
-    EXPECT_EQ(each.parse(each.record), each.expected) << each.record;
+std::vector<ParserCase> ParserCases() {
+  std::vector<ParserCase> cases;
+  for (const CaseFields& fields : ReadCases("tests/golden-lines/raw-read.txt", '/')) {
+    cases.push_back({fields.at(0), Split(fields.at(1), L' '), fields.at(2)});
   }
+  return cases;
+}
+
+TEST(RawParsers, ReadEveryField) {
+  std::map<std::wstring, ShowLine> untried = kParsers;
+  for (const ParserCase& each : ParserCases()) {
+    EXPECT_EQ(each.Parse(each.record), each.members) << each.record;
+    untried.erase(each.record.substr(0, 2));
+  }
+  EXPECT_TRUE(untried.empty());
 }
 
 TEST(RawParsers, TakeFieldsInAnyOrder) {
-  for (const ParserCase& each : kParsers) {
-    const std::vector<std::wstring> parts = Split(each.record, L',');
+  for (const ParserCase& each : ParserCases()) {
+    const CaseFields parts = Split(each.record, L',');
     std::wstring turned = parts[0];
     for (std::size_t i = parts.size() - 1; i > 0; --i) turned += L"," + parts[i];
-    EXPECT_EQ(each.parse(turned), each.expected) << turned;
+    EXPECT_EQ(each.Parse(turned), each.members) << turned;
   }
 }
 
 TEST(RawParsers, RefuseARecordWithoutARequiredField) {
-  for (const ParserCase& each : kParsers) {
-    for (std::wstring tag : Split(each.required, L' ')) {
-      if (tag.empty()) continue;
+  for (const ParserCase& each : ParserCases()) {
+    for (std::wstring tag : each.required) {
       if (tag[1] == L'_') tag[1] = L' ';
       std::wstring cut = each.record;
       const std::size_t at = cut.find(L"," + tag);
       ASSERT_NE(at, cut.npos) << each.record << " " << tag;
       cut.erase(at, std::min(cut.find(L',', at + 1), cut.size()) - at);
-      EXPECT_EQ(each.parse(cut), L"bad") << cut;
+      EXPECT_EQ(each.Parse(cut), L"bad") << cut;
       // A field that is there, but empty, is enough.
       const std::wstring empty = cut + L"," + tag;
-      EXPECT_NE(each.parse(empty), L"bad") << empty;
+      EXPECT_NE(each.Parse(empty), L"bad") << empty;
     }
   }
 }
@@ -487,10 +305,10 @@ TEST(RawParsers, KeepWhatStandsInFrontOfTheMissingField) {
   mode.curvature = 7;
   mode.angleUnit = 8;
   EXPECT_FALSE(CRawFile::ParseMO(L"MO,AU1,EO1,SF2,UN3,AD4", mode));
-  EXPECT_EQ(kDumpMode(true, mode), L"4|3|2.0|7|0.0|8|0|");
+  EXPECT_EQ(ShowMode(mode), L"4|3|2.0|7|0.0|8|0|");
   SHOT_RECORD shot;
   EXPECT_FALSE(CRawFile::ParseSS(L"SS,OPa,FPb,AL5,VA6,--n", shot));
-  EXPECT_EQ(kDumpShot(true, shot), L"a|b|3|5.0|2|6.0|0.0||");
+  EXPECT_EQ(ShowShot(shot), L"a|b|3|5.0|2|6.0|0.0||");
 }
 
 // ---- Writers
