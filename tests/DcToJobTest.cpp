@@ -5,9 +5,11 @@
 #include <algorithm>
 #include <cmath>
 #include <random>
+#include <sstream>
 #include <string>
 #include <vector>
 
+#include "CaseFile.h"
 #include "HostLists.h"
 #include "TempDir.h"
 #include "geodetic/CGlkProjectionRecord.h"
@@ -19,35 +21,11 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-constexpr wchar_t kNotV10[] =
-    L"Warning: This is not a V10 DC file and the converted job file may not be completely correct.";
-constexpr wchar_t kMils[] =
-    L"Angle unit mils is not supported in ZEL job file. This DC file cannot be converted.";
-constexpr wchar_t kCrossedGrid[] =
-    L"North/West and South/East grid coordinate systems are not support in ZEL Gridlark. This DC "
-    L"file cannot be converted to a JOB file.";
-constexpr wchar_t kSouthWestGrid[] =
-    L"The grid coordinate system used in the DC file is not support in ZEL Gridlark. This DC file "
-    L"cannot be converted to a JOB file.";
-constexpr wchar_t kDuplicates[] =
-    L"Unable to create ZEL file - duplicate points detected. Please ensure all points in the "
-    L"project have unique names.";
-constexpr wchar_t kNoPoints[] = L"No points were found in the DC file.";
-constexpr wchar_t kCannotConvert[] = L"Unable to convert the file %s.";
+const std::string kHeader = "00NMFX V10-70           03-13-2026 14:15111111";
 
-std::string Header(const std::string& digits = "111111", const std::string& version = "FX V10-70") {
-  return "00NM" + version + std::string(16 - version.size(), ' ') + "    " + "03-13-2026 14:15" +
-         digits;
-}
-
-std::string Column(const std::string& text) {
-  return std::string(16 - text.size(), ' ') + text;
-}
-
-std::string Point(const std::string& name, const std::string& tail = "11",
-                  const std::string& north = "1.00000") {
-  return "69KI" + Column(name) + Column(north) + Column("2.00000") + Column("3.00000") +
-         std::string(16, ' ') + tail;
+std::string Point(const std::string& name) {
+  return "69KI" + std::string(16 - name.size(), ' ') + name +
+         "         1.00000         2.00000         3.00000                11";
 }
 
 std::string Join(const Lines& lines) {
@@ -66,78 +44,26 @@ std::vector<std::string> Names(const TempDir& folder) {
 }
 
 TEST(DcToJob, RefusalsAndWarnings) {
-  struct Case {
-    const char* name;
+  for (const CaseFields& texts : ReadCases("tests/golden-lines/dc-to-job.txt")) {
+    SCOPED_TRACE(testing::PrintToString(texts));
+    const bool converted = texts[1] == L"converted";
     Lines lines;
-    bool converted;
-    std::vector<std::wstring> messages;
-  };
-  const std::string deleted = "69DL" + Point("P").substr(4);
-  const std::string cogo = "78NM";
-  const Case cases[] = {
-      {"accepted", {Header(), Point("P")}, true, {}},
-      {"older version", {Header("111111", "FX V07-50"), Point("P")}, true, {kNotV10}},
-      {"no version", {Header("111111", ""), Point("P")}, true, {kNotV10}},
-      {"V10 anywhere", {Header("111111", "a v10"), Point("P")}, true, {}},
-      {"two old headers",
-       {Header("111111", "V7"), Header("211111", "V9"), Point("P")},
-       true,
-       {kNotV10, kNotV10}},
-      {"mils", {Header("311111"), Point("P")}, false, {kMils}},
-      {"unknown angle unit", {Header("911111"), Point("P")}, false, {kMils}},
-      {"no angle unit", {Header(" 11111"), Point("P")}, false, {kMils}},
-      {"mils in an older version", {Header("311111", "x"), Point("P")}, false, {kNotV10, kMils}},
-      {"mils in front of duplicates", {Header("311111"), Point("P"), Point("P")}, false, {kMils}},
-      {"mils behind duplicates",
-       {Header(), Point("P"), Point("P"), Header("311111")},
-       false,
-       {kDuplicates}},
-      {"deleted header", {"00DL" + Header("311111").substr(4), Point("P")}, true, {}},
-      {"header of 44 characters", {Header().substr(0, 44), Point("P")}, false, {kCannotConvert}},
-      {"header of 45 characters", {Header().substr(0, 45), Point("P")}, true, {}},
-      {"grid north and west", {Header(), cogo + "13", Point("P")}, false, {kCrossedGrid}},
-      {"grid south and east", {Header(), cogo + "24", Point("P")}, false, {kCrossedGrid}},
-      {"grid south and west", {Header(), cogo + "12", Point("P")}, false, {kSouthWestGrid}},
-      {"the same with south azimuth", {Header(), cogo + "22", Point("P")}, true, {}},
-      {"unknown grid", {Header(), cogo + "1", Point("P")}, true, {}},
-      {"older grid record", {Header(), "D4NM13", Point("P")}, true, {}},
-      {"duplicates", {Header(), Point("P"), Point("Q"), Point("P")}, false, {kDuplicates}},
-      {"duplicates by cleaning", {Header(), Point("A_B"), Point("A B")}, false, {kDuplicates}},
-      {"names differ in case", {Header(), Point("p"), Point("P")}, true, {}},
-      {"two empty names", {Header(), Point(""), Point("")}, false, {kDuplicates}},
-      {"duplicate of class 6", {Header(), Point("P"), Point("P", "16")}, true, {}},
-      {"duplicate of class :", {Header(), Point("P", "1:"), Point("P")}, true, {}},
-      {"duplicate of class ;", {Header(), Point("P", "1;"), Point("P")}, false, {kDuplicates}},
-      {"duplicate without class", {Header(), Point("P", "1"), Point("P")}, false, {kDuplicates}},
-      {"duplicate without position", {Header(), Point("P", "11", ""), Point("P")}, true, {}},
-      {"deleted duplicate", {Header(), deleted, Point("P")}, true, {}},
-      {"no lines", {}, false, {kNoPoints}},
-      {"header alone", {Header()}, false, {kNoPoints}},
-      {"deleted points", {Header(), deleted, deleted}, false, {kNoPoints}},
-      {"no positions", {Header(), Point("P", "11", ""), Point("P", "17")}, false, {kNoPoints}},
-      {"other records", {Header(), "79F1", "66KI", "Z9KI", "", "   "}, false, {kNoPoints}},
-      {"warned of and empty", {Header("111111", "V9")}, false, {kNotV10, kNoPoints}},
-      {"refused road",
-       {Header("111111", "V9"), "28KIMain St."},
-       false,
-       {L"This road does not have a vertical alignment.",
-        L"Road Main St. in the DC file could not be converted to RD5 files.", kNotV10, kNoPoints}},
-      {"alignment without a road", {Header(), "84KI" + Column("1.0")}, false, {kNoPoints}},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.name);
+    for (std::size_t i = 3; i < texts.size(); ++i) lines.push_back(ToNarrow(texts[i]));
     const TempDir folder;
-    const std::wstring input = folder.Write(L"in.dc", Join(c.lines));
+    const std::wstring input = folder.Write(L"in.dc", Join(lines));
     std::vector<std::wstring> expected;
-    for (const std::wstring& text : c.messages) expected.push_back(FormatText(text, input));
+    std::wistringstream messages(texts[2]);
+    for (std::wstring text; std::getline(messages, text, L'~');) {
+      expected.push_back(FormatText(text, input));
+    }
     for (const FileType type : {FT_JOB, FT_OLD_JOB, FT_PW_JOB}) {
       HostLists lists;
       EXPECT_EQ(cZelFileConvert(FT_DC, input.c_str(), type, folder.Path(L"out.job").c_str(),
                                 &lists.files, &lists.messages, 0, nullptr) != 0,
-                c.converted);
+                converted);
       EXPECT_EQ(lists.Messages(), expected);
-      EXPECT_EQ(folder.Exists(L"out.job"), c.converted);
-      EXPECT_EQ(lists.Files().size(), c.converted ? 1u : 0u);
+      EXPECT_EQ(folder.Exists(L"out.job"), converted);
+      EXPECT_EQ(lists.Files().size(), converted ? 1u : 0u);
       std::filesystem::remove(folder.Folder() / "out.job");
     }
     // The names are no numbers, so that one of the stages fails in any case.
@@ -150,7 +76,7 @@ TEST(DcToJob, RefusalsAndWarnings) {
 }
 
 TEST(DcToJob, DuplicatesAreFoundAmongThousands) {
-  Lines lines = {Header()};
+  Lines lines = {kHeader};
   for (int i = 0; i < 20000; ++i) lines.push_back(Point("a long name" + std::to_string(i)));
   const TempDir folder;
   const auto convert = [&] {

@@ -6,7 +6,9 @@
 #include <cmath>
 #include <limits>
 
+#include "CaseFile.h"
 #include "geodetic/CGeodeticDllIndices.h"
+#include "io/Numbers.h"
 #include "io/Units.h"
 
 namespace zelconvert {
@@ -140,68 +142,24 @@ class Projector {
 };
 
 TEST(Geodetic, ZonesCarryKnownPositionsToTheirGrid) {
-  constexpr double kFoot = kMetresPerUsFoot;
-  constexpr int kUtm = 3, kSp27 = 1, kSp83 = 2;
-  struct Case {
-    int coordSystem, datum, zone;
-    double latitude, longitude;  // degrees
-    double east, north, unit;
-    double tolerance;  // metres; the precision of the source
-  };
-  const Case cases[] = {
-      // USGS Professional Paper 1395, numerical example of the Transverse Mercator (Clarke 1866).
-      {kUtm, 0, 18, 40.5, -73.5, 627106.5, 4484124.4, 1, 0.05},
-      // EPSG Guidance Note 7-2, example of the Lambert Conic Conformal 2SP.
-      {kSp27, 0, 108, 28.5, -96, 2963503.91, 254759.80, kFoot, 0.003},
-      // Alaska zone 1: the published grid coordinates of its centre, which the other form of the
-      // projection has as false coordinates.
-      {kSp83, 1, 2, 57, -133 - 2.0 / 3, 818676.7344, 575097.6889, 1, 0.001},
-      // The rest: EPSG definitions (v10.076) of the zones, carried out by PROJ 9.1.1.
-      {kSp83, 1, 0, 32.5, -86.25, 160844.4358, 221823.9276, 1, 0.001},
-      {kSp83, 1, 2, 58.3, -134.4, 775672.4620, 720098.3296, 1, 0.003},
-      {kSp83, 1, 6, 64.8, -154.5, 476238.5897, 1203098.3680, 1, 0.001},
-      {kSp83, 1, 11, 53.9, -166.5, 1622659.5274, 363889.6916, 1, 0.001},
-      {kSp83, 1, 21, 34.05, -118.25, 1976917.4507, 561038.0445, 1, 0.001},
-      {kSp83, 1, 30, 27.95, -82.45, 155719.0932, 400749.8635, 1, 0.001},
-      {kSp83, 1, 34, 19.7, -155.1, 541936.4299, 95982.0695, 1, 0.001},
-      {kSp83, 1, 38, 21.9, -160.15, 501722.2398, 25836.4779, 1, 0.001},
-      {kSp83, 1, 72, 41.25, -95.95, 839220.1235, 165232.6952, 1, 0.001},
-      {kSp83, 1, 73, 36.2, -115, 252457.3917, 8161018.1408, 1, 0.001},
-      {kSp83, 1, 81, 40.75, -73.95, 196444.2172, 212932.9808, 1, 0.001},
-      {kSp83, 1, 104, 29.4, -98.5, 648523.9474, 4173731.7537, 1, 0.001},
-      {kSp83, 1, 122, 41.3, -110.5, 765105.2471, 188919.7723, 1, 0.001},
-      {kSp83, 1, 123, 18.45, -66.1, 235211.0542, 268285.9601, 1, 0.001},
-      {kSp27, 0, 2, 58.3, -134.4, 2544547.6224, 2362929.0323, kFoot, 0.003},
-      {kSp27, 0, 23, 34.05, -118.25, 4211936.3378, 4130611.3092, kFoot, 0.001},
-      {kSp27, 0, 87, 40.75, -73.5, 2138539.3887, 191475.5910, kFoot, 0.001},
-      {kSp27, 0, 95, 45.5, -122.6, 1461602.8221, 675377.3488, kFoot, 0.001},
-      {kSp27, 0, 104, 36.1, -86.7, 1793198.6053, 622462.6750, kFoot, 0.001},
-      {kSp27, 0, 128, 17.7, -64.7, 1103290.2038, 54441.1916, kFoot, 0.001},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(testing::Message() << "system " << c.coordSystem << " zone " << c.zone);
+  for (const CaseFields& texts : ReadCases("tests/golden-lines/zone-positions.txt")) {
+    SCOPED_TRACE(testing::PrintToString(texts));
+    const auto number = [&](std::size_t i) { return ToReal(texts.at(i)); };
     CGlkProjectionRecord record;
-    ASSERT_TRUE(FillProjectionRecord(MakeIndices(0, c.coordSystem, c.datum, c.zone), record));
-    const GridPosition found =
-        Projector(record).Forward(c.latitude * kDegree, c.longitude * kDegree);
-    EXPECT_NEAR(found.east, c.east * c.unit, c.tolerance);
-    EXPECT_NEAR(found.north, c.north * c.unit, c.tolerance);
+    ASSERT_TRUE(FillProjectionRecord(
+        MakeIndices(0, ToInteger(texts[0]), ToInteger(texts[1]), ToInteger(texts[2])), record));
+    const GridPosition found = Projector(record).Forward(number(3) * kDegree, number(4) * kDegree);
+    const double unit = texts.at(7) == L"ft" ? kMetresPerUsFoot : 1;
+    EXPECT_NEAR(found.east, number(5) * unit, number(8));
+    EXPECT_NEAR(found.north, number(6) * unit, number(8));
   }
 }
 
 TEST(Geodetic, LambertZonesHaveTheirPublishedCentralScale) {
-  struct Case {
-    int zone;
-    double scale;  // NOAA Manual NOS NGS 5, appendix C
-  };
-  for (const auto& [zone, scale] :
-       {Case{11, 0.999848059991}, Case{17, 0.999894636561}, Case{18, 0.999914672977},
-        Case{19, 0.999929178853}, Case{20, 0.999940761703}, Case{21, 0.999922127209},
-        Case{24, 0.999956846063}, Case{25, 0.999935909777}, Case{26, 0.999945398499},
-        Case{27, 0.999983140478}, Case{31, 0.999948432740}, Case{85, 0.999872591882}}) {
+  for (const CaseFields& texts : ReadCases("tests/golden-lines/lambert-scales.txt")) {
     CGlkProjectionRecord record;
-    ASSERT_TRUE(FillProjectionRecord(MakeIndices(0, 2, 1, zone), record));
-    EXPECT_NEAR(Projector(record).CentralLambertScale(), scale, 1e-12) << zone;
+    ASSERT_TRUE(FillProjectionRecord(MakeIndices(0, 2, 1, ToInteger(texts[0])), record));
+    EXPECT_NEAR(Projector(record).CentralLambertScale(), ToReal(texts.at(1)), 1e-12) << texts[0];
   }
 }
 
@@ -269,57 +227,19 @@ TEST(Geodetic, ZoneNames) {
 }
 
 TEST(Geodetic, DatumsByTable) {
-  constexpr double kClarke = 6378206.4, kGrs80 = 6378137.0;
-  constexpr double kClarkeInverse = 294.9786982138982, kGrs80Inverse = 298.2572215381486;
-  const std::wstring clarke = L"ZEL Clarke 1866", grs80 = L"ZEL GRS80 Ellipse";
-  struct Case {
-    int coordSystem, datum, zone;
-    int kind;
-    std::wstring datumName, ellipsoidName;
-    double axis, inverseFlattening, shiftZ;
-    std::wstring latitudeFile, longitudeFile;
-  };
-  const Case cases[] = {
-      {1, 0, 1, 516, L"NADCON (Conus)", clarke, kClarke, kClarkeInverse, DC_NULL, L"conuslat.dgf",
-       L"conuslon.dgf"},
-      {1, 0, 2, 516, L"NADCON (Alaska)", clarke, kClarke, kClarkeInverse, DC_NULL, L"AkLat.dgf",
-       L"AkLon.dgf"},
-      {1, 0, 11, 516, L"NADCON (Alaska)", clarke, kClarke, kClarkeInverse, DC_NULL, L"AkLat.dgf",
-       L"AkLon.dgf"},
-      {1, 0, 38, 516, L"NADCON (Hawaii)", clarke, kClarke, kClarkeInverse, DC_NULL, L"HawLat.dgf",
-       L"HawLon.dgf"},
-      {1, 0, 60, 516, L"NADCON (Michigan)", clarke, 6378450.047484481, kClarkeInverse, DC_NULL,
-       L"conuslat.dgf", L"conuslon.dgf"},
-      {1, 0, 126, 516, L"NADCON (Conus)", clarke, kClarke, kClarkeInverse, DC_NULL, L"conuslat.dgf",
-       L"conuslon.dgf"},
-      {1, 0, 128, 516, L"NADCON (Puerto Rico/Virgin Is)", clarke, kClarke, kClarkeInverse, DC_NULL,
-       L"PrViLat.dgf", L"PrViLon.dgf"},
-      {2, 0, 0, 513, L"ZEL SP83 Datum", grs80, kGrs80, kGrs80Inverse, 0, L"", L""},
-      {2, 2, 124, 513, L"ZEL SP83 Datum", L"ZEL SP83 WGS72 Ellipse", kGrs80, 1.110712247415441,
-       -4.5, L"", L""},
-      {3, 1, 17, 513, L"ZEL NAD83 UTM Datum", grs80, kGrs80, kGrs80Inverse, 0, L"", L""},
-      {3, 0, 8, 516, L"NADCON (Alaska)", clarke, kClarke, kClarkeInverse, DC_NULL, L"AkLat.dgf",
-       L"AkLon.dgf"},
-      {3, 0, 9, 516, L"NADCON (Conus)", clarke, kClarke, kClarkeInverse, DC_NULL, L"conuslat.dgf",
-       L"conuslon.dgf"},
-      {3, 0, -1, 516, L"NADCON (Conus)", clarke, kClarke, kClarkeInverse, DC_NULL, L"conuslat.dgf",
-       L"conuslon.dgf"},
-      {4, 0, 0, 516, L"NADCON (Conus)", clarke, kClarke, kClarkeInverse, DC_NULL, L"conuslat.dgf",
-       L"conuslon.dgf"},
-      {4, 1, 0, 513, L"ZEL NAD83 UTM Datum", grs80, kGrs80, kGrs80Inverse, 0, L"", L""},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(testing::Message() << "system " << c.coordSystem << " zone " << c.zone);
+  for (const CaseFields& texts : ReadCases("tests/golden-lines/datums.txt")) {
+    SCOPED_TRACE(testing::PrintToString(texts));
     CGlkProjectionRecord record;
-    ASSERT_TRUE(SetDatum(MakeIndices(0, c.coordSystem, c.datum, c.zone), record));
-    EXPECT_EQ(record.datumKind, c.kind);
-    EXPECT_EQ(record.datumName, c.datumName);
-    EXPECT_EQ(record.ellipsoidName, c.ellipsoidName);
-    EXPECT_EQ(record.semiMajorAxis, c.axis);
-    EXPECT_EQ(record.inverseFlattening, c.inverseFlattening);
-    EXPECT_EQ(record.datumShiftZ, c.shiftZ);
-    EXPECT_EQ(record.gridLatitudeFile, c.latitudeFile);
-    EXPECT_EQ(record.gridLongitudeFile, c.longitudeFile);
+    ASSERT_TRUE(SetDatum(
+        MakeIndices(0, ToInteger(texts[0]), ToInteger(texts[1]), ToInteger(texts[2])), record));
+    EXPECT_EQ(record.datumKind, ToInteger(texts[3]));
+    EXPECT_EQ(record.datumName, texts[4]);
+    EXPECT_EQ(record.ellipsoidName, texts[5]);
+    EXPECT_EQ(record.semiMajorAxis, ToReal(texts[6]));
+    EXPECT_EQ(record.inverseFlattening, ToReal(texts[7]));
+    EXPECT_EQ(record.datumShiftZ, texts[8] == L"null" ? DC_NULL : ToReal(texts[8]));
+    EXPECT_EQ(record.gridLatitudeFile, texts[9]);
+    EXPECT_EQ(record.gridLongitudeFile, texts.at(10));
   }
 }
 
