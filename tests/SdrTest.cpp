@@ -314,5 +314,37 @@ TEST(SdrDcAndJxl, PutPointsInOnePlace) {
   }
 }
 
+// ---- The examples of the documentation
+
+// The indented lines behind `mark`, without their indent and the blanks at their ends.
+std::string Block(const std::string& page, const std::string& mark) {
+  std::istringstream lines(page.substr(page.find(mark)));
+  std::string block, line;
+  while (std::getline(lines, line) && !line.starts_with("    ")) continue;
+  for (; line.starts_with("    "); std::getline(lines, line)) block += line.substr(4) + "\n";
+  return block;
+}
+
+std::string WithoutTrailingBlanks(const std::string& text) {
+  std::istringstream lines(text);
+  std::string trimmed;
+  for (std::string line; std::getline(lines, line);) {
+    trimmed += line.substr(0, line.find_last_not_of(" \r") + 1) + "\n";
+  }
+  return trimmed;
+}
+
+TEST(SdrAndJxlDocs, ShowWhatIsMade) {
+  const std::string sdr = ReadBytes("docs/formats/sdr.md");
+  EXPECT_EQ(WithoutTrailingBlanks(Convert(Block(sdr, "The log"), FT_SDR33, L"out.sdr")),
+            Block(sdr, "becomes, in SDR33"));
+  const std::string jxl = ReadBytes("docs/formats/jxl.md");
+  const std::string shot = Block(jxl, "gives for its shot");
+  const std::string made =
+      WithoutTrailingBlanks(Convert(Block(jxl, "The log"), FT_JXL, L"out.jxl"));
+  EXPECT_NE(made.find(shot), made.npos) << made;
+  EXPECT_GT(shot.size(), 1000u);
+}
+
 }  // namespace
 }  // namespace zelconvert
