@@ -117,6 +117,9 @@ def add_rover():
         ("OC,OP4,N 1,E 2,EL3,--69: deleted", [p69("4", 1, 2, 3, "69: deleted"),
                                              "E0NM%16s%-16s%16s1" % ("4", "%16.5f" % 0, "1.0")]),
         ("DP,PN4", []),
+        # Any class may stand in a log; its character is the sum's lowest 16 bits.
+        ((EP % ("102.5", 1)).replace("CL1", "CL65537"), []),
+        ("GS,PN5,N 1,E 2,EL3,--", [p67("XD", "5", 3, 0, 0, "", h=0.01, v=0.02)]),
         ("RX,DCROVER,RA1", []),
         ("EQ,DCSTATIC,RXR,RS1,AN0,AI1,ATA,TSB,TA0,HO0,VO0*1", []),
     ], "A rover's positions and vectors, their quality and covariance, one deleted point; the last "
@@ -303,9 +306,83 @@ def add_system():
     ], "Parallels are DDD.MMSS in a log of gons too; rotations are gons.")
 
 
+def zone(indices, letter, ellipsoid, origin, datum, shifts=(0, 0, 0), foot=1, parallels=(NULL, NULL),
+         angle=1):
+    """What an LM becomes: a projected system without a site, adjustments or a geoid. Lengths in
+    metres, angles in degrees; `origin`: latitude, longitude, false northing and easting, scale."""
+    latitude, longitude, north, east, scale = origin
+    extended = letter == "?"
+    projection = ["64KI", "D0KI"][extended] + letter + "".join("%16s" % value for value in (
+        n9(latitude), n9(longitude), " ", n5(north / foot), n5(east / foot), " ", n9(scale)) + tuple(
+            n9(p if p == NULL else p / angle) for p in parallels))
+    return ["65KI%16s%16s" % (n5(ellipsoid[0] / foot), number(ellipsoid[1], 10)),
+            "D5KI%16s%16s%16s%16s%16s%16s" % (" ", " ", n5(0), n9(1), n5(0), n5(0)),
+            projection + ("1111" + 64 * " " if extended else ""),
+            "74KI%32s%30s" % (datum, "") if shifts is None else
+            "49KI3" + "%16s" * 9 % ((n5(6378137 / foot), number(298.2572229328697, 10)) +
+                                   3 * (n9(0),) + tuple(n5(v / foot) for v in shifts) + (n9(0),)),
+            "50KI" + 96 * " ", "81KI1" + 112 * " ",
+            "C8KI3%-32s%-32s%-32s" % ("ZEL Zone Group", "Zel Zone:ME%d CS%d DA%d ZO%d HE%d" % indices,
+                                      datum)]
+
+
+def lm(indices, lines, file=""):
+    return ("LM,ME%d,CS%d,DA%d,ZO%d,HE%d,FI%s" % (indices + (file,)), lines)
+
+
+GRS80 = (6378137, 298.2572215381486)
+CLARKE = (6378206.4, 294.9786982138982)
+
+
+def add_zones():
+    """Zones by their numbers, and what stands in for those that don't exist."""
+    utm = lambda longitude, north=0: (0, longitude, north, 500000, 0.9996)
+    south, alaska, molodensky = (0, 3, 1, 31, 1), (0, 3, 0, 5, 0), (1, 1, 2, 16, 0)
+    oblique, conus, michigan = (0, 2, 0, 2, 0), (0, 3, 0, 30, 0), (0, 1, 0, 60, 0)
+    records = start("ZONES")
+    records[1] = (records[1][0], records[1][1][:-3])  # no default system
+    records += [
+        lm(south, zone(south, "3", GRS80, utm(3, 10000000), "ZEL NAD83 UTM Datum"), "dir\\zone.dat"),
+        lm(alaska, zone(alaska, "3", CLARKE, utm(-153), "NADCON (Alaska)", None)),
+        lm(conus, zone(conus, "3", CLARKE, utm(-3), "NADCON (Conus)", None)),
+        # Zone 16 plus 1; shifts to the local datum.
+        lm(molodensky, zone(molodensky, "3", (6378206.4, 294.9786982), utm(-81),
+                            "ZelMolodenskyDatum_2", (8, -160, -176))),
+        # 133 40 W, 57 N, the axis at the arctangent of -3/4.
+        lm(oblique, zone(oblique, "?", GRS80, (57, -(133 + 2 / 3), -5e6, 5e6, 0.9999),
+                         "ZEL SP83 Datum", parallels=(-math.degrees(math.atan(0.75)), 0))),
+        # Michigan East: 83 40 W, 500,000 US feet, 41 30 N, 1:17,500, on the raised ellipsoid.
+        lm(michigan, zone(michigan, "3", (6378450.047484481, CLARKE[1]),
+                          (41.5, -(83 + 2 / 3), 0, 500000 * 1200 / 3937, 1 - 1 / 17500),
+                          "NADCON (Michigan)", None)),
+    ]
+    # No zone, no such datum, system or method, a zone without a grid or a row, files of zones.
+    for indices in ((0, 3, 1, 9999, 0), (0, 3, 2, 31, 0), (0, 5, 0, 1, 0), (2, 1, 0, 1, 0),
+                    (0, 1, 0, 129, 0), (0, 1, 0, 130, 0), (0, 2, 0, -1, 0), (0, 4, 0, 1, 0),
+                    (1, 2, 0, 1, 0), (1, 1, 248, 1, 0)):
+        records.append(lm(indices, base.no_system(1.0), "zone.dat"))
+    records.append(("LH", base.no_system(1.0)))
+    add("raw", "dc1070", "zones", records, "Zones by number; those that don't exist give a log's "
+        "default system.")
+
+    # Alaska 10: parallels 51 50 and 53 50, northern first in the record; feet and gons.
+    lambert = (0, 2, 2, 11, 0)
+    records = start("ZONES", au=1, un=0)
+    records[1] = (records[1][0], records[1][1][:-3])
+    records += [
+        lm(lambert, zone(lambert, "6", (6378137, 1.110712247415441), (51, -176, 0, 1e6, 1),
+                         "ZEL SP83 Datum", (0, 0, -4.5), 0.3048,
+                         (53 + 5 / 6, 51 + 5 / 6), 0.9)),
+    ]
+    # The scale at the origin of this projection follows from its parallels: the zone has none.
+    records[2][1][2] = records[2][1][2][:101] + 16 * " " + records[2][1][2][117:]
+    add("raw", "dc1070", "zones-feet", records, "A zone in feet and gons.")
+
+
 def add_refusals():
     for name, record in (("gps-bad-receiver", "RX,DCSTATIC"), ("gps-bad-control", "CT,PN1,DM1,RH1"),
-                         ("gps-bad-rover-point", "RP,PN1,N 1,E 1,EL1"), ("bad-projection", "PJ,TP1")):
+                         ("gps-bad-rover-point", "RP,PN1,N 1,E 1,EL1"), ("bad-projection", "PJ,TP1"),
+                         ("bad-zone", "LM,ME0,CS3,DA1,ZO9999,HE0")):
         add("raw", "dc1070", name, start("BAD") + [(record, [])], "A required field is missing.",
             "Bad raw data record found at line 3. The conversion is aborted.\n", converts=False)
     add("raw", "dc1070", "gps-vector-without-point",
@@ -322,6 +399,7 @@ add_localization()
 add_signatures()
 add_units()
 add_system()
+add_zones()
 add_refusals()
 
 if __name__ == "__main__":

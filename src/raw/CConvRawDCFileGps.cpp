@@ -48,8 +48,9 @@ std::wstring_view SubtypeOf(std::wstring_view role) {
   }
 }
 
+/// 16 bits on every platform.
 wchar_t ClassCharacter(std::int32_t classification) {
-  return static_cast<wchar_t>(static_cast<std::int64_t>(L'0') + classification);
+  return static_cast<wchar_t>(static_cast<std::uint16_t>(L'0' + std::int64_t{classification}));
 }
 
 /// Any class may stand in a log.
