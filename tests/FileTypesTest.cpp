@@ -1,10 +1,13 @@
 // What a host learns of the file types: texts, lists, detection.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
+#include <sstream>
 #include <string>
 #include <vector>
 
+#include "CaseFile.h"
 #include "TempDir.h"
 #include "cli/FileTypes.h"
 #include "front/CFileTypeManager.h"
@@ -27,49 +30,6 @@ void FreeFromHost(int* list) {
 #endif
 }
 
-struct TypeCase {
-  const wchar_t* extension;
-  const wchar_t* description;
-  const wchar_t* filter;
-  Types row;  // ones in the row of the conversion table
-};
-
-const Types kDc = {FT_DC, FT_DC77, FT_DC1000, FT_DC1070};
-const TypeCase kTypeCases[] = {
-    {L".cr5", L"ZEL CR5 File", L"ZEL CR5 File (*.cr5)|*.cr5||", {1, 6, 7, 10, 11, 14, 16}},
-    {L".job", L"ZEL JOB File ", L"ZEL JOB File (*.job)|*.job||", {0, 6, 10, 11, 12, 14}},
-    {L".raw", L"ZEL RAW File", L"ZEL RAW File (*.raw)|*.raw||", {4, 5, 6, 10, 11, 14}},
-    {L".job", L"ZEL JOB and RAW Files", L"ZEL JOB and RAW Files (*.job,*.raw)|*.job|*.raw||", kDc},
-    {L".sdr", L"Sokkia SDR2 File", L"Sokkia SDR2 File (*.sdr)|*.sdr||", {}},
-    {L".sdr", L"Sokkia SDR33 File", L"Sokkia SDR33 File (*.sdr)|*.sdr||", {}},
-    {L".dc", L"Kestrum DC File", L"Kestrum DC File (*.dc)|*.dc||", {0, 1, 7, 12, 13, 16}},
-    {L".job",
-     L"ZEL Old JOB File(GLCE 1.x/2.x)",
-     L"ZEL JOB File (*.job)|*.job||",
-     {0, 6, 10, 11, 12, 13, 14}},
-    {L".rw5", L"ZEL RW5 File", L"ZEL RW5 File (*.rw5)|*.rw5||", kDc},
-    {L".cr5", L"ZEL CR5 and RW5 Files", L"ZEL CR5 and RW5 Files (*.cr5,*.rw5)|*.cr5|*.rw5||", kDc},
-    {L".dc", L"Kestrum DC File (DC7.7)", L"Kestrum DC File (*.dc)|*.dc||", {0, 1, 7, 12, 13, 16}},
-    {L".dc", L"Kestrum DC File (DC10.00)", L"Kestrum DC File (*.dc)|*.dc||", {0, 1, 7, 12, 13, 16}},
-    {L".cr5",
-     L"ZEL Sequential CR5 File",
-     L"ZEL CR5 File (*.cr5)|*.cr5||",
-     {1, 6, 7, 10, 11, 14, 16}},
-    {L".ilj", L"ZEL Interlock Job File", L"ZEL ILJ File (*.ilj)|*.ilj||", {6, 10, 11, 13, 14}},
-    {L".dc", L"Kestrum DC File (DC10.70)", L"Kestrum DC File (*.dc)|*.dc||", {0, 1, 7, 12, 13, 16}},
-    {L".jxl", L"Kestrum JobXML File", L"Kestrum JXL File (*.jxl)|*.jxl||", {2, 17}},
-    {L".pwj",
-     L"Plumbwick V2 Job File",
-     L"Plumbwick V2 Job File (*.pwj)|*.pwj||",
-     {0, 6, 10, 11, 12, 14}},
-    {L".pwr",
-     L"Plumbwick V2 Raw File",
-     L"Plumbwick V2 Raw File (*.pwr)|*.pwr||",
-     {4, 5, 6, 10, 11, 14}},
-    {L".pwj", L"Plumbwick V2 Job and Raw Files",
-     L"Plumbwick V2 Job and Raw Files (*.pwj,*.pwr)|*.pwj|*.pwr||", kDc},
-};
-
 using TextFunction = char (*)(int, wchar_t*) noexcept;
 
 std::wstring TextOf(TextFunction function, int type) {
@@ -91,24 +51,33 @@ Types ListOf(ListFunction function, int type) {
 }
 
 TEST(FileTypes, HaveTextsAndLists) {
+  const std::vector<CaseFields> cases = ReadCases("tests/golden-lines/file-types.txt", '\t');
+  ASSERT_EQ(cases.size(), 19u);
+  std::vector<Types> rows;  // of the conversion table: the types with a one
+  for (const CaseFields& texts : cases) {
+    std::wistringstream numbers(texts.at(3));
+    rows.emplace_back();
+    for (int type; numbers >> type;) rows.back().push_back(type);
+  }
   ASSERT_EQ(cZelGetNumFileTypes(), 19);
   for (int type = 0; type < 19; ++type) {
     SCOPED_TRACE(type);
-    const TypeCase& expected = kTypeCases[type];
-    EXPECT_EQ(TextOf(cZelGetExtension, type), expected.extension);
-    EXPECT_EQ(TextOf(cZelGetDescription, type), expected.description);
-    EXPECT_EQ(TextOf(cZelGetFileFilter, type), expected.filter);
+    const CaseFields& texts = cases[static_cast<std::size_t>(type)];
+    EXPECT_EQ(TextOf(cZelGetExtension, type), texts[0]);
+    EXPECT_EQ(TextOf(cZelGetDescription, type), texts[1]);
+    EXPECT_EQ(TextOf(cZelGetFileFilter, type), texts[2]);
 
     Types column;
-    for (int row = 0; row < 19; ++row) {
-      const Types& ones = kTypeCases[row].row;
-      if (std::find(ones.begin(), ones.end(), type) != ones.end()) column.push_back(row);
+    for (std::size_t row = 0; row < rows.size(); ++row) {
+      if (std::count(rows[row].begin(), rows[row].end(), type) != 0) {
+        column.push_back(static_cast<int>(row));
+      }
     }
     EXPECT_EQ(ListOf(cZelGetSupportedInputTypes, type), column);
     EXPECT_EQ(ListOf(cZelGetSupportedOutputTypes, type), column);
     Types row;
     EXPECT_TRUE(CFileTypeManager().GetSupportedOutputTypes(type, row));
-    EXPECT_EQ(row, expected.row);
+    EXPECT_EQ(row, rows[static_cast<std::size_t>(type)]);
   }
   EXPECT_EQ(ListOf(cZelGetSupportedInputTypes, FT_RAW), Types{FT_JXL});
 }

@@ -1,6 +1,6 @@
 // Roads of DC files into road files. tests/roads/ holds whole files, worked out by
-// scripts/golden/make_road_cases.py; here stand the rules that refuse a road, hostile files, and the
-// forms of single values.
+// scripts/golden/make_road_cases.py; here stand the rules that refuse a road, hostile files, and
+// the forms of single values.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -11,9 +11,11 @@
 #include <string>
 #include <vector>
 
+#include "CaseFile.h"
 #include "TempDir.h"
 #include "dc/CDcFile.h"
 #include "io/Numbers.h"
+#include "io/Strings.h"
 #include "roads/CRd5File.h"
 #include "roads/CTp5File.h"
 #include "roads/ConvertDcRoads.h"
@@ -135,6 +137,32 @@ StringList Refusal(const std::wstring& text, const std::wstring& road) {
   return {text, L"Road " + road + L" in the DC file could not be converted to RD5 files."};
 }
 
+// Cases in a file: a text, or "good", and the lines of a road; "=" and a name stands for lines
+// here.
+struct RoadCase {
+  std::wstring text;  // empty: the road is good
+  Lines lines;
+};
+
+std::vector<RoadCase> RoadCases(const char* path) {
+  const Lines odd = {Line("39KI", {"ODD"}), kSegment, kOuter, kSlope};
+  const std::map<std::string, Lines> parts = {
+      {"plan", kPlan},     {"profile", kProfile},     {"cross", kCross},      {"good", kGood},
+      {"odd", odd},        {"super", {kSuper}},       {"hal", {kHal}},        {"val", {kVal}},
+      {"point", {kPoint}}, {"template", {kTemplate}}, {"outer", {kOuter}},    {"slope", {kSlope}},
+      {"hinge", {kHinge}}, {"straight", {kStraight}}, {"segment", {kSegment}}};
+  std::vector<RoadCase> cases;
+  for (const CaseFields& fields : ReadCases(path)) {
+    RoadCase& each = cases.emplace_back();
+    if (fields[0] != L"good") each.text = fields[0];
+    for (std::size_t i = 1; i < fields.size(); ++i) {
+      const std::string line = ToNarrow(fields[i]);
+      each.lines = each.lines + (line.starts_with('=') ? parts.at(line.substr(1)) : Lines{line});
+    }
+  }
+  return cases;
+}
+
 TEST(Roads, WholeFiles) {
   int cases = 0;
   for (const auto& entry : fs::directory_iterator("tests/roads")) {
@@ -153,103 +181,9 @@ TEST(Roads, WholeFiles) {
 
 // Each refused road stands between two good ones, which are converted all the same.
 TEST(Roads, RefusedRoads) {
-  const std::wstring noVertical = L"This road does not have a vertical alignment.";
-  const std::wstring noTemplate = L"This road does not have a template.";
-  const std::wstring unlikeStarts =
-      L"The start station of the horizontal alignment is not as same as that of the vertical "
-      L"alignment.";
-  const std::wstring circular =
-      L"Vertical circular curve records in DC file cannot be converted to ZEL RD5 file.";
-  const std::wstring asymmetric =
-      L"Vertical Asymmetric Parabolic records in DC file cannot be converted to ZEL RD5 file.";
-  const std::wstring noSlope =
-      L"Template that does not have a side slope record is not supported in the ZEL road "
-      L"definition.";
-  const std::wstring onlySlope = L"Templates that contain only a side slope element are not valid.";
-  const std::wstring noGrade =
-      L"The width of the first segment of a template cannot be zero in RD5 file.";
-  const std::wstring noOffset = L"The first segment width must be greater than zero in RD5 file.";
-  const std::wstring others =
-      L"Applying super-elevation or widening to the segments other than the first one is not "
-      L"supported in RD5 file.";
-  const std::wstring ditch = L"Cut-ditches are not supported in the ZEL road definition.";
-  const std::wstring nullSlope =
-      L"Templates with a null side slope are not supported in the ZEL road definition.";
-  const std::wstring interpolate =
-      L"Template type Interpolate or None is not compatiable with the ZEL road definition.";
-  const std::wstring pivot =
-      L"The pivot position cannot be left or right when widening and superelevation are applied.";
-
-  const std::string flatSegment = Line("46KI", {"1", "3.5", "0.", "-0.1", "", "", "0", "0", "EP"});
-  const std::string zeroWidth = Line("46KI", {"3", "0.", "-2.", "", "", "", "0", "0", "EP"});
-  const std::string superOuter = Line("46KI", {"3", "1.5", "-4.", "", "", "", "1", "0", "SH"});
-  const std::string widerOuter = Line("46KI", {"3", "1.5", "-4.", "", "", "", "0", "1", "SH"});
-  const std::string zeroHinge = Line("B5KI", {"0.", "-0.1", "0", "0", "EP"});
-  const std::string superHinge = Line("B5KI", {"5.", "-0.1", "1", "0", "EP"});
-  const std::string widerHinge = Line("B5KI", {"5.", "-0.1", "0", "1", "EP"});
-  const std::string ditched = Line("97KI", {"5", "50.", "1", "50.", "-0.5", "TOE"});
-  const std::string nullCut = Line("97KI", {"5", "50.", "1", "50.", "", "TOE"});
-  const std::string nullFill = Line("97KI", {"1", "50.", "5", "50.", "", "TOE"});
-  const auto apply = [](const char* left, const char* right) {
-    return Line("B9KI", {"100.", left, "EVEN", right, "EVEN"});
-  };
-  const auto pivotAt = [](const char* digit) {
-    return Line("44KI", {"150.", "1", "-2.", "1", "-2.", "", "", digit});
-  };
-  const Lines bare = {kTemplate, kSegment};
-
-  struct Case {
-    std::wstring text;  // empty: the road is good
-    Lines lines;
-  };
-  const std::vector<Case> cases = {
-      {noVertical, {}},
-      {noVertical, kPlan + kCross},
-      {noVertical, kPlan},  // before the template is missed
-      {noTemplate, kPlan + kProfile},
-      {noTemplate, kPlan + kProfile + Lines{kSegment, kSlope}},
-      {unlikeStarts, kPlan + Lines{Line("34KI", {"100.0000000001", "50."})} + kCross},
-      {unlikeStarts, Lines{kVal, kHal, kStraight, kPoint} + kCross},  // 84 too late: held against 0
-      {unlikeStarts,
-       Lines{kHal, Line("84KI", {"0."}), kStraight} + kProfile + kCross},  // the later
-      {L"", Lines{kHal, "84DL", kStraight} + kProfile + kCross},
-      {circular, kPlan + Lines{"35KI"} + kProfile + kCross},
-      {asymmetric, Lines{"b8KI"} + kPlan},
-      {circular, Lines{"35KI", "B8KI"}},  // only the first rule has a say
-      {noSlope, kPlan + kProfile + bare},
-      {noSlope, kPlan + kProfile + bare + kCross},  // at the next template
-      {noSlope, kPlan + kProfile + Lines{kTemplate}},
-      {noSlope, kPlan + kProfile + Lines{kSlope} + bare},  // the slope before the first counts not
-      {onlySlope, kPlan + kProfile + Lines{kTemplate, kSlope}},
-      {onlySlope, kPlan + kProfile + Lines{kTemplate, kSlope} + kCross},
-      {L"", kPlan + kProfile + Lines{kTemplate, kHinge, kSlope}},
-      {noGrade, kPlan + kProfile + Lines{kTemplate, flatSegment}},
-      {noGrade, kPlan + kProfile + Lines{kTemplate, "46KI3             3.5"}},  // cut short
-      {noGrade, kPlan + kProfile + Lines{flatSegment} + kCross},  // before any template
-      {L"", kPlan + kProfile + Lines{kTemplate, zeroWidth, flatSegment, kSlope}},
-      {others, kPlan + kProfile + bare + Lines{superOuter}},
-      {others, kPlan + kProfile + bare + Lines{widerOuter}},
-      {L"", kPlan + kProfile + Lines{kTemplate, superOuter, kOuter, kSlope}},
-      {noOffset, kPlan + kProfile + Lines{kTemplate, zeroHinge}},
-      {others, kPlan + kProfile + Lines{kTemplate, kHinge, superHinge}},
-      {others, kPlan + kProfile + Lines{kTemplate, kHinge, widerHinge}},
-      {L"", kPlan + kProfile + Lines{kTemplate, kHinge, zeroHinge, kSlope}},
-      {L"", kPlan + kProfile + Lines{kTemplate, kSegment, superHinge, kSlope}},  // counted apart
-      {ditch, kPlan + kProfile + bare + Lines{ditched}},
-      {nullSlope, kPlan + kProfile + bare + Lines{nullCut}},
-      {nullSlope, kPlan + kProfile + bare + Lines{nullFill}},
-      {interpolate, kGood + Lines{apply("1", "3")}},
-      {interpolate, kGood + Lines{apply("3", "1")}},
-      {interpolate, kGood + Lines{apply("2", "0")}},
-      {interpolate, kGood + Lines{apply("4", "2")}},
-      {L"", kGood + Lines{apply("0", "x")}},
-      {pivot, kGood + Lines{pivotAt("1")}},
-      {pivot, kGood + Lines{pivotAt("3")}},
-      {pivot, kGood + Lines{"44KI150."}},  // none
-  };
   const std::string page = ReadBytes("docs/formats/roads.md");
-  for (const Case& each : cases) {
-    SCOPED_TRACE("case " + std::to_string(&each - cases.data()));
+  for (const RoadCase& each : RoadCases("tests/golden-lines/roads-refused.txt")) {
+    SCOPED_TRACE(testing::PrintToString(each.text) + Join(each.lines));
     EXPECT_NE(page.find(std::string(each.text.begin(), each.text.end())), page.npos);
     Lines lines = Lines{kHeader, Road("FIRST")} + kGood;
     lines = lines + Lines{Road("  the one  ")} + each.lines + Lines{Road("AFTER")} + kGood;
@@ -288,48 +222,8 @@ TEST(Roads, RefusedNamesakes) {
 
 // A failure on the way takes the files of all roads with it.
 TEST(Roads, FailedRuns) {
-  const std::wstring outside = L"Superelevation/Widening is outside the extents of the alignment.";
-  const std::wstring left =
-      L"Templates on the left side of the road have unequal number of segments.";
-  const std::wstring right =
-      L"Templates on the right side of the road have unequal number of segments.";
-  const std::wstring tooShort = L"The vertical alignment is shorter than the horizontal alignment.";
-
-  const auto super = [](const char* station) {
-    return Line("44KI", {station, "1", "-2.", "1", "-2.", "", "", "2"});
-  };
-  const Lines odd = {Line("39KI", {"ODD"}), kSegment, kOuter, kSlope};
-  const auto apply = [](const char* leftName, const char* rightName) {
-    return Line("B9KI", {"200.", "3", leftName, "3", rightName});
-  };
-  const auto profileTo = [](const char* station) {
-    return Lines{kVal, Line("37KI", {station, "52."})};
-  };
-
-  struct Case {
-    std::wstring text;  // empty: the run succeeds
-    Lines lines;
-  };
-  const std::vector<Case> cases = {
-      {outside, kGood + Lines{super("98.9")}},
-      {outside, kGood + Lines{super("300.002")}},
-      {L"", kGood + Lines{super("99.9995"), super("300.0005")}},
-      // Held against what has been reached so far: behind record 34 that is its station.
-      {outside, Lines{kHal, super("150.")} + kGood},
-      {outside, kPlan + Lines{kVal, super("150."), kPoint} + kCross},
-      {left, kGood + odd + Lines{apply("ODD", "EVEN")}},
-      {right, kGood + odd + Lines{apply("EVEN", "ODD")}},
-      {left, kGood + odd + Lines{apply("ODD", "ODD")}},
-      {L"", kGood + odd + Lines{apply("GONE", "")}},
-      {L"", kGood + odd},
-      {tooShort, kPlan + profileTo("299.99") + kCross},
-      {L"", kPlan + profileTo("299.9995") + kCross},
-      {left, kPlan + profileTo("299.99") + kCross + odd + Lines{apply("ODD", "ODD")}},
-      // What follows record 34 is no part of the horizontal alignment.
-      {L"", kGood + Lines{kStraight}},
-  };
-  for (const Case& each : cases) {
-    SCOPED_TRACE("case " + std::to_string(&each - cases.data()));
+  for (const RoadCase& each : RoadCases("tests/golden-lines/roads-failed.txt")) {
+    SCOPED_TRACE(testing::PrintToString(each.text) + Join(each.lines));
     Sandbox sandbox(Join(Lines{kHeader, Road("FIRST")} + kGood + Lines{Road("the one")} +
                          each.lines + Lines{Road("AFTER")} + kGood));
     EXPECT_EQ(sandbox.Convert(), each.text.empty());

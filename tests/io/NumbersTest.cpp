@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <bit>
+#include <charconv>
 #include <clocale>
 #include <cmath>
 #include <cstdio>
@@ -8,6 +9,7 @@
 #include <limits>
 #include <random>
 
+#include "CaseFile.h"
 #include "io/Numbers.h"
 #include "io/Strings.h"
 
@@ -35,52 +37,25 @@ std::string PointFromLocale(std::string text) {
   if (at != std::string::npos) text[at] = '.';
   return text;
 }
+// The whole text of a case as a number, in every locale.
+template <class Value>
+Value Number(const std::wstring& text) {
+  const std::string narrow = ToNarrow(text);
+  const char* const end = narrow.data() + narrow.size();
+  Value value{};
+  EXPECT_EQ(std::from_chars(narrow.data(), end, value).ptr, end) << narrow;
+  return value;
+}
+
 TEST(Numbers, ParsesTheLongestRealPrefix) {
-  struct Case {
-    const wchar_t* text;
-    double value;
-    std::size_t consumed;
-  };
-  const Case cases[] = {
-      {L"", 0, 0},
-      {L"abc", 0, 0},
-      {L".", 0, 0},
-      {L"+", 0, 0},
-      {L"-.e5", 0, 0},
-      {L"+5", 5, 2},
-      {L"-5", -5, 2},
-      {L"+-5", 0, 0},
-      {L" \t\n\v\f\r5 ", 5, 7},
-      {L".5", 0.5, 2},
-      {L"5.", 5, 2},
-      {L"5..5", 5, 2},
-      {L"1e", 1, 1},
-      {L"1e+", 1, 1},
-      {L"1e5", 1e5, 3},
-      {L"1E-2x", 0.01, 4},
-      {L"1.5e+3.5", 1500, 6},
-      {L"12a", 12, 2},
-      {L"0x10", 0, 1},
-      {L"inf", 0, 0},
-      {L"nan", 0, 0},
-      {L"1,5", 1, 1},
-      {L"\u00a05", 0, 0},
-      {L"5\u0661", 5, 1},
-      {L"-0", -0.0, 2},
-      {L"1e-400", 0, 6},
-      {L"-1e-400", -0.0, 7},
-      {L"1e-320", 1e-320, 6},
-      {L"0e99999999999999999999", 0, 22},
-      {L"0.000e-99999999999999999999", 0, 27},
-      {L"1e-99999999999999999999", 0, 23},
-      {L"5000123.4567", 5000123.4567, 12},
-  };
-  for (const auto& [text, value, consumed] : cases) {
-    SCOPED_TRACE(testing::Message() << text);
+  for (const CaseFields& texts : ReadCases("tests/golden-lines/numbers-real.txt")) {
+    SCOPED_TRACE(testing::PrintToString(texts));
+    const std::wstring& text = texts[0];
+    const double value = Number<double>(texts[1]);
     const ParsedReal parsed = ParseReal(text);
     EXPECT_EQ(parsed.value, value);
     EXPECT_EQ(std::signbit(parsed.value), std::signbit(value));
-    EXPECT_EQ(parsed.consumed, consumed);
+    EXPECT_EQ(parsed.consumed, Number<std::size_t>(texts.at(2)));
     EXPECT_FALSE(parsed.overflow);
     EXPECT_EQ(ToReal(text), value);
   }
@@ -126,67 +101,22 @@ TEST(Numbers, FormatsAsPrintfAndReadsBackAsStrtod) {
 }
 
 TEST(Numbers, RoundsExactTiesToEvenAndKeepsSigns) {
-  struct Case {
-    double value;
-    int decimals;
-    std::size_t width;
-    const wchar_t* text;
-  };
-  const Case cases[] = {
-      {0.5, 0, 0, L"0"},
-      {1.5, 0, 0, L"2"},
-      {2.5, 0, 0, L"2"},
-      {0.125, 2, 0, L"0.12"},
-      {0.375, 2, 0, L"0.38"},
-      {1.005, 2, 0, L"1.00"},
-      {9.9996, 3, 0, L"10.000"},
-      {-0.0, 2, 0, L"-0.00"},
-      {-0.001, 2, 0, L"-0.00"},
-      {1e22, 1, 0, L"10000000000000000000000.0"},
-      {0.1, 20, 0, L"0.10000000000000000555"},
-      {1.5, -1, 0, L"1.500000"},
-      {1.5, 2, 6, L"  1.50"},
-      {-123.456, 3, 4, L"-123.456"},
-      {-9.99e27, 0, 16, L"-9990000000000000993110523904"},
-      {kInfinity, 2, 5, L"  inf"},
-  };
-  for (const auto& [value, decimals, width, text] : cases) {
+  for (const CaseFields& texts : ReadCases("tests/golden-lines/numbers-fixed.txt")) {
     std::wstring line;
-    AppendFixed(line, value, decimals, width);
-    EXPECT_EQ(line, text);
+    AppendFixed(line, Number<double>(texts[0]), Number<int>(texts[1]),
+                Number<std::size_t>(texts[2]));
+    EXPECT_EQ(line, texts.at(3));
   }
   EXPECT_EQ(FormatFixed(0.1, 300).size(), 302u);
   EXPECT_EQ(FormatInteger(std::numeric_limits<std::int64_t>::min()), L"-9223372036854775808");
 }
 
 TEST(Numbers, ParsesIntegersAndSaturates) {
-  struct Case {
-    const wchar_t* text;
-    int base;
-    std::int32_t value;
-    std::size_t consumed;
-  };
-  const Case cases[] = {
-      {L"", 10, 0, 0},
-      {L"x1", 10, 0, 0},
-      {L"-", 10, 0, 0},
-      {L" \t42abc", 10, 42, 4},
-      {L"+7", 10, 7, 2},
-      {L"-7.9", 10, -7, 2},
-      {L"2147483648", 10, kMax32, 10},
-      {L"-2147483649", 10, kMin32, 11},
-      {L"99999999999999999999", 10, kMax32, 20},
-      {L"-99999999999999999999", 10, kMin32, 21},
-      {L"9223372036854775807", 10, kMax32, 19},
-      {L"zZ", 36, 35 * 36 + 35, 2},
-      {L"0x1F", 16, 0, 1},
-      {L"12", 2, 1, 1},
-      {L"\u0663", 10, 0, 0},
-  };
-  for (const auto& [text, base, value, consumed] : cases) {
-    SCOPED_TRACE(testing::Message() << text);
-    EXPECT_EQ(ToInteger(text, base), value);
-    EXPECT_EQ(ParseInteger(text, base).consumed, consumed);
+  for (const CaseFields& texts : ReadCases("tests/golden-lines/numbers-integer.txt")) {
+    SCOPED_TRACE(testing::PrintToString(texts));
+    const int base = Number<int>(texts[1]);
+    EXPECT_EQ(ToInteger(texts[0], base), Number<std::int32_t>(texts[2]));
+    EXPECT_EQ(ParseInteger(texts[0], base).consumed, Number<std::size_t>(texts.at(3)));
   }
 }
 
@@ -199,33 +129,9 @@ TEST(Numbers, SaturatesReals) {
 }
 
 TEST(Numbers, MultipliesAndDividesRounded) {
-  constexpr std::int64_t kHuge = std::numeric_limits<std::int64_t>::max();
-  struct Case {
-    std::int64_t value, numerator, denominator;
-    std::int32_t result;
-  };
-  const Case cases[] = {
-      {1, 100, 3, 33},
-      {2, 100, 3, 67},
-      {1, 1, 2, 1},
-      {-1, 1, 2, -1},
-      {1, -1, 2, -1},
-      {3, -1, -2, 2},
-      {7, 100, 0, -1},
-      {0, 100, 7, 0},
-      {kMax32, kMax32, 1, -1},
-      {kMax32, kMax32, kMax32, kMax32},
-      {kMin32, 1, 1, kMin32},
-      {kMin32, -1, 1, -1},
-      {kHuge, 100, kHuge, 100},
-      {kHuge / 2, 100, kHuge, 50},
-      {kHuge, kHuge, kHuge, -1},
-      {5'000'000'000, 100, 10'000'000'000, 50},
-      {kHuge, 100, 1, -1},
-  };
-  for (const auto& [value, numerator, denominator, result] : cases) {
-    EXPECT_EQ(MulDiv(value, numerator, denominator), result)
-        << value << " * " << numerator << " / " << denominator;
+  for (const CaseFields& texts : ReadCases("tests/golden-lines/numbers-muldiv.txt")) {
+    const auto number = [&](std::size_t i) { return Number<std::int64_t>(texts.at(i)); };
+    EXPECT_EQ(MulDiv(number(0), number(1), number(2)), number(3)) << testing::PrintToString(texts);
   }
 }
 
