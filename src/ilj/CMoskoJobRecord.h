@@ -141,6 +141,16 @@ constexpr const FieldOrder& OrderOf(IljRecordType type) {
   return kFieldOrders[static_cast<std::size_t>(type)];
 }
 
+// A misspelled tag in the table has no number.
+static_assert([] {
+  for (const FieldOrder& order : kFieldOrders) {
+    for (std::size_t i = 0; i < order.count; ++i) {
+      if (order.uses[i].type == IljFieldType::None) return false;
+    }
+  }
+  return true;
+}());
+
 /// By field number: where the field stands in the record, or -1.
 using FieldIndices = std::array<std::int8_t, std::size(kIljFieldTags)>;
 constexpr FieldIndices IndicesOf(const FieldOrder& order) {
