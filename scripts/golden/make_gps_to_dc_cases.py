@@ -200,6 +200,58 @@ def add_localization():
     ], "Stored GPS points, control points of a localization and offset shots.", LONG % long13 * 2)
 
 
+def add_states():
+    """What one record leaves for those behind it."""
+    xyz = "DX1,DY2,DZ3,--,GM1,CL1,HP0,VP0"
+    gs = "GS,PN%s,N 1,E 2,EL3,--"
+    computed = lambda name, up, cls="1", code="": p67("XD", name, up, 0, 0, code, 1, cls, 0.01, 0.02)
+    add("raw", "dc1070", "gps-states", start("STATES") + [
+        # A stored point that isn't keyed in goes the way of a rover's, and EE stays in force.
+        ("EE", []), ep("50", 2),
+        ("GP,PNa,PTCHECK", [p66("KI", "a", 0, 0, 50, " ", 2, "1", 0.01, 0.02)]),
+        ("GP,PNb,PTUSER_INPUT", []), ep("51", 3),
+        ("GP,PNc,PTUSER_INPUT", [a57("KI", 0, 1), p66("KI", "c", 0, 0, 51, "", 3), a57("KI", 0, 1)]),
+        ("EP,bad and passed over", []), ("GP,bad", []),
+    ] + BASE + [
+        # The antenna is added, and the class raised, for each record that is made of a position.
+        ep("102.5"), ("GP,PN1,PTDATA", [computed("1", 3, code=" ")]), (gs % "1", [computed("1", 5)]),
+        ep("102.5"), ("GP,PNd,PTDATA", [computed("d", 3, ";", " ")]), (gs % "d", [computed("d", 5, "@")]),
+        # A quality waits past a vector, a known one, and a keyed-in position; the latest is written.
+        ep("102.5"), (GQ, []),
+        ("BL,DCKI,PN2,%s" % xyz, [p67("KI", "2", 1, 2, 3, "")]),
+        ("CV,DCBASE,SV8,SC1,XX1,XY2,XZ3,YY4,YZ5,ZZ6", [c59("BA", 8, (1, 1, 2, 3, 4, 5, 6))]),
+        (gs % "2", []),
+        (GQ.replace("DCROVER", "DCBASE").replace("SV9", "SV10"), [C6.replace("C6XD 9", "C6BA10")]),
+        ("EE", []), ep("50"),
+        ("GP,PNe,PTUSER_INPUT", [a57("KI", 0, 1), p66("KI", "e", 0, 0, 50, ""), a57("XD", 0, 1)]),
+        ep("102.5"), (gs % "3", [computed("3", 3), C6.replace("C6XD 9", "C6BA10")]),
+        ep("102.5"), (gs % "3", [computed("3", 3)]),
+        # Known by GPS, then shot as well; a control point is known by the name that was written.
+        ("CT,PN1,DM3,RH,RV", ["B1CB%16s%16s3%48s" % ("GPS_1", "1", "")]),
+        ("RP,PN1,N 1,E 2,EL3,--known", [p69("1", 1, 2, 3, "known")]),
+        ("GO,PN1,AZ0,ZE90.0000,SD10,HI0,HR1,--",
+         ["93KI%16s" % "3", "86KI%16s" % n5(0), "94KI%16s" % n5(1),
+          "85KI%16s%16s%16s%16s%16.5f%16s11" % ("1", n9(0), n9(90), n5(10), 0, "")]),
+        ("CT,PN1,DM3,RH,RV", ["B1CB%16s%16s3%48s" % ("GPS_1", "1", "")]),
+        ("RP,PN1,N 1,E 2,EL3,--known", []),
+        ep("102.5"), ("GP,PN4,PTCONTROL", [computed("GPS_4", 3, code=" ")]),
+        ("CT,PN4,DM2,RH0,RV0", ["B1CB%16s%16s2%16s%16s%16s" % ("GPS_4", "4", n5(0), n5(0), n5(0))]),
+        ep("60"),
+        ("RP,PNabcdefghijklm,N 1,E 2,EL3,--", []),
+        ("RP,PN4,N 1,E 2,EL3,--", [a57("KI", 0, 1), p66("KI", "GPS_4", 0, 0, 60, ""), a57("XD", 0, 1),
+                                  p69("4", 1, 2, 3, "")]),
+        # The role is that of the latest antenna or equipment; its height is no rover's.
+        ("AH,DCBASE,MA1,ME0,RA4", [a57("BA", 4, 1)]),
+        ep("102.5", 2), (gs % "5", [p66("BA", "5", 0, 0, 104.5, "", 2, "1", 0.01, 0.02)]),
+        ("AH,DCother,MA1,ME0,RA", [a57("XD", NULL, 1)]),
+        # A rover's equipment of another role is tested too.
+        (ROVER, []), (ROVER_EQ.replace("DCROVER", "DCSTATIC") + "*1", []),
+        (gs % "6", []), (GQ, []),
+        ("DP,PNd", []),
+    ], "What stays for later records: heights, classes, qualities, names and roles.",
+        LONG % "abcdefghijklm" + WARNING)
+
+
 def add_signatures():
     good = signed(ROVER, ROVER_EQ)
     position = ("GS,PN1,N 1,E 2,EL3,--", [])
@@ -396,6 +448,7 @@ add_rover()
 add_kinds()
 add_base_roles()
 add_localization()
+add_states()
 add_signatures()
 add_units()
 add_system()
