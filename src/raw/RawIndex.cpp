@@ -53,18 +53,22 @@ void RawIndex::Add(std::wstring_view record) {
       }
       break;
     case RawRecordType::OC:
-      m_Occupied.push_back({line, NameOf(record, L"OP", L"PN")});
-      m_AskedNames.Insert(m_Occupied.back().name);
+      AddOccupied(line, record);
       break;
     case RawRecordType::RP:
       m_AskedNames.Insert(NameOf(record, L"PN", L"PN"));
       break;
-    case RawRecordType::GP: {
-      GP_RECORD point;
-      const bool valid = CRawFile::ParseGP(record, point);
-      m_GpsPoints.push_back({line, valid, point.kind, std::wstring(point.name)});
+    case RawRecordType::BL:
+      m_bVectorOpen = true;
       break;
-    }
+    case RawRecordType::GP:
+      if (m_bVectorOpen) AddGpsPoint(line, record);
+      m_bVectorOpen = false;
+      break;
+    case RawRecordType::GS:
+    case RawRecordType::GK:
+      m_bVectorOpen = false;
+      break;
     default:
       break;
   }
@@ -82,6 +86,19 @@ void RawIndex::AddHeights(RawRecordType kind, std::int64_t line, std::wstring_vi
   } else if (kind == RawRecordType::LS || kShotKinds.Contains(kind)) {
     m_bSetupOpen = false;
   }
+}
+
+void RawIndex::AddOccupied(std::int64_t line, std::wstring_view record) {
+  const std::wstring name = NameOf(record, L"OP", L"PN");
+  m_AskedNames.Insert(name);
+  m_Occupied.push_back({line, static_cast<std::uint32_t>(*m_AskedNames.Find(name))});
+}
+
+/// Keeps what a GP says if a vector may ask for it.
+void RawIndex::AddGpsPoint(std::int64_t line, std::wstring_view record) {
+  GP_RECORD point;
+  const bool valid = CRawFile::ParseGP(record, point);
+  m_GpsPoints.push_back({line, valid, point.kind, std::wstring(point.name)});
 }
 
 std::int64_t RawIndex::Search::Next(const std::vector<RawRecordType>& lines, std::int64_t line) {
@@ -126,7 +143,7 @@ bool RawIndex::FindHeights(std::int64_t line, RawRecordType type, std::wstring_v
     const RawRecordType kind = KindAt(line);
     if (kind == RawRecordType::LS) break;
     if (kind != RawRecordType::OC || type != RawRecordType::TR ||
-        EntryOf(m_Occupied, line)->name != name) {
+        m_AskedNames.Find(name) != EntryOf(m_Occupied, line)->name) {
       return false;
     }
   }
@@ -141,7 +158,7 @@ bool RawIndex::FindGpsPointKind(std::int64_t line, std::wstring_view name, bool&
   line = m_NextGpsPoint.Next(m_Kinds, line);
   if (line > LineCount() || KindAt(line) != RawRecordType::GP) return true;
   const GpsPoint* point = EntryOf(m_GpsPoints, line);
-  if (!point->valid || point->name != name) return false;
+  if (point == nullptr || !point->valid || point->name != name) return false;
   isControl = point->kind == GpsPointKind::Control;
   return true;
 }

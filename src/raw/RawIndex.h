@@ -90,7 +90,7 @@ class RawIndex {
   };
   struct Occupied {
     std::int64_t line;
-    std::wstring name;
+    std::uint32_t name;  // its number in m_AskedNames
   };
   struct GpsPoint {
     std::int64_t line;
@@ -107,6 +107,8 @@ class RawIndex {
 
   void Add(std::wstring_view record);
   void AddHeights(RawRecordType kind, std::int64_t line, std::wstring_view record);
+  void AddOccupied(std::int64_t line, std::wstring_view record);
+  void AddGpsPoint(std::int64_t line, std::wstring_view record);
   RawRecordType KindAt(std::int64_t line) const {
     return m_Kinds[static_cast<std::size_t>(line - 1)];
   }
@@ -119,7 +121,8 @@ class RawIndex {
   NameSet m_AskedNames;
   MO_RECORD m_FirstMode;
   bool m_bHasMode = false;
-  bool m_bSetupOpen = false;  // an OC, BK or TR, and neither LS nor shot since
+  bool m_bSetupOpen = false;   // an OC, BK or TR, and neither LS nor shot since
+  bool m_bVectorOpen = false;  // a BL, and no GP, GS or GK since
   bool m_bHasLocalization = false;
 
   Search m_NextShot{kShotKinds};
