@@ -11,6 +11,8 @@
 #include "TempDir.h"
 #include "cli/FileTypes.h"
 #include "front/CFileTypeManager.h"
+#include "io/Numbers.h"
+#include "io/Strings.h"
 #include "zelconvert/zelconvert.h"
 
 #if defined(_WIN32)
@@ -98,43 +100,11 @@ TEST(FileTypes, RefusesWhatIsNone) {
 }
 
 TEST(FileTypes, AreDetected) {
-  const std::string job = "Zelmont Geodata Ltd Job File";
-  const std::string pwj = "Corvane Surveying Job File  ";
   const TempDir folder;
-  struct {
-    std::wstring name;
-    std::string contents;  // empty: the file isn't there
-    int type;
-  } const cases[] = {
-      {L"SURVEY.JOB", job + std::string(6, '\0'), FT_JOB},
-      {L"shout.job", "ZELMONT GEODATA LTD JOB FILE", FT_JOB},
-      {L"x.raw.job", job, FT_JOB},
-      {L"short.job", job.substr(0, 27), FT_JOB_RAW},
-      {L"line.job", "Zelmont Geodata Ltd Job\nFile", FT_JOB_RAW},
-      {L"marked.job", "\xEF\xBB\xBF" + job, FT_JOB_RAW},
-      {L"absent.job", "", FT_JOB_RAW},
-      {L"brand.job", pwj, FT_JOB_RAW},
-      {L"a.pwj", pwj + "x", FT_PW_JOB},
-      {L"cut.pwj", pwj.substr(0, 27) + "x", FT_PW_JOB_RAW},
-      {L"brand.pwj", job, FT_PW_JOB_RAW},
-      {L"absent.cr5", "", FT_CR5},
-      {L"a.Rw5", "", FT_RW5},
-      {L"a.sdr", "", FT_SDR2},
-      {L"a.ilj", "", FT_ILJ},
-      {L"a.jxl", "", FT_JXL},
-      {L"a.pwr", "", FT_PW_RAW},
-      {L"job.raw", "", FT_RAW},
-      {L"a.dc", "", FT_DC},
-      {L"a.dcx", "", FT_DC},  // the extension lies in the last four characters
-      {L"a.dc12", "", -1},    // and here it doesn't
-      {L"a.dc.dc", "", -1},   // the first occurrence decides
-      {L"x.job.bak", "", -1},
-      {L"a.txt", "", -1},
-  };
-  for (const auto& [name, contents, type] : cases) {
-    SCOPED_TRACE(ToPath(name).string());
-    if (!contents.empty()) folder.Write(name, contents);
-    EXPECT_EQ(cZelGetFileType(folder.Path(name).c_str()), type);
+  for (const CaseFields& texts : ReadCases("tests/golden-lines/detection.txt")) {
+    SCOPED_TRACE(testing::PrintToString(texts));
+    if (!texts[1].empty()) folder.Write(texts[0], ToNarrow(texts[1]));
+    EXPECT_EQ(cZelGetFileType(folder.Path(texts[0]).c_str()), ToInteger(texts.at(2)));
   }
   EXPECT_EQ(cZelGetFileType(L".cr5"), -1);
   EXPECT_EQ(cZelGetFileType(L""), -1);

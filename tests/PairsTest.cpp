@@ -4,10 +4,12 @@
 #include <string>
 #include <vector>
 
+#include "CaseFile.h"
 #include "HostLists.h"
 #include "TempDir.h"
 #include "cli/FileTypes.h"
 #include "front/CFileTypeManager.h"
+#include "io/Strings.h"
 
 namespace zelconvert {
 namespace {
@@ -23,36 +25,19 @@ enum Outcome : char {
 
 struct InputCase {
   int type;
-  const wchar_t* name;
-  const char* example;
-  // By output type: CR5 JOB RAW JOB_RAW SDR2 SDR33 DC OLD_JOB RW5 CR5_RW5 DC77 DC1000 SEQ_CR5 ILJ
-  // DC1070 JXL PW_JOB PW_RAW PW_JOB_RAW
-  const char* outcomes;
+  std::wstring name;
+  std::string example;
+  std::string outcomes;  // by output type
 };
 
-constexpr InputCase kInputs[] = {
-    {FT_CR5, L"in.cr5", "control.job", "UFUUUUFFUUFFUUFUFUU"},
-    {FT_JOB, L"in.job", "boundary.job", "CUUUUUCUUUCCCUCUUUU"},
-    {FT_RAW, L"in.raw", "mill-creek-simple.raw", "UUUUCCCUUUCCUUCCUUU"},
-    {FT_JOB_RAW, L"in.job", "control.job", "UEUUUUCEUUCCUUCUEUU"},
-    {FT_SDR2, L"in.sdr", "mill-creek.sdr", "UEUUUUUEUUUUUUUUEUU"},
-    {FT_SDR33, L"in.sdr", "mill-creek.sdr", "UEUUUUUEUUUUUUUUEUU"},
-    {FT_DC, L"in.dc", "../tests/golden/dc-to-cr5/numbers-in-metres/in.dc", "TCUUUUUCUUUUTCUUCUU"},
-    {FT_OLD_JOB, L"in.job", "boundary-old.job", "CUUUUUCUUUCCCUCUUUU"},
-    {FT_RW5, L"in.rw5", "mill-creek-simple.raw", "UUUUCCCUUUCCUUCCUUU"},
-    {FT_CR5_RW5, L"in.cr5", "control.job", "UEUUUUCEUUCCUUCUEUU"},
-    {FT_DC77, L"in.dc", "../tests/golden/dc-to-cr5/numbers-in-metres/in.dc", "TCUUUUUCUUUUTCUUCUU"},
-    {FT_DC1000, L"in.dc", "../tests/golden/dc-to-cr5/numbers-in-metres/in.dc",
-     "TCUUUUUCUUUUTCUUCUU"},
-    {FT_SEQ_CR5, L"in.cr5", "control.job", "UFUUUUFFUUFFUUFUFUU"},
-    {FT_ILJ, L"in.ilj", "grenze.ilj", "UEUUUUCEUUCCUUCUEUU"},
-    {FT_DC1070, L"in.dc", "../tests/golden/dc-to-cr5/numbers-in-metres/in.dc",
-     "TCUUUUUCUUUUTCUUCUU"},
-    {FT_JXL, L"in.jxl", "mill-creek.sdr", "UEUUUUUEUUUUUUUUEUU"},
-    {FT_PW_JOB, L"in.pwj", "boundary.pwj", "CUUUUUCUUUCCCUCUUUU"},
-    {FT_PW_RAW, L"in.pwr", "mill-creek-simple.raw", "UUUUCCCUUUCCUUCCUUU"},
-    {FT_PW_JOB_RAW, L"in.pwj", "boundary.pwj", "UEUUUUCEUUCCUUCUEUU"},
-};
+std::vector<InputCase> InputCases() {
+  std::vector<InputCase> cases;
+  for (const CaseFields& texts : ReadCases("tests/golden-lines/pairs.txt")) {
+    const int type = static_cast<int>(cases.size());
+    cases.push_back({type, texts[0], ToNarrow(texts[1]), ToNarrow(texts.at(2))});
+  }
+  return cases;
+}
 
 // A folder with the input and, for a pair of files, the log beside it.
 struct Folder {
@@ -61,7 +46,7 @@ struct Folder {
     if (each.type == FT_CR5_RW5) Copy(L"in.rw5", "mill-creek-simple.raw");
     if (each.type == FT_PW_JOB_RAW) Copy(L"in.pwr", "mill-creek.pwr");
   }
-  std::wstring Copy(const wchar_t* name, const char* example) {
+  std::wstring Copy(const std::wstring& name, const std::string& example) {
     return temp.Write(name, ReadBytes(std::filesystem::path("examples") / example));
   }
   std::size_t Count() const {
@@ -111,7 +96,7 @@ TEST_P(Pairs, HaveTheirOutcome) {
   for (int output = 0; output < kFileTypeCount; ++output) {
     SCOPED_TRACE(testing::Message()
                  << cli::FindType(each.type)->name << " to " << cli::FindType(output)->name);
-    const auto expected = static_cast<Outcome>(each.outcomes[output]);
+    const auto expected = static_cast<Outcome>(each.outcomes.at(static_cast<std::size_t>(output)));
     CheckPair(each, output, expected);
     EXPECT_EQ(cli::ConvertsTo(*cli::FindType(each.type), *cli::FindType(output)),
               expected == kConverts || expected == kThroughJob);
@@ -120,7 +105,7 @@ TEST_P(Pairs, HaveTheirOutcome) {
   CheckPair(each, -1, kUnsupported);
 }
 
-INSTANTIATE_TEST_SUITE_P(Types, Pairs, testing::ValuesIn(kInputs), [](const auto& input) {
+INSTANTIATE_TEST_SUITE_P(Types, Pairs, testing::ValuesIn(InputCases()), [](const auto& input) {
   std::string name(cli::FindType(input.param.type)->name);
   std::replace(name.begin(), name.end(), '+', '_');
   return name;

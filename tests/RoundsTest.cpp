@@ -75,15 +75,6 @@ std::string Reduce(const std::vector<RB_RECORD>& backsights,
   return folder.Read(L"out.dc");
 }
 
-std::string Join(const std::vector<std::string>& lines) {
-  std::string text;
-  for (const std::string& line : lines) text += line + "\r\n";
-  return text;
-}
-
-const std::string kBlank(16, ' ');
-const std::string kErrors = "         0.00100     0.000300000     0.000300000";
-
 TEST(ReduceRounds, WritesPairsAndMeans) {
   const std::vector<RB_RECORD> backsights = {
       {L"S", L"B", 10, 90.5, 100, 1.5, L"one", true},
@@ -93,36 +84,8 @@ TEST(ReduceRounds, WritesPairsAndMeans) {
   std::vector<RD_RECORD> directions(1);
   directions[0][DirectionKind::ForesightReverse] = 250.003;
   // Face one is written by its pair alone; a second face closes the pair.
-  EXPECT_EQ(
-      Reduce(backsights, foresights, directions),
-      Join({
-          "77NM         1.50000" + kBlank + kBlank,
-          "D9F1               S               B       100.00200   269.510000000   190.002000000"
-          "two             1" +
-              kErrors,
-          "B7MP               S               B    10.000000000   190.002000000    90.500000000"
-          "   269.510000000       100.00000       100.00200             one1",
-          "C4MA               S               B               B     0.000000000    90.495000000"
-          "   100.001000000" +
-              kBlank + kBlank + "     0.001000000 1 2",
-          "77NM         1.60000" + kBlank + kBlank,
-          "D9F1               S               F        50.00000    80.000000000    70.001000000"
-          "n               1" +
-              kErrors,
-          "D9F2               S               F" + kBlank + kBlank +
-              "   250.003000000n               1" + kErrors,
-          "B7MP               S               F    70.001000000   250.003000000    80.000000000" +
-              kBlank + "        50.00000" + kBlank + "               n1",
-          "D9F1               S               F        50.00200    80.004000000    70.003000000"
-          "n               1" +
-              kErrors,
-          "D9F2               S               F" + kBlank + kBlank + kBlank + "n               1" +
-              kErrors,
-          "B7MP               S               F    70.003000000" + kBlank + "    80.004000000" +
-              kBlank + "        50.00200" + kBlank + "               n1",
-          "C4MA               S               F               B    60.001500000    80.002000000"
-          "    50.001000000     0.000500000     0.002000000     0.001000000 2 2",
-      }));
+  EXPECT_EQ(Reduce(backsights, foresights, directions),
+            ReadBytes("tests/golden-lines/rounds-pairs.dc"));
 }
 
 TEST(ReduceRounds, TakesDirectionsAloneAsASet) {
@@ -135,29 +98,7 @@ TEST(ReduceRounds, TakesDirectionsAloneAsASet) {
   set[DirectionKind::ZenithReverse] = 271;
   set.distances[0] = 25;
   set.distances[1] = 25.002;
-  EXPECT_EQ(
-      Reduce({}, {}, {set}),
-      Join({
-          "D9F1               S               B" + kBlank + kBlank + "   350.000000000" + kBlank +
-              "1" + kErrors,
-          "D9F2               S               B" + kBlank + kBlank + "   170.002000000" + kBlank +
-              "1" + kErrors,
-          "B7MP               S               B   350.000000000   170.002000000" + kBlank + kBlank +
-              kBlank + kBlank + kBlank + "1",
-          "C4MA               S               B               B     0.000000000" + kBlank + kBlank +
-              kBlank + kBlank + kBlank + " 1 0",
-          "D9F1               S               F        25.00000    89.000000000    10.000000000" +
-              kBlank + "1" + kErrors,
-          "D9F2               S               F        25.00200   271.000000000   190.000000000" +
-              kBlank + "1" + kErrors,
-          "B7MP               S               F    10.000000000   190.000000000    89.000000000"
-          "   271.000000000        25.00000        25.00200" +
-              kBlank + "1",
-          // 10 less 350.001, and a full circle.
-          "C4MA               S               F               B    19.999000000    89.000000000"
-          "    25.001000000" +
-              kBlank + kBlank + "     0.001000000 1 2",
-      }));
+  EXPECT_EQ(Reduce({}, {}, {set}), ReadBytes("tests/golden-lines/rounds-directions.dc"));
 }
 
 TEST(ReduceRounds, TakesAForesightAsReferenceWhenThereIsNothingElse) {

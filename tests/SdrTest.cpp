@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "CaseFile.h"
 #include "HostLists.h"
 #include "TempDir.h"
 #include "io/Clock.h"
@@ -180,31 +181,17 @@ TEST(SdrLinesRead, KnowCodesAndDerivations) {
 }
 
 TEST(NoteMarks, AreTheFirstLettersOfAComment) {
-  struct Case {
-    const wchar_t* text;
-    NoteMark mark;
-    const wchar_t* value;
-  };
-  for (const auto& [text, mark, value] :
-       {Case{L"BEG", NoteMark::BEG, L""},         Case{L" BC\t", NoteMark::BC, L""},
-        Case{L"BCX", NoteMark::BC, L""},          Case{L"END", NoteMark::END, L""},
-        Case{L"EC", NoteMark::EC, L""},           Case{L"C2", NoteMark::C2, L""},
-        Case{L"C25", NoteMark::C2, L""},          Case{L"C2 5", NoteMark::C2, L" 5"},
-        Case{L"C2xyz", NoteMark::C2, L"xyz"},     Case{L"C3", NoteMark::C3, L""},
-        Case{L"C3 5", NoteMark::None, L""},       Case{L"CP1", NoteMark::CP1, L""},
-        Case{L"CP2", NoteMark::CP2, L""},         Case{L"CP3", NoteMark::CP3, L""},
-        Case{L"CP4", NoteMark::None, L""},        Case{L"JFS", NoteMark::JFS, L""},
-        Case{L"JN", NoteMark::JN, L""},           Case{L"JNX", NoteMark::JN, L""},
-        Case{L"JNS", NoteMark::JNS, L""},         Case{L"JNS ", NoteMark::JNS, L""},
-        Case{L"JNS1", NoteMark::None, L""},       Case{L"JP", NoteMark::JP, L""},
-        Case{L"JP5", NoteMark::JP, L""},          Case{L" JP 17 ", NoteMark::JP, L" 17"},
-        Case{L"JTfence", NoteMark::JT, L"fence"}, Case{L"R3", NoteMark::R3, L""},
-        Case{L"SS", NoteMark::SS, L""},           Case{L"SS 2", NoteMark::None, L""},
-        Case{L"BEGIN", NoteMark::None, L""},      Case{L"beg", NoteMark::None, L""},
-        Case{L"C", NoteMark::None, L""},          Case{L"", NoteMark::None, L""}}) {
+  const std::map<std::wstring, NoteMark> marks = {
+      {L"BC", NoteMark::BC},   {L"BEG", NoteMark::BEG}, {L"C2", NoteMark::C2},
+      {L"C3", NoteMark::C3},   {L"CP1", NoteMark::CP1}, {L"CP2", NoteMark::CP2},
+      {L"CP3", NoteMark::CP3}, {L"EC", NoteMark::EC},   {L"END", NoteMark::END},
+      {L"JFS", NoteMark::JFS}, {L"JN", NoteMark::JN},   {L"JNS", NoteMark::JNS},
+      {L"JP", NoteMark::JP},   {L"JT", NoteMark::JT},   {L"None", NoteMark::None},
+      {L"R3", NoteMark::R3},   {L"SS", NoteMark::SS}};
+  for (const CaseFields& texts : ReadCases("tests/golden-lines/note-marks.txt")) {
     std::wstring_view found = L"before";
-    EXPECT_EQ(ParseNoteMark(text, found), mark) << testing::PrintToString(std::wstring(text));
-    EXPECT_EQ(found, value) << testing::PrintToString(std::wstring(text));
+    EXPECT_EQ(ParseNoteMark(texts[0], found), marks.at(texts[1])) << texts[0];
+    EXPECT_EQ(found, texts.at(2)) << texts[0];
   }
 }
 

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <vector>
 
+#include "CaseFile.h"
 #include "io/CParser.h"
 #include "io/CQuickSort.h"
 #include "io/Strings.h"
@@ -10,48 +11,20 @@
 namespace zelconvert {
 namespace {
 
-enum Option { kPlain = 0, kCollapse = 1, kTrimLeft = 2, kTrimRight = 4, kTrim = 6 };
-
 TEST(CParser, CutsFields) {
-  struct Case {
-    const wchar_t *text, *separators;
-    int options;
-    std::vector<std::wstring> fields;
-  };
-  const Case cases[] = {
-      {L"", L",", kPlain, {}},
-      {L"a,,b", L",", kPlain, {L"a", L"", L"b"}},
-      {L"1,2,", L",", kPlain, {L"1", L"2"}},
-      {L",", L",", kPlain, {L""}},
-      {L"a b", L"", kPlain, {L"a b"}},
-      {L"a,b;c", L";,", kPlain, {L"a", L"b", L"c"}},
-      {L" a , b ", L",", kPlain, {L" a ", L" b "}},
-      {L" a , b ", L",", kTrim, {L"a", L"b"}},
-      {L" a , b ", L",", kTrimLeft, {L"a ", L"b "}},
-      {L" a , b ", L",", kTrimRight, {L" a", L" b"}},
-      {L"  ", L",", kTrim, {}},
-      {L"  ", L",", kTrimRight, {L""}},
-      {L"a, b", L", ", kCollapse, {L"a", L"b"}},
-      {L"a , b", L", ", kCollapse, {L"a", L"b"}},
-      {L"a  ,  b", L", ", kCollapse, {L"a", L"b"}},
-      {L"a, ,b", L", ", kCollapse, {L"a", L"", L"b"}},
-      {L"a ,", L", ", kCollapse, {L"a"}},
-      {L"a   ", L" ", kCollapse, {L"a"}},
-      {L"a \t,\tb", L",", kCollapse, {L"a \t", L"b"}},
-      {L"a,,b", L",", kCollapse, {L"a", L"", L"b"}},
-      {L"a,\u00a0b", L",", kCollapse | kTrim, {L"a", L"\u00a0b"}},
-  };
   CParser parser;
-  for (const Case& test : cases) {
-    SCOPED_TRACE(testing::Message() << "\"" << test.text << "\" " << test.options);
-    parser.SetText(test.text);
-    parser.SetSeparators(test.separators);
-    parser.SetCollapse(test.options & kCollapse);
-    parser.SetTrimLeft(test.options & kTrimLeft);
-    parser.SetTrimRight(test.options & kTrimRight);
+  for (const CaseFields& texts : ReadCases("tests/golden-lines/parser-fields.txt")) {
+    SCOPED_TRACE(testing::PrintToString(texts));
+    parser.SetText(texts[0]);
+    parser.SetSeparators(texts[1]);
+    const auto has = [&](wchar_t option) { return texts[2].find(option) != std::wstring::npos; };
+    parser.SetCollapse(has(L'c'));
+    parser.SetTrimLeft(has(L'l'));
+    parser.SetTrimRight(has(L'r'));
     std::vector<std::wstring> fields;
     for (std::wstring field; parser.GetField(field);) fields.push_back(field);
-    EXPECT_EQ(fields, test.fields);
+    EXPECT_EQ(fields, std::vector<std::wstring>(texts.begin() + 4, texts.end()));
+    EXPECT_EQ(std::to_wstring(fields.size()), texts.at(3));
     EXPECT_TRUE(parser.IsEmpty());
   }
 }
