@@ -34,24 +34,6 @@ bool CMoskoJobRecord::ParseField(std::wstring_view text) {
   return true;
 }
 
-void CMoskoJobRecord::ClearFields() {
-  for (int i = 0; CMoskoJobRecordField* field = GetField(i); ++i) field->Clear();
-}
-
-void CMoskoJobRecord::AppendText(std::wstring& line) const {
-  line.append(kIljRecordTags[static_cast<std::size_t>(m_recordType)]);
-  line.push_back(L'\t');
-  const CMoskoJobRecordField* field = GetField(0);
-  for (int i = 1; field != nullptr; ++i) {
-    const CMoskoJobRecordField* next = GetField(i);
-    if (field->IsValid()) {
-      field->AppendText(line);
-      if (next != nullptr) line.push_back(L'\t');
-    }
-    field = next;
-  }
-}
-
 std::wstring CMoskoJobRecord::ToText() const {
   std::wstring line;
   AppendText(line);

@@ -180,10 +180,10 @@ class CMoskoJobRecord {
     return const_cast<CMoskoJobRecord*>(this)->GetField(index);
   }
 
-  void ClearFields();
+  virtual void ClearFields() = 0;
   /// Appends the record's line: its tag and a tab, then the valid fields. A tab stands behind each
   /// of them but the last of the order, so that a line whose last field isn't valid ends in a tab.
-  void AppendText(std::wstring& line) const;
+  virtual void AppendText(std::wstring& line) const = 0;
   std::wstring ToText() const;
   /// Reads what follows the first tab of a line. Unknown tags are passed over, and the last of two
   /// like fields counts. The result is IsValid.
@@ -222,6 +222,13 @@ class IljRecord final : public CMoskoJobRecord {
     return index >= 0 && static_cast<std::size_t>(index) < kOrder.count
                ? kAccess[static_cast<std::size_t>(index)](*this)
                : nullptr;
+  }
+
+  void ClearFields() override { Clear(kAllFields); }
+  void AppendText(std::wstring& line) const override {
+    line.append(kIljRecordTags[static_cast<std::size_t>(Type)]);
+    line.push_back(L'\t');
+    AppendFields(line, kAllFields);
   }
 
   /// A field by its tag, with its own class.
@@ -282,6 +289,20 @@ class IljRecord final : public CMoskoJobRecord {
   template <std::size_t... Index>
   bool HasRequired(std::index_sequence<Index...>) const {
     return ((!kOrder.uses[Index].required || Get<kOrder.uses[Index].type>().IsValid()) && ...);
+  }
+  template <std::size_t... Index>
+  void Clear(std::index_sequence<Index...>) {
+    (Get<kOrder.uses[Index].type>().Clear(), ...);
+  }
+  template <std::size_t... Index>
+  void AppendFields(std::wstring& line, std::index_sequence<Index...>) const {
+    (AppendField<kOrder.uses[Index].type, Index + 1 == kOrder.count>(line), ...);
+  }
+  template <IljFieldType Field, bool IsLast>
+  void AppendField(std::wstring& line) const {
+    if (!Get<Field>().IsValid()) return;
+    Get<Field>().AppendText(line);
+    if (!IsLast) line.push_back(L'\t');
   }
   /// What a valid record must keep beyond its required fields.
   bool ObeysRule() const { return true; }
