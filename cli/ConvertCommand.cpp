@@ -49,6 +49,14 @@ ExitCode CodeOfFailure(const std::vector<std::string>& messages) {
   return kFailed;
 }
 
+// A conversion of two stages, through a job, keeps the texts of both to itself.
+std::string ReasonOf(const Conversion& asked, const Result& result) {
+  if (!result.messages.empty()) return {};
+  const bool isToCr5 = asked.to == FT_CR5 || asked.to == FT_SEQ_CR5;
+  return isToCr5 ? "; convert it to a job, and that to a .cr5 file, to read why"
+                 : "; the library gives no reason";
+}
+
 Result ConvertWithProgress(const Conversion& conversion) {
   std::optional<ProgressBar> bar;
   if (platform::IsErrorATerminal()) bar.emplace();
@@ -67,9 +75,9 @@ void ConvertFile(const Conversion& asked, bool force, Outcome& outcome) {
   const Result result = ConvertWithProgress(staged);
   outcome.messages = result.messages;
   if (!result.converted) {
-    throw HostFailure(CodeOfFailure(result.messages),
-                      platform::ToText(asked.input) + " was not converted" +
-                          (result.messages.empty() ? "; the library gives no reason" : ""));
+    throw HostFailure(
+        CodeOfFailure(result.messages),
+        platform::ToText(asked.input) + " was not converted" + ReasonOf(asked, result));
   }
   outcome.files = staging.MoveFiles(force);
   std::stable_partition(outcome.files.begin(), outcome.files.end(),

@@ -63,14 +63,17 @@ const TypeInfo& TypeOfOutput(const std::string& asked, const fs::path& output) {
   throw HostFailure(kWrongUsage, "the name " + ToText(output) + " tells no type; --to does");
 }
 
+std::string TellOutputs(const TypeInfo& from) {
+  const std::string name(from.name);
+  if (!from.outputs.empty()) return name + " converts to " + std::string(from.outputs);
+  if (!from.command.empty()) return "see zelconvert help " + std::string(from.command);
+  return "nothing is made from " + name;
+}
+
 void CheckRoute(const TypeInfo& from, const TypeInfo& to) {
   if (ConvertsTo(from, to)) return;
-  const std::string name(from.name);
-  throw HostFailure(
-      kWrongUsage,
-      "there is no conversion from " + name + " to " + std::string(to.name) +
-          (from.outputs.empty() ? "; nothing is made from " + name
-                                : "; " + name + " converts to " + std::string(from.outputs)));
+  throw HostFailure(kWrongUsage, "there is no conversion from " + std::string(from.name) + " to " +
+                                     std::string(to.name) + "; " + TellOutputs(from));
 }
 
 // The file that the library will read.

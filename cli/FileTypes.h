@@ -11,9 +11,10 @@ namespace zelconvert::cli {
 
 struct TypeInfo {
   FileType type;
-  std::string_view name;     ///< as --from and --to take it
-  bool namedByExtension;     ///< what an output with this type's extension becomes
-  std::string_view outputs;  ///< names of the types that it converts to, between blanks
+  std::string_view name;          ///< as --from and --to take it
+  bool namedByExtension;          ///< what an output with this type's extension becomes
+  std::string_view outputs;       ///< names of the types that it converts to, between blanks
+  std::string_view command = {};  ///< that makes something of it where "convert" doesn't
 };
 
 // Extensions and descriptions come from the library. The library's own list of pairs is made for
@@ -22,8 +23,8 @@ inline constexpr TypeInfo kTypes[] = {
     {FT_JOB, "job", true, "cr5 seqcr5 dc dc77 dc1000 dc1070"},
     {FT_OLD_JOB, "oldjob", false, "cr5 seqcr5 dc dc77 dc1000 dc1070"},
     {FT_PW_JOB, "pwj", true, "cr5 seqcr5 dc dc77 dc1000 dc1070"},
-    {FT_CR5, "cr5", true, ""},
-    {FT_SEQ_CR5, "seqcr5", false, ""},
+    {FT_CR5, "cr5", true, "", "import-cr5"},
+    {FT_SEQ_CR5, "seqcr5", false, "", "import-cr5"},
     {FT_DC, "dc", true, "job oldjob pwj cr5 seqcr5 ilj"},
     {FT_DC77, "dc77", false, "job oldjob pwj cr5 seqcr5 ilj"},
     {FT_DC1000, "dc1000", false, "job oldjob pwj cr5 seqcr5 ilj"},
@@ -34,8 +35,8 @@ inline constexpr TypeInfo kTypes[] = {
     {FT_JOB_RAW, "job+raw", false, "dc dc77 dc1000 dc1070"},
     {FT_PW_JOB_RAW, "pwj+pwr", false, "dc dc77 dc1000 dc1070"},
     {FT_CR5_RW5, "cr5+rw5", false, "dc dc77 dc1000 dc1070"},
-    {FT_SDR2, "sdr2", false, ""},
-    {FT_SDR33, "sdr33", true, ""},
+    {FT_SDR2, "sdr2", false, "", "import-sdr"},
+    {FT_SDR33, "sdr33", true, "", "import-sdr"},
     {FT_ILJ, "ilj", true, "dc dc77 dc1000 dc1070"},
     {FT_JXL, "jxl", true, ""},
 };

@@ -40,6 +40,7 @@ std::string ListTypes() {
   for (const TypeInfo& info : kTypes) {
     std::string line = Padded(std::string(info.name), 7) + Padded(GetExtension(info.type), 4) +
                        Padded(GetDescription(info.type), 30) + std::string(info.outputs);
+    if (!info.command.empty()) line += "(zelconvert " + std::string(info.command) + ")";
     line.erase(line.find_last_not_of(' ') + 1);
     text += line + "\n";
   }

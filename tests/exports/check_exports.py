@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""check_exports.py LIBRARY: the library shows the functions of symbols.txt and nothing else."""
+"""check_exports.py LIBRARY [HOST]: the library shows the functions of symbols.txt and nothing else.
+HOST takes those that it calls from there and has none of its own (ELF alone)."""
 
 import pathlib
 import re
@@ -24,6 +25,15 @@ def symbols_of_pe(library):
     return re.findall(r"^\s*\[ *\d+\]\s+(?:\+base\[ *\d+\]\s+[0-9a-f]+\s+)?(\S+)$", table, re.M)
 
 
+def check_host(host):
+    for line in run("nm", host).splitlines():
+        kind, name = line.split()[-2:]
+        if name.startswith("cZel") and kind != "U":
+            print(name, "is in the host itself")
+            return True
+    return " U cZelFileConvert" not in run("nm", "-D", host)
+
+
 def main():
     library = sys.argv[1]
     expected = pathlib.Path(__file__).with_name("symbols.txt").read_text().split()
@@ -32,7 +42,7 @@ def main():
     shown = sorted(symbols_of_elf(library) if is_elf else symbols_of_pe(library))
     for name in sorted(set(shown) ^ set(expected)):
         print("missing:" if name in expected else "not to be shown:", name)
-    return shown != expected
+    return shown != expected or any(map(check_host, sys.argv[2:]))
 
 
 if __name__ == "__main__":

@@ -56,6 +56,7 @@ CASES = [
     ("convert shout.RAW out.jxl", 0, ["out.jxl"], ["second brand"]),
     # the conversion fails
     ("convert names.job out.cr5", 1, [], ["Invalid point number(s) detected", "was not converted"]),
+    ("convert c.dc out.cr5", 1, [], ["c.dc was not converted", "to a job"]),
     # wrong usage
     ("", 2, [], ["subcommand", "zelconvert help"]),
     ("bogus", 2, [], ["bogus"]),
@@ -65,7 +66,7 @@ CASES = [
     ("convert a.job out.dc --units yards", 2, [], ["yards"]),
     ("convert a.job out.txt", 2, [], ["out.txt", "--to"]),
     ("convert plain.txt out.job", 2, [], ["plain.txt", "--from"]),
-    ("convert s.sdr out.dc", 2, [], ["no conversion from sdr2 to dc"]),
+    ("convert s.sdr out.dc", 2, [], ["no conversion from sdr2 to dc", "import-sdr"]),
     ("convert a.job out.jxl", 2, [], ["job converts to cr5"]),
     ("convert c.dc c.dc --to job --force", 2, [], ["is an input"]),
     ("convert r.job r.raw --from job+raw --to dc --force", 2, [], ["r.raw is an input"]),
