@@ -21,19 +21,12 @@ namespace {
 // ---- Classification
 
 TEST(RawRecordTypes, AreTheirNumbers) {
-  const std::vector<std::pair<const wchar_t*, int>> tags = {
-      {L"AA", 0},  {L"BK", 1},  {L"CF", 2},  {L"JB", 4},  {L"LS", 5},  {L"MD", 6},  {L"MO", 7},
-      {L"OC", 9},  {L"OF", 10}, {L"RD", 11}, {L"RS", 12}, {L"SK", 13}, {L"SP", 14}, {L"SS", 15},
-      {L"SU", 16}, {L"TR", 17}, {L"--", 18}, {L"RE", 19}, {L"GS", 24}, {L"BP", 25}, {L"LH", 28},
-      {L"EP", 30}, {L"CV", 34}, {L"RF", 35}, {L"RB", 36}, {L"SL", 37}, {L"SR", 38}, {L"RX", 39},
-      {L"EQ", 40}, {L"AH", 41}, {L"BL", 42}, {L"GP", 43}, {L"GO", 44}, {L"ES", 47}, {L"ST", 48},
-      {L"PJ", 49}, {L"PE", 50}, {L"DT", 51}, {L"DG", 52}, {L"HA", 53}, {L"VA", 54}, {L"CS", 55},
-      {L"LM", 56}, {L"CT", 57}, {L"AP", 58}, {L"SD", 59}, {L"OE", 60}, {L"DP", 61}, {L"DE", 62},
-      {L"GK", 63}, {L"OB", 64}, {L"CG", 65}, {L"EE", 66}, {L"RP", 67}, {L"SC", 68}, {L"CR", 69},
-      {L"IM", 70}, {L"GQ", 71}, {L"SG", 72}};
-  for (const auto& [tag, number] : tags) {
-    EXPECT_EQ(static_cast<int>(CRawFile::GetRecordType(tag)), number) << tag;
-    EXPECT_EQ(static_cast<int>(CRawFile::GetRecordType(std::wstring(tag) + L",x")), number) << tag;
+  const std::vector<CaseFields> tags = ReadCases("tests/golden-lines/raw-types.txt");
+  for (const CaseFields& texts : tags) {
+    for (const std::wstring& record : {texts[0], texts[0] + L",x"}) {
+      EXPECT_EQ(static_cast<int>(CRawFile::GetRecordType(record)), ToInteger(texts.at(1)))
+          << record;
+    }
   }
   int known = 0;
   for (wchar_t a = L'A'; a <= L'Z'; ++a) {

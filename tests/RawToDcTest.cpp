@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "DcOffice.h"
 #include "HostLists.h"
 #include "TempDir.h"
 #include "dc/CDcFile.h"
@@ -19,13 +20,7 @@
 namespace zelconvert {
 namespace {
 
-const double kPiHere = std::acos(-1.0);
 constexpr double kMetresOf[] = {0.3048, 1.0, 1200.0 / 3937.0};  // by UN
-
-struct Point {
-  double north, east, elevation;  // metres
-};
-using Points = std::map<std::string, Point>;
 
 struct Units {
   int distance;  // UN
@@ -101,7 +96,7 @@ class Surveyor {
   double AzimuthTo(const std::string& name) const {
     const Point& from = m_points.at(m_station);
     const Point& to = m_points.at(name);
-    return Wrap(std::atan2(to.east - from.east, to.north - from.north) * 180 / kPiHere);
+    return Wrap(std::atan2(to.east - from.east, to.north - from.north) * 180 / kPi);
   }
   std::string Horizontal(const std::string& name, int form) const {
     const double azimuth = AzimuthTo(name);
@@ -128,7 +123,7 @@ class Surveyor {
     const Point& to = m_points.at(name);
     const double run = std::hypot(to.north - from.north, to.east - from.east);
     const double rise = to.elevation + m_rod - from.elevation - m_instrument;
-    const double zenith = 90 - std::atan2(rise, run) * 180 / kPiHere;
+    const double zenith = 90 - std::atan2(rise, run) * 180 / kPi;
     const std::string slope = ",SD" + Length(std::hypot(run, rise));
     if (form % 3 == 0) return "CE" + Length(rise) + ",HD" + Length(run);
     // An angle below the horizon can't be told in degrees this way.
@@ -144,71 +139,6 @@ class Surveyor {
   double m_circle = 0;
   double m_instrument = 0;
   double m_rod = 0;
-};
-
-/// What an office program makes of a DC file: stations, orientations and shots to points, in
-/// metres.
-class Office {
- public:
-  explicit Office(const std::string& dc) {
-    std::istringstream lines(dc);
-    for (std::string line; std::getline(lines, line);) Read(line);
-  }
-  /// Where each shot put its target, in the order of the file.
-  std::vector<std::pair<std::string, Point>> shots;
-
- private:
-  static std::string Column(const std::string& line, std::size_t start) {
-    const std::string text = line.substr(start, 16);
-    return text.substr(std::min(text.find_first_not_of(' '), text.size()));
-  }
-  static double Value(const std::string& line, std::size_t start) {
-    return std::stod(line.substr(start, 16));
-  }
-  void Read(const std::string& line) {
-    const std::string type = line.substr(0, 4);
-    if (type == "00NM") {
-      m_circleDegrees = line[40] == '2' ? 0.9 : 1.0;
-      const double metres[] = {1.0, 0.3048, 1200.0 / 3937.0};
-      m_metres = metres[line[41] - '1'];
-    } else if (type == "69KI") {
-      m_known[Column(line, 4)] = {Value(line, 20) * m_metres, Value(line, 36) * m_metres,
-                                  Value(line, 52) * m_metres};
-    } else if (type == "E0NM") {
-      m_station = Column(line, 4);
-      m_instrument = Value(line, 20) * m_metres;
-    } else if (type == "E1KI") {
-      m_backAzimuth = Value(line, 36) * m_circleDegrees;
-      m_circle = Value(line, 52) * m_circleDegrees;
-    } else if (type == "77NM" && line[19] != ' ') {
-      m_rod = Value(line, 4) * m_metres;
-    } else if (type == "D9F1" && line[100] != '5') {
-      ReadShot(line);
-    }
-  }
-  void ReadShot(const std::string& line) {
-    EXPECT_EQ(Column(line, 4), m_station);
-    const double slope = Value(line, 36) * m_metres;
-    const double zenith = Value(line, 52) * m_circleDegrees * kPiHere / 180;
-    const double azimuth =
-        (m_backAzimuth + Value(line, 68) * m_circleDegrees - m_circle) * kPiHere / 180;
-    const Point& at = m_known.at(m_station);
-    const double run = slope * std::sin(zenith);
-    const Point point{at.north + run * std::cos(azimuth), at.east + run * std::sin(azimuth),
-                      at.elevation + m_instrument + slope * std::cos(zenith) - m_rod};
-    const std::string name = Column(line, 20);
-    m_known.emplace(name, point);
-    shots.emplace_back(name, point);
-  }
-
-  std::map<std::string, Point> m_known;
-  double m_circleDegrees = 1;
-  double m_metres = 1;
-  std::string m_station;
-  double m_instrument = 0;
-  double m_rod = 0;
-  double m_backAzimuth = 0;
-  double m_circle = 0;
 };
 
 std::string Convert(const std::string& log) {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "CaseFile.h"
+#include "DcOffice.h"
 #include "HostLists.h"
 #include "TempDir.h"
 #include "io/Clock.h"
@@ -17,7 +18,6 @@
 namespace zelconvert {
 namespace {
 
-const double kPiHere = std::acos(-1.0);
 constexpr platform::LocalTime kTime{2026, 3, 5, 13, 14, 15, 16, 789};
 
 std::string Lines(const std::vector<std::string>& lines) {
@@ -107,34 +107,14 @@ TEST(SdrToRaw, CarriesSettingsAtmospherePrismAndNotes) {
 }
 
 TEST(SdrToRaw, RefusesWithOneText) {
-  const wchar_t* const no2 = L"This SDR file is not in SDR2X format.";
-  const wchar_t* const no33 = L"This SDR file is not in SDR33 format.";
-  const wchar_t* const noHeader =
-      L"This SDR file does not have a header record and can not be converted.\n";
-  const wchar_t* const alphanumeric =
-      L"SDR2X format does not support alphanumeric point names. This is not a valid SDR2X file.";
-  struct Case {
-    SdrVersion version;
-    std::vector<std::string> sdr;
-    const wchar_t* text;
-  };
-  for (const Case& each :
-       std::vector<Case>{{SdrVersion::Sdr33, {}, noHeader},
-                         {SdrVersion::Sdr33, {"10NMjob"}, noHeader},
-                         {SdrVersion::Sdr33, {kHeader33.substr(0, 44)}, noHeader},
-                         {SdrVersion::Sdr33, {kHeader33, kHeader33.substr(0, 20)}, noHeader},
-                         {SdrVersion::Sdr33, {kHeader2}, no33},
-                         {SdrVersion::Sdr33, {"00"}, no33},
-                         {SdrVersion::Sdr2, {kHeader33}, no2},
-                         {SdrVersion::Sdr2, {"02TV12A "}, alphanumeric},
-                         {SdrVersion::Sdr2, {kHeader2, "08IM  12"}, alphanumeric},
-                         {SdrVersion::Sdr2, {kHeader2, "09F1A001"}, alphanumeric},
-                         {SdrVersion::Sdr2, {kHeader2, "09MC0001000B"}, alphanumeric}}) {
-    SCOPED_TRACE(testing::Message() << (each.sdr.empty() ? "" : each.sdr.back()));
-    const Imported result = Import(each.version, Lines(each.sdr));
+  for (const CaseFields& texts : ReadCases("tests/golden-lines/sdr-refused.txt")) {
+    SCOPED_TRACE(testing::PrintToString(texts));
+    std::string sdr;
+    for (std::size_t i = 2; i < texts.size(); ++i) sdr += ToNarrow(texts[i]) + "\r\n";
+    const Imported result = Import(texts[0] == L"2" ? SdrVersion::Sdr2 : SdrVersion::Sdr33, sdr);
     EXPECT_FALSE(result.converted);
     EXPECT_EQ(result.raw, "");
-    EXPECT_EQ(result.messages, StringList{each.text});
+    EXPECT_EQ(result.messages, StringList{texts[1]});
   }
 }
 
@@ -161,15 +141,10 @@ TEST(SdrToRaw, MakesSideshots) {
 }
 
 TEST(SdrLinesRead, KnowCodesAndDerivations) {
-  for (const auto& [line, code] : std::map<std::wstring, int>{{L"00NM", 0},
-                                                              {L"13", 13},
-                                                              {L"09F1", 9},
-                                                              {L"14NM", -1},
-                                                              {L"1", -1},
-                                                              {L"", -1},
-                                                              {L" 1NM", -1},
-                                                              {L"-1NM", -1},
-                                                              {L"1NM", -1}}) {
+  const std::pair<const wchar_t*, int> codes[] = {{L"00NM", 0},  {L"13", 13},   {L"09F1", 9},
+                                                  {L"14NM", -1}, {L"1", -1},    {L"", -1},
+                                                  {L" 1NM", -1}, {L"-1NM", -1}, {L"1NM", -1}};
+  for (const auto& [line, code] : codes) {
     EXPECT_EQ(GetSdrRecordCode(line), code) << code;
   }
   EXPECT_EQ(GetSdrDerivation(L"09F1"), 0);
@@ -197,10 +172,6 @@ TEST(NoteMarks, AreTheFirstLettersOfAComment) {
 
 // ---- The same log by three routes
 
-struct Position {
-  double north, east, elevation;
-};
-
 std::string Convert(const std::string& raw, FileType type, const wchar_t* name) {
   const TempDir folder;
   const std::wstring in = folder.Write(L"in.raw", raw), out = folder.Path(name);
@@ -218,8 +189,8 @@ double Value(const std::string& line, std::size_t start) {
   return std::stod(line.substr(start, 16));
 }
 
-std::map<std::string, Position> StationsOfSdr(const std::string& sdr) {
-  std::map<std::string, Position> stations;
+Points StationsOfSdr(const std::string& sdr) {
+  Points stations;
   std::istringstream lines(sdr);
   for (std::string line; std::getline(lines, line);) {
     if (line.starts_with("02TV")) {
@@ -229,39 +200,9 @@ std::map<std::string, Position> StationsOfSdr(const std::string& sdr) {
   return stations;
 }
 
-// Stations from their coordinates, the others from their observations; no scale.
-std::map<std::string, Position> PointsOfDc(const std::string& dc) {
-  std::map<std::string, Position> points;
-  double instrument = 0, rod = 0, azimuth = 0, circle = 0;
-  std::istringstream lines(dc);
-  for (std::string line; std::getline(lines, line);) {
-    const std::string type = line.substr(0, 4);
-    if (type == "69KI") {
-      points[Column(line, 4)] = {Value(line, 20), Value(line, 36), Value(line, 52)};
-    } else if (type == "E0NM") {
-      instrument = Value(line, 20);
-    } else if (type == "77NM" && line[19] != ' ') {
-      rod = Value(line, 4);
-    } else if (type == "E1KI") {
-      azimuth = Value(line, 36);
-      circle = Value(line, 52);
-    } else if (type == "D9F1" && line[100] != '5') {
-      const Position& at = points.at(Column(line, 4));
-      const double slope = Value(line, 36);
-      const double zenith = Value(line, 52) * kPiHere / 180;
-      const double bearing = (azimuth + Value(line, 68) - circle) * kPiHere / 180;
-      points.emplace(Column(line, 20),
-                     Position{at.north + slope * std::sin(zenith) * std::cos(bearing),
-                              at.east + slope * std::sin(zenith) * std::sin(bearing),
-                              at.elevation + instrument - rod + slope * std::cos(zenith)});
-    }
-  }
-  return points;
-}
-
-std::map<std::string, Position> PointsOfJxl(const std::string& jxl) {
+Points PointsOfJxl(const std::string& jxl) {
   const std::size_t start = jxl.find("<Reductions>");
-  std::map<std::string, Position> points;
+  Points points;
   const auto text = [&](const char* tag, std::size_t from) {
     const std::size_t at = jxl.find(tag, from) + std::string(tag).size();
     return jxl.substr(at, jxl.find('<', at) - at);
@@ -287,12 +228,12 @@ TEST(SdrDcAndJxl, PutPointsInOnePlace) {
            ".12345,--\n";
   }
   const auto sdr = StationsOfSdr(Convert(raw, FT_SDR33, L"out.sdr"));
-  const auto dc = PointsOfDc(Convert(raw, FT_DC, L"out.dc"));
+  const auto dc = Office(Convert(raw, FT_DC, L"out.dc")).points;
   const auto jxl = PointsOfJxl(Convert(raw, FT_JXL, L"out.jxl"));
   for (const std::string& name : names) {
     SCOPED_TRACE(name);
     ASSERT_TRUE(sdr.contains(name) && dc.contains(name) && jxl.contains(name));
-    const Position& p = sdr.at(name);
+    const Point& p = sdr.at(name);
     for (const auto* other : {&dc.at(name), &jxl.at(name)}) {
       EXPECT_NEAR(p.north, other->north, 1.1e-5);
       EXPECT_NEAR(p.east, other->east, 1.1e-5);
