@@ -58,9 +58,7 @@ TEST(DcToJob, RefusalsAndWarnings) {
     }
     for (const FileType type : {FT_JOB, FT_OLD_JOB, FT_PW_JOB}) {
       HostLists lists;
-      EXPECT_EQ(cZelFileConvert(FT_DC, input.c_str(), type, folder.Path(L"out.job").c_str(),
-                                &lists.files, &lists.messages, 0, nullptr) != 0,
-                converted);
+      EXPECT_EQ(lists.Convert(FT_DC, input, type, folder.Path(L"out.job")), converted);
       EXPECT_EQ(lists.Messages(), expected);
       EXPECT_EQ(folder.Exists(L"out.job"), converted);
       EXPECT_EQ(lists.Files().size(), converted ? 1u : 0u);
@@ -68,8 +66,7 @@ TEST(DcToJob, RefusalsAndWarnings) {
     }
     // The names are no numbers, so that one of the stages fails in any case.
     HostLists lists;
-    EXPECT_FALSE(cZelFileConvert(FT_DC, input.c_str(), FT_CR5, folder.Path(L"out.cr5").c_str(),
-                                 &lists.files, &lists.messages, 0, nullptr));
+    EXPECT_FALSE(lists.Convert(FT_DC, input, FT_CR5, folder.Path(L"out.cr5")));
     EXPECT_EQ(lists.messages, nullptr);
     EXPECT_EQ(Names(folder), std::vector<std::string>{"in.dc"});
   }
@@ -82,8 +79,7 @@ TEST(DcToJob, DuplicatesAreFoundAmongThousands) {
   const auto convert = [&] {
     const std::wstring input = folder.Write(L"in.dc", Join(lines));
     HostLists lists;
-    return cZelFileConvert(FT_DC, input.c_str(), FT_JOB, folder.Path(L"out.job").c_str(),
-                           &lists.files, &lists.messages, 0, nullptr) != 0;
+    return lists.Convert(FT_DC, input, FT_JOB, folder.Path(L"out.job"));
   };
   EXPECT_TRUE(convert());
   lines.push_back(Point("a long name77"));
@@ -97,9 +93,7 @@ TEST(DcToJob, TruncationsOfAnExampleEnd) {
   for (std::size_t length = 0; length < whole.size(); length += 7) {
     const std::wstring input = folder.Write(L"in.dc", whole.substr(0, length));
     HostLists lists;
-    const bool converted =
-        cZelFileConvert(FT_DC, input.c_str(), FT_JOB, folder.Path(L"out.job").c_str(), &lists.files,
-                        &lists.messages, 0, nullptr) != 0;
+    const bool converted = lists.Convert(FT_DC, input, FT_JOB, folder.Path(L"out.job"));
     ASSERT_EQ(folder.Exists(L"out.job"), converted) << length;
   }
 }
@@ -260,8 +254,7 @@ std::vector<JOB_POINT> ReadPoints(const std::wstring& path, int& distanceUnit) {
 
 bool Convert(FileType from, const std::wstring& input, FileType to, const std::wstring& output) {
   HostLists lists;
-  const bool converted = cZelFileConvert(from, input.c_str(), to, output.c_str(), &lists.files,
-                                         &lists.messages, 0, nullptr) != 0;
+  const bool converted = lists.Convert(from, input, to, output);
   EXPECT_TRUE(lists.Messages().empty()) << testing::PrintToString(lists.Messages());
   return converted;
 }

@@ -53,8 +53,7 @@ class HostCall {
 
   void Convert() {
     HostLists lists;
-    m_converted = cZelFileConvert(m_route.from, input.c_str(), m_route.to, output.c_str(),
-                                  &lists.files, &lists.messages, 0, nullptr) != 0;
+    m_converted = lists.Convert(m_route.from, input, m_route.to, output);
     m_files = lists.Files();
     m_messages = lists.Messages();
   }

@@ -210,8 +210,7 @@ TEST_P(Golden, Converts) {
   bool converted = false;
   {
     const ScopedClock clock(kTime, kTicks);
-    converted = cZelFileConvert(each.from, input.c_str(), each.to, output.c_str(), &lists.files,
-                                &lists.messages, arguments.units, nullptr) != 0;
+    converted = lists.Convert(each.from, input, each.to, output, arguments.units);
   }
 
   EXPECT_EQ(converted, std::any_of(given.begin(), given.end(),

@@ -55,9 +55,7 @@ TEST(Gps, VectorsLeadToThePositionsOfTheLog) {
   const std::string log = ReadBytes("examples/prairie-rtk.raw");
   const TempDir dir;
   HostLists lists;
-  ASSERT_TRUE(cZelFileConvert(FT_RAW, dir.Write(L"rtk.raw", log).c_str(), FT_DC,
-                              dir.Path(L"rtk.dc").c_str(), &lists.files, &lists.messages, 0,
-                              nullptr));
+  ASSERT_TRUE(lists.Convert(FT_RAW, dir.Write(L"rtk.raw", log), FT_DC, dir.Path(L"rtk.dc")));
   EXPECT_TRUE(lists.Messages().empty()) << "the rover is signed for";
 
   std::vector<Vector> expected;  // of each GS, from the base

@@ -17,6 +17,12 @@ struct HostLists {
   HostLists(const HostLists&) = delete;
   HostLists& operator=(const HostLists&) = delete;
 
+  bool Convert(int from, const std::wstring& input, int to, const std::wstring& output,
+               int units = 0) {
+    return cZelFileConvert(from, input.c_str(), to, output.c_str(), &files, &messages, units,
+                           nullptr) != 0;
+  }
+
   static std::vector<std::wstring> Copy(wchar_t** texts) {
     std::vector<std::wstring> copy;
     for (; texts != nullptr && *texts != nullptr; ++texts) copy.emplace_back(*texts);

@@ -58,8 +58,7 @@ TEST(Jxl, NumbersItsRecordsInOrder) {
   const std::wstring in = folder.Write(L"in.raw", ReadBytes("examples/mill-creek-simple.raw"));
   const std::wstring out = folder.Path(L"out.jxl");
   HostLists lists;
-  ASSERT_TRUE(cZelFileConvert(FT_RAW, in.c_str(), FT_JXL, out.c_str(), &lists.files,
-                              &lists.messages, 0, nullptr));
+  ASSERT_TRUE(lists.Convert(FT_RAW, in, FT_JXL, out));
   pugi::xml_document document;
   const std::string bytes = folder.Read(L"out.jxl");
   ASSERT_TRUE(document.load_buffer(bytes.data(), bytes.size()));

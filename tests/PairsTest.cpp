@@ -67,8 +67,7 @@ void CheckPair(const InputCase& each, int outputType, Outcome expected) {
   const std::size_t files = folder.Count();
   const std::wstring output = folder.temp.Path(L"out.x");
   HostLists lists;
-  const bool converted = cZelFileConvert(each.type, folder.input.c_str(), outputType,
-                                         output.c_str(), &lists.files, &lists.messages, 0, nullptr);
+  const bool converted = lists.Convert(each.type, folder.input, outputType, output);
 
   const bool makesFile = expected == kConverts || expected == kThroughJob || expected == kEmptyJob;
   const bool isRefused = expected == kUnsupported || expected == kEmptyJob;

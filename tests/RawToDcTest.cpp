@@ -145,8 +145,7 @@ std::string Convert(const std::string& log) {
   const TempDir folder;
   const std::wstring input = folder.Write(L"in.raw", log);
   HostLists lists;
-  EXPECT_TRUE(cZelFileConvert(FT_RAW, input.c_str(), FT_DC1070, folder.Path(L"out.dc").c_str(),
-                              &lists.files, &lists.messages, 0, nullptr));
+  EXPECT_TRUE(lists.Convert(FT_RAW, input, FT_DC1070, folder.Path(L"out.dc")));
   return folder.Read(L"out.dc");
 }
 

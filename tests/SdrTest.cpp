@@ -176,8 +176,7 @@ std::string Convert(const std::string& raw, FileType type, const wchar_t* name) 
   const TempDir folder;
   const std::wstring in = folder.Write(L"in.raw", raw), out = folder.Path(name);
   HostLists lists;
-  EXPECT_TRUE(cZelFileConvert(FT_RAW, in.c_str(), type, out.c_str(), &lists.files, &lists.messages,
-                              0, nullptr));
+  EXPECT_TRUE(lists.Convert(FT_RAW, in, type, out));
   return folder.Read(name);
 }
 
