@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """host_test.py HOST [ARGUMENTS...]: runs the command-line host as a user does.
 
-HOST and ARGUMENTS are the command to run it, such as "wine64 zelconvert.exe". Every row of CASES is
-one call in a folder with a few inputs; what it doesn't expect on disk must not be there.
+HOST and ARGUMENTS are the command to run it, such as "wine64 zelconvert.exe". Every line of
+cases.txt is one call in a folder with a few inputs; what it doesn't expect on disk must not be there.
 """
 
 import json
@@ -20,108 +20,20 @@ EXAMPLES = pathlib.Path(__file__).resolve().parents[2] / "examples"
 HOST = []
 ON_WINDOWS = False
 
-INPUTS = {
-    "a.job": "boundary.job",
-    "shout.JOB": "boundary.job",
-    "names.job": "control.job",
-    "b.pwj": "boundary.pwj",
-    "not.job": "ridge-control.dc",
-    "r.raw": "mill-creek-simple.raw",
-    "shout.RAW": "mill-creek-simple.raw",
-    "c.dc": "ridge-control.dc",
-    "road.dc": "ridge-road.dc",
-    "sub/RURAL_2L.tp5": "boundary.job",
-    "s.sdr": "mill-creek.sdr",
-    "two.sdr": "../tests/golden/raw-to-sdr2/mill-creek/out.sdr",
-    "plain.txt": "ridge-control.dc",
-    "there.dc": "grenze.ilj",
-    "list.cr5": "../tests/golden/job-to-cr5/boundary/out.cr5",
-    "one.job": "../tests/golden/job-to-cr5/larger-blocks/in.job",
-    "dr\u00fcben.job": "boundary.job",
-}
 
-# arguments, exit code, files made, texts in the output or the errors
-CASES = [
-    # a conversion, types told by the names or said
-    ("convert a.job out.cr5", 0, ["out.cr5"], ["out.cr5"]),
-    ("convert a.job out.CR5", 0, ["out.CR5"], []),
-    ("convert a.job out.x --to seqcr5", 0, ["out.x"], []),
-    ("convert b.pwj out.cr5", 0, ["out.cr5"], []),
-    ("convert b.pwj out.cr5 --from pwj --units usft", 0, ["out.cr5"], []),
-    ("convert sub/../a.job sub/out.dc", 0, ["sub/out.dc"], []),
-    ("convert sub\\..\\a.job sub\\out.dc", 0, ["sub/out.dc"], []),
-    ("convert dr\u00fcben.job stra\u00dfe.dc", 0, ["stra\u00dfe.dc"], ["stra\u00dfe.dc"]),
-    ("convert road.dc out.job", 0, ["RIDGE_RO.RD5", "RURAL_2L.tp5", "out.job"], ["RIDGE_RO.RD5"]),
-    ("convert a.job there.dc --force", 0, [], ["there.dc"]),
-    ("convert shout.RAW out.jxl", 0, ["out.jxl"], ["second brand"]),
-    # the conversion fails
-    ("convert names.job out.cr5", 1, [], ["Invalid point number(s) detected", "was not converted"]),
-    ("convert c.dc out.cr5", 1, [], ["c.dc was not converted", "to a job"]),
-    # wrong usage
-    ("", 2, [], ["subcommand", "zelconvert help"]),
-    ("bogus", 2, [], ["bogus"]),
-    ("convert a.job", 2, [], ["OUT"]),
-    ("convert a.job out.dc more", 2, [], ["more"]),
-    ("convert a.job out.dc --from nothing", 2, [], ["nothing"]),
-    ("convert a.job out.dc --units yards", 2, [], ["yards"]),
-    ("convert a.job out.txt", 2, [], ["out.txt", "--to"]),
-    ("convert plain.txt out.job", 2, [], ["plain.txt", "--from"]),
-    ("convert s.sdr out.dc", 2, [], ["no conversion from sdr2 to dc", "import-sdr"]),
-    ("convert a.job out.jxl", 2, [], ["job converts to cr5"]),
-    ("convert c.dc c.dc --to job --force", 2, [], ["is an input"]),
-    ("convert r.job r.raw --from job+raw --to dc --force", 2, [], ["r.raw is an input"]),
-    ("help bogus", 2, [], ["bogus"]),
-    # an input that can't be read
-    ("convert absent.job out.dc", 3, [], ["absent.job", "does not exist"]),
-    ("convert sub out.dc --from job", 3, [], ["is not a file"]),
-    ("convert not.job out.dc", 3, [], ["not.job", "--from job+raw"]),
-    ("convert a.job out.dc --from job+raw", 3, [], ["a.raw", "does not exist"]),
-    ("convert not.job out.dc --from job", 3, [], ["Unable to open the file"]),
-    ("convert shout.JOB out.dc", 3, [], ["second brand", "Unable to open the file"]),
-    ("convert r.raw out.dc --feature-file absent.fcl", 3, [], ["absent.fcl"]),
-    # an output that can't be written
-    ("convert a.job there.dc", 4, [], ["there.dc", "--force"]),
-    ("convert a.job sub --to dc", 4, [], ["is a folder"]),
-    ("convert a.job sub --to dc --force", 4, [], ["is a folder"]),
-    ("convert a.job absent/out.dc", 4, [], ["absent", "does not exist"]),
-    # what the library's functions don't offer
-    ("import-cr5 list.cr5 out.job --units usft", 0, ["out.job"], ["out.job"]),
-    ("import-cr5 list.cr5 out.PWJ", 0, ["out.PWJ"], []),
-    ("import-cr5 list.cr5 out.x --to oldjob", 0, ["out.x"], []),
-    ("import-cr5 c.dc out.job", 0, ["out.job"], ["doesn't begin as a CR5 file"]),
-    ("import-cr5 list.cr5 out.x", 2, [], ["--to"]),
-    ("import-cr5 list.cr5 list.cr5 --to job --force", 2, [], ["is an input"]),
-    ("import-cr5 list.cr5 out.job --units yards", 2, [], ["yards"]),
-    ("import-cr5 absent.cr5 out.job", 3, [], ["does not exist"]),
-    ("import-cr5 list.cr5 a.job", 4, [], ["a.job", "--force"]),
-    ("help import-cr5", 0, [], ["Carried over", "Not in a coordinate list"]),
-    ("import-sdr s.sdr out.raw", 0, ["out.raw"], ["out.raw"]),
-    ("import-sdr two.sdr out.raw", 0, ["out.raw"], []),
-    ("import-sdr s.sdr out.raw --from sdr2", 1, [], ["not in SDR2X format", "was not converted"]),
-    ("import-sdr plain.txt out.raw", 1, [], ["not in SDR33 format"]),
-    ("import-sdr s.sdr s.sdr --force", 2, [], ["is an input"]),
-    ("import-sdr s.sdr out.raw --from raw", 2, [], ["--from"]),
-    ("import-sdr absent.sdr out.raw", 3, [], ["does not exist"]),
-    ("import-sdr s.sdr r.raw", 4, [], ["r.raw", "--force"]),
-    ("help import-sdr", 0, [], ["Carried over", "Left out: points"]),
-    ("merge a.job names.job out.job", 0, ["out.job"], ["45 points of the second job"]),
-    ("merge a.job b.pwj out.pwj", 0, ["out.pwj"], ["60 points", "0 of them at other"]),
-    ("merge a.job one.job out.job", 1, [], ["different scales"]),
-    ("merge a.job not.job out.job", 3, [], ["not.job", "can't be opened"]),
-    ("merge a.job shout.JOB out.job", 3, [], ["shout.JOB", "brand"]),
-    ("merge a.job names.job a.job --force", 2, [], ["is an input"]),
-    ("help merge", 0, [], ["Left out"]),
-    ("convert road.dc sub/out.job", 4, [], ["RURAL_2L.tp5 exists"]),  # none of the three is moved
-    # the other commands
-    ("detect a.job b.pwj not.job r.raw", 0, [], ["a.job: job (ZEL JOB File)", "not.job: job+raw"]),
-    ("detect a.job plain.txt", 1, [], ["plain.txt: unknown"]),
-    ("detect plain.txt absent.job", 3, [], ["absent.job can't be read", "plain.txt: unknown"]),
-    ("types", 0, [], ["oldjob", "ZEL Old JOB File(GLCE 1.x/2.x)", "CONVERTS TO"]),
-    ("help", 0, [], ["Usage: zelconvert", "Exit codes"]),
-    ("help convert", 0, [], ["Usage: zelconvert convert", "--force"]),
-    ("convert --help", 0, [], ["--force"]),
-    ("--version", 0, [], ["zelconvert "]),
-]
+def read_cases():
+    inputs, cases = {}, []
+    for line in (pathlib.Path(__file__).parent / "cases.txt").read_text(encoding="utf-8").splitlines():
+        cells = [cell.strip() for cell in line.removeprefix("<").split("|")]
+        if line.startswith("<"):
+            inputs[cells[0]] = cells[1]
+        elif line and not line.startswith("#"):
+            files, texts = ([each.strip() for each in cell.split(";") if each] for cell in cells[2:])
+            cases.append((cells[0], int(cells[1]), files, texts))
+    return inputs, cases
+
+
+INPUTS, CASES = read_cases()
 
 
 def contents(folder):
