@@ -16,8 +16,6 @@ namespace {
 
 using Indices = CGeodeticDllIndices;
 constexpr double kDegree = kPi / 180;
-constexpr std::int32_t kLowest = std::numeric_limits<std::int32_t>::min();
-constexpr std::int32_t kHighest = std::numeric_limits<std::int32_t>::max();
 
 Indices MakeIndices(std::int32_t method, std::int32_t coordSystem, std::int32_t datum,
                     std::int32_t zone, std::int32_t hemisphere = 0) {
@@ -206,23 +204,11 @@ TEST(Geodetic, UtmMeridiansAndHemispheres) {
 }
 
 TEST(Geodetic, ZoneNames) {
-  struct Case {
-    int method, coordSystem, datum, zone, hemisphere;
-    const wchar_t* custom;
-    const wchar_t* name;
-  };
-  for (const Case& c : {
-           Case{0, 2, 1, 104, 0, L"x", L"Zel Zone:ME0 CS2 DA1 ZO104 HE0"},
-           Case{0, 1, -1, 9999, -1, L"x", L"Zel Zone:ME0 CS1 DA-1 ZO9999 HE-"},
-           Case{0, 4, 0, 0, 0, L"North Field", L"Custom Zone: North Field"},
-           Case{0, 4, 0, 0, 0, L"a name of more than 19 places",
-                L"Custom Zone: a name of more than"},
-           Case{1, 4, 0, 0, 0, L"x", L"Zel Zone:ME1 CS4 DA0 ZO0 HE0"},
-           Case{1, 2, 0, 0, 0, L"x", L"Zel Zone:ME1 CS2 DA0 ZO0 HE0"},
-       }) {
+  for (const CaseFields& texts : ReadCases("tests/golden-lines/zone-names.txt")) {
+    const auto number = [&](std::size_t i) { return ToInteger(texts[i]); };
     Indices indices;
-    indices.Set(c.method, c.coordSystem, c.datum, c.zone, c.hemisphere, c.custom, 7);
-    EXPECT_EQ(MakeZoneName(indices), c.name);
+    indices.Set(number(0), number(1), number(2), number(3), number(4), texts[5], 7);
+    EXPECT_EQ(MakeZoneName(indices), texts.at(6));
   }
 }
 
@@ -269,27 +255,13 @@ TEST(Geodetic, MolodenskyDatums) {
 }
 
 TEST(Geodetic, SystemsThatCannotBeFilledLeaveTheRecord) {
-  struct Case {
-    int method, coordSystem, datum, zone;
-  };
-  const Case cases[] = {
-      {0, 1, 0, 9999},    {0, 2, 1, 9999},     {0, 3, 1, 9999},     {1, 1, 0, 9999},  // no zone
-      {0, 1, 0, 130},     {0, 1, 0, -1},       {0, 2, 1, 125},      {0, 2, 1, 23},    // no row
-      {0, 2, 1, kLowest}, {0, 1, 0, kHighest},                                        //
-      {0, 1, 0, 129},                                                                 // no datum
-      {0, 3, 2, 17},      {0, 3, -1, 17},                                          // unknown datum
-      {1, 1, 248, 17},    {1, 1, -1, 17},      {1, 1, kLowest, 17},                //
-      {0, 4, 0, 1},       {1, 2, 0, 1},                                            // custom
-      {0, 0, 0, 1},       {0, 5, 0, 1},        {1, 0, 0, 1},        {1, 3, 0, 1},  // no such system
-      {2, 1, 0, 1},       {-1, 1, 0, 1},                                           // no such method
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(testing::Message()
-                 << c.method << ' ' << c.coordSystem << ' ' << c.datum << ' ' << c.zone);
+  for (const CaseFields& texts : ReadCases("tests/golden-lines/systems-refused.txt")) {
+    SCOPED_TRACE(testing::PrintToString(texts));
+    const auto number = [&](std::size_t i) { return ToInteger(texts.at(i)); };
     CGlkProjectionRecord record;
     record.zoneName = L"kept";
     EXPECT_FALSE(
-        FillProjectionRecord(MakeIndices(c.method, c.coordSystem, c.datum, c.zone), record));
+        FillProjectionRecord(MakeIndices(number(0), number(1), number(2), number(3)), record));
     EXPECT_EQ(record.zoneName, L"kept");
     EXPECT_EQ(record.horizontalType, 0);
     EXPECT_EQ(record.datumKind, 0);

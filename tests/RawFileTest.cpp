@@ -44,35 +44,13 @@ TEST(RawRecordTypes, AreTheirNumbers) {
 // ---- Fields
 
 TEST(RawFields, AreFoundByPlainSearch) {
-  struct Case {
-    const wchar_t* record;
-    wchar_t tag[3];
-    const wchar_t* value;  // null: none
-  };
-  const std::wstring many = L"XX" + std::wstring(40, L',') + L",SD7,EL8";
-  const Case cases[] = {
-      {L"SP,PN12,N 100.0,E 200.0,EL10.0,--fence", L"PN", L"12"},
-      {L"SP,PN12,N 100.0,E 200.0,EL10.0,--fence", L"N ", L"100.0"},
-      {L"SP,PN12,N 100.0,E 200.0,EL10.0,--fence", L"--", L"fence"},
-      {L"SP,PN12,N 100.0,E 200.0,EL10.0,--a,b", L"--", L"a"},
-      {L"SS,--note,SDof a note,SD5", L"SD", L"of a note"},  // hides the distance
-      {L"SS,SD", L"SD", L""},
-      {L"SS,SD,ZE", L"SD", L""},
-      {L"SS, SD5", L"SD", nullptr},
-      {L"SS,sd5", L"SD", nullptr},
-      {L"SD,S", L"SD", nullptr},
-      {L"SD5", L"SD", nullptr},
-      {L",,SD5", L"SD", L"5"},
-      {L"", L"SD", nullptr},
-      {many.c_str(), L"SD", L"7"},
-      {many.c_str(), L"EL", L"8"},
-      {many.c_str(), L"ZE", nullptr},
-  };
-  for (const Case& each : cases) {
-    SCOPED_TRACE(testing::Message() << each.record << " " << each.tag);
+  for (const CaseFields& texts : ReadCases("tests/golden-lines/raw-fields.txt")) {
+    SCOPED_TRACE(testing::PrintToString(texts));
+    const wchar_t tag[3] = {texts[1].at(0), texts[1].at(1), L'\0'};
+    const bool isThere = texts.at(2) != L"none";
     std::wstring_view value = L"as it was";
-    EXPECT_EQ(CRawFile::GetField(each.record, each.tag, value), each.value != nullptr);
-    EXPECT_EQ(value, each.value != nullptr ? each.value : L"as it was");
+    EXPECT_EQ(CRawFile::GetField(texts[0], tag, value), isThere);
+    EXPECT_EQ(value, isThere ? texts[2] : L"as it was");
   }
 }
 
@@ -475,15 +453,9 @@ TEST(Angles, AreNormalizedAndConverted) {
 }
 
 TEST(Angles, AreReadFromBearings) {
-  struct Case {
-    const wchar_t* text;
-    double degrees;
-  };
-  for (const auto& [text, degrees] :
-       {Case{L"N23.4510E", 23 + 45 / 60.0 + 10 / 3600.0}, Case{L"S10.3000E", 169.5},
-        Case{L"S10.3000W", 190.5}, Case{L"N10.3000W", 349.5}, Case{L"n10.3000w", 10.5},
-        Case{L"X10.3000Y", 10.5}, Case{L"", 0}, Case{L"N", 0}, Case{L"NW", 360}, Case{L"SW", 180},
-        Case{L"SxE", 180}}) {
+  for (const CaseFields& texts : ReadCases("tests/golden-lines/bearings.txt")) {
+    const std::wstring& text = texts[0];
+    const double degrees = ToReal(texts.at(1));
     SCOPED_TRACE(text);
     EXPECT_NEAR(ParseBearing(text, kRawDegrees), degrees, 1e-11);
     EXPECT_NEAR(ParseBearing(text, kRawGons), degrees / 0.9, 1e-11);

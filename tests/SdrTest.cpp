@@ -20,15 +20,9 @@ namespace {
 
 constexpr platform::LocalTime kTime{2026, 3, 5, 13, 14, 15, 16, 789};
 
-std::string Lines(const std::vector<std::string>& lines) {
+std::string Lines(const CaseFields& lines) {
   std::string text;
-  for (const std::string& line : lines) text += line + "\r\n";
-  return text;
-}
-
-/// "%-*s"
-std::string Pad(std::string text, std::size_t width) {
-  text.resize(std::max(width, text.size()), ' ');
+  for (const std::wstring& line : lines) text += ToNarrow(line) + "\r\n";
   return text;
 }
 
@@ -38,14 +32,14 @@ struct Imported {
   StringList messages;
 };
 
-Imported Import(SdrVersion version, const std::string& sdr) {
+Imported Import(const std::wstring& version, const CaseFields& sdr) {
   const TempDir folder;
   CFileCE sdrFile;
   CRawFile rawFile;
-  EXPECT_TRUE(sdrFile.Open(folder.Write(L"in.sdr", sdr), platform::kOpenReadWrite));
+  EXPECT_TRUE(sdrFile.Open(folder.Write(L"in.sdr", Lines(sdr)), platform::kOpenReadWrite));
   EXPECT_TRUE(rawFile.OpenForWrite(folder.Path(L"out.raw")));
   CConvRawSDRFile conversion(&rawFile, &sdrFile);
-  conversion.SetSdrVersion(version);
+  conversion.SetSdrVersion(version == L"2" ? SdrVersion::Sdr2 : SdrVersion::Sdr33);
   Imported result{};
   const ScopedClock clock(kTime, 0);
   result.converted = conversion.ConvertToRaw(result.messages);
@@ -54,54 +48,13 @@ Imported Import(SdrVersion version, const std::string& sdr) {
   return result;
 }
 
-const std::string kHeader33 = "00NMSDR33  V04-01.19000003-04-2026 10:00112211";
-const std::string kHeader2 = "00NMSDR22  V03-01.7a000003-04-2026 10:00232211";  // gons, US feet
-const std::string kJobAt = ",DT03-13-2026,TM14:15:16";
-
 TEST(SdrToRaw, CarriesSettingsAtmospherePrismAndNotes) {
-  const std::string prism33 =
-      Pad("01NM", 67) + Pad("0.03", 16) + Pad("-30", 16);  // offset, then constant
-  const std::string prism2 = Pad("01NM", 61) + Pad("1.5", 10) + Pad("2.25", 10);
-  const std::string job1 = "JB,NM" + Pad("one", 16) + kJobAt;
-  const std::string note(70, 'n');
-  struct Case {
-    const char* what;
-    SdrVersion version;
-    std::vector<std::string> sdr;
-    std::vector<std::string> raw;
-  };
-  for (const Case& each : std::vector<Case>{
-           {"what stands ahead of the job, and a scale that changes; the last scale holds first",
-            SdrVersion::Sdr33,
-            {kHeader33, "13NMearly", "04NM", "05NM" + Pad("760", 16) + "20.5", prism33, "06NM1.5",
-             "10NMA long job name of many", "06NM1.5", "06NM0.9996", "13NMlate  ", "03NM1.5", "",
-             "1", "99XX", "14NM", "02TV", "08KI", "09F1"},
-            {"--TEMP 20.500000 C", "--PRESS 760.000000 MM", "--PRISM CONSTANT -30.000000",
-             "--PRISM OFFSET 0.030000", "MO,AD0,UN1,SF1.5,EC0,EO0.0,AU0",
-             "JB,NMA long job name " + kJobAt, "MO,AD0,UN1,SF1.5,EC0,EO0.0,AU0",
-             "----COLLIMATION ON", "----COLLIMATION ON", "----early",
-             "MO,AD0,UN1,SF0.9996,EC0,EO0.0,AU0", "--late  "}},
-           {"two jobs, of which the second gets the comments again; a collimation too late",
-            SdrVersion::Sdr2,
-            {kHeader2, "10NM" + Pad("one", 16), "05NM" + Pad("29.92", 10) + "68", prism2,
-             "08KI0001", "04NM", "13NM" + note, "10NMtwo"},
-            {job1, "MO,AD0,UN2,SF1.0,EC0,EO0.0,AU1", "----COLLIMATION OFF", "----COLLIMATION OFF",
-             "--TEMP 68.000000 F", "--PRESS 29.920000 INCH", "--PRISM CONSTANT 2.250000",
-             "--PRISM OFFSET 1.500000", "--" + note.substr(0, 60), "JB,NMtwo" + kJobAt,
-             "MO,AD0,UN2,SF1.0,EC0,EO0.0,AU1", "----COLLIMATION OFF", "----COLLIMATION OFF"}},
-           {"unknown units, a job ahead of the header, a prism that isn't there",
-            SdrVersion::Sdr33,
-            {"10NM", "00NMSDR3" + std::string(32, '.') + "3 112", "01NM"},
-            {"JB,NM" + kJobAt, "MO,AD0,UN0,SF1.0,EC0,EO0.0,AU0", "----COLLIMATION OFF",
-             "--PRISM CONSTANT 0.000000", "--PRISM OFFSET 0.000000"}},
-           {"no job: nothing but what needs none",
-            SdrVersion::Sdr2,
-            {kHeader2, "13NMlost", "06NM2", "06NM3"},
-            {"MO,AD0,UN2,SF2.0,EC0,EO0.0,AU1", "MO,AD0,UN2,SF3.0,EC0,EO0.0,AU1"}}}) {
-    SCOPED_TRACE(each.what);
-    const Imported result = Import(each.version, Lines(each.sdr));
+  for (const CaseFields& texts : ReadCases("tests/golden-lines/sdr-settings.txt")) {
+    SCOPED_TRACE(testing::PrintToString(texts));
+    const auto raw = texts.begin() + 2 + ToInteger(texts[1]);
+    const Imported result = Import(texts[0], CaseFields(texts.begin() + 2, raw));
     EXPECT_TRUE(result.converted);
-    EXPECT_EQ(result.raw, Lines(each.raw));
+    EXPECT_EQ(result.raw, Lines(CaseFields(raw, texts.end())));
     EXPECT_TRUE(result.messages.empty());
   }
 }
@@ -109,9 +62,7 @@ TEST(SdrToRaw, CarriesSettingsAtmospherePrismAndNotes) {
 TEST(SdrToRaw, RefusesWithOneText) {
   for (const CaseFields& texts : ReadCases("tests/golden-lines/sdr-refused.txt")) {
     SCOPED_TRACE(testing::PrintToString(texts));
-    std::string sdr;
-    for (std::size_t i = 2; i < texts.size(); ++i) sdr += ToNarrow(texts[i]) + "\r\n";
-    const Imported result = Import(texts[0] == L"2" ? SdrVersion::Sdr2 : SdrVersion::Sdr33, sdr);
+    const Imported result = Import(texts[0], CaseFields(texts.begin() + 2, texts.end()));
     EXPECT_FALSE(result.converted);
     EXPECT_EQ(result.raw, "");
     EXPECT_EQ(result.messages, StringList{texts[1]});
