@@ -2,8 +2,10 @@
 
 #include <vector>
 
+#include "CaseFile.h"
 #include "TempDir.h"
 #include "io/CTextFile.h"
+#include "io/Numbers.h"
 
 namespace zelconvert {
 namespace {
@@ -25,79 +27,20 @@ std::string Bytes(const char (&text)[N]) {
 }
 
 TEST(CTextFile, FindsTheEncodingAndReadsLines) {
-  struct Case {
-    std::string bytes;
-    CTextFile::Encoding encoding;
-    std::int32_t bomSize;
-    std::vector<std::wstring> lines, linesAfterRewind;
-  };
-  const auto ansi = CTextFile::kAnsi;
-  const auto utf8 = CTextFile::kUtf8;
-  const auto little = CTextFile::kUtf16LittleEndian;
-  const auto big = CTextFile::kUtf16BigEndian;
-  const std::string a(300, 'a');
-  const std::wstring wideA(300, L'a');
-  const std::string continuation(256, '\x80');
-  const std::wstring broken(44, L'\ufffd');
-  const Case cases[] = {
-      {"", ansi, 0, {}, {}},
-      {"x", ansi, 0, {}, {L"x"}},  // the look at the first two bytes leaves nothing
-      {"ab", ansi, 0, {L"ab"}, {L"ab"}},
-      {"a\x80\r\n\r\nb", ansi, 0, {L"a\u20ac", L"", L"b"}, {L"a\u20ac", L"", L"b"}},
-      {"a\rb\nc\r", ansi, 0, {L"a", L"c"}, {L"a", L"c"}},
-      {a + "\n\xC3\xA4", ansi, 0, {wideA, L"\u00c3\u00a4"}, {wideA, L"\u00c3\u00a4"}},
-      {Bytes("ab\0c\nd"), ansi, 0, {L"ab"}, {L"ab"}},
-      {Bytes("ab\0") + a + "\n",
-       ansi,
-       0,
-       {L"ab" + std::wstring(47, L'a')},
-       {L"ab" + std::wstring(47, L'a')}},
-
-      {"\xEF\xBB", utf8, 2, {}, {}},
-      {"\xEF\xBB\xBF", utf8, 3, {}, {}},
-      {"\xEF\xBBx\r\n\xE2\x82\xAC", utf8, 2, {L"x", L"\u20ac"}, {L"x", L"\u20ac"}},
-      {"\xEF\xBB\xBF\xF0\x9F\x98\x80!", utf8, 3, {L"\xD83D\xDE00!"}, {L"\xD83D\xDE00!"}},
-      {Bytes("\xEF\xBB\xBFx\0y\n"),
-       utf8,
-       3,
-       {std::wstring(L"x\0y", 3)},
-       {std::wstring(L"x\0y", 3)}},
-      // One U+FFFD for each: stray continuation, cut sequence, overlong form (two), surrogate
-      // (three), FF, cut at the end.
-      {"\xEF\xBB\xBF\x80|\xE2\x82|\xC0\x80|\xED\xA0\x80|\xFF|\xF0\x9F\x98",
-       utf8,
-       3,
-       {L"\ufffd|\ufffd|\ufffd\ufffd|\ufffd\ufffd\ufffd|\ufffd|\ufffd"},
-       {L"\ufffd|\ufffd|\ufffd\ufffd|\ufffd\ufffd\ufffd|\ufffd|\ufffd"}},
-      // A block without any place to cut is used up and reads as the end of the file, once.
-      {"\xEF\xBB\xBF\xC3" + continuation + continuation.substr(0, 43), utf8, 3, {}, {}},
-      {"\xEF\xBB\xBF" + a.substr(0, 256) + continuation + "b\n",
-       utf8,
-       3,
-       {wideA.substr(0, 256), L"b"},
-       {wideA.substr(0, 256), L"b"}},
-
-      {Bytes("\xFF\xFE\xAC\x20\r\0\n\0b\0c"), little, 2, {L"\u20ac", L"b"}, {L"\u20ac", L"b"}},
-      {Bytes("\xFE\xFF\x20\xAC\0\r\0\n\xD8\x3D\xDE\x00"),
-       big,
-       2,
-       {L"\u20ac", L"\xD83D\xDE00"},
-       {L"\u20ac", L"\xD83D\xDE00"}},
-      // Without a mark the reader loses the first character until it rewinds.
-      {Bytes("a\0b\0\n\0"), little, 0, {L"b"}, {L"ab"}},
-      {Bytes("\0a\0b\0\n"), big, 0, {L"b"}, {L"ab"}},
-  };
   const TempDir dir;
-  for (const Case& test : cases) {
-    SCOPED_TRACE(testing::PrintToString(test.bytes.substr(0, 40)));
+  for (const CaseFields& texts : ReadCases("tests/golden-lines/text-files.txt")) {
+    SCOPED_TRACE(testing::PrintToString(texts));
+    std::string bytes;
+    for (const wchar_t c : texts[0]) bytes += static_cast<char>(c);
+    const auto rewound = texts.begin() + 4 + ToInteger(texts[3]);
     CTextFile file(false, false);
     file.SetAllowUnicode(true);
-    ASSERT_TRUE(file.Open(dir.Write(L"text", test.bytes), kOpenText));
-    EXPECT_EQ(file.GetEncoding(), test.encoding);
-    EXPECT_EQ(file.GetBomSize(), test.bomSize);
-    EXPECT_EQ(Lines(file), test.lines);
+    ASSERT_TRUE(file.Open(dir.Write(L"text", bytes), kOpenText));
+    EXPECT_EQ(static_cast<int>(file.GetEncoding()), ToInteger(texts[1]));
+    EXPECT_EQ(file.GetBomSize(), ToInteger(texts[2]));
+    EXPECT_EQ(Lines(file), CaseFields(texts.begin() + 4, rewound));
     EXPECT_TRUE(file.Rewind());
-    EXPECT_EQ(Lines(file), test.linesAfterRewind);
+    EXPECT_EQ(Lines(file), CaseFields(rewound, texts.end()));
   }
 }
 
