@@ -52,9 +52,11 @@ ExitCode CodeOfFailure(const std::vector<std::string>& messages) {
 // A conversion of two stages, through a job, keeps the texts of both to itself.
 std::string ReasonOf(const Conversion& asked, const Result& result) {
   if (!result.messages.empty()) return {};
-  const bool isToCr5 = asked.to == FT_CR5 || asked.to == FT_SEQ_CR5;
-  return isToCr5 ? "; convert it to a job, and that to a .cr5 file, to read why"
-                 : "; the library gives no reason";
+  const TypeInfo& job = *FindType(FT_JOB);
+  const bool hasStages =
+      ConvertsTo(*FindType(asked.from), job) && ConvertsTo(job, *FindType(asked.to));
+  return hasStages ? "; convert it to a job, and that to a .cr5 file, to read why"
+                   : "; the library gives no reason";
 }
 
 Result ConvertWithProgress(const Conversion& conversion) {
@@ -63,10 +65,14 @@ Result ConvertWithProgress(const Conversion& conversion) {
   return Convert(conversion);
 }
 
-void ConvertFile(const Conversion& asked, bool force, Outcome& outcome) {
+// The library takes a read-only attribute off its input while it reads.
+void ConvertFile(const ConvertPlan& plan, bool force, Outcome& outcome) {
+  const Conversion& asked = plan.conversion;
+  const fs::perms found = fs::status(plan.read).permissions();
   const StagingFolder staging(asked.output.parent_path());
-  platform::OnInterrupt([path = staging.GetPath()] {
+  platform::OnInterrupt([path = staging.GetPath(), read = plan.read, found] {
     std::error_code ignored;
+    if ((found & fs::perms::owner_write) == fs::perms::none) fs::permissions(read, found, ignored);
     fs::remove_all(path, ignored);
   });
   Conversion staged = asked;
@@ -119,7 +125,7 @@ int RunConvert(const ConvertOptions& options, bool json) {
   Outcome outcome;
   try {
     plan = MakePlan(options);
-    ConvertFile(plan->conversion, options.force, outcome);
+    ConvertFile(*plan, options.force, outcome);
   } catch (const HostFailure& failure) {
     outcome.code = failure.GetCode();
     outcome.error = failure.what();

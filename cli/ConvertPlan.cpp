@@ -76,10 +76,13 @@ void CheckRoute(const TypeInfo& from, const TypeInfo& to) {
                                      std::string(to.name) + "; " + TellOutputs(from));
 }
 
-// The file that the library will read.
+// The file that the library will read. Of the two job types it is the spelling that decides there,
+// not the type.
 fs::path FileRead(FileType from, const fs::path& input) {
   const Pair* pair = FindPair(from);
-  return pair == nullptr ? input : fs::path(input).replace_extension(pair->log);
+  if (pair == nullptr) return input;
+  if (from != FT_CR5_RW5) pair = FindPair(input.extension() == ".job" ? FT_JOB_RAW : FT_PW_JOB_RAW);
+  return fs::path(input).replace_extension(pair->log);
 }
 
 // The library tells the brand of jobs and logs by the extension as it is spelled.
@@ -89,7 +92,8 @@ std::string WarnOfSpelling(FileType from, const fs::path& input) {
   const bool tellsBrand = expected == ".job" || expected == ".raw" || expected == ".rw5";
   if (!tellsBrand || ToText(input.extension()) == expected) return {};
   return ToText(input.filename()) + " is not spelled " + expected +
-         ", so the library takes it for a file of the second brand";
+         ", so the library takes it for a file of the second brand; named " + ToText(input.stem()) +
+         expected + " it would be one of the first";
 }
 
 int UnitsOf(const std::string& name) {
@@ -104,6 +108,7 @@ ConvertPlan MakePlan(const ConvertOptions& options) {
   const fs::path input = Absolute(options.input);
   const fs::path output = Absolute(options.output);
   const TypeInfo& from = TypeOfInput(options.from, input);
+  CheckNoFolder(output);
   const TypeInfo& to = TypeOfOutput(options.to, output);
   CheckRoute(from, to);
 
@@ -113,7 +118,8 @@ ConvertPlan MakePlan(const ConvertOptions& options) {
   CheckDistinct(output, read);
   CheckOutput(output, options.force);
   ConvertPlan plan{{from.type, to.type, input, output, UnitsOf(options.units), {}},
-                   WarnOfSpelling(from.type, input)};
+                   WarnOfSpelling(from.type, input),
+                   read};
   if (!options.featureFile.empty()) {
     plan.conversion.featureFile = Absolute(options.featureFile);
     CheckReadable(plan.conversion.featureFile);

@@ -2,6 +2,7 @@
 // refused before anything is made.
 #pragma once
 
+#include <filesystem>
 #include <string>
 
 #include "cli/FileTypes.h"
@@ -19,7 +20,8 @@ struct ConvertOptions {
 
 struct ConvertPlan {
   Conversion conversion;
-  std::string warning;  ///< one line, empty mostly
+  std::string warning;         ///< one line, empty mostly
+  std::filesystem::path read;  ///< what the library opens: the input, or of a pair the log
 };
 
 /// Throws a HostFailure.

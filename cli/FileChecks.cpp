@@ -12,6 +12,7 @@ namespace fs = std::filesystem;
 using platform::ToText;
 
 fs::path Absolute(const std::string& argument) {
+  if (argument.empty()) throw HostFailure(kWrongUsage, "the name of a file is empty");
   return fs::absolute(platform::ToPath(argument));
 }
 
@@ -23,11 +24,16 @@ void CheckReadable(const fs::path& path) {
   if (!platform::IsReadable(path)) throw HostFailure(kNoInput, ToText(path) + " can't be read");
 }
 
-void CheckOutput(const fs::path& output, bool replace) {
+void CheckNoFolder(const fs::path& output) {
   std::error_code ignored;
   if (!output.has_filename() || fs::is_directory(output, ignored)) {
     throw HostFailure(kNoOutput, ToText(output) + " is a folder");
   }
+}
+
+void CheckOutput(const fs::path& output, bool replace) {
+  CheckNoFolder(output);
+  std::error_code ignored;
   if (!fs::is_directory(output.parent_path(), ignored)) {
     throw HostFailure(kNoOutput, "the folder " + ToText(output.parent_path()) + " does not exist");
   }

@@ -8,6 +8,7 @@
 #include "cli/platform/Host.h"
 #include "io/Paths.h"
 #include "job/CJobMerger.h"
+#include "platform/Platform.h"
 
 namespace zelconvert::cli {
 namespace {
@@ -38,6 +39,9 @@ std::string Tell(const MergeCounts& counts) {
 }
 
 void Merge(const DirectFiles& files) {
+  if (zelconvert::platform::IsSameFile(files.inputs[0], files.inputs[1])) {
+    throw HostFailure(kWrongUsage, "A and B are the same file");
+  }
   StringList messages, made;
   MergeCounts counts;
   const bool merged =

@@ -55,8 +55,8 @@ std::vector<fs::path> StagingFolder::MoveFiles(bool replace) const {
 void CheckReplaceable(const fs::path& path, bool replace) {
   std::error_code ignored;
   const fs::file_status status = fs::status(path, ignored);
-  if (!fs::exists(status)) return;
-  if (!fs::is_regular_file(status)) {
+  if (!fs::exists(fs::symlink_status(path, ignored))) return;
+  if (fs::exists(status) && !fs::is_regular_file(status)) {
     throw HostFailure(kNoOutput, platform::ToText(path) + " is no file to be replaced");
   }
   if (!replace) {

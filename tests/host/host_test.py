@@ -87,7 +87,8 @@ class HostTest(unittest.TestCase):
         for arguments, code, files, texts in CASES:
             with self.subTest(arguments):
                 self.setUp()
-                self.check(arguments.split(), code, files, texts)
+                words = [word.strip('"') for word in arguments.split()]
+                self.check(words, code, files, texts)
                 self.doCleanups()
         self.setUp()
 
@@ -140,10 +141,12 @@ class PosixTest(HostTest):
 
     def test_devices_and_links(self):
         os.symlink("a.job", os.path.join(self.folder, "link.dc"))
+        os.symlink("unmounted", os.path.join(self.folder, "lost.dc"))
         os.mkfifo(os.path.join(self.folder, "pipe.job"))
         self.before = contents(self.folder)
         for arguments, code in [
             (["convert", "a.job", "link.dc", "--force"], 2),
+            (["convert", "a.job", "lost.dc"], 4),
             (["convert", "pipe.job", "out.dc"], 3),
             (["convert", "a.job", "/dev/null", "--to", "dc", "--force"], 4),
         ]:
@@ -158,19 +161,34 @@ class PosixTest(HostTest):
         self.assertEqual(result.returncode, 0, result.stderr)
         self.assertIn(b"\xfe.dc", os.listdir(os.fsencode(self.folder)))
 
-    def test_interrupt(self):
+    def start_long(self, **options):
+        """A host that converts a read-only file and has made its temporary folder."""
         job = (EXAMPLES / "boundary.job").read_bytes()
         records = job[int.from_bytes(job[30:34], "little") :]
-        with open(os.path.join(self.folder, "big.job"), "wb") as file:
+        self.big = os.path.join(self.folder, "big.job")
+        with open(self.big, "wb") as file:
             file.write(job + records * (60_000_000 // len(records)))
+        os.chmod(self.big, 0o444)
         self.before = dict.fromkeys(contents(self.folder))  # names alone
-        host = subprocess.Popen(HOST + ["convert", "big.job", "out.dc"], cwd=self.folder)
+        host = subprocess.Popen(HOST + ["convert", "big.job", "out.dc"], cwd=self.folder, **options)
         while not [name for name in os.listdir(self.folder) if name.startswith(".zelconvert-")]:
             time.sleep(0.001)
-        time.sleep(0.02)
+        while host.poll() is None and os.stat(self.big).st_mode & 0o200 == 0:
+            time.sleep(0.001)
+        return host
+
+    def test_interrupt(self):
+        host = self.start_long()
         host.send_signal(signal.SIGINT)
         self.assertEqual(host.wait(), 128 + signal.SIGINT)
         self.assertEqual(sorted(os.listdir(self.folder)), sorted(name for name in self.before if "/" not in name))
+        self.assertEqual(os.stat(self.big).st_mode & 0o777, 0o444)
+
+    def test_signal_set_aside(self):
+        set_aside = lambda: signal.signal(signal.SIGHUP, signal.SIG_IGN)  # as nohup does
+        host = self.start_long(preexec_fn=set_aside, stdout=subprocess.DEVNULL)
+        host.send_signal(signal.SIGHUP)
+        self.assertEqual(host.wait(), 0)
 
     def test_bar_on_a_terminal(self):
         import pty

@@ -70,11 +70,23 @@ ProgressWindow::~ProgressWindow() {
   cZelSetupZelConvertDLLCallBack(nullptr);
 }
 
-// A thread of its own waits for the signals, where cleaning up may do what a handler may not.
+namespace {
+
+bool IsIgnored(int number) {
+  struct sigaction action {};
+  return sigaction(number, nullptr, &action) == 0 && action.sa_handler == SIG_IGN;
+}
+
+}  // namespace
+
+// A thread of its own waits for the signals, where cleaning up may do what a handler may not. A
+// signal that the starter has set aside, as nohup does, stays aside.
 void OnInterrupt(std::function<void()> cleanUp) {
   sigset_t signals;
   sigemptyset(&signals);
-  for (const int number : {SIGINT, SIGTERM, SIGHUP}) sigaddset(&signals, number);
+  for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
+    if (!IsIgnored(number)) sigaddset(&signals, number);
+  }
   pthread_sigmask(SIG_BLOCK, &signals, nullptr);
   std::thread([signals, cleanUp = std::move(cleanUp)] {
     int number = 0;
