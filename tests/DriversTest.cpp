@@ -208,6 +208,20 @@ TEST(Drivers, FindTheLogOfAPair) {
   }
 }
 
+// Some drivers delete what they didn't make; what is protected stays.
+TEST(Drivers, KeepAProtectedFileThatIsInTheWay) {
+  for (const FileType type : {FT_JOB_RAW, FT_CR5_RW5}) {
+    for (const bool isProtected : {true, false}) {
+      HostCall run({type, L"in.job", "control.job", FT_DC});
+      run.Write(L"out.x", "precious");
+      if (isProtected) fs::permissions(run.OutputPath(), fs::perms::owner_read);
+      run.Convert();
+      EXPECT_FALSE(run.Converted());
+      EXPECT_EQ(fs::exists(run.OutputPath()), isProtected);
+    }
+  }
+}
+
 // On the route through a job the input is closed before the output is made.
 TEST(Drivers, KeepTheInputOfTwoStages) {
   for (const FileType type : {FT_CR5, FT_SEQ_CR5}) {

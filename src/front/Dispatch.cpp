@@ -71,7 +71,7 @@ void RunThroughJob(const ConvertRequest& request, ConvertOutcome& outcome) {
   }
   outcome.converted =
       ConvertFromJob(request.outputType, job.GetPath(), request.output, files, messages);
-  if (!outcome.converted) platform::RemoveFile(request.output);
+  if (!outcome.converted) RemoveOutput(request.output);
 }
 
 struct Rule {

@@ -102,6 +102,11 @@ std::wstring FormatDriverText(DriverText text, const std::wstring& path) {
   return FormatText(kTexts[static_cast<std::size_t>(text)], path);
 }
 
+void RemoveOutput(const std::wstring& output) {
+  const auto found = platform::GetAttributes(output);
+  if (found && !found->isReadOnly) platform::RemoveFile(output);
+}
+
 bool Execute(const DriverRun& run) {
   if (!FileExists(run.input)) return Fail(run, run.missing, run.input);
   const WritableWhile writable(run.input);

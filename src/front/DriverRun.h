@@ -43,6 +43,10 @@ struct DriverRun {
 /// The whole of a driver's work, as Drivers.h promises it.
 bool Execute(const DriverRun& run);
 
+/// Deletes what stands at the output's path after a failed conversion, even if it was there before;
+/// a read-only file stays, as it does for anyone who deletes files.
+void RemoveOutput(const std::wstring& output);
+
 /// Closes any of the file classes; for a file that isn't open there is nothing to do.
 template <class File>
 std::function<FileState()> Closer(File& file) {

@@ -251,7 +251,7 @@ bool ConvertPair(const std::wstring& input, const std::wstring& rawPath, const s
   }
   if (ConvertFromRaw(outputType, rawPath, output, files, messages, featureFile, true)) return true;
   if (!platform::IsSameFile(input, output) && !platform::IsSameFile(rawPath, output)) {
-    platform::RemoveFile(output);
+    RemoveOutput(output);
   }
   return false;
 }
