@@ -331,6 +331,23 @@ case("ilj-to-dc", "no-azimuth-rule", "Without a PRJCG, or after a bad one, no az
                lasers[0]),
      dc(*head(), seen("F1", "P1", "P4", 100, None, deg(PI / 2 + 0.25)),
         vector("P1", "P5", None, 50, -5), laser("L", None, 90, 5, NULL)))
+tails = [("OSTGD", "F1", "OCPT:ABCDEFGHIJKLMNOP PTNM:B SDST:5 ANGV:0",
+          seen("F1", "ABCDEFGHIJKLMNOP", "B", 5, None, 90, "eventeen letters", ":", ":")),
+         ("OSTGD", "K", "OCPT:A PTNM:B SDST:5 ANGV:0",
+          seen("K", "A", "B", 5, None, 90, "eventeen letters", ":", ":")),
+         ("OSTGD", "KEY", "OCPT:A PTNM:B SDST:5 ANGV:0",
+          seen("KEY", "A", "B", 5, None, 90, "eventeen letters", ":", ":")),
+         ("OSTGV", "KEY", "OCPT:A PTNM:ABCDEFGHIJKLMNOP HDST:5 VDST:0",
+          vector("A", "ABCDEFGHIJKLMNOP", None, 5, 0, "eventeen letters", ":", ":")),
+         ("OSTLA", "KEY", "PTNM:B SDST:5 ANGV:0 ANGA:0 ANGD:0",
+          laser("B", 90, 90, 5, 90, "eventeen letters", ":", ":"))]
+case("ilj-to-dc", "observation-texts",
+     "Observations keep the end of a long code and print method and class 10 as a colon. The "
+     "derivation goes out at any length where it goes out at all.",
+     ilj_bytes(jobmo(), rec("PRJCG", "PJAZ:1 PJGO:1"),
+               *[rec(tag, "DERV:%s %s DESC:seventeen_letters CDOR:10 CDCL:10" % (derv, fields))
+                 for tag, derv, fields, _ in tails]),
+     dc(*head(), "78NM11", *[line for _, _, _, line in tails]))
 case("ilj-to-dc", "heights", "A target height is written when it changes, an instrument's always.",
      ilj_bytes(jobmo(), rec("OSTOC", "DERV:KI OCPT:ABCDEFGHIJKLMNOP"),
                *[rec(t, "DERV:KI %s:%s" % (f, h)) for t, f, h in
@@ -771,6 +788,17 @@ for name, (line, label, before) in ends.items():
 case("dc-to-ilj", "ends-no-header", "Without a header lengths are unknown.",
      dc("81KI2" + 3 * n5(1), "13KInote", grid("KI", "A", 1, 2, 3)),
      messages=[could_not_parse(2, "Grid Position(type 69)")])
+adjust = "50KI" + n5(1) + n5(2) + n5(3) + n5(4) + n10(50) + n9(0.9999)
+case("dc-to-ilj", "late-header",
+     "Before a header angles are degrees and no length is known; those of an optional field are left "
+     "out.",
+     dc(adjust, "81KI2" + n5(1) + n5(2) + n5(3) + n9(4) + n9(5) + "%32s" % "g",
+        "49KI1" + n5(6378137) + n10(298.25), dc_header("211111"), adjust),
+     ilj_out(made("PRJHA", "ROTZ:0.87266462600 SCAL:0.999900000"),
+             made("PRJVA", "PJVA:2 TINO:4.000000000 TIEA:5.000000000 PJRE:g"),
+             made("PRJDT", "PJDT:517 NUMR:298.25000000000", True), mode(0, 1),
+             made("PRJHA", "NRTH:1.00000 EAST:2.00000 TRAY:3.00000 TRAX:4.00000 ROTZ:0.78539816340 "
+                           "SCAL:0.999900000")))
 case("dc-to-ilj", "ends-mils", "Mils have no ILJ unit.", dc(dc_header("311111")),
      messages=[could_not_parse(0, "Header(type 00)")])
 case("dc-to-ilj", "header-of-45", "The last digit may be missing.", dc(dc_header("11111")),
