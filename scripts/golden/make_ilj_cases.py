@@ -525,6 +525,11 @@ for name, given, text in (
 for name, lines, texts in (
         ("scanned", [jobmo(), rec("SUEND", "DATE:20261301")], []),
         ("point", [jobmo(), rec("POINT", "TIME:240000")], []),
+        # The second pass wouldn't look at these.
+        ("survey-set-end", [jobmo(), rec("UNOTE", ""), "SUSEN\tDAEN:20261301"], []),
+        ("survey-station", [jobmo(), rec("UNOTE", ""), "SUSTN\tTIME:250000"], []),
+        ("survey-motion", [jobmo(), rec("UNOTE", ""), "SUMCT\tDATE:20260132"], []),
+        ("antenna", [jobmo(), rec("UNOTE", ""), "ANTEN\tTIME:120061"], []),
         ("carried", [jobmo(), "UNOTE\tNOTE:x", rec("UNOTE", "NOTE:x TIME:006000")],
          [could_not_read(1, "UNOTE")])):
     case("ilj-to-dc", "no-such-date-" + name,
