@@ -10,7 +10,7 @@ if [ "${1:-build}" = test ]; then
     g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix wine64 # Windows
     libgtest-dev libgmock-dev googletest libbenchmark-dev
     libpugixml-dev                                             # an XML reader that is not ours
-    git pkg-config python3 binutils
+    git pkg-config python3 binutils locales
   )
 fi
 
