@@ -34,7 +34,7 @@ class Input {
  public:
   template <class Make>
   Input(std::string_view extension, std::size_t records, Make make)
-      : m_input((m_folder.Folder() / "in").string() + std::string(extension)) {
+      : m_folder(), m_input((m_folder.Folder() / "in").string() + std::string(extension)) {
     make(m_input, records);
   }
   const std::string& Path() const { return m_input; }

@@ -276,8 +276,8 @@ TEST(Geodetic, EveryByteOfTheBlockBelongsToAField) {
   std::array<std::byte, CGlkProjectionRecord::kBlockSize> packed{};
   record.Pack(packed);
   // Full text fields lose their last unit to the terminator.
-  for (const std::size_t terminator :
-       {72, 138, 204, 270, 336, 402, 1006, 1528, 2176, 2698, 3220, 3834, 3900}) {
+  for (const std::size_t terminator : std::initializer_list<std::size_t>{
+           72, 138, 204, 270, 336, 402, 1006, 1528, 2176, 2698, 3220, 3834, 3900}) {
     block[terminator] = block[terminator + 1] = std::byte{0};
   }
   EXPECT_EQ(packed, block);
