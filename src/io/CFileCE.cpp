@@ -229,7 +229,7 @@ std::size_t CFileCE::FindLineFeed(std::string_view chunk) const {
 }
 
 void CFileCE::StripCarriageReturn(std::string_view& line) const {
-  constexpr std::string_view kCarriageReturn("\r", 2);  // and a zero
+  constexpr std::string_view kCarriageReturn("\r\0", 2);
   const std::string_view end = kCarriageReturn.substr(0, CharacterSize());
   if (line.ends_with(end)) line.remove_suffix(end.size());
 }
