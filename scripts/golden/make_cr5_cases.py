@@ -7,7 +7,8 @@ Nothing of the converter runs here: inputs are built, and outputs worked out, fi
 import functools
 import pathlib
 import struct
-import sys
+
+from case_files import settle
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 GOLDEN = ROOT / "tests" / "golden"
@@ -241,22 +242,5 @@ def files_of(case, given):
     return files
 
 
-def main():
-    check = "--check" in sys.argv
-    unlike = []
-    for case, given in CASES.items():
-        folder = GOLDEN / case
-        files = files_of(case, given)
-        if check:
-            found = {p.name: p.read_bytes() for p in folder.glob("*") if p.name != "notes.txt"}
-            unlike += [case] if found != files else []
-            continue
-        folder.mkdir(parents=True, exist_ok=True)
-        for name, data in files.items():
-            (folder / name).write_bytes(data)
-    print("unlike:" if unlike else "ok", *unlike)
-    return bool(unlike)
-
-
 if __name__ == "__main__":
-    sys.exit(main())
+    settle({GOLDEN / case: files_of(case, given) for case, given in CASES.items()})

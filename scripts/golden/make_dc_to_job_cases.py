@@ -8,7 +8,8 @@ writing them.
 import pathlib
 import re
 import struct
-import sys
+
+from case_files import settle
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 GOLDEN = ROOT / "tests" / "golden"
@@ -494,21 +495,5 @@ cr5_case("numbers-in-metres", lines(NUMBERS_IN_METRES))
 CASES["dc-to-cr5/names-that-are-no-numbers"] = {"in.dc": CONTROL}
 
 
-def main():
-    check = "--check" in sys.argv
-    unlike = []
-    for case, files in CASES.items():
-        folder = GOLDEN / case
-        if check:
-            found = {p.name: p.read_bytes() for p in folder.glob("*") if p.name != "notes.txt"}
-            unlike += [case] if found != files else []
-            continue
-        folder.mkdir(parents=True, exist_ok=True)
-        for name, data in files.items():
-            (folder / name).write_bytes(data)
-    print("unlike:" if unlike else "ok", *unlike)
-    return bool(unlike)
-
-
 if __name__ == "__main__":
-    sys.exit(main())
+    settle({GOLDEN / case: files for case, files in CASES.items()})

@@ -6,7 +6,6 @@ out by hand. Computed vectors stand on the equator at longitude 0, where geocent
 differences of height and no machine's sine disturbs their ninth decimal.
 """
 import math
-import sys
 
 import make_raw_to_dc_cases as base
 from make_raw_to_dc_cases import NULL, add, dms, mode, n5, n9, note, number, p69
@@ -456,4 +455,4 @@ add_zones()
 add_refusals()
 
 if __name__ == "__main__":
-    sys.exit(base.main())
+    base.settle_routes()

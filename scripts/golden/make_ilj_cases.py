@@ -8,7 +8,8 @@ them.
 """
 import math
 import pathlib
-import sys
+
+from case_files import settle
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 GOLDEN = ROOT / "tests" / "golden"
@@ -817,23 +818,5 @@ case("dc-to-ilj", "line-ends", "LF alone; a last line without an end keeps its C
      ilj_out(mode(), noted("UNOTE", "a"), noted("UNOTE", "b\r")))
 
 
-def main():
-    check = "--check" in sys.argv
-    unlike = []
-    for (pair, name), files in cases.items():
-        folder = GOLDEN / pair / name
-        if check:
-            found = {p.name: p.read_bytes() for p in folder.iterdir()} if folder.is_dir() else {}
-            if found != files:
-                unlike.append("%s/%s" % (pair, name))
-            continue
-        folder.mkdir(parents=True, exist_ok=True)
-        for old in folder.iterdir():
-            old.unlink()
-        for file, contents in files.items():
-            (folder / file).write_bytes(contents)
-    if unlike:
-        sys.exit("unlike what this makes: " + ", ".join(unlike))
-
-
-main()
+if __name__ == "__main__":
+    settle({GOLDEN / pair / name: files for (pair, name), files in cases.items()})

@@ -8,7 +8,8 @@ Run it to write the folders <from>-to-<to>/<case>/ again, or with --check to com
 import math
 import pathlib
 import struct
-import sys
+
+from case_files import settle
 
 NULL = -9.99e27
 ROOT = pathlib.Path(__file__).resolve().parents[2]
@@ -544,21 +545,6 @@ add_points()
 add_old()
 
 
-def main():
-    check = "--check" in sys.argv
-    wrong = []
-    for (source, to, case), files in CASES.items():
-        folder = GOLDEN / ("%s-to-%s" % (source, to)) / case
-        if not check:
-            folder.mkdir(parents=True, exist_ok=True)
-        for name, data in files.items():
-            if not check:
-                (folder / name).write_bytes(data)
-            elif not (folder / name).is_file() or (folder / name).read_bytes() != data:
-                wrong.append(str(folder / name))
-    print("\n".join(wrong) if wrong else "%d cases" % len(CASES))
-    return bool(wrong)
-
-
 if __name__ == "__main__":
-    sys.exit(main())
+    settle({GOLDEN / ("%s-to-%s" % (source, to)) / case: files
+            for (source, to, case), files in CASES.items()})

@@ -8,8 +8,9 @@ Run it to write the folders <from>-to-<to>/<case>/ again, or with --check to com
 """
 import math
 import pathlib
-import sys
 from fractions import Fraction
+
+from case_files import settle
 
 NULL = -9.99e27
 ROOT = pathlib.Path(__file__).resolve().parents[2]
@@ -601,21 +602,10 @@ add_line_ends()
 add_refusals()
 
 
-def main():
-    check = "--check" in sys.argv
-    wrong = []
-    for (source, to, case), files in CASES.items():
-        folder = GOLDEN / ("%s-to-%s" % (source, to)) / case
-        if not check:
-            folder.mkdir(parents=True, exist_ok=True)
-        for name, data in files.items():
-            if not check:
-                (folder / name).write_bytes(data)
-            elif not (folder / name).is_file() or (folder / name).read_bytes() != data:
-                wrong.append(str(folder / name))
-    print("\n".join(wrong) if wrong else "%d cases" % len(CASES))
-    return bool(wrong)
+def settle_routes():
+    settle({GOLDEN / ("%s-to-%s" % (source, to)) / case: files
+            for (source, to, case), files in CASES.items()})
 
 
 if __name__ == "__main__":
-    sys.exit(main())
+    settle_routes()

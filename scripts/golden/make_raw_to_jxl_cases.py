@@ -7,7 +7,8 @@ Run it to write the folders again, or with --check to compare them.
 """
 import math
 import pathlib
-import sys
+
+from case_files import settle
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 GOLDEN = ROOT / "tests" / "golden"
@@ -467,35 +468,22 @@ REFUSED = {
 }
 
 
-def write(folder, files, check):
-    folder.mkdir(parents=True, exist_ok=True)
-    same = True
-    for name, data in files.items():
-        if check:
-            same &= (folder / name).read_bytes() == data
-        else:
-            (folder / name).write_bytes(data)
-    return same
-
-
 def log_bytes(text):
     # A byte that windows-1252 leaves open stands for the control character of its number.
     return b"".join(c.encode("cp1252") if c != "\u0081" else b"\x81" for c in text)
 
 
 def main():
-    check = "--check" in sys.argv
     notes = b"Worked out by make_raw_to_jxl_cases.py.\n"
-    good = True
+    cases = {}
     for case, (log, fill) in CASES.items():
         extension = case.split("-")[0]
-        good &= write(GOLDEN / case, {"in." + extension: log_bytes(log), "out.jxl": fill().bytes(),
-                                    "notes.txt": notes}, check)
+        cases[GOLDEN / case] = {"in." + extension: log_bytes(log), "out.jxl": fill().bytes(),
+                                "notes.txt": notes}
     for case, (log, text) in REFUSED.items():
-        good &= write(GOLDEN / "raw-to-jxl" / ("refused-" + case),
-                      {"in.raw": log_bytes(log), "messages.txt": text.encode(), "notes.txt": notes}, check)
-    if not good:
-        sys.exit("the golden cases of raw to JobXML differ from what this script works out")
+        cases[GOLDEN / "raw-to-jxl" / ("refused-" + case)] = {
+            "in.raw": log_bytes(log), "messages.txt": text.encode(), "notes.txt": notes}
+    settle(cases)
 
 
 if __name__ == "__main__":

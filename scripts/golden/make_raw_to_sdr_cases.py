@@ -7,7 +7,8 @@ Run it to write the folders again, or with --check to compare them.
 """
 import math
 import pathlib
-import sys
+
+from case_files import settle
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 GOLDEN = ROOT / "tests" / "golden"
@@ -301,22 +302,13 @@ REFUSED = {
 }
 
 
-def write(folder, files, check):
-    folder.mkdir(parents=True, exist_ok=True)
-    same = True
-    for name, text in files.items():
-        data = text.encode("cp1252")
-        if check:
-            same &= (folder / name).read_bytes() == data
-        else:
-            (folder / name).write_bytes(data)
-    return same
+def encoded(files):
+    return {name: text.encode("cp1252") for name, text in files.items()}
 
 
 def main():
-    check = "--check" in sys.argv
-    good = True
     notes = "Worked out by make_raw_to_sdr_cases.py.\n"
+    cases = {}
     for version, route in ((33, "raw-to-sdr33"), (2, "raw-to-sdr2")):
         for name, (log, fill, messages) in CASES.items():
             if version == 2 and name == "records-that-lack-fields":
@@ -327,12 +319,11 @@ def main():
                      "notes.txt": notes}
             if messages:
                 files["messages.txt"] = messages
-            good &= write(GOLDEN / route / name, files, check)
+            cases[GOLDEN / route / name] = encoded(files)
     for name, (log, messages) in REFUSED.items():
-        good &= write(GOLDEN / "raw-to-sdr2" / name,
-                      {"in.raw": log, "messages.txt": messages, "notes.txt": notes}, check)
-    if not good:
-        sys.exit("the golden cases of raw to SDR differ from what this script works out")
+        cases[GOLDEN / "raw-to-sdr2" / name] = encoded(
+            {"in.raw": log, "messages.txt": messages, "notes.txt": notes})
+    settle(cases)
 
 
 if __name__ == "__main__":

@@ -8,7 +8,8 @@ direction numerically along straights, arcs and spirals (curvature constant or l
 """
 import math
 import pathlib
-import sys
+
+from case_files import settle
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 ROADS = ROOT / "tests" / "roads"
@@ -435,24 +436,11 @@ def ridge_road():
 CASES = [ridge_road, elements, gons_from_south, profiles, templates, edges_of_superelevation, sparse]
 
 
-def main():
-    check = sys.argv[1:] == ["--check"]
-    unlike = []
-    for case in CASES:
-        folder = ROADS / case.__name__.replace("_", "-")
-        dc, files = case()
-        for file, lines in {"in.dc": dc, **files}.items():
-            data = "".join(line + "\r\n" for line in lines).encode("cp1252")
-            path = folder / file
-            if check and (not path.exists() or path.read_bytes() != data):
-                unlike.append(str(path))
-            elif not check:
-                folder.mkdir(exist_ok=True)
-                path.write_bytes(data)
-    for path in unlike:
-        print("unlike:", path)
-    return 1 if unlike else 0
+def files_of(case):
+    dc, files = case()
+    return {name: "".join(line + "\r\n" for line in lines).encode("cp1252")
+            for name, lines in {"in.dc": dc, **files}.items()}
 
 
 if __name__ == "__main__":
-    sys.exit(main())
+    settle({ROADS / case.__name__.replace("_", "-"): files_of(case) for case in CASES})
