@@ -61,6 +61,7 @@ int Run(std::vector<std::string> arguments) {
   CLI::App app("Converts land-survey field data between file types.", "zelconvert");
   app.set_version_flag("--version", "zelconvert " ZELCONVERT_VERSION);
   app.require_subcommand(1);
+  app.allow_windows_style_options(false);  // "/data/a.job" and "//server/a.job" are paths
   app.footer(kFooter);
   AddConvertCommand(app, exitCode);
   AddDetectCommand(app, exitCode);

@@ -92,6 +92,12 @@ class HostTest(unittest.TestCase):
                 self.doCleanups()
         self.setUp()
 
+    # Where options may begin with "/" as well, such a path must not be taken for one.
+    def test_paths_from_the_root(self):
+        folder = pathlib.Path(self.folder).resolve().as_posix()
+        self.check(["convert", folder + "/a.job", folder + "/out.cr5"], 0, ["out.cr5"], [])
+        self.check(["import-cr5", folder + "/list.cr5", folder + "/out.job"], 0, ["out.cr5", "out.job"], [])
+
     def test_json(self):
         converted = json.loads(self.run_host(["convert", "a.job", "out.dc", "--json"]).stdout)
         self.assertEqual(
