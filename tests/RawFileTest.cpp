@@ -440,7 +440,22 @@ TEST(Angles, AreNormalizedAndConverted) {
   EXPECT_EQ(ConvertAngleUnit(kRawGons, kRawGons, 90), 90);
   EXPECT_EQ(ConvertAngleUnit(5, kRawGons, 90), 90);
   EXPECT_EQ(ConvertAngleUnit(kRawGons, kRawDegrees, DC_NULL), DC_NULL);
-  EXPECT_EQ(ConvertAngleUnit(kRawGons, kRawDegrees, -99900000), -99900000);
+  EXPECT_EQ(NormalizeZenith(-DmsToDegrees(0), kRawDegrees), 0);
+  EXPECT_EQ(NormalizeZenith(90 - DmsToDegrees(90), kRawDegrees), 0);
+  EXPECT_EQ(NormalizeZenith(-259.5, kRawDegrees), 100.5);
+  EXPECT_EQ(NormalizeZenith(-1, kRawGons), 399);
+  EXPECT_EQ(NormalizeZenith(-1e-8, kRawDegrees), 360 - 1e-8);
+}
+
+TEST(Angles, PassNull) {
+  for (const double null : {DC_NULL, kNullLimit}) {
+    EXPECT_EQ(DmsToDegrees(null), null);
+    EXPECT_EQ(DmsToDegreesSigned(null), null);
+    EXPECT_EQ(NormalizeDegrees(null), null);
+    EXPECT_EQ(NormalizeZenith(null, kRawGons), null);
+    EXPECT_EQ(ConvertAngleUnit(kRawGons, kRawDegrees, null), null);
+  }
+  EXPECT_TRUE(IsNull(ParseBearing(L"", kRawGons)));
 }
 
 TEST(Angles, AreReadFromBearings) {

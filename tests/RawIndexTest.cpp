@@ -4,6 +4,7 @@
 #include <optional>
 #include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "TempDir.h"
@@ -71,8 +72,10 @@ bool ReadsOn(const Lines& lines, std::size_t at) {
   return false;
 }
 
-std::optional<double> ReadsHeight(const Lines& lines, std::size_t at, bool traverse,
-                                  const std::string& name) {
+// The height as the LS says it, and the unit of the MO in force there; a bad MO counts for nothing.
+using HeightAndUnit = std::pair<double, std::int32_t>;
+std::optional<HeightAndUnit> ReadsHeight(const Lines& lines, std::size_t at, bool traverse,
+                                         const std::string& name) {
   for (++at; at < lines.size() && !IsShot(TagOf(lines[at])); ++at) {
     if (TagOf(lines[at]) == "OC" &&
         (!traverse || lines[at].find(",OP" + name + ",") == std::string::npos)) {
@@ -80,7 +83,11 @@ std::optional<double> ReadsHeight(const Lines& lines, std::size_t at, bool trave
     }
     if (TagOf(lines[at]) != "LS") continue;
     if (lines[at].size() < 4) break;  // a bad one
-    return std::stod(lines[at].substr(5));
+    std::int32_t unit = kNoDistanceUnit;
+    for (std::size_t i = 0; i < at; ++i) {
+      if (lines[i].starts_with("MO,AD0,UN")) unit = lines[i][9] - '0';
+    }
+    return HeightAndUnit(std::stod(lines[at].substr(5)), unit);
   }
   return std::nullopt;
 }
@@ -102,7 +109,10 @@ TEST(RawIndex, AnswersAsAReaderThatReadsAhead) {
                          "OC,OPb,N 1,E 1,EL1,--",
                          "BK",
                          "LS,HI1.5,HR1",
-                         "LS,HI2.5,HR1",
+                         "LS,HI2.5",
+                         "MO,AD0,UN2,SF1,EC0,EO0",
+                         "MO,AD0,UN1,SF1,EC0,EO0",
+                         "MO,UN0",
                          "LS",
                          "SS",
                          "TR",
@@ -121,7 +131,7 @@ TEST(RawIndex, AnswersAsAReaderThatReadsAhead) {
   for (int run = 0; run < 100; ++run) {
     Lines lines;
     const std::size_t kinds = 2 + random() % (records.size() - 1);
-    for (std::size_t i = 0; i < 40; ++i) lines.push_back(records[random() % kinds * 5 % 19]);
+    for (std::size_t i = 0; i < 40; ++i) lines.push_back(records[random() % kinds * 5 % 22]);
     RawIndex index = Build(lines);
     for (std::size_t i = 0; i < lines.size(); ++i) {
       SCOPED_TRACE(testing::Message() << "run " << run << " line " << i + 1);
@@ -138,12 +148,13 @@ TEST(RawIndex, AnswersAsAReaderThatReadsAhead) {
       const bool isSetup = tag == "OC" || tag == "BK" || tag == "TR";
       for (const bool traverse : {false, true}) {
         if (!isSetup) continue;
-        double height = -1;
         const auto expected = ReadsHeight(lines, at, traverse, "a");
-        EXPECT_EQ(
-            index.FindHeights(line, traverse ? RawRecordType::TR : RawRecordType::OC, L"a", height),
-            expected.has_value());
-        EXPECT_EQ(height, expected.value_or(-1));
+        const HeightsAhead* ahead =
+            index.FindHeights(line, traverse ? RawRecordType::TR : RawRecordType::OC, L"a");
+        ASSERT_EQ(ahead != nullptr, expected.has_value());
+        if (ahead == nullptr) continue;
+        EXPECT_EQ(HeightAndUnit(ahead->heights.instrumentHeight, ahead->distanceUnit), *expected);
+        EXPECT_EQ(ahead->hasRodHeight, expected->first != 2.5);
       }
       if (tag != "BL") continue;
       bool isControl = true;

@@ -5,11 +5,11 @@ namespace zelconvert {
 
 /// "No value" in job and DC records.
 inline constexpr double DC_NULL = -9.99e27;
-/// Readers and writers of numbers take anything not greater than this for null.
+/// Readers and writers of numbers take anything not greater than this for null, and NaN.
 inline constexpr double kNullLimit = -9.99e7;
 
 constexpr bool IsNull(double value) {
-  return value <= kNullLimit;
+  return !(value > kNullLimit);
 }
 /// The null value stands for 1 in a factor, for 0 in a sum.
 constexpr double NullToOne(double value) {

@@ -19,6 +19,7 @@ double DegreesOfDms(double dms) {
 }
 
 double Wrap(double v, double circle) {
+  if (IsNull(v)) return v;
   const double remainder = std::fmod(v, circle);
   return remainder < 0 ? remainder + circle : remainder;
 }
@@ -26,6 +27,7 @@ double Wrap(double v, double circle) {
 }  // namespace
 
 double DmsToDegrees(double v) {
+  if (IsNull(v)) return v;
   const double wrapped = std::fmod(std::fabs(v), 360);
   if (wrapped == 0) return 0;
   const double degrees = DegreesOfDms(wrapped);
@@ -33,7 +35,7 @@ double DmsToDegrees(double v) {
 }
 
 double DmsToDegreesSigned(double v) {
-  if (v == 0) return 0;
+  if (v == 0 || IsNull(v)) return v;
   const double degrees = DegreesOfDms(std::fabs(v));
   return v < 0 ? -degrees : degrees;
 }
@@ -46,15 +48,22 @@ double NormalizeGons(double v) {
   return Wrap(v, 400);
 }
 
+double NormalizeZenith(double v, std::int32_t unit) {
+  constexpr double kNoise = 1e-9;
+  const double circle = unit == kRawGons ? 400 : 360;
+  const double zenith = Wrap(v, circle);
+  return circle - zenith <= kNoise ? 0 : zenith;
+}
+
 double ConvertAngleUnit(std::int32_t to, std::int32_t from, double v) {
-  if (v == kNullLimit || v == DC_NULL) return v;
+  if (IsNull(v)) return v;
   if (from == kRawGons && to == kRawDegrees) return v / 200 * 180;
   if (from == kRawDegrees && to == kRawGons) return v / 180 * 200;
   return v;
 }
 
 double ParseBearing(std::wstring_view text, std::int32_t unit) {
-  if (text.empty()) return 0;
+  if (text.empty()) return DC_NULL;
   const wchar_t first = text.front();
   const wchar_t last = text.back();
   const std::wstring_view middle =

@@ -1,4 +1,5 @@
-// Angles of raw logs: degrees written DDD.MMSSsss, gons, and quadrant bearings.
+// Angles of raw logs: degrees written DDD.MMSSsss, gons, and quadrant bearings. A null value passes
+// through every function as it is.
 #pragma once
 
 #include <cstdint>
@@ -16,15 +17,18 @@ double DmsToDegreesSigned(double v);
 /// The remainder of `v` by a full circle, plus a full circle if that is negative.
 double NormalizeDegrees(double v);
 double NormalizeGons(double v);
+/// A zenith angle (decimal degrees, or gons if `unit` is kRawGons) in [0, full circle). What is
+/// short of a full circle by the noise of DmsToDegrees is 0: straight up, not nearly a circle.
+double NormalizeZenith(double v, std::int32_t unit);
 
-/// `v` in the unit `to` (kRawDegrees as decimal degrees, or kRawGons). Null values and unknown
-/// units leave it as it is.
+/// `v` in the unit `to` (kRawDegrees as decimal degrees, or kRawGons). Unknown units leave it as it
+/// is.
 double ConvertAngleUnit(std::int32_t to, std::int32_t from, double v);
 
 /// A quadrant bearing as an azimuth in decimal degrees, or in gons if `unit` is kRawGons. The first
 /// and the last character are the quadrant, what is between them DDD.MMSSsss in either unit:
 ///   "N23.4510E" 23.75277...   "S10.0000E" 170   "S10.0000W" 190   "N10.0000W" 350
-/// Other letters (lower-case ones as well) count as north and east; an empty text is 0.
+/// Other letters (lower-case ones as well) count as north and east; an empty text is DC_NULL.
 double ParseBearing(std::wstring_view text, std::int32_t unit);
 
 }  // namespace zelconvert

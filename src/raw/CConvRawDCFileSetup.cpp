@@ -196,12 +196,12 @@ CZelPoint CConvRawDCFile::ToPoint(const POINT_RECORD& point) const {
           m_Mode.Length(point.elevation), std::wstring(point.note)};
 }
 
-/// Takes the instrument height that goes with the setup at hand from the records behind it.
+/// Takes the instrument height that goes with the setup at hand from the records after it.
 void CConvRawDCFile::FindHeights(std::wstring_view name) {
-  double height = 0;
-  if (m_Index.FindHeights(m_nLineNumber, m_RecordType, name, height)) {
-    m_Setup.instrumentHeight = m_Mode.Length(height);
-  }
+  const HeightsAhead* ahead = m_Index.FindHeights(m_nLineNumber, m_RecordType, name);
+  if (ahead == nullptr) return;
+  m_Setup.instrumentHeight = LengthInUnit(ahead->heights.instrumentHeight,
+                                          m_Index.FirstMode().distanceUnit, ahead->distanceUnit);
 }
 
 void CConvRawDCFile::WriteStation(std::wstring_view name) {

@@ -41,7 +41,7 @@ Outcome CConvRawDCFile::OnStake() {
   pending.offsetDirection = stake.offsetDirection;
   // Under another unit the offset becomes the station, scaled once more. Readers of the DC files
   // know it so.
-  pending.offset = m_Mode.unitConflict ? m_Mode.Length(pending.station) : stake.offset;
+  pending.offset = m_Mode.HasUnitConflict() ? m_Mode.Length(pending.station) : stake.offset;
   pending.elevation = m_Mode.Length(stake.elevation);
   pending.grade = m_Mode.Length(stake.grade);
   pending.note = stake.note;

@@ -117,7 +117,11 @@ class RawToSdr {
   double Angle(double value) const { return IsDegrees() ? DmsToDegrees(value) : value; }
   double NorthAzimuth(double azimuth) const;
   double ToRadians(double angle) const { return angle * kPi / (IsGons() ? 200.0 : 180.0); }
-  double Length(double value) const { return IsUsFeet() ? value * kFeetPerUsFoot : value; }
+  double Length(double value) const { return Length(value, m_mode.distanceUnit); }
+  /// SDR files know no US survey feet: these become international feet.
+  static double Length(double value, std::int32_t unit) {
+    return unit == kRawUsSurveyFeet ? value * kFeetPerUsFoot : value;
+  }
   bool IsDegrees() const { return m_mode.angleUnit == kRawDegrees; }
   bool IsGons() const { return m_mode.angleUnit == kRawGons; }
   bool IsUsFeet() const { return m_mode.distanceUnit == kRawUsSurveyFeet; }
@@ -239,9 +243,9 @@ bool RawToSdr::OnOccupy(std::wstring_view record) {
 }
 
 void RawToSdr::FindHeights(RawRecordType type, std::wstring_view name) {
-  double height = kUnread;
-  m_index.FindHeights(m_line, type, name, height);
-  if (WasRead(height)) m_instrumentHeight = Length(height);
+  const HeightsAhead* ahead = m_index.FindHeights(m_line, type, name);
+  if (ahead == nullptr) return;
+  m_instrumentHeight = Length(ahead->heights.instrumentHeight, ahead->distanceUnit);
 }
 
 bool RawToSdr::OnStored(std::wstring_view record) {

@@ -45,13 +45,16 @@ void ModeState::SetUnits(const MO_RECORD& mode) {
     firstUnit = unit;
     firstAngleUnit = angleUnit;
   }
-  unitConflict = unit != firstUnit;
   angleConflict = angleUnit != firstAngleUnit;
-  unitFactor = IsKnownUnit(firstUnit) && IsKnownUnit(unit) ? kUnitFactors[firstUnit][unit] : 1.0;
 }
 
 double ModeState::Length(double v) const {
-  return unitConflict && !IsNull(v) ? v * unitFactor : v;
+  return LengthInUnit(v, firstUnit, unit);
+}
+
+double LengthInUnit(double v, std::int32_t to, std::int32_t from) {
+  if (IsNull(v) || to == from || !IsKnownUnit(to) || !IsKnownUnit(from)) return v;
+  return v * kUnitFactors[to][from];
 }
 
 double ModeState::ToFirstAngleUnit(double v) const {
@@ -67,6 +70,7 @@ double ModeState::ZenithAngle(double v) const {
 }
 
 EcefPosition ModeState::GeodeticToEcef(double latitude, double longitude, double height) const {
+  if (IsNull(latitude) || IsNull(longitude) || IsNull(height)) return {DC_NULL, DC_NULL, DC_NULL};
   const double lat = latitude * (kPi / 180);
   const double lon = longitude * (kPi / 180);
   const double h = ToMetres(height, firstUnit);

@@ -41,13 +41,13 @@ struct ModeState {
   std::int32_t unit = 0;
   std::int32_t firstAngleUnit = 0;
   std::int32_t angleUnit = 0;
-  bool unitConflict = false;
   bool angleConflict = false;
-  double unitFactor = 1.0;
 
   /// Takes the units of an MO, the first one or a later one.
   void SetUnits(const MO_RECORD& mode);
 
+  /// The latest MO has another distance unit than the first.
+  bool HasUnitConflict() const { return unit != firstUnit; }
   /// A length as read, in the first unit. A null value stays.
   double Length(double v) const;
   /// Brings a length that was read to the first unit.
@@ -62,6 +62,10 @@ struct ModeState {
   /// and result in the first unit.
   EcefPosition GeodeticToEcef(double latitude, double longitude, double height) const;
 };
+
+/// A length in the unit `to`, from the unit `from`, both as codes of UN. Unknown units and a null
+/// value leave it as it is.
+double LengthInUnit(double v, std::int32_t to, std::int32_t from);
 
 /// The instrument's setup.
 struct SetupState {

@@ -40,8 +40,7 @@ void RawIndex::Add(std::wstring_view record) {
   AddHeights(kind, line, record);
   switch (kind) {
     case RawRecordType::MO:
-      if (MO_RECORD mode; !m_bHasMode && CRawFile::ParseMO(record, mode)) m_FirstMode = mode;
-      m_bHasMode = true;
+      AddMode(record);
       break;
     case RawRecordType::LM:
     case RawRecordType::LH:
@@ -74,12 +73,22 @@ void RawIndex::Add(std::wstring_view record) {
   }
 }
 
+void RawIndex::AddMode(std::wstring_view record) {
+  MO_RECORD mode;
+  const bool isGood = CRawFile::ParseMO(record, mode);
+  if (isGood && !m_bHasMode) m_FirstMode = mode;
+  if (isGood) m_nDistanceUnit = mode.distanceUnit;
+  m_bHasMode = true;
+}
+
 /// Keeps what an LS says if a setup may look for it.
 void RawIndex::AddHeights(RawRecordType kind, std::int64_t line, std::wstring_view record) {
   if (kind == RawRecordType::LS && m_bSetupOpen) {
     LS_RECORD heights;
-    const bool valid = CRawFile::ParseLS(record, heights);
-    m_Heights.push_back({line, valid, heights.instrumentHeight});
+    const bool isWhole = CRawFile::ParseLS(record, heights);
+    if (isWhole || CRawFile::GetDoubleField(record, L"HI", heights.instrumentHeight)) {
+      m_Heights.push_back({line, heights, isWhole, m_nDistanceUnit});
+    }
   }
   if (kSetupKinds.Contains(kind)) {
     m_bSetupOpen = true;
@@ -135,22 +144,18 @@ bool RawIndex::NextIsStakeDetail(std::int64_t line) const {
   return next == RawRecordType::DE || next == RawRecordType::OE;
 }
 
-bool RawIndex::FindHeights(std::int64_t line, RawRecordType type, std::wstring_view name,
-                           double& height) {
+const HeightsAhead* RawIndex::FindHeights(std::int64_t line, RawRecordType type,
+                                          std::wstring_view name) {
   for (;;) {
     line = m_NextHeights.Next(m_Kinds, line);
-    if (line > LineCount()) return false;
+    if (line > LineCount()) return nullptr;
     const RawRecordType kind = KindAt(line);
-    if (kind == RawRecordType::LS) break;
+    if (kind == RawRecordType::LS) return EntryOf(m_Heights, line);
     if (kind != RawRecordType::OC || type != RawRecordType::TR ||
         m_AskedNames.Find(name) != EntryOf(m_Occupied, line)->name) {
-      return false;
+      return nullptr;
     }
   }
-  const Heights* heights = EntryOf(m_Heights, line);
-  if (heights == nullptr || !heights->valid) return false;
-  height = heights->instrumentHeight;
-  return true;
 }
 
 bool RawIndex::FindGpsPointKind(std::int64_t line, std::wstring_view name, bool& isControl) {

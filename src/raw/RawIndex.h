@@ -36,6 +36,16 @@ class RawKinds {
 inline constexpr RawKinds kShotKinds = {RawRecordType::SS, RawRecordType::TR, RawRecordType::SK,
                                         RawRecordType::OB};
 
+/// What an LS ahead says, in the distance unit that holds there.
+struct HeightsAhead {
+  std::int64_t line;
+  LS_RECORD heights;
+  bool hasRodHeight;  ///< the LS has an HR
+  std::int32_t
+      distanceUnit;  ///< UN of the latest good MO in front of it; kNoDistanceUnit: none yet
+};
+inline constexpr std::int32_t kNoDistanceUnit = -1;
+
 /// Lines are counted from 1. The look-aheads answer for the record on `line`, by the records behind
 /// it; asked in the order of the file, all of them together take linear time.
 class RawIndex {
@@ -62,10 +72,10 @@ class RawIndex {
   bool TraverseContinues(std::int64_t line);
   /// The next record is DE or OE.
   bool NextIsStakeDetail(std::int64_t line) const;
-  /// The instrument height of the LS in front of the next shot or OC; `height` stays if there is
-  /// none or it is bad. `type` is the kind of the record on `line`, OC, BK or TR: a TR looks past
-  /// an OC that names the same point as `name`.
-  bool FindHeights(std::int64_t line, RawRecordType type, std::wstring_view name, double& height);
+  /// The LS in front of the next shot or OC; null if there is none or it lacks its HI. `type` is
+  /// the kind of the record on `line`, OC, BK or TR: a TR looks past an OC that names the same
+  /// point as `name`.
+  const HeightsAhead* FindHeights(std::int64_t line, RawRecordType type, std::wstring_view name);
   /// What the next GP says of the vector to `name`. False if that GP is bad or of another name; a
   /// GS or GK in front of it, or none at all, leaves `isControl` false.
   bool FindGpsPointKind(std::int64_t line, std::wstring_view name, bool& isControl);
@@ -82,11 +92,6 @@ class RawIndex {
     RawKinds m_kinds;
     std::int64_t m_asked = 0;
     std::int64_t m_found = 0;
-  };
-  struct Heights {
-    std::int64_t line;
-    bool valid;
-    double instrumentHeight;
   };
   struct Occupied {
     std::int64_t line;
@@ -106,6 +111,7 @@ class RawIndex {
   };
 
   void Add(std::wstring_view record);
+  void AddMode(std::wstring_view record);
   void AddHeights(RawRecordType kind, std::int64_t line, std::wstring_view record);
   void AddOccupied(std::int64_t line, std::wstring_view record);
   void AddGpsPoint(std::int64_t line, std::wstring_view record);
@@ -114,12 +120,13 @@ class RawIndex {
   }
 
   std::vector<RawRecordType> m_Kinds;
-  std::vector<Heights> m_Heights;
+  std::vector<HeightsAhead> m_Heights;
   std::vector<Occupied> m_Occupied;
   std::vector<GpsPoint> m_GpsPoints;
   std::unordered_map<std::wstring, std::int64_t, NameHash, std::equal_to<>> m_DeletedPoints;
   NameSet m_AskedNames;
   MO_RECORD m_FirstMode;
+  std::int32_t m_nDistanceUnit = kNoDistanceUnit;  // of the latest good MO
   bool m_bHasMode = false;
   bool m_bSetupOpen = false;   // an OC, BK or TR, and neither LS nor shot since
   bool m_bVectorOpen = false;  // a BL, and no GP, GS or GK since
