@@ -166,7 +166,7 @@ def example(name, version):
     lines = (EXAMPLES / name).read_text("latin-1").splitlines()
     back = dms("45.1530")
     forward = back + dms("88.1245")  # to point 3, the circle at the backsight being 0
-    last = dms("266.5315")
+    last = dms("313.2815")
     made = {
         1: mode(version, "MILL CREEK", "09-14-2026 08:12", scale=0.99987),
         2: [note(lines[2][2:])],
