@@ -10,8 +10,8 @@
 #include <string>
 #include <vector>
 
-#include "DcOffice.h"
-#include "HostLists.h"
+#include "Office.h"
+#include "Surveyor.h"
 #include "TempDir.h"
 #include "dc/CDcFile.h"
 #include "platform/Platform.h"
@@ -19,135 +19,6 @@
 
 namespace zelconvert {
 namespace {
-
-constexpr double kMetresOf[] = {0.3048, 1.0, 1200.0 / 3937.0};  // by UN
-
-struct Units {
-  int distance;  // UN
-  int angle;     // AU
-};
-
-std::string Text(double value, int decimals = 12) {
-  char text[64];
-  std::snprintf(text, sizeof text, "%.*f", decimals, value);
-  return text;
-}
-
-double Wrap(double degrees) {
-  return std::fmod(std::fmod(degrees, 360) + 360, 360);
-}
-
-/// Decimal degrees as DDD.MMSSsssssss, rounded half up at the last digit.
-std::string Dms(double degrees) {
-  const auto ticks = static_cast<long long>(std::llround(Wrap(degrees) * 3600e7));
-  char text[64];
-  std::snprintf(text, sizeof text, "%lld.%02lld%09lld", ticks / 36000000000, ticks / 600000000 % 60,
-                ticks % 600000000);
-  return text;
-}
-
-/// Writes a log of observations without error.
-class Surveyor {
- public:
-  explicit Surveyor(const Points& points, const Units& units) : m_points(points) {
-    m_log << "JB,NMtraverse,DT01-02-2026,TM03:04:05\r\n";
-    SetUnits(units);
-  }
-
-  void SetUnits(const Units& units) {
-    m_units = units;
-    m_log << "MO,AD0,UN" << units.distance << ",SF1.0,EC0,EO0.0,AU" << units.angle << "\r\n";
-  }
-  void Occupy(const std::string& name) {
-    m_station = name;
-    const Point& p = m_points.at(name);
-    m_log << "OC,OP" << name << ",N " << Length(p.north) << ",E " << Length(p.east) << ",EL"
-          << Length(p.elevation) << ",--\r\n";
-  }
-  void Backsight(const std::string& name, double circle) {
-    m_backAzimuth = AzimuthTo(name);
-    m_circle = circle;
-    m_log << "BK,OP" << m_station << ",BP" << name << ",BS" << Angle(m_backAzimuth) << ",BC"
-          << Angle(circle) << "\r\n";
-  }
-  void Heights(double instrument, double rod) {
-    m_instrument = instrument;
-    m_rod = rod;
-    m_log << "LS,HI" << Length(instrument) << ",HR" << Length(rod) << "\r\n";
-  }
-  /// `form` counts through the ways of telling a direction, `vertical` through those of a height.
-  void Shoot(const char* tag, const std::string& name, int form, int vertical) {
-    m_log << tag << ",OP" << m_station << ",FP" << name << "," << Horizontal(name, form) << ","
-          << Vertical(name, vertical) << ",--\r\n";
-  }
-  /// The instrument goes to `name` and looks back; the circle reads there what it did here.
-  void Advance(const std::string& name) {
-    const std::string from = m_station;
-    m_station = name;
-    m_backAzimuth = AzimuthTo(from);
-  }
-  std::string Log() const { return m_log.str(); }
-
- private:
-  std::string Length(double metres) const { return Text(metres / kMetresOf[m_units.distance]); }
-  std::string Angle(double degrees) const {
-    return m_units.angle == 1 ? Text(Wrap(degrees) / 0.9) : Dms(degrees);
-  }
-  double AzimuthTo(const std::string& name) const {
-    const Point& from = m_points.at(m_station);
-    const Point& to = m_points.at(name);
-    return Wrap(std::atan2(to.east - from.east, to.north - from.north) * 180 / kPi);
-  }
-  std::string Horizontal(const std::string& name, int form) const {
-    const double azimuth = AzimuthTo(name);
-    switch (form % 6) {
-      case 0:
-        return "AR" + Angle(azimuth - m_backAzimuth + m_circle);
-      case 1:
-        return "AZ" + Angle(azimuth);
-      case 2:
-        return "AL" + Angle(m_backAzimuth - azimuth);
-      case 3:
-        return "DR" + Angle(azimuth - m_backAzimuth - 180);
-      case 4:
-        return "DL" + Angle(m_backAzimuth + 180 - azimuth);
-      default:
-        if (azimuth < 90) return "BRN" + Dms(azimuth) + "E";
-        if (azimuth < 180) return "BRS" + Dms(180 - azimuth) + "E";
-        if (azimuth < 270) return "BRS" + Dms(azimuth - 180) + "W";
-        return "BRN" + Dms(360 - azimuth) + "W";
-    }
-  }
-  std::string Vertical(const std::string& name, int form) const {
-    const Point& from = m_points.at(m_station);
-    const Point& to = m_points.at(name);
-    const double run = std::hypot(to.north - from.north, to.east - from.east);
-    const double rise = to.elevation + m_rod - from.elevation - m_instrument;
-    const double zenith = 90 - std::atan2(rise, run) * 180 / kPi;
-    const std::string slope = ",SD" + Length(std::hypot(run, rise));
-    if (form % 3 == 0) return "CE" + Length(rise) + ",HD" + Length(run);
-    // An angle below the horizon can't be told in degrees this way.
-    if (form % 3 == 1 && zenith <= 90) return "VA" + Angle(90 - zenith) + slope;
-    return "ZE" + Angle(zenith) + slope;
-  }
-
-  const Points& m_points;
-  std::ostringstream m_log;
-  Units m_units{};
-  std::string m_station;
-  double m_backAzimuth = 0;
-  double m_circle = 0;
-  double m_instrument = 0;
-  double m_rod = 0;
-};
-
-std::string Convert(const std::string& log) {
-  const TempDir folder;
-  const std::wstring input = folder.Write(L"in.raw", log);
-  HostLists lists;
-  EXPECT_TRUE(lists.Convert(FT_RAW, input, FT_DC1070, folder.Path(L"out.dc")));
-  return folder.Read(L"out.dc");
-}
 
 void ExpectKnown(const Points& points, const Office& office, std::size_t count) {
   EXPECT_EQ(office.shots.size(), count);
@@ -191,7 +62,7 @@ TEST_P(Traverse, ComesBackToItsPoints) {
   }
   field.Heights(1.6, 1.7);
   field.Shoot("SS", "N", 0, 1);
-  const Office office(Convert(field.Log()));
+  const Office office(ConvertLog(field.Log(), FT_DC1070));
   ExpectKnown(kPoints, office, shots + 1);
 }
 
@@ -217,7 +88,7 @@ TEST(RawToDc, BringsEveryUnitToTheFirst) {
         ++shots;
       }
     }
-    ExpectKnown(kPoints, Office(Convert(field.Log())), shots);
+    ExpectKnown(kPoints, Office(ConvertLog(field.Log(), FT_DC1070)), shots);
   }
 }
 

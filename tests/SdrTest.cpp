@@ -9,9 +9,7 @@
 #include <vector>
 
 #include "CaseFile.h"
-#include "DcOffice.h"
-#include "HostLists.h"
-#include "TempDir.h"
+#include "Office.h"
 #include "io/Clock.h"
 #include "raw/CConvRawSDRFile.h"
 
@@ -123,14 +121,6 @@ TEST(NoteMarks, AreTheFirstLettersOfAComment) {
 
 // ---- The same log by three routes
 
-std::string Convert(const std::string& raw, FileType type, const wchar_t* name) {
-  const TempDir folder;
-  const std::wstring in = folder.Write(L"in.raw", raw), out = folder.Path(name);
-  HostLists lists;
-  EXPECT_TRUE(lists.Convert(FT_RAW, in, type, out));
-  return folder.Read(name);
-}
-
 std::string Column(const std::string& line, std::size_t start) {
   const std::string text = line.substr(start, 16);
   return text.substr(std::min(text.find_first_not_of(' '), text.size()));
@@ -177,9 +167,9 @@ TEST(SdrDcAndJxl, PutPointsInOnePlace) {
            ".2233,ZE" + std::to_string(70 + i) + ".4417,SD" + std::to_string(20 + i * 31) +
            ".12345,--\n";
   }
-  const auto sdr = StationsOfSdr(Convert(raw, FT_SDR33, L"out.sdr"));
-  const auto dc = Office(Convert(raw, FT_DC, L"out.dc")).points;
-  const auto jxl = PointsOfJxl(Convert(raw, FT_JXL, L"out.jxl"));
+  const auto sdr = StationsOfSdr(ConvertLog(raw, FT_SDR33));
+  const auto dc = Office(ConvertLog(raw, FT_DC)).points;
+  const auto jxl = PointsOfJxl(ConvertLog(raw, FT_JXL));
   for (const std::string& name : names) {
     SCOPED_TRACE(name);
     ASSERT_TRUE(sdr.contains(name) && dc.contains(name) && jxl.contains(name));
@@ -214,12 +204,11 @@ std::string WithoutTrailingBlanks(const std::string& text) {
 
 TEST(SdrAndJxlDocs, ShowWhatIsMade) {
   const std::string sdr = ReadBytes("docs/formats/sdr.md");
-  EXPECT_EQ(WithoutTrailingBlanks(Convert(Block(sdr, "The log"), FT_SDR33, L"out.sdr")),
+  EXPECT_EQ(WithoutTrailingBlanks(ConvertLog(Block(sdr, "The log"), FT_SDR33)),
             Block(sdr, "becomes, in SDR33"));
   const std::string jxl = ReadBytes("docs/formats/jxl.md");
   const std::string shot = Block(jxl, "gives for its shot");
-  const std::string made =
-      WithoutTrailingBlanks(Convert(Block(jxl, "The log"), FT_JXL, L"out.jxl"));
+  const std::string made = WithoutTrailingBlanks(ConvertLog(Block(jxl, "The log"), FT_JXL));
   EXPECT_NE(made.find(shot), made.npos) << made;
   EXPECT_GT(shot.size(), 1000u);
 }
