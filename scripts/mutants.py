@@ -1,0 +1,259 @@
+#!/usr/bin/env python3
+"""Breaks the code one place at a time and tells which faults the tests don't notice.
+
+Run by scripts/mutants.sh; tests/mutants/README.md tells how the lists look. A mutant is a copy of one
+file with one text replaced. Only that file (for a header: what includes it) is compiled again, and the
+core, a shared library here, linked; the tests load it as they are. The sources are never touched.
+"""
+
+import argparse
+import concurrent.futures
+import dataclasses
+import functools
+import json
+import os
+import pathlib
+import re
+import resource
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+
+TOP = pathlib.Path(__file__).resolve().parents[1]
+LISTS = TOP / "tests" / "mutants"
+BUILD = TOP / "build" / "mutants"
+CORE, HOST = "libzelconvert_core.so", "cli/zelconvert"  # what is linked again
+ALLOWED = 0.05  # share of survivors
+CONFIGURE = [
+    "-G", "Ninja", "--log-level=WARNING", "-DCMAKE_BUILD_TYPE=None", "-DCMAKE_CXX_FLAGS=-O0 -fPIC",
+    "-DZELCONVERT_BUILD_TESTS=ON", "-DZELCONVERT_SHARED_CORE=ON", "-DCMAKE_EXPORT_COMPILE_COMMANDS=ON",
+    # The core calls its own functions, broken ones too, also where a test has a copy of an inline one.
+    "-DCMAKE_SHARED_LINKER_FLAGS=-Wl,-Bsymbolic,-z,defs",
+    "-DCMAKE_SKIP_BUILD_RPATH=ON",  # LD_LIBRARY_PATH alone says which core a test loads
+]
+
+
+class Unusable(Exception):
+    """The mutant says nothing: its text isn't there, or it can't be built."""
+
+
+@dataclasses.dataclass
+class Mutant:
+    place: str  # list and line
+    path: str
+    tests: list
+    old: list = dataclasses.field(default_factory=list)
+    new: list = dataclasses.field(default_factory=list)
+    reason: str = ""  # why it can't be noticed
+
+    def source(self):
+        """The text of the file with the fault."""
+        text = (TOP / self.path).read_text(encoding="utf-8")
+        found = list(re.finditer(r"[ \t]*\n[ \t]*".join(map(re.escape, self.old)), text))
+        if not self.old or len(found) != 1:
+            raise Unusable(f"its text stands {len(found)} times in the file")
+        return text[: found[0].start()] + "\n".join(self.new) + text[found[0].end() :]
+
+    def chosen(self, filters):
+        name = pathlib.Path(self.path).name
+        stem, line = pathlib.Path(self.place.split(":")[0]).stem, self.place.split(":")[1]
+        return not filters or any(
+            each in (stem, f"{stem}:{line}", name) or self.path.startswith(each) for each in filters)
+
+
+def read_list(path):
+    mutants, current = [], None
+    for number, line in enumerate(path.read_text(encoding="utf-8").splitlines(), 1):
+        mark, rest = line[:1], line[1:].strip()
+        if not line.strip():
+            current = None
+        elif mark == "#":
+            continue
+        elif current is None:
+            file, _, tests = line.partition("|")
+            current = Mutant(f"{path.relative_to(TOP)}:{number}", file.strip(), tests.split())
+            mutants.append(current)
+        elif mark in "-+":
+            (current.old if mark == "-" else current.new).append(rest)
+        elif mark == "=" and rest.startswith(("equivalent: ", "unreachable: ")):
+            current.reason = rest
+        else:
+            sys.exit(f"{path}:{number}: not a line of a mutant")
+    return mutants
+
+
+def output_of(*command, **options):
+    return subprocess.run(command, check=True, text=True, stdout=subprocess.PIPE, **options).stdout
+
+
+def programs_of(tests):
+    """What must be built for them; ctest doesn't tell the command of a test that isn't built."""
+    text = "".join(path.read_text() for path in BUILD.glob("*/CTestTestfile.cmake"))
+    commands = dict(re.findall(r"add_test\(\W*(\w+)\W* (.*)\)", text))
+    if unknown := tests - commands.keys():
+        sys.exit(f"there is no test {', '.join(unknown)}")
+    return sorted({word for test in tests for word in re.findall(rf'"{BUILD}/([^"]+)"', commands[test])})
+
+
+class Build:
+    """The build that all mutants start from, and what it says about itself."""
+
+    def __init__(self, mutants):
+        subprocess.run(["cmake", "-S", TOP, "-B", BUILD, *CONFIGURE], check=True, stdout=subprocess.DEVNULL)
+        tests = {test.partition(":")[0] for mutant in mutants for test in mutant.tests}
+        subprocess.run(["ninja", "-C", BUILD, "--quiet", CORE, HOST, *programs_of(tests)], check=True)
+        listed = json.loads(output_of("ctest", "--show-only=json-v1", cwd=BUILD))
+        self.tests = {each["name"]: each for each in listed["tests"] if each["name"] in tests}
+        self.times = {}  # seconds of each test on the code as it is
+        self.links = {output: output_of("ninja", "-C", BUILD, "-t", "commands", "-s", output).splitlines()[-1]
+                      for output in (CORE, HOST)}
+        self.compiles = {}  # by object: what makes it
+        for each in json.loads((BUILD / "compile_commands.json").read_text()):
+            self.compiles[re.search(r" -o (\S+)", each["command"])[1]] = each
+        self.users = {}  # by path: the objects made of it
+        for line in output_of("ninja", "-C", BUILD, "-t", "deps").splitlines():
+            if not line.startswith(" "):
+                made = line.partition(":")[0]
+            elif made in self.compiles and any(f" {made} " in link for link in self.links.values()):
+                self.users.setdefault(str((BUILD / line.strip()).resolve()), []).append(made)
+
+    def run_test(self, test, folder, timeout, **options):
+        """Of "NAME" or "NAME:FILTER"; programs and libraries in `folder` stand in for those of the build."""
+        name, _, only = test.partition(":")
+        properties = {each["name"]: each["value"] for each in self.tests[name].get("properties", [])}
+        environment = dict(os.environ, LD_LIBRARY_PATH=f"{folder}:{BUILD}", TMPDIR=f"{folder}/tmp",
+                           GTEST_FAIL_FAST="1", GTEST_BRIEF="1")
+        environment.update(each.split("=", 1) for each in properties.get("ENVIRONMENT", []))
+        command = [str(stand_in) if (stand_in := folder / pathlib.Path(word).name).is_file() else word
+                   for word in self.tests[name]["command"]]
+        process = subprocess.Popen(command + ([f"--gtest_filter=*{only}*"] if only else []),
+                                   cwd=properties.get("WORKING_DIRECTORY", TOP), env=environment,
+                                   stdin=subprocess.DEVNULL, start_new_session=True, **options)
+        try:
+            process.wait(timeout)
+        except subprocess.TimeoutExpired:
+            pass
+        finally:
+            if process.returncode is None:
+                os.killpg(process.pid, signal.SIGKILL)
+                process.wait()
+        if process.returncode == 127:
+            raise Unusable("the tests can't load it")
+        return process.returncode
+
+    def check_tests(self, mutants, folder):
+        """On the code as it is every test must pass, or its failure says nothing about a mutant."""
+        for test in sorted({test for mutant in mutants for test in mutant.tests}):
+            start = time.monotonic()
+            with tempfile.TemporaryFile("w+") as output:
+                (folder / "tmp").mkdir(exist_ok=True)
+                code = self.run_test(test, folder, 600, stdout=output, stderr=subprocess.STDOUT)
+                output.seek(0)
+                text = output.read()
+            if code != 0 or "\n[==========] 0 tests" in text:
+                sys.exit(f"{text}\n{test} doesn't pass, or has no test, on the code as it is")
+            self.times[test] = time.monotonic() - start
+
+    def make(self, mutant, folder):
+        """Leaves what the mutant makes different in `folder`."""
+        copy = folder / "copy" / mutant.path
+        copy.parent.mkdir(parents=True)
+        copy.write_text(mutant.source(), encoding="utf-8")
+        users = self.users.get(str(TOP / mutant.path))
+        if not users:
+            raise Unusable("nothing here is made of this file")
+        links = dict(self.links)
+        for number, made in enumerate(users):
+            includes = "".join(f" -I{folder}/copy/{each}" for each in ("include", "src", ""))
+            compile_it = self.compiles[made]["command"].replace(" ", includes + " ", 1)
+            compile_it = compile_it.replace(f" -c {TOP / mutant.path}", f" -c {copy}")
+            run(compile_it.replace(f" -o {made} ", f" -w -o {folder}/{number}.o "))
+            for output in links:
+                links[output] = links[output].replace(f" {made} ", f" {folder}/{number}.o ")
+        for output, link in links.items():
+            if link != self.links[output]:
+                run(link.replace(f" -o {output} ", f" -o {folder / pathlib.Path(output).name} "))
+
+    def noticed_by(self, mutant):
+        """The test that fails, or None."""
+        with tempfile.TemporaryDirectory(dir=BUILD, prefix="mutant-") as name:
+            folder = pathlib.Path(name)
+            self.make(mutant, folder)
+            (folder / "tmp").mkdir()
+            for test in mutant.tests:
+                timeout = 30 + 20 * self.times[test]  # an endless loop is noticed too
+                if self.run_test(test, folder, timeout, stdout=subprocess.DEVNULL,
+                                 stderr=subprocess.DEVNULL) != 0:
+                    return test
+        return None
+
+
+def run(command):
+    done = subprocess.run(command, shell=True, cwd=BUILD, text=True, capture_output=True)
+    if done.returncode != 0:
+        raise Unusable("it can't be built:\n" + done.stdout + done.stderr)
+
+
+def result_of(build, mutant):
+    """What to print, and whether the mutant is "noticed", "survives" or is "unusable"."""
+    where = f"{mutant.place}: {mutant.path}"
+    try:
+        test = build.noticed_by(mutant)
+    except Unusable as why:
+        return "unusable", f"UNUSABLE {where}: {why}"
+    if test is None:
+        return "survives", f"SURVIVES {where}: {mutant.reason or '; '.join(mutant.new) or 'deleted'}"
+    return "noticed", f"noticed  {where} by {test}" + (f", though {mutant.reason}" if mutant.reason else "")
+
+
+def main():
+    parser = argparse.ArgumentParser(prog="scripts/mutants.sh")
+    parser.add_argument("--jobs", type=int, default=os.cpu_count(), help="mutants at a time")
+    parser.add_argument("--list", action="store_true", help="print the mutants, run nothing")
+    parser.add_argument("filters", metavar="FILTER", nargs="*",
+                        help="a list (roads), a mutant (roads:12), a file or a folder (src/dc/)")
+    options = parser.parse_args()
+    mutants = [mutant for path in sorted(LISTS.glob("*.txt")) for mutant in read_list(path)
+               if mutant.chosen(options.filters)]
+    if options.list:
+        for mutant in mutants:
+            print(f"{mutant.place}: {mutant.path} | {' '.join(mutant.tests)}")
+        return 0
+    # A fault may allocate or write without end.
+    resource.setrlimit(resource.RLIMIT_AS, (4 << 30, 4 << 30))
+    resource.setrlimit(resource.RLIMIT_FSIZE, (1 << 30, 1 << 30))
+    resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
+    start = time.monotonic()
+    build = Build(mutants)
+    with tempfile.TemporaryDirectory(dir=BUILD, prefix="mutant-") as folder:
+        build.check_tests(mutants, pathlib.Path(folder))
+    results = {"noticed": [], "survives": [], "unusable": []}
+    with concurrent.futures.ThreadPoolExecutor(options.jobs) as pool:
+        for mutant, (kind, text) in zip(mutants, pool.map(functools.partial(result_of, build), mutants)):
+            print(text, flush=True)
+            results[kind].append((mutant, text))
+    return summary(results, bool(options.filters), time.monotonic() - start)
+
+
+def summary(results, is_part, seconds):
+    noticed, survives, unusable = results["noticed"], results["survives"], results["unusable"]
+    unexplained = [text for mutant, text in survives if not mutant.reason]
+    wrong = [text for mutant, text in noticed if mutant.reason]
+    for title, texts in (("survive, with a reason", [text for mutant, text in survives if mutant.reason]),
+                         ("survive without a reason", unexplained), ("noticed in spite of a reason", wrong),
+                         ("unusable", [text for _, text in unusable])):
+        if texts:
+            print(f"\n{title}:", *texts, sep="\n")
+    total = len(noticed) + len(survives)
+    share = len(survives) / max(total, 1)
+    print(f"\n{total} mutants, {len(noticed)} noticed, {len(survives)} survive ({share:.1%}), "
+          f"{len(unexplained)} of them without a reason; {len(unusable)} unusable; "
+          f"{int(seconds) // 60} min {int(seconds) % 60} s")
+    too_many = share > ALLOWED and not is_part
+    return 1 if too_many or unexplained or wrong or unusable else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
