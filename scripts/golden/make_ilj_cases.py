@@ -14,7 +14,6 @@ from case_files import settle
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 GOLDEN = ROOT / "tests" / "golden"
 EXAMPLES = ROOT / "examples"
-NULL = -9.99e27
 PI = math.pi
 FEET, US_FEET = 3.280839895013123, 3.280833333333333
 FOOT, US_FOOT = 0.3048, 0.30480060960121924
@@ -123,7 +122,7 @@ def vector(a, b, az, h, v, code="", method="1", kind="1"):
 
 
 def laser(name, az, zenith, s, decl, code="", method="1", kind="1"):
-    return "85KI%16s%s%s%s%16.5f%16s%s%s" % (name, n9(az), n9(zenith), n5(s), decl, code, method,
+    return "85KI%16s%s%s%s%s%16s%s%s" % (name, n9(az), n9(zenith), n5(s), n5(decl), code, method,
                                              kind)
 
 
@@ -323,15 +322,15 @@ case("ilj-to-dc", "lasers",
      "formula.",
      ilj_bytes(jobmo(), rec("PRJCG", "PJAZ:1 PJGO:1"), *lasers),
      dc(*head(), "78NM11", laser("L", deg(PI / 2 - 1), 90, 5, deg(PI / 2 - 0.25)),
-        laser("L", deg(PI / 2 - 1), 90, 5, beyond), laser("L", None, 90, 5, NULL),
-        laser("L", deg(PI / 2 - 1), 90, 5, deg(PI / 2 + 0.25)), laser("L", None, 90, 5, NULL)))
+        laser("L", deg(PI / 2 - 1), 90, 5, beyond), laser("L", None, 90, 5, None),
+        laser("L", deg(PI / 2 - 1), 90, 5, deg(PI / 2 + 0.25)), laser("L", None, 90, 5, None)))
 case("ilj-to-dc", "no-azimuth-rule", "Without a PRJCG, or after a bad one, no azimuth is known.",
      ilj_bytes(jobmo(),
                rec("OSTGD", "DERV:F1 OCPT:P1 PTNM:P4 SDST:100 ANGV:-0.25 ANGA:1 CDOR:1 CDCL:1"),
                rec("OSTGV", "DERV:F1 OCPT:P1 PTNM:P5 ANGA:6 HDST:50 VDST:-5 CDOR:1 CDCL:1"),
                lasers[0]),
      dc(*head(), seen("F1", "P1", "P4", 100, None, deg(PI / 2 + 0.25)),
-        vector("P1", "P5", None, 50, -5), laser("L", None, 90, 5, NULL)))
+        vector("P1", "P5", None, 50, -5), laser("L", None, 90, 5, None)))
 tails = [("OSTGD", "F1", "OCPT:ABCDEFGHIJKLMNOP PTNM:B SDST:5 ANGV:0",
           seen("F1", "ABCDEFGHIJKLMNOP", "B", 5, None, 90, "eventeen letters", ":", ":")),
          ("OSTGD", "K", "OCPT:A PTNM:B SDST:5 ANGV:0",

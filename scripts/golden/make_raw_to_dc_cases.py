@@ -61,7 +61,7 @@ def job(name, scale_flag=1, grid_flag=1):
 
 
 def e4(value=0.0):
-    return "E4NM%16s%10s%16s %16.5f%16s%16s%16s%16s" % ("", "", "", value, "", "", "", "")
+    return "E4NM%16s%10s%16s %16s%16s%16s%16s%16s" % ("", "", "", n5(value), "", "", "", "")
 
 
 def cogo(version, azimuth=1):
@@ -91,7 +91,7 @@ def p69(name, north, east, elevation, code, cls="1"):
 
 
 def station(name, height):
-    return "E0NM%16s%-16s%16s1" % (name, ("%16.5f" % float(height))[:16], "1.0")
+    return "E0NM%16s%16s%16s1" % (name, n5(height), "1.0")
 
 
 def rod(height):
@@ -355,7 +355,7 @@ def add_setups():
          [p69("a point of 21 signs..", 1, 2, 3, "f 33 characters.")]),
         ("SP,PN30,N 1,E 2,EL,--open", [p69("30", 1, 2, NULL, "open")]),
     ], "An OC or BK that another follows before a shot is left out; \"0\" is a backsight without a "
-       "name; a new HI restates the setup. A null height is cut to 16 columns with its sign.")
+       "name; a new HI restates the setup. An empty height is blank.")
     add("raw", "dc77", "no-occupy", head + [
         ("BK,OP1,BP2,BS1.0000,BC0.0000", [station("1", 1.25)] + orientation("1", "2", 1, 0, 0)),
         ("LS,HI1.25,HR1", [rod(1)]),
@@ -373,7 +373,7 @@ def add_setups():
         ("MO,AD0,UN7,SF,EC0,EO,AU9", [
             header(3, " "), job(""), e4(NULL), cogo(3)] + no_system(NULL)),
     ], "Records ahead of the first MO go out at once, so the header isn't the first line. A unit "
-       "that isn't known is digit 1; an empty SF is blank, an empty EO printed.")
+       "that isn't known is digit 1; an empty SF or EO is blank.")
 
 
 def metres(version, name):

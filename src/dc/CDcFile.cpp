@@ -387,7 +387,7 @@ bool CDcFile::WriteAntennaOffset(const tDC_ANTENNA_OFFSETRecord& record) {
 }
 
 bool CDcFile::WriteAntennaMeasurement(const tDC_ANTENNA_MEASUREMENTRecord& record) {
-  if (record.value4 == DC_NULL) return WriteFixed(kAntennaMeasurementColumnsNull, record);
+  if (IsNull(record.value4)) return WriteFixed(kAntennaMeasurementColumnsNull, record);
   return WriteFixed(kAntennaMeasurementColumns, record);
 }
 
@@ -396,13 +396,15 @@ bool CDcFile::WriteStakedValue(const tDC_STAKED_VALUERecord& record) {
 }
 
 bool CDcFile::WriteDesignSlope(const tDC_DESIGN_SLOPERecord& record) {
+  if (IsNull(record.slope)) return WriteFixed(kDesignSlopeColumnsNull, record);
   return WriteFixed(kDesignSlopeColumns, record);
 }
 
 bool CDcFile::WriteCatchPoint(const tDC_CATCH_POINTRecord& record) {
   tDC_CATCH_POINTRecord filled = record;
   filled.slope =
-      std::sqrt(record.horizontal * record.horizontal + record.vertical * record.vertical);
+      Computed(std::sqrt(record.horizontal * record.horizontal + record.vertical * record.vertical),
+               record.horizontal, record.vertical);
   return WriteFixed(kCatchPointColumns, filled);
 }
 

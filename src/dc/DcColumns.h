@@ -442,7 +442,7 @@ inline constexpr Column<tDC_ANTENNA_MEASUREMENTRecord> kAntennaMeasurementColumn
 };
 static_assert(Abut(kAntennaMeasurementColumns));
 
-// With `value4` exactly DC_NULL.
+// Without `value4`.
 inline constexpr Column<tDC_ANTENNA_MEASUREMENTRecord> kAntennaMeasurementColumnsNull[] = {
     {4, 16, &tDC_ANTENNA_MEASUREMENTRecord::value1, 5},
     {20, 16, &tDC_ANTENNA_MEASUREMENTRecord::value2, 5},
@@ -468,6 +468,19 @@ inline constexpr Column<tDC_DESIGN_SLOPERecord> kDesignSlopeColumns[] = {
     {86, 4, kBlank},
 };
 static_assert(Abut(kDesignSlopeColumns));
+
+// Without `slope`.
+inline constexpr Column<tDC_DESIGN_SLOPERecord> kDesignSlopeColumnsNull[] = {
+    {4, 16, &tDC_DESIGN_SLOPERecord::name},
+    {20, 1, &tDC_DESIGN_SLOPERecord::side},
+    {21, 1, Always{L"0"}},
+    {22, 16, kBlank},
+    {38, 16, kBlank},
+    {54, 16, kBlank},
+    {70, 16, &tDC_DESIGN_SLOPERecord::value, 5, kPlain},
+    {86, 4, kBlank},
+};
+static_assert(Abut(kDesignSlopeColumnsNull));
 
 inline constexpr Column<tDC_CATCH_POINTRecord> kCatchPointColumns[] = {
     {4, 16, &tDC_CATCH_POINTRecord::value1, 5, kPlain},

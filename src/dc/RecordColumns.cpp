@@ -88,7 +88,9 @@ void WriteInteger(std::wstring& line, std::int32_t value, IntegerForm form, int 
 }
 
 void WriteReal(std::wstring& line, double value, int decimals, RealForm form, int width) {
-  if (form == RealForm::Nullable) return AppendDcNumber(line, value, decimals, width);
+  if (IsNull(value) || form == RealForm::Nullable) {
+    return AppendDcNumber(line, value, decimals, width);
+  }
   const auto columns = static_cast<std::size_t>(width);
   const std::size_t start = line.size();
   AppendFixed(line, value, decimals, columns);

@@ -33,11 +33,10 @@ inline constexpr TextForm kKeepFirst = 2;  ///< too long: the first characters s
 inline constexpr TextForm kKeepLast = 4;   ///< too long: the last characters stay
 inline constexpr TextForm kTrimmed = 8;    ///< read without white space at both ends
 
-/// How a real number sits in its column. All are right-justified.
+/// How a real number sits in its column. All are right-justified, and null is written blank.
 enum class RealForm : std::uint8_t {
-  Nullable,  ///< null is written blank and blank is read as null; too long: the first characters
-             ///< stay
-  Plain,     ///< every value is written, in full; blank is read as 0
+  Nullable,  ///< blank is read as null; too long: the first characters stay
+  Plain,     ///< written in full; blank is read as 0
   PlainCut,  ///< as Plain, but too long: the first characters stay
 };
 inline constexpr RealForm kPlain = RealForm::Plain;
@@ -117,7 +116,7 @@ constexpr bool Abut(const Column<R> (&columns)[N], int start = 4) {
 }
 
 /// Appends a DC number in 16 columns: blank for a value not above -9.99e7, else what "%16.*f"
-/// gives, cut to its first 16 characters. NaN is printed.
+/// gives, cut to its first 16 characters.
 void AppendDcNumber(std::wstring& line, double value, int decimals, int width = 16);
 /// The same as text of its own; a null value is a single blank.
 std::wstring FormatDcNumber(double value, int decimals);

@@ -11,6 +11,11 @@ inline constexpr double kNullLimit = -9.99e7;
 constexpr bool IsNull(double value) {
   return !(value > kNullLimit);
 }
+/// `result`, which was computed from the other values: null if one of them is.
+template <class... Values>
+constexpr double Computed(double result, Values... values) {
+  return (IsNull(values) || ...) ? DC_NULL : result;
+}
 /// The null value stands for 1 in a factor, for 0 in a sum.
 constexpr double NullToOne(double value) {
   return IsNull(value) ? 1.0 : value;
