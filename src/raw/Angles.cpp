@@ -4,10 +4,12 @@
 
 #include "io/Numbers.h"
 #include "io/Units.h"
-#include "raw/RawRecords.h"
 
 namespace zelconvert {
 namespace {
+
+/// Of DmsToDegrees and what is computed with it, with a wide margin.
+constexpr double kNoise = 1e-9;
 
 /// Decimal degrees of a DDD.MMSSsss that isn't negative.
 double DegreesOfDms(double dms) {
@@ -40,6 +42,10 @@ double DmsToDegreesSigned(double v) {
   return v < 0 ? -degrees : degrees;
 }
 
+double ToRadians(double v, std::int32_t unit) {
+  return IsNull(v) ? v : v * (2 * kPi / FullCircle(unit));
+}
+
 double NormalizeDegrees(double v) {
   return Wrap(v, 360);
 }
@@ -48,11 +54,17 @@ double NormalizeGons(double v) {
   return Wrap(v, 400);
 }
 
+double NormalizeAngle(double v, std::int32_t unit) {
+  return Wrap(v, FullCircle(unit));
+}
+
 double NormalizeZenith(double v, std::int32_t unit) {
-  constexpr double kNoise = 1e-9;
-  const double circle = unit == kRawGons ? 400 : 360;
-  const double zenith = Wrap(v, circle);
-  return circle - zenith <= kNoise ? 0 : zenith;
+  const double zenith = NormalizeAngle(v, unit);
+  return FullCircle(unit) - zenith <= kNoise ? 0 : zenith;
+}
+
+bool IsFaceTwo(double zenith, std::int32_t unit) {
+  return NormalizeZenith(zenith, unit) > FullCircle(unit) / 2 + kNoise;
 }
 
 double ConvertAngleUnit(std::int32_t to, std::int32_t from, double v) {

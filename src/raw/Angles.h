@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "raw/RawRecords.h"
+
 namespace zelconvert {
 
 /// DDD.MMSSsss (12.3045 is 12 degrees 30 minutes 45 seconds) as decimal degrees in [0, 360). Wraps
@@ -14,15 +16,24 @@ double DmsToDegrees(double v);
 /// Likewise with the sign kept and nothing wrapped, for latitudes, longitudes and rotations.
 double DmsToDegreesSigned(double v);
 
+// From here on `unit` says what an angle is in: gons for kRawGons, else decimal degrees.
+
+constexpr double FullCircle(std::int32_t unit) {
+  return unit == kRawGons ? 400 : 360;
+}
+double ToRadians(double v, std::int32_t unit);
+
 /// The remainder of `v` by a full circle, plus a full circle if that is negative.
 double NormalizeDegrees(double v);
 double NormalizeGons(double v);
-/// A zenith angle (decimal degrees, or gons if `unit` is kRawGons) in [0, full circle). What is
-/// short of a full circle by the noise of DmsToDegrees is 0: straight up, not nearly a circle.
+double NormalizeAngle(double v, std::int32_t unit);
+/// Likewise for a zenith angle. What is short of a full circle by the noise of DmsToDegrees is 0:
+/// straight up, not nearly a circle.
 double NormalizeZenith(double v, std::int32_t unit);
+/// The sine of a zenith angle is below 0, by more than that noise: the telescope looks backwards.
+bool IsFaceTwo(double zenith, std::int32_t unit);
 
-/// `v` in the unit `to` (kRawDegrees as decimal degrees, or kRawGons). Unknown units leave it as it
-/// is.
+/// `v` in the unit `to`. Units other than kRawDegrees and kRawGons leave it as it is.
 double ConvertAngleUnit(std::int32_t to, std::int32_t from, double v);
 
 /// A quadrant bearing as an azimuth in decimal degrees, or in gons if `unit` is kRawGons. The first

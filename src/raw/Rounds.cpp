@@ -11,18 +11,6 @@ namespace {
 
 constexpr double kFullRadians = 6.283185307179586;
 
-double FullCircle(std::int32_t angleUnit) {
-  return angleUnit == kRawGons ? 400 : 360;
-}
-
-double Normalize(double v, std::int32_t angleUnit) {
-  return angleUnit == kRawGons ? NormalizeGons(v) : NormalizeDegrees(v);
-}
-
-double ToRadians(double v, std::int32_t angleUnit) {
-  return v * (kFullRadians / FullCircle(angleUnit));
-}
-
 double FromRadians(double v, std::int32_t angleUnit) {
   return v * (FullCircle(angleUnit) / kFullRadians);
 }
@@ -208,9 +196,9 @@ void AlignAngles(double& a, double& b) {
 double MeanDirection(double d1, double d2, std::int32_t angleUnit) {
   if (IsNull(d1) || IsNull(d2)) return DC_NULL;
   double one = ToRadians(d1, angleUnit);
-  double two = ToRadians(Normalize(d2 + FullCircle(angleUnit) / 2, angleUnit), angleUnit);
+  double two = ToRadians(NormalizeAngle(d2 + FullCircle(angleUnit) / 2, angleUnit), angleUnit);
   AlignAngles(one, two);
-  return Normalize(FromRadians((one + two) / 2, angleUnit), angleUnit);
+  return NormalizeAngle(FromRadians((one + two) / 2, angleUnit), angleUnit);
 }
 
 double MeanZenith(double z1, double z2, std::int32_t angleUnit) {
@@ -227,7 +215,7 @@ double MeanAngle(std::span<const double> angles, std::int32_t angleUnit) {
   if (!west || !east) return MeanValue(angles);
   // Turned by 100 they all lie on one side of north.
   std::vector<double> turned(angles.begin(), angles.end());
-  for (double& v : turned) v = Normalize(v + 100, angleUnit);
+  for (double& v : turned) v = NormalizeAngle(v + 100, angleUnit);
   const double mean = MeanValue(turned) - 100;
   return mean < 0 ? mean + full : mean;
 }
