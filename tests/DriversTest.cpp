@@ -9,6 +9,7 @@
 
 #include "HostLists.h"
 #include "TempDir.h"
+#include "Unprivileged.h"
 #include "cli/FileTypes.h"
 #include "front/DriverRun.h"
 #include "io/CFileCE.h"
@@ -39,7 +40,7 @@ constexpr Route kRoutes[] = {
     {FT_ILJ, L"in.ilj", "grenze.ilj", FT_DC1070},
     {FT_RAW, L"in.raw", "mill-creek-simple.raw", FT_DC, kRawMissing},
     {FT_RW5, L"in.rw5", "mill-creek-simple.raw", FT_SDR33, kRawMissing},
-    {FT_PW_RAW, L"in.pwr", "mill-creek.pwr", FT_JXL, kRawMissing},
+    {FT_PW_RAW, L"in.pwr", "mill-creek-simple.raw", FT_JXL, kRawMissing},
 };
 
 // A conversion of a route in a folder of its own.
@@ -152,6 +153,15 @@ const Failure kFailures[] = {
        EXPECT_EQ(fs::status(run.InputPath()).permissions(), before);
      }},
 #if !defined(_WIN32)
+    {"input that may not be written",
+     [](HostCall& run, const Route&) {
+       fs::permissions(run.InputPath(), fs::perms(0444));
+       fs::permissions(run.InputPath().parent_path(), fs::perms::all);
+       const Unprivileged nobody;
+       run.Convert();
+       EXPECT_TRUE(run.Converted() && fs::exists(run.OutputPath()));
+       EXPECT_TRUE(IsReadOnly(run.InputPath()));
+     }},
     {"full disk",
      [](HostCall& run, const Route&) {
        fs::create_symlink("/dev/full", run.OutputPath());

@@ -23,6 +23,9 @@ inline constexpr std::uint32_t kAccessDenyWrite = 0x0020;
 inline constexpr std::uint32_t kAccessCreate = 0x1000;      ///< made if absent, else truncated
 inline constexpr std::uint32_t kAccessNoTruncate = 0x2000;  ///< with create: keeps what is there
 
+// A file that is only to be opened, not made, and may not be written (a read-only medium, no
+// permission) is opened for reading all the same: asking for both keeps others from changing an
+// input while it is read.
 inline constexpr std::uint32_t kOpenReadOnly = 0x0020;
 inline constexpr std::uint32_t kOpenReadWrite = 0x0022;
 inline constexpr std::uint32_t kCreateOutput = 0x1022;

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "TempDir.h"
+#include "Unprivileged.h"
 #include "platform/Platform.h"
 
 namespace zelconvert::platform {
@@ -35,6 +36,22 @@ TEST(File, DeniesWritersByAnyName) {
   }
   File again;
   EXPECT_TRUE(again.Open(link, kReadWrite));
+}
+
+TEST(File, ReadsWhatMayNotBeWritten) {
+  const TempDir dir;
+  const std::wstring path = dir.Write(L"in.job", "content");
+  std::filesystem::permissions(ToPath(path), std::filesystem::perms(0444));
+  std::filesystem::permissions(dir.Folder(), std::filesystem::perms::all);
+  const Unprivileged nobody;
+  for (const std::uint32_t access : {kReadWrite, kOpenText}) {
+    File file, other;
+    char byte = 0;
+    ASSERT_TRUE(file.Open(path, access));
+    EXPECT_TRUE(file.Read(&byte, 1) == 1u && byte == 'c');
+    EXPECT_FALSE(file.Write("x", 1));
+    EXPECT_FALSE(other.Open(path, kCreateOutput));
+  }
 }
 
 TEST(File, RefusesWhatIsNoFile) {

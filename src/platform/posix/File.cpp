@@ -54,6 +54,10 @@ auto Retry(Call call) {
   return result;
 }
 
+int OpenDescriptor(const std::string& name, std::uint32_t access) {
+  return Retry([&] { return open(name.c_str(), OpenFlags(access), 0666); });
+}
+
 // Enters a file of data in the list, unless an open of it excludes this one; empties it if asked
 // to.
 bool Accept(int descriptor, std::uint32_t access) {
@@ -84,7 +88,11 @@ File::~File() {
 bool File::Open(const std::wstring& path, std::uint32_t access) {
   if (IsOpen()) return false;
   const std::string name = ToSystemPath(path);
-  const int descriptor = Retry([&] { return open(name.c_str(), OpenFlags(access), 0666); });
+  int descriptor = OpenDescriptor(name, access);
+  if (descriptor < 0 && !(access & kAccessCreate)) {
+    access = kOpenReadOnly;
+    descriptor = OpenDescriptor(name, access);
+  }
   if (descriptor < 0) return false;
   if (!Accept(descriptor, access)) {
     close(descriptor);

@@ -24,6 +24,14 @@ DWORD Disposition(std::uint32_t access) {
   return (access & kAccessNoTruncate) ? OPEN_ALWAYS : CREATE_ALWAYS;
 }
 
+// Sharing for reading denies writers; sharing for deletion lets a failed output go while it is
+// open.
+HANDLE OpenHandle(const std::wstring& path, std::uint32_t access) {
+  return CreateFileW(ToSystemPath(path).c_str(), Rights(access),
+                     FILE_SHARE_READ | FILE_SHARE_DELETE, nullptr, Disposition(access),
+                     FILE_ATTRIBUTE_NORMAL, nullptr);
+}
+
 }  // namespace
 
 struct File::Handle {
@@ -36,13 +44,13 @@ File::~File() {
   Close();
 }
 
-// Sharing for reading denies writers; sharing for deletion lets a failed output go while it is
-// open.
 bool File::Open(const std::wstring& path, std::uint32_t access) {
   if (IsOpen()) return false;
-  m_pHandle->handle =
-      CreateFileW(ToSystemPath(path).c_str(), Rights(access), FILE_SHARE_READ | FILE_SHARE_DELETE,
-                  nullptr, Disposition(access), FILE_ATTRIBUTE_NORMAL, nullptr);
+  m_pHandle->handle = OpenHandle(path, access);
+  // A file that somebody else has open is denied, one that nobody may write isn't.
+  if (!IsOpen() && !(access & kAccessCreate) && GetLastError() != ERROR_SHARING_VIOLATION) {
+    m_pHandle->handle = OpenHandle(path, kOpenReadOnly);
+  }
   // AUX, COM1 and the like are devices in every folder and with every extension, and a road may
   // well have such a name.
   const bool isOutput = (access & kAccessCreate) != 0;
