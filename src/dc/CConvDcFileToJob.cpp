@@ -175,9 +175,7 @@ bool DcToJob::WriteLayer() {
 // Roads go into files of their own beside the job. A road that fails there doesn't stop the job: it
 // takes the roads that were met.
 bool DcToJob::ConvertRoads() {
-  const std::wstring& path = m_Job.GetFile().GetPath();
-  const std::wstring folder = GetFileName(path) == path ? L"." : GetDirectory(path);
-  ConvertDcRoads(m_Dc, m_Messages, m_Roads, folder);
+  ConvertDcRoads(m_Dc, m_Messages, m_Roads, GetFolder(m_Job.GetFile().GetPath()));
   for (const ROAD_HEADER& road : m_Roads) m_RoadsByName.emplace(road.name, &road);
   return m_Dc.SeekToBegin();
 }

@@ -63,7 +63,7 @@ void RunThroughJob(const ConvertRequest& request, ConvertOutcome& outcome) {
   outcome.reportsLists = false;
   if (platform::IsSameFile(request.input, request.output)) return;
 
-  const TemporaryJob job(GetDirectory(request.output));
+  const TemporaryJob job(GetFolder(request.output));
   StringList files, messages;
   if (!ConvertToJob(request.inputType, request.input, job.GetPath(), files, messages, FT_JOB,
                     request.units)) {

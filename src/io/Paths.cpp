@@ -28,6 +28,10 @@ std::wstring GetDirectory(std::wstring_view path) {
   return std::wstring(at == std::wstring_view::npos ? path : path.substr(0, at + 1));
 }
 
+std::wstring GetFolder(std::wstring_view path) {
+  return path.find_first_of(kSeparators) == path.npos ? L"." : GetDirectory(path);
+}
+
 std::wstring GetFileName(std::wstring_view path) {
   const std::size_t at = path.find_last_of(kSeparators);
   return std::wstring(at == std::wstring_view::npos ? path : path.substr(at + 1));

@@ -10,6 +10,8 @@ namespace zelconvert {
 bool FileExists(const std::wstring& path);
 /// Up to and including the last separator; the whole text if there is none.
 std::wstring GetDirectory(std::wstring_view path);
+/// The folder that an entry stands in, with its separator; "." for a name without one.
+std::wstring GetFolder(std::wstring_view path);
 /// Behind the last separator; the whole text if there is none.
 std::wstring GetFileName(std::wstring_view path);
 /// Before the last point; unchanged if there is none.

@@ -52,12 +52,14 @@ TEST(Text, EncodesUtf8) {
 
 TEST(Paths, SplitAtBothSeparators) {
   struct Case {
-    const wchar_t *path, *directory, *name;
+    const wchar_t *path, *directory, *folder, *name;
   };
-  for (const auto& [path, directory, name] :
-       {Case{L"C:\\jobs/a.job", L"C:\\jobs/", L"a.job"}, Case{L"a.job", L"a.job", L"a.job"},
-        Case{L"/jobs\\", L"/jobs\\", L""}, Case{L"", L"", L""}}) {
+  for (const auto& [path, directory, folder, name] :
+       {Case{L"C:\\jobs/a.job", L"C:\\jobs/", L"C:\\jobs/", L"a.job"},
+        Case{L"a.job", L"a.job", L".", L"a.job"}, Case{L"/jobs\\", L"/jobs\\", L"/jobs\\", L""},
+        Case{L"", L"", L".", L""}}) {
     EXPECT_EQ(GetDirectory(path), directory);
+    EXPECT_EQ(GetFolder(path), folder);
     EXPECT_EQ(GetFileName(path), name);
   }
 }
