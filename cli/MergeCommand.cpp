@@ -57,12 +57,13 @@ void AddMergeCommand(CLI::App& app) {
   auto* command = app.add_subcommand("merge", "Join two jobs in a new one");
   const auto arguments = AddDirectArguments(*command, {"A", "B"});
   command->footer(
-      "OUT has the settings of A, then the points, lines and roads of A, then those of B. The "
-      "scales\n"
-      "of both jobs must be equal. Points of one name are both written. Lines and road elements of "
-      "B\n"
-      "are numbered on.\n"
-      "Left out: layers, attributes of points, and the coordinate system.\n"
+      "OUT has the settings, coordinate system and layers of A, then the points, lines and roads "
+      "of A,\n"
+      "then those of B. The scales of both jobs must be equal. Points of one name are both "
+      "written.\n"
+      "Lines and roads of B are numbered on. Points on a layer that A lacks go to the layer "
+      "POINTS.\n"
+      "Left out: attributes of points.\n"
       "A job is of the first brand if its name ends in .job in lower case, else of the second.");
   command->callback([arguments] { RunDirect(*arguments, Merge); });
 }

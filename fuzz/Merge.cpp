@@ -7,7 +7,7 @@ namespace zelconvert {
 namespace {
 
 struct Found {
-  std::size_t points = 0, others = 0;
+  std::size_t points = 0, layers = 0, others = 0;
 };
 
 Found CountRecords(const std::wstring& path) {
@@ -19,7 +19,7 @@ Found CountRecords(const std::wstring& path) {
   std::uint32_t length;
   while (job.ReadNextRecordHead(kind, position, length)) {
     Require(length == InfoOf(kind).length && length > 0);
-    ++(IsPoint(kind) ? found.points : found.others);
+    ++(IsPoint(kind) ? found.points : kind == JobKind::Layer ? found.layers : found.others);
     Require(job.SkipRecord());
   }
   return found;
@@ -39,7 +39,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     MergeCounts counts;
     if (!MergeJobs(first, second, output, messages, files, &counts)) continue;
     const Found found = CountRecords(output);
-    Require(found.points % 2 == 0 && found.others % 2 == 0);
+    Require(found.points % 2 == 0 && found.others % 2 == 0 && found.layers > 0);
     Require(counts.repeated == found.points / 2 && counts.moved <= counts.repeated);
   }
   return 0;

@@ -9,78 +9,151 @@
 namespace zelconvert {
 namespace {
 
-constexpr JobKind kCopiedKinds[] = {JobKind::Point,    JobKind::PointEx,  JobKind::Record15,
-                                    JobKind::Record4,  JobKind::Record16, JobKind::Record9,
-                                    JobKind::Record10, JobKind::Record7};
+// In the second job the same but for the layers.
+constexpr JobKind kCopiedKinds[] = {JobKind::Layer,    JobKind::Point,    JobKind::PointEx,
+                                    JobKind::Record15, JobKind::Record4,  JobKind::Record16,
+                                    JobKind::Record9,  JobKind::Record10, JobKind::Record7};
 
 bool IsCopied(JobKind kind) {
   return std::ranges::find(kCopiedKinds, kind) != std::end(kCopiedKinds);
 }
 
+bool IsCopiedOfSecond(JobKind kind) {
+  return IsCopied(kind) && kind != JobKind::Layer;
+}
+
+bool HasId(JobKind kind) {
+  return kind == JobKind::Layer || kind == JobKind::Record10 || kind == JobKind::Record15 ||
+         kind == JobKind::Record16;
+}
+
+constexpr std::size_t IdOffset(JobKind kind) {
+  return kind == JobKind::Record10 ? JOB_RECORD10::kIdOffset : 0;
+}
+
+std::uint32_t LoadId(JobKind kind, std::span<const std::byte> payload) {
+  return LoadLittleEndian<std::uint32_t>(payload.data() + IdOffset(kind));
+}
+
 }  // namespace
 
 bool CJobMerger::Merge(CJobFile& output) {
-  return CopyHeader(output) && CopyRecords(m_First, output, &CJobMerger::PrepareFirst) &&
+  return CopyHeader(output) && FindIds() &&
+         (!m_Layers.insert(kDefaultLayerId).second || output.WriteLayer(DefaultLayer())) &&
+         CopyRecords(m_First, output, &CJobMerger::PrepareFirst) &&
          CopyRecords(m_Second, output, &CJobMerger::PrepareSecond);
 }
 
+// An old job has no block: then it is that of a new one.
 bool CJobMerger::CopyHeader(CJobFile& output) {
   JOB_HEADER first, second;
+  CoordBlock block;
   return m_First.ReadJobHeader(first) && m_Second.ReadJobHeader(second) &&
-         first.scale == second.scale && output.WriteJobHeader(first) && output.SeekToEnd();
+         first.scale == second.scale && output.WriteJobHeader(first) &&
+         m_First.ReadCoordBlock(block) && output.WriteCoordBlock(block) && output.SeekToEnd();
 }
 
-// prepare: told of every payload before it is written, to change it.
-bool CJobMerger::CopyRecords(CJobFile& job, CJobFile& output,
-                             void (CJobMerger::*prepare)(JobKind, Payload)) {
+// handle: called with the kind and the payload of each record of the wanted kinds; false ends the
+// walk with false.
+template <class Handler>
+bool CJobMerger::ForEachRecord(CJobFile& job, bool (*isWanted)(JobKind), Handler handle) {
   if (!job.SeekToFirstRecord()) return false;
   JobKind kind;
   std::int64_t position;
   std::uint32_t length;
   CJobFile::FixedPayload payload;
   while (job.ReadNextRecordHead(kind, position, length)) {
-    if (!IsCopied(kind)) {
+    if (!isWanted(kind)) {
       if (!job.SkipRecord()) return false;
       continue;
     }
     if (!job.ReadFixedPayload(payload)) return false;
-    const Payload used = std::span(payload).first(InfoOf(kind).length);
-    (this->*prepare)(kind, used);
-    if (!output.WriteRecord(used, static_cast<std::uint32_t>(kind))) return false;
+    if (!handle(kind, std::span(payload).first(InfoOf(kind).length))) return false;
   }
   return !job.GetFile().HasReadFailed();
 }
 
-void CJobMerger::PrepareFirst(JobKind kind, Payload payload) {
-  if (kind == JobKind::Record15) ++m_nRecords15;
-  if (kind == JobKind::Record16) ++m_nRecords16;
-  if (!IsPoint(kind)) return;
-  const POINT_DATA point = ReadPoint(payload);
-  m_Points.try_emplace(m_strName, point);
+// An element names its road by the road's id, and may stand in front of it. So the roads of the
+// second job get their ids before anything is written.
+bool CJobMerger::FindIds() {
+  const bool first = ForEachRecord(m_First, HasId, [this](JobKind kind, Payload payload) {
+    FindIdOfFirst(kind, LoadId(kind, payload));
+    return true;
+  });
+  Id road = m_nLastRoad;
+  return first && ForEachRecord(m_Second, HasId, [&](JobKind kind, Payload payload) {
+           if (kind != JobKind::Record10) return true;
+           m_RoadOfSecond.try_emplace(LoadId(kind, payload), ++road);
+           m_Roads.insert(road);
+           return true;
+         });
 }
 
-// The name goes to m_strName.
-CJobMerger::POINT_DATA CJobMerger::ReadPoint(Payload payload) {
+void CJobMerger::FindIdOfFirst(JobKind kind, Id id) {
+  if (kind == JobKind::Layer) m_Layers.insert(id);
+  if (kind == JobKind::Record15) m_nLastLine = std::max(m_nLastLine, id);
+  if (kind == JobKind::Record16) m_nLastElement = std::max(m_nLastElement, id);
+  if (kind != JobKind::Record10) return;
+  m_Roads.insert(id);
+  const auto number = static_cast<std::int32_t>(id);  // with a sign
+  if (number > static_cast<std::int32_t>(m_nLastRoad)) m_nLastRoad = id;
+}
+
+// prepare: told of every payload before it is written, to change it.
+bool CJobMerger::CopyRecords(CJobFile& job, CJobFile& output,
+                             void (CJobMerger::*prepare)(JobKind, Payload)) {
+  const auto isWanted = &job == &m_First ? IsCopied : IsCopiedOfSecond;
+  return ForEachRecord(job, isWanted, [&](JobKind kind, Payload payload) {
+    (this->*prepare)(kind, payload);
+    return output.WriteRecord(payload, static_cast<std::uint32_t>(kind));
+  });
+}
+
+// Takes a point to a layer that is there, without its attributes. The name goes to m_strName.
+CJobMerger::POINT_DATA CJobMerger::PreparePoint(JobKind kind, Payload payload) {
   const BinaryReader reader(payload);
+  const BinaryWriter writer(payload);
+  Id layer = 0;
+  reader.Field(JOB_POINT::kLayerOffset, layer);
+  if (!m_Layers.contains(layer)) writer.Field(JOB_POINT::kLayerOffset, kDefaultLayerId);
+  writer.Field(kind == JobKind::Point ? JOB_POINT::kLinkOffset : JOB_POINT_EX::kLinkOffset, Id{0});
   JOB_POINT::WalkHead(reader, m_Point);
   m_strName.clear();
   platform::AppendNarrow(m_strName, m_Point.name);
   return {m_Point.east, m_Point.north, m_Point.elevation};
 }
 
-// Points of a name that is there already are written all the same: which of two surveys is right is
-// for the surveyor to say. Lines and road elements are numbered on; where other kinds refer to them
-// is not known, so these stay as they are.
-void CJobMerger::PrepareSecond(JobKind kind, Payload payload) {
-  const BinaryWriter writer(payload);
-  if (kind == JobKind::Record15) writer.Field(0, ++m_nRecords15);
-  if (kind == JobKind::Record16) writer.Field(0, ++m_nRecords16);
+void CJobMerger::PrepareFirst(JobKind kind, Payload payload) {
   if (!IsPoint(kind)) return;
-  const POINT_DATA point = ReadPoint(payload);
+  const POINT_DATA point = PreparePoint(kind, payload);
+  m_Points.try_emplace(m_strName, point);
+}
+
+// Points of a name that is there already are written all the same: which of two surveys is right is
+// for the surveyor to say. What ids the kinds 4, 7 and 9 refer to is not known, so these stay as
+// they are.
+void CJobMerger::PrepareSecond(JobKind kind, Payload payload) {
+  if (HasId(kind)) {
+    BinaryWriter(payload).Field(IdOffset(kind), NewId(kind, LoadId(kind, payload)));
+  }
+  if (!IsPoint(kind)) return;
+  const POINT_DATA point = PreparePoint(kind, payload);
   const auto known = m_Points.find(m_strName);
   if (known == m_Points.end()) return;
   ++m_Counts.repeated;
   if (known->second != point) ++m_Counts.moved;
+}
+
+// Of two roads with one id an element has the one in front of it. An element without a road must
+// not come to have one.
+CJobMerger::Id CJobMerger::NewId(JobKind kind, Id id) {
+  if (kind == JobKind::Record15) return ++m_nLastLine;
+  if (kind == JobKind::Record10) return m_RoadOfSecond[id] = ++m_nLastRoad;
+  const auto road = m_RoadOfSecond.find(id);
+  if (road != m_RoadOfSecond.end()) return road->second;
+  do ++m_nLastElement;
+  while (m_Roads.contains(m_nLastElement));
+  return m_nLastElement;
 }
 
 bool MergeJobs(const std::wstring& firstPath, const std::wstring& secondPath,

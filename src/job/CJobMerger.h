@@ -6,6 +6,7 @@
 #include <span>
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 
 #include "convert/ConversionBase.h"
 #include "job/CJobFile.h"
@@ -19,9 +20,10 @@ struct MergeCounts {
 };
 
 /// Copies points (13, 14), lines (15), road elements (16), roads (10) and the kinds 4, 7 and 9,
-/// those of the first job before those of the second, payloads as they stand. Old forms become new
-/// ones. Layers, attribute blocks and the kinds 12 and 18 stay behind, and so does the coordinate
-/// system; a point's link to its attributes then leads nowhere.
+/// those of the first job before those of the second, and the layers (11) and the coordinate system
+/// of the first. Old forms become new ones. Attribute blocks and the kinds 12 and 18 stay behind.
+/// Ids of the second job continue those of the first; all else in a payload stays as it stands, but
+/// for a point's link to its attributes, which is 0, and a layer that the output doesn't have.
 class CJobMerger {
  public:
   /// Both open; they stay the caller's.
@@ -40,25 +42,35 @@ class CJobMerger {
     bool operator==(const POINT_DATA&) const = default;
   };
   using Payload = std::span<std::byte>;
+  using Id = std::uint32_t;
 
   bool CopyHeader(CJobFile& output);
+  template <class Handler>
+  static bool ForEachRecord(CJobFile& job, bool (*isWanted)(JobKind), Handler handle);
+  bool FindIds();
+  void FindIdOfFirst(JobKind kind, Id id);
   bool CopyRecords(CJobFile& job, CJobFile& output, void (CJobMerger::*prepare)(JobKind, Payload));
-  POINT_DATA ReadPoint(Payload payload);
+  POINT_DATA PreparePoint(JobKind kind, Payload payload);
   void PrepareFirst(JobKind kind, Payload payload);
   void PrepareSecond(JobKind kind, Payload payload);
+  Id NewId(JobKind kind, Id id);
 
   CJobFile& m_First;
   CJobFile& m_Second;
   std::unordered_map<std::string, POINT_DATA> m_Points;
-  std::uint32_t m_nRecords15 = 0;  // so far, in both jobs
-  std::uint32_t m_nRecords16 = 0;
+  std::unordered_set<Id> m_Layers;            // of the output
+  std::unordered_set<Id> m_Roads;             // of the output
+  std::unordered_map<Id, Id> m_RoadOfSecond;  // its new id
+  Id m_nLastRoad = 0;                         // given so far, like the others
+  Id m_nLastLine = 0;
+  Id m_nLastElement = 0;
   MergeCounts m_Counts;
   JOB_POINT m_Point;  // the one at hand, kept for its memory
   std::string m_strName;
 };
 
 /// Each path names a job of the brand that its exact extension ".job" stands for. The inputs must
-/// be writable and two different files. No failure has a text; the output is left as far as it got.
+/// be two different files. No failure has a text; the output is left as far as it got.
 /// messages, files: stay as they are. counts: filled if not null.
 bool MergeJobs(const std::wstring& firstPath, const std::wstring& secondPath,
                const std::wstring& outputPath, StringList& messages, StringList& files,

@@ -77,6 +77,8 @@ inline constexpr std::uint16_t kDefaultLayerFlag = 0x0001;
 /// Texts longer than their field are cut when they are written, never inside a surrogate pair.
 struct JOB_POINT {
   static constexpr JobKindInfo kInfo = InfoOf(JobKind::Point);
+  static constexpr std::size_t kLayerOffset = 92;
+  static constexpr std::size_t kLinkOffset = 96;
 
   std::wstring name;
   std::wstring description;
@@ -90,8 +92,8 @@ struct JOB_POINT {
   static void Walk(Io& io, Record& point, JobRecordForm form) {
     WalkHead(io, point);
     if (form == JobRecordForm::Old) return;  // ends before the layer
-    io.Field(92, point.layer);
-    io.Field(96, point.attributeLink);
+    io.Field(kLayerOffset, point.layer);
+    io.Field(kLinkOffset, point.attributeLink);
   }
   template <class Io, class Name>
   static void WalkName(Io& io, Name& name) {
@@ -110,16 +112,17 @@ struct JOB_POINT {
 
 struct JOB_POINT_EX : JOB_POINT {
   static constexpr JobKindInfo kInfo = InfoOf(JobKind::PointEx);
+  static constexpr std::size_t kLinkOffset = 128;
 
   std::array<std::byte, 32> further{};  ///< carried as it stands
 
   template <class Io, class Record>
   static void Walk(Io& io, Record& point, JobRecordForm form) {
     WalkHead(io, point);
-    io.Field(92, point.layer);
+    io.Field(kLayerOffset, point.layer);
     io.Bytes(96, std::span(point.further).first(form == JobRecordForm::Old ? 28 : 32));
     if (form == JobRecordForm::Old) return;
-    io.Field(128, point.attributeLink);
+    io.Field(kLinkOffset, point.attributeLink);
   }
 };
 
@@ -148,6 +151,7 @@ inline JOB_LAYER DefaultLayer() {
 /// A road: its name and where it starts.
 struct JOB_RECORD10 {
   static constexpr JobKindInfo kInfo = InfoOf(JobKind::Record10);
+  static constexpr std::size_t kIdOffset = 18;
 
   std::wstring name;    ///< up to 8 characters
   std::int32_t id = 0;  ///< running number given by the writer
@@ -160,7 +164,7 @@ struct JOB_RECORD10 {
   template <class Io, class Record>
   static void Walk(Io& io, Record& road, JobRecordForm) {
     io.Text(0, road.name, 9);
-    io.Field(18, road.id);
+    io.Field(kIdOffset, road.id);
     io.Field(22, road.value1);
     io.Bytes(30, road.reserved);
     io.Field(64, road.value2);
@@ -173,7 +177,7 @@ struct JOB_RECORD10 {
 struct JOB_RECORD16 {
   static constexpr JobKindInfo kInfo = InfoOf(JobKind::Record16);
 
-  std::uint32_t id = 0;  ///< running number given by the writer
+  std::uint32_t id = 0;  ///< of its road
   std::array<std::byte, 34> reserved{};
   double value1 = 0;  ///< metres, like the others
   std::wstring name;
