@@ -68,13 +68,8 @@ Result ConvertWithProgress(const Conversion& conversion) {
 // The library takes a read-only attribute off its input while it reads.
 void ConvertFile(const ConvertPlan& plan, bool force, Outcome& outcome) {
   const Conversion& asked = plan.conversion;
-  const fs::perms found = fs::status(plan.read).permissions();
+  platform::KeepReadOnly(plan.read);
   const StagingFolder staging(asked.output.parent_path());
-  platform::OnInterrupt([path = staging.GetPath(), read = plan.read, found] {
-    std::error_code ignored;
-    if ((found & fs::perms::owner_write) == fs::perms::none) fs::permissions(read, found, ignored);
-    fs::remove_all(path, ignored);
-  });
   Conversion staged = asked;
   staged.output = staging.GetPath() / asked.output.filename();
 

@@ -39,10 +39,6 @@ void RunDirect(const DirectArguments& arguments, const DirectConversion& convert
   CheckOutput(output, arguments.force);
 
   const StagingFolder staging(output.parent_path());
-  platform::OnInterrupt([path = staging.GetPath()] {
-    std::error_code ignored;
-    fs::remove_all(path, ignored);
-  });
   files.output = platform::ToLibrary(staging.GetPath() / output.filename());
   convert(files);
   for (const fs::path& file : staging.MoveFiles(arguments.force)) {

@@ -22,7 +22,7 @@ StagingFolder::StagingFolder(const fs::path& parent) : m_parent(parent) {
   std::error_code error;
   do {
     m_path = m_parent / RandomName();
-  } while (!fs::create_directory(m_path, error) && !error);
+  } while (!platform::MakeTemporaryFolder(m_path, error) && !error);
   if (error) {
     throw HostFailure(kNoOutput, "the folder " + platform::ToText(m_parent) +
                                      " can't be written: " + error.message());

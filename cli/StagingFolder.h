@@ -1,5 +1,6 @@
 // Where a conversion writes before its outcome is known: a folder inside the output's, so that what
-// was made moves into place without being copied, and a failed run costs nothing.
+// was made moves into place without being copied, and a run that fails or is broken off costs
+// nothing.
 #pragma once
 
 #include <filesystem>

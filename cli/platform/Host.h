@@ -8,6 +8,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <vector>
 
 namespace zelconvert::cli::platform {
@@ -43,7 +44,12 @@ class ProgressWindow {
   std::unique_ptr<Window> m_pWindow;
 };
 
-/// Runs `cleanUp` when the user breaks the program off, and ends it. For once per process.
-void OnInterrupt(std::function<void()> cleanUp);
+// What a run that the user breaks off doesn't leave. Each for once per process.
+
+/// Makes a folder for files that goes away with them. False if there is an entry of this name, or
+/// with `error`.
+bool MakeTemporaryFolder(const std::filesystem::path& path, std::error_code& error);
+/// Gives a file that is read-only now that attribute back. To be called before the folder is made.
+void KeepReadOnly(const std::filesystem::path& file);
 
 }  // namespace zelconvert::cli::platform

@@ -190,6 +190,16 @@ class PosixTest(HostTest):
         self.assertEqual(sorted(os.listdir(self.folder)), sorted(name for name in self.before if "/" not in name))
         self.assertEqual(os.stat(self.big).st_mode & 0o777, 0o444)
 
+    def test_interrupt_early(self):
+        for wait in range(100):
+            host = subprocess.Popen(
+                HOST + ["convert", "road.dc", "out.job", "--force"], cwd=self.folder, stdout=subprocess.DEVNULL
+            )
+            time.sleep(wait / 20000)
+            host.send_signal(signal.SIGINT)
+            self.assertIn(host.wait(), [0, -signal.SIGINT, 128 + signal.SIGINT])
+            self.assertEqual([name for name in os.listdir(self.folder) if name.startswith(".")], [])
+
     def test_signal_set_aside(self):
         set_aside = lambda: signal.signal(signal.SIGHUP, signal.SIG_IGN)  # as nohup does
         host = self.start_long(preexec_fn=set_aside, stdout=subprocess.DEVNULL)

@@ -1,11 +1,11 @@
 #include "cli/platform/Host.h"
 
-#include <pthread.h>
+#include <dirent.h>
 #include <signal.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
-#include <thread>
 #include <utility>
 
 #include "io/Strings.h"
@@ -72,28 +72,60 @@ ProgressWindow::~ProgressWindow() {
 
 namespace {
 
-bool IsIgnored(int number) {
+// For the handler, which can't ask for memory: it may have interrupted whoever hands it out. Never
+// destroyed, as a signal may come while the program ends.
+struct LeftBehind {
+  std::string folder;
+  DIR* entries = nullptr;  // of the folder, for reading once
+  std::string file;        // that was read-only; empty: none
+  mode_t mode = 0;
+};
+LeftBehind& g_leftBehind = *new LeftBehind;
+
+// The run stands still meanwhile: there is no other thread.
+void CleanUp(int number) {
+  while (g_leftBehind.entries != nullptr) {
+    const dirent* entry = readdir(g_leftBehind.entries);
+    if (entry == nullptr) break;
+    unlinkat(dirfd(g_leftBehind.entries), entry->d_name, 0);
+  }
+  rmdir(g_leftBehind.folder.c_str());
+  if (!g_leftBehind.file.empty()) chmod(g_leftBehind.file.c_str(), g_leftBehind.mode);
+  _exit(128 + number);
+}
+
+// One that the starter has set aside, as nohup does, stays aside.
+void CleanUpOn(int number, const sigset_t& blocked) {
   struct sigaction action {};
-  return sigaction(number, nullptr, &action) == 0 && action.sa_handler == SIG_IGN;
+  if (sigaction(number, nullptr, &action) != 0 || action.sa_handler == SIG_IGN) return;
+  action.sa_handler = CleanUp;
+  action.sa_mask = blocked;
+  sigaction(number, &action, nullptr);
 }
 
 }  // namespace
 
-// A thread of its own waits for the signals, where cleaning up may do what a handler may not. A
-// signal that the starter has set aside, as nohup does, stays aside.
-void OnInterrupt(std::function<void()> cleanUp) {
-  sigset_t signals;
+bool MakeTemporaryFolder(const std::filesystem::path& path, std::error_code& error) {
+  constexpr int kSignals[] = {SIGINT, SIGTERM, SIGHUP};
+  sigset_t signals, before;
   sigemptyset(&signals);
-  for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
-    if (!IsIgnored(number)) sigaddset(&signals, number);
+  for (const int number : kSignals) sigaddset(&signals, number);
+  sigprocmask(SIG_BLOCK, &signals, &before);
+  const bool made = std::filesystem::create_directory(path, error);
+  if (made) {
+    g_leftBehind.folder = path;
+    g_leftBehind.entries = opendir(path.c_str());
+    for (const int number : kSignals) CleanUpOn(number, signals);
   }
-  pthread_sigmask(SIG_BLOCK, &signals, nullptr);
-  std::thread([signals, cleanUp = std::move(cleanUp)] {
-    int number = 0;
-    if (sigwait(&signals, &number) != 0) return;
-    cleanUp();
-    _exit(128 + number);
-  }).detach();
+  sigprocmask(SIG_SETMASK, &before, nullptr);
+  return made;
+}
+
+void KeepReadOnly(const std::filesystem::path& file) {
+  struct stat found {};
+  if (stat(file.c_str(), &found) != 0 || (found.st_mode & S_IWUSR) != 0) return;
+  g_leftBehind.file = file;
+  g_leftBehind.mode = found.st_mode & 07777;
 }
 
 }  // namespace zelconvert::cli::platform

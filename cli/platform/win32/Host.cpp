@@ -20,13 +20,29 @@ std::string Utf8(std::wstring_view text) {
   return utf8;
 }
 
-std::function<void()>& CleanUp() {
-  static std::function<void()> cleanUp;
-  return cleanUp;
+struct LeftBehind {
+  std::filesystem::path folder;
+  std::filesystem::path file;  // that was read-only; empty: none
+};
+
+LeftBehind& GetLeftBehind() {
+  static LeftBehind leftBehind;
+  return leftBehind;
 }
 
-BOOL WINAPI OnConsoleEvent(DWORD) {
-  CleanUp()();
+// On a thread of its own, while the run goes on: it may make another file in the folder before that
+// is gone.
+BOOL WINAPI CleanUp(DWORD) {
+  constexpr int kTries = 100;
+  const LeftBehind& left = GetLeftBehind();
+  std::error_code error;
+  for (int i = 0; i < kTries && std::filesystem::exists(left.folder, error); ++i) {
+    std::filesystem::remove_all(left.folder, error);
+  }
+  if (!left.file.empty()) {
+    std::filesystem::permissions(left.file, std::filesystem::perms::owner_write,
+                                 std::filesystem::perm_options::remove, error);
+  }
   return FALSE;  // and the program ends
 }
 
@@ -108,9 +124,17 @@ ProgressWindow::~ProgressWindow() {
   if (m_pWindow->handle != nullptr) DestroyWindow(m_pWindow->handle);
 }
 
-void OnInterrupt(std::function<void()> cleanUp) {
-  CleanUp() = std::move(cleanUp);
-  SetConsoleCtrlHandler(&OnConsoleEvent, TRUE);
+bool MakeTemporaryFolder(const std::filesystem::path& path, std::error_code& error) {
+  if (std::filesystem::exists(path, error) || error) return false;
+  GetLeftBehind().folder = path;
+  SetConsoleCtrlHandler(&CleanUp, TRUE);
+  return std::filesystem::create_directory(path, error);
+}
+
+void KeepReadOnly(const std::filesystem::path& file) {
+  const DWORD attributes = GetFileAttributesW(file.c_str());
+  const bool isThere = attributes != INVALID_FILE_ATTRIBUTES;
+  if (isThere && (attributes & FILE_ATTRIBUTE_READONLY) != 0) GetLeftBehind().file = file;
 }
 
 }  // namespace zelconvert::cli::platform
