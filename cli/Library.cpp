@@ -1,6 +1,7 @@
 #include "cli/Library.h"
 
 #include "cli/platform/Host.h"
+#include "front/FileDetection.h"
 #include "io/Strings.h"
 
 namespace zelconvert::cli {
@@ -33,8 +34,10 @@ std::string GetFilter(FileType type) {
   return GetTypeText(cZelGetFileFilter, type);
 }
 
+// The exported function takes the first extension that it knows in all of a path, and then asks
+// whether it is at the end. Here the end of the name decides.
 int DetectType(const std::filesystem::path& path) {
-  return cZelGetFileType(platform::ToLibrary(path).c_str());
+  return DetectFileType(L"x" + platform::ToLibrary(path.extension()), platform::ToLibrary(path));
 }
 
 Result Convert(const Conversion& conversion) {

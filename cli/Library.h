@@ -13,7 +13,7 @@ std::string GetDescription(FileType type);
 /// With the leading point.
 std::string GetExtension(FileType type);
 std::string GetFilter(FileType type);
-/// A FileType, or -1.
+/// A FileType, or -1: by the file's own name and contents, whatever its folders are called.
 int DetectType(const std::filesystem::path& path);
 
 struct Conversion {

@@ -119,7 +119,10 @@ char cZelGetFileFilter(int type, wchar_t* buffer) noexcept {
 }
 
 int32_t cZelGetFileType(const wchar_t* path) noexcept {
-  return Guarded<int32_t>(-1, [&] { return DetectFileType(CopyOrEmpty(path)); });
+  return Guarded<int32_t>(-1, [&] {
+    const std::wstring copy = CopyOrEmpty(path);
+    return DetectFileType(copy, copy);
+  });
 }
 
 char cZelGetSupportedInputTypes(int type, int** list, int* count) noexcept {

@@ -34,9 +34,9 @@ bool StartsWith(const std::wstring& path, std::string_view signature) {
 
 // The first occurrence of the extension decides: it has to lie in the last four characters, and
 // behind at least one. So ".dc" fits "a.dcx" and doesn't fit "a.dc.dc".
-bool NameFits(std::wstring_view foldedPath, std::wstring_view extension) {
-  const std::size_t position = foldedPath.find(extension);
-  return position != std::wstring_view::npos && position > 0 && foldedPath.size() - position < 5;
+bool NameFits(std::wstring_view foldedName, std::wstring_view extension) {
+  const std::size_t position = foldedName.find(extension);
+  return position != std::wstring_view::npos && position > 0 && foldedName.size() - position < 5;
 }
 
 bool ContentsFit(const std::wstring& path, int type) {
@@ -48,8 +48,8 @@ bool ContentsFit(const std::wstring& path, int type) {
 
 }  // namespace
 
-int DetectFileType(const std::wstring& path) {
-  std::wstring folded = path;
+int DetectFileType(const std::wstring& name, const std::wstring& path) {
+  std::wstring folded = name;
   std::transform(folded.begin(), folded.end(), folded.begin(), FoldAscii);
 
   const CFileTypeManager types;

@@ -48,8 +48,8 @@ class HostTest(unittest.TestCase):
     def setUp(self):
         self.folder = tempfile.mkdtemp()
         self.addCleanup(shutil.rmtree, self.folder)
-        os.mkdir(os.path.join(self.folder, "sub"))
         for name, example in INPUTS.items():
+            os.makedirs(os.path.dirname(os.path.join(self.folder, name)), exist_ok=True)
             shutil.copyfile(EXAMPLES / example, os.path.join(self.folder, name))
         self.before = contents(self.folder)
 
