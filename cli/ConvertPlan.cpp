@@ -5,7 +5,9 @@
 #include <iterator>
 #include <string_view>
 
+#include "cli/Cr5Import.h"
 #include "cli/FileChecks.h"
+#include "cli/FileNames.h"
 #include "cli/Host.h"
 #include "cli/platform/Host.h"
 
@@ -18,24 +20,14 @@ using platform::ToText;
 // Types of two files that stand together: the log beside the file that is named is what is read.
 struct Pair {
   FileType type;
-  const char* extension;
   const char* log;
 };
-constexpr Pair kPairs[] = {
-    {FT_JOB_RAW, ".job", ".raw"}, {FT_PW_JOB_RAW, ".pwj", ".pwr"}, {FT_CR5_RW5, ".cr5", ".rw5"}};
+constexpr Pair kPairs[] = {{FT_JOB_RAW, ".raw"}, {FT_PW_JOB_RAW, ".pwr"}, {FT_CR5_RW5, ".rw5"}};
 
 const Pair* FindPair(FileType type) {
   const auto* pair = std::find_if(std::begin(kPairs), std::end(kPairs),
                                   [type](const Pair& each) { return each.type == type; });
   return pair == std::end(kPairs) ? nullptr : pair;
-}
-
-std::string LowerExtension(const fs::path& path) {
-  std::string text = ToText(path.extension());
-  std::transform(text.begin(), text.end(), text.begin(), [](char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-  });
-  return text;
 }
 
 const TypeInfo& TypeOfInput(const std::string& asked, const fs::path& input) {
@@ -47,7 +39,7 @@ const TypeInfo& TypeOfInput(const std::string& asked, const fs::path& input) {
   }
   // What is named like a job and doesn't begin like one is taken for its pair with a log.
   if (const Pair* pair = FindPair(type->type)) {
-    throw HostFailure(kNoInput, ToText(input) + " doesn't begin as a " + pair->extension +
+    throw HostFailure(kNoInput, ToText(input) + " doesn't begin as a " + GetExtension(pair->type) +
                                     " file does; to convert the " + pair->log +
                                     " file beside it use --from " + std::string(type->name));
   }
@@ -56,10 +48,7 @@ const TypeInfo& TypeOfInput(const std::string& asked, const fs::path& input) {
 
 const TypeInfo& TypeOfOutput(const std::string& asked, const fs::path& output) {
   if (!asked.empty()) return *FindType(asked);
-  const std::string extension = LowerExtension(output);
-  for (const TypeInfo& type : kTypes) {
-    if (type.namedByExtension && extension == GetExtension(type.type)) return type;
-  }
+  if (const TypeInfo* type = TypeNamed(output)) return *type;
   throw HostFailure(kWrongUsage, "the name " + ToText(output) + " tells no type; --to does");
 }
 
@@ -81,25 +70,33 @@ void CheckRoute(const TypeInfo& from, const TypeInfo& to) {
 fs::path FileRead(FileType from, const fs::path& input) {
   const Pair* pair = FindPair(from);
   if (pair == nullptr) return input;
+  constexpr std::size_t kReplaced = 4;  // with the point, and whatever they are
+  if (platform::ToLibrary(input.extension()).size() != kReplaced) {
+    throw HostFailure(kWrongUsage, ToText(input) + " is not named as a " + GetExtension(from) +
+                                       " file with a log beside it");
+  }
   if (from != FT_CR5_RW5) pair = FindPair(input.extension() == ".job" ? FT_JOB_RAW : FT_PW_JOB_RAW);
   return fs::path(input).replace_extension(pair->log);
 }
 
-// The library tells the brand of jobs and logs by the extension as it is spelled.
-std::string WarnOfSpelling(FileType from, const fs::path& input) {
-  const Pair* pair = FindPair(from);
-  const std::string expected = pair == nullptr ? GetExtension(from) : pair->extension;
-  const bool tellsBrand = expected == ".job" || expected == ".raw" || expected == ".rw5";
-  if (!tellsBrand || ToText(input.extension()) == expected) return {};
-  return ToText(input.filename()) + " is not spelled " + expected +
-         ", so the library takes it for a file of the second brand; named " + ToText(input.stem()) +
-         expected + " it would be one of the first";
+// Whose points the log is given. Those of a coordinate list have to become a job first.
+fs::path JobOfPoints(const ConvertOptions& options, const TypeInfo& from, const TypeInfo& to,
+                     const fs::path& input) {
+  if (!options.job) return from.type == FT_JOB_RAW || from.type == FT_PW_JOB_RAW ? input : "";
+  const bool isLog = from.type == FT_RAW || from.type == FT_RW5 || from.type == FT_PW_RAW;
+  if (!isLog || GetExtension(to.type) != ".dc") {
+    throw HostFailure(kWrongUsage, "--job is for making a DC file of a raw log alone");
+  }
+  const fs::path job = Absolute(*options.job);
+  if (job.extension() != ".job" && job.extension() != ".pwj") {
+    throw HostFailure(kWrongUsage, ToText(job) + " is not spelled .job or .pwj");
+  }
+  CheckReadable(job);
+  return job;
 }
 
-int UnitsOf(const std::string& name) {
-  return std::find_if(std::begin(kUnits), std::end(kUnits),
-                      [&](const UnitName& unit) { return unit.name == name; })
-      ->number;
+void AddWarning(ConvertPlan& plan, const std::string& text) {
+  if (!text.empty()) plan.warnings.push_back(text);
 }
 
 }  // namespace
@@ -112,18 +109,15 @@ ConvertPlan MakePlan(const ConvertOptions& options) {
   const TypeInfo& to = TypeOfOutput(options.to, output);
   CheckRoute(from, to);
 
-  const fs::path read = FileRead(from.type, input);
-  CheckReadable(read);
-  CheckDistinct(output, input);
-  CheckDistinct(output, read);
+  ConvertPlan plan{{from.type, to.type, input, output, JobOfPoints(options, from, to, input)},
+                   {},
+                   FileRead(from.type, input)};
+  CheckReadable(plan.read);
+  for (const fs::path& each : {input, plan.read, plan.conversion.job}) CheckDistinct(output, each);
   CheckOutput(output, options.force);
-  ConvertPlan plan{{from.type, to.type, input, output, UnitsOf(options.units), {}},
-                   WarnOfSpelling(from.type, input),
-                   read};
-  if (!options.featureFile.empty()) {
-    plan.conversion.featureFile = Absolute(options.featureFile);
-    CheckReadable(plan.conversion.featureFile);
-  }
+  AddWarning(plan, WarnOfInputName(from.type, input));
+  AddWarning(plan, WarnOfOutputName(to.type, output));
+  if (from.type == FT_CR5_RW5) AddWarning(plan, WarnOfContents(input));
   return plan;
 }
 

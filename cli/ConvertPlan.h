@@ -3,7 +3,9 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "cli/FileTypes.h"
 #include "cli/Library.h"
@@ -12,26 +14,18 @@ namespace zelconvert::cli {
 
 struct ConvertOptions {
   std::string input, output;
-  std::string from, to;  ///< short names; empty: told by the files
-  std::string units = "m";
-  std::string featureFile;
-  bool force = false;  ///< an output that exists is replaced
+  std::string from, to;            ///< short names; empty: told by the files
+  std::optional<std::string> job;  ///< whose points a log is given
+  bool force = false;              ///< an output that exists is replaced
 };
 
 struct ConvertPlan {
   Conversion conversion;
-  std::string warning;         ///< one line, empty mostly
-  std::filesystem::path read;  ///< what the library opens: the input, or of a pair the log
+  std::vector<std::string> warnings;  ///< a line each
+  std::filesystem::path read;         ///< what the library opens: the input, or of a pair the log
 };
 
 /// Throws a HostFailure.
 ConvertPlan MakePlan(const ConvertOptions& options);
-
-/// The units that --units takes, with the library's number.
-struct UnitName {
-  const char* name;
-  int number;
-};
-inline constexpr UnitName kUnits[] = {{"m", 0}, {"ft", 1}, {"usft", 2}};
 
 }  // namespace zelconvert::cli

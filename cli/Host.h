@@ -27,5 +27,7 @@ class HostFailure : public std::runtime_error {
 /// UTF-8 text to standard output and standard error.
 void PrintOut(const std::string& text);
 void PrintError(const std::string& text);
+/// One line to standard error; nothing for an empty text.
+void PrintWarning(const std::string& text);
 
 }  // namespace zelconvert::cli

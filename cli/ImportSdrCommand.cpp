@@ -41,6 +41,7 @@ void ImportSdr(const DirectFiles& files, const std::string& from) {
   raw.Close();
   PrintMessages(messages);
   if (!created || raw.HasWriteFailed()) throw HostFailure(kNoOutput, "OUT can't be written");
+  if (sdr.HasReadFailed()) throw HostFailure(kFailed, shown + " can't be read to its end");
   if (!converted) throw HostFailure(kFailed, shown + " was not converted");
 }
 

@@ -43,13 +43,13 @@ int DetectType(const std::filesystem::path& path) {
 Result Convert(const Conversion& conversion) {
   const std::wstring input = platform::ToLibrary(conversion.input);
   const std::wstring output = platform::ToLibrary(conversion.output);
-  const std::wstring feature = platform::ToLibrary(conversion.featureFile);
+  const std::wstring job = platform::ToLibrary(conversion.job);
   wchar_t** files = nullptr;
   wchar_t** messages = nullptr;
   Result result;
-  result.converted = cZelFileConvert(conversion.from, input.c_str(), conversion.to, output.c_str(),
-                                     &files, &messages, conversion.units,
-                                     feature.empty() ? nullptr : feature.c_str()) != 0;
+  result.converted =
+      cZelFileConvert(conversion.from, input.c_str(), conversion.to, output.c_str(), &files,
+                      &messages, 0, job.empty() ? nullptr : job.c_str()) != 0;
   for (wchar_t** text = messages; text != nullptr && *text != nullptr; ++text) {
     result.messages.push_back(ToUtf8(*text));
   }

@@ -19,8 +19,7 @@ int DetectType(const std::filesystem::path& path);
 struct Conversion {
   FileType from, to;
   std::filesystem::path input, output;  ///< absolute
-  int units = 0;
-  std::filesystem::path featureFile;  ///< empty: none
+  std::filesystem::path job = {};       ///< whose points a log is given; empty: none
 };
 
 struct Result {

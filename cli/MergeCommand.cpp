@@ -4,6 +4,7 @@
 
 #include "cli/Commands.h"
 #include "cli/DirectCommand.h"
+#include "cli/FileNames.h"
 #include "cli/Host.h"
 #include "cli/platform/Host.h"
 #include "io/Paths.h"
@@ -18,37 +19,40 @@ double ReadScale(const std::wstring& path) {
   JOB_HEADER header;
   if (!job.Open(path, false) || !job.ReadJobHeader(header)) {
     throw HostFailure(kNoInput, platform::ToText(platform::FromLibrary(path)) +
-                                    " can't be opened as a job of the brand that its name tells, "
-                                    "for reading and writing");
+                                    " can't be opened as a job of the brand that its name tells");
   }
   return header.scale;
 }
 
 // The merge itself gives no reasons.
-[[noreturn]] void Refuse(const DirectFiles& files) {
+[[noreturn]] void Refuse(const DirectFiles& files, const MergeCounts& counts) {
+  if (counts.writeFailed) throw HostFailure(kNoOutput, "OUT can't be written");
   if (ReadScale(files.inputs[0]) != ReadScale(files.inputs[1])) {
     throw HostFailure(kFailed, "the jobs have different scales");
   }
-  throw HostFailure(kFailed, "a record of the jobs can't be read, or OUT can't be written");
+  throw HostFailure(kFailed, "a record of the jobs can't be read");
 }
 
-std::string Tell(const MergeCounts& counts) {
-  return "zelconvert: warning: " + std::to_string(counts.repeated) +
+std::string WarnOfRepeated(const MergeCounts& counts) {
+  if (counts.repeated == 0) return {};
+  return std::to_string(counts.repeated) +
          " points of the second job have a name that the first has too, " +
-         std::to_string(counts.moved) + " of them at other coordinates; OUT holds both\n";
+         std::to_string(counts.moved) + " of them at other coordinates; OUT holds both";
 }
 
 void Merge(const DirectFiles& files) {
   if (zelconvert::platform::IsSameFile(files.inputs[0], files.inputs[1])) {
     throw HostFailure(kWrongUsage, "A and B are the same file");
   }
+  PrintWarning(WarnOfOutputName(HasExtension(files.output, L".job") ? FT_JOB : FT_PW_JOB,
+                                platform::FromLibrary(files.output)));
   StringList messages, made;
   MergeCounts counts;
   const bool merged =
       MergeJobs(files.inputs[0], files.inputs[1], files.output, messages, made, &counts);
   PrintMessages(messages);
-  if (!merged) Refuse(files);
-  if (counts.repeated > 0) PrintError(Tell(counts));
+  if (!merged) Refuse(files, counts);
+  PrintWarning(WarnOfRepeated(counts));
 }
 
 }  // namespace

@@ -21,6 +21,10 @@ void PrintError(const std::string& text) {
   std::fflush(stderr);
 }
 
+void PrintWarning(const std::string& text) {
+  if (!text.empty()) PrintError("zelconvert: warning: " + text + "\n");
+}
+
 namespace {
 
 constexpr const char* kFooter =

@@ -162,15 +162,17 @@ bool MergeJobs(const std::wstring& firstPath, const std::wstring& secondPath,
   CJobFile first(HasExtension(firstPath, L".job"));
   CJobFile second(HasExtension(secondPath, L".job"));
   CJobFile output(HasExtension(outputPath, L".job"));
-  if (!first.Open(firstPath, false) || !second.Open(secondPath, false) ||
-      !output.CreateNew(outputPath)) {
-    return false;
-  }
+  if (!first.Open(firstPath, false) || !second.Open(secondPath, false)) return false;
+  const bool created = output.CreateNew(outputPath);
   CJobMerger merger(first, second);
-  const bool merged = merger.Merge(output);
-  if (counts != nullptr) *counts = merger.GetCounts();
+  const bool merged = created && merger.Merge(output);
   output.Close();
-  return merged && !output.HasWriteFailed();
+  const bool writeFailed = !created || output.HasWriteFailed();
+  if (counts != nullptr) {
+    *counts = merger.GetCounts();
+    counts->writeFailed = writeFailed;
+  }
+  return merged && !writeFailed;
 }
 
 }  // namespace zelconvert

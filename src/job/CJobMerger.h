@@ -13,10 +13,11 @@
 
 namespace zelconvert {
 
-/// What a merge found out about the points of the second job.
+/// What a merge found out about the points of the second job, and whether a failure was the disk's.
 struct MergeCounts {
   std::size_t repeated = 0;  ///< whose name the first job has too; written all the same
   std::size_t moved = 0;     ///< of these: with other coordinates
+  bool writeFailed = false;  ///< the output couldn't be made, or not as a whole
 };
 
 /// Copies points (13, 14), lines (15), road elements (16), roads (10) and the kinds 4, 7 and 9,

@@ -1,0 +1,133 @@
+#include "cli/ConvertRun.h"
+
+#include <algorithm>
+#include <optional>
+#include <string_view>
+
+#include "cli/Cr5Import.h"
+#include "cli/ProgressBar.h"
+#include "cli/StagingFolder.h"
+#include "cli/platform/Host.h"
+#include "raw/CRawFile.h"
+
+namespace zelconvert::cli {
+namespace {
+
+namespace fs = std::filesystem;
+using platform::ToText;
+
+// What the last text of a failed conversion is to a script.
+struct KnownFailure {
+  std::string_view start;
+  ExitCode code;
+};
+constexpr KnownFailure kKnownFailures[] = {
+    {"Unable to open the file ", kNoInput},
+    {"Unable to create the destination file ", kNoOutput},
+    {"Unable to write the file ", kNoOutput},
+};
+
+ExitCode CodeOfFailure(const std::vector<std::string>& messages) {
+  for (const KnownFailure& failure : kKnownFailures) {
+    if (!messages.empty() && messages.back().starts_with(failure.start)) return failure.code;
+  }
+  return kFailed;
+}
+
+Result ConvertWithProgress(const Conversion& conversion) {
+  std::optional<ProgressBar> bar;
+  if (platform::IsErrorATerminal()) bar.emplace();
+  return Convert(conversion);
+}
+
+// What a text calls by a name that the user doesn't know.
+void Rename(std::vector<std::string>& texts, const std::string& name, const std::string& known) {
+  for (std::string& text : texts) {
+    for (std::size_t at = 0; (at = text.find(name, at)) != std::string::npos; at += known.size()) {
+      text.replace(at, name.size(), known);
+    }
+  }
+}
+
+// DC files and coordinate lists meet in a job. The library would make it by itself, but keep the
+// texts of both conversions to itself.
+Result ConvertThroughJob(const Conversion& asked, const fs::path& job) {
+  Result first = ConvertWithProgress({asked.from, FT_JOB, asked.input, job});
+  Rename(first.messages, ToText(job), ToText(asked.output));
+  if (!first.converted) return first;
+  Result second = ConvertWithProgress({FT_JOB, asked.to, job, asked.output});
+  Rename(second.messages, ToText(job), ToText(asked.input));
+  second.messages.insert(second.messages.begin(), first.messages.begin(), first.messages.end());
+  return second;
+}
+
+// Of the coordinates beside a log: that of its first mode.
+int UnitsOfLog(const fs::path& log) {
+  CRawFile raw;
+  MO_RECORD mode;
+  std::wstring line;
+  raw.Open(platform::ToLibrary(log), zelconvert::platform::kOpenReadOnly);
+  while (raw.FindRecord(L"MO", line) && !CRawFile::ParseMO(line, mode)) mode = {};
+  const bool isInFeet = mode.distanceUnit == kRawInternationalFeet;
+  return isInFeet ? 1 : mode.distanceUnit == kRawUsSurveyFeet ? 2 : 0;
+}
+
+// A list that can't be read leaves no job, which is for the conversion to tell.
+void ImportBesideLog(const fs::path& list, const fs::path& log, const fs::path& job) {
+  try {
+    ImportCr5(list, job, FT_JOB, UnitsOfLog(log));
+  } catch (const HostFailure& failure) {
+    if (failure.GetCode() == kNoOutput) throw;
+    fs::remove(job);
+  }
+}
+
+Result ConvertBesideList(const ConvertPlan& plan, Conversion staged, const fs::path& job) {
+  ImportBesideLog(staged.input, plan.read, job);
+  staged.job = job;
+  Result result = ConvertWithProgress(staged);
+  Rename(result.messages, ToText(job), ToText(staged.input));
+  return result;
+}
+
+// `job`: where one may be made on the way.
+Result ConvertStaged(const ConvertPlan& plan, const Conversion& staged, const fs::path& job) {
+  if (staged.from == FT_CR5_RW5) return ConvertBesideList(plan, staged, job);
+  const TypeInfo& bridge = *FindType(FT_JOB);
+  const bool isBridged =
+      ConvertsTo(*FindType(staged.from), bridge) && ConvertsTo(bridge, *FindType(staged.to));
+  return isBridged ? ConvertThroughJob(staged, job) : ConvertWithProgress(staged);
+}
+
+// With a separator at the end.
+std::string FolderText(const fs::path& folder) {
+  return ToText(folder / "");
+}
+
+}  // namespace
+
+// The library takes a read-only attribute off its input while it reads.
+void RunPlan(const ConvertPlan& plan, bool force, Outcome& outcome) {
+  const Conversion& asked = plan.conversion;
+  platform::KeepReadOnly(plan.read);
+  const StagingFolder staging(asked.output.parent_path());
+  Conversion staged = asked;
+  staged.output = staging.GetPath() / asked.output.filename();
+  const fs::path job = fs::path(staged.output) += ".job";
+
+  const Result result = ConvertStaged(plan, staged, job);
+  outcome.messages = result.messages;
+  Rename(outcome.messages, FolderText(staging.GetPath()), FolderText(asked.output.parent_path()));
+  if (!result.converted) {
+    throw HostFailure(CodeOfFailure(result.messages),
+                      ToText(asked.input) + " was not converted" +
+                          (result.messages.empty() ? "; the library gives no reason" : ""));
+  }
+  fs::remove(job);
+  outcome.files = staging.MoveFiles(force);
+  std::stable_partition(outcome.files.begin(), outcome.files.end(),
+                        [&](const fs::path& file) { return file == asked.output; });
+  outcome.code = kConverted;
+}
+
+}  // namespace zelconvert::cli

@@ -1,0 +1,42 @@
+#include "cli/Cr5Import.h"
+
+#include <string_view>
+
+#include "cli/Host.h"
+#include "cli/platform/Host.h"
+#include "job/CConvCR5File.h"
+
+namespace zelconvert::cli {
+
+namespace fs = std::filesystem;
+using platform::ToLibrary;
+using platform::ToText;
+using zelconvert::platform::kOpenReadOnly;
+
+void ImportCr5(const fs::path& list, const fs::path& jobPath, FileType type, int units) {
+  CFileCE cr5;
+  CJobFile job(type != FT_PW_JOB);
+  if (!cr5.Open(ToLibrary(list), kOpenReadOnly)) {
+    throw HostFailure(kNoInput, ToText(list) + " can't be opened");
+  }
+  StringList messages, made;
+  const bool created =
+      job.Create(ToLibrary(jobPath), type == FT_OLD_JOB ? kOldJobVersion : kJobVersion);
+  CConvCR5File conversion(&cr5, &job, false);
+  conversion.SetUnits(units);
+  const bool converted = created && conversion.ConvertToNative(messages, made);
+  job.Close();
+  if (!created || job.HasWriteFailed()) throw HostFailure(kNoOutput, "OUT can't be written");
+  if (cr5.HasReadFailed()) throw HostFailure(kFailed, ToText(list) + " can't be read to its end");
+  if (!converted) throw HostFailure(kFailed, ToText(list) + " ends within its header");
+}
+
+std::string WarnOfContents(const fs::path& list) {
+  char bytes[CR5_HEADER::kSignature.size()] = {};
+  CFileCE file;
+  if (!file.Open(ToLibrary(list), kOpenReadOnly) || !file.Read(bytes, sizeof bytes)) return {};
+  if (std::string_view(bytes, sizeof bytes) == CR5_HEADER::kSignature) return {};
+  return ToText(list) + " doesn't begin as a CR5 file does";
+}
+
+}  // namespace zelconvert::cli

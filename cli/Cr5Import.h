@@ -1,0 +1,26 @@
+// A job of a coordinate list, which the library's functions never open.
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "zelconvert/zelconvert.h"
+
+namespace zelconvert::cli {
+
+/// The units that coordinates come in, with the library's number.
+struct UnitName {
+  const char* name;
+  int number;
+};
+inline constexpr UnitName kUnits[] = {{"m", 0}, {"ft", 1}, {"usft", 2}};
+
+/// Makes `job`, of one of the three job types. Throws a HostFailure, and leaves what was made until
+/// then.
+void ImportCr5(const std::filesystem::path& list, const std::filesystem::path& job, FileType type,
+               int units);
+
+/// One line for the user if the list doesn't begin as one; empty also if it can't be read.
+std::string WarnOfContents(const std::filesystem::path& list);
+
+}  // namespace zelconvert::cli
