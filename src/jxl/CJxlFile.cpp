@@ -251,7 +251,7 @@ void CJxlFile::DeletePoint(std::wstring_view name) {
   if (!m_fieldBook) return;
   IndexPointRecords();
   std::string utf8;
-  AppendUtf8(utf8, name);
+  AppendXmlCharacters(utf8, name);
   const auto entry = m_records.find(utf8);
   if (entry == m_records.end()) return;
   NamedRecords& records = entry->second;

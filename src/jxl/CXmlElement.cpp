@@ -1,9 +1,11 @@
 #include "jxl/CXmlElement.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "io/CFileCE.h"
 #include "io/Strings.h"
+#include "platform/Utf8.h"
 
 namespace zelconvert {
 namespace {
@@ -19,7 +21,8 @@ void AppendReference(std::string& out, unsigned code) {
   out += ';';
 }
 
-// Control characters: U+0000 to 1F, and U+007F to 9F, which are C2 80 to C2 9F in UTF-8 behind 7F.
+// Control characters that XML can hold: tab, LF and CR, and U+007F to 9F, which are C2 80 to C2 9F
+// in UTF-8 behind 7F.
 bool IsControl(unsigned char c) {
   return c < 0x20 || c == 0x7F;
 }
@@ -59,7 +62,25 @@ void AppendEscaped(std::string& out, std::string_view text) {
   }
 }
 
+// What an XML 1.0 document can't hold, be it as a reference. Halves of pairs fall to AppendUtf8.
+bool IsForbidden(wchar_t c) {
+  const auto code = static_cast<char32_t>(c);
+  return (code < 0x20 && c != L'\t' && c != L'\n' && c != L'\r') || code == 0xFFFE ||
+         code == 0xFFFF;
+}
+
 }  // namespace
+
+void AppendXmlCharacters(std::string& out, std::wstring_view text) {
+  while (!text.empty()) {
+    const auto forbidden = std::find_if(text.begin(), text.end(), IsForbidden);
+    const auto clean = static_cast<std::size_t>(forbidden - text.begin());
+    AppendUtf8(out, text.substr(0, clean));
+    if (forbidden == text.end()) return;
+    platform::AppendUtf8(out, platform::kReplacementCharacter);
+    text.remove_prefix(clean + 1);
+  }
+}
 
 void AppendEscapedText(std::string& out, std::string_view text) {
   while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
@@ -75,11 +96,7 @@ const char* CXmlTree::Keep(const XmlText& text) {
   if (text.m_literal != nullptr) return text.m_literal;
   if (text.m_text.empty() && text.m_utf8.empty()) return "";
   m_utf8 = text.m_utf8;
-  AppendUtf8(m_utf8, text.m_text);
-  // A zero character would end the text; XML has none either.
-  for (char& c : m_utf8) {
-    if (c == '\0') c = ' ';
-  }
+  AppendXmlCharacters(m_utf8, text.m_text);
   auto* kept = static_cast<char*>(m_texts.allocate(m_utf8.size() + 1, 1));
   std::memcpy(kept, m_utf8.c_str(), m_utf8.size() + 1);
   return kept;

@@ -17,7 +17,7 @@ class CFileCE;
 class CXmlTree;
 
 /// Character data of an element or an attribute: a literal, which is kept by its address, or a text
-/// that the tree copies as UTF-8.
+/// that the tree copies as UTF-8. What is UTF-8 already is what AppendXmlCharacters makes.
 class XmlText {
  public:
   XmlText() = default;
@@ -137,6 +137,10 @@ class CXmlTree {
   std::pmr::monotonic_buffer_resource m_texts;
   std::string m_utf8;
 };
+
+/// Appends `text` as UTF-8 that XML can hold. Characters below U+0020 but tab, LF and CR, halves of
+/// surrogate pairs, U+FFFE and U+FFFF become U+FFFD.
+void AppendXmlCharacters(std::string& out, std::wstring_view text);
 
 /// Appends UTF-8 `text` for XML: the five characters of markup as entities, control characters as
 /// "&#x%03x;", blanks at both ends of the result removed.
