@@ -2,7 +2,8 @@
 """Golden cases of raw logs to JobXML: each log with the elements that its records become.
 
 It shares nothing with the converter: the elements are those of docs/formats/jxl.md, put together
-from what each case says of its records in words, and the geometry is that of polar coordinates.
+from what each case says of its records in words, and the geometry is that of polar coordinates. The
+logs stand in the folders; only those of the refused cases and of the examples are written as well.
 Run it to write the folders again, or with --check to compare them.
 """
 import math
@@ -23,12 +24,13 @@ def dms(text):
 
 
 def number(value, decimals):
-    return "" if value is None else "%.*f" % (decimals, value)
+    return "" if value is None else ("%.*f" % (decimals, value))[:16]
 
 
 def markup(text):
     for plain, entity in (("&", "&amp;"), ('"', "&quot;"), ("'", "&apos;"), ("<", "&lt;"), (">", "&gt;")):
         text = text.replace(plain, entity)
+    text = "".join("\ufffd" if ord(c) < 32 and c not in "\t\n\r" else c for c in text)
     return "".join("&#x%03x;" % ord(c) if ord(c) < 32 or 127 <= ord(c) < 160 else c
                    for c in text).strip(" ")
 
@@ -72,6 +74,7 @@ class Document:
         self.environment = []
         self.station = self.bearing = self.target = self.camera = self.last_point = ""
         self.known = {}  # name: description, position
+        self.has_more = True  # than its JB
 
     def next_id(self):
         self.ids += 1
@@ -89,10 +92,10 @@ class Document:
                 empty("TemperatureUnits", "PressureUnits") + [("GradeUnits", "Percentage")] +
                 empty("AreaUnits") + [("StationingFormat", stations)])
 
-    def mode(self, un, au):
+    def mode(self, un, au, south="false"):
         self.record("UnitsRecord", self.units(un, au))
         self.record("CorrectionsRecord", [
-            ("SouthAzimuth", "false"), ("GridOrientation", "IncreasingNorthEast"),
+            ("SouthAzimuth", south), ("GridOrientation", "IncreasingNorthEast"),
             ("MagneticDeclination", "0"), ("Distances", "GroundDistance"),
             ("NeighbourhoodAdjustment", [("Applied", "false"), ("WeightExponent", "0.5")])])
         self.next_id()
@@ -148,13 +151,16 @@ class Document:
             ("StationRecordID", self.station), ("Station", station), ("BackSight", back),
             ("Face1HorizontalCircle", number(circle, 6)), ("Face2HorizontalCircle", ""),
             ("OrientationCorrection", number(correction, 6)), ("OrientationCorrectionStandardError", "")])
-        self.target = self.record("TargetRecord", empty("PrismType", "PrismConstant") + self.height("TargetHeight", hr))
+        self.rod(hr)
         reading, position = taken or (circle, None)
         self.point(back, "", ("AngleOnly", "Fix", "BackSight"),
                    [("Circle", self.circle(reading, 90, None, "Face1"))] + self.setup_ids() +
                    ([grid("ComputedGrid", position)] if position else []))
         if occupied:
             self.know(station, occupied[0], occupied[1])
+
+    def rod(self, hr):
+        self.target = self.record("TargetRecord", empty("PrismType", "PrismConstant") + self.height("TargetHeight", hr))
 
     def shot(self, name, code, horizontal, vertical, distance, position):
         """None for readings that can't be used."""
@@ -171,7 +177,7 @@ class Document:
         return n + math.cos(a) * hd, e + math.sin(a) * hd, h + hi - hr + math.cos(z) * distance
 
     def bytes(self):
-        if self.environment:
+        if self.has_more:
             points = [(self.next_id(), name, code, position)
                       for name, (code, position) in self.known.items() if position]
             self.next_id()  # of the coordinate system
@@ -209,8 +215,8 @@ def mill_creek(product="Gridlark"):
     d.note("Sunny, light wind")
     start = (5000.0, 5000.0, 100.0)
     back = dms("45.1530")
-    # The line of sight comes behind the backsight: the setup has no heights yet.
-    d.backsight("1", "2", back, 0.0, 0.0, 0.0, ("CP1 IRON PIN", start))
+    # The line of sight comes behind the backsight, whose records have its heights all the same.
+    d.backsight("1", "2", back, 0.0, 1.562, 1.5, ("CP1 IRON PIN", start))
     d.note("HR at Backsight: 1.500000")
 
     def shot(name, code, circle, zenith, sd, hi=1.562, at=start, to=0.0):
@@ -222,85 +228,49 @@ def mill_creek(product="Gridlark"):
     shot("101", "EP", "12.3045", "89.4512", 45.218)
     shot("102", "EP", "38.1122", "90.0231", 61.007)
     shot("103", "MH SEWER", "77.5948", "90.1503", 28.99)
+    # The rod of 2 m is taken back before a shot. The traverse shot moves the instrument: it looks
+    # back at point 1, where the circle reads 0 again.
     third = shot("3", "CP3 HUB", "88.1245", "89.5801", 152.334)
-    # No setup follows a traverse shot: the backsight stays that of point 1.
+    back = back + dms("88.1245") + 180
+    d.backsight("3", "1", back, 0.0, 1.548, 1.5)
     shot("108", "CL ROAD", "5.0102", "90.3344", 40.115, 1.548, third)
     shot("109", "CL ROAD", "44.2811", "90.2918", 39.87, 1.548, third)
     d.stored("200", "CALC COR", (5100.0, 5200.0, 101.25))
     again = (4895.21, 5110.538, 100.15)
     back = dms("313.2815")
-    d.backsight("3", "1", back, 180.0, 1.548, 1.5, ("CP3 HUB", again))
+    d.backsight("3", "1", back, 180.0, 1.55, 1.5, ("CP3 HUB", again))
     shot("111", "BLDG COR", "301.2200", "90.0500", 66.6, 1.55, again, 180.0)
     d.note("End of day")
     return d
 
 
-GONS = """\
-JB,NM<Gons & "feet">,DT02-31-2023,TM7:5:9
---Gridlark Version: 1.0
-MO,AD1,UN0,SF2.0,EC0,EO0.0,AU1
-OC,OPbase & one,N 1000,E 2000,EL30,--pin <1>
-BK,OPbase & one,BP 0 ,BS350,BC50
-LS,HI5,HR4
-SS,OPbase & one,FPname of 17 chars,AR100.5,ZE90,SD100,--a description of more than sixteen letters
---  a <note> with 'marks' & "more" \t and a tab, caf\u00e9 \u0081 \x7f  
-MO,AD0,UN2,SF5.0,EC0,EO0.0,AU0
-SP,PNus,N 1000,E 2000,EL30,--
-SS,OPbase & one,FPup,AR10,ZE180,SD12,--straight down
-SS,OPbase & one,FPback,AR10,ZE180.0001,SD12,--face two
-MO,AD0,UN7,SF5.0,EC0,EO0.0,AU2
-SS,OPbase & one,FPplain,AR10.5,ZE90.5,SD12,--
---Gridlark Version:  2.0 rc 
-XY,unknown
-DP,PNnobody
-"""
 FOOT = 0.3048
 US_FOOT = 1200 / 3937
 
 
 def gons():
-    """Gons and feet, then US feet and degrees, then a unit that is none and decimal degrees."""
+    """Gons from south and feet, then US feet and degrees, then a unit that is none and decimal
+    degrees; characters that XML can't hold."""
     d = Document('<Gons & "feet">', "2023-03-03T07:05:09", "2.0 rc")
     d.note("Gridlark Version: 1.0")
-    d.mode(0, 1)
+    d.mode(0, 1, "true")
     start = (1000 * FOOT, 2000 * FOOT, 30 * FOOT)
     name = "base & one"
-    d.backsight(name, " 0 ", 315, 45, 0, 0, ("pin <1>", start))
     hi, hr = 5 * FOOT, 4 * FOOT
+    d.backsight(name, " 0 ", 135, 45, hi, hr, ("pin <1>", start))
 
     def shot(point, code, circle, zenith, sd):
         d.shot(point, code, circle, zenith, sd,
-               d.reduced(start, 315 + circle - 45, zenith, sd, 2, hi, hr))
+               d.reduced(start, 135 + circle - 45, zenith, sd, 2, hi, hr))
 
     shot("name of 17 chars"[:16], "a description of more than sixteen letters", 90.45, 81, 100 * FOOT)
-    d.note("  a <note> with 'marks' & \"more\" \t and a tab, caf\u00e9 \u0081 \x7f  ")
+    d.note("  a <note> with 'marks' & \"more\" \t and a tab, caf\u00e9 \u0081 \x7f \x01 \x00  ")
     d.stored("us", "", (1000 * US_FOOT, 2000 * US_FOOT, 30 * US_FOOT))
     shot("up", "straight down", 10, 180, 12 * US_FOOT)
     shot("back", "face two", 10, 180 + 1 / 3600, 12 * US_FOOT)
     shot("plain", "", 10.5, 90.5, 12)
     d.note("Gridlark Version:  2.0 rc ")
     return d
-
-
-DELETED = """\
-JB,NMdeletions,DT12-31-1999,TM23:59:59
-MO,AD0,UN1,SF1,EC0,EO0.0,AU0
-DP,PNa
-SP,PNa,N 1,E 2,EL3,--first
-SP,PNa,N 4,E 5,EL6,--
-DP,PNa
-SP,PNb,N 10,E 20,EL30,--b
-SS,OPb,FPc,AR90,ZE90,SD5,--c
-DP,PNc
-SS,OPb,FPc,AR0,ZE90,SD5,--
-SS,OPb,FPthis name is longer,AR0,ZE90,SD6,--
-DP,PNthis name is longer
-BK,OPa,BPb,BS0,BC0
-DP,PNb
-DP,PNb
-OC,OPa,N 7,E 8,EL9,--
-BK,OPa,BPb,BS1,BC359
-"""
 
 
 def deleted():
@@ -324,24 +294,9 @@ def deleted():
     d.backsight("a", "b", 1, 359, 0, 0, (a[0], (7, 8, 9)))
     # The second backsight revives "a" at its old place, in front of the others.
     d.known = {"a": d.known["a"], **{k: v for k, v in d.known.items() if k != "a"}}
+    d.delete_record(d.stored("not \x01 XML", "", (1, 2, 3)))
+    del d.known["not \x01 XML"]
     return d
-
-
-PICTURES = """\
-JB,NMpictures,DT01-02-2026,TM00:00:00
-SC,FIearly.scn,NP7,HS0.3000,VS1
-MO,AD0,UN1,SF1,EC0,EO0.0,AU0
-CR,X01,Y0-2.5,CK3,KA10.3000,PH20.3000,OM30.3000,S04,C05,Z06,I 7,K18,P19,P2-10,SX0.0000123,SY,NX640,NY480
-SP,PN1,N 50,E 0,EL0,--
-LS,HI1.5,HR1.25
-BK,OP1,BP2,BS90,BC0
-IM,FIa & b.jpg,HA45.3000,VA90.0036,WI1,HE2,SX3,SY4,SW5,SH-6
-SS,OP1,FP2,AR0,ZE90,SD10,--
-IM,FIc.jpg,HA,VA0,WIx,HE2,SX3,SY4,SW5,SH99999999999
-MO,AD0,UN1,SF1,EC0,EO0.0,AU1
-SC,FIlate.scn,NP8,HS1,VS100
-CR,X01,Y01,CK1,KA100,PH100,OM100,S01,C01,Z01,I 1,K11,P11,P21,SX1,SY1,NX1,NY1
-"""
 
 
 def pictures():
@@ -370,6 +325,7 @@ def pictures():
     camera("1.000000|-2.500000|3.000000|10.500000|20.500000|30.500000|4.000000|5.000000|6.000000|7.000000|"
            "8|9|-10|0.000012||640|480")
     d.stored("1", "", (50, 0, 0))
+    image("stored.jpg", ("1.000000", "2.000000"), "1", "2", "3", "4", "5", "6")
     d.backsight("1", "2", 90, 0, 1.5, 1.25)
     image("a & b.jpg", ("45.500000", "90.010000"), "1", "2", "3", "4", "5", "-6")
     d.shot("2", "", 0, 90, 10, (50, 10, 0.25))
@@ -378,28 +334,6 @@ def pictures():
     camera("1.000000|1.000000|1.000000|90.000000|90.000000|90.000000|1.000000|1.000000|1.000000|1.000000|"
            "1|1|1|1.000000|1.000000|1|1")
     return d
-
-
-TAKEN = """\
-JB,NMtaken,DT01-02-2026,TM00:00:00
-MO,AD0,UN1,SF1,EC0,EO0.0,AU0
-SP,PNs,N 100,E 100,EL10,--
-SS,OPs,FPb,AR90,ZE90,SD50,--taken over
-LS,HI1,HR1
-SS,OPs,FPb,AR90,ZE90,SD25,--taken over
-BK,OPs,BPb,BS90,BC0
-SS,OPs,FPb,AR,ZE90,SD25,--no angle
-BK,OPs,BPb,BS180,BC0
-BK,OPs,BPb,BS,BC0
-SS,OPs,FPn,AR0,ZE90,SD25,--no azimuth
-BK,OPs,BPb,BS0,BC0
---
-SS,OPs,FPn,AR0,ZE90,SD25,--no azimuth
-LS,HI,HR1
-SS,OPs,FPh,AR0,ZE60,SD10,--no height
-SP,PNq,N ,E 1,EL,--null
-SS,OPq,FPr,AR0,ZE60,SD10,--from nowhere
-"""
 
 
 def taken():
@@ -417,39 +351,122 @@ def taken():
     d.station, d.bearing, d.target = first
     d.shot("b", "no angle", None, None, None, (None, None, None))
     d.station, d.bearing, d.target = second
-    # Without an azimuth the shot has a height alone; the backsight leaves it pending.
-    d.backsight("s", "b", 0, 0, 1, 1)
-    third = d.station, d.bearing, d.target
-    d.station, d.bearing, d.target = second
+    # Without an azimuth the shot has a height alone. It isn't to the backsight of the next BK.
     d.shot("n", "no azimuth", 0, 90, 25, (None, None, 10))
-    d.station, d.bearing, d.target = third
+    d.backsight("s", "b", 0, 0, 1, 1)
     d.note("")
     d.shot("n", "no azimuth", 0, 90, 25, (125, 100, 10))
+    d.backsight("s", "b", 0, 0, None, 1)
     d.shot("h", "no height", 0, 60, 10, (100 + 10 * math.sin(math.radians(60)), 100, None))
     d.stored("q", "null", (None, 1, None))
     d.shot("r", "from nowhere", 0, 60, 10, (None, None, None))
+    d.backsight("s", "b", 0, 0, 1, 1)
+    d.shot("B", "another point than b", 0, 90, 10, (110, 100, 10))
+    d.backsight("s", "b", 90, 0, 1, 1)
+    # Names of the shot and of the backsight meet in their first 16 characters.
+    half = 10 / math.sqrt(2)
+    d.backsight("s", "a name of 17 char", 180, 0, 1, 1, taken=(45, (100 - half, 100 + half, 10)))
     return d
 
 
-def only_a_job():
-    return Document("alone", "2024-02-29T01:02:00")
+def moves():
+    """Traverse shots and the shots that go on from where they point."""
+    d = Document("moves", "2026-01-02T00:00:00")
+    d.mode(1, 0)
+    d.stored("1", "", (1000, 1000, 50))
+    d.stored("9", "", (2000, 2000, 50))
+    # Before any backsight the circle's 0 is north. A shot from elsewhere comes in between.
+    d.shot("2", "no backsight yet", 90, 90, 100, (1000, 1100, 50))
+    d.shot("91", "another station", 0, 90, 10, (2010, 2000, 50))
+    d.backsight("2", "1", 270, 0, 1.6, 1.4)
+    d.shot("21", "", 90, 90, 10, (1010, 1100, 50.2))
+    # In face two the telescope looks away from where the circle reads: south here.
+    d.shot("3", "face two", 90, 270, 50, (950, 1100, 50.2))
+    d.shot("4", "a second one", 180, 90, 20, (1000, 1120, 50.2))
+    d.backsight("3", "2", 0, 0, 1.6, 1.4)
+    d.shot("31", "", 90, 90, 10, (950, 1110, 50.4))
+    d.backsight("4", "2", 270, 0, 1.6, 1.4)
+    d.shot("41", "", 0, 90, 10, (1000, 1110, 50.4))
+    # The move to 3 has been made: the setup is still that of 4.
+    d.shot("32", "", 90, 90, 10, (960, 1100, 50.4))
+    # An OC of the new station, and none of another, counts from the first shot there.
+    d.shot("5", "", 0, 90, 30, (1000, 1090, 50.4))
+    d.know("5", "occupied", (1000.5, 1090.5, 60))
+    d.backsight("5", "4", 90, 0, 1.6, 1.4)
+    d.shot("51", "", 0, 90, 10, (1000.5, 1100.5, 60.2))
+    # A BK at the new station in place of the move. The OC of point 9 waits for it.
+    d.shot("6", "", 90, 90, 10, (990.5, 1090.5, 60.2))
+    d.backsight("6", "5", 0, 90, 1.6, 1.4)
+    d.know("9", "", (3000, 3000, 70))
+    d.shot("61", "", 180, 90, 10, (990.5, 1100.5, 60.4))
+    # Without an angle the way back isn't known; without a zenith angle it is.
+    d.shot("7", "no angle", None, None, None, (None, None, None))
+    d.stored("7", "", (500, 500, 70))
+    d.backsight("7", "6", None, 90, 1.6, 1.4)
+    d.shot("71", "", 0, 90, 10, (None, None, 70.2))
+    d.backsight("7", "6", 0, 0, 1.6, 1.4)
+    d.shot("8", "no zenith angle", None, None, None, (None, None, None))
+    d.stored("8", "", (500, 500, 70))
+    d.backsight("8", "7", 270, 0, 1.6, 1.4)
+    d.shot("81", "", 0, 90, 10, (500, 490, 70.2))
+    return d
+
+
+def heights():
+    """Heights behind and between setups, in feet and metres; azimuths from north, then from south."""
+    d = Document("heights", "2026-01-02T00:00:00")
+    d.mode(0, 1)
+    d.stored("1", "", (30.48, 30.48, 30.48))
+
+    def shot(name, hi, hr, azimuth=0):
+        d.shot(name, "", azimuth, 90, 10, (30.48 + 20 * (azimuth == 0), 30.48 + 20 * (azimuth == 90),
+                                           30.48 + hi - hr))
+
+    # An azimuth of 0 where the circle reads a full turn; the line of sight behind it is in metres.
+    d.backsight("1", "2", 0, 360, 1.5, 1.25)
+    shot("11", 1.5, 1.25)
+    shot("12", 1.5, 1.25)  # a rod of 2 m was taken back
+    d.note("between")
+    d.rod(2)
+    shot("13", 1.5, 2, 90)
+    shot("14", 1.5, 2)
+    d.backsight("1", "2", 0, 360, 1.75, 2)
+    shot("15", 1.75, 2)
+    # The search for heights ends at the OC behind this BK, whose azimuth is from south.
+    d.backsight("1", "2", 0, 0, 1, 1)
+    d.backsight("1", "2", 0, 0, 1.1, 1)
+    shot("16", 1.1, 1)
+    return d
+
+
+def no_mode():
+    """Metres; numbers too long for their element, which keeps 16 characters."""
+    d = Document("no mode", "2026-01-02T00:00:00")
+    d.stored("1", "", (12345678901.25, 1234567890.125, 12345678901.125))
+    return d
+
+
+def only_a_job(has_more=False):
+    d = Document("alone", "2024-02-29T01:02:00")
+    d.has_more = has_more
+    return d
 
 
 BAD = "Bad raw data record found at line %d. The conversion is aborted.\n"
 HEAD = "JB,NMx,DT01-02-2026,TM00:00:00\nMO,AD0,UN1,SF1,EC0,EO0.0,AU0\nSP,PN1,N 0,E 0,EL0,--\n"
 
 CASES = {
-    "raw-to-jxl/mill-creek": ((EXAMPLES / "mill-creek-simple.raw").read_text(), mill_creek),
-    "raw-to-jxl/units-and-markup": (GONS, gons),
-    "raw-to-jxl/deleted-points": (DELETED, deleted),
-    "raw-to-jxl/scans-and-pictures": (PICTURES, pictures),
-    "raw-to-jxl/taken-over-and-null": (TAKEN, taken),
-    "raw-to-jxl/only-a-job": ("XX,NMalone,DT02-29-2024,TM1:2", only_a_job),
-    "rw5-to-jxl/mill-creek": ((EXAMPLES / "mill-creek-simple.raw").read_text(), mill_creek),
-    "pwr-to-jxl/mill-creek": (
-        (EXAMPLES / "mill-creek-simple.raw").read_text().replace("Gridlark", "Plumbwick"),
-        lambda: mill_creek("Plumbwick")),
+    "raw-to-jxl/units-and-markup": gons,
+    "raw-to-jxl/deleted-points": deleted,
+    "raw-to-jxl/scans-and-pictures": pictures,
+    "raw-to-jxl/taken-over-and-null": taken,
+    "raw-to-jxl/traverse-goes-on": moves,
+    "raw-to-jxl/heights": heights,
+    "raw-to-jxl/no-mode": no_mode,
+    "raw-to-jxl/only-a-job": only_a_job,
+    "raw-to-jxl/a-line-behind-the-job": lambda: only_a_job(True),
 }
+MILL_CREEK = {"raw": "Gridlark", "rw5": "Gridlark", "pwr": "Plumbwick"}
 REFUSED = {
     "empty": ("", "Bad ZEL raw data file.\n"),
     "second-job": (HEAD + HEAD, BAD % 4),
@@ -468,21 +485,19 @@ REFUSED = {
 }
 
 
-def log_bytes(text):
-    # A byte that windows-1252 leaves open stands for the control character of its number.
-    return b"".join(c.encode("cp1252") if c != "\u0081" else b"\x81" for c in text)
-
-
 def main():
     notes = b"Worked out by make_raw_to_jxl_cases.py.\n"
     cases = {}
-    for case, (log, fill) in CASES.items():
-        extension = case.split("-")[0]
-        cases[GOLDEN / case] = {"in." + extension: log_bytes(log), "out.jxl": fill().bytes(),
-                                "notes.txt": notes}
+    for case, fill in CASES.items():
+        cases[GOLDEN / case] = {"in.raw": (GOLDEN / case / "in.raw").read_bytes(),
+                                "out.jxl": fill().bytes(), "notes.txt": notes}
+    for extension, product in MILL_CREEK.items():
+        log = (EXAMPLES / "mill-creek-simple.raw").read_text().replace("Gridlark", product)
+        cases[GOLDEN / (extension + "-to-jxl") / "mill-creek"] = {
+            "in." + extension: log.encode(), "out.jxl": mill_creek(product).bytes(), "notes.txt": notes}
     for case, (log, text) in REFUSED.items():
         cases[GOLDEN / "raw-to-jxl" / ("refused-" + case)] = {
-            "in.raw": log_bytes(log), "messages.txt": text.encode(), "notes.txt": notes}
+            "in.raw": log.encode(), "messages.txt": text.encode(), "notes.txt": notes}
     settle(cases)
 
 

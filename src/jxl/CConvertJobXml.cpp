@@ -1,8 +1,5 @@
 #include "jxl/CConvertJobXml.h"
 
-#include <algorithm>
-#include <cmath>
-#include <initializer_list>
 #include <optional>
 
 #include "convert/CConvertProgress.h"
@@ -13,21 +10,30 @@
 namespace zelconvert {
 namespace {
 
-constexpr std::size_t kNameLength = 16;
-constexpr double kFullCircle = 2 * kPi;
-
 constexpr std::wstring_view kEmptyLogText = L"Bad ZEL raw data file.";
 constexpr std::wstring_view kBadRecordText =
     L"Bad raw data record found at line %ld. The conversion is aborted.";
 
-bool AnyNull(std::initializer_list<double> values) {
-  return std::any_of(values.begin(), values.end(), [](double value) { return IsNull(value); });
-}
+/// AD of a log whose azimuths count from south.
+constexpr std::int32_t kFromSouth = 1;
 
 std::string Utf8(std::wstring_view text) {
   std::string utf8;
-  AppendUtf8(utf8, text);
+  AppendXmlCharacters(utf8, text);
   return utf8;
+}
+
+/// A length in the unit of an MO; any unit that is none of feet counts as metres.
+double MetresFromRaw(double length, std::int32_t unit) {
+  if (IsNull(length)) return length;
+  switch (unit) {
+    case kRawInternationalFeet:
+      return MetresFromUnits(length, kInternationalFeet);
+    case kRawUsSurveyFeet:
+      return MetresFromUnits(length, kUsSurveyFeet);
+    default:
+      return length;
+  }
 }
 
 /// Reads fixed-width numbers as scanf does: blanks before a number don't count in its width.
@@ -96,10 +102,6 @@ bool ParseTime(const JB_RECORD& job, platform::LocalTime& time) {
   return true;
 }
 
-double DegreesFromRadians(double radians) {
-  return IsNull(radians) ? radians : radians * 180.0 / kPi;
-}
-
 }  // namespace
 
 void KnownPoints::Add(std::wstring_view name, std::wstring_view description,
@@ -137,8 +139,8 @@ struct CConvertJobXml::Handler {
 };
 
 const CConvertJobXml::Handler CConvertJobXml::kHandlers[] = {
-    {RawRecordType::SS, &CConvertJobXml::OnShot},
-    {RawRecordType::TR, &CConvertJobXml::OnShot},
+    {RawRecordType::SS, &CConvertJobXml::OnSideshot},
+    {RawRecordType::TR, &CConvertJobXml::OnTraverse},
     {RawRecordType::LS, &CConvertJobXml::OnHeights},
     {RawRecordType::Comment, &CConvertJobXml::OnComment},
     {RawRecordType::SP, &CConvertJobXml::OnStoredPoint},
@@ -159,7 +161,7 @@ bool CConvertJobXml::Convert(CRawFile& rawFile, CJxlFile& jxlFile, StringList& m
   m_pJxlFile = &jxlFile;
   const std::wstring version = FindVersion(rawFile);
 
-  rawFile.SeekToBegin();
+  m_index.Build(rawFile);
   std::wstring line;
   if (!rawFile.ReadRecord(line)) {
     messages.emplace_back(kEmptyLogText);
@@ -171,6 +173,7 @@ bool CConvertJobXml::Convert(CRawFile& rawFile, CJxlFile& jxlFile, StringList& m
   while (good && rawFile.ReadRecord(line)) {
     ++m_line;
     progress.SetPosition(rawFile.GetPosition(), length);
+    m_hasMore = m_hasMore || !Trim(line).empty();
     good = ConvertRecord(line);
   }
   if (!good) {
@@ -212,8 +215,7 @@ bool CConvertJobXml::Finish() {
   for (const KnownPoints::Point& point : m_points) {
     if (!point.isDeleted) m_pJxlFile->AddPoint(point.name, point.description, point.position);
   }
-  // A log that never told its units has no coordinate system either.
-  if (!m_firstMode) m_pJxlFile->AddCoordinateSystem();
+  if (m_hasMore) m_pJxlFile->AddCoordinateSystem();
   return m_pJxlFile->WriteDocument();
 }
 
@@ -225,11 +227,12 @@ bool CConvertJobXml::OnMode(std::wstring_view line) {
   MO_RECORD mode;
   if (!CRawFile::ParseMO(line, mode)) return false;
   m_sourceUnits = {mode.distanceUnit, mode.angleUnit};
+  m_southAzimuths = mode.azimuthOrigin == kFromSouth;
   if (!m_firstMode) return true;
   m_firstMode = false;
   m_scale = mode.scale;
   m_pJxlFile->AddUnitsRecord(m_sourceUnits);
-  m_pJxlFile->AddCorrectionsRecord();
+  m_pJxlFile->AddCorrectionsRecord(m_southAzimuths);
   m_pJxlFile->AddDisplaySettings(m_sourceUnits);
   return true;
 }
@@ -237,8 +240,7 @@ bool CConvertJobXml::OnMode(std::wstring_view line) {
 bool CConvertJobXml::OnHeights(std::wstring_view line) {
   LS_RECORD heights;
   if (!CRawFile::ParseLS(line, heights)) return false;
-  m_instrumentHeight = ToMetres(heights.instrumentHeight);
-  m_rodHeight = ToMetres(heights.rodHeight);
+  m_instrument.SetHeights({ToMetres(heights.instrumentHeight), ToMetres(heights.rodHeight)});
   return true;
 }
 
@@ -261,73 +263,65 @@ bool CConvertJobXml::OnStoredPoint(std::wstring_view line) {
 bool CConvertJobXml::OnBacksight(std::wstring_view line) {
   BK_RECORD backsight;
   if (!CRawFile::ParseBK(line, backsight)) return false;
-  m_backAzimuth = ToRadians(backsight.azimuth);
-  m_backCircle = ToRadians(backsight.circle);
-  AddBacksight(backsight);
-  if (m_occupied.isPending) {
-    m_points.Add(m_occupied.name, m_occupied.description, m_occupied.position,
-                 KnownPoints::kNoLine);
-    m_occupied.isPending = false;
-  }
+  // A shot right in front that is to the backsight point was made for the orientation.
+  const bool toBacksight =
+      m_shot.isPending && ComparedName(m_shot.name) == ComparedName(backsight.backsight);
+  if (m_shot.isPending && !toBacksight) FlushPendingShot();
+  const bool takesShot = toBacksight && m_shot.position.IsWhole();
+  if (takesShot) m_shot.isPending = false;
+
+  const double circle = ToDegrees(backsight.circle);
+  m_lastPointRecord = m_instrument.Orient(
+      *m_pJxlFile,
+      {std::wstring(backsight.station), std::wstring(backsight.backsight),
+       ToNorthAzimuth(backsight.azimuth), circle},
+      FindHeights(backsight.station), takesShot ? m_shot.readings.horizontal : circle,
+      takesShot ? m_shot.position : JxlPosition{});
+  JoinOccupiedPoint();
   return true;
 }
 
-void CConvertJobXml::AddBacksight(const BK_RECORD& backsight) {
-  const double circle = DegreesFromRadians(m_backCircle);
-  double correction = DC_NULL;
-  if (!AnyNull({m_backAzimuth, m_backCircle})) {
-    correction = std::fmod(m_backAzimuth - m_backCircle, kFullCircle);
-    if (correction < 0) correction += kFullCircle;
-  }
-  m_setup.station = m_pJxlFile->AddStationRecord(backsight.station, m_instrumentHeight);
-  m_pJxlFile->AddAzimuthOnly(backsight.backsight, backsight.station,
-                             DegreesFromRadians(m_backAzimuth));
-  m_setup.backBearing =
-      m_pJxlFile->AddBackBearingRecord(m_setup.station, backsight.station, backsight.backsight,
-                                       circle, DegreesFromRadians(correction));
-  m_setup.target = m_pJxlFile->AddTargetRecord(m_rodHeight);
-
-  // A shot right before its backsight was the shot to the backsight point.
-  const bool takesShot = m_shot.isPending && m_shot.position.IsWhole();
-  m_lastPointRecord =
-      m_pJxlFile->AddAngleOnly(backsight.backsight, takesShot ? m_shot.readings.horizontal : circle,
-                               m_setup, takesShot ? m_shot.position : JxlPosition{});
-  if (takesShot) m_shot.isPending = false;
+/// What the line of sight in front of the next shot says, or else the latest one.
+JxlInstrument::Heights CConvertJobXml::FindHeights(std::wstring_view station) {
+  const HeightsAhead* ahead = m_index.FindHeights(m_line, RawRecordType::BK, station);
+  if (ahead == nullptr) return m_instrument.GetHeights();
+  return {MetresFromRaw(ahead->heights.instrumentHeight, ahead->distanceUnit),
+          MetresFromRaw(ahead->heights.rodHeight, ahead->distanceUnit)};
 }
 
-bool CConvertJobXml::OnShot(std::wstring_view line) {
+void CConvertJobXml::JoinOccupiedPoint() {
+  if (!m_occupied.isPending) return;
+  m_points.Add(m_occupied.name, m_occupied.description, m_occupied.position, KnownPoints::kNoLine);
+  m_occupied.isPending = false;
+}
+
+bool CConvertJobXml::OnSideshot(std::wstring_view line) {
+  return OnShot(line, false);
+}
+
+bool CConvertJobXml::OnTraverse(std::wstring_view line) {
+  return OnShot(line, true);
+}
+
+bool CConvertJobXml::OnShot(std::wstring_view line, bool traverse) {
   SHOT_RECORD shot;
   if (!CRawFile::ParseSS(line, shot) || shot.horizontalKind != HorizontalKind::AngleRight ||
       shot.verticalKind != VerticalKind::Zenith) {
     return false;
   }
+  const bool moved = m_instrument.PrepareShot(*m_pJxlFile, shot.station);
+  if (moved && ComparedName(m_occupied.name) == ComparedName(shot.station)) JoinOccupiedPoint();
   const KnownPoints::Point* station = m_points.Find(shot.station);
   if (station == nullptr) return false;
-  m_shot.name = Left(shot.foresight, kNameLength);
+  m_shot.name = Left(shot.foresight, kShotNameLength);
   m_shot.description = shot.note;
   m_shot.readings = {ToDegrees(shot.horizontal), ToDegrees(shot.vertical), ToMetres(shot.distance)};
-  m_shot.position = Reduce(m_shot.readings, station->position);
-  m_shot.setup = m_setup;
+  m_shot.position = m_instrument.Reduce(m_shot.readings, station->position, m_scale);
+  m_shot.setup = m_instrument.Records();
   m_shot.line = m_line;
   m_shot.isPending = true;
+  if (traverse) m_instrument.PlanMove(shot.station, m_shot.name, m_shot.readings);
   return true;
-}
-
-JxlPosition CConvertJobXml::Reduce(const JxlReadings& readings, const JxlPosition& station) const {
-  JxlPosition position;
-  if (!readings.AreUsable()) return position;
-  const double zenith = readings.vertical * kPi / 180.0;
-  if (!AnyNull({m_backAzimuth, m_backCircle, m_scale, station.north, station.east})) {
-    const double azimuth = m_backAzimuth + readings.horizontal * kPi / 180.0 - m_backCircle;
-    const double horizontalDistance = std::sin(zenith) * readings.distance * m_scale;
-    position.north = station.north + std::cos(azimuth) * horizontalDistance;
-    position.east = station.east + std::sin(azimuth) * horizontalDistance;
-  }
-  if (!AnyNull({m_instrumentHeight, m_rodHeight, station.elevation})) {
-    position.elevation =
-        station.elevation + m_instrumentHeight - m_rodHeight + std::cos(zenith) * readings.distance;
-  }
-  return position;
 }
 
 void CConvertJobXml::FlushPendingShot() {
@@ -353,7 +347,7 @@ bool CConvertJobXml::OnDelete(std::wstring_view line) {
 bool CConvertJobXml::OnScan(std::wstring_view line) {
   SC_RECORD scan;
   if (!CRawFile::ParseSC(line, scan)) return false;
-  m_pJxlFile->AddScanningRecord({m_setup, scan.fileName, scan.points,
+  m_pJxlFile->AddScanningRecord({m_instrument.Records(), scan.fileName, scan.points,
                                  ToDegrees(scan.horizontalStep), ToDegrees(scan.verticalStep)});
   return true;
 }
@@ -371,7 +365,7 @@ bool CConvertJobXml::OnCamera(std::wstring_view line) {
 bool CConvertJobXml::OnImage(std::wstring_view line) {
   IM_RECORD image;
   if (!CRawFile::ParseIM(line, image)) return false;
-  m_pJxlFile->AddImageRecord({m_setup, m_camera, m_lastPointRecord, image.fileName,
+  m_pJxlFile->AddImageRecord({m_instrument.Records(), m_camera, m_lastPointRecord, image.fileName,
                               ToDegrees(image.horizontalAngle), ToDegrees(image.verticalAngle),
                               image.width, image.height, image.startX, image.startY, image.sizeX,
                               image.sizeY});
@@ -385,21 +379,13 @@ double CConvertJobXml::ToDegrees(double angle) const {
   return m_sourceUnits.angle == kRawGons ? angle * 0.9 : angle;
 }
 
-double CConvertJobXml::ToRadians(double angle) const {
-  const double degrees = ToDegrees(angle);
-  return IsNull(degrees) ? degrees : degrees * kPi / 180.0;
+double CConvertJobXml::ToNorthAzimuth(double angle) const {
+  const double azimuth = ToDegrees(angle);
+  return m_southAzimuths ? NormalizeDegrees(azimuth + 180) : azimuth;
 }
 
 double CConvertJobXml::ToMetres(double length) const {
-  if (IsNull(length)) return length;
-  switch (m_sourceUnits.distance) {
-    case kRawInternationalFeet:
-      return MetresFromUnits(length, kInternationalFeet);
-    case kRawUsSurveyFeet:
-      return MetresFromUnits(length, kUsSurveyFeet);
-    default:
-      return length;
-  }
+  return MetresFromRaw(length, m_sourceUnits.distance);
 }
 
 JxlPosition CConvertJobXml::ToMetres(const POINT_RECORD& point) const {

@@ -1,5 +1,5 @@
-// Raw log to JobXML: walks the log once, keeps the setup, and reduces each shot as far as a grid
-// position. docs/formats/jxl.md tells what becomes of each record.
+// Raw log to JobXML: walks the log once and reduces each shot as far as a grid position.
+// docs/formats/jxl.md tells what becomes of each record.
 #pragma once
 
 #include <cstdint>
@@ -10,8 +10,10 @@
 #include "convert/ConversionBase.h"
 #include "io/Units.h"
 #include "jxl/CJxlFile.h"
+#include "jxl/JxlInstrument.h"
 #include "raw/CRawFile.h"
 #include "raw/NameSet.h"
+#include "raw/RawIndex.h"
 
 namespace zelconvert {
 
@@ -62,7 +64,7 @@ class CConvertJobXml {
   struct Handler;
   static const Handler kHandlers[];
 
-  /// A shot that waits for the record behind it: a backsight takes it over.
+  /// A shot that waits for the record behind it, whose backsight it may turn out to be.
   struct PendingShot {
     bool isPending = false;
     std::wstring name;
@@ -73,7 +75,7 @@ class CConvertJobXml {
     std::int32_t line = 0;
   };
 
-  /// An occupied point that waits for its backsight.
+  /// An occupied point that waits for a backsight, or for a traverse to go on from it.
   struct PendingOccupy {
     bool isPending = false;
     std::wstring name;
@@ -93,20 +95,22 @@ class CConvertJobXml {
   bool OnMode(std::wstring_view line);
   bool OnOccupy(std::wstring_view line);
   bool OnStoredPoint(std::wstring_view line);
-  bool OnShot(std::wstring_view line);
+  bool OnSideshot(std::wstring_view line);
+  bool OnTraverse(std::wstring_view line);
   bool OnComment(std::wstring_view line);
   bool OnDelete(std::wstring_view line);
   bool OnScan(std::wstring_view line);
   bool OnCamera(std::wstring_view line);
   bool OnImage(std::wstring_view line);
 
-  void AddBacksight(const BK_RECORD& backsight);
-  JxlPosition Reduce(const JxlReadings& readings, const JxlPosition& station) const;
+  bool OnShot(std::wstring_view line, bool traverse);
+  JxlInstrument::Heights FindHeights(std::wstring_view station);
   void FlushPendingShot();
+  void JoinOccupiedPoint();
 
-  // From the units of the log; null values pass.
-  double ToRadians(double angle) const;
+  // From the units of the log, and azimuths to those from north; null values pass.
   double ToDegrees(double angle) const;
+  double ToNorthAzimuth(double angle) const;
   double ToMetres(double length) const;
   JxlPosition ToMetres(const POINT_RECORD& point) const;
 
@@ -114,18 +118,17 @@ class CConvertJobXml {
   CJxlFile* m_pJxlFile = nullptr;
 
   double m_scale = 1.0;
-  double m_instrumentHeight = 0;  // metres
-  double m_rodHeight = 0;         // metres
-  double m_backAzimuth = 0;       // radians
-  double m_backCircle = 0;        // radians
   JxlUnits m_sourceUnits;
+  bool m_southAzimuths = false;
   bool m_firstMode = true;
+  bool m_hasMore = false;  // than its first line
   std::int32_t m_line = 0;
 
+  RawIndex m_index;
   KnownPoints m_points;
   PendingShot m_shot;
   PendingOccupy m_occupied;
-  JxlSetup m_setup;
+  JxlInstrument m_instrument;
   std::uint32_t m_camera = 0;
   std::uint32_t m_lastPointRecord = 0;
 };

@@ -28,8 +28,7 @@ constexpr XmlFixedChild kUnitsAfterAngle[] = {{"LatitudeLongitudeUnits", "DMSDeg
                                               {"PressureUnits", ""},
                                               {"GradeUnits", "Percentage"},
                                               {"AreaUnits", ""}};
-constexpr XmlFixedChild kCorrections[] = {{"SouthAzimuth", "false"},
-                                          {"GridOrientation", "IncreasingNorthEast"},
+constexpr XmlFixedChild kCorrections[] = {{"GridOrientation", "IncreasingNorthEast"},
                                           {"MagneticDeclination", "0"},
                                           {"Distances", "GroundDistance"}};
 constexpr XmlFixedChild kNeighbourhood[] = {{"Applied", "false"}, {"WeightExponent", "0.5"}};
@@ -208,10 +207,11 @@ std::uint32_t CJxlFile::AddDisplaySettings(const JxlUnits& units) {
   return NextId();
 }
 
-std::uint32_t CJxlFile::AddCorrectionsRecord() {
+std::uint32_t CJxlFile::AddCorrectionsRecord(bool southAzimuths) {
   if (!m_fieldBook) return 0;
   std::uint32_t id = 0;
   CXmlElement record = AddRecord("CorrectionsRecord", id);
+  record.AddChild("SouthAzimuth", XmlText::Literal(southAzimuths ? "true" : "false"));
   record.AddFixedChildren(kCorrections);
   record.AddChild("NeighbourhoodAdjustment").AddFixedChildren(kNeighbourhood);
   return id;

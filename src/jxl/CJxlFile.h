@@ -93,7 +93,7 @@ class CJxlFile : public CFileCE {
   // Each adds one element with the next id, which is returned. Records go into the field book in
   // the order of the calls.
   std::uint32_t AddUnitsRecord(const JxlUnits& units);
-  std::uint32_t AddCorrectionsRecord();
+  std::uint32_t AddCorrectionsRecord(bool southAzimuths);
   std::uint32_t AddCoordinateSystemRecord();
   std::uint32_t AddDirectReading(const XmlText& name, const XmlText& code,
                                  const JxlReadings& readings, const JxlSetup& setup,

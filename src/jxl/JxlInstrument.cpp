@@ -1,0 +1,110 @@
+#include "jxl/JxlInstrument.h"
+
+#include <algorithm>
+#include <cmath>
+#include <initializer_list>
+#include <utility>
+
+#include "io/Strings.h"
+#include "io/Units.h"
+#include "raw/Angles.h"
+#include "raw/RawRecords.h"
+
+namespace zelconvert {
+namespace {
+
+bool AnyNull(std::initializer_list<double> values) {
+  return std::any_of(values.begin(), values.end(), [](double value) { return IsNull(value); });
+}
+
+double Radians(double degrees) {
+  return ToRadians(degrees, kRawDegrees);
+}
+
+/// In [0, 360), and never -0. What noise has put right below a full circle is 0 as well.
+double WithinCircle(double degrees) {
+  return NormalizeZenith(degrees, kRawDegrees) + 0.0;
+}
+
+}  // namespace
+
+std::wstring_view ComparedName(std::wstring_view name) {
+  return Trim(Left(name, kShotNameLength));
+}
+
+double JxlInstrument::Orientation::Azimuth(double circle) const {
+  return AnyNull({backAzimuth, backCircle, circle}) ? DC_NULL : backAzimuth + circle - backCircle;
+}
+
+std::uint32_t JxlInstrument::Orient(CJxlFile& file, Orientation orientation, const Heights& heights,
+                                    double reading, const JxlPosition& grid) {
+  m_orientation = std::move(orientation);
+  const auto move = m_moves.find(ComparedName(m_orientation.station));
+  if (move != m_moves.end()) m_moves.erase(move);
+  return AddSetup(file, heights, reading, grid);
+}
+
+void JxlInstrument::PlanMove(std::wstring_view from, std::wstring_view to,
+                             const JxlReadings& readings) {
+  const double azimuth = m_orientation.Azimuth(readings.horizontal);
+  // In face two the telescope points away from where the circle reads: back, as seen from there.
+  const double back = IsFaceTwo(readings.vertical, kRawDegrees) ? azimuth : azimuth + 180;
+  m_moves.insert_or_assign(std::wstring(ComparedName(to)),
+                           Orientation{std::wstring(to), std::wstring(from), WithinCircle(back),
+                                       m_orientation.backCircle});
+}
+
+bool JxlInstrument::PrepareShot(CJxlFile& file, std::wstring_view station) {
+  const auto move = m_moves.find(ComparedName(station));
+  const bool moves = move != m_moves.end();
+  if (moves) {
+    m_orientation = std::move(move->second);
+    m_moves.erase(move);
+  }
+  const bool hasSetup = m_records.station != 0;
+  if (moves || (hasSetup && m_heights.instrument != m_recorded.instrument)) {
+    AddSetup(file, m_heights, m_orientation.backCircle, {});
+  } else if (hasSetup && m_heights.rod != m_recorded.rod) {
+    AddTarget(file, m_heights.rod);
+  }
+  return moves;
+}
+
+std::uint32_t JxlInstrument::AddSetup(CJxlFile& file, const Heights& heights, double reading,
+                                      const JxlPosition& grid) {
+  const auto& [station, backsight, backAzimuth, backCircle] = m_orientation;
+  const double correction =
+      AnyNull({backAzimuth, backCircle}) ? DC_NULL : WithinCircle(backAzimuth - backCircle);
+  m_recorded.instrument = heights.instrument;
+  m_records.station = file.AddStationRecord(station, heights.instrument);
+  file.AddAzimuthOnly(backsight, station, backAzimuth);
+  m_records.backBearing =
+      file.AddBackBearingRecord(m_records.station, station, backsight, backCircle, correction);
+  AddTarget(file, heights.rod);
+  return file.AddAngleOnly(backsight, reading, m_records, grid);
+}
+
+void JxlInstrument::AddTarget(CJxlFile& file, double rodHeight) {
+  m_recorded.rod = rodHeight;
+  m_records.target = file.AddTargetRecord(rodHeight);
+}
+
+JxlPosition JxlInstrument::Reduce(const JxlReadings& readings, const JxlPosition& station,
+                                  double scale) const {
+  JxlPosition position;
+  if (!readings.AreUsable()) return position;
+  const double zenith = Radians(readings.vertical);
+  const double azimuth = m_orientation.Azimuth(readings.horizontal);
+  if (!AnyNull({azimuth, scale, station.north, station.east})) {
+    const double horizontalDistance = std::sin(zenith) * readings.distance * scale;
+    position.north = station.north + std::cos(Radians(azimuth)) * horizontalDistance;
+    position.east = station.east + std::sin(Radians(azimuth)) * horizontalDistance;
+  }
+  if (!AnyNull({m_heights.instrument, m_heights.rod, station.elevation})) {
+    position.elevation = station.elevation + m_heights.instrument - m_heights.rod +
+                         std::cos(zenith) * readings.distance;
+  }
+  return position;
+}
+
+}  // namespace zelconvert
