@@ -98,6 +98,20 @@ TEST(DcToJob, TruncationsOfAnExampleEnd) {
   }
 }
 
+// The job has nothing of a road whose RD5 file can't be made.
+TEST(DcToJob, RoadWithoutAFile) {
+  const TempDir folder;
+  std::filesystem::create_directory(folder.Folder() / "RIDGE_RO.RD5");
+  const std::string example = ReadBytes("examples/ridge-road.dc");
+  const std::wstring input = folder.Write(L"in.dc", example.substr(example.find("28KI")));
+  HostLists lists;
+  EXPECT_FALSE(lists.Convert(FT_DC, input, FT_JOB, folder.Path(L"out.job")));
+  EXPECT_EQ(lists.Messages(),
+            (std::vector<std::wstring>{
+                L"Road RIDGE ROAD in the DC file could not be converted to RD5 files.",
+                L"No points were found in the DC file."}));
+}
+
 // Jobs for the way to DC and back. The systems are those that a DC file can hold: what it has no
 // column for isn't set.
 class JobMaker {

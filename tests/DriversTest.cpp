@@ -34,7 +34,7 @@ constexpr Route kRoutes[] = {
     {FT_JOB, L"in.job", "boundary.job", FT_CR5},
     {FT_PW_JOB, L"in.pwj", "boundary.pwj", FT_SEQ_CR5},
     {FT_JOB, L"in.job", "control.job", FT_DC},
-    {FT_DC, L"in.dc", "ridge-control.dc", FT_JOB},
+    {FT_DC, L"in.dc", "ridge-road.dc", FT_JOB},
     {FT_DC77, L"in.dc", "ridge-control.dc", FT_OLD_JOB},
     {FT_DC, L"in.dc", "ridge-control.dc", FT_ILJ},
     {FT_ILJ, L"in.ilj", "grenze.ilj", FT_DC1070},
@@ -167,6 +167,7 @@ const Failure kFailures[] = {
        fs::create_symlink("/dev/full", run.OutputPath());
        run.ExpectRefusal(L"Unable to write the file %s.", run.output);
        EXPECT_TRUE(fs::exists("/dev/full"));
+       EXPECT_FALSE(run.Exists(L"RIDGE_RO.RD5") || run.Exists(L"RURAL_2L.tp5"));
      }},
 #endif
 };

@@ -59,12 +59,13 @@ class Sandbox {
     for (const auto& [name, contents] : Made()) fs::remove(Out() / ToPath(name));
     messages.clear();
     roads.clear();
+    created.clear();
   }
 
   bool Convert() {
     CDcFile file;
     EXPECT_TRUE(file.OpenForRead(m_dir.Path(L"in.dc")));
-    const bool ok = ConvertDcRoads(file, messages, roads, m_dir.Path(L"out"));
+    const bool ok = ConvertDcRoads(file, messages, roads, m_dir.Path(L"out"), created);
     ExpectUnharmed();
     return ok;
   }
@@ -80,7 +81,7 @@ class Sandbox {
     return names;
   }
 
-  StringList messages;
+  StringList messages, created;
   std::vector<ROAD_HEADER> roads;
 
  private:
@@ -171,10 +172,14 @@ TEST(Roads, WholeFiles) {
     ++cases;
     Files expected = FilesIn(entry.path());
     Sandbox sandbox(expected[L"in.dc"]);
-    expected.erase(L"in.dc");
+    StringList messages;
+    std::istringstream texts(expected[L"messages.txt"]);
+    for (std::string text; std::getline(texts, text);) messages.push_back(ToWide(text));
+    for (const wchar_t* name : {L"in.dc", L"messages.txt", L"notes.txt"}) expected.erase(name);
     EXPECT_TRUE(sandbox.Convert());
-    EXPECT_EQ(sandbox.messages, StringList());
+    EXPECT_EQ(sandbox.messages, messages);
     EXPECT_EQ(sandbox.Made(), expected);
+    EXPECT_EQ(sandbox.created.size(), expected.size());
   }
   EXPECT_GT(cases, 0);
 }
@@ -190,16 +195,18 @@ TEST(Roads, RefusedRoads) {
     Sandbox sandbox(Join(lines));
     EXPECT_TRUE(sandbox.Convert());
     std::vector<std::wstring> roads = {L"FIRST", L"AFTER"};
-    std::vector<std::wstring> made = {L"AFTER.RD5", L"EVEN.tp5", L"FIRST.RD5"};
+    std::vector<std::wstring> files = {L"AFTER.RD5", L"FIRST.RD5"};
     if (each.text.empty()) {
       roads.insert(roads.begin() + 1, L"the one");
-      made.push_back(L"the_one.RD5");
+      files.push_back(L"the_one.RD5");
       EXPECT_EQ(sandbox.messages, StringList());
     } else {
       EXPECT_EQ(sandbox.messages, Refusal(each.text, L"the one"));
     }
     EXPECT_EQ(sandbox.RoadNames(), roads);
-    EXPECT_EQ(NamesIn(sandbox.Made()), made);
+    std::vector<std::wstring> made = NamesIn(sandbox.Made());
+    std::erase_if(made, [](const std::wstring& name) { return !name.ends_with(L".RD5"); });
+    EXPECT_EQ(made, files);
   }
 }
 
@@ -233,6 +240,7 @@ TEST(Roads, FailedRuns) {
     } else {
       EXPECT_EQ(sandbox.messages, Refusal(each.text, L"the one"));
       EXPECT_EQ(sandbox.RoadNames(), (std::vector<std::wstring>{L"FIRST", L"the one"}));
+      EXPECT_EQ(sandbox.roads.back().north, 1000);
       EXPECT_TRUE(sandbox.Made().empty());
     }
   }
@@ -249,6 +257,7 @@ TEST(Roads, FilesThatCannotBeWritten) {
     EXPECT_EQ(
         sandbox.messages,
         StringList{L"Road " + road + L" in the DC file could not be converted to RD5 files."});
+    EXPECT_EQ(sandbox.RoadNames(), std::vector<std::wstring>{L"FIRST"});
     EXPECT_TRUE(sandbox.Made().empty());
   }
 }
@@ -283,9 +292,9 @@ TEST(Roads, InputIsNoOutput) {
   TempDir dir;
   CDcFile file;
   ASSERT_TRUE(file.OpenForRead(dir.Write(L"ROAD.RD5", dc)));
-  StringList messages;
+  StringList messages, created;
   std::vector<ROAD_HEADER> roads;
-  EXPECT_FALSE(ConvertDcRoads(file, messages, roads, dir.Path(L"")));
+  EXPECT_FALSE(ConvertDcRoads(file, messages, roads, dir.Path(L""), created));
   EXPECT_EQ(FilesIn(dir.Folder()), (Files{{L"ROAD.RD5", dc}}));
 }
 
@@ -304,13 +313,14 @@ TEST(Roads, Headers) {
   }
 }
 
-// The run ends there, and what had been written by then stays.
+// The run ends there; what had been written by then is the caller's to delete.
 TEST(Roads, ShortHeaderLine) {
   Sandbox sandbox(Join(Lines{Road("FIRST")} + kGood + Lines{Road("ROAD"), kHal, "00NM"} + kGood));
   EXPECT_THROW(sandbox.Convert(), ConversionFailure);
   EXPECT_EQ(sandbox.messages, StringList());
   const Files made = sandbox.Made();
   EXPECT_EQ(NamesIn(made), (std::vector<std::wstring>{L"EVEN.tp5", L"FIRST.RD5", L"ROAD.RD5"}));
+  EXPECT_EQ(sandbox.created.size(), made.size());
   EXPECT_EQ(made.at(L"ROAD.RD5"), std::string(50, '+') + "\r\nHR\r\n");
 }
 

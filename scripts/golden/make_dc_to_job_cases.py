@@ -103,10 +103,11 @@ def nullable(field):
 
 
 class Job:
-    """roads: where each road that has road files starts: station, north, east, elevation."""
+    """roads: those that have road files, in the order of the lines: name, name of the file, and where
+    it starts: station, north, east, elevation."""
 
     def __init__(self, version, roads):
-        self.version, self.roads = version, roads
+        self.version, self.roads = version, list(roads)
         self.road, self.road_count, self.any_point = None, 0, False
         self.flags, self.scale, self.distance_unit, self.angle_unit = 0, 1.0, 0, 0
         self.system = System()
@@ -182,10 +183,10 @@ class Job:
     def on_D0(self, line):
         if not self.projection(line):
             return
-        self.system.word(478, int(line[149] != "1"))
-        self.system.word(480, int(line[150] == "1"))
-        self.system.word(482, int(line[151] != "1"))
-        self.system.word(484, {"1": 1, "2": 2, "3": 3}.get(line[152], 4))
+        self.system.word(478, int(line[149:150] != "1"))
+        self.system.word(480, int(line[150:151] == "1"))
+        self.system.word(482, int(line[151:152] != "1"))
+        self.system.word(484, {"1": 1, "2": 2, "3": 3}.get(line[152:153], 4))
         self.system.text(486, line[153:185].strip(BLANKS), 261)
         self.system.text(1008, line[185:217].strip(BLANKS), 261)
 
@@ -254,13 +255,13 @@ class Job:
         self.any_point = True
 
     def on_28(self, line):
-        name = line[4:20].strip(BLANKS)
-        self.road = self.roads.get(name)
-        if self.road is None:
+        self.road = None
+        if not self.roads or self.roads[0][0] != line[4:20].strip(BLANKS):
             return
+        _, file_name, self.road = self.roads.pop(0)
         self.road_count += 1
         station, *place = map(self.metres, self.road)
-        self.record(10, text(re.sub("[^A-Za-z0-9$_-]", "_", name[:8]), 9) +
+        self.record(10, text(file_name, 9) +
                     struct.pack("<id34x3d", self.road_count, station, *place))
 
     def on_84(self, _):
@@ -297,15 +298,15 @@ def columns(line, start, count):
     return [nullable(line[i:i + 16]) for i in range(start, start + 16 * count, 16)]
 
 
-def convert(data, version=5, roads=None):
+def convert(data, version=5, roads=()):
     lines = data.decode("cp1252").split("\n")
-    job = Job(version, roads or {})
+    job = Job(version, roads)
     for line in lines:
         job.line(line.removesuffix("\r"))
     return job
 
 
-def pack_cr5(data, sequential, roads=None):
+def pack_cr5(data, sequential, roads=()):
     """Points of a DC file with numbers for names, as the job between hands them on."""
     job = convert(data, roads=roads)
     points, offset = {}, 0
@@ -428,7 +429,7 @@ ROADS = [
     "97KI1" + number(50.0) + "1" + number(25.0) + number(0.0) + "TOE".ljust(16),
     "B9KI" + number(1000.0) + "3" + "T".ljust(16) + "3" + "T".ljust(16),
     position("1", 100.0, 200.0, 3.0)]
-ROAD_STARTS = {"Main St. East": (1000.0, 4500.0, 6000.0, 12.0)}
+ROAD_STARTS = [("Main St. East", "Main_St_", (1000.0, 4500.0, 6000.0, 12.0))]
 ROAD_MESSAGES = ("This road does not have a vertical alignment.\n"
                  "Road Bad road in the DC file could not be converted to RD5 files.\n")
 PLUS = "+" * 50
@@ -450,7 +451,13 @@ def example(name):
 CASES = {}
 
 
-def job_case(case, data, signature=JOB, version=5, extension="job", roads=None, road_files=None,
+def data_case(case, roads=()):
+    """One whose input, road files and messages were written by hand and stand in its folder."""
+    files = {path.name: path.read_bytes() for path in (GOLDEN / case).iterdir()}
+    CASES[case] = {**files, "out.job": convert(files["in.dc"], roads=roads).pack(JOB)}
+
+
+def job_case(case, data, signature=JOB, version=5, extension="job", roads=(), road_files=None,
              road_messages=""):
     job = convert(data, version, roads)
     files = {"in.dc": data, f"out.{extension}": job.pack(signature), **(road_files or {})}
@@ -476,7 +483,7 @@ job_case("dc-to-job/points-alone", lines(POINTS_ALONE))
 job_case("dc-to-oldjob/ridge-control", CONTROL, version=3)
 job_case("dc-to-oldjob/feet-site-lambert", lines(FEET_SITE_LAMBERT), version=3)
 job_case("dc-to-pwj/ridge-control", CONTROL, signature=PWJ, extension="pwj")
-RIDGE = dict(roads={"RIDGE ROAD": (0.0, 5326100.0, 540050.0, 514.0)},
+RIDGE = dict(roads=[("RIDGE ROAD", "RIDGE_RO", (0.0, 5326100.0, 540050.0, 514.0))],
              road_files={path.name: path.read_bytes() for path in
                          (ROOT / "tests" / "roads" / "ridge-road").glob("R*")})  # see make_road_cases.py
 job_case("dc-to-job/ridge-road", example("ridge-road.dc"), **RIDGE)
@@ -485,11 +492,19 @@ MAIN_STREET = {name: lines(given) for name, given in ROAD_FILES.items()}
 job_case("dc-to-job/roads-before-points", lines(ROADS), roads=ROAD_STARTS, road_files=MAIN_STREET,
          road_messages=ROAD_MESSAGES)
 CASES["dc-to-job/duplicates-behind-roads"] = {
-    "in.dc": lines(ROADS + ROADS[-1:]), **MAIN_STREET,
+    "in.dc": lines(ROADS + ROADS[-1:]),
     "messages.txt": (ROAD_MESSAGES + DUPLICATES).encode()}
 CASES["dc-to-cr5/roads-alone"] = {
     "in.dc": lines(ROADS[:-1]), "out.cr5": pack_cr5(lines(ROADS[:-1]), False, ROAD_STARTS),
     **MAIN_STREET}
+data_case("dc-to-job/roads-of-one-name", [
+    ("Main Street", "Main_Str", (0.0, 1000.0, 2000.0, 50.0)),
+    ("Main Street", "Main_St2", (100.0, 3000.0, 4000.0, 60.0)),
+    ("MAIN STREET WEST", "MAIN_ST3", (200.0, 5000.0, 6000.0, 70.0))])
+data_case("dc-to-job/failed-road", [("First", "First", (0.0, 1000.0, 2000.0, 50.0)),
+                                    ("Second", "Second", (100.0, 3000.0, 4000.0, 60.0))])
+for folder in GOLDEN.glob("dc-to-job/records-*"):
+    data_case("dc-to-job/" + folder.name)
 cr5_case("numbers-in-feet", lines(NUMBERS_IN_FEET))
 cr5_case("numbers-in-metres", lines(NUMBERS_IN_METRES))
 CASES["dc-to-cr5/names-that-are-no-numbers"] = {"in.dc": CONTROL}

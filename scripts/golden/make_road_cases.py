@@ -386,7 +386,7 @@ def edges_of_superelevation():
 
 
 def sparse():
-    """What is left out, skipped and overwritten."""
+    """What is left out and skipped."""
     plain = [numbers("34", 0, 0), numbers("37", 10, 0)] + PLAIN_TEMPLATE
     dc = [
         # Before any road: passed over.
@@ -400,15 +400,15 @@ def sparse():
         "28DL" + f"{'DELETED':<16}", "35DL", "B8DL", "zzNM",
         # Lower case types are types.
         name("28", "EXACTLY8"), hal(0, 0, 0, 0), "b3" + numbers("B3", 10, 5)[2:] + "1"] + plain + [
-        # The same file again: the later road's stays.
-        name("28", "EXACTLY8-AGAIN"), hal(0, 90, 0, 0), numbers("31", 90, 10)] + plain[:2] + [
-        name("39", "PLAIN"), hinge(1, 2), side_slope(1, 0.0, 0, -20)]
+        name("28", "LEVEL"), hal(0, 90, 0, 0), numbers("31", 90, 10)] + plain[:2] + [
+        name("39", "LEVEL"), hinge(1, 2), side_slope(1, 0.0, 0, -20)]
     vr = [PLUS, "VR", "VG,10.000,0.000"]
     return dc, {
         "NO_HAL.RD5": ["HL,10.00000,5.000"] + vr + sections(),
         "a-$_9___.RD5": [PLUS, "HR"] + vr + sections(),
-        "EXACTLY8.RD5": [PLUS, "HR", "HL,90.00000,10.000"] + vr + sections(),
-        "PLAIN.tp5": ["TH,1,inf,-5.000", "TS,1.000,2.000,1,                "],
+        "EXACTLY8.RD5": [PLUS, "HR", "HC,-1.00000,10.000,5.000,R"] + vr + sections(),
+        "LEVEL.RD5": [PLUS, "HR", "HL,90.00000,10.000"] + vr + sections(),
+        "PLAIN.tp5": PLAIN_TP5, "LEVEL.tp5": ["TH,1,inf,-5.000", "TS,1.000,2.000,1,                "],
     }
 
 

@@ -53,6 +53,9 @@ class CConvRawFile {
   virtual bool ConvertFromRaw(StringList& messages) = 0;
 };
 
+/// Deletes the files at these paths, which a run has made, and forgets them.
+void RemoveFiles(StringList& paths);
+
 /// "Could not read %ith record: %s." and its twin.
 std::wstring FormatRecordReadError(int n, std::wstring_view text);
 std::wstring FormatRecordParseError(int n, std::wstring_view text);

@@ -9,7 +9,6 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "convert/CConvertProgress.h"
@@ -60,8 +59,8 @@ constexpr bool IsPointCharacter(wchar_t c) {
 
 class DcToJob {
  public:
-  DcToJob(CDcFile& dc, CJobFile& job, StringList& messages)
-      : m_Dc(dc), m_Job(job), m_Messages(messages) {}
+  DcToJob(CDcFile& dc, CJobFile& job, StringList& messages, StringList& files)
+      : m_Dc(dc), m_Job(job), m_Messages(messages), m_Files(files) {}
 
   bool Convert() {
     m_Progress.Start();
@@ -106,6 +105,7 @@ class DcToJob {
   bool TakeScaleWithoutProjection(double scale);
   void TakeProjection(const tDC_PROJECTION_FIELDS& projection);
   void TakePointName(std::wstring_view name);
+  std::int32_t RoadId() const { return static_cast<std::int32_t>(m_nRoads); }
   template <class Record>
   void TakeRoadStart(Record& record) const;
 
@@ -128,6 +128,7 @@ class DcToJob {
   CDcFile& m_Dc;
   CJobFile& m_Job;
   StringList& m_Messages;
+  StringList& m_Files;  // the road files
   CConvertProgress m_Progress;
 
   JOB_HEADER m_Settings;  // as they stand in the job
@@ -139,9 +140,8 @@ class DcToJob {
   std::int64_t m_nPointCount = 0;  // points and road elements
   bool m_bAnyPoint = false;        // the point "1" included
   std::vector<ROAD_HEADER> m_Roads;
-  std::unordered_map<std::wstring_view, const ROAD_HEADER*> m_RoadsByName;
+  std::size_t m_nRoads = 0;              // how many of them have come
   const ROAD_HEADER* m_pRoad = nullptr;  // of the last 28, null if it wasn't converted
-  std::int32_t m_nRoadId = 0;
 
   tDC_GRID_POSITIONRecord m_Position;  // these two are reused, point after point
   JOB_POINT m_Point;
@@ -175,8 +175,7 @@ bool DcToJob::WriteLayer() {
 // Roads go into files of their own beside the job. A road that fails there doesn't stop the job: it
 // takes the roads that were met.
 bool DcToJob::ConvertRoads() {
-  ConvertDcRoads(m_Dc, m_Messages, m_Roads, GetFolder(m_Job.GetFile().GetPath()));
-  for (const ROAD_HEADER& road : m_Roads) m_RoadsByName.emplace(road.name, &road);
+  ConvertDcRoads(m_Dc, m_Messages, m_Roads, GetFolder(m_Job.GetFile().GetPath()), m_Files);
   return m_Dc.SeekToBegin();
 }
 
@@ -450,16 +449,17 @@ void DcToJob::TakePointName(std::wstring_view name) {
   }
 }
 
+// Roads are listed in the order of the file, those of one name one by one; of a name that was
+// refused none is.
 bool DcToJob::OnRoad(std::wstring_view line) {
   tDC_ROAD_HEADERRecord road;
   ReadRoadRecord(line, road);
-  const auto found = m_RoadsByName.find(road.name);
-  m_pRoad = found == m_RoadsByName.end() ? nullptr : found->second;
-  if (m_pRoad == nullptr) return true;
-  ++m_nRoadId;
+  m_pRoad = nullptr;
+  if (m_nRoads == m_Roads.size() || m_Roads[m_nRoads].name != road.name) return true;
+  m_pRoad = &m_Roads[m_nRoads++];
   JOB_RECORD10 record;
-  record.name = CleanRoadName(m_pRoad->name);
-  record.id = m_nRoadId;
+  record.name = m_pRoad->fileName;
+  record.id = RoadId();
   TakeRoadStart(record);
   return m_Job.WriteRecord10(record);
 }
@@ -468,7 +468,7 @@ bool DcToJob::OnRoad(std::wstring_view line) {
 bool DcToJob::OnRoadAlignment(std::wstring_view /*line*/) {
   if (m_pRoad == nullptr) return true;
   JOB_RECORD16 element;
-  element.id = static_cast<std::uint32_t>(m_nRoadId);
+  element.id = static_cast<std::uint32_t>(RoadId());
   TakeRoadStart(element);
   if (!m_bAnyPoint) {
     // Field software opens no job without a point.
@@ -494,8 +494,8 @@ void DcToJob::TakeRoadStart(Record& record) const {
 
 }  // namespace
 
-bool CConvDcFile::ConvertToNative(StringList& messages, StringList& /*files*/) {
-  return DcToJob(*m_pFile1, *m_pFile2, messages).Convert();
+bool CConvDcFile::ConvertToNative(StringList& messages, StringList& files) {
+  return DcToJob(*m_pFile1, *m_pFile2, messages, files).Convert();
 }
 
 }  // namespace zelconvert

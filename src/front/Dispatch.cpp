@@ -64,14 +64,16 @@ void RunThroughJob(const ConvertRequest& request, ConvertOutcome& outcome) {
   if (platform::IsSameFile(request.input, request.output)) return;
 
   const TemporaryJob job(GetFolder(request.output));
-  StringList files, messages;
+  StringList files, messages, roadFiles;
   if (!ConvertToJob(request.inputType, request.input, job.GetPath(), files, messages, FT_JOB,
-                    request.units)) {
+                    request.units, &roadFiles)) {
     return;
   }
   outcome.converted =
       ConvertFromJob(request.outputType, job.GetPath(), request.output, files, messages);
-  if (!outcome.converted) RemoveOutput(request.output);
+  if (outcome.converted) return;
+  RemoveOutput(request.output);
+  RemoveFiles(roadFiles);
 }
 
 struct Rule {

@@ -41,19 +41,21 @@ class WritableWhile {
   std::optional<platform::Attributes> m_found;
 };
 
-// Deletes an output unless it is to be kept.
+// Deletes the output of a run, and what was made beside it, unless they are to be kept.
 class OutputGuard {
  public:
-  explicit OutputGuard(const std::wstring& path) : m_path(path) {}
+  explicit OutputGuard(const DriverRun& run) : m_run(run) {}
   ~OutputGuard() {
-    if (!m_keep) platform::RemoveFile(m_path);
+    if (m_keep) return;
+    platform::RemoveFile(m_run.output);
+    if (m_run.beside != nullptr) RemoveFiles(*m_run.beside);
   }
   OutputGuard(const OutputGuard&) = delete;
   OutputGuard& operator=(const OutputGuard&) = delete;
   void Keep() { m_keep = true; }
 
  private:
-  const std::wstring& m_path;
+  const DriverRun& m_run;
   bool m_keep = false;
 };
 
@@ -117,7 +119,7 @@ bool Execute(const DriverRun& run) {
     return Fail(run, DriverText::CannotCreate, run.output);
   }
 
-  OutputGuard output(run.output);
+  OutputGuard output(run);
   if (!Finish(run, Convert(run))) return false;
   run.files.push_back(run.output);
   output.Keep();

@@ -38,6 +38,7 @@ struct DriverRun {
   std::function<bool()> createOutput;
   std::function<bool()> convert;
   std::vector<std::function<FileState()>> closing;  ///< in this order
+  StringList* beside = nullptr;  ///< further files that it made, deleted with the output
 };
 
 /// The whole of a driver's work, as Drivers.h promises it.

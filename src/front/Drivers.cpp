@@ -102,7 +102,8 @@ bool WriteSdr(CRawFile& raw, CFileCE& file, int outputType, StringList& messages
 }  // namespace
 
 bool ConvertToJob(int inputType, const std::wstring& input, const std::wstring& output,
-                  StringList& files, StringList& messages, int outputType, int units) {
+                  StringList& files, StringList& messages, int outputType, int units,
+                  StringList* roadFiles) {
   const JobOutput* form = Find(kJobOutputs, outputType);
   if (form == nullptr) return false;
   const std::wstring jobPath = output.empty() ? GetTempJobName(nullptr) : output;
@@ -111,6 +112,8 @@ bool ConvertToJob(int inputType, const std::wstring& input, const std::wstring& 
   CFileCE file;  // of a CR5 input, which nobody opens: that conversion fails at its first read
   CJobFile job(form->brand);
   CDcFile dcFile;
+  StringList ownRoadFiles;
+  StringList& beside = roadFiles != nullptr ? *roadFiles : ownRoadFiles;
   return Execute({
       .input = input,
       .output = jobPath,
@@ -122,12 +125,13 @@ bool ConvertToJob(int inputType, const std::wstring& input, const std::wstring& 
       .convert =
           [&] {
             if (kCr5Types.Contains(inputType)) return ReadCr5(file, job, units, messages, files);
-            if (fromDc) return ReadDc(dcFile, job, messages, files);
+            if (fromDc) return ReadDc(dcFile, job, messages, beside);
             // Unlike elsewhere the job that was made is kept: empty, and a success.
             RefusePair(messages);
             return true;
           },
       .closing = {Closer(file), Closer(job.GetFile()), Closer(dcFile)},
+      .beside = &beside,
   });
 }
 

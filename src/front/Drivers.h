@@ -12,9 +12,11 @@ namespace zelconvert {
 
 /// Makes a job file. `units` is the unit of a CR5 input. An empty `output` becomes a temporary name
 /// in the root of the current drive. An input type that makes no job leaves an empty job and is
-/// true, with the text that it is not supported.
+/// true, with the text that it is not supported. roadFiles: gets the paths of the road files that
+/// stand beside the job, for whoever deletes them later; null if nobody does.
 bool ConvertToJob(int inputType, const std::wstring& input, const std::wstring& output,
-                  StringList& files, StringList& messages, int outputType, int units);
+                  StringList& files, StringList& messages, int outputType, int units,
+                  StringList* roadFiles = nullptr);
 
 /// Reads a job file, of the brand that the exact extension ".job" stands for.
 bool ConvertFromJob(int outputType, const std::wstring& input, const std::wstring& output,

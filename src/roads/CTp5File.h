@@ -25,9 +25,17 @@ class CTp5File : public CFileCE {
   bool WriteTH(std::int64_t segments, double cutSlope, double fillSlope);
   /// value: a grade in percent, or a difference of elevation when isDelta is set.
   bool WriteTS(double width, double value, bool isDelta, std::wstring_view code);
+  // Whether the next line is the one that these values give.
+  bool HasTH(std::int64_t segments, double cutSlope, double fillSlope);
+  bool HasTS(double width, double value, bool isDelta, std::wstring_view code);
 
  private:
-  std::wstring m_strLine;  // reused
+  void BuildTH(std::int64_t segments, double cutSlope, double fillSlope);
+  void BuildTS(double width, double value, bool isDelta, std::wstring_view code);
+  bool IsNextLine();
+
+  std::wstring m_strLine;  // reused, as is the next
+  std::wstring m_strRead;
 };
 
 }  // namespace zelconvert

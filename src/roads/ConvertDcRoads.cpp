@@ -5,10 +5,10 @@
 #include <utility>
 
 #include "dc/CDcFile.h"
-#include "io/Paths.h"
 #include "roads/CRd5File.h"
 #include "roads/CheckDcRoads.h"
 #include "roads/RoadAlignment.h"
+#include "roads/RoadFiles.h"
 #include "roads/RoadRecords.h"
 #include "roads/RoadSections.h"
 #include "roads/RoadTemplates.h"
@@ -31,9 +31,8 @@ constexpr double kSameStation = 0.001;
 
 /// A road while its records are read.
 struct Road {
-  Road(std::wstring roadName, const RoadSettings& settings, const std::wstring& folder,
-       StringList& created)
-      : name(std::move(roadName)), alignment(file, settings), templates(folder, created) {}
+  Road(std::wstring roadName, const RoadSettings& settings, CRoadFiles& files)
+      : name(std::move(roadName)), alignment(file, settings), templates(files) {}
 
   std::wstring name;
   CRd5File file;
@@ -45,7 +44,8 @@ struct Road {
 class RoadConversion {
  public:
   RoadConversion(CDcFile& file, StringList& messages, std::vector<ROAD_HEADER>& roads,
-                 const std::wstring& folder);
+                 const std::wstring& folder, StringList& created)
+      : m_file(file), m_messages(messages), m_roads(roads), m_files(folder, messages, created) {}
 
   bool Run();
 
@@ -60,6 +60,7 @@ class RoadConversion {
 
   bool ConvertLines();
   bool ConvertLine(std::wstring_view line);
+  bool TakeStartOfFailedRoad();
   /// Says which road failed and takes every file of this run away again.
   bool Fail();
 
@@ -85,8 +86,7 @@ class RoadConversion {
   CDcFile& m_file;
   StringList& m_messages;
   std::vector<ROAD_HEADER>& m_roads;
-  std::wstring m_folder;  // with its separator
-  StringList m_created;   // paths of this run's files
+  CRoadFiles m_files;
 
   RoadNames m_badRoads;
   RoadSettings m_settings;
@@ -132,12 +132,6 @@ const RoadConversion::Row RoadConversion::kRoadRows[] = {
     {tDC_ROAD_APPLYSUPERRecord::kType, &RoadConversion::OnApplySuper},
 };
 
-RoadConversion::RoadConversion(CDcFile& file, StringList& messages, std::vector<ROAD_HEADER>& roads,
-                               const std::wstring& folder)
-    : m_file(file), m_messages(messages), m_roads(roads), m_folder(folder) {
-  EnsureSeparator(m_folder);
-}
-
 bool RoadConversion::Run() {
   if (!CheckDcRoads(m_file, m_badRoads, m_messages)) return true;
   return ConvertLines() || Fail();
@@ -160,15 +154,29 @@ bool RoadConversion::ConvertLine(std::wstring_view line) {
   }
   if (!m_road) return true;
   for (const Row& row : kRoadRows) {
-    if (row.type == type) return (this->*row.handle)(line);
+    if (row.type == type) return (this->*row.handle)(line) || TakeStartOfFailedRoad();
   }
   return true;
+}
+
+/// A road that fails on the way is listed all the same, and its record 84 may be still to come.
+/// Always false: the run has failed.
+bool RoadConversion::TakeStartOfFailedRoad() {
+  std::wstring line;
+  while (m_file.ReadLine(line)) {
+    if (CDcFile::IsBlank(line) || CDcFile::IsDeleted(line)) continue;
+    const std::int32_t type = CDcFile::GetRecordType(line);
+    if (type == tDC_ROAD_HEADERRecord::kType) break;
+    if (type == tDC_HEADERRecord::kType) OnHeader(line);
+    if (type == tDC_ROAD_HALRecord::kType) OnHorizontalStart(line);
+  }
+  return false;
 }
 
 bool RoadConversion::Fail() {
   m_messages.push_back(FormatRoadFailure(m_road->name));
   m_road.reset();
-  for (const std::wstring& path : m_created) platform::RemoveFile(path);
+  m_files.RemoveAll();
   return false;
 }
 
@@ -198,11 +206,10 @@ bool RoadConversion::OnRoad(std::wstring_view line) {
 }
 
 bool RoadConversion::BeginRoad(const std::wstring& name) {
-  m_road = std::make_unique<Road>(name, m_settings, m_folder, m_created);
-  m_roads.push_back({name});
-  const std::wstring path = m_folder + CleanRoadName(name) + L".RD5";
-  if (!m_road->file.OpenForWrite(path)) return false;
-  m_created.push_back(path);
+  m_road = std::make_unique<Road>(name, m_settings, m_files);
+  std::wstring fileName;
+  if (!m_files.CreateRoad(name, m_road->file, fileName)) return false;
+  m_roads.push_back({name, fileName});
   return true;
 }
 
@@ -289,8 +296,8 @@ bool RoadConversion::Refuse(std::wstring_view text) {
 }  // namespace
 
 bool ConvertDcRoads(CDcFile& file, StringList& messages, std::vector<ROAD_HEADER>& roads,
-                    const std::wstring& outputFolder) {
-  return RoadConversion(file, messages, roads, outputFolder).Run();
+                    const std::wstring& outputFolder, StringList& created) {
+  return RoadConversion(file, messages, roads, outputFolder, created).Run();
 }
 
 }  // namespace zelconvert

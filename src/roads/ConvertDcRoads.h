@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "convert/ConversionBase.h"
-#include "roads/RoadNames.h"
 
 namespace zelconvert {
 
@@ -14,6 +13,7 @@ class CDcFile;
 /// Where a road starts, in the units of the DC file. The job holds the same values.
 struct ROAD_HEADER {
   std::wstring name;        ///< trimmed
+  std::wstring fileName;    ///< of its RD5 file, without extension
   double startStation = 0;  ///< all four from the road's last record 84
   double north = 0;
   double east = 0;
@@ -24,13 +24,16 @@ struct ROAD_HEADER {
 /// without a separator at its end); files of the same name are overwritten.
 ///
 /// file: open for reading; read from its first line, twice if there are roads; left anywhere.
-/// messages: why roads were left out, in the order of the file, then why the run failed.
-/// roads: each road met that isn't refused, in the order of the file, appended at its record 28;
-/// after a failure those up to the failing one, which is among them.
+/// messages: why roads were left out and which files have other names than their roads or
+/// templates, in the order of the file, then why the run failed.
+/// roads: each road met that isn't refused, in the order of the file, appended when its RD5 file
+/// has been made; after a failure those up to the failing one, with that one's start as well.
+/// created: the paths of the road files, appended as they are made, also before an exception
+/// leaves.
 ///
-/// Returns false when a road failed on the way or a road file can't be written: every road file of
-/// this run is deleted again. Refused roads alone are no failure.
+/// Returns false when a road failed on the way or a road file can't be written: every file in
+/// `created` is deleted again. Refused roads alone are no failure.
 bool ConvertDcRoads(CDcFile& file, StringList& messages, std::vector<ROAD_HEADER>& roads,
-                    const std::wstring& outputFolder);
+                    const std::wstring& outputFolder, StringList& created);
 
 }  // namespace zelconvert

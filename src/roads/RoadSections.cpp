@@ -5,8 +5,6 @@
 #include <cstdint>
 #include <string_view>
 
-#include "roads/RoadNames.h"
-
 namespace zelconvert {
 
 namespace {
@@ -64,9 +62,9 @@ constexpr SideForm kLeftForm = {L"XL",
 /// One road's sections while they are written.
 class SectionWriter {
  public:
-  SectionWriter(CRd5File& file, const std::vector<tDC_ROAD_APPLYSUPERRecord>& supers,
-                double horizontalEnd)
-      : m_file(file), m_supers(supers), m_horizontalEnd(horizontalEnd) {}
+  SectionWriter(CRd5File& file, const CRoadTemplates& templates,
+                const std::vector<tDC_ROAD_APPLYSUPERRecord>& supers, double horizontalEnd)
+      : m_file(file), m_templates(templates), m_supers(supers), m_horizontalEnd(horizontalEnd) {}
 
   void WriteTemplates(const CRoadSide& side, const SideForm& form);
   void WriteSuperelevation(const CRoadSide& side, const SideForm& form);
@@ -80,6 +78,7 @@ class SectionWriter {
                       double (CRoadSide::*templateValueAt)(double) const, Write write) const;
 
   CRd5File& m_file;
+  const CRoadTemplates& m_templates;
   const std::vector<tDC_ROAD_APPLYSUPERRecord>& m_supers;
   double m_horizontalEnd;
 };
@@ -87,7 +86,8 @@ class SectionWriter {
 void SectionWriter::WriteTemplates(const CRoadSide& side, const SideForm& form) {
   m_file.WriteSection(form.templateSection);
   for (const CRoadSide::Position& position : side.GetPositions()) {
-    (m_file.*form.writeTemplate)(SplitStation(position.station), CleanRoadName(position.name));
+    (m_file.*form.writeTemplate)(SplitStation(position.station),
+                                 m_templates.GetFileName(position.name));
   }
 }
 
@@ -189,7 +189,7 @@ void CRoadSections::Add(const tDC_ROAD_APPLYTEMPLATERecord& record) {
 void CRoadSections::Write(CRd5File& file, const CRoadTemplates& templates, double horizontalEnd) {
   m_right.TakeFirstSegments(templates);
   m_left.TakeFirstSegments(templates);
-  SectionWriter writer(file, m_supers, horizontalEnd);
+  SectionWriter writer(file, templates, m_supers, horizontalEnd);
   writer.WriteTemplates(m_right, kRightForm);
   writer.WriteTemplates(m_left, kLeftForm);
   writer.WriteSuperelevation(m_right, kRightForm);

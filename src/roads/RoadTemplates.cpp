@@ -1,8 +1,5 @@
 #include "roads/RoadTemplates.h"
 
-#include "roads/CTp5File.h"
-#include "roads/RoadNames.h"
-
 namespace zelconvert {
 
 namespace {
@@ -23,26 +20,26 @@ bool CRoadTemplates::Begin(const tDC_ROAD_TEMPLATERecord& record) {
   if (!Close()) return false;
   m_bOpen = true;
   m_strName = record.name;
-  m_dSlopeCut = m_dSlopeFill = 0;
-  m_segments.clear();
+  m_form.slopeCut = m_form.slopeFill = 0;
+  m_form.segments.clear();
   return true;
 }
 
 void CRoadTemplates::Add(const tDC_ROAD_SEGMENTRecord& record) {
   if (!m_bOpen) return;
   const bool byGrade = IsThreeOrFour(record.method);
-  m_segments.push_back(
+  m_form.segments.push_back(
       {record.width, byGrade ? record.grade : record.deltaElevation, !byGrade, record.code});
 }
 
 void CRoadTemplates::Add(const tDC_ROAD_HINGERecord& record) {
-  if (m_bOpen) m_segments.push_back({record.offset, record.elevation, true, record.code});
+  if (m_bOpen) m_form.segments.push_back({record.offset, record.elevation, true, record.code});
 }
 
 void CRoadTemplates::Add(const tDC_ROAD_SIDESLOPERecord& record) {
   if (!m_bOpen) return;
-  m_dSlopeCut = SlopeOf(record.cutMethod, record.cutValue);
-  m_dSlopeFill = SlopeOf(record.fillMethod, record.fillValue);
+  m_form.slopeCut = SlopeOf(record.cutMethod, record.cutValue);
+  m_form.slopeFill = SlopeOf(record.fillMethod, record.fillValue);
 }
 
 bool CRoadTemplates::Close() {
@@ -50,22 +47,9 @@ bool CRoadTemplates::Close() {
   m_bOpen = false;
   RoadTemplate& closed = m_closed[m_strName];
   closed = {};
-  if (!m_segments.empty()) {
-    closed = {m_segments.size(), m_segments.front().width, m_segments.front().grade};
-  }
-  return WriteFile();
-}
-
-bool CRoadTemplates::WriteFile() {
-  const std::wstring path = m_folder + CleanRoadName(m_strName) + L".tp5";
-  CTp5File file;
-  if (!file.OpenForWrite(path)) return false;
-  m_created.push_back(path);
-  file.WriteTH(static_cast<std::int64_t>(m_segments.size()), m_dSlopeCut, m_dSlopeFill);
-  for (const TEMPLATE_SEGMENT& segment : m_segments) {
-    file.WriteTS(segment.width, segment.grade, segment.isDelta, segment.code);
-  }
-  return file.Close() && !file.HasWriteFailed();
+  const std::vector<TEMPLATE_SEGMENT>& segments = m_form.segments;
+  if (!segments.empty()) closed = {segments.size(), segments[0].width, segments[0].grade};
+  return m_files.WriteTemplate(m_strName, m_form);
 }
 
 const RoadTemplate* CRoadTemplates::Find(const std::wstring& name) const {

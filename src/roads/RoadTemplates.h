@@ -1,23 +1,14 @@
-// The templates (cross sections) of one road: gathers the segments of each, writes its TP5 file,
-// and remembers what superelevation, widening and the count rule need of it.
+// The templates (cross sections) of one road: gathers the segments of each, has its TP5 file
+// written, and remembers what superelevation, widening and the count rule need of it.
 #pragma once
 
 #include <string>
-#include <string_view>
 #include <unordered_map>
-#include <vector>
 
-#include "convert/ConversionBase.h"
+#include "roads/RoadFiles.h"
 #include "roads/RoadRecords.h"
 
 namespace zelconvert {
-
-struct TEMPLATE_SEGMENT {
-  double width = 0;
-  double grade = 0;      ///< percent, or a difference of elevation
-  bool isDelta = false;  ///< which of the two
-  std::wstring code;     ///< as read, with its blanks
-};
 
 /// A closed template as the rest of its road sees it.
 struct RoadTemplate {
@@ -28,9 +19,8 @@ struct RoadTemplate {
 
 class CRoadTemplates {
  public:
-  /// TP5 files go into `folder`, which ends in a separator; their paths are appended to `created`.
-  CRoadTemplates(const std::wstring& folder, StringList& created)
-      : m_folder(folder), m_created(created) {}
+  /// The files stay the caller's and serve all roads of a run.
+  explicit CRoadTemplates(CRoadFiles& files) : m_files(files) {}
   CRoadTemplates(const CRoadTemplates&) = delete;
   CRoadTemplates& operator=(const CRoadTemplates&) = delete;
 
@@ -43,22 +33,20 @@ class CRoadTemplates {
   /// Writes the file of the open template, if there is one. False if that fails.
   bool Close();
 
-  /// A closed template by its name; null if the road has none. Of two with one name the later,
-  /// whose file has replaced the other's.
+  /// A closed template by its name; null if the road has none. Of two with one name the later.
   const RoadTemplate* Find(const std::wstring& name) const;
+  /// What the road calls the file of that template. One that the road hasn't got is another road's.
+  std::wstring GetFileName(const std::wstring& name) const {
+    return m_files.GetTemplateFileName(name);
+  }
 
  private:
-  bool WriteFile();
-
-  const std::wstring& m_folder;
-  StringList& m_created;
+  CRoadFiles& m_files;
   std::unordered_map<std::wstring, RoadTemplate> m_closed;
 
   bool m_bOpen = false;
   std::wstring m_strName;
-  double m_dSlopeCut = 0;
-  double m_dSlopeFill = 0;
-  std::vector<TEMPLATE_SEGMENT> m_segments;
+  TemplateForm m_form;
 };
 
 }  // namespace zelconvert
