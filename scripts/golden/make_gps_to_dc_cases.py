@@ -215,15 +215,16 @@ def add_states():
         # The antenna is added, and the class raised, for each record that is made of a position.
         ep("102.5"), ("GP,PN1,PTDATA", [computed("1", 3, code=" ")]), (gs % "1", [computed("1", 5)]),
         ep("102.5"), ("GP,PNd,PTDATA", [computed("d", 3, ";", " ")]), (gs % "d", [computed("d", 5, "@")]),
-        # A quality waits past a vector, a known one, and a keyed-in position; the latest is written.
+        # One that waits for a vector. Behind the end of its shot a quality is of the next one, which
+        # a position that is keyed in doesn't take; then it is gone.
         ep("102.5"), (GQ, []),
-        ("BL,DCKI,PN2,%s" % xyz, [p67("KI", "2", 1, 2, 3, "")]),
+        ("BL,DCKI,PN2,%s" % xyz, [p67("KI", "2", 1, 2, 3, ""), C6]),
         ("CV,DCBASE,SV8,SC1,XX1,XY2,XZ3,YY4,YZ5,ZZ6", [c59("BA", 8, (1, 1, 2, 3, 4, 5, 6))]),
         (gs % "2", []),
-        (GQ.replace("DCROVER", "DCBASE").replace("SV9", "SV10"), [C6.replace("C6XD 9", "C6BA10")]),
+        (GQ.replace("DCROVER", "DCBASE").replace("SV9", "SV10"), []),
         ("EE", []), ep("50"),
         ("GP,PNe,PTUSER_INPUT", [a57("KI", 0, 1), p66("KI", "e", 0, 0, 50, ""), a57("XD", 0, 1)]),
-        ep("102.5"), (gs % "3", [computed("3", 3), C6.replace("C6XD 9", "C6BA10")]),
+        ep("102.5"), (gs % "3", [computed("3", 3)]),
         ep("102.5"), (gs % "3", [computed("3", 3)]),
         # Known by GPS, then shot as well; a control point is known by the name that was written.
         ("CT,PN1,DM3,RH,RV", ["B1CB%16s%16s3%48s" % ("GPS_1", "1", "")]),

@@ -194,8 +194,7 @@ def example(name, version):
     else:
         zenith = 90 - math.degrees(math.atan(0.412 / 52.33))
         made.update(enumerate([
-            # Degrees below the horizon wrap: 90 less 359 29 50.
-            [shot("1", "104", 74.662, 90 - (360 - dms("0.3010")), dms("121.0007"), "TREE OAK 18")],
+            [shot("1", "104", 74.662, 90 + dms("0.3010"), dms("121.0007"), "TREE OAK 18")],
             # Deleted by the DP further on.
             [shot("1", "105", 33.128, dms("91.0542"), dms("210.4518") - back, "FENCE", "6")],
             [shot("1", "106", math.hypot(0.412, 52.33), zenith, -dms("15.3000"), "FENCE")],
@@ -287,11 +286,11 @@ def add_units():
         ("LS,HI5,HR6", [p69("20", 3.048, 6.096, 9.144, "kept"), rod(6 * FOOT)] +
          [station("1", 5 * FOOT)] + orientation("1", "2", NULL, 0, 6 * FOOT)),
         ("SP,PN21,N ,E -99900000,EL-99899999,--null", []),
-        # 200 gons are added in whatever unit the azimuth is: 90 + 45 + 200.
+        # Back by 180: the half circle is that of the first unit as well.
         ("TR,OP1,FP3,AR50,ZE100,SD10,--", [
             p69("21", NULL, NULL, -99899999 * FOOT, "null"),
             shot("1", "3", 3.048, 90, 45, ""), station("3", 4 * FOOT)] +
-         orientation("3", "1", 335, 0, 6 * FOOT)),
+         orientation("3", "1", 315, 0, 6 * FOOT)),
         ("LS,HI4,HR6", [rod(6 * FOOT)]),
         ("SS,OP3,FP15,AR50,ZE100,SD10,--", [shot("3", "15", 3.048, 90, 45, "")]),
         ("OC,OP4,N 1000,E 2000,EL3000,--", [
@@ -432,8 +431,7 @@ def add_stake_out():
         ("GK,PNany", [a0("a name of 19 signs."), a5(0.1, -0.2, 0.3)]),
         ("GK,PNnothing waits", []),
         ("CF,EL,GD1", []),
-        # 1 less the null value.
-        (sk, [stake("200"), a0(""), "A5KI%16s%16s%16s" % ("", "", "9990000000000000")]),
+        (sk, [stake("200"), a0(""), a5(NULL, NULL, NULL)]),
     ] + line("OD1,OL5,EL10,GD12,--sta R 5.25", "7", 5, -0.25)
       + line("OD1,OL5,EL10,GD12,--x R4", "7", 5, 1)
       + line("OD2,OL5,EL10,GD12,--x L6", "7", 5, 1)

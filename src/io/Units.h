@@ -16,6 +16,12 @@ template <class... Values>
 constexpr double Computed(double result, Values... values) {
   return (IsNull(values) || ...) ? DC_NULL : result;
 }
+constexpr double Sum(double a, double b) {
+  return Computed(a + b, a, b);
+}
+constexpr double Difference(double a, double b) {
+  return Computed(a - b, a, b);
+}
 /// The null value stands for 1 in a factor, for 0 in a sum.
 constexpr double NullToOne(double value) {
   return IsNull(value) ? 1.0 : value;

@@ -140,6 +140,7 @@ class CConvRawDCFile : public CConvRawFile {
   bool AddGpsPrefix(std::wstring& name);
   void WriteGpsResult(std::wstring_view name, std::wstring_view description,
                       std::int32_t classStep);
+  void WritePendingQuality();
   void AddGpsName(std::wstring_view name);
   void WriteGpsPosition(std::wstring_view subtype, std::wstring_view name,
                         std::wstring_view description, double horizontalPrecision,

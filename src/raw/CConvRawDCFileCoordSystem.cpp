@@ -24,12 +24,8 @@ constexpr double kPartsPerMillion = 1000000;
 /// Of a job, by UN: job files count metres first.
 constexpr int kJobUnits[] = {kInternationalFeet, kMetres, kUsSurveyFeet};
 
-double SignedDegrees(double v) {
-  return IsNull(v) ? v : DmsToDegreesSigned(v);
-}
-
 double FromPartsPerMillion(double v) {
-  return IsNull(v) ? v : v / kPartsPerMillion;
+  return Computed(v / kPartsPerMillion, v);
 }
 
 wchar_t ProjectionLetter(std::int32_t type, double latitude) {
@@ -44,16 +40,15 @@ wchar_t ProjectionLetter(std::int32_t type, double latitude) {
 
 /// A rotation or azimuth.
 double CConvRawDCFile::SystemAngle(double v) const {
-  if (IsNull(v)) return v;
   return m_Mode.ToFirstAngleUnit(m_Mode.angleUnit == kRawDegrees ? DmsToDegreesSigned(v) : v);
 }
 
 /// A parallel, which is DDD.MMSSsss in any unit.
 double CConvRawDCFile::ProjectionAngle(double v) const {
-  if (IsNull(v)) return v;
   constexpr double kGonsPerDegree = 1.1111111111111112;
   const double degrees = DmsToDegreesSigned(v);
-  return m_Mode.ToFirstAngleUnit(m_Mode.angleUnit == kRawGons ? degrees * kGonsPerDegree : degrees);
+  const double angle = m_Mode.angleUnit == kRawGons ? degrees * kGonsPerDegree : degrees;
+  return Computed(m_Mode.ToFirstAngleUnit(angle), v);
 }
 
 Outcome CConvRawDCFile::OnEllipsoid() {
@@ -70,8 +65,8 @@ Outcome CConvRawDCFile::OnSite() {
   ST_RECORD source;
   if (!CRawFile::ParseST(m_strRecord, source)) return Outcome::BadRecord;
   tDC_LOCAL_SITERecord site;
-  site.latitude = SignedDegrees(source.latitude);
-  site.longitude = SignedDegrees(source.longitude);
+  site.latitude = DmsToDegreesSigned(source.latitude);
+  site.longitude = DmsToDegreesSigned(source.longitude);
   site.height = m_Mode.Length(source.height);
   site.scale = source.scale;
   site.east = m_Mode.Length(source.east);
@@ -82,8 +77,8 @@ Outcome CConvRawDCFile::OnSite() {
 
 template <class Projection>
 void CConvRawDCFile::FillProjection(const PJ_RECORD& source, Projection& projection) const {
-  projection.originLatitude = SignedDegrees(source.latitude);
-  projection.originLongitude = SignedDegrees(source.longitude);
+  projection.originLatitude = DmsToDegreesSigned(source.latitude);
+  projection.originLongitude = DmsToDegreesSigned(source.longitude);
   projection.projectionCode = ProjectionLetter(source.type, projection.originLatitude);
   projection.originNorthing = m_Mode.Length(source.height);
   projection.falseNorthing = m_Mode.Length(source.north);

@@ -63,6 +63,7 @@ std::int32_t RaiseClass(std::int32_t classification, std::int32_t step) {
 
 Outcome CConvRawDCFile::OnReceiver() {
   m_Gps.roverSetup = false;
+  m_Gps.shot = {};
   RX_RECORD receiver;
   if (!CRawFile::ParseRX(m_strRecord, receiver)) return Outcome::BadRecord;
   const Role role = RoleOf(receiver.role);
@@ -151,7 +152,7 @@ Outcome CConvRawDCFile::OnBasePoint() {
   m_Gps.classification = 1;
   m_Gps.latitude = DmsToDegreesSigned(base.latitude);
   m_Gps.longitude = DmsToDegreesSigned(base.longitude);
-  m_Gps.height = m_Mode.Length(base.height) + m_Gps.baseAntennaHeight;
+  m_Gps.height = Sum(m_Mode.Length(base.height), m_Gps.baseAntennaHeight);
   if (!m_Gps.vrsBase) WriteGpsPosition(SubtypeOf(m_Gps.role), base.name, L"Base Point ", 0, 0);
   m_Gps.base = m_Mode.GeodeticToEcef(m_Gps.latitude, m_Gps.longitude, m_Gps.height);
   if (m_Gps.vrsBase) return Outcome::Done;
@@ -174,6 +175,9 @@ Outcome CConvRawDCFile::OnGpsPosition() {
   m_Gps.horizontalPrecision = m_Mode.Length(position.horizontalPrecision);
   m_Gps.verticalPrecision = m_Mode.Length(position.verticalPrecision);
   m_Gps.vectorSeen = false;
+  if (m_Gps.shot.over || m_Gps.shot.positionRead) m_Gps.shot = {};
+  m_Gps.shot.positionRead = true;
+  m_Gps.shot.vectorWritten = false;
   return Outcome::Done;
 }
 
@@ -186,6 +190,7 @@ Outcome CConvRawDCFile::OnGpsStored() {
   if (!m_Gps.seen || !m_Gps.roverSetup) return Outcome::Done;
   const std::int32_t classStep = IsDeleted(point.name) ? kDeletedClassStep : 0;
   WriteGpsResult(point.name, point.note, classStep);
+  m_Gps.shot.over = true;
   return Outcome::Done;
 }
 
@@ -193,6 +198,7 @@ Outcome CConvRawDCFile::OnGpsPoint() {
   if (!m_Gps.storedGpsPending && !(m_Gps.seen && m_Gps.roverSetup)) return Outcome::Done;
   GP_RECORD point;
   if (!CRawFile::ParseGP(m_strRecord, point)) return Outcome::BadRecord;
+  m_Gps.shot.over = true;
   if (point.kind == GpsPointKind::UserInput) {
     if (m_Gps.storedGpsPending && m_PrevRecordType == RawRecordType::EP) {
       m_Gps.classification = IsDeleted(point.name) ? kFirstDeletedClass : 1;
@@ -229,18 +235,21 @@ void CConvRawDCFile::WriteGpsResult(std::wstring_view name, std::wstring_view de
   const bool asPosition = m_Gps.method == kGeodeticMethod || m_Gps.vrsBase;
   if (!asPosition && m_Gps.vectorSeen) return;
   m_Gps.classification = RaiseClass(m_Gps.classification, classStep);
-  m_Gps.height += m_Gps.roverAntennaHeight;
+  m_Gps.height = Sum(m_Gps.height, m_Gps.roverAntennaHeight);
   if (asPosition) {
     WriteGpsPosition(SubtypeOf(m_Gps.role), name, description, m_Gps.horizontalPrecision,
                      m_Gps.verticalPrecision);
   } else {
     const EcefPosition rover = m_Mode.GeodeticToEcef(m_Gps.latitude, m_Gps.longitude, m_Gps.height);
-    WriteVector(SubtypeOf(m_Gps.role), name, description,
-                {rover.x - m_Gps.base.x, rover.y - m_Gps.base.y, rover.z - m_Gps.base.z});
+    WriteVector(SubtypeOf(m_Gps.role), name, description, VectorBetween(m_Gps.base, rover));
   }
-  if (m_Gps.qualityPending) m_pDc->WriteSetup(m_Quality);
-  m_Gps.qualityPending = false;
+  WritePendingQuality();
   AddGpsName(name);
+}
+
+void CConvRawDCFile::WritePendingQuality() {
+  if (m_Gps.shot.qualityPending) m_pDc->WriteSetup(m_Quality);
+  m_Gps.shot.qualityPending = false;
 }
 
 void CConvRawDCFile::AddGpsName(std::wstring_view name) {
@@ -290,6 +299,7 @@ Outcome CConvRawDCFile::OnVector() {
   m_Gps.vectorSeen = true;
   BL_RECORD vector;
   if (!CRawFile::ParseBL(m_strRecord, vector)) return Outcome::BadRecord;
+  if (m_Gps.shot.over) m_Gps.shot = {};
   m_Gps.method = vector.method;
   m_Gps.classification = vector.classification;
   m_Gps.horizontalPrecision = m_Mode.Length(vector.horizontalPrecision);
@@ -307,6 +317,8 @@ Outcome CConvRawDCFile::OnVector() {
   WriteVector(
       SubtypeOf(vector.role), name, vector.note,
       {m_Mode.Length(vector.deltaX), m_Mode.Length(vector.deltaY), m_Mode.Length(vector.deltaZ)});
+  WritePendingQuality();
+  m_Gps.shot.vectorWritten = true;
   AddGpsName(name);
   return Outcome::Done;
 }
@@ -352,11 +364,9 @@ Outcome CConvRawDCFile::OnQuality() {
   m_Quality.number3 = quality.endWeek;
   m_Quality.value8 = quality.endSeconds;
   m_Quality.digit = quality.initialization;
-  if (m_Gps.vectorSeen) {
-    m_pDc->WriteSetup(m_Quality);
-  } else {
-    m_Gps.qualityPending = true;
-  }
+  if (m_Gps.shot.over) m_Gps.shot = {};
+  m_Gps.shot.qualityPending = true;
+  if (m_Gps.shot.vectorWritten) WritePendingQuality();
   return Outcome::Done;
 }
 
@@ -372,14 +382,14 @@ Outcome CConvRawDCFile::OnGpsOffset() {
   const double instrumentHeight = m_Mode.Length(offset.instrumentHeight);
   const double rodHeight = m_Mode.Length(offset.rodHeight);
   if (instrumentHeight == 0 && rodHeight == 0) {
-    // The zenith is taken for DDD.MMSSsss once more.
-    const double radians = DmsToDegrees(zenith) * kPi / 180;
+    const double radians = ToRadians(zenith, m_Mode.firstAngleUnit);
     tDC_VECTORRecord vector;
     vector.from = m_Gps.storedName;
     vector.to = offset.name;
     vector.azimuth = azimuth;
-    vector.horizontalDistance = std::fabs(std::sin(radians) * slopeDistance);
-    vector.verticalDistance = std::cos(radians) * slopeDistance;
+    vector.horizontalDistance =
+        Computed(std::fabs(std::sin(radians) * slopeDistance), zenith, slopeDistance);
+    vector.verticalDistance = Computed(std::cos(radians) * slopeDistance, zenith, slopeDistance);
     vector.code = offset.note;
     vector.classification = classification;
     m_pDc->WriteVector(vector);
@@ -425,9 +435,8 @@ Outcome CConvRawDCFile::OnControlPoint() {
   record.digit = control.dimension;
   record.value1 = horizontal;
   record.value2 = vertical;
-  record.value3 = IsNull(horizontal) || IsNull(vertical)
-                      ? DC_NULL
-                      : std::sqrt(horizontal * horizontal + vertical * vertical);
+  record.value3 =
+      Computed(std::sqrt(horizontal * horizontal + vertical * vertical), horizontal, vertical);
   m_pDc->WriteCb(record);
   return Outcome::Done;
 }

@@ -24,7 +24,7 @@ ROUND_SHOT CConvRawDCFile::ToRoundShot(const ROUND_SHOT_RECORD& shot) const {
   kept.station = shot.station;
   kept.target = shot.target;
   kept.horizontal = m_Mode.Angle(shot.angleRight);
-  kept.zenith = m_Mode.ZenithAngle(shot.zenith);
+  kept.zenith = m_Mode.Angle(shot.zenith);
   kept.slopeDistance = m_Mode.Length(shot.slopeDistance);
   kept.rodHeight = m_Mode.Length(shot.rodHeight);
   kept.note = shot.note;

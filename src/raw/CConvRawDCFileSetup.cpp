@@ -224,7 +224,7 @@ void CConvRawDCFile::WriteOrientation(double azimuth) {
   tDC_OBSERVATION_TEXTRecord observation;
   observation.from = m_Setup.station;
   observation.to = m_Setup.backsight;
-  observation.angle2 = FormatFixed(m_Setup.circle, 5);
+  observation.angle2 = FormatDcNumber(m_Setup.circle, 5);
   observation.classification = L'5';
   m_pDc->WriteObservationText(observation);
   WriteRodHeight(m_Setup.rodHeight);

@@ -15,10 +15,9 @@ constexpr double kDegreesPerRadian = 180 / kPi;
 /// Notes of observations have 16 columns.
 constexpr std::size_t kNoteColumns = 16;
 
-/// The opposite of an azimuth. The half circle is that of the latest mode, whatever unit the
-/// azimuth has.
-double BackAzimuth(double azimuth, std::int32_t angleUnit) {
-  return angleUnit == kRawDegrees ? NormalizeDegrees(azimuth + 180) : NormalizeGons(azimuth + 200);
+/// From where a shot went back to its station. In face two its circle reads the way back already.
+double BackAzimuth(double azimuth, double zenith, std::int32_t unit) {
+  return NormalizeAngle(IsFaceTwo(zenith, unit) ? azimuth : azimuth + FullCircle(unit) / 2, unit);
 }
 
 }  // namespace
@@ -47,16 +46,17 @@ Outcome CConvRawDCFile::OnShot(bool traverse) {
   WriteObservation(shot.foresight, slopeDistance, zenith, circle, shot.note,
                    Classify(shot.foresight, deleted));
   if (traverse && m_Index.TraverseContinues(m_nLineNumber)) {
-    MoveTo(shot.foresight,
-           BackAzimuth(m_Setup.backsightAzimuth + circle - m_Setup.circle, m_Mode.angleUnit));
+    const double azimuth = Computed(m_Setup.backsightAzimuth + circle - m_Setup.circle,
+                                    m_Setup.backsightAzimuth, circle, m_Setup.circle);
+    MoveTo(shot.foresight, BackAzimuth(azimuth, zenith, m_Mode.firstAngleUnit));
   }
   return Outcome::Done;
 }
 
 /// The circle reading of a shot; all but AR tell an azimuth. False if a bearing has no text.
 bool CConvRawDCFile::ReduceHorizontal(const SHOT_RECORD& shot, double& circle) const {
-  const double halfCircle = m_Mode.firstAngleUnit == kRawGons ? 200 : 180;
-  const double value = m_Mode.Angle(shot.horizontal);
+  const double halfCircle = FullCircle(m_Mode.firstAngleUnit) / 2;
+  double value = m_Mode.Angle(shot.horizontal);
   double azimuth = 0;
   switch (shot.horizontalKind) {
     case HorizontalKind::AngleRight:
@@ -68,7 +68,8 @@ bool CConvRawDCFile::ReduceHorizontal(const SHOT_RECORD& shot, double& circle) c
     case HorizontalKind::Bearing: {
       std::wstring_view bearing;
       if (!CRawFile::GetField(m_strRecord, L"BR", bearing)) return false;
-      azimuth = m_Mode.ToFirstAngleUnit(ParseBearing(bearing, m_Mode.angleUnit));
+      value = m_Mode.ToFirstAngleUnit(ParseBearing(bearing, m_Mode.angleUnit));
+      azimuth = value;
       break;
     }
     case HorizontalKind::AngleLeft:
@@ -81,30 +82,34 @@ bool CConvRawDCFile::ReduceHorizontal(const SHOT_RECORD& shot, double& circle) c
       azimuth = m_Setup.backsightAzimuth + halfCircle - value;
       break;
   }
-  circle = azimuth - m_Setup.backsightAzimuth + m_Setup.circle;
+  circle = Computed(azimuth - m_Setup.backsightAzimuth + m_Setup.circle, value,
+                    m_Setup.backsightAzimuth, m_Setup.circle);
   return true;
 }
 
 void CConvRawDCFile::ReduceVertical(const SHOT_RECORD& shot, double& zenith,
                                     double& slopeDistance) const {
-  const bool gons = m_Mode.angleUnit == kRawGons;
+  const std::int32_t unit = m_Mode.angleUnit;
+  const bool gons = unit == kRawGons;
   slopeDistance = m_Mode.Length(shot.distance);
   switch (shot.verticalKind) {
     case VerticalKind::Zenith:
-      zenith = m_Mode.ZenithAngle(shot.vertical);
+      zenith = m_Mode.Angle(shot.vertical);
       break;
-    case VerticalKind::VerticalAngle:
-      // DDD.MMSSsss wraps into [0, 360), so an angle below the horizon counts as nearly a circle.
-      zenith = m_Mode.ToFirstAngleUnit(
-          m_Mode.angleUnit == kRawDegrees ? 90 - DmsToDegrees(shot.vertical) : 100 - shot.vertical);
+    case VerticalKind::VerticalAngle: {
+      const double quarter = FullCircle(unit) / 4;
+      const double angle = gons ? shot.vertical : DmsToDegrees(shot.vertical);
+      zenith =
+          m_Mode.ToFirstAngleUnit(Computed(NormalizeZenith(quarter - angle, unit), shot.vertical));
       break;
+    }
     case VerticalKind::ElevationChange: {
       const double rise = m_Mode.Length(shot.vertical);
       const double run = slopeDistance;
-      slopeDistance = std::sqrt(rise * rise + run * run);
-      zenith = NormalizeDegrees(90 - std::atan2(rise, run) * kDegreesPerRadian);
-      if (gons) zenith = ConvertAngleUnit(kRawGons, kRawDegrees, zenith);
-      zenith = m_Mode.ToFirstAngleUnit(zenith);
+      const double degrees = 90 - std::atan2(rise, run) * kDegreesPerRadian;
+      slopeDistance = Computed(std::sqrt(rise * rise + run * run), rise, run);
+      zenith = Computed(NormalizeZenith(degrees, kRawDegrees), rise, run);
+      zenith = m_Mode.ToFirstAngleUnit(ConvertAngleUnit(unit, kRawDegrees, zenith));
       break;
     }
   }

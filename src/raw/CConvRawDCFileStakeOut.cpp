@@ -19,7 +19,7 @@ std::wstring_view SideText(std::int32_t offsetDirection) {
 /// How far the stake's offset is from the one its note asks for; null if the note asks for none.
 double OffsetError(const PendingStake& stake, double offset) {
   const OffsetNote design = ParseOffsetNote(stake.note);
-  if (IsNull(design.value)) return DC_NULL;
+  if (IsNull(design.value) || IsNull(offset)) return DC_NULL;
   if (design.side == stake.offsetDirection) {
     const bool inward = design.side == 2 ? design.value < offset : design.value > offset;
     const double error = std::fabs(offset - design.value);
@@ -98,7 +98,7 @@ Outcome CConvRawDCFile::OnStakeShot() {
   if (staked) target = m_Stored.name;  // the stored point is what was staked
   const wchar_t classification =
       staked ? Classify(target, deleted, L'3', L'8') : Classify(target, deleted);
-  WriteObservation(target, m_Mode.Length(shot.slopeDistance), m_Mode.ZenithAngle(shot.zenith),
+  WriteObservation(target, m_Mode.Length(shot.slopeDistance), m_Mode.Angle(shot.zenith),
                    m_Mode.Angle(shot.angleRight), shot.note, classification);
   FlushPending();
   if (!deleted) m_Names.observed.Insert(target);
@@ -156,10 +156,10 @@ void CConvRawDCFile::WritePointStake() {
   difference.value1 = DC_NULL;
   difference.value2 = DC_NULL;
   if (const CZelPoint* design = FindDesignPoint(stake.name)) {
-    difference.value1 = design->m_dNorth - m_Stored.point.m_dNorth;
-    difference.value2 = design->m_dEast - m_Stored.point.m_dEast;
+    difference.value1 = Difference(design->m_dNorth, m_Stored.point.m_dNorth);
+    difference.value2 = Difference(design->m_dEast, m_Stored.point.m_dEast);
   }
-  difference.value3 = stake.grade - stake.elevation;
+  difference.value3 = Difference(stake.grade, stake.elevation);
   if (m_Stake.deltaRead) {
     difference.value1 = m_Stake.delta.north;
     difference.value2 = m_Stake.delta.east;
@@ -190,7 +190,7 @@ void CConvRawDCFile::WriteStationStake() {
   tDC_ANTENNA_MEASUREMENTRecord errors;
   errors.value1 = DC_NULL;
   errors.value2 = m_Stake.stationErrorRead ? m_Stake.offsetError : OffsetError(stake, offset);
-  errors.value3 = stake.grade - stake.elevation;
+  errors.value3 = Difference(stake.grade, stake.elevation);
   errors.value4 = DC_NULL;
   m_Stake.stationErrorRead = false;
   m_pDc->WriteAntennaMeasurement(errors);
@@ -208,11 +208,11 @@ void CConvRawDCFile::WriteSlope() {
   tDC_DESIGN_SLOPERecord design;
   design.name = slope.note;
   design.side = slope.cutFill == 0 ? L"1" : L"2";
-  design.slope = 1 / slope.designSlope * 100;
+  design.slope = Computed(1 / slope.designSlope * 100, slope.designSlope);
   m_pDc->WriteDesignSlope(design);
 
   tDC_ANTENNA_MEASUREMENTRecord errors;
-  errors.value1 = slope.station + slope.stationShift;
+  errors.value1 = Sum(slope.station, slope.stationShift);
   errors.value4 = slope.offset;
   m_pDc->WriteAntennaMeasurement(errors);
 

@@ -39,7 +39,7 @@ constexpr bool IsKnownUnit(std::int32_t unit) {
 
 void ModeState::SetUnits(const MO_RECORD& mode) {
   unit = mode.distanceUnit;
-  angleUnit = mode.angleUnit;
+  angleUnit = AngleUnitOf(mode.angleUnit);
   if (!seenMode) {
     seenMode = true;
     firstUnit = unit;
@@ -65,10 +65,6 @@ double ModeState::Angle(double v) const {
   return ToFirstAngleUnit(angleUnit == kRawDegrees ? DmsToDegrees(v) : v);
 }
 
-double ModeState::ZenithAngle(double v) const {
-  return ToFirstAngleUnit(angleUnit == kRawGons ? v : DmsToDegrees(v));
-}
-
 EcefPosition ModeState::GeodeticToEcef(double latitude, double longitude, double height) const {
   if (IsNull(latitude) || IsNull(longitude) || IsNull(height)) return {DC_NULL, DC_NULL, DC_NULL};
   const double lat = latitude * (kPi / 180);
@@ -79,6 +75,10 @@ EcefPosition ModeState::GeodeticToEcef(double latitude, double longitude, double
   return {FromMetres((n + h) * std::cos(lat) * std::cos(lon), firstUnit),
           FromMetres((n + h) * std::cos(lat) * std::sin(lon), firstUnit),
           FromMetres((n * (1 - kEccentricitySquared) + h) * std::sin(lat), firstUnit)};
+}
+
+EcefPosition VectorBetween(const EcefPosition& from, const EcefPosition& to) {
+  return {Difference(to.x, from.x), Difference(to.y, from.y), Difference(to.z, from.z)};
 }
 
 void RoundsState::Clear() {

@@ -27,6 +27,8 @@ struct EcefPosition {
   double y = 0;
   double z = 0;
 };
+/// The vector from `from` to `to`.
+EcefPosition VectorBetween(const EcefPosition& from, const EcefPosition& to);
 
 /// The job and the units of the log. The first MO fixes the units of the output; what is read under
 /// a later one is brought to them.
@@ -39,8 +41,8 @@ struct ModeState {
   bool conflictReported = false;
   std::int32_t firstUnit = 0;
   std::int32_t unit = 0;
-  std::int32_t firstAngleUnit = 0;
-  std::int32_t angleUnit = 0;
+  std::int32_t firstAngleUnit = kRawDegrees;  ///< of AngleUnitOf, like the next
+  std::int32_t angleUnit = kRawDegrees;
   bool angleConflict = false;
 
   /// Takes the units of an MO, the first one or a later one.
@@ -54,10 +56,8 @@ struct ModeState {
   void ScaleLength(double& v) const { v = Length(v); }
   /// An angle in the current unit (decimal degrees or gons), in the first unit.
   double ToFirstAngleUnit(double v) const;
-  /// A horizontal angle as read, in the first unit: DDD.MMSSsss if the current unit is degrees.
+  /// An angle as read, in the first unit: DDD.MMSSsss if the current unit is degrees.
   double Angle(double v) const;
-  /// Likewise for a zenith angle, which is DDD.MMSSsss in any unit but gons.
-  double ZenithAngle(double v) const;
   /// A position on or above the WGS 84 ellipsoid. Latitude and longitude in decimal degrees, height
   /// and result in the first unit.
   EcefPosition GeodeticToEcef(double latitude, double longitude, double height) const;
@@ -166,6 +166,15 @@ struct RoundsState {
   void Clear();
 };
 
+/// What has come of the GPS shot at hand. A shot goes from its first EP, BL or GQ to its GS or GP;
+/// a second EP, or an RX, begins another. A quality that waits doesn't outlive its shot.
+struct GpsShotState {
+  bool positionRead = false;   ///< an EP
+  bool vectorWritten = false;  ///< the 67 of a BL, and no EP since
+  bool qualityPending = false;
+  bool over = false;  ///< GS or GP came
+};
+
 /// The receivers. Heights in file units, positions in decimal degrees.
 struct GpsState {
   bool seen = false;        ///< an RX that isn't static was seen
@@ -186,7 +195,7 @@ struct GpsState {
   double verticalPrecision = 0;
   EcefPosition base;
   bool vectorSeen = false;  ///< a BL came since the latest EP
-  bool qualityPending = false;
+  GpsShotState shot;
   bool skipNextCovariance = false;
   bool storedGpsPending = false;
   bool controlPending = false;

@@ -41,9 +41,10 @@ class RawFields {
   std::size_t m_count = 0;
 };
 
-/// A real as a field holds it: an empty text is DC_NULL, text that is no number 0.
+/// A real as a field holds it: an empty text and a null value are DC_NULL, text that is no number 0.
 inline double RawReal(std::wstring_view value) {
-  return value.empty() ? DC_NULL : ToReal(value);
+  const double number = value.empty() ? DC_NULL : ToReal(value);
+  return IsNull(number) ? DC_NULL : number;
 }
 
 /// What a table says of a field besides its tag and member.

@@ -71,8 +71,8 @@ class SetWriter {
 
     const double direction = MeanDirection(one.direction, two.direction, m_nAngleUnit);
     Keep(m_directions, IsNull(direction) ? one.direction : direction);
-    Keep(m_zeniths,
-         IsNull(two.zenith) ? one.zenith : MeanZenith(one.zenith, two.zenith, m_nAngleUnit));
+    const double zenith = MeanZenith(one.zenith, two.zenith, m_nAngleUnit);
+    Keep(m_zeniths, IsNull(zenith) ? one.zenith : zenith);
     Keep(m_distances, one.distance);
     Keep(m_distances, two.distance);
     ++m_nPairs;
@@ -202,7 +202,7 @@ double MeanDirection(double d1, double d2, std::int32_t angleUnit) {
 }
 
 double MeanZenith(double z1, double z2, std::int32_t angleUnit) {
-  return (FullCircle(angleUnit) - z2 + z1) / 2;
+  return Computed((FullCircle(angleUnit) - z2 + z1) / 2, z1, z2);
 }
 
 double MeanAngle(std::span<const double> angles, std::int32_t angleUnit) {

@@ -18,7 +18,7 @@ void AlignAngles(double& a, double& b);
 
 /// The mean of a direction in face one and one in face two; null if either is.
 double MeanDirection(double d1, double d2, std::int32_t angleUnit);
-/// The zenith angle of a pair of faces, free of the index error.
+/// The zenith angle of a pair of faces, free of the index error; null if one is null.
 double MeanZenith(double z1, double z2, std::int32_t angleUnit);
 
 /// The mean of directions that may lie on both sides of north. Null for none.
