@@ -5,7 +5,8 @@
 //                 others with that stem (the raw log beside a job) just stand there
 //   out.*         the expected output, byte for byte; none: the conversion refuses
 //   messages.txt  the expected texts, one a line, paths without their folder; absent: none
-//   args.txt      "units 1", "gps-security 0": arguments other than 0 and 1
+//   args.txt      "units 1", "gps-security 0": arguments other than 0 and 1; "job NAME": the last
+//                 argument, a path in the folder
 //   notes.txt     where the expectation comes from
 //
 // Every other file is a further output of that name. What isn't expected must not be made, and the
@@ -120,6 +121,7 @@ std::string FindName(const Files& files, const std::string& stem, FileType type)
 struct Arguments {
   int units = 0;
   unsigned gpsSecurity = 1;
+  std::string job;
 };
 
 Arguments ParseArguments(const std::string& text) {
@@ -131,6 +133,8 @@ Arguments ParseArguments(const std::string& text) {
       stream >> arguments.units;
     } else if (key == "gps-security") {
       stream >> arguments.gpsSecurity;
+    } else if (key == "job") {
+      stream >> arguments.job;
     } else {
       ADD_FAILURE() << "args.txt: " << key;
     }
@@ -210,7 +214,8 @@ TEST_P(Golden, Converts) {
   bool converted = false;
   {
     const ScopedClock clock(kTime, kTicks);
-    converted = lists.Convert(each.from, input, each.to, output, arguments.units);
+    const std::wstring job = arguments.job.empty() ? L"" : ToText(temp.Folder() / arguments.job);
+    converted = lists.Convert(each.from, input, each.to, output, arguments.units, job);
   }
 
   EXPECT_EQ(converted, std::any_of(given.begin(), given.end(),

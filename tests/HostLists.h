@@ -18,9 +18,9 @@ struct HostLists {
   HostLists& operator=(const HostLists&) = delete;
 
   bool Convert(int from, const std::wstring& input, int to, const std::wstring& output,
-               int units = 0) {
+               int units = 0, const std::wstring& job = {}) {
     return cZelFileConvert(from, input.c_str(), to, output.c_str(), &files, &messages, units,
-                           nullptr) != 0;
+                           job.empty() ? nullptr : job.c_str()) != 0;
   }
 
   static std::vector<std::wstring> Copy(wchar_t** texts) {

@@ -122,7 +122,8 @@ ZELCONVERT_API void cZelSetGpsSecurityInDcConversions(unsigned char enable) ZELC
  * alone; so does a conversion between coordinate files (CR5) and DC files, whatever its result.
  * Both belong to the library and go back through cZelFreeAfterFileConvert.
  * units: unit of a coordinate file input: 0 metres, 1 international feet, 2 US survey feet.
- * featureFile: path of a feature code file, or NULL.
+ * featureFile: for a raw log that becomes a DC file the path of a job (".job", ".pwj") whose points
+ * the log refers to; without effect otherwise. May be NULL.
  * Returns 1 on success. Returns 0 on failure; the output file is gone then, the input untouched. */
 ZELCONVERT_API char cZelFileConvert(int inputType, const wchar_t* inputPath, int outputType,
                                     const wchar_t* outputPath, wchar_t*** files,

@@ -18,6 +18,7 @@
 #include "platform/Platform.h"
 #include "raw/CConvRawDCFile.h"
 #include "raw/CConvRawSDRFile.h"
+#include "raw/JobPoints.h"
 
 namespace zelconvert {
 namespace {
@@ -202,8 +203,17 @@ bool ConvertDcIlj(int outputType, int inputType, const std::wstring& input,
   });
 }
 
+namespace {
+
+/// The output would take the place of the job that a log refers to.
+bool IsSameJob(const std::wstring& jobPath, const std::wstring& output) {
+  return IsJobPath(jobPath) && platform::IsSameFile(jobPath, output);
+}
+
+}  // namespace
+
 bool ConvertFromRaw(int outputType, const std::wstring& input, const std::wstring& output,
-                    StringList& files, StringList& messages, const std::wstring& featureFile,
+                    StringList& files, StringList& messages, const std::wstring& jobPath,
                     bool bPaired) {
   // By the name alone, in lower case: other logs are those of the second brand.
   const bool bNative = HasExtension(input, L".raw") || HasExtension(input, L".rw5");
@@ -222,14 +232,16 @@ bool ConvertFromRaw(int outputType, const std::wstring& input, const std::wstrin
       .openInput = [&] { return raw.Open(input, kOpenReadWrite); },
       .createOutput =
           [&] {
-            if (dialect != nullptr) return dcFile.OpenForWrite(output);
+            if (dialect != nullptr) {
+              return !IsSameJob(jobPath, output) && dcFile.OpenForWrite(output);
+            }
             if (outputType == FT_JXL) return jxlFile.Create(output);
             return file.Open(output, kCreateOutput);
           },
       .convert =
           [&] {
             if (dialect != nullptr) {
-              return CConvRawDCFile(&raw, &dcFile, bPaired, bNative, dialect->fromRaw, featureFile)
+              return CConvRawDCFile(&raw, &dcFile, bPaired, bNative, dialect->fromRaw, jobPath)
                   .ConvertFromRaw(messages);
             }
             if (outputType == FT_JXL) {
@@ -248,13 +260,14 @@ namespace {
 // gone on failure, even if it wasn't made here; only a file of the pair itself stays.
 bool ConvertPair(const std::wstring& input, const std::wstring& rawPath, const std::wstring& output,
                  StringList& files, StringList& messages, int outputType,
-                 const std::wstring& featureFile) {
+                 const std::wstring& jobPath) {
   if (platform::IsSameFile(input, output) && FileExists(rawPath)) {
     messages.push_back(FormatDriverText(DriverText::CannotCreate, output));
     return false;
   }
-  if (ConvertFromRaw(outputType, rawPath, output, files, messages, featureFile, true)) return true;
-  if (!platform::IsSameFile(input, output) && !platform::IsSameFile(rawPath, output)) {
+  if (ConvertFromRaw(outputType, rawPath, output, files, messages, jobPath, true)) return true;
+  if (!platform::IsSameFile(input, output) && !platform::IsSameFile(rawPath, output) &&
+      !IsSameJob(jobPath, output)) {
     RemoveOutput(output);
   }
   return false;
@@ -269,16 +282,16 @@ std::wstring ReplaceEnd(const std::wstring& path, std::wstring_view extension) {
 
 bool ConvertJobRawPair(std::wstring input, std::wstring output, StringList& files,
                        StringList& messages, int outputType, int /*units*/,
-                       const std::wstring& featureFile) {
+                       const std::wstring& jobPath) {
   const std::wstring rawPath = ReplaceEnd(input, HasExtension(input, L".job") ? L".raw" : L".pwr");
-  return ConvertPair(input, rawPath, output, files, messages, outputType, featureFile);
+  return ConvertPair(input, rawPath, output, files, messages, outputType, jobPath);
 }
 
 bool ConvertCr5Rw5Pair(std::wstring input, std::wstring output, StringList& files,
                        StringList& messages, int outputType, int /*units*/,
-                       const std::wstring& featureFile) {
+                       const std::wstring& jobPath) {
   return ConvertPair(input, ReplaceEnd(input, L".rw5"), output, files, messages, outputType,
-                     featureFile);
+                     jobPath);
 }
 
 }  // namespace zelconvert

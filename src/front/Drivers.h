@@ -25,19 +25,20 @@ bool ConvertFromJob(int outputType, const std::wstring& input, const std::wstrin
 bool ConvertDcIlj(int outputType, int inputType, const std::wstring& input,
                   const std::wstring& output, StringList& files, StringList& messages);
 
-/// `bPaired`: a job file of the same name stands beside the raw log.
+/// `bPaired`: a job file of the same name stands beside the raw log. `jobPath`: the job whose
+/// points a DC file of the log takes, see CConvRawDCFile; it is no output either.
 bool ConvertFromRaw(int outputType, const std::wstring& input, const std::wstring& output,
-                    StringList& files, StringList& messages, const std::wstring& featureFile,
+                    StringList& files, StringList& messages, const std::wstring& jobPath,
                     bool bPaired);
 
 /// The raw log beside the job file `input`, which itself isn't read and need not exist.
 bool ConvertJobRawPair(std::wstring input, std::wstring output, StringList& files,
                        StringList& messages, int outputType, int units,
-                       const std::wstring& featureFile);
+                       const std::wstring& jobPath);
 
 /// The same beside a CR5 file.
 bool ConvertCr5Rw5Pair(std::wstring input, std::wstring output, StringList& files,
                        StringList& messages, int outputType, int units,
-                       const std::wstring& featureFile);
+                       const std::wstring& jobPath);
 
 }  // namespace zelconvert

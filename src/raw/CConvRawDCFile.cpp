@@ -5,12 +5,14 @@
 
 #include "convert/CConvertProgress.h"
 #include "io/Strings.h"
+#include "raw/JobPoints.h"
 
 namespace zelconvert {
 namespace {
 
 constexpr std::wstring_view kBadRecord =
     L"Bad raw data record found at line %ld. The conversion is aborted.";
+constexpr std::wstring_view kJobNotRead = L"Warning: The points of the job %s could not be read.";
 constexpr std::wstring_view kNoMode = L"Bad ZEL raw data file.";
 
 /// While these follow, a stored point may still turn out to be a design point.
@@ -108,6 +110,7 @@ bool CConvRawDCFile::ConvertFromRaw(StringList& messages) {
   progress.Start();
   m_pMessages = &messages;
   m_Index.Build(*m_pRaw);
+  ReadDesignPoints();
   WatchNames();
   const std::int64_t length = m_pRaw->GetLength();
   while (m_pRaw->ReadRecord(m_strRecord)) {
@@ -120,6 +123,13 @@ bool CConvRawDCFile::ConvertFromRaw(StringList& messages) {
     m_PrevRecordType = m_RecordType;
   }
   return Finish();
+}
+
+void CConvRawDCFile::ReadDesignPoints() {
+  if (!IsJobPath(m_strJobPath)) return;
+  if (!ReadJobPoints(m_strJobPath, m_Index.FirstMode().distanceUnit, m_JobPoints)) {
+    Say(FormatText(kJobNotRead, m_strJobPath));
+  }
 }
 
 void CConvRawDCFile::WatchNames() {

@@ -24,7 +24,8 @@ class CConvRawDCFile : public CConvRawFile {
  public:
   /// The files are open and stay the caller's. `native`: the log bears the extension of the first
   /// of the two field applications. `version`: the dialect, 0 to 3; another one fails at the first
-  /// MO. `jobPath`: the job beside the log, empty if there is none.
+  /// MO. `jobPath`: a job whose points the log refers to; a path that is none of a job's counts
+  /// for nothing, and a job that can't be read is a warning.
   CConvRawDCFile(CRawFile* raw, CDcFile* dc, bool writeUnusedPoints, bool native, int version,
                  std::wstring jobPath);
 
@@ -33,7 +34,7 @@ class CConvRawDCFile : public CConvRawFile {
   /// Runs once. Appends warnings and errors; on false the output is what was written so far.
   bool ConvertFromRaw(StringList& messages) override;
 
-  /// The points of the job beside the log, and further ones: where stakes find their design.
+  /// Points of the job and further ones, in the log's first unit: where stakes find their design.
   void SetDesignPoints(PointMap jobPoints, PointMap extraPoints);
 
  private:
@@ -46,6 +47,7 @@ class CConvRawDCFile : public CConvRawFile {
   static Handle HandlerOf(RawRecordType type);
 
   // The pass (CConvRawDCFile.cpp). m_strRecord holds the record at hand.
+  void ReadDesignPoints();
   void WatchNames();
   Outcome ConvertRecord();
   bool Finish();

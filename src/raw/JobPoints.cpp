@@ -1,0 +1,36 @@
+#include "raw/JobPoints.h"
+
+#include "io/Paths.h"
+#include "job/CJobFile.h"
+#include "raw/RawDcState.h"
+
+namespace zelconvert {
+
+bool IsJobPath(std::wstring_view path) {
+  return HasExtensionIgnoringCase(path, L".job") || HasExtensionIgnoringCase(path, L".pwj");
+}
+
+bool ReadJobPoints(const std::wstring& path, std::int32_t unit, PointMap& points) {
+  CJobFile job(HasExtensionIgnoringCase(path, L".job"));
+  if (!job.Open(path, true) || !job.SeekToFirstRecord()) return false;
+  const auto length = [unit](double metres) { return LengthInUnit(metres, unit, kRawMetres); };
+  PointMap found;
+  JOB_POINT_EX point;
+  JobKind kind;
+  std::int64_t position;
+  std::uint32_t size;
+  while (job.ReadNextRecordHead(kind, position, size)) {
+    const bool done = kind == JobKind::Point     ? job.ReadPoint(point)
+                      : kind == JobKind::PointEx ? job.ReadPointEx(point)
+                                                 : job.SkipRecord();
+    if (!done) return false;
+    if (!IsPoint(kind)) continue;
+    found.try_emplace(point.name, point.name, length(point.north), length(point.east),
+                      length(point.elevation), point.description);
+  }
+  if (job.GetFile().HasReadFailed()) return false;
+  points.merge(found);
+  return true;
+}
+
+}  // namespace zelconvert

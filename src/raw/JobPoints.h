@@ -1,0 +1,19 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "raw/CZelPoint.h"
+
+namespace zelconvert {
+
+/// By its end: ".job", or ".pwj" of the second brand, in either case of the letters.
+bool IsJobPath(std::wstring_view path);
+
+/// Adds the points of the job at `path`, which IsJobPath has taken for one; of several of a name
+/// the first. Lengths are in `unit`, a code of UN; a unit that is none leaves them metres. False,
+/// with `points` as it was, if the job can't be read to its end.
+bool ReadJobPoints(const std::wstring& path, std::int32_t unit, PointMap& points);
+
+}  // namespace zelconvert
