@@ -262,7 +262,7 @@ TEST(DcLines, TypesAndSubtypes) {
         Case{L"-1LQ", -1, 52, false, false}, Case{L" 7NM", 7, 62, false, false},
         Case{L"7", 7, 98, false, false}, Case{L"10N", 36, 98, false, false},
         Case{L"", 0, 98, false, true}, Case{L"     ", 0, 98, false, true},
-        Case{L"\t", 0, 98, false, false}}) {
+        Case{L" \t", 0, 98, false, true}}) {
     SCOPED_TRACE(testing::PrintToString(line));
     EXPECT_EQ(CDcFile::GetRecordType(line), type);
     EXPECT_EQ(CDcFile::GetRecordSubtype(line), subtype);

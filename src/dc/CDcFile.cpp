@@ -48,7 +48,16 @@ bool CDcFile::OpenForWrite(const std::wstring& path) {
 }
 
 bool CDcFile::OpenForRead(const std::wstring& path) {
-  return Open(path, platform::kOpenReadWrite) && SeekToBegin();
+  return Open(path, platform::kOpenReadWrite) && Rewind();
+}
+
+// Editors put the mark in front of text that is 8-bit all the same.
+bool CDcFile::Rewind() {
+  constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
+  char start[kUtf8Mark.size()];
+  if (!SeekToBegin()) return false;
+  return (Read(start, sizeof start) && kUtf8Mark == std::string_view(start, sizeof start)) ||
+         SeekToBegin();
 }
 
 // What a line is
@@ -67,7 +76,7 @@ std::wstring_view CDcFile::GetSubtypeString(int index) {
 }
 
 bool CDcFile::IsBlank(std::wstring_view line) {
-  return line.find_first_not_of(L' ') == std::wstring_view::npos;
+  return line.find_first_not_of(L" \t") == std::wstring_view::npos;
 }
 
 bool CDcFile::IsDeleted(std::wstring_view line) {

@@ -39,6 +39,8 @@ class CDcFile : public CFileCE {
   /// Creates or empties the file.
   bool OpenForWrite(const std::wstring& path);
   bool OpenForRead(const std::wstring& path);
+  /// Back to the first line, behind a UTF-8 mark.
+  bool Rewind();
   static std::wstring GetDefaultExtension() { return L"DC"; }
 
   // What a line is. ReadLine and WriteLine are those of CFileCE.
@@ -49,7 +51,7 @@ class CDcFile : public CFileCE {
   static int GetRecordSubtype(std::wstring_view line);
   /// `index` is below 98.
   static std::wstring_view GetSubtypeString(int index);
-  /// Empty or blanks alone: no record, passed over by every conversion.
+  /// Empty, or blanks and tabs alone: no record, passed over by every conversion.
   static bool IsBlank(std::wstring_view line);
   /// Subtype "DL": skipped by every conversion before its type is looked at.
   static bool IsDeleted(std::wstring_view line);

@@ -116,7 +116,7 @@ bool CConvDCtoILJ::Convert(CDcFile& dcFile, CTextFile& iljFile, StringList& mess
   m_nNow = CivilSeconds(CurrentLocalTime());
   CConvertProgress progress;
   progress.Start();
-  dcFile.SeekToBegin();
+  dcFile.Rewind();
   m_nRecord = 0;
   while (dcFile.ReadLine(m_strLine)) {
     progress.SetPosition(dcFile.GetPosition(), dcFile.GetLength());

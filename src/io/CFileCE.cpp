@@ -15,6 +15,13 @@ constexpr std::uint32_t kAnyWriteBit =
 constexpr std::uint32_t kReadWriteKilobytes = 16;
 constexpr std::uint32_t kReadOnlyKilobytes = 128;
 constexpr std::size_t kHeldBackLimit = 64 * 1024;
+constexpr char16_t kEndMark = 0x1A;
+
+char16_t CharacterAt(const char* bytes, std::size_t size, bool bBigEndian) {
+  const auto byte = [bytes](std::size_t i) { return static_cast<unsigned char>(bytes[i]); };
+  if (size == 1) return byte(0);
+  return static_cast<char16_t>(bBigEndian ? byte(0) << 8 | byte(1) : byte(1) << 8 | byte(0));
+}
 
 }  // namespace
 
@@ -30,6 +37,7 @@ bool CFileCE::Open(const std::wstring& path, std::uint32_t flags) {
   if (!m_File.Open(path, flags & ~kTextModeBits)) return false;
   m_strPath = path;
   m_nCachedLength = kUnknown;
+  m_nEndMark = kUnknown;
   m_bWriteFailed = false;
   m_bReadFailed = false;
   return true;
@@ -207,9 +215,38 @@ bool CFileCE::FillBuffer() {
   return got.has_value();
 }
 
+// Transfer programs close a text with a byte 1A or several, and some with a line end behind them. A
+// 1A with text behind it is a character like others.
+std::int64_t CFileCE::FindEndMark(std::size_t characterSize, bool bBigEndian) {
+  constexpr std::int64_t kBlock = 256;
+  char block[kBlock];
+  const std::int64_t position = GetPosition();
+  const auto size = static_cast<std::int64_t>(characterSize);
+  std::int64_t mark = kNoEndMark;
+  bool isText = false;
+  for (std::int64_t end = GetLength() / size * size, start = 0; end > 0 && !isText; end = start) {
+    start = std::max<std::int64_t>(end - kBlock, 0);
+    if (!SeekTo(start) || !Read(block, static_cast<std::size_t>(end - start))) break;
+    for (std::int64_t at = end - size; at >= start && !isText; at -= size) {
+      const char16_t c = CharacterAt(block + (at - start), characterSize, bBigEndian);
+      if (c == kEndMark) mark = at;
+      isText = c != kEndMark && c != u'\r' && c != u'\n';
+    }
+  }
+  SeekTo(position);
+  return mark;
+}
+
+std::size_t CFileCE::BytesBefore(std::int64_t end, std::size_t count) {
+  const auto left = static_cast<std::uint64_t>(std::max<std::int64_t>(end - GetPosition(), 0));
+  return static_cast<std::size_t>(std::min<std::uint64_t>(count, left));
+}
+
 bool CFileCE::FillLineBuffer() {
+  if (m_nEndMark == kUnknown) m_nEndMark = FindEndMark(CharacterSize(), false);
+  const std::size_t wanted = kChunkCharacters * CharacterSize();
   std::size_t got = 0;
-  Read(m_LineBuffer, kChunkCharacters * CharacterSize(), &got);
+  Read(m_LineBuffer, BytesBefore(m_nEndMark, wanted), &got);
   m_nLinePos = 0;
   m_nLineLeft = got / CharacterSize();
   return m_nLineLeft > 0;

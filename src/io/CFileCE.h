@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <limits>
 #include <memory>
 #include <optional>
 #include <string>
@@ -51,7 +52,8 @@ class CFileCE {
   bool HasReadFailed() const;
 
   /// The next line without its line end (LF or CR LF), in `text`, whose memory is reused. False at
-  /// the end of the file; a last line without line end is a line, and keeps a CR at its end.
+  /// the end mark or the end of the file; a last line without line end is a line, and keeps a CR at
+  /// its end.
   bool ReadLine(std::wstring& text);
   /// Writes `text` and CR LF; a text with line feeds in it becomes several lines, without an empty
   /// one behind a line feed at its end. Always true: HasWriteFailed tells the truth.
@@ -69,6 +71,14 @@ class CFileCE {
   bool SeekTo(std::int64_t position);
   /// Bytes, with those held back; 0 if not open.
   std::int64_t GetLength();
+
+  /// No file is as long.
+  static constexpr std::int64_t kNoEndMark = std::numeric_limits<std::int64_t>::max();
+  /// Where the text of the file ends: at the first of the characters 1A behind which only more of
+  /// them and line ends stand. kNoEndMark if there is none. characterSize: 1, or 2 for UTF-16.
+  std::int64_t FindEndMark(std::size_t characterSize, bool bBigEndian);
+  /// How many of the next `count` bytes stand in front of `end`.
+  std::size_t BytesBefore(std::int64_t end, std::size_t count);
 
  private:
   static constexpr std::size_t kChunkCharacters = 255;
@@ -108,6 +118,7 @@ class CFileCE {
   std::string m_strHeldBack;             // written, but not yet with the system
   std::int64_t m_nCachedPos = kUnknown;  // the system's position
   std::int64_t m_nCachedLength = kUnknown;
+  std::int64_t m_nEndMark = kUnknown;  // where the line reader stops
   bool m_bUnicode;
   bool m_bWriteFailed = false;
   bool m_bReadFailed = false;

@@ -100,7 +100,7 @@ bool CTextFile::Open(const std::wstring& path, std::uint32_t flags) {
     m_File.Write(mark.data(), mark.size());
     return true;
   }
-  DetectEncoding();
+  Detect();
   if (m_Encoding == kAnsi || m_bAllowUnicode || s_bUnicodeAllowed) return true;
   m_File.Close();
   return false;
@@ -158,13 +158,19 @@ bool CTextFile::SeekTo(std::int64_t position) {
 }
 
 bool CTextFile::Rewind() {
-  DetectEncoding();
+  Detect();
   return SeekTo(m_nBomSize);
 }
 
 void CTextFile::ClearHeld() {
   m_strBuffer.clear();
   m_nStart = 0;
+}
+
+void CTextFile::Detect() {
+  DetectEncoding();
+  const std::size_t characterSize = IsUtf16(m_Encoding) ? 2 : 1;
+  m_nEndMark = m_File.FindEndMark(characterSize, m_Encoding == kUtf16BigEndian);
 }
 
 // Leaves the position behind the mark; of an unmarked UTF-16 file behind its first character.
@@ -211,7 +217,8 @@ void CTextFile::DetectByMark(std::uint8_t low, std::uint8_t high) {
 bool CTextFile::ReadChunk() {
   char bytes[2 * kChunkBytes];
   std::size_t count = 0;
-  m_File.Read(bytes, IsUtf16(m_Encoding) ? 2 * kChunkBytes : kChunkBytes, &count);
+  const std::size_t wanted = IsUtf16(m_Encoding) ? 2 * kChunkBytes : kChunkBytes;
+  m_File.Read(bytes, m_File.BytesBefore(m_nEndMark, wanted), &count);
   if (count == 0) return false;
   m_strBuffer.erase(0, m_nStart);
   m_nStart = 0;

@@ -50,7 +50,7 @@ class CTextFile {
   std::int32_t GetBomSize() const { return m_nBomSize; }
 
   /// The next line, without its LF and cut at its first CR, in `line`, whose memory is reused.
-  /// False at the end of the file; a last line without LF is a line.
+  /// False at the end mark (see CFileCE) or the end of the file; a last line without LF is a line.
   /// UTF-16 comes as it is in the file, one character per unit. A code point of UTF-8 above U+FFFF
   /// comes as two characters, so that text has the same length on every platform; each broken part
   /// of a sequence comes as U+FFFD.
@@ -72,6 +72,7 @@ class CTextFile {
  private:
   std::size_t HeldLength() const { return m_strBuffer.size() - m_nStart; }
   void ClearHeld();
+  void Detect();
   bool DetectEncoding();
   void DetectByMark(std::uint8_t low, std::uint8_t high);
   bool ReadChunk();
@@ -90,6 +91,7 @@ class CTextFile {
   bool m_bStripNulls = false;
   bool m_bAllowUnicode = false;
   std::int32_t m_nBomSize = 0;
+  std::int64_t m_nEndMark = CFileCE::kNoEndMark;
 };
 
 }  // namespace zelconvert

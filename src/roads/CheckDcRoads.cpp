@@ -233,7 +233,7 @@ std::wstring FormatRoadFailure(const std::wstring& roadName) {
 bool CheckDcRoads(CDcFile& file, RoadNames& badRoads, StringList& messages) {
   RoadCheck check(badRoads, messages);
   std::wstring line;
-  file.SeekToBegin();
+  file.Rewind();
   while (file.ReadLine(line)) {
     if (!CDcFile::IsDeleted(line)) check.Line(line);
   }

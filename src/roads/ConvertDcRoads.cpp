@@ -139,7 +139,7 @@ bool RoadConversion::Run() {
 
 bool RoadConversion::ConvertLines() {
   std::wstring line;
-  m_file.SeekToBegin();
+  m_file.Rewind();
   while (m_file.ReadLine(line)) {
     if (!ConvertLine(line)) return false;
   }
