@@ -14,6 +14,7 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -23,6 +24,7 @@
 #include <type_traits>
 
 #include "io/Strings.h"
+#include "io/Units.h"
 
 namespace zelconvert {
 
@@ -56,8 +58,10 @@ class BinaryReader {
  public:
   explicit BinaryReader(std::span<const std::byte> block) : m_block(block) {}
 
+  /// A NaN is no value.
   void Field(std::size_t offset, double& value) const {
     value = std::bit_cast<double>(LoadLittleEndian<std::uint64_t>(At(offset)));
+    if (std::isnan(value)) value = DC_NULL;
   }
   template <class Integer>
   void Field(std::size_t offset, Integer& value) const {
