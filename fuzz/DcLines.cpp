@@ -22,7 +22,8 @@ std::wstring Rewrite(std::wstring_view line, bool (*read)(std::wstring_view, R&)
   if (!read(line, record)) return std::wstring(line);
   Require(record.type == R::kType && record.subtype.size() <= 2);
   std::wstring written(R::kHead);
-  WriteColumns(written, columns, record);
+  CutNames cut;
+  WriteColumns(written, columns, record, cut);
   return written;
 }
 

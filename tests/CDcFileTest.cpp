@@ -90,11 +90,17 @@ TEST(DcWriters, WriteEveryRecord) {
   TempDir folder;
   CDcFile file;
   ASSERT_TRUE(file.OpenForWrite(folder.Path(L"out.dc")));
+  StringList told, expected;
+  file.SetMessages(&told);
   for (const CaseFields& fields : cases) {
     SCOPED_TRACE(testing::PrintToString(fields));
     EXPECT_TRUE(writers.at(fields[0])(file, fields));
   }
   ASSERT_TRUE(file.Close());
+  for (const CaseFields& text : ReadCases("tests/golden-lines/dc-cut-names.txt")) {
+    expected.push_back(text[0]);
+  }
+  EXPECT_EQ(told, expected);
   std::istringstream lines(folder.Read(L"out.dc"));
   std::string line;
   for (const CaseFields& fields : cases) {

@@ -24,13 +24,15 @@ std::string TextFormName(TextForm form, const std::string& width) {
   if ((form & kKeepFirst) != 0) name += ", first " + width;
   if ((form & kKeepLast) != 0) name += ", last " + width;
   if ((form & kTrimmed) != 0) name += ", trimmed";
+  if ((form & kName) != 0) name += ", name";
   return name;
 }
 
 std::string RealFormName(RealForm form, int decimals) {
-  const std::string digits = std::to_string(decimals);
-  if (form == RealForm::Nullable) return "number " + digits;
-  return "plain " + digits + (form == RealForm::PlainCut ? ", cut" : "");
+  const char* name = form == RealForm::Nullable ? "number "
+                     : form == RealForm::Plain  ? "plain "
+                                                : "marked ";
+  return name + std::to_string(decimals);
 }
 
 std::string IntegerFormName(IntegerForm form, Choice choice) {

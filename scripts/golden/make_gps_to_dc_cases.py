@@ -18,7 +18,7 @@ LONG = ("Warning: The point name %s is longer than 12 characters and the GPS poi
 
 
 def p66(subtype, name, lat, lon, height, code, method=1, cls="1", h=0.0, v=0.0):
-    return "66%s%16s%16s%16s%16s%-16s%d%s%16s%16s" % (subtype, name, n9(lat), n9(lon), n9(height),
+    return "66%s%16s%16s%16s%16s%-16.16s%d%s%16s%16s" % (subtype, name, n9(lat), n9(lon), n9(height),
                                                      code, method, cls, n9(h), n9(v))
 
 
@@ -185,7 +185,7 @@ def add_localization():
                                        a57("KI", 0, 1), p69("7", 1, 2, 3, "rover")]),
         ("RP,PN7,N 1,E 2,EL3,--no control in front", []),
         ("RP,PN%s,N 1,E 2,EL3,--" % long13, []),
-        ("CT,PN8,DM12,RH,RV4", ["B1CB%16s%16s12%16s%16s%16s" % ("GPS_8", "8", n5(NULL), n5(4), n5(NULL))]),
+        ("CT,PN8,DM12,RH,RV4", ["B1CB%16s%16s9%16s%16s%16s" % ("GPS_8", "8", n5(NULL), n5(4), n5(NULL))]),
         ("GO,PNo,AZ1", []),
         ] + BASE + [
         ep("102.5"),

@@ -101,20 +101,20 @@ def head(undi=0, unan=0):
 
 
 def grid(derv, name, n, e, z, code="", method="1", kind="1"):
-    return "69%s%16s%s%s%s%-16s%s%s" % (derv, name, n5(n), n5(e), n5(z), code, method, kind)
+    return "69%2.2s%16s%s%s%s%-16s%s%s" % (derv, name, n5(n), n5(e), n5(z), code, method, kind)
 
 
 def gps(derv, name, lat, lon, h, code="", method="1", kind="1"):
-    return "66%2s%16s%s%s%s%-16s%s%s" % (derv, name, n9(lat), n9(lon), n9(h), code, method, kind) \
+    return "66%2.2s%16s%s%s%s%-16.16s%s%s" % (derv, name, n9(lat), n9(lon), n9(h), code, method, kind) \
         + 2 * "     0.000000000"
 
 
 def local(derv, name, lat, lon, h, code="", method="1", kind="1"):
-    return "68%2s%16s%s%s%s%-16s%s%s" % (derv, name, n9(lat), n9(lon), n5(h), code, method, kind)
+    return "68%2.2s%16s%s%s%s%-16.16s%s%s" % (derv, name, n9(lat), n9(lon), n5(h), code, method, kind)
 
 
 def seen(derv, a, b, s, az, zenith, code="", method="1", kind="1"):
-    return "80%s%16s%16s%s%s%s%16s%s%s" % (derv, a, b, n5(s), n9(az), n9(zenith), code, method, kind)
+    return "80%2.2s%16s%16s%s%s%s%16s%s%s" % (derv, a, b, n5(s), n9(az), n9(zenith), code, method, kind)
 
 
 def vector(a, b, az, h, v, code="", method="1", kind="1"):
@@ -123,7 +123,7 @@ def vector(a, b, az, h, v, code="", method="1", kind="1"):
 
 def laser(name, az, zenith, s, decl, code="", method="1", kind="1"):
     return "85KI%16s%s%s%s%s%16s%s%s" % (name, n9(az), n9(zenith), n5(s), n5(decl), code, method,
-                                             kind)
+                                         kind)
 
 
 def note(kind, text):
@@ -252,7 +252,7 @@ points = [
     ("DERV:KI PTNM:A4 NRTH:5 ELEV:-3 CDTY:9 CDOR:1 CDCL:1", grid("KI", "A4", 5, None, -3)),
     ("DERV:K PTNM:A5 NRTH:1 EAST:2 CDTY:9 CDOR:1 CDCL:1", grid("K", "A5", 1, 2, None)),
     ("DERV:KEY PTNM:A6 NRTH:1 EAST:2 CDTY:9 CDOR:1 CDCL:1", grid("KEY", "A6", 1, 2, None)),
-    ("DERV:K PTNM:A7 LATI:0 LONG:0 HGHT:0 CDTY:1 CDOR:1 CDCL:1", gps(" K", "A7", 0, 0, 0)),
+    ("DERV:K PTNM:A7 LATI:0 LONG:0 HGHT:0 CDTY:1 CDOR:1 CDCL:1", gps("K", "A7", 0, 0, 0)),
     ("DERV:KEY PTNM:A8 LATI:0 LONG:0 HGHT:0 CDTY:4 CDOR:1 CDCL:1", local("KEY", "A8", 0, 0, 0)),
     ("DERV:KI PTNM:A9 DESC:seventeen_letters LATI:1 LONG:-1 HGHT:9 CDTY:1 CDOR:1 CDCL:1",
      gps("KI", "A9", deg(1), deg(-1), 9, "seventeen letters")),
@@ -343,7 +343,7 @@ tails = [("OSTGD", "F1", "OCPT:ABCDEFGHIJKLMNOP PTNM:B SDST:5 ANGV:0",
           laser("B", 90, 90, 5, 90, "eventeen letters", ":", ":"))]
 case("ilj-to-dc", "observation-texts",
      "Observations keep the end of a long code and print method and class 10 as a colon. The "
-     "derivation goes out at any length where it goes out at all.",
+     "derivation has two columns where it goes out at all.",
      ilj_bytes(jobmo(), rec("PRJCG", "PJAZ:1 PJGO:1"),
                *[rec(tag, "DERV:%s %s DESC:seventeen_letters CDOR:10 CDCL:10" % (derv, fields))
                  for tag, derv, fields, _ in tails]),
@@ -359,15 +359,22 @@ case("ilj-to-dc", "heights", "A target height is written when it changes, an ins
         "94KI" + n5(1.5), "94KI" + n5(2)),
      [could_not_read(9, "OSTHR"), could_not_read(10, "OSTHI")])
 case("ilj-to-dc", "quality",
-     "GPS quality: weeks and seconds crossed, precisions in metres, a missing count in full.",
+     "GPS quality: weeks and seconds crossed, precisions in metres, a missing count is 0, numbers "
+     "that are too wide go to the nearest that fits.",
      ilj_bytes(jobmo(1), *[rec("SUGQC", "DERV:KI EQSN:7 FILE:f PTNM:A %s NUMB:%d PDOP:1.5 HDOP:1.25 "
-                                        "VDOP:0.75 NUMR:0.0125 EPCT:42 HDST:0.01 VDST:0.02 GPWS:2001 "
-                                        "GPSS:100000 GPWE:2002 GPSE:200000 IMON:%d" % (n, b, i))
-                           for n, b, i in (("NUMI:8", 0, 1), ("NUMI:12.9", 1, 3), ("", 1, 2),
-                                           ("NUMI:8", 2, 1), ("NUMI:8", 1, 4))]),
-     dc(*head(1), *["C6KI%2d%d" % (n, b) + n5(1.5) + n5(1.25) + n5(0.75) + n5(0.0125) + "  42"
-                    + n5(0.01) + n5(0.02) + "2001" + n5(200000) + "2002" + n5(100000) + i
-                    for n, b, i in ((8, 1, "1"), (12, 2, "3"), (-2147483648, 2, "2"))]),
+                                        "VDOP:0.75 NUMR:0.0125 EPCT:%d HDST:0.01 VDST:0.02 GPWS:%d "
+                                        "GPSS:100000 GPWE:%d GPSE:200000 IMON:%d" % (n, b, e, w, v, i))
+                           for n, b, e, w, v, i in (
+                               ("NUMI:8", 0, 42, 2001, 2002, 1), ("NUMI:12.9", 1, 42, 2001, 2002, 3),
+                               ("", 1, 42, 2001, 2002, 2), ("NUMI:8", 2, 42, 2001, 2002, 1),
+                               ("NUMI:8", 1, 42, 2001, 2002, 4), ("NUMI:100", 0, 10000, 12345, -1000, 1),
+                               ("NUMI:-10", 0, -1000, -4444, 10000, 1))]),
+     dc(*head(1), *["C6KI%s%d" % (n, b) + n5(1.5) + n5(1.25) + n5(0.75) + n5(0.0125) + e
+                    + n5(0.01) + n5(0.02) + w + n5(200000) + v + n5(100000) + i
+                    for n, b, e, w, v, i in (
+                        (" 8", 1, "  42", "2001", "2002", "1"), ("12", 2, "  42", "2001", "2002", "3"),
+                        (" 0", 2, "  42", "2001", "2002", "2"), ("99", 1, "9999", "9999", "-999", "1"),
+                        ("-9", 1, "-999", "-999", "9999", "1"))]),
      [could_not_read(4, "SUGQC"), could_not_read(5, "SUGQC")])
 
 # Files that belong to the job, and the records that nothing is made of.

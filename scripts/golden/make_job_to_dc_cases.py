@@ -133,7 +133,7 @@ def system_lines(s, u):
             n5(u.length(fe)), n5(u.length(oe)), n9(k), n9(u.display(p1)), n9(p2))
         if pid in (2056, 2063, 2064, 2069):
             a, b, c, d = s["flags"]
-            yield "D0KI%s%1s%1s%1d%1s%-32s%-32s" % (
+            yield "D0KI%s%1s%1s%1d%1s%-32.32s%-32s" % (
                 fields, "1" if a in (0, 0xFFFE) else "2", "2" if b == 0 else "1",
                 2 if c == 1 else 1, str(d) if 1 <= d <= 4 else "1", s["gridFile"], label)
         else:
@@ -142,7 +142,7 @@ def system_lines(s, u):
     kind = 0x205 if site else s["datumKind"]
     _, _, rx, ry, rz, tx, ty, tz, ratio = s["datum"]
     if kind == 0x204:
-        yield "74KI%32s%30s" % (s["datumName"], " ")
+        yield "74KI%32.32s%30s" % (s["datumName"], " ")
     elif kind in (0x201, 0x203, 0x205):
         ppm = (ratio - 1) * 1000000 if ratio > 0 else 0.0
         if kind == 0x205:
@@ -168,7 +168,8 @@ def system_lines(s, u):
         yield "C8KI3%-32s%-32s%-32s" % ("ZEL Localization ZoneGroup", label, "Zel Localize WGS84")
     else:
         family = s["family"] if 1 <= s["family"] <= 4 else 3
-        yield "C8KI%1d%-32s%-32s%-32s" % (family, s["zoneGroup"], s["zoneName"], s["datumName"])
+        yield "C8KI%1d%-32.32s%-32.32s%-32s" % (family, s["zoneGroup"], s["zoneName"],
+                                                s["datumName"])
 
 
 def dc_file(job, version):
@@ -332,14 +333,18 @@ NO_SITE = {"site": (NULL, NULL, 0.0, 1.0, 0.0, 0.0), "horizontal": (NULL,) * 6,
 CASES = {}  # (from, to, case): files of the folder
 
 
-def add(case, job, notes, source="job", to="dc", system=None, name=None, refused=False):
-    """system: what the indices of an old job stand for."""
+def add(case, job, notes, source="job", to="dc", system=None, name=None, refused=False, cut=()):
+    """system: what the indices of an old job stand for. cut: the names that don't fit, in the order of
+    the columns."""
     assert (source, to, case) not in CASES
     name = name or ("in.pwj" if source == "pwj" else "in.job")
     files = {name: job, "notes.txt":
              (notes + "\nMade by scripts/golden/make_job_to_dc_cases.py.\n").encode()}
     if not refused:
         files["out.dc"] = dc_file(read_job(job, "in", system), to)
+    if cut:
+        files["messages.txt"] = "".join("Warning: The name %s is longer than 32 characters and has been "
+                                        "cut.\n" % n for n in cut).encode()
     CASES[source, to, case] = files
 
 
@@ -422,11 +427,13 @@ def add_systems():
             "The family is written as 1 to 4, else as 3.")
     long = "C:\\Geodata\\Shift grids of the northern provinces\\shift.sgf"
     add("long-names", job5(FULL | {"projectionId": 2069, "gridFile": long, "shiftFile": long,
-                                   "geoidFile": long, "zoneName": "z" * 32, "zoneGroup": "g" * 32,
-                                   "datumName": "d" * 32}),
-        "File names are not cut: the lines get longer.")
-    add("long-grid-name", job5(FULL | {"datumKind": 0x204, "datumName": "N" * 32}),
-        "A datum name of full length in 74.")
+                                   "geoidFile": long, "zoneName": "z" * 33, "zoneGroup": "g" * 33,
+                                   "datumName": "d" * 33}),
+        "Names are cut, but for the last one of a line, and told.", cut=(long, "g" * 33, "z" * 33))
+    add("full-names", job5(FULL | {"projectionId": 2069, "gridFile": "f" * 32, "zoneName": "z" * 32,
+                                   "zoneGroup": "g" * 32}), "Names that just fit.")
+    add("long-grid-name", job5(FULL | {"datumKind": 0x204, "datumName": "N" * 33, "zoneName": "N" * 33}),
+        "A name that two lines cut is told once; the end of C8 holds it whole.", cut=("N" * 33,))
     add("label-2063", job5(FULL | {"projectionId": 2063, "shiftFile": "Label"}),
         "Projection 2063 has no label record.")
 

@@ -91,7 +91,7 @@ def p69(name, north, east, elevation, code, cls="1"):
 
 
 def station(name, height):
-    return "E0NM%16s%16s%16s1" % (name, n5(height), "1.0")
+    return "E0NM%16.16s%16s%16s1" % (name, n5(height), "1.0")
 
 
 def rod(height):
@@ -100,15 +100,15 @@ def rod(height):
 
 def orientation(at, to, azimuth, circle, rod_height):
     """Backsight, no rod, the observation of the backsight, the rod."""
-    return ["E1KI%16s%16s%16s%16s%16s" % (at, to, n9(azimuth), n9(circle), ""),
+    return ["E1KI%16.16s%16.16s%16s%16s%16s" % (at, to, n9(azimuth), n9(circle), ""),
             rod(NULL),
-            "D9F1%16s%16s%16s%16s%16.5f%16s5%16s%16s%16s" % (
+            "D9F1%16.16s%16.16s%16s%16s%16.5f%16s5%16s%16s%16s" % (
                 at, to, "", "", float(circle), "", n5(0.001), n9(0.0003), n9(0.0003)),
             rod(rod_height)]
 
 
 def shot(at, to, distance, zenith, circle, code, cls="1"):
-    return "D9F1%16s%16s%16s%16s%16s%-16s%s%16s%16s%16s" % (
+    return "D9F1%16.16s%16.16s%16s%16s%16s%-16s%s%16s%16s%16s" % (
         at, to, n5(distance), n9(zenith), n9(circle), code[:16], cls, n5(0.001), n9(0.0003),
         n9(0.0003))
 
@@ -131,7 +131,7 @@ def a7(value1, value2, value3, value4=NULL):
 
 
 def c9(name, side, slope):
-    return "C9KI%16s%s3%16.5f%16s%16s%16.5f%4s" % (name, side, slope, "", "", 0.0, "")
+    return "C9KI%16.16s%s3%16.5f%16s%16s%16.5f%4s" % (name, side, slope, "", "", 0.0, "")
 
 
 def d3(values, root):
@@ -354,7 +354,8 @@ def add_setups():
          [p69("a point of 21 signs..", 1, 2, 3, "f 33 characters.")]),
         ("SP,PN30,N 1,E 2,EL,--open", [p69("30", 1, 2, NULL, "open")]),
     ], "An OC or BK that another follows before a shot is left out; \"0\" is a backsight without a "
-       "name; a new HI restates the setup. An empty height is blank.")
+       "name; a new HI restates the setup. A null height is blank. A long name is cut and told once.",
+       "Warning: The name a name of 19 signs. is longer than 16 characters and has been cut.\n")
     add("raw", "dc77", "no-occupy", head + [
         ("BK,OP1,BP2,BS1.0000,BC0.0000", [station("1", 1.25)] + orientation("1", "2", 1, 0, 0)),
         ("LS,HI1.25,HR1", [rod(1)]),
@@ -372,7 +373,7 @@ def add_setups():
         ("MO,AD0,UN7,SF,EC0,EO,AU9", [
             header(3, " "), job(""), e4(NULL), cogo(3)] + no_system(NULL)),
     ], "Records ahead of the first MO go out at once, so the header isn't the first line. A unit "
-       "that isn't known is digit 1; an empty SF or EO is blank.")
+       "that isn't known is digit 1; an empty SF and an empty EO are blank.")
 
 
 def metres(version, name):

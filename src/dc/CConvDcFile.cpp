@@ -72,8 +72,9 @@ void CConvDcFile::SetFeatureData(std::unique_ptr<CFeatureCodeData> data) {
   m_bFeatureData = m_pFeatureData != nullptr;
 }
 
-bool CConvDcFile::ConvertFromNative(StringList& /*messages*/, StringList& /*files*/) {
+bool CConvDcFile::ConvertFromNative(StringList& messages, StringList& /*files*/) {
   if (DcVersionText(m_nVersion).empty()) return false;
+  m_pFile1->SetMessages(&messages);
   CConvertProgress progress;
   progress.Start();
   return m_pFile2->ReadJobHeader(m_JobHeader) && WriteHeaderRecords() &&

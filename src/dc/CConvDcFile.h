@@ -26,7 +26,7 @@ class CConvDcFile : public CConvFile<CDcFile, CJobFile> {
 
   /// DC to job.
   bool ConvertToNative(StringList& messages, StringList& files) override;
-  /// Job to DC. Has no texts of its own.
+  /// Job to DC. Tells of names that don't fit.
   bool ConvertFromNative(StringList& messages, StringList& files) override;
 
   /// Switches feature records on: they follow the position of each point that `data` can decode.

@@ -176,7 +176,6 @@ bool DcToJob::WriteLayer() {
 // takes the roads that were met.
 bool DcToJob::ConvertRoads() {
   ConvertDcRoads(m_Dc, m_Messages, m_Roads, GetFolder(m_Job.GetFile().GetPath()), m_Files);
-  for (const ROAD_HEADER& road : m_Roads) m_RoadsByName.emplace(road.name, &road);
   return m_Dc.Rewind();
 }
 

@@ -177,7 +177,7 @@ bool CDcFile::ReadSetup(std::wstring_view line, tDC_SETUP_Record& record) {
 
 template <class R, std::size_t N>
 bool CDcFile::Finish(const Column<R> (&columns)[N], const R& record) {
-  WriteColumns(m_strLine, columns, record);
+  WriteColumns(m_strLine, columns, record, m_CutNames);
   return WriteLine(m_strLine);
 }
 
@@ -188,16 +188,9 @@ bool CDcFile::WriteFixed(const Column<R> (&columns)[N], const R& record, std::ws
 }
 
 template <class R, std::size_t N>
-bool CDcFile::WritePadded(const Column<R> (&columns)[N], const R& record) {
+bool CDcFile::WriteWithSubtype(const Column<R> (&columns)[N], const R& record) {
   m_strLine.assign(R::kHead, 2);
-  AppendRight(m_strLine, record.subtype, 2);
-  return Finish(columns, record);
-}
-
-template <class R, std::size_t N>
-bool CDcFile::WriteAsIs(const Column<R> (&columns)[N], const R& record) {
-  m_strLine.assign(R::kHead, 2);
-  m_strLine.append(record.subtype);
+  AppendRight(m_strLine, Left(record.subtype, 2), 2);
   return Finish(columns, record);
 }
 
@@ -225,7 +218,7 @@ bool CDcFile::WriteNoteTime(const tDC_NOTERecord& record) {
 }
 
 bool CDcFile::WritePostProcess(const tDC_POST_PROCESSRecord& record) {
-  return WritePadded(kPostProcessColumns, record);
+  return WriteWithSubtype(kPostProcessColumns, record);
 }
 
 bool CDcFile::WriteScale(const tDC_SCALERecord& record) {
@@ -257,23 +250,23 @@ bool CDcFile::WriteBacksightExt(const tDC_BACKSIGHT_EXTRecord& record) {
 }
 
 bool CDcFile::WriteGridPosition(const tDC_GRID_POSITIONRecord& record) {
-  return WriteAsIs(kGridPositionColumns, record);
+  return WriteWithSubtype(kGridPositionColumns, record);
 }
 
 bool CDcFile::WriteGpsPosition(const tDC_GPS_POSITIONRecord& record) {
-  return WritePadded(kGpsPositionColumns, record);
+  return WriteWithSubtype(kGpsPositionColumns, record);
 }
 
 bool CDcFile::WriteGpsPosition2(const tDC_GPS_POSITION2Record& record) {
-  return WritePadded(kGpsPosition2Columns, record);
+  return WriteWithSubtype(kGpsPosition2Columns, record);
 }
 
 bool CDcFile::WriteLocalPosition(const tDC_LOCAL_POSITIONRecord& record) {
-  return WritePadded(kLocalPositionColumns, record);
+  return WriteWithSubtype(kLocalPositionColumns, record);
 }
 
 bool CDcFile::WriteDeletedPosition(const tDC_DELETED_POSITIONRecord& record) {
-  return WritePadded(kDeletedPositionColumns, record);
+  return WriteWithSubtype(kDeletedPositionColumns, record);
 }
 
 bool CDcFile::WriteVector(const tDC_VECTORRecord& record) {
@@ -281,11 +274,11 @@ bool CDcFile::WriteVector(const tDC_VECTORRecord& record) {
 }
 
 bool CDcFile::WriteObservation(const tDC_OBSERVATIONRecord& record) {
-  return WritePadded(kObservationColumns, record);
+  return WriteWithSubtype(kObservationColumns, record);
 }
 
 bool CDcFile::WriteObservationSigma(const tDC_OBSERVATION_SIGMARecord& record) {
-  return WritePadded(kObservationSigmaColumns, record);
+  return WriteWithSubtype(kObservationSigmaColumns, record);
 }
 
 bool CDcFile::WriteObservationText(const tDC_OBSERVATION_TEXTRecord& record) {
@@ -293,7 +286,7 @@ bool CDcFile::WriteObservationText(const tDC_OBSERVATION_TEXTRecord& record) {
 }
 
 bool CDcFile::WriteAngleDistance(const tDC_ANGLE_DISTANCERecord& record) {
-  return WriteAsIs(kAngleDistanceColumns, record);
+  return WriteWithSubtype(kAngleDistanceColumns, record);
 }
 
 bool CDcFile::WriteAngleDistanceKeyed(const tDC_ANGLE_DISTANCE_KEYEDRecord& record) {
@@ -396,7 +389,6 @@ bool CDcFile::WriteAntennaOffset(const tDC_ANTENNA_OFFSETRecord& record) {
 }
 
 bool CDcFile::WriteAntennaMeasurement(const tDC_ANTENNA_MEASUREMENTRecord& record) {
-  if (IsNull(record.value4)) return WriteFixed(kAntennaMeasurementColumnsNull, record);
   return WriteFixed(kAntennaMeasurementColumns, record);
 }
 
@@ -405,7 +397,6 @@ bool CDcFile::WriteStakedValue(const tDC_STAKED_VALUERecord& record) {
 }
 
 bool CDcFile::WriteDesignSlope(const tDC_DESIGN_SLOPERecord& record) {
-  if (IsNull(record.slope)) return WriteFixed(kDesignSlopeColumnsNull, record);
   return WriteFixed(kDesignSlopeColumns, record);
 }
 
@@ -422,23 +413,23 @@ bool CDcFile::WriteOffsetSetting(const tDC_OFFSET_SETTINGRecord& record) {
 }
 
 bool CDcFile::WriteAntennaHeight(const tDC_ANTENNA_HEIGHTRecord& record) {
-  return WritePadded(kAntennaHeightColumns, record);
+  return WriteWithSubtype(kAntennaHeightColumns, record);
 }
 
 bool CDcFile::WriteVectorSigma(const tDC_VECTOR_SIGMARecord& record) {
-  return WritePadded(kVectorSigmaColumns, record);
+  return WriteWithSubtype(kVectorSigmaColumns, record);
 }
 
 bool CDcFile::WriteReceiver(const tDC_RECEIVER_Record& record) {
-  return WritePadded(kReceiverColumns, record);
+  return WriteWithSubtype(kReceiverColumns, record);
 }
 
 bool CDcFile::WriteReceiverExt(const tDC_RECEIVER_EXTRecord& record) {
-  return WritePadded(kReceiverExtColumns, record);
+  return WriteWithSubtype(kReceiverExtColumns, record);
 }
 
 bool CDcFile::WriteSetup(const tDC_SETUP_Record& record) {
-  return WritePadded(kSetupColumns, record);
+  return WriteWithSubtype(kSetupColumns, record);
 }
 
 bool CDcFile::WriteCb(const tDC_CB_Record& record) {

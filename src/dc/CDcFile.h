@@ -87,6 +87,9 @@ class CDcFile : public CFileCE {
   static bool ReadZoneLabel(std::wstring_view line, tDC_ZONE_LABELRecord& record);
   static bool ReadSetup(std::wstring_view line, tDC_SETUP_Record& record);
 
+  /// Where names that a column cuts are told of, each once; the list stays the caller's.
+  void SetMessages(StringList* messages) { m_CutNames.SetMessages(messages); }
+
   // Writers, one line each; the result is that of WriteLine. Where the format of a record fixes the
   // subtype it is written whatever the record holds, else the record's is.
 
@@ -158,18 +161,17 @@ class CDcFile : public CFileCE {
   bool WriteMa(const tDC_MA_Record& record);
 
  private:
-  // The head of the line: fixed, or the record's subtype as "%2s", or as "%s".
+  // The head of the line: fixed, or with the record's subtype in its two columns.
   template <class R, std::size_t N>
   bool WriteFixed(const Column<R> (&columns)[N], const R& record,
                   std::wstring_view head = R::kHead);
   template <class R, std::size_t N>
-  bool WritePadded(const Column<R> (&columns)[N], const R& record);
-  template <class R, std::size_t N>
-  bool WriteAsIs(const Column<R> (&columns)[N], const R& record);
+  bool WriteWithSubtype(const Column<R> (&columns)[N], const R& record);
   template <class R, std::size_t N>
   bool Finish(const Column<R> (&columns)[N], const R& record);
 
   std::wstring m_strLine;  // the line being written; its memory is reused
+  CutNames m_CutNames;
 };
 
 }  // namespace zelconvert

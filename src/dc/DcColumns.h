@@ -68,34 +68,34 @@ static_assert(Abut(kCogoOldColumns));
 // Stations and positions
 
 inline constexpr Column<tDC_STATIONRecord> kStationColumns[] = {
-    {4, 16, &tDC_STATIONRecord::name},
+    {4, 16, &tDC_STATIONRecord::name, kName},
     {20, 16, &tDC_STATIONRecord::north, kBlank},
     {36, 16, &tDC_STATIONRecord::east, kBlank},
     {52, 16, &tDC_STATIONRecord::elevation, kBlank},
-    {68, 16, &tDC_STATIONRecord::height, 5, kPlainCut},
+    {68, 16, &tDC_STATIONRecord::height, 5, kPlain},
     {84, 16, kBlank},
 };
 static_assert(Abut(kStationColumns));
 
 inline constexpr Column<tDC_STATION_EXTRecord> kStationExtColumns[] = {
-    {4, 16, &tDC_STATION_EXTRecord::name},
-    {20, 16, &tDC_STATION_EXTRecord::height, 5, kPlainCut},
+    {4, 16, &tDC_STATION_EXTRecord::name, kName},
+    {20, 16, &tDC_STATION_EXTRecord::height, 5, kPlain},
     {36, 16, &tDC_STATION_EXTRecord::scale, Always{L"1.0"}},
     {52, 1, &tDC_STATION_EXTRecord::flag},
 };
 static_assert(Abut(kStationExtColumns));
 
 inline constexpr Column<tDC_BACKSIGHTRecord> kBacksightColumns[] = {
-    {4, 16, &tDC_BACKSIGHTRecord::from},
-    {20, 16, &tDC_BACKSIGHTRecord::to},
+    {4, 16, &tDC_BACKSIGHTRecord::from, kName},
+    {20, 16, &tDC_BACKSIGHTRecord::to, kName},
     {36, 16, &tDC_BACKSIGHTRecord::angle1, 9},
     {52, 16, &tDC_BACKSIGHTRecord::angle2, 9},
 };
 static_assert(Abut(kBacksightColumns));
 
 inline constexpr Column<tDC_BACKSIGHT_EXTRecord> kBacksightExtColumns[] = {
-    {4, 16, &tDC_BACKSIGHT_EXTRecord::from},
-    {20, 16, &tDC_BACKSIGHT_EXTRecord::to},
+    {4, 16, &tDC_BACKSIGHT_EXTRecord::from, kName},
+    {20, 16, &tDC_BACKSIGHT_EXTRecord::to, kName},
     {36, 16, &tDC_BACKSIGHT_EXTRecord::angle1, 9},
     {52, 16, &tDC_BACKSIGHT_EXTRecord::angle2, 9},
     {68, 16, &tDC_BACKSIGHT_EXTRecord::angle3, kBlank},
@@ -114,7 +114,7 @@ inline constexpr Column<tDC_GRID_POSITIONRecord> kGridPositionColumns[] = {
 static_assert(Abut(kGridPositionColumns));
 
 inline constexpr Column<tDC_GPS_POSITIONRecord> kGpsPositionColumns[] = {
-    {4, 16, &tDC_GPS_POSITIONRecord::name},
+    {4, 16, &tDC_GPS_POSITIONRecord::name, kName},
     {20, 16, &tDC_GPS_POSITIONRecord::coord1, 9},
     {36, 16, &tDC_GPS_POSITIONRecord::coord2, 9},
     {52, 16, &tDC_GPS_POSITIONRecord::coord3, 9},
@@ -127,7 +127,7 @@ inline constexpr Column<tDC_GPS_POSITIONRecord> kGpsPositionColumns[] = {
 static_assert(Abut(kGpsPositionColumns));
 
 inline constexpr Column<tDC_GPS_POSITION2Record> kGpsPosition2Columns[] = {
-    {4, 16, &tDC_GPS_POSITION2Record::name},
+    {4, 16, &tDC_GPS_POSITION2Record::name, kName},
     {20, 16, &tDC_GPS_POSITION2Record::coord1, 9},
     {36, 16, &tDC_GPS_POSITION2Record::coord2, 9},
     {52, 16, &tDC_GPS_POSITION2Record::coord3, 9},
@@ -140,7 +140,7 @@ inline constexpr Column<tDC_GPS_POSITION2Record> kGpsPosition2Columns[] = {
 static_assert(Abut(kGpsPosition2Columns));
 
 inline constexpr Column<tDC_LOCAL_POSITIONRecord> kLocalPositionColumns[] = {
-    {4, 16, &tDC_LOCAL_POSITIONRecord::name},
+    {4, 16, &tDC_LOCAL_POSITIONRecord::name, kName},
     {20, 16, &tDC_LOCAL_POSITIONRecord::coord1, 9},
     {36, 16, &tDC_LOCAL_POSITIONRecord::coord2, 9},
     {52, 16, &tDC_LOCAL_POSITIONRecord::coord3, 5},
@@ -158,8 +158,8 @@ static_assert(Abut(kDeletedPositionColumns));
 // Observations
 
 inline constexpr Column<tDC_VECTORRecord> kVectorColumns[] = {
-    {4, 16, &tDC_VECTORRecord::from},
-    {20, 16, &tDC_VECTORRecord::to},
+    {4, 16, &tDC_VECTORRecord::from, kName},
+    {20, 16, &tDC_VECTORRecord::to, kName},
     {36, 16, &tDC_VECTORRecord::azimuth, 9},
     {52, 16, &tDC_VECTORRecord::horizontalDistance, 5},
     {68, 16, &tDC_VECTORRecord::verticalDistance, 5},
@@ -170,7 +170,7 @@ inline constexpr Column<tDC_VECTORRecord> kVectorColumns[] = {
 static_assert(Abut(kVectorColumns));
 
 inline constexpr Column<tDC_OBSERVATIONRecord> kObservationColumns[] = {
-    {4, 16, &tDC_OBSERVATIONRecord::from},         {20, 16, &tDC_OBSERVATIONRecord::to},
+    {4, 16, &tDC_OBSERVATIONRecord::from, kName},  {20, 16, &tDC_OBSERVATIONRecord::to, kName},
     {36, 16, &tDC_OBSERVATIONRecord::distance, 5}, {52, 16, &tDC_OBSERVATIONRecord::angle1, 9},
     {68, 16, &tDC_OBSERVATIONRecord::angle2, 9},   {84, 16, &tDC_OBSERVATIONRecord::code, kLeft},
     {100, &tDC_OBSERVATIONRecord::classification},
@@ -178,8 +178,8 @@ inline constexpr Column<tDC_OBSERVATIONRecord> kObservationColumns[] = {
 static_assert(Abut(kObservationColumns));
 
 inline constexpr Column<tDC_OBSERVATION_SIGMARecord> kObservationSigmaColumns[] = {
-    {4, 16, &tDC_OBSERVATION_SIGMARecord::from},
-    {20, 16, &tDC_OBSERVATION_SIGMARecord::to},
+    {4, 16, &tDC_OBSERVATION_SIGMARecord::from, kName},
+    {20, 16, &tDC_OBSERVATION_SIGMARecord::to, kName},
     {36, 16, &tDC_OBSERVATION_SIGMARecord::distance, 5},
     {52, 16, &tDC_OBSERVATION_SIGMARecord::angle1, 9},
     {68, 16, &tDC_OBSERVATION_SIGMARecord::angle2, 9},
@@ -192,8 +192,8 @@ inline constexpr Column<tDC_OBSERVATION_SIGMARecord> kObservationSigmaColumns[] 
 static_assert(Abut(kObservationSigmaColumns));
 
 inline constexpr Column<tDC_OBSERVATION_TEXTRecord> kObservationTextColumns[] = {
-    {4, 16, &tDC_OBSERVATION_TEXTRecord::from},
-    {20, 16, &tDC_OBSERVATION_TEXTRecord::to},
+    {4, 16, &tDC_OBSERVATION_TEXTRecord::from, kName},
+    {20, 16, &tDC_OBSERVATION_TEXTRecord::to, kName},
     {36, 16, &tDC_OBSERVATION_TEXTRecord::distance},
     {52, 16, &tDC_OBSERVATION_TEXTRecord::angle1},
     {68, 16, &tDC_OBSERVATION_TEXTRecord::angle2},
@@ -206,8 +206,8 @@ inline constexpr Column<tDC_OBSERVATION_TEXTRecord> kObservationTextColumns[] = 
 static_assert(Abut(kObservationTextColumns));
 
 inline constexpr Column<tDC_ANGLE_DISTANCERecord> kAngleDistanceColumns[] = {
-    {4, 16, &tDC_ANGLE_DISTANCERecord::from},
-    {20, 16, &tDC_ANGLE_DISTANCERecord::to},
+    {4, 16, &tDC_ANGLE_DISTANCERecord::from, kName},
+    {20, 16, &tDC_ANGLE_DISTANCERecord::to, kName},
     {36, 16, &tDC_ANGLE_DISTANCERecord::distance, 5},
     {52, 16, &tDC_ANGLE_DISTANCERecord::angle1, 9},
     {68, 16, &tDC_ANGLE_DISTANCERecord::angle2, 9},
@@ -218,7 +218,7 @@ inline constexpr Column<tDC_ANGLE_DISTANCERecord> kAngleDistanceColumns[] = {
 static_assert(Abut(kAngleDistanceColumns));
 
 inline constexpr Column<tDC_ANGLE_DISTANCE_KEYEDRecord> kAngleDistanceKeyedColumns[] = {
-    {4, 16, &tDC_ANGLE_DISTANCE_KEYEDRecord::name},
+    {4, 16, &tDC_ANGLE_DISTANCE_KEYEDRecord::name, kName},
     {20, 16, &tDC_ANGLE_DISTANCE_KEYEDRecord::angle1, 9},
     {36, 16, &tDC_ANGLE_DISTANCE_KEYEDRecord::angle2, 9},
     {52, 16, &tDC_ANGLE_DISTANCE_KEYEDRecord::distance, 5},
@@ -275,7 +275,7 @@ inline constexpr Column<tDC_PROJECTION_EXTRecord> kProjectionExtColumns[] = {
     {150, &tDC_PROJECTION_EXTRecord::flagB},
     {151, 1, &tDC_PROJECTION_EXTRecord::flagC},
     {152, &tDC_PROJECTION_EXTRecord::flagD},
-    {153, 32, &tDC_PROJECTION_EXTRecord::gridFileName, kLeft | kTrimmed},
+    {153, 32, &tDC_PROJECTION_EXTRecord::gridFileName, kLeft | kTrimmed | kName},
     {185, 32, &tDC_PROJECTION_EXTRecord::shiftFileName, kLeft | kTrimmed},
 };
 static_assert(Abut(kProjectionExtColumns));
@@ -308,14 +308,14 @@ inline constexpr Column<tDC_DATUMRecord> kDatumColumns[] = {
 static_assert(Abut(kDatumColumns));
 
 inline constexpr Column<tDC_DATUM_GRIDRecord> kDatumGridColumns[] = {
-    {4, 32, &tDC_DATUM_GRIDRecord::fileName, kTrimmed},
+    {4, 32, &tDC_DATUM_GRIDRecord::fileName, kTrimmed | kName},
     {36, 32, &tDC_DATUM_GRIDRecord::description, kTrimmed},
 };
 static_assert(Abut(kDatumGridColumns));
 
 // Collectors write the description two columns narrower than they read it.
 inline constexpr Column<tDC_DATUM_GRIDRecord> kDatumGridColumnsWritten[] = {
-    {4, 32, &tDC_DATUM_GRIDRecord::fileName},
+    {4, 32, &tDC_DATUM_GRIDRecord::fileName, kName},
     {36, 30, &tDC_DATUM_GRIDRecord::description},
 };
 static_assert(Abut(kDatumGridColumnsWritten));
@@ -343,8 +343,8 @@ static_assert(Abut(kVerticalAdjustColumns));
 
 inline constexpr Column<tDC_COORDINATE_SYSTEMRecord> kCoordinateSystemColumns[] = {
     {4, 1, &tDC_COORDINATE_SYSTEMRecord::systemKind},
-    {5, 32, &tDC_COORDINATE_SYSTEMRecord::zoneGroupName, kLeft | kTrimmed},
-    {37, 32, &tDC_COORDINATE_SYSTEMRecord::zoneName, kLeft | kTrimmed},
+    {5, 32, &tDC_COORDINATE_SYSTEMRecord::zoneGroupName, kLeft | kTrimmed | kName},
+    {37, 32, &tDC_COORDINATE_SYSTEMRecord::zoneName, kLeft | kTrimmed | kName},
     {69, 32, &tDC_COORDINATE_SYSTEMRecord::datumName, kLeft | kTrimmed},
 };
 static_assert(Abut(kCoordinateSystemColumns));
@@ -437,20 +437,9 @@ inline constexpr Column<tDC_ANTENNA_MEASUREMENTRecord> kAntennaMeasurementColumn
     {4, 16, &tDC_ANTENNA_MEASUREMENTRecord::value1, 5},
     {20, 16, &tDC_ANTENNA_MEASUREMENTRecord::value2, 5},
     {36, 16, &tDC_ANTENNA_MEASUREMENTRecord::value3, 5},
-    {52, 1, Always{L"3"}},
-    {53, 16, &tDC_ANTENNA_MEASUREMENTRecord::value4, 5, kPlainCut},
+    {52, 17, &tDC_ANTENNA_MEASUREMENTRecord::value4, 5, RealForm::Marked},
 };
 static_assert(Abut(kAntennaMeasurementColumns));
-
-// Without `value4`.
-inline constexpr Column<tDC_ANTENNA_MEASUREMENTRecord> kAntennaMeasurementColumnsNull[] = {
-    {4, 16, &tDC_ANTENNA_MEASUREMENTRecord::value1, 5},
-    {20, 16, &tDC_ANTENNA_MEASUREMENTRecord::value2, 5},
-    {36, 16, &tDC_ANTENNA_MEASUREMENTRecord::value3, 5},
-    {52, 1, Always{L"0"}},
-    {53, 16, kBlank},
-};
-static_assert(Abut(kAntennaMeasurementColumnsNull));
 
 inline constexpr Column<tDC_STAKED_VALUERecord> kStakedValueColumns[] = {
     {4, 16, &tDC_STAKED_VALUERecord::value, 5, kPlain},
@@ -460,27 +449,13 @@ static_assert(Abut(kStakedValueColumns));
 inline constexpr Column<tDC_DESIGN_SLOPERecord> kDesignSlopeColumns[] = {
     {4, 16, &tDC_DESIGN_SLOPERecord::name},
     {20, 1, &tDC_DESIGN_SLOPERecord::side},
-    {21, 1, Always{L"3"}},
-    {22, 16, &tDC_DESIGN_SLOPERecord::slope, 5, kPlain},
+    {21, 17, &tDC_DESIGN_SLOPERecord::slope, 5, RealForm::Marked},
     {38, 16, kBlank},
     {54, 16, kBlank},
     {70, 16, &tDC_DESIGN_SLOPERecord::value, 5, kPlain},
     {86, 4, kBlank},
 };
 static_assert(Abut(kDesignSlopeColumns));
-
-// Without `slope`.
-inline constexpr Column<tDC_DESIGN_SLOPERecord> kDesignSlopeColumnsNull[] = {
-    {4, 16, &tDC_DESIGN_SLOPERecord::name},
-    {20, 1, &tDC_DESIGN_SLOPERecord::side},
-    {21, 1, Always{L"0"}},
-    {22, 16, kBlank},
-    {38, 16, kBlank},
-    {54, 16, kBlank},
-    {70, 16, &tDC_DESIGN_SLOPERecord::value, 5, kPlain},
-    {86, 4, kBlank},
-};
-static_assert(Abut(kDesignSlopeColumnsNull));
 
 inline constexpr Column<tDC_CATCH_POINTRecord> kCatchPointColumns[] = {
     {4, 16, &tDC_CATCH_POINTRecord::value1, 5, kPlain},
@@ -569,27 +544,27 @@ static_assert(Abut(kSetupColumns));
 // Reduced observations
 
 inline constexpr Column<tDC_CB_Record> kCbColumns[] = {
-    {4, 16, &tDC_CB_Record::text1},      {20, 16, &tDC_CB_Record::text2},
-    {36, 1, &tDC_CB_Record::digit},      {37, 16, &tDC_CB_Record::value1, 5},
-    {53, 16, &tDC_CB_Record::value2, 5}, {69, 16, &tDC_CB_Record::value3, 5},
+    {4, 16, &tDC_CB_Record::text1, kName}, {20, 16, &tDC_CB_Record::text2, kName},
+    {36, 1, &tDC_CB_Record::digit},        {37, 16, &tDC_CB_Record::value1, 5},
+    {53, 16, &tDC_CB_Record::value2, 5},   {69, 16, &tDC_CB_Record::value3, 5},
 };
 static_assert(Abut(kCbColumns));
 
 inline constexpr Column<tDC_MP_Record> kMpColumns[] = {
-    {4, 16, &tDC_MP_Record::text1},       {20, 16, &tDC_MP_Record::text2},
-    {36, 16, &tDC_MP_Record::value1, 9},  {52, 16, &tDC_MP_Record::value2, 9},
-    {68, 16, &tDC_MP_Record::value3, 9},  {84, 16, &tDC_MP_Record::value4, 9},
-    {100, 16, &tDC_MP_Record::value5, 5}, {116, 16, &tDC_MP_Record::value6, 5},
-    {132, 16, &tDC_MP_Record::code},      {148, &tDC_MP_Record::classification},
+    {4, 16, &tDC_MP_Record::text1, kName}, {20, 16, &tDC_MP_Record::text2, kName},
+    {36, 16, &tDC_MP_Record::value1, 9},   {52, 16, &tDC_MP_Record::value2, 9},
+    {68, 16, &tDC_MP_Record::value3, 9},   {84, 16, &tDC_MP_Record::value4, 9},
+    {100, 16, &tDC_MP_Record::value5, 5},  {116, 16, &tDC_MP_Record::value6, 5},
+    {132, 16, &tDC_MP_Record::code},       {148, &tDC_MP_Record::classification},
 };
 static_assert(Abut(kMpColumns));
 
 inline constexpr Column<tDC_MA_Record> kMaColumns[] = {
-    {4, 16, &tDC_MA_Record::text1},       {20, 16, &tDC_MA_Record::text2},
-    {36, 16, &tDC_MA_Record::text3},      {52, 16, &tDC_MA_Record::value1, 9},
-    {68, 16, &tDC_MA_Record::value2, 9},  {84, 16, &tDC_MA_Record::value3, 9},
-    {100, 16, &tDC_MA_Record::value4, 9}, {116, 16, &tDC_MA_Record::value5, 9},
-    {132, 16, &tDC_MA_Record::value6, 9}, {148, 2, &tDC_MA_Record::number1},
+    {4, 16, &tDC_MA_Record::text1, kName},  {20, 16, &tDC_MA_Record::text2, kName},
+    {36, 16, &tDC_MA_Record::text3, kName}, {52, 16, &tDC_MA_Record::value1, 9},
+    {68, 16, &tDC_MA_Record::value2, 9},    {84, 16, &tDC_MA_Record::value3, 9},
+    {100, 16, &tDC_MA_Record::value4, 9},   {116, 16, &tDC_MA_Record::value5, 9},
+    {132, 16, &tDC_MA_Record::value6, 9},   {148, 2, &tDC_MA_Record::number1},
     {150, 2, &tDC_MA_Record::number2},
 };
 static_assert(Abut(kMaColumns));

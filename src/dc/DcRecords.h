@@ -463,7 +463,7 @@ struct tDC_ANTENNA_MEASUREMENTRecord : DcRecord<"A7KI"> {
   double value1 = 0;
   double value2 = 0;
   double value3 = 0;
-  double value4 = 0;  ///< exactly DC_NULL is written as "0" and blanks
+  double value4 = 0;
 };
 
 /// A8
@@ -473,7 +473,7 @@ struct tDC_STAKED_VALUERecord : DcRecord<"A8KI"> {
 
 /// C9: the design slope of a slope stake.
 struct tDC_DESIGN_SLOPERecord : DcRecord<"C9KI"> {
-  std::wstring name;
+  std::wstring name;         ///< what is noted of the slope
   std::wstring side = L"1";  ///< "1" or "2"
   double slope = 0;
   double value = 0;

@@ -1,6 +1,19 @@
 #include "dc/RecordColumns.h"
 
+#include <algorithm>
+
 namespace zelconvert {
+namespace {
+
+// The nearest number that fits. One column has no room for a sign.
+std::int64_t FitInteger(std::int32_t value, int width) {
+  std::int64_t limit = 1;
+  for (int i = 0; i < width; ++i) limit *= 10;
+  const std::int64_t low = width == 1 ? 0 : 1 - limit / 10;
+  return std::clamp<std::int64_t>(value, low, limit - 1);
+}
+
+}  // namespace
 
 void AppendDcNumber(std::wstring& line, double value, int decimals, int width) {
   const auto columns = static_cast<std::size_t>(width);
@@ -54,10 +67,12 @@ double ReadReal(std::wstring_view field, RealForm form) {
   return form == RealForm::Nullable ? ReadDcNumber(field) : ToReal(field);
 }
 
-void WriteText(std::wstring& line, std::wstring_view value, TextForm form, int width) {
+void WriteText(std::wstring& line, std::wstring_view value, TextForm form, int width,
+               CutNames& cut) {
   const auto columns = static_cast<std::size_t>(width);
-  if ((form & kKeepFirst) != 0) value = Left(value, columns);
+  if ((form & kName) != 0 && value.size() > columns) cut.Tell(value, width);
   if ((form & kKeepLast) != 0) value = Right(value, columns);
+  if ((form & kKeepFirst) != 0) value = Left(value, columns);
   (form & kLeft) != 0 ? AppendLeft(line, value, columns) : AppendRight(line, value, columns);
 }
 
@@ -76,7 +91,7 @@ void WriteInteger(std::wstring& line, std::int32_t value, IntegerForm form, int 
       break;
   }
   const std::size_t start = line.size();
-  AppendInteger(line, value);
+  AppendInteger(line, form == IntegerForm::First ? value : FitInteger(value, width));
   const std::size_t length = line.size() - start;
   if (length < columns && form == IntegerForm::Zeros) {
     line.insert(start + (value < 0 ? 1 : 0), columns - length, L'0');
@@ -88,13 +103,9 @@ void WriteInteger(std::wstring& line, std::int32_t value, IntegerForm form, int 
 }
 
 void WriteReal(std::wstring& line, double value, int decimals, RealForm form, int width) {
-  if (IsNull(value) || form == RealForm::Nullable) {
-    return AppendDcNumber(line, value, decimals, width);
-  }
-  const auto columns = static_cast<std::size_t>(width);
-  const std::size_t start = line.size();
-  AppendFixed(line, value, decimals, columns);
-  if (form == RealForm::PlainCut && line.size() > start + columns) line.resize(start + columns);
+  const bool isMarked = form == RealForm::Marked;
+  if (isMarked) line.push_back(IsNull(value) ? L'0' : L'3');
+  AppendDcNumber(line, value, decimals, width - isMarked);
 }
 
 }  // namespace columns

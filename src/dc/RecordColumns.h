@@ -11,6 +11,8 @@
 // columns of a table: columns 0 to 3 belong to CDcFile.
 //
 // Reading never fails: a line that stops early gives empty fields, text that is no number gives 0.
+// Writing never pushes a column: what is too long is cut, and a number too wide for its integer
+// column becomes the nearest that fits. Only a text that ends its line may stand in full.
 #pragma once
 
 #include <cstddef>
@@ -19,6 +21,7 @@
 #include <string_view>
 #include <variant>
 
+#include "dc/CutNames.h"
 #include "io/Columns.h"
 #include "io/Numbers.h"
 #include "io/Strings.h"
@@ -26,25 +29,27 @@
 
 namespace zelconvert {
 
-/// How a text sits in its column. Without flags: right-justified, never cut, read as it stands.
+/// How a text sits in its column. Without flags: right-justified; too long: the first characters
+/// stay, or all of them in the last column of a table; read as it stands.
 using TextForm = unsigned;
 inline constexpr TextForm kLeft = 1;       ///< blanks behind the text instead of before it
-inline constexpr TextForm kKeepFirst = 2;  ///< too long: the first characters stay
+inline constexpr TextForm kKeepFirst = 2;  ///< too long: the first characters stay anywhere
 inline constexpr TextForm kKeepLast = 4;   ///< too long: the last characters stay
 inline constexpr TextForm kTrimmed = 8;    ///< read without white space at both ends
+inline constexpr TextForm kName = 16;      ///< too long: the user is told
 
-/// How a real number sits in its column. All are right-justified, and null is written blank.
+/// How a real number sits in its column. All are right-justified, null is blank; too long: the
+/// first characters stay.
 enum class RealForm : std::uint8_t {
-  Nullable,  ///< blank is read as null; too long: the first characters stay
-  Plain,     ///< written in full; blank is read as 0
-  PlainCut,  ///< as Plain, but too long: the first characters stay
+  Nullable,  ///< blank is read as null
+  Plain,     ///< blank is read as 0
+  Marked,    ///< "3" in front of the number, "0" in front of the blanks of null; not read
 };
 inline constexpr RealForm kPlain = RealForm::Plain;
-inline constexpr RealForm kPlainCut = RealForm::PlainCut;
 
 /// How an integer sits in its column.
 enum class IntegerForm : std::uint8_t {
-  Decimal,    ///< base 10, right-justified; blank is read as 0
+  Decimal,    ///< base 10, right-justified, the nearest that fits; blank is read as 0
   Zeros,      ///< as Decimal, but filled with leading zeros
   First,      ///< as Decimal, but too long: the first characters stay
   Truncated,  ///< written as Decimal; read as a nullable real number that loses its fraction
@@ -115,8 +120,8 @@ constexpr bool Abut(const Column<R> (&columns)[N], int start = 4) {
   return true;
 }
 
-/// Appends a DC number in 16 columns: blank for a value not above -9.99e7, else what "%16.*f"
-/// gives, cut to its first 16 characters.
+/// Appends a DC number in 16 columns: blank for a null value, else what "%16.*f" gives, cut to its
+/// first 16 characters.
 void AppendDcNumber(std::wstring& line, double value, int decimals, int width = 16);
 /// The same as text of its own; a null value is a single blank.
 std::wstring FormatDcNumber(double value, int decimals);
@@ -131,7 +136,8 @@ void ReadText(std::wstring_view field, TextForm form, std::wstring& value);
 std::int32_t ReadInteger(std::wstring_view field, IntegerForm form, Choice choice);
 double ReadReal(std::wstring_view field, RealForm form);
 
-void WriteText(std::wstring& line, std::wstring_view value, TextForm form, int width);
+void WriteText(std::wstring& line, std::wstring_view value, TextForm form, int width,
+               CutNames& cut);
 void WriteInteger(std::wstring& line, std::int32_t value, IntegerForm form, int width);
 void WriteReal(std::wstring& line, double value, int decimals, RealForm form, int width);
 
@@ -158,13 +164,15 @@ void ReadColumns(std::wstring_view line, const Column<R> (&table)[N], R& record)
 }
 
 /// Appends the columns of `record` to `line`, which already holds everything in front of them.
+/// cut: hears of the names that don't fit.
 template <class R, std::size_t N>
-void WriteColumns(std::wstring& line, const Column<R> (&table)[N], const R& record) {
+void WriteColumns(std::wstring& line, const Column<R> (&table)[N], const R& record, CutNames& cut) {
   for (const Column<R>& c : table) {
     if (c.always) {
       AppendRight(line, c.constant, static_cast<std::size_t>(c.width));
     } else if (const auto* text = std::get_if<std::wstring R::*>(&c.member)) {
-      columns::WriteText(line, record.**text, c.text, c.width);
+      const bool isLast = &c == &table[N - 1];
+      columns::WriteText(line, record.**text, isLast ? c.text : c.text | kKeepFirst, c.width, cut);
     } else if (const auto* real = std::get_if<double R::*>(&c.member)) {
       columns::WriteReal(line, record.**real, c.decimals, c.real, c.width);
     } else if (const auto* integer = std::get_if<std::int32_t R::*>(&c.member)) {

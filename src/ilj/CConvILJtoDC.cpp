@@ -267,7 +267,7 @@ void CConvILJtoDC::FillPosition(Position& position, CMoskoJobRecordPoint& point)
   Mapper::MapClass(position.classification, point.Get<F::CDCL>(), Mapper::kToDc);
 }
 
-// Here the description must fit its column; the other positions let a longer one run on.
+// Here the description must fit its column; that of the other positions is cut.
 bool CConvILJtoDC::CarryGridPoint(CMoskoJobRecordPoint& point) {
   if (point.Value<F::DESC>().size() > kNameLength) return false;
   tDC_GRID_POSITIONRecord& position = m_gridPosition;
@@ -305,7 +305,7 @@ bool CConvILJtoDC::WriteDataFile(const std::wstring& path) {
 // precisions stay in metres.
 bool CConvILJtoDC::Carry(CMoskoJobRecordSurveyGpsQC& record) {
   tDC_SETUP_Record quality;
-  quality.flag = record.Value<F::NUMI>();
+  quality.flag = record.HasValid<F::NUMI>() ? record.Value<F::NUMI>() : 0;
   quality.relative = record.Value<F::NUMB>() == 1;
   quality.value1 = record.Value<F::PDOP>();
   quality.value2 = record.Value<F::HDOP>();

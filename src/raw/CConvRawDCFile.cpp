@@ -109,6 +109,7 @@ bool CConvRawDCFile::ConvertFromRaw(StringList& messages) {
   CConvertProgress progress;
   progress.Start();
   m_pMessages = &messages;
+  m_pDc->SetMessages(&messages);
   m_Index.Build(*m_pRaw);
   ReadDesignPoints();
   WatchNames();

@@ -1,0 +1,26 @@
+// The names that columns have cut.
+#pragma once
+
+#include <functional>
+#include <set>
+#include <string>
+#include <string_view>
+
+#include "convert/ConversionBase.h"
+
+namespace zelconvert {
+
+/// Tells of each name once a file, when the first line that cuts it is written.
+class CutNames {
+ public:
+  /// messages: where the warnings go; null, as at first: nowhere. They stay the caller's.
+  void SetMessages(StringList* messages) { m_pMessages = messages; }
+  /// name: the whole of it; width: the characters that stay.
+  void Tell(std::wstring_view name, int width);
+
+ private:
+  StringList* m_pMessages = nullptr;
+  std::set<std::wstring, std::less<>> m_told;
+};
+
+}  // namespace zelconvert
