@@ -24,7 +24,7 @@ def dms(text):
 
 
 def real(value, width, decimals):
-    return ("%-*.*f" % (width, decimals, value))[:width]
+    return width * " " if value is None else ("%-*.*f" % (width, decimals, value))[:width]
 
 
 class Sdr:
@@ -98,7 +98,7 @@ def polar(origin, azimuth, zenith, sd, scale, hi, hr):
     a, z = math.radians(azimuth), math.radians(zenith)
     n, e, h = origin
     hd = sd * scale * math.sin(z)
-    return n + math.cos(a) * hd, e + math.sin(a) * hd, h + sd * scale * math.cos(z) + hi - hr
+    return n + math.cos(a) * hd, e + math.sin(a) * hd, h + sd * math.cos(z) + hi - hr
 
 
 def azimuth_of(start, end):
@@ -122,8 +122,7 @@ def mill_creek(s):
     s.shot("1", "102", 61.007, dms("90.0231"), dms("38.1122"), "EP")
     s.shot("1", "103", 28.99, dms("90.1503"), dms("77.5948"), "MH SEWER")
     s.target(2.0)
-    # A vertical angle of -0.3010 wraps to 359.5 before it is taken from 90.
-    s.shot("1", "104", 74.662, 90 - (360 - dms("0.3010")), dms("121.0007"), "TREE OAK 18")
+    s.shot("1", "104", 74.662, 90 + dms("0.3010"), dms("121.0007"), "TREE OAK 18")
     s.shot("1", "105", 33.128, dms("91.0542"), dms("210.4518") - back, "FENCE")
     s.shot("1", "106", math.hypot(0.412, 52.33), 90 - math.degrees(math.atan2(0.412, 52.33)),
            -dms("15.3000"), "FENCE")
@@ -169,7 +168,7 @@ SS,OP6,FP1,AR0,ZE100,SD10,--
 
 
 def gons(s):
-    """Gons, south azimuths, feet, an instrument offset, zeniths in gons that count as degrees."""
+    """Gons, south azimuths, feet, an instrument offset."""
     s.header("03-04-2026", "23:59:58", gons=True, metres=False)
     s.mode("7", 1.5, 6.0)
     s.station(("1", 100, 200, 10, "A"), 5)
@@ -187,10 +186,10 @@ def gons(s):
     s.backsight("1", "2", 150, 10)
     s.backsight_shot("1", "2", 10)
     s.shot("1", "6", 10, 100, 110, "a long note of m")
-    # Azimuth 150 + 110 - 10 = 250 gons; the zenith of 100 gons counts as 100 degrees.
-    new = polar((100, 200, 10), 250 * 0.9, 100, 10, 1.5, 5.5, 4.5)
+    # Azimuth 150 + 110 - 10 = 250 gons, level: back is 50 gons.
+    new = polar((100, 200, 10), 250 * 0.9, 90, 10, 1.5, 5.5, 4.5)
     s.station(("6",) + new + ("a long note of m",), 5.5)
-    s.backsight("6", "1", azimuth_of(new, (100, 200)), 10)
+    s.backsight("6", "1", 50, 10)
     s.backsight_shot("6", "1", 10, "a note of 20 letters")  # whole
     s.shot("6", "1", 10, 100, 0, "a note of 20 let")
     s.note("C2 -1")  # a curve of a negative number of shots has no end
@@ -239,7 +238,7 @@ def marks(s):
     s.target(6 * US)
     s.shot("1", "3", 100 * US, 90, 2, "end PT")
     s.note(" JP 17")
-    s.point(("4", 1 * US, 2 * US, -9.99e27 * US, "join ST JPT 17"))
+    s.point(("4", 1 * US, 2 * US, None, "join ST JPT 17"))
     s.note("C2 1")
     s.shot("1", "5", 1 * US, 90, 3, " PT")
     for mark, line in (("JFS", " JFS"), ("JNS", " JNS"), ("JT 123456789012", " JPT 12345678")):

@@ -38,10 +38,6 @@ constexpr MarkName kMarks[] = {
 constexpr MarkName kMarksWithValue[] = {
     {L"C2", NoteMark::C2}, {L"JP", NoteMark::JP}, {L"JT", NoteMark::JT}};
 
-double DegreesOf(double radians) {
-  return radians * 180.0 / kPi;
-}
-
 // A field that the record lacks: no text of a log reads as NaN.
 constexpr double kUnread = std::numeric_limits<double>::quiet_NaN();
 bool WasRead(double value) {
@@ -114,16 +110,18 @@ class RawToSdr {
   bool Advance();
 
   void FindHeights(RawRecordType type, std::wstring_view name);
-  double Angle(double value) const { return IsDegrees() ? DmsToDegrees(value) : value; }
+  /// From here on angles are decimal degrees or gons, as the mode says.
+  double Angle(double value) const { return IsGons() ? value : DmsToDegrees(value); }
   double NorthAzimuth(double azimuth) const;
-  double ToRadians(double angle) const { return angle * kPi / (IsGons() ? 200.0 : 180.0); }
+  double AngleOfRadians(double radians) const { return radians / kPi * HalfCircle(); }
+  double HalfCircle() const { return FullCircle(m_mode.angleUnit) / 2; }
+  bool IsGons() const { return m_mode.angleUnit == kRawGons; }
+
   double Length(double value) const { return Length(value, m_mode.distanceUnit); }
   /// SDR files know no US survey feet: these become international feet.
   static double Length(double value, std::int32_t unit) {
-    return unit == kRawUsSurveyFeet ? value * kFeetPerUsFoot : value;
+    return unit == kRawUsSurveyFeet && !IsNull(value) ? value * kFeetPerUsFoot : value;
   }
-  bool IsDegrees() const { return m_mode.angleUnit == kRawDegrees; }
-  bool IsGons() const { return m_mode.angleUnit == kRawGons; }
   bool IsUsFeet() const { return m_mode.distanceUnit == kRawUsSurveyFeet; }
 
   /// Writes the line that m_lines holds. With `named` false the line has a name that the layout
@@ -201,7 +199,7 @@ bool RawToSdr::OnMode(std::wstring_view record) {
 
 double RawToSdr::NorthAzimuth(double azimuth) const {
   if (m_mode.azimuthOrigin != 1) return azimuth;
-  return IsGons() ? NormalizeGons(azimuth + 200) : NormalizeDegrees(azimuth + 180);
+  return NormalizeAngle(azimuth + HalfCircle(), m_mode.angleUnit);
 }
 
 bool RawToSdr::OnBacksight(std::wstring_view record) {
@@ -245,7 +243,9 @@ bool RawToSdr::OnOccupy(std::wstring_view record) {
 void RawToSdr::FindHeights(RawRecordType type, std::wstring_view name) {
   const HeightsAhead* ahead = m_index.FindHeights(m_line, type, name);
   if (ahead == nullptr) return;
-  m_instrumentHeight = Length(ahead->heights.instrumentHeight, ahead->distanceUnit);
+  const bool modeAhead = ahead->modeLine > m_line;
+  m_instrumentHeight = Length(ahead->heights.instrumentHeight,
+                              modeAhead ? ahead->distanceUnit : m_mode.distanceUnit);
 }
 
 bool RawToSdr::OnStored(std::wstring_view record) {
@@ -333,7 +333,6 @@ bool RawToSdr::ConvertShot(std::wstring_view record, RawRecordType type) {
 void RawToSdr::ReadHorizontal(std::wstring_view record, const SHOT_RECORD& shot) {
   const bool read = WasRead(shot.horizontal);
   const double value = read ? Angle(shot.horizontal) : 0;
-  const double halfCircle = IsGons() ? 200 : 180;
   double azimuth = 0;
   switch (shot.horizontalKind) {
     case HorizontalKind::AngleRight:
@@ -352,33 +351,37 @@ void RawToSdr::ReadHorizontal(std::wstring_view record, const SHOT_RECORD& shot)
       azimuth = m_backsightAzimuth - value;
       break;
     case HorizontalKind::DeflectionRight:
-      azimuth = m_backsightAzimuth + halfCircle + value;
+      azimuth = m_backsightAzimuth + HalfCircle() + value;
       break;
     case HorizontalKind::DeflectionLeft:
-      azimuth = m_backsightAzimuth + halfCircle - value;
+      azimuth = m_backsightAzimuth + HalfCircle() - value;
       break;
   }
   m_circle = 0;
-  m_horizontal = azimuth - m_backsightAzimuth;
+  m_horizontal = Computed(azimuth - m_backsightAzimuth, azimuth, m_backsightAzimuth, value);
 }
 
 void RawToSdr::ReadVertical(const SHOT_RECORD& shot) {
+  const double quarterCircle = HalfCircle() / 2;
+  const double angle = Angle(shot.vertical);
   const double distance = Length(shot.distance);
   m_slopeDistance = distance;
   switch (shot.verticalKind) {
-    case VerticalKind::ElevationChange: {
-      const double change = Length(shot.vertical);
-      m_slopeDistance = std::sqrt(change * change + distance * distance);
-      m_zenith = NormalizeDegrees(90 - DegreesOf(std::atan2(change, distance)));
-      if (IsGons()) m_zenith = ConvertAngleUnit(kRawGons, kRawDegrees, m_zenith);
-      break;
-    }
     case VerticalKind::Zenith:
-      m_zenith = IsGons() ? shot.vertical : DmsToDegrees(shot.vertical);
+      m_zenith = angle;
       break;
     case VerticalKind::VerticalAngle:
-      m_zenith = (IsGons() ? 100 : 90) - Angle(shot.vertical);
+      m_zenith = NormalizeZenith(Computed(quarterCircle - angle, angle), m_mode.angleUnit);
       break;
+    case VerticalKind::ElevationChange: {
+      const double change = Length(shot.vertical);
+      const double aboveHorizon = AngleOfRadians(std::atan2(change, distance));
+      m_slopeDistance =
+          Computed(std::sqrt(change * change + distance * distance), change, distance);
+      m_zenith = NormalizeZenith(Computed(quarterCircle - aboveHorizon, m_slopeDistance),
+                                 m_mode.angleUnit);
+      break;
+    }
   }
 }
 
@@ -388,24 +391,32 @@ void RawToSdr::CountDown() {
   if (m_joinCountdown > 0 && --m_joinCountdown == 0) m_pendingSuffix = L" ST JPT " + m_jobName;
 }
 
-// The zenith counts as degrees whatever the log's unit; only the azimuth follows it.
+// Without distance, zenith or scale there is no position; what an azimuth, a height or the station
+// lacks is missing from the position alone. The scale is that of distances on the ground: heights
+// have none.
 void RawToSdr::ReduceForesight() {
-  const double azimuth = ToRadians(m_backsightAzimuth + m_horizontal - m_circle);
-  const double zenith = m_zenith * kPi / 180.0;
-  const double distance = m_slopeDistance * m_mode.scale;
-  const double horizontalDistance = distance * std::sin(zenith);
-  m_foresight.m_dNorth = m_occupied.m_dNorth + std::cos(azimuth) * horizontalDistance;
-  m_foresight.m_dEast = m_occupied.m_dEast + std::sin(azimuth) * horizontalDistance;
+  const double zenith = ToRadians(m_zenith, m_mode.angleUnit);
+  const double azimuth = ToRadians(Computed(m_backsightAzimuth + m_horizontal - m_circle,
+                                            m_backsightAzimuth, m_horizontal, m_circle),
+                                   m_mode.angleUnit);
+  const double run = Computed(std::sin(zenith) * m_slopeDistance * m_mode.scale, m_slopeDistance,
+                              m_zenith, m_mode.scale);
+  const double rise = std::cos(zenith) * m_slopeDistance + m_instrumentHeight - m_rodHeight;
+  const CZelPoint& from = m_occupied;
+  const double north = from.m_dNorth + std::cos(azimuth) * run;
+  const double east = from.m_dEast + std::sin(azimuth) * run;
+  m_foresight.m_dNorth = Computed(north, from.m_dNorth, from.m_dEast, azimuth, run);
+  m_foresight.m_dEast = Computed(east, from.m_dNorth, from.m_dEast, azimuth, run);
   m_foresight.m_dElevation =
-      m_occupied.m_dElevation + distance * std::cos(zenith) + (m_instrumentHeight - m_rodHeight);
+      Computed(from.m_dElevation + rise, from.m_dElevation, run, m_instrumentHeight, m_rodHeight);
 }
 
 // The instrument moves to the foresight and looks back at the point it comes from.
 bool RawToSdr::Advance() {
-  const double north = m_occupied.m_dNorth - m_foresight.m_dNorth;
-  const double east = m_occupied.m_dEast - m_foresight.m_dEast;
-  m_backsightAzimuth =
-      north == 0 && east == 0 ? 0 : NormalizeDegrees(DegreesOf(std::atan2(east, north)));
+  const double back = std::atan2(m_occupied.m_dEast - m_foresight.m_dEast,
+                                 m_occupied.m_dNorth - m_foresight.m_dNorth);
+  m_backsightAzimuth = Computed(NormalizeAngle(AngleOfRadians(back), m_mode.angleUnit),
+                                m_foresight.m_dNorth, m_foresight.m_dEast);
   m_backsight = m_station;
   m_station = m_foresight.m_strName;
   m_occupied = m_foresight;

@@ -77,7 +77,10 @@ void RawIndex::AddMode(std::wstring_view record) {
   MO_RECORD mode;
   const bool isGood = CRawFile::ParseMO(record, mode);
   if (isGood && !m_bHasMode) m_FirstMode = mode;
-  if (isGood) m_nDistanceUnit = mode.distanceUnit;
+  if (isGood) {
+    m_nDistanceUnit = mode.distanceUnit;
+    m_nModeLine = LineCount();
+  }
   m_bHasMode = true;
 }
 
@@ -87,7 +90,7 @@ void RawIndex::AddHeights(RawRecordType kind, std::int64_t line, std::wstring_vi
     LS_RECORD heights;
     const bool isWhole = CRawFile::ParseLS(record, heights);
     if (isWhole || CRawFile::GetDoubleField(record, L"HI", heights.instrumentHeight)) {
-      m_Heights.push_back({line, heights, isWhole, m_nDistanceUnit});
+      m_Heights.push_back({line, heights, isWhole, m_nDistanceUnit, m_nModeLine});
     }
   }
   if (kSetupKinds.Contains(kind)) {

@@ -40,9 +40,9 @@ inline constexpr RawKinds kShotKinds = {RawRecordType::SS, RawRecordType::TR, Ra
 struct HeightsAhead {
   std::int64_t line;
   LS_RECORD heights;
-  bool hasRodHeight;  ///< the LS has an HR
-  std::int32_t
-      distanceUnit;  ///< UN of the latest good MO in front of it; kNoDistanceUnit: none yet
+  bool hasRodHeight;          ///< the LS has an HR
+  std::int32_t distanceUnit;  ///< UN of the latest good MO in front of it, or kNoDistanceUnit
+  std::int64_t modeLine;      ///< the line of that MO
 };
 inline constexpr std::int32_t kNoDistanceUnit = -1;
 
@@ -127,6 +127,7 @@ class RawIndex {
   NameSet m_AskedNames;
   MO_RECORD m_FirstMode;
   std::int32_t m_nDistanceUnit = kNoDistanceUnit;  // of the latest good MO
+  std::int64_t m_nModeLine = 0;                    // its line
   bool m_bHasMode = false;
   bool m_bSetupOpen = false;   // an OC, BK or TR, and neither LS nor shot since
   bool m_bVectorOpen = false;  // a BL, and no GP, GS or GK since

@@ -4,6 +4,7 @@
 #include "io/Columns.h"
 #include "io/Numbers.h"
 #include "io/Strings.h"
+#include "io/Units.h"
 
 namespace zelconvert {
 namespace {
@@ -44,6 +45,7 @@ const SdrLayout kSdr2 = {false, 4, 10, 3, 3, L"00NMSDR22  V03-01.7a0000", L"SDR2
 namespace sdr {
 
 void FormatReal(std::wstring& line, double value, std::size_t width, int decimals) {
+  if (IsNull(value)) return AppendBlanks(line, width);
   const std::size_t start = line.size();
   AppendWhole(line, value, width, decimals);
   CutTo(line, start + width);
@@ -111,7 +113,7 @@ void SdrLines::Scale(double scale) {
 }
 
 void SdrLines::Instrument(double edmOffset) {
-  const double offset = edmOffset / kInchesPerFoot;
+  const double offset = NullToZero(edmOffset) / kInchesPerFoot;
   const bool hasOffset = offset != 0;
   m_line = L"01NM";
   m_line += hasOffset ? L"3RED 3" : L"      ";
@@ -129,7 +131,7 @@ void SdrLines::Instrument(double edmOffset) {
 bool SdrLines::Station(const CZelPoint& point, double instrumentHeight) {
   m_line = L"02TV";
   if (!AppendPoint(point)) return false;
-  if (instrumentHeight != 0) {
+  if (NullToZero(instrumentHeight) != 0) {
     AppendWhole(m_line, instrumentHeight, m_layout.realWidth, kHeightDecimals);
   } else {
     AppendBlanks(m_line, m_layout.realWidth);

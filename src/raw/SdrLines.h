@@ -14,7 +14,7 @@ namespace zelconvert {
 // The fields of a line. Each is appended and never longer than its width: the right end is lost.
 namespace sdr {
 
-/// "%-*.*f".
+/// "%-*.*f"; blank for a null value.
 void FormatReal(std::wstring& line, double value, std::size_t width, int decimals);
 /// "%-*d".
 void FormatInteger(std::wstring& line, std::int32_t value, std::size_t width);
