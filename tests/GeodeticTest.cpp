@@ -52,13 +52,6 @@ class Projector {
     }
   }
 
-  /// Scale on the central parallel of a Lambert projection.
-  double CentralLambertScale() const {
-    const double n = Cone();
-    const double central = std::asin(n);
-    return ParallelFactor() * n * std::pow(T(central), n) / M(central);
-  }
-
  private:
   double M(double latitude) const {
     const double s = m_e * std::sin(latitude);
@@ -153,11 +146,28 @@ TEST(Geodetic, ZonesCarryKnownPositionsToTheirGrid) {
   }
 }
 
-TEST(Geodetic, LambertZonesHaveTheirPublishedCentralScale) {
-  for (const CaseFields& texts : ReadCases("tests/golden-lines/lambert-scales.txt")) {
+TEST(Geodetic, ZonesAreThePublishedOnes) {
+  for (const CaseFields& texts : ReadCases("tests/golden-lines/zones.txt")) {
+    SCOPED_TRACE(testing::PrintToString(texts));
     CGlkProjectionRecord record;
-    ASSERT_TRUE(FillProjectionRecord(MakeIndices(0, 2, 1, ToInteger(texts[0])), record));
-    EXPECT_NEAR(Projector(record).CentralLambertScale(), ToReal(texts.at(1)), 1e-12) << texts[0];
+    ASSERT_TRUE(
+        FillProjectionRecord(MakeIndices(0, ToInteger(texts[0]), 1, ToInteger(texts[1])), record));
+    EXPECT_EQ(record.projectionId, ToInteger(texts[2]));
+    const double found[] = {record.originLongitude / kDegree,
+                            record.originLatitude / kDegree,
+                            record.parallel1 / kDegree,
+                            record.parallel2 / kDegree,
+                            record.scale,
+                            record.falseEasting,
+                            record.falseNorthing};
+    for (std::size_t i = 0; i < std::size(found); ++i) {
+      const std::wstring& text = texts.at(3 + i);
+      if (text.empty()) {
+        EXPECT_LT(found[i], kNullLimit) << i;
+      } else {
+        EXPECT_NEAR(found[i], ToReal(text), i == 4 ? 1e-12 : 1e-8) << i;
+      }
+    }
   }
 }
 
@@ -185,9 +195,10 @@ TEST(Geodetic, UtmMeridiansAndHemispheres) {
     int method, zone, hemisphere;
     double meridian, falseNorthing;
   };
-  for (const Case& c : {Case{0, 1, 0, -177, 0}, Case{0, 30, 0, -3, 0}, Case{0, 31, 0, 3, 0},
-                        Case{0, 60, 1, 177, 10000000}, Case{1, 0, 0, -177, 0},
-                        Case{1, 30, -1, 3, 10000000}, Case{0, -1, 0, -189, 0}}) {
+  for (const Case& c :
+       {Case{0, 1, 0, -177, 0}, Case{0, 30, 0, -3, 0}, Case{0, 31, 0, 3, 0},
+        Case{0, 60, 1, 177, 10000000}, Case{1, 0, 0, -177, 0}, Case{1, 30, -1, 3, 10000000},
+        Case{0, 0, 0, -183, 0}, Case{0, -1, 0, -189, 0}}) {
     SCOPED_TRACE(testing::Message() << "method " << c.method << " zone " << c.zone);
     const int utm = c.method == 0 ? 3 : 1;
     CGlkProjectionRecord record;
@@ -229,28 +240,30 @@ TEST(Geodetic, DatumsByTable) {
   }
 }
 
-TEST(Geodetic, MolodenskyDatums) {
-  struct Case {
-    int datum;
-    double x, y, z, axis, inverseFlattening;
-    const wchar_t* ellipsoidName;
-  };
-  // US NIMA TR8350.2, with the signs turned.
-  for (const Case& c : {
-           Case{2, 8, -160, -176, 6378206.4, 294.9786982, L"ZelMolodenskyEllipse_4"},
-           Case{15, 491, 22, -435, 6378160.0, 298.25, L"ZelMolodenskyEllipse_1"},
-           Case{217, 148, -507, -685, 6377397.155, 299.1528128, L"ZelMolodenskyEllipse_2"},
-       }) {
+TEST(Geodetic, EllipsoidsAreThePublishedOnes) {
+  for (const CaseFields& texts : ReadCases("tests/golden-lines/ellipsoids.txt")) {
+    SCOPED_TRACE(testing::PrintToString(texts));
+    const Ellipsoid* ellipsoid = FindEllipsoid(ToInteger(texts[0]));
+    ASSERT_NE(ellipsoid, nullptr);
+    EXPECT_EQ(ellipsoid->semiMajorAxis, ToReal(texts[1]));
+    EXPECT_NEAR(ellipsoid->InverseFlattening(), ToReal(texts[2]), ToReal(texts.at(3)) + 1e-12);
+  }
+}
+
+TEST(Geodetic, DatumShiftsAreThePublishedOnes) {
+  for (const CaseFields& texts : ReadCases("tests/golden-lines/datum-shifts.txt")) {
+    SCOPED_TRACE(testing::PrintToString(texts));
     CGlkProjectionRecord record;
-    ASSERT_TRUE(FillProjectionRecord(MakeIndices(1, 1, c.datum, 10), record));
+    ASSERT_TRUE(FillProjectionRecord(MakeIndices(1, 1, ToInteger(texts[0]), 10), record));
     EXPECT_EQ(record.datumKind, 513);
-    EXPECT_EQ(record.datumShiftX, c.x);
-    EXPECT_EQ(record.datumShiftY, c.y);
-    EXPECT_EQ(record.datumShiftZ, c.z);
-    EXPECT_EQ(record.semiMajorAxis, c.axis);
-    EXPECT_NEAR(record.inverseFlattening, c.inverseFlattening, 1e-10);
-    EXPECT_EQ(record.datumName, L"ZelMolodenskyDatum_" + std::to_wstring(c.datum));
-    EXPECT_EQ(record.ellipsoidName, c.ellipsoidName);
+    EXPECT_EQ(record.datumShiftX, -ToReal(texts.at(2)));
+    EXPECT_EQ(record.datumShiftY, -ToReal(texts.at(3)));
+    EXPECT_EQ(record.datumShiftZ, -ToReal(texts.at(4)));
+    const Ellipsoid* ellipsoid = FindEllipsoid(ToInteger(texts.at(1)));
+    EXPECT_EQ(record.semiMajorAxis, ellipsoid->semiMajorAxis);
+    EXPECT_EQ(record.inverseFlattening, ellipsoid->InverseFlattening());
+    EXPECT_EQ(record.datumName, L"ZelMolodenskyDatum_" + texts[0]);
+    EXPECT_EQ(record.ellipsoidName, L"ZelMolodenskyEllipse_" + texts[1]);
   }
 }
 
