@@ -1,11 +1,16 @@
 // Progress: what a host's window receives, in which order.
 #include <gtest/gtest.h>
 
-#include <memory>
+#include <cmath>
+#include <cstring>
+#include <functional>
 #include <string>
 #include <vector>
 
+#include "HostLists.h"
+#include "TempDir.h"
 #include "convert/CConvertProgress.h"
+#include "io/Clock.h"
 #include "zelconvert/zelconvert.h"
 
 namespace zelconvert {
@@ -26,7 +31,9 @@ struct Host : ZelWindow {
   ~Host() { cZelSetupZelConvertDLLCallBack(nullptr); }
   static std::intptr_t Receive(ZelWindow* window, std::uint32_t number, std::uintptr_t wParam,
                                std::intptr_t lParam) {
-    auto& messages = static_cast<Host*>(window)->messages;
+    Host& host = *static_cast<Host*>(window);
+    auto& messages = host.messages;
+    if (host.watch) host.watch();
     if (wParam == 0) {
       messages.push_back({number, wParam, 0, reinterpret_cast<const wchar_t*>(lParam)});
     } else {
@@ -35,6 +42,7 @@ struct Host : ZelWindow {
     return 0;
   }
   std::vector<Message> messages;
+  std::function<void()> watch;  // called at each of them
 };
 
 constexpr std::uint32_t kMessage = ZEL_CONVERT_CALLBACK_MESSAGE;
@@ -80,6 +88,84 @@ TEST(Progress, ReachesNoWindowThatIsGone) {
   CConvertProgress progress;
   progress.Start();
   progress.SetPosition(1, 2);
+}
+
+// How far these bytes have been read at each of their records: behind a line, in front of the head
+// of a job's record.
+std::vector<std::size_t> Places(const std::string& bytes) {
+  std::vector<std::size_t> places;
+  if (bytes.find(" Job File") > bytes.find('\n')) {
+    for (std::size_t at = 0; (at = bytes.find('\n', at)) != bytes.npos;) places.push_back(++at);
+    return places;
+  }
+  std::uint32_t at = 0, length = 0;
+  for (std::memcpy(&at, &bytes[30], 4); at < bytes.size(); at += 8 + length) {
+    places.push_back(at);
+    std::memcpy(&length, &bytes[at + 4], 4);
+  }
+  return places;
+}
+
+// Of a conversion that reads records `passes` times, but for the first `skipped`.
+std::vector<Message> Told(const std::string& bytes, std::size_t passes, std::size_t skipped = 0) {
+  std::vector<Message> told = {{kMessage, 0, 0, L"Start converting..."}};
+  const std::vector<std::size_t> places = Places(bytes);
+  for (std::size_t i = skipped; i < passes * places.size(); ++i) {
+    const std::size_t read = i / places.size() * bytes.size() + places[i % places.size()];
+    told.push_back(
+        {kMessage, 1, std::lround(100.0 * double(read) / double(passes * bytes.size())), L""});
+  }
+  told.push_back({kMessage, 2, 0, L""});
+  return told;
+}
+
+TEST(Progress, TellsHowFarEveryRouteHasRead) {
+  struct Case {
+    int from;
+    const wchar_t* input;
+    const char* example;
+    int to;
+    std::size_t passes = 1, skipped = 0;
+  };
+  for (const Case& each : {Case{FT_JOB, L"in.job", "boundary.job", FT_DC},
+                           Case{FT_OLD_JOB, L"in.job", "boundary-old.job", FT_DC77},
+                           Case{FT_JOB, L"in.job", "boundary.job", FT_CR5, 2},
+                           Case{FT_PW_JOB, L"in.pwj", "boundary.pwj", FT_SEQ_CR5, 2},
+                           Case{FT_DC, L"in.dc", "ridge-road.dc", FT_JOB},
+                           Case{FT_DC, L"in.dc", "ridge-control.dc", FT_ILJ},
+                           Case{FT_ILJ, L"in.ilj", "grenze.ilj", FT_DC},
+                           Case{FT_RAW, L"in.raw", "mill-creek-simple.raw", FT_DC},
+                           Case{FT_RAW, L"in.raw", "mill-creek-simple.raw", FT_SDR33},
+                           Case{FT_RAW, L"in.raw", "mill-creek-simple.raw", FT_JXL, 1, 1}}) {
+    SCOPED_TRACE(testing::Message() << each.example << " to " << each.to);
+    const TempDir dir;
+    const std::string bytes = ReadBytes(std::filesystem::path("examples") / each.example);
+    const std::wstring input = dir.Write(each.input, bytes);
+    const Host host;
+    EXPECT_TRUE(HostLists().Convert(each.from, input, each.to, dir.Path(L"out")));
+    EXPECT_EQ(host.messages, Told(bytes, each.passes, each.skipped));
+  }
+}
+
+TEST(Progress, TellsOfTwoStagesAndTheJobBetweenThem) {
+  const TempDir dir, current;
+  const std::string dc = ReadBytes("tests/golden/dc-to-cr5/numbers-in-metres/in.dc");
+  const std::wstring input = dir.Write(L"in.dc", dc);
+  EXPECT_TRUE(HostLists().Convert(FT_DC, input, FT_JOB, dir.Path(L"out.job")));
+  std::vector<Message> expected = Told(dc, 1);
+  for (const Message& message : Told(dir.Read(L"out.job"), 2)) expected.push_back(message);
+  const auto before = std::filesystem::current_path();
+  std::filesystem::current_path(current.Folder());
+  for (const auto& [output, folder] :
+       {std::pair{dir.Path(L"out.cr5"), &dir}, {L"out.cr5", &current}}) {
+    const ScopedClock clock({}, 77);
+    Host host;
+    host.watch = [&, &folder = *folder] { EXPECT_TRUE(folder.Exists(L"temp77.job")); };
+    EXPECT_TRUE(HostLists().Convert(FT_DC, input, FT_CR5, output));
+    EXPECT_EQ(host.messages, expected);
+    EXPECT_TRUE(folder->Exists(L"out.cr5") && !folder->Exists(L"temp77.job"));
+  }
+  std::filesystem::current_path(before);
 }
 
 #endif
