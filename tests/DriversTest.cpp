@@ -13,6 +13,7 @@
 #include "cli/FileTypes.h"
 #include "front/DriverRun.h"
 #include "io/CFileCE.h"
+#include "io/Clock.h"
 #include "io/Strings.h"
 
 namespace zelconvert {
@@ -39,7 +40,8 @@ constexpr Route kRoutes[] = {
     {FT_DC, L"in.dc", "ridge-control.dc", FT_ILJ},
     {FT_ILJ, L"in.ilj", "grenze.ilj", FT_DC1070},
     {FT_RAW, L"in.raw", "mill-creek-simple.raw", FT_DC, kRawMissing},
-    {FT_RW5, L"in.rw5", "mill-creek-simple.raw", FT_SDR33, kRawMissing},
+    {FT_RW5, L"in.rw5", "../tests/golden/raw-to-sdr2/figure-marks-us-feet/in.raw", FT_SDR2,
+     kRawMissing},  // with a warning
     {FT_PW_RAW, L"in.pwr", "mill-creek-simple.raw", FT_JXL, kRawMissing},
 };
 
@@ -72,18 +74,27 @@ class HostCall {
     }
   }
 
+  // Puts in the input's place what no conversion of its type takes.
+  void Damage() {
+    const bool isJob = m_route.from == FT_JOB || m_route.from == FT_PW_JOB;
+    m_example = isJob ? m_example.substr(0, 4700) : "00NM\r\nOC\r\nSP,PNX,N 1,E 1,EL1\r\n";
+    m_folder.Write(m_route.input, m_example);
+  }
+
   fs::path InputPath() const { return m_folder.Folder() / m_route.input; }
   fs::path OutputPath() const { return m_folder.Folder() / "out.x"; }
   std::wstring Path(std::wstring_view name) const { return m_folder.Path(name); }
   bool Exists(std::wstring_view name) const { return m_folder.Exists(name); }
   void Write(std::wstring_view name, std::string_view bytes) { m_folder.Write(name, bytes); }
   bool Converted() const { return m_converted; }
+  const std::vector<std::wstring>& Files() const { return m_files; }
+  const std::vector<std::wstring>& Messages() const { return m_messages; }
 
   std::wstring input, output;
 
  private:
   const Route m_route;
-  const std::string m_example;
+  std::string m_example;
   TempDir m_folder;
   std::vector<std::wstring> m_files, m_messages;
   bool m_converted = false;
@@ -152,7 +163,23 @@ const Failure kFailures[] = {
        EXPECT_TRUE(IsReadOnly(run.InputPath()));
        EXPECT_EQ(fs::status(run.InputPath()).permissions(), before);
      }},
+    {"read-only input that is refused",
+     [](HostCall& run, const Route&) {
+       run.Damage();
+       fs::permissions(run.InputPath(), fs::perms::owner_read);
+       run.Convert();
+       EXPECT_FALSE(run.Converted() || fs::exists(run.OutputPath()));
+       EXPECT_TRUE(IsReadOnly(run.InputPath()));
+     }},
 #if !defined(_WIN32)
+    {"no output",
+     [](HostCall& run, const Route& route) {
+       const ScopedClock clock({}, 77);
+       const Unprivileged nobody;
+       const bool toJob = route.to == FT_JOB || route.to == FT_OLD_JOB;
+       run.output.clear();
+       run.ExpectRefusal(kCannotCreate, toJob ? L"/temp77" : L"");
+     }},
     {"input that may not be written",
      [](HostCall& run, const Route&) {
        fs::permissions(run.InputPath(), fs::perms(0444));
@@ -164,8 +191,13 @@ const Failure kFailures[] = {
      }},
     {"full disk",
      [](HostCall& run, const Route&) {
+       run.Convert();
+       std::vector<std::wstring> texts = run.Messages();
+       texts.push_back(FormatText(L"Unable to write the file %s.", run.output));
+       fs::remove(run.OutputPath());
        fs::create_symlink("/dev/full", run.OutputPath());
        run.ExpectRefusal(L"Unable to write the file %s.", run.output);
+       EXPECT_EQ(run.Messages(), texts);
        EXPECT_TRUE(fs::exists("/dev/full"));
        EXPECT_FALSE(run.Exists(L"RIDGE_RO.RD5") || run.Exists(L"RURAL_2L.tp5"));
      }},
@@ -191,6 +223,49 @@ INSTANTIATE_TEST_SUITE_P(Routes, Drivers, testing::ValuesIn(kRoutes), [](const a
 TEST(Drivers, RefuseAJobOfTheOtherBrand) {
   HostCall run({FT_JOB, L"in.JOB", "control.job", FT_CR5});
   run.ExpectRefusal(L"Unable to open the file %s.", run.input);
+}
+
+TEST(Drivers, TakeTheBrandOfALogFromItsExactExtension) {
+  for (const auto& [input, brand] : {std::pair{L"in.raw", "Gridlark"},
+                                     {L"in.rw5", "Gridlark"},
+                                     {L"in.RAW", "Plumbwick"},
+                                     {L"in.RW5", "Plumbwick"}}) {
+    HostCall run({FT_RAW, input, "mill-creek-simple.raw", FT_JXL});
+    run.Convert();
+    EXPECT_NE(ReadBytes(run.OutputPath()).find(brand), std::string::npos) << brand;
+  }
+}
+
+TEST(Drivers, ListNoRoadFiles) {
+  HostCall run({FT_DC, L"in.dc", "ridge-road.dc", FT_JOB});
+  run.Convert();
+  EXPECT_TRUE(run.Exists(L"RIDGE_RO.RD5"));
+  EXPECT_EQ(run.Files(), std::vector<std::wstring>{run.output});
+}
+
+TEST(Drivers, LeaveThePointersOfEmptyLists) {
+  struct Case {
+    FileType from;
+    const char* example;
+    FileType to;
+    bool files, messages;
+  };
+  for (const Case& each : {Case{FT_JOB, "boundary.job", FT_DC, true, false},
+                           Case{FT_JOB, "control.job", FT_CR5, false, true},
+                           Case{FT_CR5, "boundary.job", FT_JOB, false, false},
+                           Case{FT_DC, "ridge-control.dc", FT_CR5, false, false}}) {
+    const TempDir dir;
+    const std::wstring name = each.from == FT_JOB ? L"in.job" : L"in.x",
+                       output = dir.Path(L"out.x");
+    const std::wstring input = dir.Write(name, ReadBytes(fs::path("examples") / each.example));
+    wchar_t* none[] = {nullptr};
+    wchar_t **files = none, **messages = none;
+    cZelFileConvert(each.from, input.c_str(), each.to, output.c_str(), &files, &messages, 0, L"");
+    EXPECT_EQ(files != none, each.files) << each.example;
+    EXPECT_EQ(messages != none, each.messages) << each.example;
+    cZelFreeAfterFileConvert(files != none ? files : nullptr,
+                             messages != none ? messages : nullptr);
+  }
 }
 
 TEST(Drivers, FindTheLogOfAPair) {
