@@ -10,6 +10,7 @@ import os
 import pathlib
 import shutil
 import signal
+import struct
 import subprocess
 import sys
 import tempfile
@@ -109,6 +110,31 @@ class HostTest(unittest.TestCase):
         folder = pathlib.Path(self.folder).resolve().as_posix()
         self.check(["convert", folder + "/a.job", folder + "/out.cr5"], 0, ["out.cr5"], [])
         self.check(["import-cr5", folder + "/list.cr5", folder + "/out.job"], 0, ["out.cr5", "out.job"], [])
+
+    # Everything of the job but its time and its coordinate system.
+    def test_import_cr5(self):
+        points = struct.iter_unpack("<iddd16sx", self.before["list.cr5"][38:])
+        points = [(str(number), *numbers, text.rstrip(b"\0").decode()) for number, *numbers, text in points]
+        layer = struct.pack("<III34sHH", 11, 42, 101, "POINTS".encode("utf-16-le"), 1, 0)
+        for unit, number, factor in ("m", 0, 1), ("ft", 1, 0.3048), ("usft", 2, 0.30480060960121924):
+            for to, brand, version, first, at, kind, rest in (
+                ("job", b"Zelmont Geodata Ltd Job File", 5, 4618, (62, 70), 13, struct.pack("<II", 101, 0)),
+                ("pwj", b"Corvane Surveying Job File  ", 5, 4618, (62, 70), 13, struct.pack("<II", 101, 0)),
+                ("oldjob", b"Zelmont Geodata Ltd Job File", 3, 2158, (1116, 1132), 1, b""),
+            ):
+                arguments = ["import-cr5", "list.cr5", "made.x", "--units", unit, "--to", to, "--force"]
+                self.assertEqual(self.run_host(arguments).returncode, 0)
+                job = pathlib.Path(self.folder, "made.x").read_bytes()
+                self.assertEqual(job[:34], brand + struct.pack("<HI", version, first))
+                settings = struct.unpack_from("<d", job, at[0]) + struct.unpack_from("<HH", job, at[1])
+                self.assertEqual(settings, (1, number, 0))
+                records = layer if version == 5 else b""
+                for name, east, north, elevation, text in points:
+                    texts = (each.encode("utf-16-le") for each in (name, text))
+                    lengths = east * factor, north * factor, elevation * factor
+                    lengths = [each if each > -9.99e7 else -9.99e9 for each in lengths]
+                    records += struct.pack("<II34s34sddd", kind, 92 + len(rest), *texts, *lengths) + rest
+                self.assertEqual(job[first:], records, arguments)
 
     def test_json(self):
         converted = json.loads(self.run_host(["convert", "a.job", "out.dc", "--json"]).stdout)
