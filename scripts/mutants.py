@@ -3,18 +3,21 @@
 
 Run by scripts/mutants.sh; tests/mutants/README.md tells how the lists look. A mutant is a copy of one
 file with one text replaced. Only that file (for a header: what includes it) is compiled again, and the
-core, a shared library here, linked; the tests load it as they are. The sources are never touched.
+core, a shared library here, linked; the tests load it as they are. All of this happens on a copy of the
+project, so the sources are never touched and may change meanwhile.
 """
 
 import argparse
 import concurrent.futures
 import dataclasses
+import fcntl
 import functools
 import json
 import os
 import pathlib
 import re
 import resource
+import shutil
 import signal
 import subprocess
 import sys
@@ -23,7 +26,9 @@ import time
 
 TOP = pathlib.Path(__file__).resolve().parents[1]
 LISTS = TOP / "tests" / "mutants"
-BUILD = TOP / "build" / "mutants"
+WORK = TOP / "build" / "mutants"
+COPY = WORK / "copy"
+BUILD = WORK / "build"
 CORE, HOST = "libzelconvert_core.so", "cli/zelconvert"  # what is linked again
 ALLOWED = 0.05  # share of survivors
 CONFIGURE = [
@@ -33,6 +38,11 @@ CONFIGURE = [
     "-DCMAKE_SHARED_LINKER_FLAGS=-Wl,-Bsymbolic,-z,defs",
     "-DCMAKE_SKIP_BUILD_RPATH=ON",  # LD_LIBRARY_PATH alone says which core a test loads
 ]
+# Half the time that a file takes to compile goes into these.
+PRECOMPILED = BUILD / "standard.h"
+STANDARD_HEADERS = (
+    "algorithm array bit charconv chrono cmath cstdint filesystem functional limits map memory optional "
+    "span string string_view unordered_map utility variant vector").split()
 
 
 class Unusable(Exception):
@@ -50,7 +60,7 @@ class Mutant:
 
     def source(self):
         """The text of the file with the fault."""
-        text = (TOP / self.path).read_text(encoding="utf-8")
+        text = (COPY / self.path).read_text(encoding="utf-8")
         found = list(re.finditer(r"[ \t]*\n[ \t]*".join(map(re.escape, self.old)), text))
         if not self.old or len(found) != 1:
             raise Unusable(f"its text stands {len(found)} times in the file")
@@ -88,22 +98,35 @@ def output_of(*command, **options):
     return subprocess.run(command, check=True, text=True, stdout=subprocess.PIPE, **options).stdout
 
 
+def copy_project():
+    """Times stay, so that only what has changed is built again. Returns a lock: one run at a time."""
+    WORK.mkdir(parents=True, exist_ok=True)
+    lock = open(WORK / "lock", "w", encoding="utf-8")
+    fcntl.flock(lock, fcntl.LOCK_EX)
+    shutil.rmtree(COPY, ignore_errors=True)
+    for name in output_of("git", "ls-files", "-co", "--exclude-standard", cwd=TOP).splitlines():
+        if (TOP / name).is_file():
+            (COPY / name).parent.mkdir(parents=True, exist_ok=True)
+            shutil.copy2(TOP / name, COPY / name)
+    return lock
+
+
 def programs_of(tests):
     """What must be built for them; ctest doesn't tell the command of a test that isn't built."""
     text = "".join(path.read_text() for path in BUILD.glob("*/CTestTestfile.cmake"))
     commands = dict(re.findall(r"add_test\(\W*(\w+)\W* (.*)\)", text))
     if unknown := tests - commands.keys():
         sys.exit(f"there is no test {', '.join(unknown)}")
-    return sorted({word for test in tests for word in re.findall(rf'"{BUILD}/([^"]+)"', commands[test])})
+    return {word for test in tests for word in re.findall(rf'"{BUILD}/([^"]+)"', commands[test])}
 
 
 class Build:
     """The build that all mutants start from, and what it says about itself."""
 
     def __init__(self, mutants):
-        subprocess.run(["cmake", "-S", TOP, "-B", BUILD, *CONFIGURE], check=True, stdout=subprocess.DEVNULL)
+        subprocess.run(["cmake", "-S", COPY, "-B", BUILD, *CONFIGURE], check=True, stdout=subprocess.DEVNULL)
         tests = {test.partition(":")[0] for mutant in mutants for test in mutant.tests}
-        subprocess.run(["ninja", "-C", BUILD, "--quiet", CORE, HOST, *programs_of(tests)], check=True)
+        subprocess.run(["ninja", "-C", BUILD, "--quiet", *({CORE, HOST} | programs_of(tests))], check=True)
         listed = json.loads(output_of("ctest", "--show-only=json-v1", cwd=BUILD))
         self.tests = {each["name"]: each for each in listed["tests"] if each["name"] in tests}
         self.times = {}  # seconds of each test on the code as it is
@@ -119,6 +142,15 @@ class Build:
             elif made in self.compiles and any(f" {made} " in link for link in self.links.values()):
                 self.users.setdefault(str((BUILD / line.strip()).resolve()), []).append(made)
 
+        self.precompile()
+
+    def precompile(self):
+        if PRECOMPILED.exists():
+            return
+        PRECOMPILED.write_text("".join(f"#include <{name}>\n" for name in STANDARD_HEADERS))
+        compile_it = next(iter(self.compiles.values()))["command"]
+        run(re.sub(r" -o .*", f" -x c++-header -o {PRECOMPILED}.gch {PRECOMPILED}", compile_it))
+
     def run_test(self, test, folder, timeout, **options):
         """Of "NAME" or "NAME:FILTER"; programs and libraries in `folder` stand in for those of the build."""
         name, _, only = test.partition(":")
@@ -129,7 +161,7 @@ class Build:
         command = [str(stand_in) if (stand_in := folder / pathlib.Path(word).name).is_file() else word
                    for word in self.tests[name]["command"]]
         process = subprocess.Popen(command + ([f"--gtest_filter=*{only}*"] if only else []),
-                                   cwd=properties.get("WORKING_DIRECTORY", TOP), env=environment,
+                                   cwd=properties.get("WORKING_DIRECTORY", COPY), env=environment,
                                    stdin=subprocess.DEVNULL, start_new_session=True, **options)
         try:
             process.wait(timeout)
@@ -158,18 +190,18 @@ class Build:
 
     def make(self, mutant, folder):
         """Leaves what the mutant makes different in `folder`."""
-        copy = folder / "copy" / mutant.path
-        copy.parent.mkdir(parents=True)
-        copy.write_text(mutant.source(), encoding="utf-8")
-        users = self.users.get(str(TOP / mutant.path))
+        broken = folder / "broken" / mutant.path
+        broken.parent.mkdir(parents=True)
+        broken.write_text(mutant.source(), encoding="utf-8")
+        users = self.users.get(str(COPY / mutant.path))
         if not users:
             raise Unusable("nothing here is made of this file")
         links = dict(self.links)
         for number, made in enumerate(users):
-            includes = "".join(f" -I{folder}/copy/{each}" for each in ("include", "src", ""))
+            includes = "".join(f" -I{folder}/broken/{each}" for each in ("include", "src", ""))
             compile_it = self.compiles[made]["command"].replace(" ", includes + " ", 1)
-            compile_it = compile_it.replace(f" -c {TOP / mutant.path}", f" -c {copy}")
-            run(compile_it.replace(f" -o {made} ", f" -w -o {folder}/{number}.o "))
+            compile_it = compile_it.replace(f" -c {COPY / mutant.path}", f" -c {broken}")
+            run(compile_it.replace(f" -o {made} ", f" -w -include {PRECOMPILED} -o {folder}/{number}.o "))
             for output in links:
                 links[output] = links[output].replace(f" {made} ", f" {folder}/{number}.o ")
         for output, link in links.items():
@@ -178,7 +210,7 @@ class Build:
 
     def noticed_by(self, mutant):
         """The test that fails, or None."""
-        with tempfile.TemporaryDirectory(dir=BUILD, prefix="mutant-") as name:
+        with tempfile.TemporaryDirectory(dir=WORK, prefix="mutant-") as name:
             folder = pathlib.Path(name)
             self.make(mutant, folder)
             (folder / "tmp").mkdir()
@@ -226,14 +258,16 @@ def main():
     resource.setrlimit(resource.RLIMIT_FSIZE, (1 << 30, 1 << 30))
     resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
     start = time.monotonic()
+    lock = copy_project()
     build = Build(mutants)
-    with tempfile.TemporaryDirectory(dir=BUILD, prefix="mutant-") as folder:
+    with tempfile.TemporaryDirectory(dir=WORK, prefix="mutant-") as folder:
         build.check_tests(mutants, pathlib.Path(folder))
     results = {"noticed": [], "survives": [], "unusable": []}
     with concurrent.futures.ThreadPoolExecutor(options.jobs) as pool:
         for mutant, (kind, text) in zip(mutants, pool.map(functools.partial(result_of, build), mutants)):
             print(text, flush=True)
             results[kind].append((mutant, text))
+    lock.close()
     return summary(results, bool(options.filters), time.monotonic() - start)
 
 
