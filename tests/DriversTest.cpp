@@ -245,31 +245,6 @@ TEST(Drivers, ListNoRoadFiles) {
   EXPECT_EQ(run.Files(), std::vector<std::wstring>{run.output});
 }
 
-TEST(Drivers, LeaveThePointersOfEmptyLists) {
-  struct Case {
-    FileType from;
-    const char* example;
-    FileType to;
-    bool files, messages;
-  };
-  for (const Case& each : {Case{FT_JOB, "boundary.job", FT_DC, true, false},
-                           Case{FT_JOB, "control.job", FT_CR5, false, true},
-                           Case{FT_CR5, "boundary.job", FT_JOB, false, false},
-                           Case{FT_DC, "ridge-control.dc", FT_CR5, false, false}}) {
-    const TempDir dir;
-    const std::wstring name = each.from == FT_JOB ? L"in.job" : L"in.x",
-                       output = dir.Path(L"out.x");
-    const std::wstring input = dir.Write(name, ReadBytes(fs::path("examples") / each.example));
-    wchar_t* none[] = {nullptr};
-    wchar_t **files = none, **messages = none;
-    cZelFileConvert(each.from, input.c_str(), each.to, output.c_str(), &files, &messages, 0, L"");
-    EXPECT_EQ(files != none, each.files) << each.example;
-    EXPECT_EQ(messages != none, each.messages) << each.example;
-    cZelFreeAfterFileConvert(files != none ? files : nullptr,
-                             messages != none ? messages : nullptr);
-  }
-}
-
 TEST(Drivers, FindTheLogOfAPair) {
   const struct {
     FileType type;

@@ -67,7 +67,13 @@ void CheckPair(const InputCase& each, int outputType, Outcome expected) {
   const std::size_t files = folder.Count();
   const std::wstring output = folder.temp.Path(L"out.x");
   HostLists lists;
+  wchar_t* none[] = {nullptr};  // an empty list leaves what the host had there
+  lists.files = lists.messages = none;
   const bool converted = lists.Convert(each.type, folder.input, outputType, output);
+  for (wchar_t*** list : {&lists.files, &lists.messages}) {
+    EXPECT_TRUE(*list == none || **list != nullptr);
+    if (*list == none) *list = nullptr;
+  }
 
   const bool makesFile = expected == kConverts || expected == kThroughJob || expected == kEmptyJob;
   const bool isRefused = expected == kUnsupported || expected == kEmptyJob;

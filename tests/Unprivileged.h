@@ -9,6 +9,7 @@ struct [[maybe_unused]] Unprivileged {};
 
 #else
 
+#include <gtest/gtest.h>
 #include <unistd.h>
 
 namespace zelconvert {
