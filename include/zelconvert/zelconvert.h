@@ -118,14 +118,14 @@ ZELCONVERT_API void cZelSetGpsSecurityInDcConversions(unsigned char enable) ZELC
  * inputType, outputType: FileType numbers. inputPath, outputPath: copied, stay the caller's; a file
  * without a folder is in the current one. The input need not be writable.
  * files, messages: set both to NULL before the call. A list that is not empty is returned as an
- * array of strings with a NULL behind the last: the output, and the warnings and errors in the order
- * they arose (warnings also stand beside success). The road files of a DC file aren't listed: they
- * stand in the output's folder. A list that is empty leaves the pointer alone; so does a conversion
- * between coordinate files (CR5) and DC files, whatever its result.
+ * array of strings with a NULL after the last: the output, and the warnings and errors in the
+ * order they arose (warnings also stand beside success). The road files of a DC file aren't
+ * listed: they stand in the output's folder. A list that is empty leaves the pointer alone; so
+ * does a conversion between coordinate files (CR5) and DC files, whatever its result.
  * Both belong to the library and go back through cZelFreeAfterFileConvert.
  * units: unit of a coordinate file input: 0 metres, 1 international feet, 2 US survey feet.
- * featureFile: for a raw log that becomes a DC file the path of a job (".job", ".pwj") whose points
- * the log refers to; without effect otherwise. May be NULL.
+ * featureFile: for a raw log that becomes a DC file the path of a job (".job", ".pwj") whose
+ * points the log refers to; without effect otherwise. May be NULL.
  * Returns 1 on success. Returns 0 on failure; the output file is gone then, the input untouched. */
 ZELCONVERT_API char cZelFileConvert(int inputType, const wchar_t* inputPath, int outputType,
                                     const wchar_t* outputPath, wchar_t*** files,

@@ -41,7 +41,8 @@ class RawFields {
   std::size_t m_count = 0;
 };
 
-/// A real as a field holds it: an empty text and a null value are DC_NULL, text that is no number 0.
+/// A real as a field holds it: DC_NULL for an empty text or a null value, 0 for text that is no
+/// number.
 inline double RawReal(std::wstring_view value) {
   const double number = value.empty() ? DC_NULL : ToReal(value);
   return IsNull(number) ? DC_NULL : number;
