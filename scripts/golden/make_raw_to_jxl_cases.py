@@ -265,7 +265,7 @@ def gons():
 
     shot("name of 17 chars"[:16], "a description of more than sixteen letters", 90.45, 81, 100 * FOOT)
     d.note("  a <note> with 'marks' & \"more\" \t and a tab, caf\u00e9 \u0081 \x7f \x01 \x00  ")
-    d.stored("us", "", (1000 * US_FOOT, 2000 * US_FOOT, 30 * US_FOOT))
+    d.stored("us", "\x02", (1000 * US_FOOT, 2000 * US_FOOT, 30 * US_FOOT))
     shot("up", "straight down", 10, 180, 12 * US_FOOT)
     shot("back", "face two", 10, 180 + 1 / 3600, 12 * US_FOOT)
     shot("plain", "", 10.5, 90.5, 12)
@@ -366,6 +366,8 @@ def taken():
     # Names of the shot and of the backsight meet in their first 16 characters.
     half = 10 / math.sqrt(2)
     d.backsight("s", "a name of 17 char", 180, 0, 1, 1, taken=(45, (100 - half, 100 + half, 10)))
+    d.backsight("s", "b", 0, None, 1, 1)
+    d.shot("b", "no circle", 0, 90, 5, (None, None, 10))
     return d
 
 
@@ -383,12 +385,14 @@ def moves():
     # In face two the telescope looks away from where the circle reads: south here.
     d.shot("3", "face two", 90, 270, 50, (950, 1100, 50.2))
     d.shot("4", "a second one", 180, 90, 20, (1000, 1120, 50.2))
+    d.backsight("9", "1", 0, 45, 1.6, 1.4)  # elsewhere
     d.backsight("3", "2", 0, 0, 1.6, 1.4)
     d.shot("31", "", 90, 90, 10, (950, 1110, 50.4))
     d.backsight("4", "2", 270, 0, 1.6, 1.4)
     d.shot("41", "", 0, 90, 10, (1000, 1110, 50.4))
     # The move to 3 has been made: the setup is still that of 4.
     d.shot("32", "", 90, 90, 10, (960, 1100, 50.4))
+    d.shot("22", "", 90, 90, 10, (1020, 1100, 50.4))  # from 21, where no traverse went
     # An OC of the new station, and none of another, counts from the first shot there.
     d.shot("5", "", 0, 90, 30, (1000, 1090, 50.4))
     d.know("5", "occupied", (1000.5, 1090.5, 60))
@@ -399,14 +403,16 @@ def moves():
     d.backsight("6", "5", 0, 90, 1.6, 1.4)
     d.know("9", "", (3000, 3000, 70))
     d.shot("61", "", 180, 90, 10, (990.5, 1100.5, 60.4))
+    d.stored("9", "", (4000, 4000, 80))
     # Without an angle the way back isn't known; without a zenith angle it is.
     d.shot("7", "no angle", None, None, None, (None, None, None))
     d.stored("7", "", (500, 500, 70))
     d.backsight("7", "6", None, 90, 1.6, 1.4)
     d.shot("71", "", 0, 90, 10, (None, None, 70.2))
     d.backsight("7", "6", 0, 0, 1.6, 1.4)
-    d.shot("8", "no zenith angle", None, None, None, (None, None, None))
-    d.stored("8", "", (500, 500, 70))
+    d.shot("8 ", "no zenith angle", None, None, None, (None, None, None))
+    d.stored(" 8", "", (500, 500, 70))
+    # Blanks don't tell 8 from 8; an OC of another point doesn't count.
     d.backsight("8", "7", 270, 0, 1.6, 1.4)
     d.shot("81", "", 0, 90, 10, (500, 490, 70.2))
     return d
@@ -432,10 +438,26 @@ def heights():
     shot("14", 1.5, 2)
     d.backsight("1", "2", 0, 360, 1.75, 2)
     shot("15", 1.75, 2)
-    # The search for heights ends at the OC behind this BK, whose azimuth is from south.
+    d.backsight("1", "2", 182.7, 182.7, 1, 1)
+    # The search for heights ends at the OC behind this BK. The azimuths are from south.
     d.backsight("1", "2", 0, 0, 1, 1)
     d.backsight("1", "2", 0, 0, 1.1, 1)
     shot("16", 1.1, 1)
+    return d
+
+
+def empty_numbers():
+    """One empty number at a time, and what it leaves."""
+    d = Document("empty", "2026-01-02T00:00:00")
+    d.mode(1, 0)
+    d.stored("1", "", (10, 20, 30))
+    for name in "abc":
+        d.shot(name, "", None, None, None, (None, None, None))
+    d.shot("d", "no scale", 0, 90, 5, (None, None, 30))
+    d.stored("2", "", (10, 20, None))
+    d.shot("e", "", 0, 90, 5, (None, None, None))
+    d.backsight("1", "2", 0, None, 1.5, None)
+    d.shot("f", "", 0, 90, 5, (None, None, None))
     return d
 
 
@@ -462,6 +484,7 @@ CASES = {
     "raw-to-jxl/taken-over-and-null": taken,
     "raw-to-jxl/traverse-goes-on": moves,
     "raw-to-jxl/heights": heights,
+    "raw-to-jxl/empty-numbers": empty_numbers,
     "raw-to-jxl/no-mode": no_mode,
     "raw-to-jxl/only-a-job": only_a_job,
     "raw-to-jxl/a-line-behind-the-job": lambda: only_a_job(True),

@@ -105,15 +105,14 @@ bool ParseTime(const JB_RECORD& job, platform::LocalTime& time) {
 }  // namespace
 
 void KnownPoints::Add(std::wstring_view name, std::wstring_view description,
-                      const JxlPosition& position, std::int32_t line) {
+                      const JxlPosition& position) {
   if (m_names.Insert(name)) {
-    m_points.push_back({Utf8(name), Utf8(description), position, line, false});
+    m_points.push_back({Utf8(name), Utf8(description), position, false});
     return;
   }
   Point& known = *FindEntry(name);
   known.position = position;
   known.isDeleted = false;
-  if (line != kNoLine) known.line = line;
   if (!description.empty()) known.description = Utf8(description);
 }
 
@@ -127,9 +126,9 @@ const KnownPoints::Point* KnownPoints::Find(std::wstring_view name) const {
   return number && !m_points[*number].isDeleted ? &m_points[*number] : nullptr;
 }
 
-void KnownPoints::Delete(std::wstring_view name, std::int32_t line) {
+void KnownPoints::Delete(std::wstring_view name) {
   Point* point = FindEntry(name);
-  if (point != nullptr && point->line < line) point->isDeleted = true;
+  if (point != nullptr) point->isDeleted = true;
 }
 
 /// What is done with a record of a kind.
@@ -256,7 +255,7 @@ bool CConvertJobXml::OnStoredPoint(std::wstring_view line) {
   if (!CRawFile::ParseSP(line, point)) return false;
   const JxlPosition position = ToMetres(point);
   m_lastPointRecord = m_pJxlFile->AddCoordinates(point.name, point.note, position);
-  m_points.Add(point.name, point.note, position, m_line);
+  m_points.Add(point.name, point.note, position);
   return true;
 }
 
@@ -291,7 +290,7 @@ JxlInstrument::Heights CConvertJobXml::FindHeights(std::wstring_view station) {
 
 void CConvertJobXml::JoinOccupiedPoint() {
   if (!m_occupied.isPending) return;
-  m_points.Add(m_occupied.name, m_occupied.description, m_occupied.position, KnownPoints::kNoLine);
+  m_points.Add(m_occupied.name, m_occupied.description, m_occupied.position);
   m_occupied.isPending = false;
 }
 
@@ -318,7 +317,6 @@ bool CConvertJobXml::OnShot(std::wstring_view line, bool traverse) {
   m_shot.readings = {ToDegrees(shot.horizontal), ToDegrees(shot.vertical), ToMetres(shot.distance)};
   m_shot.position = m_instrument.Reduce(m_shot.readings, station->position, m_scale);
   m_shot.setup = m_instrument.Records();
-  m_shot.line = m_line;
   m_shot.isPending = true;
   if (traverse) m_instrument.PlanMove(shot.station, m_shot.name, m_shot.readings);
   return true;
@@ -328,7 +326,7 @@ void CConvertJobXml::FlushPendingShot() {
   m_shot.isPending = false;
   m_lastPointRecord = m_pJxlFile->AddDirectReading(m_shot.name, m_shot.description, m_shot.readings,
                                                    m_shot.setup, m_shot.position);
-  m_points.Add(m_shot.name, m_shot.description, m_shot.position, m_shot.line);
+  m_points.Add(m_shot.name, m_shot.description, m_shot.position);
 }
 
 bool CConvertJobXml::OnComment(std::wstring_view line) {
@@ -340,7 +338,7 @@ bool CConvertJobXml::OnDelete(std::wstring_view line) {
   NAME_RECORD point;
   if (!CRawFile::ParseDP(line, point)) return false;
   m_pJxlFile->DeletePoint(point.name);
-  m_points.Delete(point.name, m_line);
+  m_points.Delete(point.name);
   return true;
 }
 

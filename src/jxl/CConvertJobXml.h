@@ -21,25 +21,21 @@ namespace zelconvert {
 /// place of the earlier one.
 class KnownPoints {
  public:
-  static constexpr std::int32_t kNoLine = -1;
-
   struct Point {
     std::string name;  // texts in UTF-8, which is the document's
     std::string description;
     JxlPosition position;
-    std::int32_t line = kNoLine;  ///< the line that made it, or kNoLine
     bool isDeleted = false;
   };
 
-  /// An empty description and a line of kNoLine leave those of an earlier point of the name.
-  void Add(std::wstring_view name, std::wstring_view description, const JxlPosition& position,
-           std::int32_t line);
+  /// An empty description leaves that of an earlier point of the name.
+  void Add(std::wstring_view name, std::wstring_view description, const JxlPosition& position);
   /// The live point of the name, or null.
   const Point* Find(std::wstring_view name) const;
   /// A live point of the name is there.
   bool PointExists(std::wstring_view name) const { return Find(name) != nullptr; }
-  /// Marks the point of the name if a line before `line` made it.
-  void Delete(std::wstring_view name, std::int32_t line);
+  /// Marks the point of the name, if there is one.
+  void Delete(std::wstring_view name);
 
   auto begin() const { return m_points.begin(); }
   auto end() const { return m_points.end(); }
@@ -72,7 +68,6 @@ class CConvertJobXml {
     JxlPosition position;
     JxlReadings readings;
     JxlSetup setup;
-    std::int32_t line = 0;
   };
 
   /// An occupied point that waits for a backsight, or for a traverse to go on from it.
