@@ -18,7 +18,7 @@ bool AnyNull(std::initializer_list<double> values) {
 }
 
 double Radians(double degrees) {
-  return ToRadians(degrees, kRawDegrees);
+  return RadiansOf(degrees, kRawDegrees);
 }
 
 /// In [0, 360), and never -0. What noise has put right below a full circle is 0 as well.

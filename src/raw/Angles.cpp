@@ -42,7 +42,7 @@ double DmsToDegreesSigned(double v) {
   return v < 0 ? -degrees : degrees;
 }
 
-double ToRadians(double v, std::int32_t unit) {
+double RadiansOf(double v, std::int32_t unit) {
   return IsNull(v) ? v : v * (2 * kPi / FullCircle(unit));
 }
 

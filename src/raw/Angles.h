@@ -21,7 +21,7 @@ double DmsToDegreesSigned(double v);
 constexpr double FullCircle(std::int32_t unit) {
   return unit == kRawGons ? 400 : 360;
 }
-double ToRadians(double v, std::int32_t unit);
+double RadiansOf(double v, std::int32_t unit);
 
 /// The remainder of `v` by a full circle, plus a full circle if that is negative.
 double NormalizeDegrees(double v);

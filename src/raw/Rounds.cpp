@@ -195,8 +195,8 @@ void AlignAngles(double& a, double& b) {
 
 double MeanDirection(double d1, double d2, std::int32_t angleUnit) {
   if (IsNull(d1) || IsNull(d2)) return DC_NULL;
-  double one = ToRadians(d1, angleUnit);
-  double two = ToRadians(NormalizeAngle(d2 + FullCircle(angleUnit) / 2, angleUnit), angleUnit);
+  double one = RadiansOf(d1, angleUnit);
+  double two = RadiansOf(NormalizeAngle(d2 + FullCircle(angleUnit) / 2, angleUnit), angleUnit);
   AlignAngles(one, two);
   return NormalizeAngle(FromRadians((one + two) / 2, angleUnit), angleUnit);
 }
@@ -236,8 +236,8 @@ double StandardError(std::span<const double> values, double mean) {
 double StandardErrorOfAngles(std::span<const double> angles, double mean, std::int32_t angleUnit) {
   std::vector<double> deviations;
   for (const double v : angles) {
-    double a = ToRadians(v, angleUnit);
-    double b = ToRadians(mean, angleUnit);
+    double a = RadiansOf(v, angleUnit);
+    double b = RadiansOf(mean, angleUnit);
     AlignAngles(a, b);
     deviations.push_back(FromRadians(a - b, angleUnit));
   }
