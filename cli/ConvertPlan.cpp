@@ -88,8 +88,8 @@ fs::path JobOfPoints(const ConvertOptions& options, const TypeInfo& from, const 
     throw HostFailure(kWrongUsage, "--job is for making a DC file of a raw log alone");
   }
   const fs::path job = Absolute(*options.job);
-  if (job.extension() != ".job" && job.extension() != ".pwj") {
-    throw HostFailure(kWrongUsage, ToText(job) + " is not spelled .job or .pwj");
+  if (JobNamed(job) == nullptr) {
+    throw HostFailure(kWrongUsage, ToText(job) + " is no .job or .pwj file");
   }
   CheckReadable(job);
   return job;

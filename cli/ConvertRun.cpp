@@ -99,11 +99,6 @@ Result ConvertStaged(const ConvertPlan& plan, const Conversion& staged, const fs
   return isBridged ? ConvertThroughJob(staged, job) : ConvertWithProgress(staged);
 }
 
-// With a separator at the end.
-std::string FolderText(const fs::path& folder) {
-  return ToText(folder / "");
-}
-
 }  // namespace
 
 // The library takes a read-only attribute off its input while it reads.
@@ -117,7 +112,7 @@ void RunPlan(const ConvertPlan& plan, bool force, Outcome& outcome) {
 
   const Result result = ConvertStaged(plan, staged, job);
   outcome.messages = result.messages;
-  Rename(outcome.messages, FolderText(staging.GetPath()), FolderText(asked.output.parent_path()));
+  Rename(outcome.messages, ToText(staged.output), ToText(asked.output));
   if (!result.converted) {
     throw HostFailure(CodeOfFailure(result.messages),
                       ToText(asked.input) + " was not converted" +

@@ -49,6 +49,12 @@ const TypeInfo* TypeNamed(const fs::path& path) {
   return found == std::end(kTypes) ? nullptr : found;
 }
 
+const TypeInfo* JobNamed(const fs::path& path) {
+  const TypeInfo* type = TypeNamed(path);
+  const bool isJob = type != nullptr && (type->type == FT_JOB || type->type == FT_PW_JOB);
+  return isJob ? type : nullptr;
+}
+
 std::string WarnOfInputName(FileType type, const fs::path& input) {
   const std::string expected = GetExtension(type);
   if (!ChangesBrand(expected, ToText(input.extension()))) return {};

@@ -10,6 +10,8 @@ namespace zelconvert::cli {
 
 /// The type that a new file of this name is made as; null if its extension belongs to none.
 const TypeInfo* TypeNamed(const std::filesystem::path& path);
+/// The same if that is a job of either brand, else null.
+const TypeInfo* JobNamed(const std::filesystem::path& path);
 
 // Each is one line for the user, empty if all is well.
 

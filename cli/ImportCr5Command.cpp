@@ -19,8 +19,7 @@ namespace fs = std::filesystem;
 
 const TypeInfo& TypeOf(const std::string& asked, const fs::path& output) {
   if (!asked.empty()) return *FindType(asked);
-  const TypeInfo* type = TypeNamed(output);
-  if (type != nullptr && (type->type == FT_JOB || type->type == FT_PW_JOB)) return *type;
+  if (const TypeInfo* type = JobNamed(output)) return *type;
   throw HostFailure(kWrongUsage, "OUT is no .job or .pwj file; --to says what it is to be");
 }
 

@@ -143,6 +143,8 @@ class HostTest(unittest.TestCase):
         )
         self.assertEqual([converted["from"], converted["to"], converted["exitCode"]], ["job", "dc", 0])
         self.assertEqual(converted["files"], [converted["output"]])
+        roads = json.loads(self.run_host(["convert", "road.dc", "out.job", "--json"]).stdout)
+        self.assertEqual([pathlib.Path(file).suffix for file in roads["files"]], [".job", ".RD5", ".tp5"])
 
         failed = json.loads(self.run_host(["convert", "names.job", "out.cr5", "--json"]).stdout)
         self.assertEqual([failed["converted"], failed["exitCode"], failed["files"]], [False, 1, []])
@@ -255,6 +257,7 @@ def main():
     global HOST, ON_WINDOWS
     HOST = [os.path.abspath(each) if os.path.exists(each) else each for each in sys.argv[1:]]
     ON_WINDOWS = HOST[-1].endswith(".exe")
+    signal.signal(signal.SIGINT, signal.default_int_handler)  # set aside in the background of a shell
     unittest.main(argv=sys.argv[:1])
 
 

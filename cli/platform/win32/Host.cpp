@@ -14,6 +14,8 @@
 namespace zelconvert::cli::platform {
 namespace {
 
+namespace fs = std::filesystem;
+
 std::string Utf8(std::wstring_view text) {
   std::string utf8;
   AppendUtf8(utf8, text);
@@ -21,13 +23,24 @@ std::string Utf8(std::wstring_view text) {
 }
 
 struct LeftBehind {
-  std::filesystem::path folder;
-  std::filesystem::path file;  // that was read-only; empty: none
+  fs::path folder;
+  fs::path file;  // that was read-only; empty: none
 };
 
 LeftBehind& GetLeftBehind() {
   static LeftBehind leftBehind;
   return leftBehind;
+}
+
+// A file that is still open keeps its folder, though deleted. Beside the folder it goes when the
+// program ends.
+void Empty(const fs::path& folder) {
+  std::error_code error;
+  for (fs::directory_iterator at(folder, error), end; at != end; at.increment(error)) {
+    const fs::path aside = folder.native() + L"-" + at->path().filename().native();
+    fs::rename(at->path(), aside, error);
+    fs::remove(aside, error);
+  }
 }
 
 // On a thread of its own, while the run goes on: it may make another file in the folder before that
@@ -36,14 +49,14 @@ BOOL WINAPI CleanUp(DWORD) {
   constexpr int kTries = 100;
   const LeftBehind& left = GetLeftBehind();
   std::error_code error;
-  for (int i = 0; i < kTries && std::filesystem::exists(left.folder, error); ++i) {
-    std::filesystem::remove_all(left.folder, error);
+  for (int i = 0; i < kTries && fs::exists(left.folder, error); ++i) {
+    Empty(left.folder);
+    fs::remove(left.folder, error);
   }
   if (!left.file.empty()) {
-    std::filesystem::permissions(left.file, std::filesystem::perms::owner_write,
-                                 std::filesystem::perm_options::remove, error);
+    fs::permissions(left.file, fs::perms::owner_write, fs::perm_options::remove, error);
   }
-  return FALSE;  // and the program ends
+  return TerminateProcess(GetCurrentProcess(), static_cast<UINT>(STATUS_CONTROL_C_EXIT));
 }
 
 }  // namespace
