@@ -253,6 +253,8 @@ def main():
         for mutant in mutants:
             print(f"{mutant.place}: {mutant.path} | {' '.join(mutant.tests)}")
         return 0
+    # Shells ignore it for what runs in the background, and so would the tests.
+    signal.signal(signal.SIGINT, signal.default_int_handler)
     # A fault may allocate or write without end.
     resource.setrlimit(resource.RLIMIT_AS, (4 << 30, 4 << 30))
     resource.setrlimit(resource.RLIMIT_FSIZE, (1 << 30, 1 << 30))
