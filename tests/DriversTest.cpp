@@ -56,7 +56,7 @@ class HostCall {
 
   void Convert() {
     HostLists lists;
-    m_converted = lists.Convert(m_route.from, input, m_route.to, output);
+    m_converted = lists.Convert(m_route.from, input, m_route.to, output, 0, job);
     m_files = lists.Files();
     m_messages = lists.Messages();
   }
@@ -90,7 +90,7 @@ class HostCall {
   const std::vector<std::wstring>& Files() const { return m_files; }
   const std::vector<std::wstring>& Messages() const { return m_messages; }
 
-  std::wstring input, output;
+  std::wstring input, output, job;
 
  private:
   const Route m_route;
@@ -268,6 +268,17 @@ TEST(Drivers, FindTheLogOfAPair) {
       again.ExpectRefusal(kCannotCreate, again.output);
       EXPECT_TRUE(again.Exists(log));
     }
+  }
+}
+
+TEST(Drivers, KeepTheJobOfALog) {
+  for (const FileType type : {FT_RAW, FT_CR5_RW5}) {
+    HostCall run({type, L"in.raw", "mill-creek-simple.raw", FT_DC});
+    run.Write(L"in.rw5", "a log");
+    run.Write(L"other.job", "a job");
+    run.job = run.output = run.Path(L"other.job");
+    run.ExpectRefusal(kCannotCreate, run.output);
+    EXPECT_TRUE(run.Exists(L"other.job"));
   }
 }
 

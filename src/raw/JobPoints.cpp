@@ -7,11 +7,11 @@
 namespace zelconvert {
 
 bool IsJobPath(std::wstring_view path) {
-  return HasExtensionIgnoringCase(path, L".job") || HasExtensionIgnoringCase(path, L".pwj");
+  return HasExtension(path, L".job") || HasExtension(path, L".pwj");
 }
 
 bool ReadJobPoints(const std::wstring& path, std::int32_t unit, PointMap& points) {
-  CJobFile job(HasExtensionIgnoringCase(path, L".job"));
+  CJobFile job(HasExtension(path, L".job"));
   if (!job.Open(path, true) || !job.SeekToFirstRecord()) return false;
   const auto length = [unit](double metres) { return LengthInUnit(metres, unit, kRawMetres); };
   PointMap found;

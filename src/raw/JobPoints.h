@@ -8,7 +8,7 @@
 
 namespace zelconvert {
 
-/// By its end: ".job", or ".pwj" of the second brand, in either case of the letters.
+/// By its exact end: ".job", or ".pwj" of the second brand.
 bool IsJobPath(std::wstring_view path);
 
 /// Adds the points of the job at `path`, which IsJobPath has taken for one; of several of a name
