@@ -382,7 +382,7 @@ Outcome CConvRawDCFile::OnGpsOffset() {
   const double instrumentHeight = m_Mode.Length(offset.instrumentHeight);
   const double rodHeight = m_Mode.Length(offset.rodHeight);
   if (instrumentHeight == 0 && rodHeight == 0) {
-    const double radians = ToRadians(zenith, m_Mode.firstAngleUnit);
+    const double radians = RadiansOf(zenith, m_Mode.firstAngleUnit);
     tDC_VECTORRecord vector;
     vector.from = m_Gps.storedName;
     vector.to = offset.name;

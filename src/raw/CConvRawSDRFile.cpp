@@ -395,8 +395,8 @@ void RawToSdr::CountDown() {
 // lacks is missing from the position alone. The scale is that of distances on the ground: heights
 // have none.
 void RawToSdr::ReduceForesight() {
-  const double zenith = ToRadians(m_zenith, m_mode.angleUnit);
-  const double azimuth = ToRadians(Computed(m_backsightAzimuth + m_horizontal - m_circle,
+  const double zenith = RadiansOf(m_zenith, m_mode.angleUnit);
+  const double azimuth = RadiansOf(Computed(m_backsightAzimuth + m_horizontal - m_circle,
                                             m_backsightAzimuth, m_horizontal, m_circle),
                                    m_mode.angleUnit);
   const double run = Computed(std::sin(zenith) * m_slopeDistance * m_mode.scale, m_slopeDistance,
