@@ -5,12 +5,11 @@
 namespace zelconvert {
 namespace {
 
-// The nearest number that fits. One column has no room for a sign.
+// The nearest number that fits: from -9 to 99 in two columns. One has no room for a sign.
 std::int64_t FitInteger(std::int32_t value, int width) {
   std::int64_t limit = 1;
   for (int i = 0; i < width; ++i) limit *= 10;
-  const std::int64_t low = width == 1 ? 0 : 1 - limit / 10;
-  return std::clamp<std::int64_t>(value, low, limit - 1);
+  return std::clamp<std::int64_t>(value, 1 - limit / 10, limit - 1);
 }
 
 }  // namespace
