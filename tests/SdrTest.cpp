@@ -1,5 +1,4 @@
-// SDR files to raw logs, the marks in comments, and the coordinates of the SDR route beside those
-// of the DC and JobXML routes.
+// SDR files to raw logs, and the marks in comments.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -116,69 +115,6 @@ TEST(NoteMarks, AreTheFirstLettersOfAComment) {
     std::wstring_view found = L"before";
     EXPECT_EQ(ParseNoteMark(texts[0], found), marks.at(texts[1])) << texts[0];
     EXPECT_EQ(found, texts.at(2)) << texts[0];
-  }
-}
-
-// ---- The same log by three routes
-
-std::string Column(const std::string& line, std::size_t start) {
-  const std::string text = line.substr(start, 16);
-  return text.substr(std::min(text.find_first_not_of(' '), text.size()));
-}
-double Value(const std::string& line, std::size_t start) {
-  return std::stod(line.substr(start, 16));
-}
-
-Points StationsOfSdr(const std::string& sdr) {
-  Points stations;
-  std::istringstream lines(sdr);
-  for (std::string line; std::getline(lines, line);) {
-    if (line.starts_with("02TV")) {
-      stations[Column(line, 4)] = {Value(line, 20), Value(line, 36), Value(line, 52)};
-    }
-  }
-  return stations;
-}
-
-Points PointsOfJxl(const std::string& jxl) {
-  const std::size_t start = jxl.find("<Reductions>");
-  Points points;
-  const auto text = [&](const char* tag, std::size_t from) {
-    const std::size_t at = jxl.find(tag, from) + std::string(tag).size();
-    return jxl.substr(at, jxl.find('<', at) - at);
-  };
-  for (std::size_t at = jxl.find("<Point ", start); at != jxl.npos;
-       at = jxl.find("<Point ", at + 1)) {
-    points[text("<Name>", at)] = {std::stod(text("<North>", at)), std::stod(text("<East>", at)),
-                                  std::stod(text("<Elevation>", at))};
-  }
-  return points;
-}
-
-TEST(SdrDcAndJxl, PutPointsInOnePlace) {
-  std::string raw = "JB,NMx,DT01-02-2026,TM00:00:00\nMO,AD0,UN1,SF1.0,EC0,EO0.0,AU0\n";
-  std::vector<std::string> names;
-  for (int i = 0; i < 40; ++i) {
-    const std::string n = std::to_string(i);
-    names.push_back("T" + n);
-    raw += "OC,OPA,N 5000.25,E 3000.125,EL100.5,--\nBK,OPA,BPB,BS" + std::to_string(i * 9) + "." +
-           std::to_string(1000 + i) + ",BC" + std::to_string(353 - i * 7) +
-           ".3015\nLS,HI1.61,HR1.3\n" + "TR,OPA,FPT" + n + ",AR" + std::to_string(i * 8) +
-           ".2233,ZE" + std::to_string(70 + i) + ".4417,SD" + std::to_string(20 + i * 31) +
-           ".12345,--\n";
-  }
-  const auto sdr = StationsOfSdr(ConvertLog(raw, FT_SDR33));
-  const auto dc = Office(ConvertLog(raw, FT_DC)).points;
-  const auto jxl = PointsOfJxl(ConvertLog(raw, FT_JXL));
-  for (const std::string& name : names) {
-    SCOPED_TRACE(name);
-    ASSERT_TRUE(sdr.contains(name) && dc.contains(name) && jxl.contains(name));
-    const Point& p = sdr.at(name);
-    for (const auto* other : {&dc.at(name), &jxl.at(name)}) {
-      EXPECT_NEAR(p.north, other->north, 1.1e-5);
-      EXPECT_NEAR(p.east, other->east, 1.1e-5);
-      EXPECT_NEAR(p.elevation, other->elevation, 1.1e-5);
-    }
   }
 }
 
