@@ -1,7 +1,6 @@
 // SDR files to raw logs, and the marks in comments.
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <map>
 #include <sstream>
 #include <string>
