@@ -154,6 +154,7 @@ class Build:
     def run_test(self, test, folder, timeout, **options):
         """Of "NAME" or "NAME:FILTER"; programs and libraries in `folder` stand in for those of the build."""
         name, _, only = test.partition(":")
+        folder.chmod(0o755)  # as root, tests are somebody else for a while
         properties = {each["name"]: each["value"] for each in self.tests[name].get("properties", [])}
         environment = dict(os.environ, LD_LIBRARY_PATH=f"{folder}:{BUILD}", TMPDIR=f"{folder}/tmp",
                            GTEST_FAIL_FAST="1", GTEST_BRIEF="1")
