@@ -88,9 +88,8 @@ fs::path JobOfPoints(const ConvertOptions& options, const TypeInfo& from, const 
     throw HostFailure(kWrongUsage, "--job is for making a DC file of a raw log alone");
   }
   const fs::path job = Absolute(*options.job);
-  if (JobNamed(job) == nullptr) {
-    throw HostFailure(kWrongUsage, ToText(job) + " is no .job or .pwj file");
-  }
+  const std::string fault = WarnOfJobName(job);
+  if (!fault.empty()) throw HostFailure(kWrongUsage, fault);
   CheckReadable(job);
   return job;
 }
@@ -116,6 +115,7 @@ ConvertPlan MakePlan(const ConvertOptions& options) {
   for (const fs::path& each : {input, plan.read, plan.conversion.job}) CheckDistinct(output, each);
   CheckOutput(output, options.force);
   AddWarning(plan, WarnOfInputName(from.type, input));
+  if (!plan.conversion.job.empty()) AddWarning(plan, WarnOfJobName(plan.conversion.job));
   AddWarning(plan, WarnOfOutputName(to.type, output));
   if (from.type == FT_CR5_RW5) AddWarning(plan, WarnOfContents(input));
   return plan;

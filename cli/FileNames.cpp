@@ -49,18 +49,18 @@ const TypeInfo* TypeNamed(const fs::path& path) {
   return found == std::end(kTypes) ? nullptr : found;
 }
 
-const TypeInfo* JobNamed(const fs::path& path) {
-  const TypeInfo* type = TypeNamed(path);
-  const bool isJob = type != nullptr && (type->type == FT_JOB || type->type == FT_PW_JOB);
-  return isJob ? type : nullptr;
-}
-
 std::string WarnOfInputName(FileType type, const fs::path& input) {
   const std::string expected = GetExtension(type);
   if (!ChangesBrand(expected, ToText(input.extension()))) return {};
   return ToText(input.filename()) + " is not spelled " + expected +
          ", so the library takes it for a file of the second brand; named " +
          Renamed(input, expected) + " it would be one of the first";
+}
+
+std::string WarnOfJobName(const fs::path& job) {
+  if (job.extension() == ".job" || job.extension() == ".pwj") return {};
+  return ToText(job.filename()) +
+         " is not spelled .job or .pwj, so the library reads no points of it";
 }
 
 std::string WarnOfOutputName(FileType type, const fs::path& output) {

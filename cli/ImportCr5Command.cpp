@@ -19,7 +19,8 @@ namespace fs = std::filesystem;
 
 const TypeInfo& TypeOf(const std::string& asked, const fs::path& output) {
   if (!asked.empty()) return *FindType(asked);
-  if (const TypeInfo* type = JobNamed(output)) return *type;
+  const TypeInfo* type = TypeNamed(output);
+  if (type != nullptr && (type->type == FT_JOB || type->type == FT_PW_JOB)) return *type;
   throw HostFailure(kWrongUsage, "OUT is no .job or .pwj file; --to says what it is to be");
 }
 
