@@ -12,8 +12,8 @@
 #include "HostLists.h"
 #include "TempDir.h"
 #include "ilj/CMoskoJobRecord.h"
-#include "io/Clock.h"
 #include "io/CTextFile.h"
+#include "io/Clock.h"
 #include "io/Numbers.h"
 #include "io/Strings.h"
 
@@ -148,8 +148,8 @@ TEST(IljConversionsTest, KeepWhatDcFilesHold) {
 TEST(IljConversionsTest, HeaderNamesTheMonth) {
   constexpr std::string_view kMonths = "JanFebMarAprMayJunJulAugSepOctNovDec";
   const TempDir folder;
-  const std::wstring input = folder.Write(
-      L"in.ilj", "JOBMO\tDATE:20260917\tTIME:090001\tUNDI:0\tUNAN:0\tDESC:1.0.0\n");
+  const std::wstring input =
+      folder.Write(L"in.ilj", "JOBMO\tDATE:20260917\tTIME:090001\tUNDI:0\tUNAN:0\tDESC:1.0.0\n");
   for (std::uint16_t month = 1; month <= 12; ++month) {
     const ScopedClock clock({2026, month, 0, 9, 8, 7, 6, 0}, 0);
     HostLists lists;
