@@ -6,8 +6,8 @@
 //   tDC_GRID_POSITIONRecord position;
 //   while (file.ReadLine(line)) {
 //     if (CDcFile::IsBlank(line) || CDcFile::IsDeleted(line)) continue;
-//     if (CDcFile::GetRecordType(line) != position.kType) continue;  // unknown types are passed
-//     over CDcFile::ReadGridPosition(line, position);
+//     if (CDcFile::GetRecordType(line) != position.kType) continue;  // any other type
+//     CDcFile::ReadGridPosition(line, position);
 //   }
 //
 // Readers don't validate: a short line gives empty fields, text that is no number gives 0. Every

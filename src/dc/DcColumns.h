@@ -10,7 +10,7 @@ namespace zelconvert {
 
 // Header, job, notes and settings
 
-// The six digits are read by their place in the whole line: see CDcFile::ReadHeader.
+// A digit that a header can't hold is read as the one that its Choice names.
 inline constexpr Column<tDC_HEADERRecord> kHeaderColumns[] = {
     {4, 16, &tDC_HEADERRecord::version, kLeft},
     {20, 4, &tDC_HEADERRecord::reserved, kBlank},

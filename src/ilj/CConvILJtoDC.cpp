@@ -301,7 +301,7 @@ bool CConvILJtoDC::WriteDataFile(const std::wstring& path) {
   return m_pFile2->WritePostProcess(file);
 }
 
-// Start week and end second, end week and start second: readers expect the pairs crossed. The
+// Start week and end second, end week and start second: the pairs are crossed in this route. The
 // precisions stay in metres.
 bool CConvILJtoDC::Carry(CMoskoJobRecordSurveyGpsQC& record) {
   tDC_SETUP_Record quality;

@@ -222,7 +222,7 @@ bool CRawFile::WriteSUDate(std::int32_t month, std::int32_t day, std::int32_t ye
 }
 
 bool CRawFile::WriteSUTime(double time) {
-  // Collectors have always put "02.05" here: a width that slipped out of a format.
+  // "02.05" is part of the record: a width that once slipped out of a format, and stayed.
   return WriteFormat(L"SU,TM02.05%lf", {time});
 }
 
