@@ -122,8 +122,7 @@ class Surveyor {
     const double zenith = 90 - std::atan2(rise, run) * 180 / kPi;
     const std::string slope = ",SD" + Length(std::hypot(run, rise));
     if (form % 3 == 0) return "CE" + Length(rise) + ",HD" + Length(run);
-    // An angle below the horizon can't be told in degrees this way.
-    if (form % 3 == 1 && zenith <= 90) return "VA" + Angle(90 - zenith) + slope;
+    if (form % 3 == 1) return "VA" + Angle(90 - zenith) + slope;
     return "ZE" + Angle(m_turn == 0 ? zenith : 360 - zenith) + slope;
   }
 
