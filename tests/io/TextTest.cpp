@@ -25,7 +25,7 @@ TEST(Text, NarrowsAndWidensEveryByte) {
 TEST(Text, FillsInFixedTexts) {
   EXPECT_EQ(FormatText(L"The file %s does not exist. %s", L"%s.dc"),
             L"The file %s.dc does not exist. %s");
-  EXPECT_EQ(FormatText(L"Line %ld of %d", 7), L"Line 7 of %d");
+  EXPECT_EQ(FormatText(L"Line %d of %ld", 7), L"Line 7 of %ld");
   EXPECT_EQ(FormatText(L"no mark", 7), L"no mark");
 }
 
@@ -46,8 +46,8 @@ TEST(Text, CutsUtf16OutsideOfPairs) {
 
 TEST(Text, EncodesUtf8) {
   std::string out;
-  AppendUtf8(out, L"a\u00e4\u20ac\U0001F600\xD83D\xDE00\xD83D!");
-  EXPECT_EQ(out, "a\xC3\xA4\xE2\x82\xAC\xF0\x9F\x98\x80\xF0\x9F\x98\x80\xEF\xBF\xBD!");
+  AppendUtf8(out, L"a\u00e4\u20ac\U0001F600\xD83D\xDE00\xD83D!\xDFFF");
+  EXPECT_EQ(out, "a\xC3\xA4\xE2\x82\xAC\xF0\x9F\x98\x80\xF0\x9F\x98\x80\xEF\xBF\xBD!\xEF\xBF\xBD");
 }
 
 TEST(Paths, SplitAtBothSeparators) {
