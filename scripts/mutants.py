@@ -58,9 +58,9 @@ class Mutant:
     new: list = dataclasses.field(default_factory=list)
     reason: str = ""  # why it can't be noticed
 
-    def source(self):
+    def source(self, project):
         """The text of the file with the fault."""
-        text = (COPY / self.path).read_text(encoding="utf-8")
+        text = (project / self.path).read_text(encoding="utf-8")
         found = list(re.finditer(r"[ \t]*\n[ \t]*".join(map(re.escape, self.old)), text))
         if not self.old or len(found) != 1:
             raise Unusable(f"its text stands {len(found)} times in the file")
@@ -123,10 +123,11 @@ def programs_of(tests):
 class Build:
     """The build that all mutants start from, and what it says about itself."""
 
-    def __init__(self, mutants):
+    def __init__(self, mutants, jobs):
         subprocess.run(["cmake", "-S", COPY, "-B", BUILD, *CONFIGURE], check=True, stdout=subprocess.DEVNULL)
         tests = {test.partition(":")[0] for mutant in mutants for test in mutant.tests}
-        subprocess.run(["ninja", "-C", BUILD, "--quiet", *({CORE, HOST} | programs_of(tests))], check=True)
+        subprocess.run(["ninja", "-C", BUILD, f"-j{jobs}", "--quiet", *({CORE, HOST} | programs_of(tests))],
+                       check=True)
         listed = json.loads(output_of("ctest", "--show-only=json-v1", cwd=BUILD))
         self.tests = {each["name"]: each for each in listed["tests"] if each["name"] in tests}
         self.times = {}  # seconds of each test on the code as it is
@@ -193,7 +194,7 @@ class Build:
         """Leaves what the mutant makes different in `folder`."""
         broken = folder / "broken" / mutant.path
         broken.parent.mkdir(parents=True)
-        broken.write_text(mutant.source(), encoding="utf-8")
+        broken.write_text(mutant.source(COPY), encoding="utf-8")
         users = self.users.get(str(COPY / mutant.path))
         if not users:
             raise Unusable("nothing here is made of this file")
@@ -234,7 +235,7 @@ def result_of(build, mutant):
     where = f"{mutant.place}: {mutant.path}"
     try:
         test = build.noticed_by(mutant)
-    except Unusable as why:
+    except (Unusable, OSError) as why:
         return "unusable", f"UNUSABLE {where}: {why}"
     if test is None:
         return "survives", f"SURVIVES {where}: {mutant.reason or '; '.join(mutant.new) or 'deleted'}"
@@ -244,16 +245,15 @@ def result_of(build, mutant):
 def main():
     parser = argparse.ArgumentParser(prog="scripts/mutants.sh")
     parser.add_argument("--jobs", type=int, default=os.cpu_count(), help="mutants at a time")
-    parser.add_argument("--list", action="store_true", help="print the mutants, run nothing")
+    parser.add_argument("--list", action="store_true", help="print the mutants and what keeps them from being "
+                        "made, run nothing")
     parser.add_argument("filters", metavar="FILTER", nargs="*",
                         help="a list (roads), a mutant (roads:12), a file or a folder (src/dc/)")
     options = parser.parse_args()
     mutants = [mutant for path in sorted(LISTS.glob("*.txt")) for mutant in read_list(path)
                if mutant.chosen(options.filters)]
     if options.list:
-        for mutant in mutants:
-            print(f"{mutant.place}: {mutant.path} | {' '.join(mutant.tests)}")
-        return 0
+        return print_list(mutants)
     # Shells ignore it for what runs in the background, and so would the tests.
     signal.signal(signal.SIGINT, signal.default_int_handler)
     # A fault may allocate or write without end.
@@ -262,7 +262,7 @@ def main():
     resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
     start = time.monotonic()
     lock = copy_project()
-    build = Build(mutants)
+    build = Build(mutants, options.jobs)
     with tempfile.TemporaryDirectory(dir=WORK, prefix="mutant-") as folder:
         build.check_tests(mutants, pathlib.Path(folder))
     results = {"noticed": [], "survives": [], "unusable": []}
@@ -272,6 +272,20 @@ def main():
             results[kind].append((mutant, text))
     lock.close()
     return summary(results, bool(options.filters), time.monotonic() - start)
+
+
+def print_list(mutants):
+    unusable = 0
+    for mutant in mutants:
+        why = ""
+        try:
+            mutant.source(TOP)
+        except (Unusable, OSError) as error:
+            why = f", UNUSABLE: {error}"
+            unusable += 1
+        print(f"{mutant.place}: {mutant.path} | {' '.join(mutant.tests)}{why}")
+    print(f"{len(mutants)} mutants, {unusable} unusable")
+    return 1 if unusable else 0
 
 
 def summary(results, is_part, seconds):
