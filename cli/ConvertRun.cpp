@@ -61,13 +61,13 @@ Result ConvertThroughJob(const Conversion& asked, const fs::path& job) {
   return second;
 }
 
-// Of the coordinates beside a log: that of its first mode.
+// Of the coordinates beside a log: that of its first mode. (A bad one ends the conversion.)
 int UnitsOfLog(const fs::path& log) {
   CRawFile raw;
   MO_RECORD mode;
   std::wstring line;
   raw.Open(platform::ToLibrary(log), zelconvert::platform::kOpenReadOnly);
-  while (raw.FindRecord(L"MO", line) && !CRawFile::ParseMO(line, mode)) mode = {};
+  if (raw.FindRecord(L"MO", line)) CRawFile::ParseMO(line, mode);
   const bool isInFeet = mode.distanceUnit == kRawInternationalFeet;
   return isInFeet ? 1 : mode.distanceUnit == kRawUsSurveyFeet ? 2 : 0;
 }
