@@ -28,7 +28,7 @@ void Convert(const std::wstring& path, bool bBrand, int version) {
   CConvDcFile conversion(&file, &job, version);
   if (version == 3) conversion.SetFeatureData(std::make_unique<AnyFeature>());
   conversion.ConvertFromNative(messages, files);
-  Require(messages.empty() && files.empty() && !file.HasWriteFailed() && file.Close());
+  Require(files.empty() && !file.HasWriteFailed() && file.Close());
 }
 
 // Whatever the job held, the file begins as every DC file does.
