@@ -37,6 +37,7 @@ TEST(RoundsMeans, AreThoseOfBothFaces) {
   EXPECT_EQ(MeanDirection(1, DC_NULL, kRawDegrees), DC_NULL);
   EXPECT_NEAR(MeanZenith(90.5, 269.51, kRawDegrees), 90.495, 1e-12);
   EXPECT_NEAR(MeanZenith(100.5, 299.51, kRawGons), 100.495, 1e-12);
+  EXPECT_EQ(MeanZenith(DC_NULL, 269, kRawDegrees), DC_NULL);
 }
 
 TEST(RoundsMeans, OfASet) {
