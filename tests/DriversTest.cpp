@@ -259,6 +259,8 @@ TEST(Drivers, FindTheLogOfAPair) {
     SCOPED_TRACE(ToPath(input).string());
     HostCall run({type, input, "control.job", FT_DC});
     run.ExpectRefusal(L"File %s does not exist.", run.Path(log));
+    run.output = run.input;
+    run.ExpectRefusal(L"File %s does not exist.", run.Path(log));
     // Neither file of the pair is an output.
     run.Write(log, ReadBytes("examples/mill-creek-simple.raw"));
     for (const wchar_t* name : {input, log}) {
@@ -296,14 +298,16 @@ TEST(Drivers, KeepAProtectedFileThatIsInTheWay) {
   }
 }
 
-// On the route through a job the input is closed before the output is made.
-TEST(Drivers, KeepTheInputOfTwoStages) {
-  for (const FileType type : {FT_CR5, FT_SEQ_CR5}) {
-    HostCall run({FT_DC, L"in.dc", "ridge-control.dc", type});
+// On these routes the input isn't open when the output is made.
+TEST(Drivers, KeepAnInputThatIsNotOpen) {
+  for (const Route& route : {Route{FT_DC, L"in.dc", "ridge-control.dc", FT_CR5},
+                             Route{FT_DC, L"in.dc", "ridge-control.dc", FT_SEQ_CR5},
+                             Route{FT_CR5, L"in.cr5", "boundary.job", FT_JOB}}) {
+    HostCall run(route);
     run.output = run.input;
     run.Convert();
     EXPECT_FALSE(run.Converted());
-    EXPECT_EQ(ReadBytes(run.InputPath()), ReadBytes("examples/ridge-control.dc"));
+    EXPECT_EQ(ReadBytes(run.InputPath()), ReadBytes(fs::path("examples") / route.example));
   }
 }
 

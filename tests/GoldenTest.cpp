@@ -120,7 +120,7 @@ std::string FindName(const Files& files, const std::string& stem, FileType type)
 
 struct Arguments {
   int units = 0;
-  unsigned gpsSecurity = 1;
+  unsigned gpsSecurity = 2;  // on, as anything but 0 is
   std::string job;
 };
 

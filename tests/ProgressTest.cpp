@@ -128,7 +128,6 @@ TEST(Progress, TellsHowFarEveryRouteHasRead) {
     std::size_t passes = 1, skipped = 0;
   };
   for (const Case& each : {Case{FT_JOB, L"in.job", "boundary.job", FT_DC},
-                           Case{FT_OLD_JOB, L"in.job", "boundary-old.job", FT_DC77},
                            Case{FT_JOB, L"in.job", "boundary.job", FT_CR5, 2},
                            Case{FT_PW_JOB, L"in.pwj", "boundary.pwj", FT_SEQ_CR5, 2},
                            Case{FT_DC, L"in.dc", "ridge-road.dc", FT_JOB},
@@ -158,12 +157,14 @@ TEST(Progress, TellsOfTwoStagesAndTheJobBetweenThem) {
   std::filesystem::current_path(current.Folder());
   for (const auto& [output, folder] :
        {std::pair{dir.Path(L"out.cr5"), &dir}, {L"out.cr5", &current}}) {
-    const ScopedClock clock({}, 77);
+    const ScopedClock clock({}, 76);
+    folder->Write(L"temp76.job", "precious");
     Host host;
     host.watch = [&, &folder = *folder] { EXPECT_TRUE(folder.Exists(L"temp77.job")); };
     EXPECT_TRUE(HostLists().Convert(FT_DC, input, FT_CR5, output));
     EXPECT_EQ(host.messages, expected);
     EXPECT_TRUE(folder->Exists(L"out.cr5") && !folder->Exists(L"temp77.job"));
+    EXPECT_EQ(folder->Read(L"temp76.job"), "precious");
   }
   std::filesystem::current_path(before);
 }

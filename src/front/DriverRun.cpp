@@ -114,8 +114,7 @@ bool Execute(const DriverRun& run) {
   const WritableWhile writable(run.input);
   if (!run.openInput()) return Fail(run, DriverText::CannotOpen, run.input);
   if (!CreateOutput(run)) {
-    // Made all the same if what couldn't be done was to write its first bytes.
-    if (CloseAll(run) == FileState::WriteFailed) platform::RemoveFile(run.output);
+    CloseAll(run);
     return Fail(run, DriverText::CannotCreate, run.output);
   }
 
