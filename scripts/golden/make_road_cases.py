@@ -358,11 +358,11 @@ def edges_of_superelevation():
                  SR=["RS,9,0.250,10,0.000,0.000,0.000,0,0,0.000,0.000"])
     # Out of order: the walk stops at 800 for a station of 500, and there is none before it.
     dc += road("ORDER", [apply_template(800, "PLAIN", "PLAIN"), apply_template(300, "PLAIN", "PLAIN"),
-                         apply_super(500, *slopes, 3.5, 3.5), apply_super(20, *slopes, 3.5, 3.5)])
+                         apply_super(20, *slopes, 3.5, 3.5), apply_super(500, *slopes, 3.5, 3.5)])
     positions.reverse()
     order = rd5(XR=["RT," + at for at in positions], XL=["LT," + at for at in positions],
-                SR=["RS,5,0.000,0,20.000,0.000,0.000,0,0,0.000,0.000",
-                    "RS,0,20.000,3,0.000,0.000,0.000,0,0,0.000,0.000"])
+                SR=["RS,0,20.000,5,0.000,0.000,0.000,0,0,0.000,0.000",
+                    "RS,5,0.000,3,0.000,0.000,0.000,0,0,0.000,0.000"])
     # Within a thousandth of a slope no line; within a thousandth of an end no refusal.
     dc += road("NEARLY", [apply_template(0, "PLAIN", "PLAIN"),
                           apply_super(-0.0009, -2.0009, -1.9989, 3.5, 3.4),
