@@ -22,6 +22,13 @@ struct Point {
 };
 using Points = std::map<std::string, Point>;
 
+inline void ExpectNear(const Point& known, const Point& point, const std::string& name,
+                       double tolerance) {
+  EXPECT_NEAR(point.north, known.north, tolerance) << name;
+  EXPECT_NEAR(point.east, known.east, tolerance) << name;
+  EXPECT_NEAR(point.elevation, known.elevation, tolerance) << name;
+}
+
 /// The file that a log becomes through the library.
 inline std::string ConvertLog(const std::string& log, FileType type) {
   const TempDir folder;

@@ -1,8 +1,6 @@
 // One log by the routes to DC, SDR and JobXML: every point lands in the same place.
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cmath>
 #include <random>
 #include <string>
 #include <vector>
@@ -28,18 +26,13 @@ Points PointsOfJxl(const std::string& jxl) {
   return points;
 }
 
-void ExpectNear(const Point& known, const Point& point, const std::string& name) {
-  EXPECT_LT(std::max({std::fabs(point.north - known.north), std::fabs(point.east - known.east),
-                      std::fabs(point.elevation - known.elevation)}),
-            1e-3)
-      << name;
-}
+constexpr double kMillimetre = 1e-3;
 
 /// Every point that `known` holds, where it holds it.
 void ExpectPoints(const Points& known, const Points& points) {
   for (const auto& [name, point] : known) {
     ASSERT_TRUE(points.contains(name)) << name;
-    ExpectNear(point, points.at(name), name);
+    ExpectNear(point, points.at(name), name, kMillimetre);
   }
 }
 
@@ -50,7 +43,9 @@ void ExpectAgreement(const Points& known, const std::string& log, double scaleFa
   for (const Office* office : {&dc, &sdr}) {
     SCOPED_TRACE(office == &dc ? "DC" : "SDR");
     ExpectPoints(known, office->points);
-    for (const auto& [name, point] : office->shots) ExpectNear(known.at(name), point, name);
+    for (const auto& [name, point] : office->shots) {
+      ExpectNear(known.at(name), point, name, kMillimetre);
+    }
   }
   SCOPED_TRACE("JobXML");
   ExpectPoints(known, PointsOfJxl(ConvertLog(log, FT_JXL)));

@@ -1,7 +1,6 @@
 // SDR files to raw logs, and the marks in comments.
 #include <gtest/gtest.h>
 
-#include <map>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -66,24 +65,12 @@ TEST(SdrToRaw, RefusesWithOneText) {
 }
 
 TEST(SdrToRaw, MakesSideshots) {
-  struct Case {
-    int mode;
-    std::int32_t unit;
-    CZelPoint point;
-    const wchar_t* values;
-  };
-  // From N 100, E 200, elevation 10, with heights 1.5 and 2, where azimuth 10 reads 350.
   const CZelPoint station(L"S", 100, 200, 10, L"");
-  for (const Case& each : std::vector<Case>{
-           {1, 0, {L"P", 200, 300, 9.5, L"n"}, L"AR25.0000,ZE90.0000,SD141.4214"},
-           {1, 0, {L"P", 97, 196, 21.5, L"n"}, L"AR213.1301,ZE22.6199,SD13.0000"},
-           {0, 0, {L"P", 200, 200, -90.5, L"n"}, L"AR70.0000,ZE135.0000,SD141.4214"},
-           {1, 1, {L"P", 100, 300, 9.5, L"n"}, L"AR77.7778,ZE90.0000,SD100.0000"},
-           {1, 0, {L"P", 100.0009, 200.0009, 14.5, L"n"}, L"AR340.0000,ZE0.0146,SD5.0000"},
-           {1, 0, {L"P", 100, 200, 14.5, L"n"}, L"AR340.0000,ZE90.0000,SD5.0000"}}) {
-    EXPECT_EQ(CConvRawSDRFile::MakeSideshotLine(L"SS", each.mode, each.unit, station, 1.5, 2, 10,
-                                                350, each.point),
-              L"SS,OPS,FPP," + std::wstring(each.values) + L",--n\n");
+  for (const CaseFields& texts : ReadCases("tests/golden-lines/sdr-sideshots.txt")) {
+    const CZelPoint point(L"P", ToReal(texts[2]), ToReal(texts[3]), ToReal(texts[4]), L"n");
+    EXPECT_EQ(CConvRawSDRFile::MakeSideshotLine(L"SS", ToInteger(texts[0]), ToInteger(texts[1]),
+                                                station, 1.5, 2, 10, 350, point),
+              L"SS,OPS,FPP," + texts[5] + L",--n\n");
   }
 }
 
@@ -103,16 +90,12 @@ TEST(SdrLinesRead, KnowCodesAndDerivations) {
 }
 
 TEST(NoteMarks, AreTheFirstLettersOfAComment) {
-  const std::map<std::wstring, NoteMark> marks = {
-      {L"BC", NoteMark::BC},   {L"BEG", NoteMark::BEG}, {L"C2", NoteMark::C2},
-      {L"C3", NoteMark::C3},   {L"CP1", NoteMark::CP1}, {L"CP2", NoteMark::CP2},
-      {L"CP3", NoteMark::CP3}, {L"EC", NoteMark::EC},   {L"END", NoteMark::END},
-      {L"JFS", NoteMark::JFS}, {L"JN", NoteMark::JN},   {L"JNS", NoteMark::JNS},
-      {L"JP", NoteMark::JP},   {L"JT", NoteMark::JT},   {L"None", NoteMark::None},
-      {L"R3", NoteMark::R3},   {L"SS", NoteMark::SS}};
+  const std::wstring names[] = {L"None", L"BEG", L"BC", L"END", L"EC", L"C2", L"C3", L"CP1", L"CP2",
+                                L"CP3",  L"JFS", L"JN", L"JNS", L"JP", L"JT", L"R3", L"SS"};
   for (const CaseFields& texts : ReadCases("tests/golden-lines/note-marks.txt")) {
     std::wstring_view found = L"before";
-    EXPECT_EQ(ParseNoteMark(texts[0], found), marks.at(texts[1])) << texts[0];
+    const auto mark = static_cast<std::size_t>(ParseNoteMark(texts[0], found));
+    EXPECT_EQ(names[mark], texts[1]) << texts[0];
     EXPECT_EQ(found, texts.at(2)) << texts[0];
   }
 }

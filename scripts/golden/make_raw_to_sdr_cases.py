@@ -259,41 +259,10 @@ MARK_TEXT = ("SDR does not support US feet. All the distances have been converte
 ALPHANUMERIC = ("Alphanumeric point names are not supported in SDR 2 file format. This file cannot "
                 "be converted.\n")
 
-DAMAGED = """\
-JB,NMONE,DT03-04-2026
-JB,TM10:00:00
-OC,OP1
-MO,AD1,UN1,SF2.0
-OC,OP9,N 5,E 6
-OC,EL4,--kept
-BK,OP9,BP2,BS10
-SS,FP3,AR5,ZE90,SD1,--no station
-SS,OP9,FPname of 17 chars,ZE91.3000,--
-SS,OP9,FP4,AR5,ZE91.3000
-"""
-
-
-def damaged(s):
-    """Records that lack fields: what stands in front counts, the rest is as it was, or 0."""
-    # The time of the second job record stands behind its missing name and isn't read.
-    s.station(("1", 0, 0, 0, ""), 0)
-    s.header("03-04-2026", "")
-    s.lines[-1] = "00NMSDR33  V04-01.19000003-04-2026 12221" + "1"
-    s.mode("ONE", 2)
-    s.station(("9", 5, 6, 0, ""), 0)
-    s.station(("9", 5, 6, 0, ""), 0)  # no name: nothing of it is read
-    s.backsight("9", "2", 190, 0)     # south azimuth
-    s.backsight_shot("9", "2", 0)
-    s.shot("9", "", 0, 90, -190, "")  # no tag at all: azimuth 0 as it is, CE 0 and HD 0
-    s.shot("9", "name of 17 char", 0, 90, -190, "")
-    s.shot("9", "4", 0, 91.5, 5, "")
-
-
 CASES = {
     "mill-creek": ((EXAMPLES / "mill-creek.raw").read_text(), mill_creek, ""),
     "gons-south-feet": (GONS, gons, ""),
     "figure-marks-us-feet": (MARKS, marks, MARK_TEXT),
-    "records-that-lack-fields": (DAMAGED, damaged, ""),
 }
 REFUSED = {
     "letter-in-a-foresight": ("MO,AD0,UN1,SF1,EC0,EO0,AU0\nSS,OP1,FP12A,AR1,ZE90,SD1,--\n", ALPHANUMERIC),
@@ -310,8 +279,6 @@ def main():
     cases = {}
     for version, route in ((33, "raw-to-sdr33"), (2, "raw-to-sdr2")):
         for name, (log, fill, messages) in CASES.items():
-            if version == 2 and name == "records-that-lack-fields":
-                continue  # it holds a name
             sdr = Sdr(version)
             fill(sdr)
             files = {"in.raw": log, "out.sdr": "".join(line + "\r\n" for line in sdr.lines),
