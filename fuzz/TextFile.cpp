@@ -34,9 +34,14 @@ Lines ReadText(const std::wstring& path, bool bUnicode, bool bStripNulls) {
   return ReadLines(file);
 }
 
-// UTF-16 keeps every unit, broken pairs included. An empty text is no line to the writer.
+// UTF-16 keeps every unit, broken pairs included. An empty text is no line to the writer, and end
+// marks at the end of the last one are none of its text to the reader.
 void RequireRoundTrip(Lines lines, CTextFile::Encoding encoding) {
   std::erase(lines, std::wstring());
+  while (!lines.empty() && lines.back().ends_with(L'\x1A')) {
+    lines.back().pop_back();
+    std::erase(lines, std::wstring());
+  }
   const std::wstring path = FuzzDir().Path(L"again");
   CTextFile file(false, false);
   Require(file.Open(path, platform::kCreateOutput, encoding, true));
@@ -46,6 +51,8 @@ void RequireRoundTrip(Lines lines, CTextFile::Encoding encoding) {
 }
 
 void RequirePlainLines(const std::wstring& path, std::string_view bytes) {
+  const std::size_t textEnd = bytes.find_last_not_of("\x1A\r\n") + 1;
+  bytes = bytes.substr(0, bytes.find('\x1A', textEnd));
   CFileCE file;
   Require(file.Open(path, platform::kOpenReadOnly));
   std::wstring line;
