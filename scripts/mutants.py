@@ -254,6 +254,8 @@ def main():
                if mutant.chosen(options.filters)]
     if options.list:
         return print_list(mutants)
+    if not mutants:
+        sys.exit("there is no such mutant")
     # Shells ignore it for what runs in the background, and so would the tests.
     signal.signal(signal.SIGINT, signal.default_int_handler)
     # A fault may allocate or write without end.
