@@ -148,13 +148,14 @@ TEST(Progress, TellsHowFarEveryRouteHasRead) {
 
 TEST(Progress, TellsOfTwoStagesAndTheJobBetweenThem) {
   const TempDir dir, current;
-  const std::string dc = ReadBytes("tests/golden/dc-to-cr5/numbers-in-metres/in.dc");
+  const std::string dc = ReadBytes("tests/golden/dc-to-cr5/roads-alone/in.dc");
   const std::wstring input = dir.Write(L"in.dc", dc);
-  EXPECT_TRUE(HostLists().Convert(FT_DC, input, FT_JOB, dir.Path(L"out.job")));
-  std::vector<Message> expected = Told(dc, 1);
-  for (const Message& message : Told(dir.Read(L"out.job"), 2)) expected.push_back(message);
   const auto before = std::filesystem::current_path();
   std::filesystem::current_path(current.Folder());
+  EXPECT_TRUE(HostLists().Convert(FT_DC, input, FT_JOB, L"out.job"));
+  EXPECT_TRUE(current.Exists(L"Main_St_.RD5"));  // beside the job
+  std::vector<Message> expected = Told(dc, 1);
+  for (const Message& message : Told(current.Read(L"out.job"), 2)) expected.push_back(message);
   for (const auto& [output, folder] :
        {std::pair{dir.Path(L"out.cr5"), &dir}, {L"out.cr5", &current}}) {
     const ScopedClock clock({}, 76);

@@ -133,12 +133,11 @@ class DcToJob {
 
   JOB_HEADER m_Settings;  // as they stand in the job
   CGlkProjectionRecord m_System;
-  bool m_bEastFirst = false;       // order of the coordinates in 69
-  std::int32_t m_nAzmDir = 0;      // 0 north, 1 south
-  bool m_bPlainGridMode = false;   // the grid of a 64 without projection
-  PointNameSet m_PointNames;       // the point "1" in front of a road isn't among them
-  std::int64_t m_nPointCount = 0;  // points and road elements
-  bool m_bAnyPoint = false;        // the point "1" included
+  bool m_bEastFirst = false;      // order of the coordinates in 69
+  std::int32_t m_nAzmDir = 0;     // 0 north, 1 south
+  bool m_bPlainGridMode = false;  // the grid of a 64 without projection
+  PointNameSet m_PointNames;      // the point "1" in front of a road isn't among them
+  bool m_bAnyPoint = false;       // the point "1" included
   std::vector<ROAD_HEADER> m_Roads;
   std::size_t m_nRoads = 0;              // how many of them have come
   const ROAD_HEADER* m_pRoad = nullptr;  // of the last 28, null if it wasn't converted
@@ -208,7 +207,7 @@ bool DcToJob::WriteCoordinateSystem() {
 }
 
 bool DcToJob::CheckPoints() {
-  return m_nPointCount != 0 || Refuse(Text::NoPoints);
+  return m_bAnyPoint || Refuse(Text::NoPoints);
 }
 
 bool DcToJob::OnHeader(std::wstring_view line) {
@@ -437,7 +436,6 @@ bool DcToJob::OnGridPosition(std::wstring_view line) {
   m_Point.east = Metres(m_bEastFirst ? m_Position.north : m_Position.east);
   m_Point.elevation = Metres(m_Position.elevation);
   if (!m_PointNames.Insert(m_Point.name)) return Refuse(Text::DuplicatePoints);
-  ++m_nPointCount;
   m_bAnyPoint = true;
   return m_Job.WritePoint(m_Point);
 }
@@ -473,14 +471,12 @@ bool DcToJob::OnRoadAlignment(std::wstring_view /*line*/) {
   if (!m_bAnyPoint) {
     // Field software opens no job without a point.
     m_Point.name = L"1";
-    m_Point.description.clear();
     m_Point.north = element.value2;
     m_Point.east = element.value3;
     m_Point.elevation = element.value4;
     m_bAnyPoint = true;
     if (!m_Job.WritePoint(m_Point)) return false;
   }
-  ++m_nPointCount;
   return m_Job.WriteRecord16(element);
 }
 
