@@ -8,6 +8,7 @@
 #include "TempDir.h"
 #include "dc/CConvDcFile.h"
 #include "dc/WriteCoordinateSystem.h"
+#include "io/BinaryFields.h"
 
 namespace zelconvert {
 namespace {
@@ -21,7 +22,8 @@ std::vector<std::string> Lines(const std::string& bytes) {
   return lines;
 }
 
-// A job with one point that has an attribute block, and one that has none.
+// A job with a point that has an attribute block, one that names another kind of record for it, and
+// one of the old form, which names none.
 std::wstring MakeJob(const TempDir& folder, const std::wstring& name, std::uint16_t version) {
   CJobFile job(true);
   EXPECT_TRUE(job.Create(folder.Path(name), version));
@@ -30,16 +32,19 @@ std::wstring MakeJob(const TempDir& folder, const std::wstring& name, std::uint1
   block.data = {std::byte{'d'}, std::byte{'a'}, std::byte{'t'}, std::byte{'a'}};
   block.length = 4;
   JOB_POINT point;
-  point.name = L"P1";
   point.elevation = 1;
-  if (version >= kJobVersion) {
+  for (const auto& [each, kind] : {std::pair{L"P1", block.kind}, {L"P2", 12u}}) {
+    point.name = each;
+    block.kind = kind;
     point.attributeLink = static_cast<std::uint32_t>(job.GetFile().GetPosition());
-    EXPECT_TRUE(job.WriteGenericRecord(block));
+    EXPECT_EQ(job.WriteGenericRecord(block), version >= kJobVersion);
+    EXPECT_TRUE(job.WritePoint(point));
   }
-  EXPECT_TRUE(job.WritePoint(point));
-  point.name = L"P2";
-  point.attributeLink = 0;
-  EXPECT_TRUE(job.WritePoint(point));
+  point.name = L"P3";
+  block = {1, 92, std::vector<std::byte>(92)};
+  const BinaryWriter writer(block.data);
+  JOB_POINT::Walk(writer, point, JobRecordForm::Old);
+  EXPECT_TRUE(version < kJobVersion ? job.WritePoint(point) : job.WriteGenericRecord(block));
   EXPECT_TRUE(job.Close());
   return folder.Path(name);
 }
@@ -97,7 +102,7 @@ TEST(JobToDc, Dialects) {
     const Outcome run = Convert(folder, path, version);
     EXPECT_TRUE(run.done);
     const std::vector<std::string> lines = Lines(run.output);
-    ASSERT_EQ(lines.size(), 8u);
+    ASSERT_EQ(lines.size(), 9u);
     EXPECT_EQ(lines[0].substr(0, 14), header);
     EXPECT_EQ(lines[2], settings);
   }
@@ -134,7 +139,7 @@ TEST(JobToDc, FeaturesFollowTheirPoint) {
       Convert(folder, MakeJob(folder, L"job.job", kJobVersion), 2, std::make_unique<OneFeature>());
   EXPECT_TRUE(run.done);
   const std::vector<std::string> lines = Lines(run.output);
-  ASSERT_EQ(lines.size(), 13u);
+  ASSERT_EQ(lines.size(), 14u);
   EXPECT_EQ(lines[6].substr(0, 20), "69KI              P1");
   EXPECT_EQ(lines[7], pad("87FCTREE", 24));
   EXPECT_EQ(lines[8], pad("89FCSpecies?", 24) + pad("Oak", 100));
@@ -142,16 +147,17 @@ TEST(JobToDc, FeaturesFollowTheirPoint) {
   EXPECT_EQ(lines[10], pad("92FCState?", 24) + pad("sound", 20) + "003");
   EXPECT_EQ(lines[11], pad("92FCPlace?", 24) + pad("park/edge", 20) + "012");
   EXPECT_EQ(lines[12].substr(0, 20), "69KI              P2");
+  EXPECT_EQ(lines[13].substr(0, 20), "69KI              P3");
 }
 
 TEST(JobToDc, PointsWithoutAKnownFeatureStandAlone) {
   TempDir folder;
   const std::wstring path = MakeJob(folder, L"job.job", kJobVersion);
   EXPECT_EQ(Lines(Convert(folder, path, 2, std::make_unique<CFeatureCodeData>()).output).size(),
-            8u);
-  EXPECT_EQ(Lines(Convert(folder, path, 2).output).size(), 8u);
+            9u);
+  EXPECT_EQ(Lines(Convert(folder, path, 2).output).size(), 9u);
   const std::wstring old = MakeJob(folder, L"old.job", kOldJobVersion);
-  EXPECT_EQ(Lines(Convert(folder, old, 2, std::make_unique<OneFeature>()).output).size(), 8u);
+  EXPECT_EQ(Lines(Convert(folder, old, 2, std::make_unique<OneFeature>()).output).size(), 9u);
 }
 
 TEST(JobToDc, AttributeLinkOutsideTheFile) {

@@ -191,7 +191,7 @@ class Job:
         self.system.text(1008, line[185:217].strip(BLANKS), 261)
 
     def projection(self, line):
-        number_of_code = PROJECTIONS.get(line[4])
+        number_of_code = PROJECTIONS.get(line[4:5])
         self.system.word(404, number_of_code or 0)
         if number_of_code is None:
             self.system.word(4, 0)

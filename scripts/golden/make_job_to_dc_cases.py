@@ -408,8 +408,8 @@ def add_systems():
              "geoidFile": "G"}
     add("site", job5(place | {"shiftFile": "Label of the site"}, distance=2),
         "Horizontal type 0 with a zone name: a calibrated site.")
-    add("site-nulls", job5({"zoneName": "Site", "datumKind": 0x202}),
-        "A calibrated site without a reference position; its datum kind doesn't matter.")
+    add("site-nulls", job5({"zoneName": "Site", "datumKind": 0x202, "verticalType": 2062}),
+        "A calibrated site without a reference position; its datum kind and vertical type don't matter.")
     add("site-latitude-null", job5({"zoneName": "Site", "site": (NULL, 0.25, 1234.5, 1.0, 0.0, 0.0)}),
         "A null reference latitude counts as that many radians in the scale.")
     add("site-height-null", job5({"zoneName": "Site", "site": (0.5, 0.25, NULL, 1.0, 0.0, 0.0)}),

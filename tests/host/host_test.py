@@ -192,7 +192,7 @@ class PosixTest(HostTest):
         self.assertEqual(self.made(), [])
 
     def test_name_without_characters(self):
-        name = b"\xe4\xff.job"
+        name = b"\xe2\x82\xff.job"
         shutil.copyfile(os.path.join(self.folder, "a.job"), os.fsencode(self.folder) + b"/" + name)
         result = self.run_host(["convert", name, b"\xfe.dc"])
         self.assertEqual(result.returncode, 0, result.stderr)

@@ -5,6 +5,10 @@
 #include "Unprivileged.h"
 #include "platform/Platform.h"
 
+#if !defined(_WIN32)
+#include <sys/stat.h>
+#endif
+
 namespace zelconvert::platform {
 namespace {
 
@@ -16,7 +20,7 @@ TEST(File, DeniesWritersByAnyName) {
   const std::wstring path = dir.Write(L"in.job", "content");
   const std::wstring link = dir.Path(L"link.job");
   std::filesystem::create_hard_link(ToPath(path), ToPath(link));
-  std::wstring roundabout = dir.Path(L"") + L"./in.job";
+  std::wstring roundabout = dir.Path(L"") + L".\\in.job";
   struct Case {
     std::uint32_t first, second;
     bool opens;
@@ -80,6 +84,11 @@ TEST(File, IsDeletedWhileOpen) {
   EXPECT_FALSE(dir.Exists(L"out.dc"));
   EXPECT_FALSE(RemoveFile(path));
   EXPECT_FALSE(RemoveFile(ToText(dir.Folder())));
+#if !defined(_WIN32)
+  ASSERT_EQ(mkfifo((dir.Folder() / "pipe").c_str(), 0600), 0);
+  EXPECT_FALSE(RemoveFile(dir.Path(L"pipe")));
+  EXPECT_FALSE(file.Open(dir.Path(L"pipe"), kReadWrite));
+#endif
 }
 
 TEST(File, ReadsWritesAndSeeks) {
@@ -100,6 +109,7 @@ TEST(File, ReadsWritesAndSeeks) {
   EXPECT_EQ(file.Seek(0, SeekFrom::Current), 4);
   EXPECT_TRUE(file.Close());
   EXPECT_FALSE(file.Read(bytes, 1));
+  EXPECT_TRUE(file.Open(path, kCreateOutput | kAccessNoTruncate) && file.Close());
   EXPECT_EQ(dir.Read(L"a"), "01xy456789");
 }
 
@@ -139,6 +149,9 @@ TEST(File, PutsAttributesBackAsFound) {
   ASSERT_TRUE(found && found->isReadOnly && !found->isDirectory);
   EXPECT_TRUE(ClearReadOnly(path, *found));
   EXPECT_FALSE(GetAttributes(path)->isReadOnly);
+  if (kPathSeparator == L'/') {
+    EXPECT_EQ(permissions(), before | std::filesystem::perms::owner_write);
+  }
   EXPECT_TRUE(RestoreAttributes(path, *found));
   EXPECT_TRUE(GetAttributes(path)->isReadOnly);
   EXPECT_EQ(permissions(), before);

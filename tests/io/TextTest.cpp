@@ -1,7 +1,10 @@
 // Text conversions and path helpers.
 #include <gtest/gtest.h>
 
+#include <ctime>
+
 #include "TempDir.h"
+#include "io/CivilTime.h"
 #include "io/Clock.h"
 #include "io/Paths.h"
 #include "io/Strings.h"
@@ -18,7 +21,7 @@ TEST(Text, NarrowsAndWidensEveryByte) {
   EXPECT_EQ(ToNarrow(ToWide(all)), all);
   EXPECT_EQ(ToWide("A\x80\x81\x99\xE4"), L"A\u20ac\u0081\u2122\u00e4");
   EXPECT_EQ(ToNarrow(L"N\u00f8rdre \u4e2d \u20ac"), "N\xF8rdre ? \x80");
-  EXPECT_EQ(ToNarrow(L"\u221e\u0100"), "??");  // nothing that looks alike
+  EXPECT_EQ(ToNarrow(L"\u221e\u0100\u0085"), "???");  // nothing that looks alike
   EXPECT_EQ(ToNarrow(std::wstring(L"a\0b", 3)), std::string("a\0b", 3));
 }
 
@@ -94,6 +97,17 @@ TEST(Paths, FindFreeTemporaryNames) {
   EXPECT_TRUE(FileExists(dir.Path(L"temp123456")));
   EXPECT_FALSE(FileExists(ToText(dir.Folder())));
   EXPECT_FALSE(FileExists(L""));
+}
+
+TEST(Clock, TellsTheLocalTime) {
+  const std::time_t now = std::time(nullptr);
+  const std::tm local = *std::localtime(&now);
+  const std::int64_t before = CivilSeconds(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday,
+                                           local.tm_hour, local.tm_min, local.tm_sec);
+  const platform::LocalTime time = CurrentLocalTime();
+  EXPECT_GE(CivilSeconds(time), before);
+  EXPECT_LE(CivilSeconds(time), before + 60);
+  EXPECT_EQ(time.dayOfWeek, (CivilSeconds(time) / 86400 + 4) % 7);  // a Thursday came first
 }
 
 TEST(Paths, ProgramDirectoryEndsInASeparator) {

@@ -222,7 +222,8 @@ TEST(CJobFile, StampsANewJobWithTheTime) {
     EXPECT_EQ(time.dayOfWeek, 5);
     EXPECT_EQ(time.millisecond, 789);
     time.year = 2027;
-    EXPECT_TRUE(job.WriteCreationTime(time));
+    EXPECT_TRUE(job.WriteCreationTime(time) && job.ReadCreationTime(time));
+    EXPECT_EQ(time.year, 2027);
     job.Close();
     const std::string bytes = temp.Read(L"a.pwj");
     EXPECT_EQ(bytes.substr(0, 28), "Corvane Surveying Job File  ");
@@ -236,9 +237,9 @@ TEST(CJobFile, StampsANewJobWithTheTime) {
 }
 
 TEST(CJobFile, KeepsTheResetValuesBehindShortBlocks) {
-  std::string job = Block(42 + 30 + 6, '\x01').Put(28, std::uint16_t{5}).Put(30, std::uint32_t{78});
+  std::string job = Block(42 + 20 + 6, '\x01').Put(28, std::uint16_t{5}).Put(30, std::uint32_t{68});
   job.replace(0, 28, kJobSignature);
-  job.replace(34, 8, std::string(Block(8).Put(0, std::uint32_t{30}).Put(4, std::uint32_t{6})));
+  job.replace(34, 8, std::string(Block(8).Put(0, std::uint32_t{20}).Put(4, std::uint32_t{6})));
   const TempDir temp;
   CJobFile file(true);
   ASSERT_TRUE(file.Open(temp.Write(L"a.job", job), true));
@@ -246,7 +247,7 @@ TEST(CJobFile, KeepsTheResetValuesBehindShortBlocks) {
   CoordBlock block;
   ASSERT_TRUE(file.ReadJobHeader(header) && file.ReadCoordBlock(block));
   EXPECT_EQ(header.flags, 0x01010101u);
-  EXPECT_EQ(header.distanceUnit, 0x0101);
+  EXPECT_EQ(header.scale, 1.0);
   EXPECT_EQ(header.angleUnit, 0);
   CGlkProjectionRecord system;
   system.Unpack(block);
@@ -266,6 +267,7 @@ TEST(CJobFile, WritesTheHeaderOfAnOldJobOverWhatItDoesNotKnow) {
   const std::uint32_t extra = header.headerExtra;
   header.scale = 0.5;
   header.distanceUnit = 2;
+  header.angleUnit = 1;
   header.featureFile = L"not kept";
   header.headerExtra = 0;
   ASSERT_TRUE(file.WriteJobHeader(header) && file.ReadJobHeader(header));
@@ -281,7 +283,12 @@ TEST(CJobFile, WritesTheHeaderOfAnOldJobOverWhatItDoesNotKnow) {
   put(1082, Block(8).Put(0, 0.5));
   put(1090, Block(8).Put(0, 1.0));
   put(1098, Block(2).Put(0, std::uint16_t{2}));
+  put(1102, Block(2).Put(0, std::uint16_t{1}));
   EXPECT_EQ(temp.Read(L"a.job"), job);
+
+  ASSERT_TRUE(file.Create(temp.Path(L"b.job"), kOldJobVersion));
+  file.Close();
+  EXPECT_EQ(temp.Read(L"b.job").substr(34 + 34, 1044), std::string(1044, '\0'));
 }
 
 // What each version takes: nothing is written where the result is false.
@@ -307,6 +314,8 @@ TEST(CJobFile, WritesWhatItsVersionHolds) {
     job.GetFile().Flush();
     EXPECT_EQ(temp.Read(L"a.job") != before, row.headerChanges);
     EXPECT_EQ(job.WriteCoordBlock(CoordBlock{}), row.coordBlock);
+    CoordBlock block;
+    EXPECT_EQ(job.ReadCoordBlock(block) && block == CoordBlock{}, row.coordBlock);
     EXPECT_TRUE(job.SeekToEnd());
     const auto end = job.GetFile().GetPosition();
     EXPECT_EQ(job.WritePoint(JOB_POINT()), row.point);
@@ -397,6 +406,7 @@ TEST(CJobFile, ReadsRecordsOfAnyLengthThatTheFileHolds) {
     ASSERT_TRUE(job.Open(temp.Write(L"a.job", NewJob(records)), true));
     Head head;
     ASSERT_TRUE(job.SeekToFirstRecord() && head.Next(job));
+    EXPECT_EQ(head.length, read ? 7u : 0xFFFFFFFFu);
     JOB_GENERIC_RECORD record;
     EXPECT_EQ(job.ReadGenericRecord(record), read);
     EXPECT_EQ(record.kind, 17u);
