@@ -176,6 +176,16 @@ def example(name):
     return (EXAMPLES / name).read_bytes()
 
 
+def highest_in_the_middle(count):
+    """Numbers of which quick_sort takes the highest every time; all of its ranges wait but the last."""
+    places, numbers = list(range(count)), [1] * count
+    for left in range(count, 8, -1):
+        places[0], places[left // 2] = places[left // 2], places[0]
+        numbers[places[0]] = left
+        places[0], places[left - 1] = places[left - 1], places[0]
+    return numbers
+
+
 REPEATED = [9, 4, 7, 4, 1, 12, 9, 3, 4, 20, 8, 9, 2, 4, 15, 12, 6, 9, 11, 4]
 REPEATED_POINTS = [point(str(n), i, 100.0 + i, 0.5, f"AS NO {i}") for i, n in enumerate(REPEATED)]
 ROADS = record(10, text("ROAD1", 9) + bytes(70)) + record(16, bytes(112))
@@ -199,6 +209,7 @@ CASES = {
         point("3", description="SIXTEEN CHARS 16"), point("", description="NO NAME"),
         point("0000007", description="LEADING ZEROS"), point("0", description="NUMBER 0")),
     "job-to-cr5/repeated-numbers": job(*REPEATED_POINTS),
+    "job-to-cr5/highest-in-the-middle": job(*(point(str(n)) for n in highest_in_the_middle(100))),
     "job-to-cr5/no-points": job(LAYER),
     "job-to-cr5/no-records": job(),
     "job-to-cr5/seven-digits": job(point("9999999"), point("1234567")),

@@ -87,7 +87,6 @@ bool CParser::TakeField(std::wstring_view& field) {
   SetRest(text.substr(separator + 1));
   if (m_bCollapse) SkipBlanksAroundSeparator(IsSpace(text[separator]));
   field = text.substr(0, separator);
-  if (m_bTrimLeft) field = TrimLeft(field);
   if (m_bTrimRight) field = TrimRight(field);
   return true;
 }

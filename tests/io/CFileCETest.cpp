@@ -56,7 +56,7 @@ TEST(CFileCE, WritesLines) {
   for (const bool unicode : {false, true}) {
     CFileCE file(unicode);
     ASSERT_TRUE(file.Open(dir.Path(L"out"), kCreateOutput));
-    for (const wchar_t* text : {L"", L"a\nb\n", L"\u20ac\u4e2d", L"\n"}) {
+    for (const wchar_t* text : {L"", L"a\nb\n", L"\u20ac\u4e0a", L"\n"}) {
       EXPECT_TRUE(file.WriteLine(text));
     }
     EXPECT_TRUE(file.WriteLine(std::wstring(200000, L'x')));
@@ -65,7 +65,7 @@ TEST(CFileCE, WritesLines) {
     EXPECT_EQ(file.GetLength(), expected);
     EXPECT_TRUE(file.SeekToBegin());
     const std::vector<std::wstring> expectedLines = {
-        L"", L"a", L"b", unicode ? L"\u20ac\u4e2d" : L"\u20ac?", L"", std::wstring(200000, L'x')};
+        L"", L"a", L"b", unicode ? L"\u20ac\u4e0a" : L"\u20ac?", L"", std::wstring(200000, L'x')};
     EXPECT_EQ(Lines(file), expectedLines);
     EXPECT_TRUE(file.Close());
     EXPECT_FALSE(file.HasWriteFailed());

@@ -65,6 +65,9 @@ TEST(Paths, SplitAtBothSeparators) {
     EXPECT_EQ(GetFolder(path), folder);
     EXPECT_EQ(GetFileName(path), name);
   }
+  std::wstring folder = L"jobs\\";
+  EnsureSeparator(folder);
+  EXPECT_EQ(folder, L"jobs\\");
 }
 
 TEST(Paths, ChangeExtensions) {

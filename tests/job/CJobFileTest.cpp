@@ -382,12 +382,12 @@ TEST(CJobFile, DeletesInPlace) {
 TEST(CJobFile, KnowsItsPointsByName) {
   const std::string records = RecordBytes(0, Payload(13, 100)) +
                               RecordBytes(13, std::string(Block(100).Text(0, "A 1", 17))) +
-                              RecordBytes(14, std::string(Block(132).Text(0, "B", 17))) +
+                              RecordBytes(14, std::string(Block(132).Put(0, u'\xD83C').Put(2, u'\xDF32'))) +
                               RecordBytes(1, std::string(Block(92).Text(0, "OLD", 17)));
   const TempDir temp;
   const std::wstring path = temp.Write(L"a.job", NewJob(records));
   for (const auto& [name, exists] :
-       {std::pair{L"A 1", true}, std::pair{L"B", true}, std::pair{L"OLD", true},
+       {std::pair{L"A 1", true}, std::pair{L"\U0001F332", true}, std::pair{L"OLD", true},
         std::pair{L"A", false}, std::pair{L"POINT 16 LETTERS", false}, std::pair{L"", false}}) {
     CJobFile job(true);
     ASSERT_TRUE(job.Open(path, true));
