@@ -380,10 +380,11 @@ TEST(CJobFile, DeletesInPlace) {
 }
 
 TEST(CJobFile, KnowsItsPointsByName) {
-  const std::string records = RecordBytes(0, Payload(13, 100)) +
-                              RecordBytes(13, std::string(Block(100).Text(0, "A 1", 17))) +
-                              RecordBytes(14, std::string(Block(132).Put(0, u'\xD83C').Put(2, u'\xDF32'))) +
-                              RecordBytes(1, std::string(Block(92).Text(0, "OLD", 17)));
+  const std::string records =
+      RecordBytes(0, Payload(13, 100)) +
+      RecordBytes(13, std::string(Block(100).Text(0, "A 1", 17))) +
+      RecordBytes(14, std::string(Block(132).Put(0, u'\xD83C').Put(2, u'\xDF32'))) +
+      RecordBytes(1, std::string(Block(92).Text(0, "OLD", 17)));
   const TempDir temp;
   const std::wstring path = temp.Write(L"a.job", NewJob(records));
   for (const auto& [name, exists] :
