@@ -96,6 +96,8 @@ TEST(FileTypes, RefusesWhatIsNone) {
   int count = 7;
   EXPECT_FALSE(cZelGetSupportedInputTypes(FT_DC, nullptr, &count));
   EXPECT_EQ(count, 7);
+  int* list = nullptr;
+  EXPECT_FALSE(cZelGetSupportedOutputTypes(FT_DC, &list, nullptr));
   EXPECT_FALSE(cZelGetExtension(FT_DC, nullptr));
 }
 

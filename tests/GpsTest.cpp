@@ -91,8 +91,8 @@ TEST(Gps, TheHashCountsTheFirst512Characters) {
   EXPECT_EQ(GpsRecordHash(longest + L"A", L"x"), 0u);
   EXPECT_NE(GpsRecordHash(longest, L"x"), 0u);
   EXPECT_EQ(GpsRecordHash(L"", longest + L"tail"), GpsRecordHash(L"", longest));
-  // state 1 * 0x343FD + 0x269EC3 for the first character, times its code
-  EXPECT_EQ(GpsRecordHash(L"\x1", L"\x2"), 2u * (0x343FDu + 0x269EC3u));
+  // state 0x101 * 0x343FD + 0x269EC3 for the first character, times its code
+  EXPECT_EQ(GpsRecordHash(L"\u0101", L"\x2"), 2u * (0x101u * 0x343FDu + 0x269EC3u));
 }
 
 TEST(Gps, ASignatureIsWhatStandsBehindTheLastStar) {

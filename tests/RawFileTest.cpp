@@ -373,8 +373,8 @@ TEST_F(RawWriters, WriteEveryRecord) {
 
 TEST_F(RawWriters, FormatPlaces) {
   const RawArgument arguments[] = {std::wstring_view(L"text"), 7, 7, 7, L'c', 1.5};
-  EXPECT_TRUE(raw.WriteRecord(L"%s|%ld|%02d|%4d|%c|%lf|%s", arguments));
-  EXPECT_EQ(Written(), "text|7|07|   7|c|1.500000|\r\n");
+  EXPECT_TRUE(raw.WriteRecord(L"%s|%ld|%02d|%10d|%c|%lf|%s", arguments));
+  EXPECT_EQ(Written(), "text|7|07|         7|c|1.500000|\r\n");
 }
 
 TEST_F(RawWriters, AppendBehindWhatIsThere) {

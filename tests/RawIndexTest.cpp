@@ -169,7 +169,7 @@ TEST(NameSet, HoldsWhatASetHolds) {
   std::mt19937 random(11);
   NameSet names;
   std::vector<std::wstring> expected;
-  const std::wstring characters = L"01A\u00e9\u20ac\xFFFF\x7F\x80";
+  const std::wstring characters = L"01A\u00e9\u20ac\xFFFF\x7F\x80\u0169\u01e9";
   EXPECT_EQ(names.Find(L""), std::nullopt);
   for (int i = 0; i < 5000; ++i) {
     std::wstring name(random() % 7, L'x');

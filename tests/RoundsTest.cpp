@@ -100,6 +100,9 @@ TEST(ReduceRounds, TakesDirectionsAloneAsASet) {
   set.distances[0] = 25;
   set.distances[1] = 25.002;
   EXPECT_EQ(Reduce({}, {}, {set}), ReadBytes("tests/golden-lines/rounds-directions.dc"));
+  RD_RECORD direct;
+  direct[DirectionKind::BacksightDirect] = 350;
+  EXPECT_NE(Reduce({}, {}, {direct}), "");
 }
 
 TEST(ReduceRounds, TakesAForesightAsReferenceWhenThereIsNothingElse) {

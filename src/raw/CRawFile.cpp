@@ -112,7 +112,6 @@ bool CRawFile::FindRecord(FieldTag tag, std::wstring& text) {
   while (ReadRecord(text)) {
     if (text.compare(0, 2, tag) == 0) return true;
   }
-  text.clear();
   return false;
 }
 
