@@ -9,17 +9,13 @@
 namespace zelconvert {
 namespace {
 
-// In the second job the same but for the layers.
+// Of the second job the same but for the layers.
 constexpr JobKind kCopiedKinds[] = {JobKind::Layer,    JobKind::Point,    JobKind::PointEx,
                                     JobKind::Record15, JobKind::Record4,  JobKind::Record16,
                                     JobKind::Record9,  JobKind::Record10, JobKind::Record7};
 
 bool IsCopied(JobKind kind) {
   return std::ranges::find(kCopiedKinds, kind) != std::end(kCopiedKinds);
-}
-
-bool IsCopiedOfSecond(JobKind kind) {
-  return IsCopied(kind) && kind != JobKind::Layer;
 }
 
 bool HasId(JobKind kind) {
@@ -53,17 +49,18 @@ bool CJobMerger::CopyHeader(CJobFile& output) {
          m_First.ReadCoordBlock(block) && output.WriteCoordBlock(block) && output.SeekToEnd();
 }
 
-// handle: called with the kind and the payload of each record of the wanted kinds; false ends the
-// walk with false.
+// handle: called with the kind and the payload of each record of the copied kinds; false ends the
+// walk with false. Where a head tells a wrong length, every walk must go on at the same place: so
+// all these kinds are read in all walks.
 template <class Handler>
-bool CJobMerger::ForEachRecord(CJobFile& job, bool (*isWanted)(JobKind), Handler handle) {
+bool CJobMerger::ForEachRecord(CJobFile& job, Handler handle) {
   if (!job.SeekToFirstRecord()) return false;
   JobKind kind;
   std::int64_t position;
   std::uint32_t length;
   CJobFile::FixedPayload payload;
   while (job.ReadNextRecordHead(kind, position, length)) {
-    if (!isWanted(kind)) {
+    if (!IsCopied(kind)) {
       if (!job.SkipRecord()) return false;
       continue;
     }
@@ -76,12 +73,12 @@ bool CJobMerger::ForEachRecord(CJobFile& job, bool (*isWanted)(JobKind), Handler
 // An element names its road by the road's id, and may stand in front of it. So the roads of the
 // second job get their ids before anything is written.
 bool CJobMerger::FindIds() {
-  const bool first = ForEachRecord(m_First, HasId, [this](JobKind kind, Payload payload) {
-    FindIdOfFirst(kind, LoadId(kind, payload));
+  const bool first = ForEachRecord(m_First, [this](JobKind kind, Payload payload) {
+    if (HasId(kind)) FindIdOfFirst(kind, LoadId(kind, payload));
     return true;
   });
   Id road = m_nLastRoad;
-  return first && ForEachRecord(m_Second, HasId, [&](JobKind kind, Payload payload) {
+  return first && ForEachRecord(m_Second, [&](JobKind kind, Payload payload) {
            if (kind != JobKind::Record10) return true;
            m_RoadOfSecond.try_emplace(LoadId(kind, payload), ++road);
            m_Roads.insert(road);
@@ -102,8 +99,8 @@ void CJobMerger::FindIdOfFirst(JobKind kind, Id id) {
 // prepare: told of every payload before it is written, to change it.
 bool CJobMerger::CopyRecords(CJobFile& job, CJobFile& output,
                              void (CJobMerger::*prepare)(JobKind, Payload)) {
-  const auto isWanted = &job == &m_First ? IsCopied : IsCopiedOfSecond;
-  return ForEachRecord(job, isWanted, [&](JobKind kind, Payload payload) {
+  return ForEachRecord(job, [&](JobKind kind, Payload payload) {
+    if (kind == JobKind::Layer && &job == &m_Second) return true;
     (this->*prepare)(kind, payload);
     return output.WriteRecord(payload, static_cast<std::uint32_t>(kind));
   });

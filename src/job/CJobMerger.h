@@ -47,7 +47,7 @@ class CJobMerger {
 
   bool CopyHeader(CJobFile& output);
   template <class Handler>
-  static bool ForEachRecord(CJobFile& job, bool (*isWanted)(JobKind), Handler handle);
+  static bool ForEachRecord(CJobFile& job, Handler handle);
   bool FindIds();
   void FindIdOfFirst(JobKind kind, Id id);
   bool CopyRecords(CJobFile& job, CJobFile& output, void (CJobMerger::*prepare)(JobKind, Payload));

@@ -130,6 +130,15 @@ TEST(MergeJobs, FailsOnDamage) {
   }
 }
 
+// A layer is read at its own length, whatever its head says; so is one that isn't copied.
+TEST(MergeJobs, GoesOnBehindALayerOfWrongLength) {
+  std::string records = Records(L"11:101a 13:1/101b");
+  records.replace(4, 4, "\xff\xff\x01\x00", 4);
+  const Merged made = Merge(Job("job", 'A', records), Job("job", 'B', records));
+  EXPECT_TRUE(made.merged);
+  EXPECT_EQ(made.output, Job("job", 'A', Records(L"11:101a 13:1/101b 13:1/101b", true)));
+}
+
 TEST(MergeJobs, NeedsThreeFiles) {
   const TempDir temp;
   const std::string job = Job("job", 'A', "");
