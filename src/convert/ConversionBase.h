@@ -12,6 +12,22 @@ namespace zelconvert {
 /// Texts in the order they arose; the paths of files made.
 using StringList = std::vector<std::wstring>;
 
+/// What a run tells its host.
+struct Report {
+  StringList files;     ///< the paths of the files made
+  StringList messages;  ///< warnings and errors, in the order they arose
+};
+
+/// What a host asks for. The types are its numbers, unchecked.
+struct ConvertRequest {
+  int inputType = -1;
+  std::wstring input;
+  int outputType = -1;
+  std::wstring output;
+  int units = 0;             ///< of a CR5 input: 0 metres, 1 international feet, 2 US survey feet
+  std::wstring featureFile;  ///< may be empty
+};
+
 /// Thrown where a file breaks a conversion in a way that no text of its own words, such as a DC
 /// header line that is too short. Nothing between there and the driver catches it: the driver ends
 /// the run as a failed one with its general text.

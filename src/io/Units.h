@@ -1,5 +1,8 @@
-// Linear units of job, CR5 and DC data, and the value that stands for "no value".
+// Units of lengths and angles, and the value that stands for "no value". A format's own codes of
+// units are mapped to these at its edge and go no further.
 #pragma once
+
+#include <cstdint>
 
 namespace zelconvert {
 
@@ -42,6 +45,36 @@ inline constexpr double kFeetPerMetre = 3.280839895013123;
 inline constexpr double kUsFeetPerMetre = 3.280833333333333;
 
 inline constexpr double kPi = 3.141592653589793;
+
+enum class LinearUnit : std::uint8_t { Metre, InternationalFoot, UsSurveyFoot };
+
+/// Degrees, minutes and seconds are those of field logs, written DDD.MMSSsss: 12.3045 is 12 degrees
+/// 30 minutes 45 seconds.
+enum class AngularUnit : std::uint8_t { DegreesMinutesSeconds, DecimalDegrees, Gon, Radian };
+
+/// `value`, a length in `unit`, in metres. Null stays as it is.
+constexpr double ToMetres(double value, LinearUnit unit) {
+  if (IsNull(value) || unit == LinearUnit::Metre) return value;
+  return value * (unit == LinearUnit::UsSurveyFoot ? kMetresPerUsFoot : kMetresPerFoot);
+}
+/// `value`, a length in metres, in `unit`. Null stays as it is.
+constexpr double FromMetres(double value, LinearUnit unit) {
+  if (IsNull(value) || unit == LinearUnit::Metre) return value;
+  return value * (unit == LinearUnit::UsSurveyFoot ? kUsFeetPerMetre : kFeetPerMetre);
+}
+
+/// A full circle: 360, 400 or 2 pi. That of degrees, minutes and seconds is 360 too.
+constexpr double FullCircle(AngularUnit unit) {
+  return unit == AngularUnit::Gon ? 400 : unit == AngularUnit::Radian ? 2 * kPi : 360;
+}
+/// Decimal degrees of DDD.MMSSsss, sign kept, nothing wrapped; null stays as it is. A nudge far
+/// below the millisecond keeps 59.999... seconds from losing a minute.
+double DegreesFromDms(double value);
+/// `value`, an angle in `unit`, in radians. Null stays as it is.
+double ToRadians(double value, AngularUnit unit);
+/// `value`, an angle in radians, in `unit`, which isn't DegreesMinutesSeconds: nothing writes these
+/// from radians. Null stays as it is.
+double FromRadians(double value, AngularUnit unit);
 
 /// Other codes, and values of exactly -9.99e7 or -9.99e27, leave the value as it is.
 double MetresFromUnits(double value, int unit);
