@@ -8,7 +8,7 @@
 #include "cli/Host.h"
 #include "cli/platform/Host.h"
 #include "io/Strings.h"
-#include "raw/CConvRawSDRFile.h"
+#include "raw/sdr/CConvRawSDRFile.h"
 
 namespace zelconvert::cli {
 namespace {

@@ -1,7 +1,7 @@
 // Any file as a raw log, converted to both layouts of SDR.
 
 #include "FuzzFile.h"
-#include "raw/CConvRawSDRFile.h"
+#include "raw/sdr/CConvRawSDRFile.h"
 
 namespace zelconvert {
 namespace {

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "FuzzFile.h"
-#include "raw/CConvRawSDRFile.h"
+#include "raw/sdr/CConvRawSDRFile.h"
 
 namespace zelconvert {
 namespace {

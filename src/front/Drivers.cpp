@@ -16,9 +16,9 @@
 #include "job/CJobFile.h"
 #include "jxl/CConvertJobXml.h"
 #include "platform/Platform.h"
-#include "raw/CConvRawDCFile.h"
-#include "raw/CConvRawSDRFile.h"
-#include "raw/JobPoints.h"
+#include "raw/sdr/CConvRawSDRFile.h"
+#include "raw/todc/CConvRawDCFile.h"
+#include "raw/todc/JobPoints.h"
 
 namespace zelconvert {
 namespace {

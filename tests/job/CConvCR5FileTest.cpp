@@ -4,7 +4,7 @@
 
 #include <stdexcept>
 
-#include "../TempDir.h"
+#include "TempDir.h"
 #include "JobBytes.h"
 #include "job/CConvCR5File.h"
 

@@ -3,7 +3,7 @@
 #include <functional>
 #include <vector>
 
-#include "../TempDir.h"
+#include "TempDir.h"
 #include "JobBytes.h"
 #include "geodetic/CGlkProjectionRecord.h"
 #include "io/Clock.h"

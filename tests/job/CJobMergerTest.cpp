@@ -3,7 +3,7 @@
 #include <map>
 #include <sstream>
 
-#include "../CaseFile.h"
+#include "CaseFile.h"
 #include "JobBytes.h"
 #include "geodetic/CGlkProjectionRecord.h"
 #include "io/Strings.h"

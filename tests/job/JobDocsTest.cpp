@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "../TempDir.h"
+#include "TempDir.h"
 #include "job/Cr5Records.h"
 #include "job/JobRecords.h"
 

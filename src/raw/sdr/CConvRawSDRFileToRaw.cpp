@@ -10,7 +10,7 @@
 #include "io/Strings.h"
 #include "io/Units.h"
 #include "raw/Angles.h"
-#include "raw/CConvRawSDRFile.h"
+#include "raw/sdr/CConvRawSDRFile.h"
 
 namespace zelconvert {
 namespace {

@@ -1,7 +1,7 @@
 // Sets of rounds are gathered, and dropped at the next shot: what a DC file gets from a log are its
 // plain shots. Only a set that is marked as pending is reduced, and no record marks one.
-#include "raw/CConvRawDCFile.h"
-#include "raw/Rounds.h"
+#include "raw/todc/CConvRawDCFile.h"
+#include "raw/todc/Rounds.h"
 
 namespace zelconvert {
 

@@ -5,7 +5,7 @@
 #include "io/Strings.h"
 #include "io/Units.h"
 #include "raw/Angles.h"
-#include "raw/CConvRawDCFile.h"
+#include "raw/todc/CConvRawDCFile.h"
 
 namespace zelconvert {
 namespace {

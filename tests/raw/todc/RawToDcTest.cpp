@@ -15,7 +15,7 @@
 #include "TempDir.h"
 #include "dc/CDcFile.h"
 #include "platform/Platform.h"
-#include "raw/CConvRawDCFile.h"
+#include "raw/todc/CConvRawDCFile.h"
 
 namespace zelconvert {
 namespace {

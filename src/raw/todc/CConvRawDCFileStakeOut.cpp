@@ -2,8 +2,8 @@
 // GPS point that staked it. What the design asks for and what was reached go out behind the shot.
 #include <cmath>
 
-#include "raw/CConvRawDCFile.h"
-#include "raw/OffsetNote.h"
+#include "raw/todc/CConvRawDCFile.h"
+#include "raw/todc/OffsetNote.h"
 
 namespace zelconvert {
 namespace {

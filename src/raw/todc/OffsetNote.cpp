@@ -1,4 +1,4 @@
-#include "raw/OffsetNote.h"
+#include "raw/todc/OffsetNote.h"
 
 #include <cstddef>
 

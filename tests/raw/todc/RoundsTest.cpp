@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "TempDir.h"
-#include "raw/Rounds.h"
+#include "raw/todc/Rounds.h"
 
 namespace zelconvert {
 namespace {

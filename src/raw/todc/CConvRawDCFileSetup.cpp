@@ -1,7 +1,7 @@
 // Job, mode, and the records that set the instrument up.
 #include "io/Numbers.h"
 #include "io/Strings.h"
-#include "raw/CConvRawDCFile.h"
+#include "raw/todc/CConvRawDCFile.h"
 
 namespace zelconvert {
 namespace {

@@ -8,7 +8,7 @@
 #include "CaseFile.h"
 #include "Office.h"
 #include "io/Clock.h"
-#include "raw/CConvRawSDRFile.h"
+#include "raw/sdr/CConvRawSDRFile.h"
 
 namespace zelconvert {
 namespace {

@@ -6,7 +6,7 @@
 #include "dc/WriteCoordinateSystem.h"
 #include "geodetic/CGeodeticDllIndices.h"
 #include "io/Paths.h"
-#include "raw/CConvRawDCFile.h"
+#include "raw/todc/CConvRawDCFile.h"
 
 namespace zelconvert {
 namespace {

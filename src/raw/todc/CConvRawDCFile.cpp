@@ -1,11 +1,11 @@
-#include "raw/CConvRawDCFile.h"
+#include "raw/todc/CConvRawDCFile.h"
 
 #include <array>
 #include <utility>
 
 #include "convert/CConvertProgress.h"
 #include "io/Strings.h"
-#include "raw/JobPoints.h"
+#include "raw/todc/JobPoints.h"
 
 namespace zelconvert {
 namespace {

@@ -1,4 +1,4 @@
-#include "raw/Rounds.h"
+#include "raw/todc/Rounds.h"
 
 #include <algorithm>
 #include <cmath>

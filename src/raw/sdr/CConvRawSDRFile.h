@@ -9,7 +9,7 @@
 #include "io/CFileCE.h"
 #include "raw/CRawFile.h"
 #include "raw/CZelPoint.h"
-#include "raw/SdrLines.h"
+#include "raw/sdr/SdrLines.h"
 
 namespace zelconvert {
 

@@ -1,4 +1,4 @@
-#include "raw/RawDcState.h"
+#include "raw/todc/RawDcState.h"
 
 #include <cmath>
 

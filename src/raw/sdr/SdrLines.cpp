@@ -1,4 +1,4 @@
-#include "raw/SdrLines.h"
+#include "raw/sdr/SdrLines.h"
 
 #include "io/CParser.h"
 #include "io/Columns.h"

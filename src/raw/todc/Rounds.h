@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "dc/CDcFile.h"
-#include "raw/RawDcState.h"
+#include "raw/todc/RawDcState.h"
 
 namespace zelconvert {
 

@@ -1,4 +1,4 @@
-#include "raw/CConvRawSDRFile.h"
+#include "raw/sdr/CConvRawSDRFile.h"
 
 #include <cmath>
 #include <limits>

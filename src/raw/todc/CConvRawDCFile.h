@@ -15,8 +15,8 @@
 #include "dc/CDcFile.h"
 #include "raw/CRawFile.h"
 #include "raw/CZelPoint.h"
-#include "raw/RawDcState.h"
 #include "raw/RawIndex.h"
+#include "raw/todc/RawDcState.h"
 
 namespace zelconvert {
 

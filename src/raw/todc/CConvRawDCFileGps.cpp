@@ -5,8 +5,8 @@
 
 #include "convert/GpsSecurity.h"
 #include "io/Strings.h"
-#include "raw/CConvRawDCFile.h"
 #include "raw/GpsSignature.h"
+#include "raw/todc/CConvRawDCFile.h"
 
 namespace zelconvert {
 namespace {

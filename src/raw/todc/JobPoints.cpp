@@ -1,8 +1,8 @@
-#include "raw/JobPoints.h"
+#include "raw/todc/JobPoints.h"
 
 #include "io/Paths.h"
 #include "job/CJobFile.h"
-#include "raw/RawDcState.h"
+#include "raw/todc/RawDcState.h"
 
 namespace zelconvert {
 
