@@ -16,6 +16,7 @@ using StringList = std::vector<std::wstring>;
 struct Report {
   StringList files;     ///< the paths of the files made
   StringList messages;  ///< warnings and errors, in the order they arose
+  StringList beside;    ///< files made beside the output, which no host is told of: those of roads
 };
 
 /// What a host asks for. The types are its numbers, unchecked.
@@ -24,8 +25,8 @@ struct ConvertRequest {
   std::wstring input;
   int outputType = -1;
   std::wstring output;
-  int units = 0;             ///< of a CR5 input: 0 metres, 1 international feet, 2 US survey feet
-  std::wstring featureFile;  ///< may be empty
+  int units = 0;  ///< of a CR5 input: 0 metres, 1 international feet, 2 US survey feet
+  std::wstring featureFile = {};  ///< may be empty
 };
 
 /// Thrown where a file breaks a conversion in a way that no text of its own words, such as a DC

@@ -44,33 +44,34 @@ class WritableWhile {
 // Deletes the output of a run, and what was made beside it, unless they are to be kept.
 class OutputGuard {
  public:
-  explicit OutputGuard(const DriverRun& run) : m_run(run) {}
+  OutputGuard(const std::wstring& output, Report& report) : m_output(output), m_report(report) {}
   ~OutputGuard() {
     if (m_keep) return;
-    platform::RemoveFile(m_run.output);
-    if (m_run.beside != nullptr) RemoveFiles(*m_run.beside);
+    platform::RemoveFile(m_output);
+    RemoveFiles(m_report.beside);
   }
   OutputGuard(const OutputGuard&) = delete;
   OutputGuard& operator=(const OutputGuard&) = delete;
   void Keep() { m_keep = true; }
 
  private:
-  const DriverRun& m_run;
+  const std::wstring& m_output;
+  Report& m_report;
   bool m_keep = false;
 };
 
-bool Fail(const DriverRun& run, DriverText text, const std::wstring& path) {
-  run.messages.push_back(FormatDriverText(text, path));
+bool Fail(Report& report, DriverText text, const std::wstring& path) {
+  report.messages.push_back(FormatDriverText(text, path));
   return false;
 }
 
 // Conversions report what they expect to go wrong by a result. What their formats have no answer
 // for (a header too short to hold its digits, a date that no calendar has) comes as an exception.
-bool Convert(const DriverRun& run) {
+bool Convert(const ConvertRequest& request, Report& report, const DriverRun& run) {
   try {
     return run.convert();
   } catch (...) {
-    return Fail(run, DriverText::CannotConvert, run.input);
+    return Fail(report, DriverText::CannotConvert, request.input);
   }
 }
 
@@ -82,20 +83,15 @@ FileState CloseAll(const DriverRun& run) {
 
 // To a reader a broken drive looks like the end of the file, so only here it shows that the
 // conversion isn't whole.
-bool Finish(const DriverRun& run, bool converted) {
+bool Finish(const ConvertRequest& request, Report& report, const DriverRun& run, bool converted) {
   switch (CloseAll(run)) {
     case FileState::WriteFailed:
-      return Fail(run, DriverText::CannotWrite, run.output);
+      return Fail(report, DriverText::CannotWrite, request.output);
     case FileState::ReadFailed:
-      return converted && Fail(run, DriverText::CannotConvert, run.input);
+      return converted && Fail(report, DriverText::CannotConvert, request.input);
     default:
       return converted;
   }
-}
-
-// An output that is the input would be emptied before it is read.
-bool CreateOutput(const DriverRun& run) {
-  return !platform::IsSameFile(run.input, run.output) && run.createOutput();
 }
 
 }  // namespace
@@ -109,18 +105,19 @@ void RemoveOutput(const std::wstring& output) {
   if (found && !found->isReadOnly) platform::RemoveFile(output);
 }
 
-bool Execute(const DriverRun& run) {
-  if (!FileExists(run.input)) return Fail(run, run.missing, run.input);
-  const WritableWhile writable(run.input);
-  if (!run.openInput()) return Fail(run, DriverText::CannotOpen, run.input);
-  if (!CreateOutput(run)) {
+bool Execute(const ConvertRequest& request, Report& report, const DriverRun& run) {
+  if (!FileExists(request.input)) return Fail(report, run.missing, request.input);
+  const WritableWhile writable(request.input);
+  if (!run.openInput()) return Fail(report, DriverText::CannotOpen, request.input);
+  // An output that is the input would be emptied before it is read.
+  if (platform::IsSameFile(request.input, request.output) || !run.createOutput()) {
     CloseAll(run);
-    return Fail(run, DriverText::CannotCreate, run.output);
+    return Fail(report, DriverText::CannotCreate, request.output);
   }
 
-  OutputGuard output(run);
-  if (!Finish(run, Convert(run))) return false;
-  run.files.push_back(run.output);
+  OutputGuard output(request.output, report);
+  if (!Finish(request, report, run, Convert(request, report, run))) return false;
+  report.files.push_back(request.output);
   output.Keep();
   return true;
 }

@@ -1,4 +1,4 @@
-// What the drivers have in common: the steps of a run, the texts of its failures, and what becomes
+// What the routes have in common: the steps of a run, the texts of its failures, and what becomes
 // of the files on every way out.
 #pragma once
 
@@ -27,22 +27,18 @@ std::wstring FormatDriverText(DriverText text, const std::wstring& path = {});
 /// What a file says when it is closed, from best to worst.
 enum class FileState { Intact, ReadFailed, WriteFailed };
 
-/// One conversion of one file. The steps run in this order, each only if the one before was true.
+/// The steps of one conversion of one file, in this order, each only if the one before was true.
 struct DriverRun {
-  const std::wstring& input;
-  const std::wstring& output;
-  StringList& files;
-  StringList& messages;
-  DriverText missing;  ///< the text for an input that is no file
+  DriverText missing = DriverText::FileMissing;  ///< the text for an input that is no file
   std::function<bool()> openInput;
   std::function<bool()> createOutput;
   std::function<bool()> convert;
   std::vector<std::function<FileState()>> closing;  ///< in this order
-  StringList* beside = nullptr;  ///< further files that it made, deleted with the output
 };
 
-/// The whole of a driver's work, as Drivers.h promises it.
-bool Execute(const DriverRun& run);
+/// The whole of a route, as Drivers.h promises it. On failure the files of `report.beside` are
+/// deleted with the output.
+bool Execute(const ConvertRequest& request, Report& report, const DriverRun& run);
 
 /// Deletes what stands at the output's path after a failed conversion, even if it was there before;
 /// a read-only file stays, as it does for anyone who deletes files.

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <string>
+#include <utility>
 
 #include "dc/CConvDcFile.h"
 #include "dc/CDcFile.h"
@@ -55,243 +57,280 @@ constexpr DcDialect kDcDialects[] = {
 // Of a DC file that is read, where it makes no difference.
 constexpr int kNewestDialect = 3;
 
-/// The row of a type, or null.
+/// The row of a type that has one.
 template <class Row, std::size_t size>
-const Row* Find(const Row (&rows)[size], int type) {
-  const Row* row =
-      std::find_if(rows, rows + size, [type](const Row& each) { return each.type == type; });
-  return row == rows + size ? nullptr : row;
+const Row& Find(const Row (&rows)[size], int type) {
+  return *std::find_if(rows, rows + size - 1, [type](const Row& row) { return row.type == type; });
 }
 
-bool RefusePair(StringList& messages) {
-  messages.push_back(FormatDriverText(DriverText::NotSupported));
+bool Refuse(Report& report) {
+  report.messages.push_back(FormatDriverText(DriverText::NotSupported));
   return false;
 }
 
-bool ReadCr5(CFileCE& file, CJobFile& job, int units, StringList& messages, StringList& files) {
-  CConvCR5File conversion(&file, &job, false);
-  conversion.SetDirection(true);
-  conversion.SetUnits(units);
-  return conversion.ConvertToNative(messages, files);
+// Raw logs
+
+/// By the name alone, in lower case: other logs are those of the second brand.
+bool IsNative(const std::wstring& rawPath) {
+  return HasExtension(rawPath, L".raw") || HasExtension(rawPath, L".rw5");
 }
-
-bool WriteCr5(CFileCE& file, CJobFile& job, bool sequential, StringList& messages,
-              StringList& files) {
-  CConvCR5File conversion(&file, &job, sequential);
-  conversion.SetDirection(false);
-  return conversion.ConvertFromNative(messages, files);
-}
-
-bool ReadDc(CDcFile& file, CJobFile& job, StringList& messages, StringList& files) {
-  CConvDcFile conversion(&file, &job, kNewestDialect);
-  conversion.SetDirection(true);
-  return conversion.ConvertToNative(messages, files);
-}
-
-bool WriteDc(CDcFile& file, CJobFile& job, int dialect, StringList& messages, StringList& files) {
-  CConvDcFile conversion(&file, &job, dialect);
-  conversion.SetDirection(false);
-  return conversion.ConvertFromNative(messages, files);
-}
-
-bool WriteSdr(CRawFile& raw, CFileCE& file, int outputType, StringList& messages) {
-  CConvRawSDRFile conversion(&raw, &file);
-  conversion.SetSdrVersion(outputType == FT_SDR2 ? SdrVersion::Sdr2 : SdrVersion::Sdr33);
-  return conversion.ConvertFromRaw(messages);
-}
-
-}  // namespace
-
-bool ConvertToJob(int inputType, const std::wstring& input, const std::wstring& output,
-                  StringList& files, StringList& messages, int outputType, int units,
-                  StringList* roadFiles) {
-  const JobOutput* form = Find(kJobOutputs, outputType);
-  if (form == nullptr) return false;
-  const std::wstring jobPath = output.empty() ? GetTempJobName(nullptr) : output;
-  const bool fromDc = kDcTypes.Contains(inputType);
-
-  CFileCE file;  // of a CR5 input, which nobody opens: that conversion fails at its first read
-  CJobFile job(form->brand);
-  CDcFile dcFile;
-  StringList ownRoadFiles;
-  StringList& beside = roadFiles != nullptr ? *roadFiles : ownRoadFiles;
-  return Execute({
-      .input = input,
-      .output = jobPath,
-      .files = files,
-      .messages = messages,
-      .missing = DriverText::FileMissing,
-      .openInput = [&] { return !fromDc || dcFile.OpenForRead(input); },
-      .createOutput = [&] { return job.Create(jobPath, form->version); },
-      .convert =
-          [&] {
-            if (kCr5Types.Contains(inputType)) return ReadCr5(file, job, units, messages, files);
-            if (fromDc) return ReadDc(dcFile, job, messages, beside);
-            // Unlike elsewhere the job that was made is kept: empty, and a success.
-            RefusePair(messages);
-            return true;
-          },
-      .closing = {Closer(file), Closer(job.GetFile()), Closer(dcFile)},
-      .beside = &beside,
-  });
-}
-
-bool ConvertFromJob(int outputType, const std::wstring& input, const std::wstring& output,
-                    StringList& files, StringList& messages) {
-  const DcDialect* dialect = Find(kDcDialects, outputType);
-
-  CJobFile job(HasExtension(input, L".job"));
-  CFileCE file;
-  CDcFile dcFile;
-  return Execute({
-      .input = input,
-      .output = output,
-      .files = files,
-      .messages = messages,
-      .missing = DriverText::FileMissing,
-      .openInput = [&] { return job.Open(input, false); },
-      .createOutput =
-          [&] {
-            return dialect != nullptr ? dcFile.OpenForWrite(output)
-                                      : file.Open(output, kCreateOutput);
-          },
-      .convert =
-          [&] {
-            if (kCr5Types.Contains(outputType)) {
-              return WriteCr5(file, job, outputType == FT_SEQ_CR5, messages, files);
-            }
-            if (dialect != nullptr) {
-              return WriteDc(dcFile, job, dialect->fromJob, messages, files);
-            }
-            return RefusePair(messages);
-          },
-      .closing = {Closer(job.GetFile()), Closer(file), Closer(dcFile)},
-  });
-}
-
-bool ConvertDcIlj(int outputType, int inputType, const std::wstring& input,
-                  const std::wstring& output, StringList& files, StringList& messages) {
-  const bool fromDc = kDcTypes.Contains(inputType);
-  const bool toDc = kDcTypes.Contains(outputType);
-
-  CTextFile inputText(CTextFile::kUtf16LittleEndian);
-  CTextFile outputText(CTextFile::kUtf8);
-  CDcFile inputDc;
-  CDcFile outputDc;
-  inputText.SetAllowUnicode(true);
-  if (!toDc) CTextFile::s_bUnicodeAllowed = true;  // from now on, in the whole process
-  return Execute({
-      .input = input,
-      .output = output,
-      .files = files,
-      .messages = messages,
-      .missing = DriverText::FileMissing,
-      .openInput =
-          [&] { return fromDc ? inputDc.OpenForRead(input) : inputText.Open(input, kOpenText); },
-      .createOutput =
-          [&] {
-            return toDc ? outputDc.OpenForWrite(output)
-                        : outputText.Open(output, kCreateOutput, CTextFile::kUtf8, true);
-          },
-      .convert =
-          [&] {
-            if (toDc) return CConvILJtoDC().Convert(outputDc, inputText, messages, files);
-            if (outputType != FT_ILJ) return RefusePair(messages);
-            return fromDc && CConvDCtoILJ().Convert(inputDc, outputText, messages, files);
-          },
-      .closing = {Closer(outputText), Closer(outputDc), Closer(inputText), Closer(inputDc)},
-  });
-}
-
-namespace {
 
 /// The output would take the place of the job that a log refers to.
-bool IsSameJob(const std::wstring& jobPath, const std::wstring& output) {
-  return IsJobPath(jobPath) && platform::IsSameFile(jobPath, output);
+bool IsSameJob(const ConvertRequest& request) {
+  return IsJobPath(request.featureFile) &&
+         platform::IsSameFile(request.featureFile, request.output);
 }
 
-}  // namespace
-
-bool ConvertFromRaw(int outputType, const std::wstring& input, const std::wstring& output,
-                    StringList& files, StringList& messages, const std::wstring& jobPath,
-                    bool bPaired) {
-  // By the name alone, in lower case: other logs are those of the second brand.
-  const bool bNative = HasExtension(input, L".raw") || HasExtension(input, L".rw5");
-  const DcDialect* dialect = Find(kDcDialects, outputType);
-
+/// convert: called with the open log.
+template <class Output, class Create, class Convert>
+bool FromRaw(const ConvertRequest& request, Report& report, Output& output, Create create,
+             Convert convert) {
   CRawFile raw;
-  CFileCE file;
-  CDcFile dcFile;
-  CJxlFile jxlFile(bNative);
-  return Execute({
-      .input = input,
-      .output = output,
-      .files = files,
-      .messages = messages,
-      .missing = DriverText::RawFileMissing,
-      .openInput = [&] { return raw.Open(input, kOpenReadWrite); },
-      .createOutput =
-          [&] {
-            if (dialect != nullptr) {
-              return !IsSameJob(jobPath, output) && dcFile.OpenForWrite(output);
-            }
-            if (outputType == FT_JXL) return jxlFile.Create(output);
-            return file.Open(output, kCreateOutput);
-          },
-      .convert =
-          [&] {
-            if (dialect != nullptr) {
-              return CConvRawDCFile(&raw, &dcFile, bPaired, bNative, dialect->fromRaw, jobPath)
-                  .ConvertFromRaw(messages);
-            }
-            if (outputType == FT_JXL) {
-              return CConvertJobXml(bNative).Convert(raw, jxlFile, messages, files);
-            }
-            if (kSdrTypes.Contains(outputType)) return WriteSdr(raw, file, outputType, messages);
-            return RefusePair(messages);
-          },
-      .closing = {Closer(raw), Closer(file), Closer(dcFile), Closer(jxlFile)},
-  });
+  return Execute(request, report,
+                 {
+                     .missing = DriverText::RawFileMissing,
+                     .openInput = [&] { return raw.Open(request.input, kOpenReadWrite); },
+                     .createOutput = create,
+                     .convert = [&] { return convert(raw); },
+                     .closing = {Closer(raw), Closer(output)},
+                 });
 }
 
-namespace {
+/// isPaired: a job of the same name stands beside the log.
+bool ReduceRaw(const ConvertRequest& request, Report& report, bool isPaired) {
+  CDcFile dc;
+  return FromRaw(
+      request, report, dc, [&] { return !IsSameJob(request) && dc.OpenForWrite(request.output); },
+      [&](CRawFile& raw) {
+        return CConvRawDCFile(&raw, &dc, isPaired, IsNative(request.input),
+                              Find(kDcDialects, request.outputType).fromRaw, request.featureFile)
+            .ConvertFromRaw(report.messages);
+      });
+}
 
-// The raw log that belongs to `input` goes to the driver of raw logs. What stood at `output` is
-// gone on failure, even if it wasn't made here; only a file of the pair itself stays.
-bool ConvertPair(const std::wstring& input, const std::wstring& rawPath, const std::wstring& output,
-                 StringList& files, StringList& messages, int outputType,
-                 const std::wstring& jobPath) {
-  if (platform::IsSameFile(input, output) && FileExists(rawPath)) {
-    messages.push_back(FormatDriverText(DriverText::CannotCreate, output));
+/// A failure takes away what stood at the output, even if it wasn't made here; only a file of the
+/// pair itself stays.
+bool PairToDc(const ConvertRequest& pair, std::wstring_view extension, Report& report) {
+  const std::wstring& input = pair.input;
+  ConvertRequest request = pair;
+  request.input = input.substr(0, input.size() - std::min<std::size_t>(input.size(), 4));
+  request.input += extension;
+  const bool isInput = platform::IsSameFile(input, pair.output);
+  if (isInput && FileExists(request.input)) {
+    report.messages.push_back(FormatDriverText(DriverText::CannotCreate, pair.output));
     return false;
   }
-  if (ConvertFromRaw(outputType, rawPath, output, files, messages, jobPath, true)) return true;
-  if (!platform::IsSameFile(input, output) && !platform::IsSameFile(rawPath, output) &&
-      !IsSameJob(jobPath, output)) {
-    RemoveOutput(output);
+  if (ReduceRaw(request, report, true)) return true;
+  if (!isInput && !platform::IsSameFile(request.input, pair.output) && !IsSameJob(pair)) {
+    RemoveOutput(pair.output);
   }
   return false;
 }
 
-/// `path` with its last four characters replaced.
-std::wstring ReplaceEnd(const std::wstring& path, std::wstring_view extension) {
-  return path.substr(0, path.size() - std::min<std::size_t>(path.size(), 4)).append(extension);
+// Jobs
+
+/// convert: called with the open job, of the brand that the exact extension ".job" stands for.
+template <class Output, class Create, class Convert>
+bool FromJob(const ConvertRequest& request, Report& report, Output& output, Create create,
+             Convert convert) {
+  CJobFile job(HasExtension(request.input, L".job"));
+  return Execute(request, report,
+                 {
+                     .openInput = [&] { return job.Open(request.input, false); },
+                     .createOutput = create,
+                     .convert = [&] { return convert(job); },
+                     .closing = {Closer(job.GetFile()), Closer(output)},
+                 });
+}
+
+/// convert: called with the job that was made.
+template <class Input, class Open, class Convert>
+bool ToJob(const ConvertRequest& asked, Report& report, Input& input, Open open, Convert convert) {
+  ConvertRequest request = asked;
+  if (request.output.empty()) request.output = GetTempJobName(nullptr);
+  const JobOutput& form = Find(kJobOutputs, request.outputType);
+  CJobFile job(form.brand);
+  return Execute(request, report,
+                 {
+                     .openInput = open,
+                     .createOutput = [&] { return job.Create(request.output, form.version); },
+                     .convert = [&] { return convert(job); },
+                     .closing = {Closer(job.GetFile()), Closer(input)},
+                 });
+}
+
+// A job beside the output that bridges two conversions; gone when this is.
+class TemporaryJob {
+ public:
+  explicit TemporaryJob(const std::wstring& directory) {
+    do {
+      m_path = GetTempJobName(directory.c_str()) + L".job";
+    } while (FileExists(m_path));
+  }
+  ~TemporaryJob() { platform::RemoveFile(m_path); }
+  TemporaryJob(const TemporaryJob&) = delete;
+  TemporaryJob& operator=(const TemporaryJob&) = delete;
+  const std::wstring& GetPath() const { return m_path; }
+
+ private:
+  std::wstring m_path;
+};
+
+using Stage = bool (*)(const ConvertRequest& request, Report& report);
+
+bool ThroughJob(const ConvertRequest& request, Stage toJob, Stage fromJob) {
+  if (platform::IsSameFile(request.input, request.output)) return false;
+
+  const TemporaryJob job(GetFolder(request.output));
+  ConvertRequest first = request, second = request;
+  first.output = second.input = job.GetPath();
+  first.outputType = second.inputType = FT_JOB;
+  Report made, ignored;
+  if (!toJob(first, made)) return false;
+  if (fromJob(second, ignored)) return true;
+  RemoveOutput(request.output);
+  RemoveFiles(made.beside);
+  return false;
 }
 
 }  // namespace
 
-bool ConvertJobRawPair(std::wstring input, std::wstring output, StringList& files,
-                       StringList& messages, int outputType, int /*units*/,
-                       const std::wstring& jobPath) {
-  const std::wstring rawPath = ReplaceEnd(input, HasExtension(input, L".job") ? L".raw" : L".pwr");
-  return ConvertPair(input, rawPath, output, files, messages, outputType, jobPath);
+bool RawToDc(const ConvertRequest& request, Report& report) {
+  return ReduceRaw(request, report, false);
 }
 
-bool ConvertCr5Rw5Pair(std::wstring input, std::wstring output, StringList& files,
-                       StringList& messages, int outputType, int /*units*/,
-                       const std::wstring& jobPath) {
-  return ConvertPair(input, ReplaceEnd(input, L".rw5"), output, files, messages, outputType,
-                     jobPath);
+bool RawToSdr(const ConvertRequest& request, Report& report) {
+  CFileCE file;
+  return FromRaw(
+      request, report, file, [&] { return file.Open(request.output, kCreateOutput); },
+      [&](CRawFile& raw) {
+        CConvRawSDRFile conversion(&raw, &file);
+        conversion.SetSdrVersion(request.outputType == FT_SDR2 ? SdrVersion::Sdr2
+                                                               : SdrVersion::Sdr33);
+        return conversion.ConvertFromRaw(report.messages);
+      });
+}
+
+bool RawToJxl(const ConvertRequest& request, Report& report) {
+  const bool isNative = IsNative(request.input);
+  CJxlFile jxl(isNative);
+  return FromRaw(
+      request, report, jxl, [&] { return jxl.Create(request.output); },
+      [&](CRawFile& raw) {
+        return CConvertJobXml(isNative).Convert(raw, jxl, report.messages, report.files);
+      });
+}
+
+bool RefuseRaw(const ConvertRequest& request, Report& report) {
+  CFileCE file;
+  return FromRaw(
+      request, report, file, [&] { return file.Open(request.output, kCreateOutput); },
+      [&](CRawFile&) { return Refuse(report); });
+}
+
+bool JobRawToDc(const ConvertRequest& request, Report& report) {
+  return PairToDc(request, HasExtension(request.input, L".job") ? L".raw" : L".pwr", report);
+}
+
+bool Cr5Rw5ToDc(const ConvertRequest& request, Report& report) {
+  return PairToDc(request, L".rw5", report);
+}
+
+bool JobToDc(const ConvertRequest& request, Report& report) {
+  CDcFile dc;
+  return FromJob(
+      request, report, dc, [&] { return dc.OpenForWrite(request.output); },
+      [&](CJobFile& job) {
+        CConvDcFile conversion(&dc, &job, Find(kDcDialects, request.outputType).fromJob);
+        conversion.SetDirection(false);
+        return conversion.ConvertFromNative(report.messages, report.files);
+      });
+}
+
+bool JobToCr5(const ConvertRequest& request, Report& report) {
+  CFileCE file;
+  return FromJob(
+      request, report, file, [&] { return file.Open(request.output, kCreateOutput); },
+      [&](CJobFile& job) {
+        CConvCR5File conversion(&file, &job, request.outputType == FT_SEQ_CR5);
+        conversion.SetDirection(false);
+        return conversion.ConvertFromNative(report.messages, report.files);
+      });
+}
+
+bool RefuseJob(const ConvertRequest& request, Report& report) {
+  CFileCE file;
+  return FromJob(
+      request, report, file, [&] { return file.Open(request.output, kCreateOutput); },
+      [&](CJobFile&) { return Refuse(report); });
+}
+
+bool DcToJob(const ConvertRequest& request, Report& report) {
+  CDcFile dc;
+  return ToJob(
+      request, report, dc, [&] { return dc.OpenForRead(request.input); },
+      [&](CJobFile& job) {
+        return CConvDcFile(&dc, &job, kNewestDialect)
+            .ConvertToNative(report.messages, report.beside);
+      });
+}
+
+bool Cr5ToJob(const ConvertRequest& request, Report& report) {
+  CFileCE file;
+  return ToJob(
+      request, report, file, [] { return true; },
+      [&](CJobFile& job) {
+        CConvCR5File conversion(&file, &job, false);
+        conversion.SetUnits(request.units);
+        return conversion.ConvertToNative(report.messages, report.files);
+      });
+}
+
+bool MakeEmptyJob(const ConvertRequest& request, Report& report) {
+  CFileCE file;
+  return ToJob(
+      request, report, file, [] { return true; },
+      [&](CJobFile&) {
+        Refuse(report);
+        return true;
+      });
+}
+
+bool DcToIlj(const ConvertRequest& request, Report& report) {
+  CDcFile dc;
+  CTextFile ilj(CTextFile::kUtf8);
+  CTextFile::s_bUnicodeAllowed = true;  // from now on, in the whole process
+  return Execute(
+      request, report,
+      {
+          .openInput = [&] { return dc.OpenForRead(request.input); },
+          .createOutput =
+              [&] { return ilj.Open(request.output, kCreateOutput, CTextFile::kUtf8, true); },
+          .convert = [&] { return CConvDCtoILJ().Convert(dc, ilj, report.messages, report.files); },
+          .closing = {Closer(ilj), Closer(dc)},
+      });
+}
+
+bool IljToDc(const ConvertRequest& request, Report& report) {
+  CTextFile ilj(CTextFile::kUtf16LittleEndian);
+  CDcFile dc;
+  ilj.SetAllowUnicode(true);
+  return Execute(
+      request, report,
+      {
+          .openInput = [&] { return ilj.Open(request.input, kOpenText); },
+          .createOutput = [&] { return dc.OpenForWrite(request.output); },
+          .convert = [&] { return CConvILJtoDC().Convert(dc, ilj, report.messages, report.files); },
+          .closing = {Closer(dc), Closer(ilj)},
+      });
+}
+
+bool Cr5ToDc(const ConvertRequest& request, Report& /*report*/) {
+  return ThroughJob(request, Cr5ToJob, JobToDc);
+}
+
+bool DcToCr5(const ConvertRequest& request, Report& /*report*/) {
+  return ThroughJob(request, DcToJob, JobToCr5);
 }
 
 }  // namespace zelconvert

@@ -1,44 +1,42 @@
-// The six drivers between the choice of a route and the conversion classes. A driver owns the files
-// of one run: it opens the input, creates the output, runs one conversion, closes what it opened
-// and puts the input's attributes back. On failure it has deleted the output and is false; on
-// success it has added the output to `files`. Texts go to `messages`, in the order they arise.
+// The routes, a function each: what is opened, what is made, and which conversion runs between.
+// Each owns the files of one run. On failure it has deleted the output and is false; on success it
+// has added the output to the report's files.
 #pragma once
-
-#include <string>
 
 #include "convert/ConversionBase.h"
 
 namespace zelconvert {
 
-/// Makes a job file. `units` is the unit of a CR5 input. An empty `output` becomes a temporary name
-/// in the root of the current drive. An input type that makes no job leaves an empty job and is
-/// true, with the text that it is not supported. roadFiles: gets the paths of the road files that
-/// stand beside the job, for whoever deletes them later; null if nobody does.
-bool ConvertToJob(int inputType, const std::wstring& input, const std::wstring& output,
-                  StringList& files, StringList& messages, int outputType, int units,
-                  StringList* roadFiles = nullptr);
+bool RawToDc(const ConvertRequest& request, Report& report);
+bool RawToSdr(const ConvertRequest& request, Report& report);
+bool RawToJxl(const ConvertRequest& request, Report& report);
 
-/// Reads a job file, of the brand that the exact extension ".job" stands for.
-bool ConvertFromJob(int outputType, const std::wstring& input, const std::wstring& output,
-                    StringList& files, StringList& messages);
+/// A pair is named by its job or CR5 file, which isn't read and need not exist: the raw log beside
+/// it is what is converted.
+bool JobRawToDc(const ConvertRequest& request, Report& report);
+bool Cr5Rw5ToDc(const ConvertRequest& request, Report& report);
 
-bool ConvertDcIlj(int outputType, int inputType, const std::wstring& input,
-                  const std::wstring& output, StringList& files, StringList& messages);
+bool JobToDc(const ConvertRequest& request, Report& report);
+bool JobToCr5(const ConvertRequest& request, Report& report);
 
-/// `bPaired`: a job file of the same name stands beside the raw log. `jobPath`: the job whose
-/// points a DC file of the log takes, see CConvRawDCFile; it is no output either.
-bool ConvertFromRaw(int outputType, const std::wstring& input, const std::wstring& output,
-                    StringList& files, StringList& messages, const std::wstring& jobPath,
-                    bool bPaired);
+/// An empty output becomes a temporary name in the root of the current drive.
+bool DcToJob(const ConvertRequest& request, Report& report);
+/// Always false: nobody opens the input of this route, so the conversion fails at its first read.
+bool Cr5ToJob(const ConvertRequest& request, Report& report);
 
-/// The raw log beside the job file `input`, which itself isn't read and need not exist.
-bool ConvertJobRawPair(std::wstring input, std::wstring output, StringList& files,
-                       StringList& messages, int outputType, int units,
-                       const std::wstring& jobPath);
+bool DcToIlj(const ConvertRequest& request, Report& report);
+bool IljToDc(const ConvertRequest& request, Report& report);
 
-/// The same beside a CR5 file.
-bool ConvertCr5Rw5Pair(std::wstring input, std::wstring output, StringList& files,
-                       StringList& messages, int outputType, int units,
-                       const std::wstring& jobPath);
+/// CR5 and DC have no direct conversion: a job beside the output bridges them. What the two stages
+/// report stays here, also the output's path.
+bool Cr5ToDc(const ConvertRequest& request, Report& report);
+bool DcToCr5(const ConvertRequest& request, Report& report);
+
+// Pairs without a conversion whose input is opened all the same, so that a missing or damaged file
+// is told first. False, with the text that the pair isn't supported.
+bool RefuseRaw(const ConvertRequest& request, Report& report);
+bool RefuseJob(const ConvertRequest& request, Report& report);
+/// Unlike these, what can't become a job leaves an empty one: a success, with the same text.
+bool MakeEmptyJob(const ConvertRequest& request, Report& report);
 
 }  // namespace zelconvert

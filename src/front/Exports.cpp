@@ -9,8 +9,8 @@
 #include "convert/CConvertProgress.h"
 #include "convert/GpsSecurity.h"
 #include "front/CFileTypeManager.h"
-#include "front/Dispatch.h"
 #include "front/FileDetection.h"
+#include "front/Routes.h"
 #include "zelconvert/zelconvert.h"
 
 namespace zelconvert {
@@ -86,13 +86,12 @@ void HandOver(TextArray texts, wchar_t*** target) {
 }
 
 bool Convert(const ConvertRequest& request, wchar_t*** files, wchar_t*** messages) {
-  const ConvertOutcome outcome = RunConversion(request);
-  if (outcome.reportsLists) {
-    TextArray fileTexts = MakeTexts(outcome.files);
-    HandOver(MakeTexts(outcome.messages), messages);
-    HandOver(std::move(fileTexts), files);
-  }
-  return outcome.converted;
+  Report report;
+  const bool converted = RunConversion(request, report);
+  TextArray fileTexts = MakeTexts(report.files);
+  HandOver(MakeTexts(report.messages), messages);
+  HandOver(std::move(fileTexts), files);
+  return converted;
 }
 
 }  // namespace

@@ -350,32 +350,31 @@ TEST(DriverRun, EndsEveryWayWithItsFilesClosed) {
     const TempDir folder;
     const std::wstring input = folder.Write(L"in.x", "input"), output = folder.Path(L"out.x");
     fs::permissions(ToPath(input), fs::perms::owner_read);
-    StringList files, messages;
+    Report report;
+    const StringList& messages = report.messages;
     std::string closed;
     CFileCE file;
-    const bool result = Execute({
-        .input = input,
-        .output = output,
-        .files = files,
-        .messages = messages,
-        .missing = DriverText::FileMissing,
-        .openInput = [&] { return !IsReadOnly(ToPath(input)); },
-        .createOutput = [&] { return file.Open(output, platform::kCreateOutput); },
-        .convert = each.convert,
-        .closing = {[&] { return closed += '1', each.output; }, Closer(file),
-                    [&] { return closed += '2', kIntact; }},
-    });
+    const bool result =
+        Execute({.input = input, .output = output}, report,
+                {
+                    .openInput = [&] { return !IsReadOnly(ToPath(input)); },
+                    .createOutput = [&] { return file.Open(output, platform::kCreateOutput); },
+                    .convert = each.convert,
+                    .closing = {[&] { return closed += '1', each.output; }, Closer(file),
+                                [&] { return closed += '2', kIntact; }},
+                });
     EXPECT_EQ(result, messages.empty() && each.convert());
-    EXPECT_EQ(files, result ? StringList{output} : StringList{});
+    EXPECT_EQ(report.files, result ? StringList{output} : StringList{});
     EXPECT_EQ(folder.Exists(L"out.x"), result);
     EXPECT_FALSE(file.IsOpen());
     EXPECT_EQ(closed, "12");
     EXPECT_TRUE(IsReadOnly(ToPath(input)));
     ASSERT_EQ(messages.size(), each.texts.size());
     for (std::size_t i = 0; i < messages.size(); ++i) {
-      const std::size_t at = messages[i].find(folder.Path(L""));
+      std::wstring text = messages[i];
+      const std::size_t at = text.find(folder.Path(L""));
       ASSERT_NE(at, std::wstring::npos);
-      EXPECT_EQ(messages[i].erase(at, folder.Path(L"").size()), each.texts[i]);
+      EXPECT_EQ(text.erase(at, folder.Path(L"").size()), each.texts[i]);
     }
   }
 }
