@@ -4,8 +4,8 @@
 
 #include <stdexcept>
 
-#include "TempDir.h"
 #include "JobBytes.h"
+#include "TempDir.h"
 #include "job/CConvCR5File.h"
 
 namespace zelconvert {

@@ -3,8 +3,8 @@
 #include <functional>
 #include <vector>
 
-#include "TempDir.h"
 #include "JobBytes.h"
+#include "TempDir.h"
 #include "geodetic/CGlkProjectionRecord.h"
 #include "io/Clock.h"
 #include "job/CJobFile.h"
