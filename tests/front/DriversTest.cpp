@@ -228,10 +228,10 @@ TEST(Drivers, RefuseAJobOfTheOtherBrand) {
 }
 
 TEST(Drivers, TakeTheBrandOfALogFromItsExactExtension) {
-  for (const auto& [input, brand] : {std::pair{L"in.raw", "Gridlark"},
-                                     {L"in.rw5", "Gridlark"},
-                                     {L"in.RAW", "Plumbwick"},
-                                     {L"in.RW5", "Plumbwick"}}) {
+  for (const auto& [input, brand] : {std::pair{L"in.raw", "product=\"Gridlark\""},
+                                     {L"in.rw5", "product=\"Gridlark\""},
+                                     {L"in.RAW", "product=\"Plumbwick\""},
+                                     {L"in.RW5", "product=\"Plumbwick\""}}) {
     HostCall run({FT_RAW, input, "mill-creek-simple.raw", FT_JXL});
     run.Convert();
     EXPECT_NE(ReadBytes(run.OutputPath()).find(brand), std::string::npos) << brand;
@@ -261,6 +261,7 @@ TEST(Drivers, FindTheLogOfAPair) {
     run.ExpectRefusal(L"File %s does not exist.", run.Path(log));
     run.output = run.input;
     run.ExpectRefusal(L"File %s does not exist.", run.Path(log));
+    EXPECT_TRUE(run.Exists(input));
     // Neither file of the pair is an output.
     run.Write(log, ReadBytes("examples/mill-creek-simple.raw"));
     for (const wchar_t* name : {input, log}) {

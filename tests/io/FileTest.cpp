@@ -143,7 +143,9 @@ TEST(File, PutsAttributesBackAsFound) {
   const TempDir dir;
   const std::wstring path = dir.Write(L"in.job", "x");
   const auto permissions = [&] { return std::filesystem::status(ToPath(path)).permissions(); };
-  std::filesystem::permissions(ToPath(path), std::filesystem::perms::owner_read);
+  using std::filesystem::perms;
+  const perms ofGroup = kPathSeparator == L'/' ? perms::group_write : perms::none;  // not ours
+  std::filesystem::permissions(ToPath(path), perms::owner_read | ofGroup);
   const auto before = permissions();
   const auto found = GetAttributes(path);
   ASSERT_TRUE(found && found->isReadOnly && !found->isDirectory);

@@ -60,7 +60,7 @@ TEST(Paths, SplitAtBothSeparators) {
   for (const auto& [path, directory, folder, name] :
        {Case{L"C:\\jobs/a.job", L"C:\\jobs/", L"C:\\jobs/", L"a.job"},
         Case{L"a.job", L"a.job", L".", L"a.job"}, Case{L"/jobs\\", L"/jobs\\", L"/jobs\\", L""},
-        Case{L"", L"", L".", L""}}) {
+        Case{L"jobs\\a.job", L"jobs\\", L"jobs\\", L"a.job"}, Case{L"", L"", L".", L""}}) {
     EXPECT_EQ(GetDirectory(path), directory);
     EXPECT_EQ(GetFolder(path), folder);
     EXPECT_EQ(GetFileName(path), name);
