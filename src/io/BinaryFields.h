@@ -107,7 +107,7 @@ class BinaryWriter {
     static_assert(std::is_integral_v<Integer>);
     StoreLittleEndian(At(offset), static_cast<std::make_unsigned_t<Integer>>(value));
   }
-  /// At most `units` - 1 units, never half a surrogate pair, and zeros behind them.
+  /// At most `units` - 1 units, never half a surrogate pair, then zeros.
   void Text(std::size_t offset, const std::wstring& text, std::size_t units) const {
     std::memset(At(offset), 0, 2 * units);
     char16_t buffer[BinaryReader::kMaxUnits];

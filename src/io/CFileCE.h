@@ -27,7 +27,7 @@ class CFileCE {
   bool Open(const std::wstring& path, std::uint32_t flags);
   /// True if not open. False if the close, or a write that was still held back, failed.
   bool Close();
-  bool IsOpen() const;
+  [[nodiscard]] bool IsOpen() const;
   /// The path of the last successful Open.
   const std::wstring& GetPath() const;
   /// Replaces the read-ahead buffer; 0 reads without one.
@@ -56,7 +56,7 @@ class CFileCE {
   /// its end.
   bool ReadLine(std::wstring& text);
   /// Writes `text` and CR LF; a text with line feeds in it becomes several lines, without an empty
-  /// one behind a line feed at its end. Always true: HasWriteFailed tells the truth.
+  /// one after a line feed at its end. Always true: HasWriteFailed tells the truth.
   bool WriteLine(std::wstring_view text);
   /// Hands to the system what was held back.
   bool Flush();
@@ -66,6 +66,7 @@ class CFileCE {
   std::int64_t GetPosition();
   /// False, with the position as it was, for a target below 0. Past the end is no error.
   bool Seek(std::int64_t offset, platform::SeekFrom from);
+  /// Shorter words for Seek.
   bool SeekToBegin();
   bool SeekToEnd();
   bool SeekTo(std::int64_t position);
@@ -74,7 +75,7 @@ class CFileCE {
 
   /// No file is as long.
   static constexpr std::int64_t kNoEndMark = std::numeric_limits<std::int64_t>::max();
-  /// Where the text of the file ends: at the first of the characters 1A behind which only more of
+  /// Where the text of the file ends: at the first of the characters 1A after which only more of
   /// them and line ends stand. kNoEndMark if there is none. characterSize: 1, or 2 for UTF-16.
   std::int64_t FindEndMark(std::size_t characterSize, bool bBigEndian);
   /// How many of the next `count` bytes stand in front of `end`.

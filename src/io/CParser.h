@@ -31,6 +31,7 @@ class CParser {
   void SetThrowOnError(bool bThrowOnError) { m_bThrowOnError = bThrowOnError; }
   /// A run of blanks around a separator counts as one separator.
   void SetCollapse(bool bCollapse) { m_bCollapse = bCollapse; }
+  /// Whether fields lose the white space at their ends.
   void SetTrim(bool bTrim) { m_bTrimLeft = m_bTrimRight = bTrim; }
   void SetTrimLeft(bool bTrim) { m_bTrimLeft = bTrim; }
   void SetTrimRight(bool bTrim) { m_bTrimRight = bTrim; }
@@ -39,6 +40,7 @@ class CParser {
   void GetRest(std::wstring& text) const { text = Rest(); }
   /// The same without a copy; valid until the next SetText.
   std::wstring_view Rest() const { return std::wstring_view(m_strText).substr(m_nStart); }
+  /// Nothing is left to be parsed.
   bool IsEmpty() const { return Rest().empty(); }
 
   /// False, with `field` as it was, when the text is used up.

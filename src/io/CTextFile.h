@@ -58,13 +58,15 @@ class CTextFile {
   /// Writes `text` and CR LF; text with line feeds in it becomes several lines. An empty text
   /// writes nothing, an empty line none in 8-bit encoding. False if a write failed, now or earlier.
   bool WriteString(std::wstring_view text);
-  /// True once a write has failed since Open.
+  /// True once a write, or a read, has failed since Open.
   bool HasWriteFailed() const { return m_File.HasWriteFailed(); }
   bool HasReadFailed() const { return m_File.HasReadFailed(); }
 
   /// Bytes read, less one (two in UTF-16) for each character that ReadString still holds.
   std::int64_t GetPosition();
+  /// Bytes; 0 if not open.
   std::int64_t GetLength() { return m_File.GetLength(); }
+  /// A position of GetPosition. What ReadString held is dropped.
   bool SeekTo(std::int64_t position);
   /// Back to the first character, the encoding found anew.
   bool Rewind();

@@ -20,10 +20,12 @@ constexpr std::int64_t CivilSeconds(int year, int month, int day, int hour = 0, 
   return ((days * 24 + hour) * 60 + minute) * 60 + second;
 }
 
+/// Likewise; the milliseconds are dropped.
 constexpr std::int64_t CivilSeconds(const platform::LocalTime& time) {
   return CivilSeconds(time.year, time.month, time.day, time.hour, time.minute, time.second);
 }
 
+/// A date of the proleptic Gregorian calendar with a time of day.
 struct CivilTime {
   int year = 1970;
   unsigned month = 1, day = 1;

@@ -7,6 +7,7 @@
 
 namespace zelconvert {
 
+/// Date and time of day in the zone of the machine.
 platform::LocalTime CurrentLocalTime();
 /// Milliseconds, monotonic, wrapping at 2^32.
 std::uint32_t CurrentTickCount();

@@ -19,6 +19,7 @@ inline void AppendRight(std::wstring& line, std::wstring_view text, std::size_t 
   line.append(text);
 }
 
+/// `width` blanks.
 inline void AppendBlanks(std::wstring& line, std::size_t width) {
   line.append(width, L' ');
 }

@@ -35,9 +35,11 @@ std::int32_t ToInteger(std::wstring_view text, int base = 10);
 void AppendFixed(std::wstring& out, double value, int decimals);
 /// Appends what printf("%*.*f") gives: right-justified in `width`, longer if it has to be.
 void AppendFixed(std::wstring& out, double value, int decimals, std::size_t width);
+/// Appends what printf("%lld") gives.
 void AppendInteger(std::wstring& out, std::int64_t value);
 /// Appends the value, 0 to 99, as two digits.
 void AppendTwoDigits(std::wstring& out, int value);
+/// What AppendFixed and AppendInteger append, as a text of its own.
 std::wstring FormatFixed(double value, int decimals);
 std::wstring FormatInteger(std::int64_t value);
 

@@ -12,7 +12,7 @@ bool FileExists(const std::wstring& path);
 std::wstring GetDirectory(std::wstring_view path);
 /// The folder that an entry stands in, with its separator; "." for a name without one.
 std::wstring GetFolder(std::wstring_view path);
-/// Behind the last separator; the whole text if there is none.
+/// After the last separator; the whole text if there is none.
 std::wstring GetFileName(std::wstring_view path);
 /// Before the last point; unchanged if there is none.
 std::wstring RemoveExtension(std::wstring_view path);

@@ -8,6 +8,7 @@
 
 namespace zelconvert {
 
+/// Whatever the locale.
 constexpr bool IsSpace(wchar_t c) {
   return c == L' ' || (c >= L'\t' && c <= L'\r');
 }
@@ -21,10 +22,12 @@ constexpr bool IsNonNumeric(std::wstring_view text) {
   }
   return false;
 }
+/// A digit or a letter A to Z, a to z.
 constexpr bool IsAsciiAlnum(wchar_t c) {
   return IsDigit(c) || (c >= L'A' && c <= L'Z') || (c >= L'a' && c <= L'z');
 }
 
+/// Without the white space at its start, its end, or both.
 constexpr std::wstring_view TrimLeft(std::wstring_view text) {
   while (!text.empty() && IsSpace(text.front())) text.remove_prefix(1);
   return text;
@@ -51,6 +54,7 @@ constexpr std::wstring_view Mid(std::wstring_view text, std::size_t start,
   return start >= text.size() ? std::wstring_view() : text.substr(start, count);
 }
 
+/// A to Z as a to z; every other character as it is.
 constexpr wchar_t FoldAscii(wchar_t c) {
   return c >= L'A' && c <= L'Z' ? c - L'A' + L'a' : c;
 }

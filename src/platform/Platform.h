@@ -71,6 +71,7 @@ struct Attributes {
 std::optional<Attributes> GetAttributes(const std::wstring& path);
 /// Makes the file writable for its owner, all else as `found`.
 bool ClearReadOnly(const std::wstring& path, const Attributes& found);
+/// Puts back what GetAttributes found. Both are false if the system refuses.
 bool RestoreAttributes(const std::wstring& path, const Attributes& found);
 /// Deletes a file, open or not; false if absent or refused. Devices stay.
 bool RemoveFile(const std::wstring& path);
@@ -80,27 +81,30 @@ bool IsSameFile(const std::wstring& path, const std::wstring& other);
 /// Milliseconds of a monotonic clock, wrapping at 2^32.
 std::uint32_t SystemTickCount();
 
+/// Date and time of day in the zone of the machine.
 struct LocalTime {
   std::uint16_t year = 0, month = 0, dayOfWeek = 0, day = 0;  ///< month 1-12, Sunday 0, day 1-31
   std::uint16_t hour = 0, minute = 0, second = 0, millisecond = 0;
 };
 LocalTime SystemLocalTime();
 
-/// Folder of the running executable with a separator behind it; empty if unknown.
+/// Folder of the running executable with a separator at its end; empty if unknown.
 std::wstring ProgramDirectory();
 
 /// A zeroed block that the host frees: HeapFree on the process heap on Windows, free() elsewhere.
 /// Never null for 0 bytes; null when memory is short.
 void* AllocateForHost(std::size_t bytes);
 
-/// 8-bit text: the ANSI code page on Windows; elsewhere windows-1252 with 81 8D 8F 90 9D as the
-/// code points of the same number, so that every byte survives a round trip. A character without a
-/// byte becomes "?". Zero characters and bytes are kept.
+/// Append the other form of `text`. 8-bit text is the ANSI code page on Windows; elsewhere
+/// windows-1252 with 81 8D 8F 90 9D as the code points of the same number, so that every byte
+/// survives a round trip. A character without a byte becomes "?". Zero characters and bytes are
+/// kept.
 void AppendWide(std::wstring& out, std::string_view text);
 void AppendNarrow(std::string& out, std::wstring_view text);
 
 /// The number of the progress message, the same for the life of the process.
 std::uint32_t CallbackMessage();
+/// Whether messages can be sent to it; false for null.
 bool IsWindowAlive(ZelWindowHandle window);
 /// Delivers the message and waits until it has been handled. `window` may be dead, not null.
 void SendToWindow(ZelWindowHandle window, std::uintptr_t wParam, std::intptr_t lParam);
