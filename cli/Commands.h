@@ -1,18 +1,16 @@
-// The commands of the host. Each adds itself to the application; when its name is on the command
-// line it runs while the line is parsed and leaves its exit code, or throws a HostFailure.
+// The commands of the host. Each returns its exit code, or throws a HostFailure.
 #pragma once
 
-namespace CLI {
-class App;
-}
+#include "cli/Host.h"
+#include "cli/Options.h"
 
 namespace zelconvert::cli {
 
-void AddConvertCommand(CLI::App& app, int& exitCode);
-void AddDetectCommand(CLI::App& app, int& exitCode);
-void AddTypesCommand(CLI::App& app, int& exitCode);
-void AddImportCr5Command(CLI::App& app);
-void AddImportSdrCommand(CLI::App& app);
-void AddMergeCommand(CLI::App& app);
+ExitCode RunConvert(const Options& options);
+ExitCode RunDetect(const Options& options);
+ExitCode RunTypes(const Options& options);
+ExitCode RunImportCr5(const Options& options);
+ExitCode RunImportSdr(const Options& options);
+ExitCode RunMerge(const Options& options);
 
 }  // namespace zelconvert::cli

@@ -8,6 +8,7 @@
 #include "cli/Cr5Import.h"
 #include "cli/FileChecks.h"
 #include "cli/FileNames.h"
+#include "cli/FileTypes.h"
 #include "cli/Host.h"
 #include "cli/platform/Host.h"
 
@@ -80,7 +81,7 @@ fs::path FileRead(FileType from, const fs::path& input) {
 }
 
 // Whose points the log is given. Those of a coordinate list have to become a job first.
-fs::path JobOfPoints(const ConvertOptions& options, const TypeInfo& from, const TypeInfo& to,
+fs::path JobOfPoints(const Options& options, const TypeInfo& from, const TypeInfo& to,
                      const fs::path& input) {
   if (!options.job) return from.type == FT_JOB_RAW || from.type == FT_PW_JOB_RAW ? input : "";
   const bool isLog = from.type == FT_RAW || from.type == FT_RW5 || from.type == FT_PW_RAW;
@@ -100,7 +101,7 @@ void AddWarning(ConvertPlan& plan, const std::string& text) {
 
 }  // namespace
 
-ConvertPlan MakePlan(const ConvertOptions& options) {
+ConvertPlan MakePlan(const Options& options) {
   const fs::path input = Absolute(options.input);
   const fs::path output = Absolute(options.output);
   const TypeInfo& from = TypeOfInput(options.from, input);
@@ -108,14 +109,15 @@ ConvertPlan MakePlan(const ConvertOptions& options) {
   const TypeInfo& to = TypeOfOutput(options.to, output);
   CheckRoute(from, to);
 
-  ConvertPlan plan{{from.type, to.type, input, output, JobOfPoints(options, from, to, input)},
-                   {},
-                   FileRead(from.type, input)};
-  CheckReadable(plan.read);
-  for (const fs::path& each : {input, plan.read, plan.conversion.job}) CheckDistinct(output, each);
+  ConvertPlan plan{{from.type, to.type, input, output, FileRead(from.type, input),
+                    JobOfPoints(options, from, to, input)},
+                   {}};
+  const Conversion& asked = plan.conversion;
+  CheckReadable(asked.read);
+  for (const fs::path& each : {input, asked.read, asked.job}) CheckDistinct(output, each);
   CheckOutput(output, options.force);
   AddWarning(plan, WarnOfInputName(from.type, input));
-  if (!plan.conversion.job.empty()) AddWarning(plan, WarnOfJobName(plan.conversion.job));
+  if (!asked.job.empty()) AddWarning(plan, WarnOfJobName(asked.job));
   AddWarning(plan, WarnOfOutputName(to.type, output));
   if (from.type == FT_CR5_RW5) AddWarning(plan, WarnOfContents(input));
   return plan;

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <optional>
-#include <string_view>
 
 #include "cli/Cr5Import.h"
+#include "cli/FileTypes.h"
 #include "cli/ProgressBar.h"
 #include "cli/StagingFolder.h"
 #include "cli/platform/Host.h"
@@ -15,24 +15,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using platform::ToText;
-
-// What the last text of a failed conversion is to a script.
-struct KnownFailure {
-  std::string_view start;
-  ExitCode code;
-};
-constexpr KnownFailure kKnownFailures[] = {
-    {"Unable to open the file ", kNoInput},
-    {"Unable to create the destination file ", kNoOutput},
-    {"Unable to write the file ", kNoOutput},
-};
-
-ExitCode CodeOfFailure(const std::vector<std::string>& messages) {
-  for (const KnownFailure& failure : kKnownFailures) {
-    if (!messages.empty() && messages.back().starts_with(failure.start)) return failure.code;
-  }
-  return kFailed;
-}
 
 Result ConvertWithProgress(const Conversion& conversion) {
   std::optional<ProgressBar> bar;
@@ -52,10 +34,10 @@ void Rename(std::vector<std::string>& texts, const std::string& name, const std:
 // DC files and coordinate lists meet in a job. The library would make it by itself, but keep the
 // texts of both conversions to itself.
 Result ConvertThroughJob(const Conversion& asked, const fs::path& job) {
-  Result first = ConvertWithProgress({asked.from, FT_JOB, asked.input, job});
+  Result first = ConvertWithProgress({asked.from, FT_JOB, asked.input, job, asked.input});
   Rename(first.messages, ToText(job), ToText(asked.output));
-  if (!first.converted) return first;
-  Result second = ConvertWithProgress({FT_JOB, asked.to, job, asked.output});
+  if (first.code != kConverted) return first;
+  Result second = ConvertWithProgress({FT_JOB, asked.to, job, asked.output, job});
   Rename(second.messages, ToText(job), ToText(asked.input));
   second.messages.insert(second.messages.begin(), first.messages.begin(), first.messages.end());
   return second;
@@ -82,8 +64,8 @@ void ImportBesideLog(const fs::path& list, const fs::path& log, const fs::path& 
   }
 }
 
-Result ConvertBesideList(const ConvertPlan& plan, Conversion staged, const fs::path& job) {
-  ImportBesideLog(staged.input, plan.read, job);
+Result ConvertBesideList(Conversion staged, const fs::path& job) {
+  ImportBesideLog(staged.input, staged.read, job);
   staged.job = job;
   Result result = ConvertWithProgress(staged);
   Rename(result.messages, ToText(job), ToText(staged.input));
@@ -91,8 +73,8 @@ Result ConvertBesideList(const ConvertPlan& plan, Conversion staged, const fs::p
 }
 
 // `job`: where one may be made on the way.
-Result ConvertStaged(const ConvertPlan& plan, const Conversion& staged, const fs::path& job) {
-  if (staged.from == FT_CR5_RW5) return ConvertBesideList(plan, staged, job);
+Result ConvertStaged(const Conversion& staged, const fs::path& job) {
+  if (staged.from == FT_CR5_RW5) return ConvertBesideList(staged, job);
   const TypeInfo& bridge = *FindType(FT_JOB);
   const bool isBridged =
       ConvertsTo(*FindType(staged.from), bridge) && ConvertsTo(bridge, *FindType(staged.to));
@@ -104,17 +86,17 @@ Result ConvertStaged(const ConvertPlan& plan, const Conversion& staged, const fs
 // The library takes a read-only attribute off its input while it reads.
 void RunPlan(const ConvertPlan& plan, bool force, Outcome& outcome) {
   const Conversion& asked = plan.conversion;
-  platform::KeepReadOnly(plan.read);
+  platform::KeepReadOnly(asked.read);
   const StagingFolder staging(asked.output.parent_path());
   Conversion staged = asked;
   staged.output = staging.GetPath() / asked.output.filename();
   const fs::path job = fs::path(staged.output) += ".job";
 
-  const Result result = ConvertStaged(plan, staged, job);
+  const Result result = ConvertStaged(staged, job);
   outcome.messages = result.messages;
   Rename(outcome.messages, ToText(staged.output), ToText(asked.output));
-  if (!result.converted) {
-    throw HostFailure(CodeOfFailure(result.messages),
+  if (result.code != kConverted) {
+    throw HostFailure(result.code,
                       ToText(asked.input) + " was not converted" +
                           (result.messages.empty() ? "; the library gives no reason" : ""));
   }

@@ -1,6 +1,7 @@
 #include "cli/Cr5Import.h"
 
-#include <string_view>
+#include <algorithm>
+#include <iterator>
 
 #include "cli/Host.h"
 #include "cli/platform/Host.h"
@@ -12,6 +13,11 @@ namespace fs = std::filesystem;
 using platform::ToLibrary;
 using platform::ToText;
 using zelconvert::platform::kOpenReadOnly;
+
+int UnitsNamed(std::string_view name) {
+  if (name.empty()) return 0;
+  return static_cast<int>(std::ranges::find(kUnitNames, name) - std::begin(kUnitNames));
+}
 
 void ImportCr5(const fs::path& list, const fs::path& jobPath, FileType type, int units) {
   CFileCE cr5;

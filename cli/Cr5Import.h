@@ -3,17 +3,16 @@
 
 #include <filesystem>
 #include <string>
+#include <string_view>
 
 #include "zelconvert/zelconvert.h"
 
 namespace zelconvert::cli {
 
-/// The units that coordinates come in, with the library's number.
-struct UnitName {
-  const char* name;
-  int number;
-};
-inline constexpr UnitName kUnits[] = {{"m", 0}, {"ft", 1}, {"usft", 2}};
+/// The units that coordinates come in. The place of a name is the library's number of its unit.
+inline constexpr std::string_view kUnitNames[] = {"m", "ft", "usft"};
+/// That number; of an empty name that of metres.
+int UnitsNamed(std::string_view name);
 
 /// Makes `job`, of one of the three job types. Throws a HostFailure, and leaves what was made until
 /// then.

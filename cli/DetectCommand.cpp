@@ -1,13 +1,10 @@
-#include <CLI/CLI.hpp>
 #include <algorithm>
-#include <memory>
-#include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
 
 #include "cli/Commands.h"
 #include "cli/FileTypes.h"
-#include "cli/Host.h"
+#include "cli/Json.h"
 #include "cli/Library.h"
 #include "cli/platform/Host.h"
 
@@ -32,7 +29,7 @@ Detected Detect(const std::string& file) {
 
 void PrintAsText(const Detected& detected) {
   if (detected.code == kNoInput) {
-    PrintError("zelconvert: " + detected.file + " can't be read\n");
+    PrintNote(detected.file + " can't be read");
   } else if (detected.type == nullptr) {
     PrintOut(detected.file + ": unknown\n");
   } else {
@@ -42,47 +39,34 @@ void PrintAsText(const Detected& detected) {
   }
 }
 
-nlohmann::ordered_json ToJson(const Detected& detected) {
-  nlohmann::ordered_json object = {{"file", detected.file},
-                                   {"readable", detected.code != kNoInput},
-                                   {"type", nullptr},
-                                   {"number", -1}};
-  if (detected.type != nullptr) {
-    object["type"] = detected.type->name;
-    object["number"] = static_cast<int>(detected.type->type);
-  }
-  return object;
-}
-
-// The worst code among the files: unreadable before unknown.
-int DetectAll(const std::vector<std::string>& files, bool json) {
-  int code = kConverted;
-  auto objects = nlohmann::ordered_json::array();
-  for (const std::string& file : files) {
-    const Detected detected = Detect(file);
-    code = std::max<int>(code, detected.code);
-    if (json) {
-      objects.push_back(ToJson(detected));
-    } else {
-      PrintAsText(detected);
-    }
-  }
-  if (json) PrintOut(nlohmann::ordered_json{{"files", objects}, {"exitCode", code}}.dump(2) + "\n");
-  return code;
+Json::Object ToJson(const Detected& detected) {
+  const TypeInfo* type = detected.type;
+  return {{"file", detected.file},
+          {"readable", detected.code != kNoInput},
+          {"type", type == nullptr ? Json(nullptr) : Json(std::string(type->name))},
+          {"number", type == nullptr ? -1 : static_cast<int>(type->type)}};
 }
 
 }  // namespace
 
-void AddDetectCommand(CLI::App& app, int& exitCode) {
-  struct Options {
-    std::vector<std::string> files;
-    bool json = false;
-  };
-  auto* command = app.add_subcommand("detect", "Tell the type of files by name and contents");
-  auto options = std::make_shared<Options>();
-  command->add_option("FILE", options->files, "Files to look at")->required()->type_name("");
-  command->add_flag("--json", options->json, "Print one JSON object");
-  command->callback([options, &exitCode] { exitCode = DetectAll(options->files, options->json); });
+// The worst code among the files: unreadable before unknown.
+ExitCode RunDetect(const Options& options) {
+  ExitCode code = kConverted;
+  Json::List objects;
+  for (const std::string& file : options.files) {
+    const Detected detected = Detect(file);
+    code = std::max(code, detected.code);
+    if (options.json) {
+      objects.emplace_back(ToJson(detected));
+    } else {
+      PrintAsText(detected);
+    }
+  }
+  if (options.json) {
+    PrintOut(
+        ToLines(Json::Object{{"files", std::move(objects)}, {"exitCode", static_cast<int>(code)}}));
+  }
+  return code;
 }
 
 }  // namespace zelconvert::cli

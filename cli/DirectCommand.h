@@ -3,21 +3,13 @@
 #pragma once
 
 #include <functional>
-#include <memory>
 #include <string>
 #include <vector>
 
-namespace CLI {
-class App;
-}
+#include "cli/Host.h"
+#include "cli/Options.h"
 
 namespace zelconvert::cli {
-
-struct DirectArguments {
-  std::vector<std::string> inputs;
-  std::string output;
-  bool force = false;
-};
 
 /// Paths as the core takes them; the output is one of a staging folder, with its later name.
 struct DirectFiles {
@@ -28,14 +20,12 @@ struct DirectFiles {
 /// Makes the output, or throws a HostFailure.
 using DirectConversion = std::function<void(const DirectFiles& files)>;
 
-/// A file argument for each name in `inputs`, then OUT and --force.
-std::shared_ptr<DirectArguments> AddDirectArguments(CLI::App& command,
-                                                    const std::vector<std::string>& inputs);
+/// Checks the files, converts, and moves what was made into place. inputs: as they were given.
+/// Returns kConverted or throws a HostFailure.
+ExitCode RunDirect(const Options& options, const std::vector<std::string>& inputs,
+                   const DirectConversion& convert);
 
-/// Checks the files, converts, and moves what was made into place. Throws a HostFailure.
-void RunDirect(const DirectArguments& arguments, const DirectConversion& convert);
-
-/// Texts of a conversion, one a line, to standard error.
-void PrintMessages(const std::vector<std::wstring>& messages);
+/// As PrintMessages does.
+void PrintTexts(const std::vector<std::wstring>& texts);
 
 }  // namespace zelconvert::cli

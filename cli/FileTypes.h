@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 #include <string_view>
 
@@ -40,6 +41,13 @@ inline constexpr TypeInfo kTypes[] = {
     {FT_ILJ, "ilj", true, "dc dc77 dc1000 dc1070"},
     {FT_JXL, "jxl", true, ""},
 };
+
+/// The names of all.
+inline constexpr auto kTypeNames = [] {
+  std::array<std::string_view, std::size(kTypes)> names;
+  std::ranges::transform(kTypes, names.begin(), &TypeInfo::name);
+  return names;
+}();
 
 /// Null if there is none.
 constexpr const TypeInfo* FindType(int type) {

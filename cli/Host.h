@@ -3,6 +3,7 @@
 
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 namespace zelconvert::cli {
 
@@ -27,7 +28,13 @@ class HostFailure : public std::runtime_error {
 /// UTF-8 text to standard output and standard error.
 void PrintOut(const std::string& text);
 void PrintError(const std::string& text);
-/// One line to standard error; nothing for an empty text.
+/// Texts of a conversion, each on a line of its own, to standard error.
+void PrintMessages(const std::vector<std::string>& messages);
+/// The host's own words, on a line of standard error.
+void PrintNote(const std::string& text);
+/// Likewise; nothing for an empty text.
 void PrintWarning(const std::string& text);
+/// Prints the note and returns the code.
+ExitCode Fail(ExitCode code, const std::string& text);
 
 }  // namespace zelconvert::cli

@@ -1,6 +1,5 @@
 // zelconvert import-sdr IN OUT: a raw log of what an SDR file tells of a job, which the library's
 // functions never open.
-#include <CLI/CLI.hpp>
 #include <string>
 
 #include "cli/Commands.h"
@@ -39,7 +38,7 @@ void ImportSdr(const DirectFiles& files, const std::string& from) {
                                              : FindVersion(sdr));
   const bool converted = created && conversion.ConvertToRaw(messages);
   raw.Close();
-  PrintMessages(messages);
+  PrintTexts(messages);
   if (!created || raw.HasWriteFailed()) throw HostFailure(kNoOutput, "OUT can't be written");
   if (sdr.HasReadFailed()) throw HostFailure(kFailed, shown + " can't be read to its end");
   if (!converted) throw HostFailure(kFailed, shown + " was not converted");
@@ -47,20 +46,9 @@ void ImportSdr(const DirectFiles& files, const std::string& from) {
 
 }  // namespace
 
-void AddImportSdrCommand(CLI::App& app) {
-  auto* command = app.add_subcommand("import-sdr", "Make a raw log of an SDR file");
-  const auto arguments = AddDirectArguments(*command, {"IN"});
-  auto from = std::make_shared<std::string>();
-  command->add_option("--from", *from, "sdr2 or sdr33, if the header of IN isn't to decide")
-      ->check(CLI::IsMember({"sdr2", "sdr33"}).description(""))
-      ->type_name("TYPE");
-  command->footer(
-      "Carried over: job names, units, scale, collimation (on or off), atmosphere, prism, and the\n"
-      "notes; all but the first three become comments. The log gets the date and time of now.\n"
-      "Left out: points, stations, backsights and observations.");
-  command->callback([arguments, from] {
-    RunDirect(*arguments, [&](const DirectFiles& files) { ImportSdr(files, *from); });
-  });
+ExitCode RunImportSdr(const Options& options) {
+  return RunDirect(options, {options.input},
+                   [&](const DirectFiles& files) { ImportSdr(files, options.from); });
 }
 
 }  // namespace zelconvert::cli

@@ -1,6 +1,7 @@
 #include "cli/Library.h"
 
 #include "cli/platform/Host.h"
+#include "front/DriverRun.h"
 #include "front/FileDetection.h"
 #include "io/Strings.h"
 
@@ -18,6 +19,17 @@ std::string GetTypeText(Function function, FileType type) {
   wchar_t buffer[64] = L"";
   function(type, buffer);
   return ToUtf8(buffer);
+}
+
+// The exported function says how a run went wrong by its last text alone. The core words that text.
+ExitCode CodeOfFailure(const Conversion& conversion, const std::wstring& last) {
+  const auto is = [&last](DriverText text, const std::filesystem::path& path) {
+    return last == FormatDriverText(text, platform::ToLibrary(path));
+  };
+  if (is(DriverText::CannotOpen, conversion.read)) return kNoInput;
+  if (is(DriverText::CannotCreate, conversion.output)) return kNoOutput;
+  if (is(DriverText::CannotWrite, conversion.output)) return kNoOutput;
+  return kFailed;
 }
 
 }  // namespace
@@ -46,13 +58,16 @@ Result Convert(const Conversion& conversion) {
   const std::wstring job = platform::ToLibrary(conversion.job);
   wchar_t** files = nullptr;
   wchar_t** messages = nullptr;
-  Result result;
-  result.converted =
+  const bool converted =
       cZelFileConvert(conversion.from, input.c_str(), conversion.to, output.c_str(), &files,
                       &messages, 0, job.empty() ? nullptr : job.c_str()) != 0;
+  Result result;
+  std::wstring last;
   for (wchar_t** text = messages; text != nullptr && *text != nullptr; ++text) {
+    last = *text;
     result.messages.push_back(ToUtf8(*text));
   }
+  result.code = converted ? kConverted : CodeOfFailure(conversion, last);
   cZelFreeAfterFileConvert(files, messages);
   return result;
 }

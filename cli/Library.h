@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "cli/Host.h"
 #include "zelconvert/zelconvert.h"
 
 namespace zelconvert::cli {
@@ -19,11 +20,12 @@ int DetectType(const std::filesystem::path& path);
 struct Conversion {
   FileType from, to;
   std::filesystem::path input, output;  ///< absolute
+  std::filesystem::path read;           ///< what the library opens: the input, or of a pair the log
   std::filesystem::path job = {};       ///< whose points a log is given; empty: none
 };
 
 struct Result {
-  bool converted = false;
+  ExitCode code = kFailed;
   std::vector<std::string> messages;  ///< as the library gave them, in UTF-8
 };
 

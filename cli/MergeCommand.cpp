@@ -1,5 +1,4 @@
 // zelconvert merge A B OUT: two jobs in one.
-#include <CLI/CLI.hpp>
 #include <string>
 
 #include "cli/Commands.h"
@@ -14,23 +13,18 @@
 namespace zelconvert::cli {
 namespace {
 
-double ReadScale(const std::wstring& path) {
-  CJobFile job(HasExtension(path, L".job"));
-  JOB_HEADER header;
-  if (!job.Open(path, false) || !job.ReadJobHeader(header)) {
-    throw HostFailure(kNoInput, platform::ToText(platform::FromLibrary(path)) +
-                                    " can't be opened as a job of the brand that its name tells");
-  }
-  return header.scale;
-}
-
-// The merge itself gives no reasons.
-[[noreturn]] void Refuse(const DirectFiles& files, const MergeCounts& counts) {
-  if (counts.writeFailed) throw HostFailure(kNoOutput, "OUT can't be written");
-  if (ReadScale(files.inputs[0]) != ReadScale(files.inputs[1])) {
+// The merge itself gives no texts.
+[[noreturn]] void Refuse(MergeResult result, const DirectFiles& files) {
+  if (result == MergeResult::NotWritten) throw HostFailure(kNoOutput, "OUT can't be written");
+  if (result == MergeResult::ScalesDiffer) {
     throw HostFailure(kFailed, "the jobs have different scales");
   }
-  throw HostFailure(kFailed, "a record of the jobs can't be read");
+  if (result == MergeResult::RecordUnreadable) {
+    throw HostFailure(kFailed, "a record of the jobs can't be read");
+  }
+  const std::wstring& path = files.inputs[result == MergeResult::FirstNotOpened ? 0 : 1];
+  throw HostFailure(kNoInput, platform::ToText(platform::FromLibrary(path)) +
+                                  " can't be opened as a job of the brand that its name tells");
 }
 
 std::string WarnOfRepeated(const MergeCounts& counts) {
@@ -46,30 +40,19 @@ void Merge(const DirectFiles& files) {
   }
   PrintWarning(WarnOfOutputName(HasExtension(files.output, L".job") ? FT_JOB : FT_PW_JOB,
                                 platform::FromLibrary(files.output)));
-  StringList messages, made;
+  Report report;
   MergeCounts counts;
-  const bool merged =
-      MergeJobs(files.inputs[0], files.inputs[1], files.output, messages, made, &counts);
-  PrintMessages(messages);
-  if (!merged) Refuse(files, counts);
+  const MergeResult result =
+      MergeJobs(files.inputs[0], files.inputs[1], files.output, report, &counts);
+  PrintTexts(report.messages);
+  if (result != MergeResult::Merged) Refuse(result, files);
   PrintWarning(WarnOfRepeated(counts));
 }
 
 }  // namespace
 
-void AddMergeCommand(CLI::App& app) {
-  auto* command = app.add_subcommand("merge", "Join two jobs in a new one");
-  const auto arguments = AddDirectArguments(*command, {"A", "B"});
-  command->footer(
-      "OUT has the settings, coordinate system and layers of A, then the points, lines and roads "
-      "of A,\n"
-      "then those of B. The scales of both jobs must be equal. Points of one name are both "
-      "written.\n"
-      "Lines and roads of B are numbered on. Points on a layer that A lacks go to the layer "
-      "POINTS.\n"
-      "Left out: attributes of points.\n"
-      "A job is of the first brand if its name ends in .job in lower case, else of the second.");
-  command->callback([arguments] { RunDirect(*arguments, Merge); });
+ExitCode RunMerge(const Options& options) {
+  return RunDirect(options, {options.input, options.second}, Merge);
 }
 
 }  // namespace zelconvert::cli

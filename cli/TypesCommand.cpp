@@ -1,32 +1,28 @@
-#include <CLI/CLI.hpp>
 #include <algorithm>
-#include <memory>
-#include <nlohmann/json.hpp>
 #include <string>
 
 #include "cli/Commands.h"
 #include "cli/FileTypes.h"
-#include "cli/Host.h"
+#include "cli/Json.h"
 #include "cli/Library.h"
 
 namespace zelconvert::cli {
 namespace {
 
-nlohmann::ordered_json DescribeTypes() {
-  auto types = nlohmann::ordered_json::array();
-  for (const TypeInfo& from : kTypes) {
-    auto outputs = nlohmann::ordered_json::array();
-    for (const TypeInfo& to : kTypes) {
-      if (ConvertsTo(from, to)) outputs.push_back(to.name);
-    }
-    types.push_back({{"name", from.name},
-                     {"number", static_cast<int>(from.type)},
-                     {"extension", GetExtension(from.type)},
-                     {"description", GetDescription(from.type)},
-                     {"filter", GetFilter(from.type)},
-                     {"convertsTo", outputs}});
+Json::Object Describe(const TypeInfo& from) {
+  Json::List outputs;
+  for (const TypeInfo& to : kTypes) {
+    if (ConvertsTo(from, to)) outputs.emplace_back(std::string(to.name));
   }
-  return {{"types", types}};
+  return {{"name", std::string(from.name)},       {"number", static_cast<int>(from.type)},
+          {"extension", GetExtension(from.type)}, {"description", GetDescription(from.type)},
+          {"filter", GetFilter(from.type)},       {"convertsTo", std::move(outputs)}};
+}
+
+std::string ListTypesAsJson() {
+  Json::List types;
+  for (const TypeInfo& type : kTypes) types.emplace_back(Describe(type));
+  return ToLines(Json::Object{{"types", std::move(types)}});
 }
 
 std::string Padded(std::string text, std::size_t width) {
@@ -49,14 +45,9 @@ std::string ListTypes() {
 
 }  // namespace
 
-void AddTypesCommand(CLI::App& app, int& exitCode) {
-  auto* command = app.add_subcommand("types", "List the file types and what they convert to");
-  auto json = std::make_shared<bool>(false);
-  command->add_flag("--json", *json, "Print one JSON object");
-  command->callback([json, &exitCode] {
-    PrintOut(*json ? DescribeTypes().dump(2) + "\n" : ListTypes());
-    exitCode = kConverted;
-  });
+ExitCode RunTypes(const Options& options) {
+  PrintOut(options.json ? ListTypesAsJson() : ListTypes());
+  return kConverted;
 }
 
 }  // namespace zelconvert::cli

@@ -32,12 +32,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   using namespace zelconvert;
   if (size > 32768) return 0;
   const std::wstring output = FuzzDir().Path(L"out.job");
-  StringList messages, files;
+  Report report;
   for (const wchar_t* extension : {L".job", L".pwj"}) {
     const std::wstring first = StoreInput(std::wstring(L"a") + extension, data, size);
     const std::wstring second = StoreInput(std::wstring(L"b") + extension, data, size);
     MergeCounts counts;
-    if (!MergeJobs(first, second, output, messages, files, &counts)) continue;
+    if (MergeJobs(first, second, output, report, &counts) != MergeResult::Merged) continue;
     const Found found = CountRecords(output);
     Require(found.points % 2 == 0 && found.others % 2 == 0 && found.layers > 0);
     Require(counts.repeated == found.points / 2 && counts.moved <= counts.repeated);

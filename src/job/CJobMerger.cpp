@@ -33,20 +33,25 @@ std::uint32_t LoadId(JobKind kind, std::span<const std::byte> payload) {
 
 }  // namespace
 
-bool CJobMerger::Merge(CJobFile& output) {
-  return CopyHeader(output) && FindIds() &&
-         (!m_Layers.insert(kDefaultLayerId).second || output.WriteLayer(DefaultLayer())) &&
-         CopyRecords(m_First, output, &CJobMerger::PrepareFirst) &&
-         CopyRecords(m_Second, output, &CJobMerger::PrepareSecond);
+MergeResult CJobMerger::Merge(CJobFile& output) {
+  JOB_HEADER first, second;
+  if (!m_First.ReadJobHeader(first) || !m_Second.ReadJobHeader(second)) {
+    return MergeResult::RecordUnreadable;
+  }
+  if (first.scale != second.scale) return MergeResult::ScalesDiffer;
+  const bool copied =
+      CopyHeader(output, first) && FindIds() &&
+      (!m_Layers.insert(kDefaultLayerId).second || output.WriteLayer(DefaultLayer())) &&
+      CopyRecords(m_First, output, &CJobMerger::PrepareFirst) &&
+      CopyRecords(m_Second, output, &CJobMerger::PrepareSecond);
+  return copied ? MergeResult::Merged : MergeResult::RecordUnreadable;
 }
 
 // An old job has no block: then it is that of a new one.
-bool CJobMerger::CopyHeader(CJobFile& output) {
-  JOB_HEADER first, second;
+bool CJobMerger::CopyHeader(CJobFile& output, const JOB_HEADER& header) {
   CoordBlock block;
-  return m_First.ReadJobHeader(first) && m_Second.ReadJobHeader(second) &&
-         first.scale == second.scale && output.WriteJobHeader(first) &&
-         m_First.ReadCoordBlock(block) && output.WriteCoordBlock(block) && output.SeekToEnd();
+  return output.WriteJobHeader(header) && m_First.ReadCoordBlock(block) &&
+         output.WriteCoordBlock(block) && output.SeekToEnd();
 }
 
 // handle: called with the kind and the payload of each record of the copied kinds; false ends the
@@ -153,23 +158,19 @@ CJobMerger::Id CJobMerger::NewId(JobKind kind, Id id) {
   return m_nLastElement;
 }
 
-bool MergeJobs(const std::wstring& firstPath, const std::wstring& secondPath,
-               const std::wstring& outputPath, StringList& /*messages*/, StringList& /*files*/,
-               MergeCounts* counts) {
+MergeResult MergeJobs(const std::wstring& firstPath, const std::wstring& secondPath,
+                      const std::wstring& outputPath, Report& /*report*/, MergeCounts* counts) {
   CJobFile first(HasExtension(firstPath, L".job"));
   CJobFile second(HasExtension(secondPath, L".job"));
   CJobFile output(HasExtension(outputPath, L".job"));
-  if (!first.Open(firstPath, false) || !second.Open(secondPath, false)) return false;
-  const bool created = output.CreateNew(outputPath);
+  if (!first.Open(firstPath, false)) return MergeResult::FirstNotOpened;
+  if (!second.Open(secondPath, false)) return MergeResult::SecondNotOpened;
+  if (!output.CreateNew(outputPath)) return MergeResult::NotWritten;
   CJobMerger merger(first, second);
-  const bool merged = created && merger.Merge(output);
+  const MergeResult result = merger.Merge(output);
   output.Close();
-  const bool writeFailed = !created || output.HasWriteFailed();
-  if (counts != nullptr) {
-    *counts = merger.GetCounts();
-    counts->writeFailed = writeFailed;
-  }
-  return merged && !writeFailed;
+  if (counts != nullptr) *counts = merger.GetCounts();
+  return output.HasWriteFailed() ? MergeResult::NotWritten : result;
 }
 
 }  // namespace zelconvert

@@ -13,11 +13,19 @@
 
 namespace zelconvert {
 
-/// What a merge found out about the points of the second job, and whether a failure was the disk's.
+enum class MergeResult {
+  Merged,
+  FirstNotOpened,
+  SecondNotOpened,
+  ScalesDiffer,
+  RecordUnreadable,
+  NotWritten,  ///< the output couldn't be made, or not as a whole
+};
+
+/// What a merge found out about the points of the second job.
 struct MergeCounts {
   std::size_t repeated = 0;  ///< whose name the first job has too; written all the same
   std::size_t moved = 0;     ///< of these: with other coordinates
-  bool writeFailed = false;  ///< the output couldn't be made, or not as a whole
 };
 
 /// Copies points (13, 14), lines (15), road elements (16), roads (10) and the kinds 4, 7 and 9,
@@ -30,10 +38,10 @@ class CJobMerger {
   /// Both open; they stay the caller's.
   CJobMerger(CJobFile& first, CJobFile& second) : m_First(first), m_Second(second) {}
 
-  /// output: a new job of version 5, which takes the header of the first. False, with what had been
-  /// written until then, if the scales of the jobs aren't exactly equal or a record can't be
-  /// copied.
-  bool Merge(CJobFile& output);
+  /// output: a new job of version 5, which takes the header of the first. Unless it is Merged it
+  /// holds what had been written until then. The scales of the jobs must be exactly equal. Whether
+  /// a write failed is for the output to tell.
+  [[nodiscard]] MergeResult Merge(CJobFile& output);
   const MergeCounts& GetCounts() const { return m_Counts; }
 
  private:
@@ -45,7 +53,7 @@ class CJobMerger {
   using Payload = std::span<std::byte>;
   using Id = std::uint32_t;
 
-  bool CopyHeader(CJobFile& output);
+  bool CopyHeader(CJobFile& output, const JOB_HEADER& header);
   template <class Handler>
   static bool ForEachRecord(CJobFile& job, Handler handle);
   bool FindIds();
@@ -71,10 +79,10 @@ class CJobMerger {
 };
 
 /// Each path names a job of the brand that its exact extension ".job" stands for. The inputs must
-/// be two different files. No failure has a text; the output is left as far as it got.
-/// messages, files: stay as they are. counts: filled if not null.
-bool MergeJobs(const std::wstring& firstPath, const std::wstring& secondPath,
-               const std::wstring& outputPath, StringList& messages, StringList& files,
-               MergeCounts* counts = nullptr);
+/// be two different files. The output is left as far as it got, and the report stays as it is.
+/// counts: filled if not null.
+[[nodiscard]] MergeResult MergeJobs(const std::wstring& firstPath, const std::wstring& secondPath,
+                                    const std::wstring& outputPath, Report& report,
+                                    MergeCounts* counts = nullptr);
 
 }  // namespace zelconvert

@@ -67,20 +67,20 @@ std::string Form(const std::wstring& cell) {
   return ToNarrow(Trim(cell));
 }
 
-struct Merged {
-  bool merged;
+struct Outcome {
+  MergeResult result;
   std::string output;
   MergeCounts counts;
 };
 
-Merged Merge(const std::string& first, const std::string& second, const std::wstring& a = L"a.job",
-             const std::wstring& b = L"b.job", const std::wstring& out = L"c.job") {
+Outcome Merge(const std::string& first, const std::string& second, const std::wstring& a = L"a.job",
+              const std::wstring& b = L"b.job", const std::wstring& out = L"c.job") {
   const TempDir temp;
-  Merged made;
-  StringList messages, files;
-  made.merged = MergeJobs(temp.Write(a, first), temp.Write(b, second), temp.Path(out), messages,
-                          files, &made.counts);
-  EXPECT_TRUE(messages.empty() && files.empty());
+  Outcome made;
+  Report report;
+  made.result =
+      MergeJobs(temp.Write(a, first), temp.Write(b, second), temp.Path(out), report, &made.counts);
+  EXPECT_TRUE(report.messages.empty() && report.files.empty());
   EXPECT_EQ(temp.Read(a), first);
   EXPECT_EQ(temp.Read(b), second);
   made.output = temp.Read(out);
@@ -94,13 +94,13 @@ TEST(MergeJobs, JoinsTwoJobs) {
     const auto name = [](wchar_t letter, const std::string& form) {
       return std::wstring(1, letter) + (form.ends_with("job") ? L".job" : L".pwj");
     };
-    const Merged made = Merge(Job(a, 'A', Records(cells.at(2))), Job(b, 'B', Records(cells.at(4))),
-                              name(L'a', a), name(L'b', b), name(L'c', out));
+    const Outcome made = Merge(Job(a, 'A', Records(cells.at(2))), Job(b, 'B', Records(cells.at(4))),
+                               name(L'a', a), name(L'b', b), name(L'c', out));
     std::string expected = Job(out, 'A', Records(cells.at(6), true));
     if (IsOld(a)) {
       CGlkProjectionRecord().Pack(std::as_writable_bytes(std::span(expected)).subspan<600, 4018>());
     }
-    EXPECT_TRUE(made.merged);
+    EXPECT_EQ(made.result, MergeResult::Merged);
     EXPECT_EQ(made.output, expected);
     EXPECT_EQ(std::to_wstring(made.counts.repeated) + L" " + std::to_wstring(made.counts.moved),
               Trim(cells.at(7)));
@@ -108,25 +108,28 @@ TEST(MergeJobs, JoinsTwoJobs) {
 }
 
 TEST(MergeJobs, RefusesJobsOfUnlikeScale) {
-  const Merged made = Merge(Job("job", 'A', Records(L"13:1/101a")), Job("job", 'B', "", 1 + 1e-15));
-  EXPECT_FALSE(made.merged);
+  const Outcome made =
+      Merge(Job("job", 'A', Records(L"13:1/101a")), Job("job", 'B', "", 1 + 1e-15));
+  EXPECT_EQ(made.result, MergeResult::ScalesDiffer);
   EXPECT_EQ(made.output.size(), 4618u);
 }
 
 TEST(MergeJobs, FailsOnDamage) {
+  using enum MergeResult;
   for (const wchar_t* record : {L"13:1/101a", L"10:1a"}) {
     const std::string good = Job("job", 'A', Records(record));
     // A head that is cut off is the end of the records; a payload that is cut off is damage.
     for (std::size_t size = 4618; size < good.size(); size += size < 4630 ? 1 : 9) {
-      const bool whole = size < 4618 + 8;
-      EXPECT_EQ(Merge(good.substr(0, size), good).merged, whole) << size;
-      EXPECT_EQ(Merge(good, good.substr(0, size)).merged, whole) << size;
+      const MergeResult result = size < 4618 + 8 ? Merged : RecordUnreadable;
+      EXPECT_EQ(Merge(good.substr(0, size), good).result, result) << size;
+      EXPECT_EQ(Merge(good, good.substr(0, size)).result, result) << size;
     }
     for (const std::size_t size : {0u, 34u, 42u, 600u, 4617u}) {
-      EXPECT_FALSE(Merge(good.substr(0, size), good).merged);
-      EXPECT_FALSE(Merge(good, good.substr(0, size)).merged);
+      EXPECT_EQ(Merge(good.substr(0, size), good).result, FirstNotOpened);
+      EXPECT_EQ(Merge(good, good.substr(0, size)).result, SecondNotOpened);
     }
-    EXPECT_FALSE(Merge(good, good, L"a.job", L"b.pwj").merged);  // of the other brand, by its name
+    // Of the other brand, by its name.
+    EXPECT_EQ(Merge(good, good, L"a.job", L"b.pwj").result, SecondNotOpened);
   }
 }
 
@@ -134,8 +137,8 @@ TEST(MergeJobs, FailsOnDamage) {
 TEST(MergeJobs, GoesOnBehindALayerOfWrongLength) {
   std::string records = Records(L"11:101a 13:1/101b");
   records.replace(4, 4, "\xff\xff\x01\x00", 4);
-  const Merged made = Merge(Job("job", 'A', records), Job("job", 'B', records));
-  EXPECT_TRUE(made.merged);
+  const Outcome made = Merge(Job("job", 'A', records), Job("job", 'B', records));
+  EXPECT_EQ(made.result, MergeResult::Merged);
   EXPECT_EQ(made.output, Job("job", 'A', Records(L"11:101a 13:1/101b 13:1/101b", true)));
 }
 
@@ -144,12 +147,13 @@ TEST(MergeJobs, NeedsThreeFiles) {
   const std::string job = Job("job", 'A', "");
   const std::wstring a = temp.Write(L"a.job", job), b = temp.Write(L"b.job", job);
   const std::wstring c = temp.Path(L"c.job"), none = temp.Path(L"none.job");
-  StringList messages, files;
-  EXPECT_FALSE(MergeJobs(a, none, c, messages, files));
-  EXPECT_FALSE(MergeJobs(none, b, c, messages, files));
-  EXPECT_FALSE(MergeJobs(a, a, c, messages, files));
-  EXPECT_FALSE(MergeJobs(a, b, a, messages, files));
-  EXPECT_FALSE(MergeJobs(a, b, temp.Path(L"none/c.job"), messages, files));
+  Report report;
+  using enum MergeResult;
+  EXPECT_EQ(MergeJobs(a, none, c, report), SecondNotOpened);
+  EXPECT_EQ(MergeJobs(none, b, c, report), FirstNotOpened);
+  EXPECT_EQ(MergeJobs(a, a, c, report), SecondNotOpened);
+  EXPECT_EQ(MergeJobs(a, b, a, report), NotWritten);
+  EXPECT_EQ(MergeJobs(a, b, temp.Path(L"none/c.job"), report), NotWritten);
   EXPECT_EQ(temp.Read(L"a.job"), job);
   EXPECT_FALSE(temp.Exists(L"c.job"));
 }

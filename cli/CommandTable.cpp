@@ -1,0 +1,110 @@
+#include "cli/CommandTable.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "cli/Cr5Import.h"
+#include "cli/FileTypes.h"
+
+namespace zelconvert::cli {
+namespace {
+
+constexpr OptionInfo kForce{"--force", Value::None, &Options::force, "Replace a file that exists"};
+constexpr OptionInfo kJson{"--json", Value::None, &Options::json, "Print one JSON object"};
+constexpr OptionInfo kInput{"IN", Value::Path, &Options::input, "A file to read"};
+constexpr OptionInfo kOutput{"OUT", Value::Path, &Options::output, "The file to make"};
+
+constexpr std::string_view kJobTypes[] = {"job", "pwj", "oldjob"};
+constexpr std::string_view kSdrTypes[] = {"sdr2", "sdr33"};
+
+constexpr OptionInfo kConvertOptions[] = {
+    {"IN", Value::Path, &Options::input, "The file to convert"},
+    kOutput,
+    {"--from", Value::Choice, &Options::from, "Type of IN, if name and contents don't tell it",
+     "TYPE", kTypeNames},
+    {"--to", Value::Choice, &Options::to, "Type of OUT, if its name doesn't tell it", "TYPE",
+     kTypeNames},
+    {"--job", Value::Path, &Options::job, "Job whose points a raw log knows", "FILE"},
+    {"--force", Value::None, &Options::force, "Replace files that exist"},
+    kJson,
+};
+constexpr OptionInfo kDetectOptions[] = {
+    {"FILE", Value::Path, &Options::files, "Files to look at"},
+    kJson,
+};
+constexpr OptionInfo kTypesOptions[] = {kJson};
+constexpr OptionInfo kImportCr5Options[] = {
+    kInput,
+    kOutput,
+    kForce,
+    {"--units", Value::Choice, &Options::units,
+     "Unit of the coordinates: m (the default), ft or usft", "UNIT", kUnitNames},
+    {"--to", Value::Choice, &Options::to, "job, pwj or oldjob, if the name of OUT doesn't tell it",
+     "TYPE", kJobTypes},
+};
+constexpr OptionInfo kImportSdrOptions[] = {
+    kInput,
+    kOutput,
+    kForce,
+    {"--from", Value::Choice, &Options::from, "sdr2 or sdr33, if the header of IN isn't to decide",
+     "TYPE", kSdrTypes},
+};
+constexpr OptionInfo kMergeOptions[] = {
+    {"A", Value::Path, &Options::input, "A file to read"},
+    {"B", Value::Path, &Options::second, "A file to read"},
+    kOutput,
+    kForce,
+};
+constexpr OptionInfo kHelpOptions[] = {
+    {"COMMAND", Value::Command, &Options::subject, "The command"},
+};
+
+// In the order of the help.
+constexpr CommandInfo kCommands[] = {
+    {"convert", "Convert a file into another", kConvertOptions,
+     "Types are those of \"zelconvert types\".\n"
+     "Without --to a .dc file becomes type dc, .job job, .cr5 cr5 and .sdr sdr33.\n"
+     "With --job the DC file of a log has the design points and descriptions of a job; the types\n"
+     "job+raw, pwj+pwr and cr5+rw5 take them from the coordinates beside the log.\n"
+     "The paths of the files made go to standard output, the library's texts to standard error.",
+     &RunConvert},
+    {"detect", "Tell the type of files by name and contents", kDetectOptions, {}, &RunDetect},
+    {"types", "List the file types and what they convert to", kTypesOptions, {}, &RunTypes},
+    {"import-cr5", "Make a job of a coordinate list", kImportCr5Options,
+     "Units are m (metres), ft (international feet) and usft (US survey feet).\n"
+     "Carried over: number (as the name), description, and coordinates, which become metres. The\n"
+     "job shows the unit that --units names. Unused numbers of a sequential list make no point.\n"
+     "Not in a coordinate list, so not in the job: units, scale and coordinate system, "
+     "attributes.\n"
+     "The points lie on the layer POINTS; an old job has no layers.",
+     &RunImportCr5},
+    {"import-sdr", "Make a raw log of an SDR file", kImportSdrOptions,
+     "Carried over: job names, units, scale, collimation (on or off), atmosphere, prism, and the\n"
+     "notes; all but the first three become comments. The log gets the date and time of now.\n"
+     "Left out: points, stations, backsights and observations.",
+     &RunImportSdr},
+    {"merge", "Join two jobs in a new one", kMergeOptions,
+     "OUT has the settings, coordinate system and layers of A, then the points, lines and roads "
+     "of A,\n"
+     "then those of B. The scales of both jobs must be equal. Points of one name are both "
+     "written.\n"
+     "Lines and roads of B are numbered on. Points on a layer that A lacks go to the layer "
+     "POINTS.\n"
+     "Left out: attributes of points.\n"
+     "A job is of the first brand if its name ends in .job in lower case, else of the second.",
+     &RunMerge},
+    {"help", "Tell how to use a command", kHelpOptions, {}},
+};
+
+}  // namespace
+
+std::span<const CommandInfo> GetCommands() {
+  return kCommands;
+}
+
+const CommandInfo* FindCommand(std::string_view name) {
+  const auto* found = std::ranges::find(kCommands, name, &CommandInfo::name);
+  return found == std::end(kCommands) ? nullptr : found;
+}
+
+}  // namespace zelconvert::cli

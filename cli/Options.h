@@ -1,0 +1,23 @@
+// What a command line asks for.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace zelconvert::cli {
+
+/// CommandTable.cpp says which of them a command has; the others stay as they are here. Paths and
+/// names as they were given.
+struct Options {
+  std::string input, second, output;
+  std::vector<std::string> files;  ///< of detect
+  std::string subject;             ///< of help: a command; empty: all of them
+  std::string from, to;            ///< short names of types; empty: told by the files
+  std::string units;               ///< name of a unit; empty: not said
+  std::optional<std::string> job;  ///< whose points a log is given
+  bool force = false;              ///< an output that exists is replaced
+  bool json = false;
+};
+
+}  // namespace zelconvert::cli
