@@ -102,8 +102,8 @@ bool ReduceRaw(const ConvertRequest& request, Report& report, bool isPaired) {
   return FromRaw(
       request, report, dc, [&] { return !IsSameJob(request) && dc.OpenForWrite(request.output); },
       [&](CRawFile& raw) {
-        return CConvRawDCFile(&raw, &dc, isPaired, IsNative(request.input),
-                              Find(kDcDialects, request.outputType).fromRaw, request.featureFile)
+        return CConvRawDCFile(&raw, &dc, isPaired, Find(kDcDialects, request.outputType).fromRaw,
+                              request.featureFile)
             .ConvertFromRaw(report.messages);
       });
 }

@@ -1,201 +1,203 @@
 #include "raw/todc/CConvRawDCFile.h"
 
-#include <array>
+#include <type_traits>
 #include <utility>
 
 #include "convert/CConvertProgress.h"
+#include "io/HandlerTable.h"
 #include "io/Strings.h"
+#include "raw/todc/CoordinateSystem.h"
+#include "raw/todc/Gps.h"
+#include "raw/todc/Job.h"
 #include "raw/todc/JobPoints.h"
+#include "raw/todc/RawPass.h"
+#include "raw/todc/Rounds.h"
+#include "raw/todc/Setup.h"
+#include "raw/todc/Shots.h"
+#include "raw/todc/StakeOut.h"
+#include "raw/todc/Texts.h"
 
 namespace zelconvert {
 namespace {
 
-constexpr std::wstring_view kBadRecord =
-    L"Bad raw data record found at line %ld. The conversion is aborted.";
-constexpr std::wstring_view kJobNotRead = L"Warning: The points of the job %s could not be read.";
-constexpr std::wstring_view kNoMode = L"Bad ZEL raw data file.";
+/// The subjects of one run, and what they share.
+struct Subjects {
+  RawPass pass;
+  Job job{pass};
+  Rounds rounds{pass};
+  Setup setup{pass, rounds};
+  Shots shots{pass, setup, rounds};
+  StakeOut stakeOut{pass, setup};
+  Gps gps{pass, stakeOut};
+  CoordinateSystem system{pass};
+};
 
-/// While these follow, a stored point may still turn out to be a design point.
-constexpr RawKinds kStakeKinds = {RawRecordType::CF, RawRecordType::SK, RawRecordType::SL,
-                                  RawRecordType::SR, RawRecordType::SD, RawRecordType::OE,
-                                  RawRecordType::DE};
+using Handler = Outcome (*)(Subjects&);
+using Kind = RawRecordType;
+
+template <class Subject, class Result, class... Arguments>
+Outcome Call(Subject& subject, Result (Subject::*handle)(Arguments...), auto&... record) {
+  if constexpr (std::is_same_v<Result, Outcome>) {
+    return (subject.*handle)(record...);
+  } else {
+    (subject.*handle)(record...);
+    return Outcome::Done;
+  }
+}
+
+/// Of a record that isn't parsed here.
+template <auto subject, auto handle>
+Outcome Tell(Subjects& subjects) {
+  return Call(subjects.*subject, handle);
+}
+
+template <class Record>
+using Parser = bool (*)(std::wstring_view, Record&);
+
+/// Parses a record and hands it over.
+template <auto subject, auto parse, auto handle>
+Outcome Give(Subjects& subjects) {
+  const auto give = [&]<class Record>(Parser<Record>) {
+    Record record;
+    if (!parse(subjects.pass.record, record)) return Outcome::BadRecord;
+    return Call(subjects.*subject, handle, record);
+  };
+  return give(parse);
+}
+
+/// The same of a record that doesn't count, whatever it holds, unless the subject wants it.
+template <auto subject, auto isWanted, auto parse, auto handle>
+Outcome GiveIf(Subjects& subjects) {
+  if (!(subjects.*subject.*isWanted)()) return Outcome::Done;
+  return Give<subject, parse, handle>(subjects);
+}
+
+constexpr auto kHandlers = MakeHandlerTable<kRawRecordTypes, Kind, Handler>({
+    {Kind::JB, Give<&Subjects::job, &CRawFile::ParseJB, &Job::OnJob>},
+    {Kind::MO, Give<&Subjects::job, &CRawFile::ParseMO, &Job::OnMode>},
+    {Kind::CG, Give<&Subjects::job, &CRawFile::ParseCG, &Job::OnCogoFlags>},
+    {Kind::Comment, Tell<&Subjects::job, &Job::OnComment>},
+
+    {Kind::OC, Give<&Subjects::setup, &CRawFile::ParseOC, &Setup::OnOccupy>},
+    {Kind::BK, Give<&Subjects::setup, &CRawFile::ParseBK, &Setup::OnBacksight>},
+    {Kind::LS, Give<&Subjects::setup, &CRawFile::ParseLS, &Setup::OnLineOfSight>},
+
+    {Kind::TR, Give<&Subjects::shots, &CRawFile::ParseTR, &Shots::OnTraverse>},
+    {Kind::SS, Give<&Subjects::shots, &CRawFile::ParseSS, &Shots::OnSideshot>},
+
+    {Kind::RB, Give<&Subjects::rounds, &CRawFile::ParseRB, &Rounds::OnBacksightShot>},
+    {Kind::RF, Give<&Subjects::rounds, &CRawFile::ParseRF, &Rounds::OnForesightShot>},
+    {Kind::RD, Give<&Subjects::rounds, &CRawFile::ParseRD, &Rounds::OnDirection>},
+    {Kind::MD, Give<&Subjects::rounds, &CRawFile::ParseMD, &Rounds::OnSetDistance>},
+    {Kind::RS, Tell<&Subjects::rounds, &Rounds::Clear>},
+    {Kind::OB, Tell<&Subjects::rounds, &Rounds::Clear>},
+
+    {Kind::SP, Give<&Subjects::stakeOut, &CRawFile::ParseSP, &StakeOut::OnStoredPoint>},
+    {Kind::CF, Give<&Subjects::stakeOut, &CRawFile::ParseCF, &StakeOut::OnStake>},
+    {Kind::SL, Give<&Subjects::stakeOut, &CRawFile::ParseSL, &StakeOut::OnSlopeStake>},
+    {Kind::SR, Give<&Subjects::stakeOut, &CRawFile::ParseSR, &StakeOut::OnSlopeStake>},
+    {Kind::SD, Give<&Subjects::stakeOut, &CRawFile::ParseSD, &StakeOut::OnStakedDelta>},
+    {Kind::OE, Give<&Subjects::stakeOut, &CRawFile::ParseOE, &StakeOut::OnStationError>},
+    {Kind::SK, Give<&Subjects::stakeOut, &CRawFile::ParseSK, &StakeOut::OnStakeShot>},
+    {Kind::GK, Give<&Subjects::stakeOut, &CRawFile::ParseGK, &StakeOut::OnCheckPoint>},
+
+    {Kind::RX, Give<&Subjects::gps, &CRawFile::ParseRX, &Gps::OnReceiver>},
+    {Kind::EQ, Tell<&Subjects::gps, &Gps::OnEquipment>},
+    {Kind::AH, Give<&Subjects::gps, &CRawFile::ParseAH, &Gps::OnAntennaHeight>},
+    {Kind::BP, GiveIf<&Subjects::gps, &Gps::HasReceiver, &CRawFile::ParseBP, &Gps::OnBasePoint>},
+    {Kind::EP, GiveIf<&Subjects::gps, &Gps::WantsPosition, &CRawFile::ParseEP, &Gps::OnPosition>},
+    {Kind::GS, Give<&Subjects::gps, &CRawFile::ParseGS, &Gps::OnStoredPoint>},
+    {Kind::GP, GiveIf<&Subjects::gps, &Gps::WantsPoint, &CRawFile::ParseGP, &Gps::OnPoint>},
+    {Kind::BL, GiveIf<&Subjects::gps, &Gps::WantsVector, &CRawFile::ParseBL, &Gps::OnVector>},
+    {Kind::CV, Tell<&Subjects::gps, &Gps::OnCovariance>},
+    {Kind::GQ, GiveIf<&Subjects::gps, &Gps::HasRover, &CRawFile::ParseGQ, &Gps::OnQuality>},
+    {Kind::GO, GiveIf<&Subjects::gps, &Gps::HasRover, &CRawFile::ParseGO, &Gps::OnOffset>},
+    {Kind::EE, Tell<&Subjects::gps, &Gps::OnStoredPointAhead>},
+    {Kind::CT, Give<&Subjects::gps, &CRawFile::ParseCT, &Gps::OnControlPoint>},
+    {Kind::RP, Give<&Subjects::gps, &CRawFile::ParseRP, &Gps::OnRoverPoint>},
+
+    {Kind::ES, Give<&Subjects::system, &CRawFile::ParseES, &CoordinateSystem::OnEllipsoid>},
+    {Kind::ST, Give<&Subjects::system, &CRawFile::ParseST, &CoordinateSystem::OnSite>},
+    {Kind::PJ, Give<&Subjects::system, &CRawFile::ParsePJ, &CoordinateSystem::OnProjection>},
+    {Kind::PE, Give<&Subjects::system, &CRawFile::ParsePE, &CoordinateSystem::OnGridProjection>},
+    {Kind::DT, Give<&Subjects::system, &CRawFile::ParseDT, &CoordinateSystem::OnDatum>},
+    {Kind::DG, Give<&Subjects::system, &CRawFile::ParseDG, &CoordinateSystem::OnDatumGrid>},
+    {Kind::HA, Give<&Subjects::system, &CRawFile::ParseHA, &CoordinateSystem::OnHorizontalAdjust>},
+    {Kind::VA, Give<&Subjects::system, &CRawFile::ParseVA, &CoordinateSystem::OnVerticalAdjust>},
+    {Kind::CS, Give<&Subjects::system, &CRawFile::ParseCS, &CoordinateSystem::OnNames>},
+    {Kind::LM, Give<&Subjects::system, &CRawFile::ParseLM, &CoordinateSystem::OnZone>},
+    {Kind::LH, Tell<&Subjects::system, &CoordinateSystem::OnLocalization>},
+    {Kind::SG, Give<&Subjects::system, &CRawFile::ParseSG, &CoordinateSystem::OnGeoid>},
+});
+
+/// One run over a log.
+class RawToDc {
+ public:
+  RawToDc(CRawFile& raw, CDcFile& dc, int version, StringList& messages)
+      : m_raw(raw), m_subjects{.pass{dc, version, messages}} {}
+
+  bool Convert(const std::wstring& jobPath, bool writeUnusedPoints) {
+    CConvertProgress progress;
+    progress.Start();
+    m_pass.index.Build(m_raw);
+    ReadJob(jobPath);
+    m_pass.WatchNames(writeUnusedPoints);
+    const std::int64_t length = m_raw.GetLength();
+    while (m_raw.ReadRecord(m_pass.record)) {
+      m_pass.NextRecord();
+      progress.SetPosition(m_raw.GetPosition(), length);
+      const Outcome outcome = ConvertRecord();
+      if (outcome == Outcome::BadRecord) m_pass.Say(FormatText(kBadRecord, m_pass.line));
+      if (outcome != Outcome::Done) return false;
+    }
+    return Finish(writeUnusedPoints);
+  }
+
+ private:
+  void ReadJob(const std::wstring& path) {
+    if (!IsJobPath(path)) return;
+    const auto unit = LinearUnitOfRaw(m_pass.index.FirstMode().distanceUnit);
+    if (!ReadJobPoints(path, unit, m_pass.m_JobPoints)) m_pass.Say(FormatText(kJobNotRead, path));
+  }
+
+  Outcome ConvertRecord() {
+    m_subjects.stakeOut.BeforeRecord();
+    const Handler* handle = kHandlers.Find(m_pass.kind);
+    return handle != nullptr ? (*handle)(m_subjects) : Outcome::Done;
+  }
+
+  bool Finish(bool writeUnusedPoints) {
+    m_subjects.stakeOut.Finish();
+    if (!m_pass.mode.isSet) {
+      m_pass.Say(std::wstring(kNoMode));
+      return false;
+    }
+    if (writeUnusedPoints) m_pass.WriteUnusedPoints();
+    return true;
+  }
+
+  CRawFile& m_raw;
+  Subjects m_subjects;
+  RawPass& m_pass = m_subjects.pass;
+};
 
 }  // namespace
 
-const CConvRawDCFile::Handler CConvRawDCFile::kHandlers[] = {
-    {RawRecordType::JB, &CConvRawDCFile::OnJob},
-    {RawRecordType::MO, &CConvRawDCFile::OnMode},
-    {RawRecordType::OC, &CConvRawDCFile::OnOccupy},
-    {RawRecordType::BK, &CConvRawDCFile::OnBacksight},
-    {RawRecordType::LS, &CConvRawDCFile::OnLineOfSight},
-    {RawRecordType::Comment, &CConvRawDCFile::OnComment},
-    {RawRecordType::SP, &CConvRawDCFile::OnStoredPoint},
-    {RawRecordType::TR, &CConvRawDCFile::OnTraverse},
-    {RawRecordType::SS, &CConvRawDCFile::OnSideshot},
-    {RawRecordType::RS, &CConvRawDCFile::OnEndOfRounds},
-    {RawRecordType::OB, &CConvRawDCFile::OnEndOfRounds},
-    {RawRecordType::RB, &CConvRawDCFile::OnRoundBacksight},
-    {RawRecordType::RF, &CConvRawDCFile::OnRoundForesight},
-    {RawRecordType::RD, &CConvRawDCFile::OnDirection},
-    {RawRecordType::MD, &CConvRawDCFile::OnSetDistance},
-    {RawRecordType::CF, &CConvRawDCFile::OnStake},
-    {RawRecordType::SL, &CConvRawDCFile::OnSlopeStake},
-    {RawRecordType::SR, &CConvRawDCFile::OnSlopeStake},
-    {RawRecordType::SD, &CConvRawDCFile::OnStakedDelta},
-    {RawRecordType::OE, &CConvRawDCFile::OnStationError},
-    {RawRecordType::SK, &CConvRawDCFile::OnStakeShot},
-    {RawRecordType::GK, &CConvRawDCFile::OnCheckPoint},
-    {RawRecordType::RX, &CConvRawDCFile::OnReceiver},
-    {RawRecordType::EQ, &CConvRawDCFile::OnEquipment},
-    {RawRecordType::AH, &CConvRawDCFile::OnAntennaHeight},
-    {RawRecordType::BP, &CConvRawDCFile::OnBasePoint},
-    {RawRecordType::EP, &CConvRawDCFile::OnGpsPosition},
-    {RawRecordType::GS, &CConvRawDCFile::OnGpsStored},
-    {RawRecordType::GP, &CConvRawDCFile::OnGpsPoint},
-    {RawRecordType::BL, &CConvRawDCFile::OnVector},
-    {RawRecordType::CV, &CConvRawDCFile::OnCovariance},
-    {RawRecordType::GQ, &CConvRawDCFile::OnQuality},
-    {RawRecordType::GO, &CConvRawDCFile::OnGpsOffset},
-    {RawRecordType::EE, &CConvRawDCFile::OnStoredGps},
-    {RawRecordType::CT, &CConvRawDCFile::OnControlPoint},
-    {RawRecordType::RP, &CConvRawDCFile::OnRoverPoint},
-    {RawRecordType::ES, &CConvRawDCFile::OnEllipsoid},
-    {RawRecordType::ST, &CConvRawDCFile::OnSite},
-    {RawRecordType::PJ, &CConvRawDCFile::OnProjection},
-    {RawRecordType::PE, &CConvRawDCFile::OnExtendedProjection},
-    {RawRecordType::DT, &CConvRawDCFile::OnDatum},
-    {RawRecordType::DG, &CConvRawDCFile::OnDatumGrid},
-    {RawRecordType::HA, &CConvRawDCFile::OnHorizontalAdjust},
-    {RawRecordType::VA, &CConvRawDCFile::OnVerticalAdjust},
-    {RawRecordType::CS, &CConvRawDCFile::OnSystemNames},
-    {RawRecordType::CG, &CConvRawDCFile::OnCogoFlags},
-    {RawRecordType::LM, &CConvRawDCFile::OnZone},
-    {RawRecordType::LH, &CConvRawDCFile::OnLocalization},
-    {RawRecordType::SG, &CConvRawDCFile::OnGeoid},
-};
-
-CConvRawDCFile::Handle CConvRawDCFile::HandlerOf(RawRecordType type) {
-  static const auto handlers = [] {
-    std::array<Handle, kRawRecordTypes> byType{};
-    for (const Handler& handler : kHandlers) {
-      byType[static_cast<std::size_t>(handler.type)] = handler.handle;
-    }
-    return byType;
-  }();
-  return handlers[static_cast<std::size_t>(type)];
-}
-
-CConvRawDCFile::CConvRawDCFile(CRawFile* raw, CDcFile* dc, bool writeUnusedPoints, bool native,
-                               int version, std::wstring jobPath)
+CConvRawDCFile::CConvRawDCFile(CRawFile* raw, CDcFile* dc, bool writeUnusedPoints, int version,
+                               std::wstring jobPath)
     : m_pRaw(raw),
       m_pDc(dc),
       m_bWriteUnusedPoints(writeUnusedPoints),
-      m_bNative(native),
       m_nVersion(version),
-      m_strJobPath(std::move(jobPath)) {
-  m_Position.subtype = L"KI";
-}
-
-void CConvRawDCFile::SetDesignPoints(PointMap jobPoints, PointMap extraPoints) {
-  m_JobPoints = std::move(jobPoints);
-  m_ExtraPoints = std::move(extraPoints);
-}
+      m_strJobPath(std::move(jobPath)) {}
 
 bool CConvRawDCFile::ConvertToRaw(StringList& /*messages*/) {
   return true;
 }
 
 bool CConvRawDCFile::ConvertFromRaw(StringList& messages) {
-  CConvertProgress progress;
-  progress.Start();
-  m_pMessages = &messages;
   m_pDc->SetMessages(&messages);
-  m_Index.Build(*m_pRaw);
-  ReadDesignPoints();
-  WatchNames();
-  const std::int64_t length = m_pRaw->GetLength();
-  while (m_pRaw->ReadRecord(m_strRecord)) {
-    ++m_nLineNumber;
-    m_RecordType = CRawFile::GetRecordType(m_strRecord);
-    progress.SetPosition(m_pRaw->GetPosition(), length);
-    const Outcome outcome = ConvertRecord();
-    if (outcome == Outcome::BadRecord) Say(FormatText(kBadRecord, m_nLineNumber));
-    if (outcome != Outcome::Done) return false;
-    m_PrevRecordType = m_RecordType;
-  }
-  return Finish();
-}
-
-void CConvRawDCFile::ReadDesignPoints() {
-  if (!IsJobPath(m_strJobPath)) return;
-  if (!ReadJobPoints(m_strJobPath, m_Index.FirstMode().distanceUnit, m_JobPoints)) {
-    Say(FormatText(kJobNotRead, m_strJobPath));
-  }
-}
-
-void CConvRawDCFile::WatchNames() {
-  if (m_bWriteUnusedPoints) {
-    for (const auto& [name, point] : m_JobPoints) m_Index.AskFor(name);
-  }
-  m_Names.observed.Watch(m_Index.AskedNames());
-  m_Names.gps.Watch(m_Index.AskedNames());
-}
-
-Outcome CConvRawDCFile::ConvertRecord() {
-  if (m_Stored.pending && !kStakeKinds.Contains(m_RecordType)) {
-    const bool deleted = m_Index.IsDeleted(m_Stored.point.m_strName, m_nLineNumber - 1);
-    WriteGridPosition(m_Stored.point, deleted);
-    m_Stored.pending = false;
-  }
-  const Handle handle = HandlerOf(m_RecordType);
-  return handle ? (this->*handle)() : Outcome::Done;
-}
-
-bool CConvRawDCFile::Finish() {
-  if (m_Stored.pending) WriteGridPosition(m_Stored.point, false);
-  if (!m_Mode.seenMode) {
-    Say(std::wstring(kNoMode));
-    return false;
-  }
-  if (m_bWriteUnusedPoints) WriteUnusedPoints();
-  return true;
-}
-
-void CConvRawDCFile::WriteUnusedPoints() {
-  for (const auto& [name, point] : m_JobPoints) {
-    if (!IsWritten(name)) WriteGridPosition(point, false);
-  }
-}
-
-void CConvRawDCFile::Say(std::wstring text) {
-  m_pMessages->push_back(std::move(text));
-}
-
-bool CConvRawDCFile::IsDeleted(std::wstring_view name) const {
-  return m_Index.IsDeleted(name, m_nLineNumber);
-}
-
-bool CConvRawDCFile::IsWritten(std::wstring_view name) const {
-  return m_Names.observed.Contains(name) || m_Names.gps.Contains(name);
-}
-
-bool CConvRawDCFile::IsBacksightName(std::wstring_view name) const {
-  return name.starts_with(L"BS") && !m_JobPoints.contains(name);
-}
-
-wchar_t CConvRawDCFile::Classify(std::wstring_view name, bool deleted, wchar_t live,
-                                 wchar_t dead) const {
-  return deleted || (!m_bKeepBacksightClass && IsBacksightName(name)) ? dead : live;
-}
-
-void CConvRawDCFile::WriteGridPosition(const CZelPoint& point, bool deleted) {
-  m_Position.name = point.m_strName;
-  m_Position.north = point.m_dNorth;
-  m_Position.east = point.m_dEast;
-  m_Position.elevation = point.m_dElevation;
-  m_Position.code = point.m_strDescription;
-  m_Position.classification = Classify(point.m_strName, deleted);
-  m_pDc->WriteGridPosition(m_Position);
+  return RawToDc(*m_pRaw, *m_pDc, m_nVersion, messages).Convert(m_strJobPath, m_bWriteUnusedPoints);
 }
 
 }  // namespace zelconvert

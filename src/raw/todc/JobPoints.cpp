@@ -2,7 +2,6 @@
 
 #include "io/Paths.h"
 #include "job/CJobFile.h"
-#include "raw/todc/RawDcState.h"
 
 namespace zelconvert {
 
@@ -10,10 +9,10 @@ bool IsJobPath(std::wstring_view path) {
   return HasExtension(path, L".job") || HasExtension(path, L".pwj");
 }
 
-bool ReadJobPoints(const std::wstring& path, std::int32_t unit, PointMap& points) {
+bool ReadJobPoints(const std::wstring& path, std::optional<LinearUnit> unit, PointMap& points) {
   CJobFile job(HasExtension(path, L".job"));
   if (!job.Open(path, true) || !job.SeekToFirstRecord()) return false;
-  const auto length = [unit](double metres) { return LengthInUnit(metres, unit, kRawMetres); };
+  const auto length = [unit](double metres) { return unit ? FromMetres(metres, *unit) : metres; };
   PointMap found;
   JOB_POINT_EX point;
   JobKind kind;

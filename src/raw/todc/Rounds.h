@@ -1,55 +1,44 @@
-// Sets of rounds: directions, zenith angles and distances in both faces, and their means. Angles
-// are decimal degrees or gons by `angleUnit` (kRawDegrees, kRawGons) unless a comment says radians.
+// Sets of rounds are gathered, and dropped at the next shot: what a DC file gets from a log are its
+// plain shots.
 #pragma once
 
-#include <cstdint>
-#include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
-#include "dc/CDcFile.h"
-#include "raw/todc/RawDcState.h"
+#include "raw/todc/RawPass.h"
+#include "raw/todc/ReduceRounds.h"
 
 namespace zelconvert {
 
-/// Wraps both radians to [0, 2 pi) and lifts the smaller by a full circle if they are half a circle
-/// or more apart.
-void AlignAngles(double& a, double& b);
+class Rounds {
+ public:
+  explicit Rounds(RawPass& pass) : m_pass(pass) {}
 
-/// The mean of a direction in face one and one in face two; null if either is.
-double MeanDirection(double d1, double d2, std::int32_t angleUnit);
-/// The zenith angle of a pair of faces, free of the index error; null if one is null.
-double MeanZenith(double z1, double z2, std::int32_t angleUnit);
+  void OnBacksightShot(const ROUND_SHOT_RECORD& shot);      // RB
+  void OnForesightShot(const ROUND_SHOT_RECORD& shot);      // RF
+  void OnDirection(const DIRECTION_RECORD& direction);      // RD
+  void OnSetDistance(const SET_DISTANCE_RECORD& distance);  // MD
+  void Clear() { m_set = {}; }                              // RS, OB, a setup
 
-/// The mean of directions that may lie on both sides of north. Null for none.
-double MeanAngle(std::span<const double> angles, std::int32_t angleUnit);
-/// The plain mean. Null for none.
-double MeanValue(std::span<const double> values);
-/// The standard error of a mean; null for fewer than two values.
-double StandardError(std::span<const double> values, double mean);
-/// Likewise of directions.
-double StandardErrorOfAngles(std::span<const double> angles, double mean, std::int32_t angleUnit);
+  /// At a shot. True if a set has been reduced.
+  bool End(const std::wstring& station, const std::wstring& backsight, std::wstring_view foresight);
 
-/// What the directions of a setup are relative to: the mean of its first set.
-struct RoundsReference {
-  double direction = DC_NULL;  ///< null until a set has been reduced
-  std::wstring name;           ///< the target of that set
+ private:
+  struct Set {
+    std::vector<RB_RECORD> backsightShots;
+    std::vector<RF_RECORD> foresightShots;
+    std::vector<RD_RECORD> directions;
+    RD_RECORD currentDirection;
+    bool hasDirection = false;  // currentDirection holds something
+    DirectionKind lastDirectionKind = DirectionKind::BacksightDirect;
+  };
+
+  ROUND_SHOT ToRoundShot(const ROUND_SHOT_RECORD& shot) const;
+
+  RawPass& m_pass;
+  Set m_set;
+  bool m_isPending = false;  // no record marks a set, so none is reduced
 };
-
-/// The names of a set that has directions alone.
-struct RoundsNames {
-  std::wstring station;
-  std::wstring backsight;
-  std::wstring foresight;
-};
-
-/// Writes the sets that were collected at a setup: for each pair of shots the observations and
-/// their mean, for each set its means and standard errors. The backsights come first and are the
-/// reference if there is none yet. Shot i goes with entry i of `directions`, whose reverse slot
-/// completes a pair in one face; without shots the directions themselves are the set. Shots to
-/// several targets in a list aren't told apart.
-void ReduceRounds(CDcFile& dc, std::span<const RB_RECORD> backsightShots,
-                  std::span<const RF_RECORD> foresightShots, std::span<const RD_RECORD> directions,
-                  RoundsReference& reference, std::int32_t angleUnit, const RoundsNames& names);
 
 }  // namespace zelconvert

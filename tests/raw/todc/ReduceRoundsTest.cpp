@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "TempDir.h"
-#include "raw/todc/Rounds.h"
+#include "raw/todc/ReduceRounds.h"
 
 namespace zelconvert {
 namespace {

@@ -1,0 +1,424 @@
+#include "raw/todc/Gps.h"
+
+#include <cmath>
+#include <limits>
+
+#include "convert/GpsSecurity.h"
+#include "io/Strings.h"
+#include "raw/Angles.h"
+#include "raw/CRawFile.h"
+#include "raw/GpsSignature.h"
+#include "raw/todc/Texts.h"
+
+namespace zelconvert {
+namespace {
+
+constexpr std::wstring_view kPrefix = L"GPS_";
+constexpr std::size_t kLongestPrefixedName = 12;
+constexpr std::wstring_view kKeyedIn = L"KI";
+
+constexpr std::int32_t kGeodeticMethod = 2;  ///< the position itself counts, not the vector to it
+constexpr std::int32_t kDeletedClassStep = 5;
+constexpr std::int32_t kFirstDeletedClass = 6;
+
+enum class Role { Base, GetBase, VrsBase, Rover, Static, Other };
+
+Role RoleOf(std::wstring_view text) {
+  if (text == L"BASE") return Role::Base;
+  if (text == L"GETBASE") return Role::GetBase;
+  if (text == L"VRSBASE") return Role::VrsBase;
+  if (text == L"ROVER") return Role::Rover;
+  if (text == L"STATIC") return Role::Static;
+  return Role::Other;
+}
+
+/// The subtype of a GPS record.
+std::wstring_view SubtypeOf(std::wstring_view role) {
+  switch (RoleOf(role)) {
+    case Role::Base:
+    case Role::GetBase:
+    case Role::VrsBase:
+      return L"BA";
+    default:
+      return role == kKeyedIn ? kKeyedIn : std::wstring_view(L"XD");
+  }
+}
+
+/// 16 bits on every platform.
+wchar_t ClassCharacter(std::int32_t classification) {
+  return static_cast<wchar_t>(static_cast<std::uint16_t>(L'0' + std::int64_t{classification}));
+}
+
+/// Any class may stand in a log.
+std::int32_t RaiseClass(std::int32_t classification, std::int32_t step) {
+  constexpr std::int32_t kLargest = std::numeric_limits<std::int32_t>::max();
+  return classification > kLargest - step ? kLargest : classification + step;
+}
+
+}  // namespace
+
+// ---- Receivers and antennas
+
+void Gps::OnReceiver(const RX_RECORD& receiver) {
+  if (HasRover()) m_receiver = Receiver::Other;
+  m_shot = Shot::Begun;
+  m_isQualityWaiting = false;
+  const Role role = RoleOf(receiver.role);
+  if (role == Role::Static) return;
+  m_receiver = role == Role::Rover ? Receiver::Rover : Receiver::Other;
+  m_role = receiver.role;
+  if (role == Role::Rover) m_roverRecord = m_pass.record;
+  if (role == Role::Base || role == Role::GetBase) m_base = Base::Real;
+  if (role == Role::VrsBase) m_base = Base::Virtual;
+  const double height = m_pass.mode.Length(receiver.antennaHeight);
+  SetReducedHeight(receiver.role, height);
+  if (role == Role::GetBase || role == Role::VrsBase) {
+    m_antenna = {height, 1};
+    WriteAntennaHeight(receiver.role, m_antenna);
+  }
+}
+
+void Gps::SetReducedHeight(std::wstring_view role, double height) {
+  (RoleOf(role) == Role::Rover ? m_roverAntennaHeight : m_baseAntennaHeight) = height;
+}
+
+void Gps::WriteAntennaHeight(std::wstring_view role, const Antenna& antenna) {
+  tDC_ANTENNA_HEIGHTRecord record;
+  record.subtype = SubtypeOf(role);
+  record.height = antenna.height;
+  record.flag = antenna.kind;
+  m_pass.dc.WriteAntennaHeight(record);
+}
+
+/// The signature ends the record, so that it is looked at and cut off before the fields are read.
+Outcome Gps::OnEquipment() {
+  if (!HasReceiver()) return Outcome::Done;
+  std::wstring_view record = m_pass.record;
+  const bool isTested =
+      g_bGpsSecurityInDcConversions && HasRover() && m_pass.previousKind == RawRecordType::RX;
+  if (isTested && !TestGpsSignature(m_roverRecord, record)) {
+    m_receiver = Receiver::Other;
+    m_pass.Say(std::wstring(kNotSigned));
+    return Outcome::Done;
+  }
+  EQ_RECORD equipment;
+  if (!CRawFile::ParseEQ(record, equipment)) return Outcome::BadRecord;
+  if (RoleOf(equipment.role) == Role::Static) return Outcome::Done;
+  m_role = equipment.role;
+  m_antennaNumber = equipment.antennaNumber;
+
+  const Mode& mode = m_pass.mode;
+  tDC_RECEIVER_EXTRecord receiver;
+  receiver.subtype = SubtypeOf(equipment.role);
+  receiver.text1 = equipment.receiverType;
+  receiver.text2 = equipment.receiverSerial;
+  receiver.number1 = equipment.antennaNumber;
+  receiver.number2 = equipment.antennaId;
+  receiver.text3 = equipment.antennaType;
+  receiver.text4 = equipment.antennaSerial;
+  receiver.value1 = mode.Length(equipment.tapeAdjustment);
+  receiver.value2 = mode.Length(equipment.horizontalOffset);
+  receiver.value3 = mode.Length(equipment.verticalOffset);
+  m_pass.dc.WriteReceiverExt(receiver);
+  return Outcome::Done;
+}
+
+void Gps::OnAntennaHeight(const AH_RECORD& antenna) {
+  if (RoleOf(antenna.role) == Role::Static) return;
+  m_role = antenna.role;
+  const double reduced = m_pass.mode.Length(antenna.reducedHeight);
+  // An antenna without a number has no model to reduce its measured height by.
+  m_antenna = m_antennaNumber == 0 ? Antenna{reduced, 1}
+                                   : Antenna{m_pass.mode.Length(antenna.measuredHeight), 2};
+  WriteAntennaHeight(antenna.role, m_antenna);
+  SetReducedHeight(antenna.role, reduced);
+}
+
+void Gps::OnBasePoint(const BP_RECORD& base) {
+  m_position.latitude = DmsToDegreesSigned(base.latitude);
+  m_position.longitude = DmsToDegreesSigned(base.longitude);
+  m_position.height = Sum(m_pass.mode.Length(base.height), m_baseAntennaHeight);
+  m_position.method = 1;
+  m_position.classification = 1;
+  m_basePosition = LatestEcef();
+  if (m_base == Base::Virtual) return;
+  WritePosition(SubtypeOf(m_role), base.name, L"Base Point ", 0, 0);
+  tDC_DELETED_POSITIONRecord marker;
+  marker.name = base.name;
+  m_pass.dc.WriteDeletedPosition(marker);
+}
+
+// ---- What the rover measured
+
+void Gps::OnPosition(const EP_RECORD& position) {
+  const Mode& mode = m_pass.mode;
+  m_position = {DmsToDegreesSigned(position.latitude),
+                DmsToDegreesSigned(position.longitude),
+                mode.Length(position.height),
+                position.method,
+                position.classification,
+                mode.Length(position.horizontalPrecision),
+                mode.Length(position.verticalPrecision)};
+  m_latest = Measured::Position;
+  if (m_shot != Shot::Begun) m_isQualityWaiting = false;
+  m_shot = Shot::Position;
+}
+
+void Gps::OnStoredPoint(const POINT_RECORD& point) {
+  m_storedName = point.name;
+  m_stakeOut.OnPointStored(m_pass.ToPoint(point));
+  if (!HasRover()) return;
+  WriteResult(point.name, point.note, m_pass.IsDeleted(point.name) ? kDeletedClassStep : 0);
+  m_shot = Shot::Over;
+}
+
+void Gps::OnPoint(const GP_RECORD& point) {
+  m_shot = Shot::Over;
+  const bool deleted = m_pass.IsDeleted(point.name);
+  if (point.kind == GpsPointKind::UserInput) {
+    if (m_isStoredPointAhead && m_pass.previousKind == RawRecordType::EP) {
+      m_position.classification = deleted ? kFirstDeletedClass : 1;
+      WriteStoredPosition(point.name);
+      m_isStoredPointAhead = false;
+    }
+    return;
+  }
+  std::wstring name(point.name);
+  if (point.kind == GpsPointKind::Control && !AddPrefix(name)) return;
+  const auto known = m_pass.m_JobPoints.find(point.name);
+  // The step counts twice here, which tells a deleted point of this kind from one that was stored.
+  WriteResult(name, known == m_pass.m_JobPoints.end() ? L" " : known->second.m_strDescription,
+              deleted ? 2 * kDeletedClassStep : 0);
+}
+
+/// Control points and what is measured to them go by names of their own. False, with a warning, if
+/// the name has no room for the prefix.
+bool Gps::AddPrefix(std::wstring& name) {
+  if (name.size() > kLongestPrefixedName) {
+    m_pass.Say(FormatText(kNameTooLong, name));
+    return false;
+  }
+  name.insert(0, kPrefix);
+  return true;
+}
+
+/// The position at hand, as position or as vector from the base. Nothing if its vector has been
+/// written. `classStep` is added to the class.
+void Gps::WriteResult(std::wstring_view name, std::wstring_view description,
+                      std::int32_t classStep) {
+  const bool asPosition = m_position.method == kGeodeticMethod || m_base == Base::Virtual;
+  if (!asPosition && m_latest == Measured::Vector) return;
+  m_position.classification = RaiseClass(m_position.classification, classStep);
+  m_position.height = Sum(m_position.height, m_roverAntennaHeight);
+  if (asPosition) {
+    WritePosition(SubtypeOf(m_role), name, description, m_position.horizontalPrecision,
+                  m_position.verticalPrecision);
+  } else {
+    WriteVector(SubtypeOf(m_role), name, description, VectorBetween(m_basePosition, LatestEcef()));
+  }
+  WriteWaitingQuality();
+  MarkMeasured(name);
+}
+
+void Gps::WriteWaitingQuality() {
+  if (m_isQualityWaiting) m_pass.dc.WriteSetup(m_quality);
+  m_isQualityWaiting = false;
+}
+
+void Gps::MarkMeasured(std::wstring_view name) {
+  if (m_position.classification < kFirstDeletedClass) m_pass.measured.Insert(name);
+}
+
+EcefPosition Gps::LatestEcef() const {
+  return GeodeticToEcef(m_position.latitude, m_position.longitude, m_position.height,
+                        m_pass.mode.firstUnit.value_or(LinearUnit::Metre));
+}
+
+void Gps::WritePosition(std::wstring_view subtype, std::wstring_view name,
+                        std::wstring_view description, double horizontalPrecision,
+                        double verticalPrecision) {
+  m_positionRecord.subtype = subtype;
+  m_positionRecord.name = name;
+  m_positionRecord.coord1 = m_position.latitude;
+  m_positionRecord.coord2 = m_position.longitude;
+  m_positionRecord.coord3 = m_position.height;
+  m_positionRecord.code = description;
+  m_positionRecord.method = m_position.method;
+  m_positionRecord.classification = ClassCharacter(m_position.classification);
+  m_positionRecord.sigma1 = horizontalPrecision;
+  m_positionRecord.sigma2 = verticalPrecision;
+  m_pass.dc.WriteGpsPosition(m_positionRecord);
+}
+
+void Gps::WriteVector(std::wstring_view subtype, std::wstring_view name,
+                      std::wstring_view description, const EcefPosition& difference) {
+  m_vectorRecord.subtype = subtype;
+  m_vectorRecord.name = name;
+  m_vectorRecord.coord1 = difference.x;
+  m_vectorRecord.coord2 = difference.y;
+  m_vectorRecord.coord3 = difference.z;
+  m_vectorRecord.code = description;
+  m_vectorRecord.method = m_position.method;
+  m_vectorRecord.classification = ClassCharacter(m_position.classification);
+  m_vectorRecord.sigma1 = m_position.horizontalPrecision;
+  m_vectorRecord.sigma2 = m_position.verticalPrecision;
+  m_pass.dc.WriteGpsPosition2(m_vectorRecord);
+}
+
+/// A position that was keyed in or stored: without an antenna, and the antenna restored after it.
+void Gps::WriteStoredPosition(std::wstring_view name) {
+  WriteAntennaHeight(kKeyedIn, {0, 1});
+  WritePosition(kKeyedIn, name, {}, 0, 0);
+  WriteAntennaHeight(m_role, m_antenna);
+}
+
+Outcome Gps::OnVector(const BL_RECORD& vector) {
+  const Mode& mode = m_pass.mode;
+  m_latest = Measured::Vector;
+  BeginShotAfterLast();
+  m_position.method = vector.method;
+  m_position.classification = vector.classification;
+  m_position.horizontalPrecision = mode.Length(vector.horizontalPrecision);
+  m_position.verticalPrecision = mode.Length(vector.verticalPrecision);
+  bool isControl = false;
+  if (!m_pass.index.FindGpsPointKind(m_pass.line, vector.name, isControl)) {
+    return Outcome::BadRecord;
+  }
+  std::wstring name(vector.name);
+  if (isControl && !AddPrefix(name)) {
+    m_isCovarianceSkipped = true;
+    return Outcome::Done;
+  }
+  if (m_pass.IsDeleted(vector.name)) {
+    m_position.classification = RaiseClass(m_position.classification, kDeletedClassStep);
+  }
+  WriteVector(SubtypeOf(vector.role), name, vector.note,
+              {mode.Length(vector.deltaX), mode.Length(vector.deltaY), mode.Length(vector.deltaZ)});
+  WriteWaitingQuality();
+  m_shot = Shot::Vector;
+  MarkMeasured(name);
+  return Outcome::Done;
+}
+
+/// What comes after a shot belongs to the next one.
+void Gps::BeginShotAfterLast() {
+  if (m_shot != Shot::Over) return;
+  m_shot = Shot::Begun;
+  m_isQualityWaiting = false;
+}
+
+/// One that lacks a field is passed over.
+void Gps::OnCovariance() {
+  CV_RECORD covariance;
+  if (!WantsVector() || !CRawFile::ParseCV(m_pass.record, covariance)) return;
+  if (m_isCovarianceSkipped) {
+    m_isCovarianceSkipped = false;
+    return;
+  }
+  tDC_VECTOR_SIGMARecord record;
+  record.subtype = SubtypeOf(covariance.role);
+  record.flag = covariance.satellites;
+  record.value1 = covariance.scalar;
+  record.value2 = covariance.xx;
+  record.value3 = covariance.xy;
+  record.value4 = covariance.xz;
+  record.value5 = covariance.yy;
+  record.value6 = covariance.yz;
+  record.value7 = covariance.zz;
+  m_pass.dc.WriteVectorSigma(record);
+}
+
+void Gps::OnQuality(const GQ_RECORD& quality) {
+  m_quality.subtype = SubtypeOf(quality.role);
+  m_quality.flag = quality.satellites;
+  m_quality.relative = quality.relative != 0;
+  m_quality.value1 = quality.pdop;
+  m_quality.value2 = quality.hdop;
+  m_quality.value3 = quality.vdop;
+  m_quality.value4 = quality.rms;
+  m_quality.number1 = quality.epochs;
+  m_quality.value5 = m_pass.mode.Length(quality.horizontalPrecision);
+  m_quality.value6 = m_pass.mode.Length(quality.verticalPrecision);
+  m_quality.number2 = quality.startWeek;
+  m_quality.value7 = quality.startSeconds;
+  m_quality.number3 = quality.endWeek;
+  m_quality.value8 = quality.endSeconds;
+  m_quality.digit = quality.initialization;
+  BeginShotAfterLast();
+  m_isQualityWaiting = true;
+  if (m_shot == Shot::Vector) WriteWaitingQuality();
+}
+
+// ---- Offsets, stored points, localization
+
+void Gps::OnOffset(const GO_RECORD& offset) {
+  const Mode& mode = m_pass.mode;
+  const bool deleted = m_pass.IsDeleted(offset.name);
+  const wchar_t classification = m_pass.Classify(offset.name, deleted);
+  const double azimuth = mode.Angle(offset.azimuth);
+  const double zenith = mode.Angle(offset.zenith);
+  const double slopeDistance = mode.Length(offset.slopeDistance);
+  const double instrumentHeight = mode.Length(offset.instrumentHeight);
+  const double rodHeight = mode.Length(offset.rodHeight);
+  if (instrumentHeight == 0 && rodHeight == 0) {
+    const double radians = RadiansOf(zenith, mode.firstAngleUnit);
+    tDC_VECTORRecord vector;
+    vector.from = m_storedName;
+    vector.to = offset.name;
+    vector.azimuth = azimuth;
+    vector.horizontalDistance =
+        Computed(std::fabs(std::sin(radians) * slopeDistance), zenith, slopeDistance);
+    vector.verticalDistance = Computed(std::cos(radians) * slopeDistance, zenith, slopeDistance);
+    vector.code = offset.note;
+    vector.classification = classification;
+    m_pass.dc.WriteVector(vector);
+  } else {
+    tDC_NAMERecord from;
+    from.name = m_storedName;
+    m_pass.dc.WriteName(from);
+    tDC_STATION_HEIGHTRecord station;
+    station.height = instrumentHeight;
+    m_pass.dc.WriteStationHeight(station);
+    tDC_TARGET_HEIGHTRecord target;
+    target.height = rodHeight;
+    m_pass.dc.WriteTargetHeight(target);
+    tDC_ANGLE_DISTANCE_KEYEDRecord shot;
+    shot.name = offset.name;
+    shot.angle1 = azimuth;
+    shot.angle2 = zenith;
+    shot.distance = slopeDistance;
+    shot.code = offset.note;
+    shot.classification = classification;
+    m_pass.dc.WriteAngleDistanceKeyed(shot);
+  }
+  if (!deleted) m_pass.observed.Insert(offset.name);
+}
+
+void Gps::OnControlPoint(const CT_RECORD& control) {
+  std::wstring name(control.name);
+  if (!AddPrefix(name)) return;
+  m_isControlOpen = true;
+  const double horizontal = m_pass.mode.Length(control.horizontalPrecision);
+  const double vertical = m_pass.mode.Length(control.verticalPrecision);
+  tDC_CB_Record record;
+  record.text1 = name;
+  record.text2 = control.name;
+  record.digit = control.dimension;
+  record.value1 = horizontal;
+  record.value2 = vertical;
+  record.value3 =
+      Computed(std::sqrt(horizontal * horizontal + vertical * vertical), horizontal, vertical);
+  m_pass.dc.WriteCb(record);
+}
+
+void Gps::OnRoverPoint(const POINT_RECORD& point) {
+  std::wstring name(point.name);
+  if (!AddPrefix(name) || !m_isControlOpen) return;
+  if (!m_pass.measured.Contains(point.name)) WriteStoredPosition(name);
+  if (!m_pass.observed.Contains(point.name)) {
+    m_pass.WriteGridPosition(m_pass.ToPoint(point), false);
+  }
+  m_isControlOpen = false;
+}
+
+}  // namespace zelconvert

@@ -1,0 +1,120 @@
+// GPS records: receivers, antennas, positions and vectors. A position comes as latitude, longitude
+// and height (EP) or as a vector from the base (BL), and goes out as one or the other.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "raw/todc/Ecef.h"
+#include "raw/todc/RawPass.h"
+#include "raw/todc/StakeOut.h"
+
+namespace zelconvert {
+
+class Gps {
+ public:
+  Gps(RawPass& pass, StakeOut& stakeOut) : m_pass(pass), m_stakeOut(stakeOut) {}
+
+  void OnReceiver(const RX_RECORD& receiver);                 // RX
+  Outcome OnEquipment();                                      // EQ
+  void OnAntennaHeight(const AH_RECORD& antenna);             // AH
+  void OnBasePoint(const BP_RECORD& base);                    // BP
+  void OnPosition(const EP_RECORD& position);                 // EP
+  void OnStoredPoint(const POINT_RECORD& point);              // GS
+  void OnPoint(const GP_RECORD& point);                       // GP
+  Outcome OnVector(const BL_RECORD& vector);                  // BL
+  void OnCovariance();                                        // CV
+  void OnQuality(const GQ_RECORD& quality);                   // GQ
+  void OnOffset(const GO_RECORD& offset);                     // GO
+  void OnStoredPointAhead() { m_isStoredPointAhead = true; }  // EE
+  void OnControlPoint(const CT_RECORD& control);              // CT
+  void OnRoverPoint(const POINT_RECORD& point);               // RP
+
+  // Records that come without what they belong to don't count, whatever they hold.
+  bool HasReceiver() const { return m_receiver != Receiver::None; }
+  bool HasRover() const { return m_receiver == Receiver::Rover; }
+  bool WantsVector() const { return HasRover() && m_base == Base::Real; }
+  bool WantsPoint() const { return HasRover() || m_isStoredPointAhead; }
+  bool WantsPosition() const { return WantsPoint() || m_isControlOpen; }
+
+ private:
+  /// What the latest RX set up.
+  enum class Receiver {
+    None,   ///< nothing, or static receivers alone
+    Other,  ///< a base, or a rover whose signature doesn't hold
+    Rover,
+  };
+  enum class Base { Real, Virtual };
+  /// A shot goes from its first EP, BL or GQ to its GS or GP; a second EP, or an RX, begins
+  /// another.
+  enum class Shot {
+    Begun,     ///< with a quality at most
+    Position,  ///< an EP came
+    Vector,    ///< the 67 of a BL was written
+    Over,      ///< GS or GP came
+  };
+  enum class Measured { Position, Vector };
+
+  /// Latitude and longitude in decimal degrees.
+  struct Position {
+    double latitude = 0;
+    double longitude = 0;
+    double height = 0;
+    std::int32_t method = 1;
+    std::int32_t classification = 1;
+    double horizontalPrecision = 0;
+    double verticalPrecision = 0;
+  };
+  /// What the latest antenna height record said.
+  struct Antenna {
+    double height = 0;
+    std::int32_t kind = 1;  ///< 1 reduced, 2 as measured
+  };
+
+  void SetReducedHeight(std::wstring_view role, double height);
+  void WriteAntennaHeight(std::wstring_view role, const Antenna& antenna);
+  bool AddPrefix(std::wstring& name);
+  void BeginShotAfterLast();
+  void WriteResult(std::wstring_view name, std::wstring_view description, std::int32_t classStep);
+  void WriteWaitingQuality();
+  void MarkMeasured(std::wstring_view name);
+  void WritePosition(std::wstring_view subtype, std::wstring_view name,
+                     std::wstring_view description, double horizontalPrecision,
+                     double verticalPrecision);
+  void WriteVector(std::wstring_view subtype, std::wstring_view name, std::wstring_view description,
+                   const EcefPosition& difference);
+  void WriteStoredPosition(std::wstring_view name);
+  EcefPosition LatestEcef() const;
+
+  RawPass& m_pass;
+  StakeOut& m_stakeOut;
+
+  Receiver m_receiver = Receiver::None;
+  Base m_base = Base::Real;
+  Shot m_shot = Shot::Begun;
+  Measured m_latest = Measured::Position;  // the later of EP and BL
+  bool m_isQualityWaiting = false;         // of the shot at hand, with which it goes
+  bool m_isCovarianceSkipped = false;      // the next one: its vector was dropped
+  bool m_isStoredPointAhead = false;       // from EE to the GP that is keyed in
+  bool m_isControlOpen = false;            // from CT to RP
+
+  std::wstring m_role = L"KI";       // of the latest RX, EQ or AH
+  std::wstring m_roverRecord;        // the RX of the rover, for its signature
+  std::int32_t m_antennaNumber = 0;  // of the latest EQ
+  double m_baseAntennaHeight = 0;
+  double m_roverAntennaHeight = 0;
+  Antenna m_antenna;
+  // Of the latest EP or BP; a later BL has its method, class and precisions. The antenna's height
+  // and the class of a deleted point stay for further records of the same position.
+  Position m_position;
+  EcefPosition m_basePosition;
+  std::wstring m_storedName;  // of the latest GS
+
+  // Reused, so that a shot allocates nothing.
+  tDC_GPS_POSITIONRecord m_positionRecord;
+  tDC_GPS_POSITION2Record m_vectorRecord;
+  tDC_SETUP_Record m_quality;  // the latest GQ, which may wait for its position
+};
+
+}  // namespace zelconvert

@@ -1,0 +1,35 @@
+// The units of a log. The first MO fixes those of the output; what is read under a later one is
+// brought to them.
+#pragma once
+
+#include <optional>
+
+#include "raw/RawRecords.h"
+#include "raw/RawUnits.h"
+
+namespace zelconvert {
+
+/// A length in the unit `to`, from the unit `from`. A unit that isn't known and a null value leave
+/// it as it is.
+double LengthInUnit(double v, std::optional<LinearUnit> to, std::optional<LinearUnit> from);
+
+struct Mode {
+  bool isSet = false;            ///< an MO was read
+  bool hasOtherLengths = false;  ///< the latest MO has another UN than the first
+  std::optional<LinearUnit> firstUnit = LinearUnit::InternationalFoot;
+  std::optional<LinearUnit> unit = LinearUnit::InternationalFoot;
+  std::int32_t firstAngleUnit = kRawDegrees;  ///< of AngleUnitOf, like the next
+  std::int32_t angleUnit = kRawDegrees;
+
+  /// Takes the units of an MO, the log's `first` or a later one.
+  void Set(const MO_RECORD& mode, const MO_RECORD& first);
+
+  /// A length as read, in the first unit. A null value stays.
+  double Length(double v) const { return LengthInUnit(v, firstUnit, unit); }
+  /// An angle in the current unit (decimal degrees or gons), in the first unit.
+  double ToFirstAngleUnit(double v) const;
+  /// An angle as read, in the first unit: DDD.MMSSsss if the current unit is degrees.
+  double Angle(double v) const;
+};
+
+}  // namespace zelconvert

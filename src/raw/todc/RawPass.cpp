@@ -1,0 +1,73 @@
+#include "raw/todc/RawPass.h"
+
+#include "raw/CRawFile.h"
+
+namespace zelconvert {
+
+void NameMarks::Watch(const NameSet& names) {
+  m_names = &names;
+  m_marks.assign(names.Size(), false);
+}
+
+void NameMarks::Insert(std::wstring_view name) {
+  if (const auto number = m_names->Find(name)) m_marks[*number] = true;
+}
+
+bool NameMarks::Contains(std::wstring_view name) const {
+  const auto number = m_names->Find(name);
+  return number && m_marks[*number];
+}
+
+RawPass::RawPass(CDcFile& dcFile, int dcVersion, StringList& messageList)
+    : dc(dcFile), version(dcVersion), m_messages(messageList) {
+  m_position.subtype = L"KI";
+}
+
+void RawPass::NextRecord() {
+  ++line;
+  previousKind = kind;
+  kind = CRawFile::GetRecordType(record);
+}
+
+void RawPass::WatchNames(bool writeUnusedPoints) {
+  if (writeUnusedPoints) {
+    for (const auto& [name, point] : m_JobPoints) index.AskFor(name);
+  }
+  observed.Watch(index.AskedNames());
+  measured.Watch(index.AskedNames());
+}
+
+bool RawPass::IsWritten(std::wstring_view name) const {
+  return observed.Contains(name) || measured.Contains(name);
+}
+
+bool RawPass::IsBacksightName(std::wstring_view name) const {
+  return name.starts_with(L"BS") && !m_JobPoints.contains(name);
+}
+
+wchar_t RawPass::Classify(std::wstring_view name, bool deleted, wchar_t live, wchar_t dead) const {
+  return deleted || (!m_bKeepBacksightClass && IsBacksightName(name)) ? dead : live;
+}
+
+CZelPoint RawPass::ToPoint(const POINT_RECORD& point) const {
+  return {std::wstring(point.name), mode.Length(point.north), mode.Length(point.east),
+          mode.Length(point.elevation), std::wstring(point.note)};
+}
+
+void RawPass::WriteGridPosition(const CZelPoint& point, bool deleted) {
+  m_position.name = point.m_strName;
+  m_position.north = point.m_dNorth;
+  m_position.east = point.m_dEast;
+  m_position.elevation = point.m_dElevation;
+  m_position.code = point.m_strDescription;
+  m_position.classification = Classify(point.m_strName, deleted);
+  dc.WriteGridPosition(m_position);
+}
+
+void RawPass::WriteUnusedPoints() {
+  for (const auto& [name, point] : m_JobPoints) {
+    if (!IsWritten(name)) WriteGridPosition(point, false);
+  }
+}
+
+}  // namespace zelconvert

@@ -1,0 +1,93 @@
+// What the subjects of the reduction share: the record at hand, the units, what the log holds
+// further on, the names that have been written, and the file that is made. Lengths and angles that
+// a subject keeps are in the units of the log's first MO; angles are decimal degrees or gons.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "convert/ConversionBase.h"
+#include "dc/CDcFile.h"
+#include "raw/CZelPoint.h"
+#include "raw/NameSet.h"
+#include "raw/RawIndex.h"
+#include "raw/RawRecords.h"
+#include "raw/todc/Mode.h"
+
+namespace zelconvert {
+
+/// What became of a record.
+enum class Outcome {
+  Done,
+  BadRecord,  ///< a required field is missing: the conversion ends with the text of a bad record
+  Failed,     ///< the conversion ends without a text
+};
+
+/// Those of a set of names that have come up. Other names are let go: of a log with a million shots
+/// only the few count that some record asks for.
+class NameMarks {
+ public:
+  /// `names` has to outlive this object and stay as it is.
+  void Watch(const NameSet& names);
+  void Insert(std::wstring_view name);
+  /// Only for a name that is watched.
+  bool Contains(std::wstring_view name) const;
+
+ private:
+  const NameSet* m_names = nullptr;
+  std::vector<bool> m_marks;
+};
+
+class RawPass {
+ public:
+  RawPass(CDcFile& dcFile, int dcVersion, StringList& messageList);
+
+  CDcFile& dc;
+  int version;  ///< the dialect of the DC file, as DcDialect.h counts them
+
+  std::wstring record;    ///< the line at hand
+  std::int64_t line = 0;  ///< its number, from 1
+  RawRecordType kind = RawRecordType::AA;
+  RawRecordType previousKind = RawRecordType::AA;
+
+  RawIndex index;
+  Mode mode;
+  NameMarks observed;  ///< the names that were shot
+  NameMarks measured;  ///< those that were written as a GPS result
+
+  PointMap m_JobPoints;    ///< of the job that the log refers to, in the log's first unit
+  PointMap m_ExtraPoints;  ///< design points of other sources, of which there are none so far
+
+  /// Takes `record` as the next one.
+  void NextRecord();
+  void Say(std::wstring text) { m_messages.push_back(std::move(text)); }
+
+  /// Once the index is built: from here on names are marked that a record asks for, or that end the
+  /// file if nothing wrote them.
+  void WatchNames(bool writeUnusedPoints);
+  /// The name was shot or measured.
+  bool IsWritten(std::wstring_view name) const;
+  /// A DP after the record at hand deletes the point.
+  bool IsDeleted(std::wstring_view name) const { return index.IsDeleted(name, line); }
+
+  /// The class of a record: `dead` for a deleted point, and for an invented backsight name unless
+  /// such names keep their class.
+  wchar_t Classify(std::wstring_view name, bool deleted, wchar_t live = L'1',
+                   wchar_t dead = L'6') const;
+  CZelPoint ToPoint(const POINT_RECORD& point) const;
+  /// 69.
+  void WriteGridPosition(const CZelPoint& point, bool deleted);
+  /// The points of the job that weren't written.
+  void WriteUnusedPoints();
+
+ private:
+  bool IsBacksightName(std::wstring_view name) const;
+
+  StringList& m_messages;
+  bool m_bKeepBacksightClass = true;   // nothing clears it so far
+  tDC_GRID_POSITIONRecord m_position;  // reused, so that a point allocates nothing
+};
+
+}  // namespace zelconvert

@@ -1,0 +1,124 @@
+#include "raw/todc/Setup.h"
+
+#include "io/Numbers.h"
+#include "io/Strings.h"
+
+namespace zelconvert {
+namespace {
+
+/// A backsight point that the log doesn't name.
+constexpr std::wstring_view kNamelessBacksight = L"0";
+
+/// Notes of observations have 16 columns.
+constexpr std::size_t kNoteColumns = 16;
+
+}  // namespace
+
+void Setup::OnOccupy(const POINT_RECORD& point) {
+  m_station = point.name;
+  if (m_pass.index.OccupyIsSuperseded(m_pass.line)) return;
+  m_isOccupied = true;
+  if (!m_pass.IsWritten(point.name)) m_pass.WriteGridPosition(m_pass.ToPoint(point), false);
+  FindHeights(point.name);
+  WriteStation();
+  m_rounds.Clear();
+}
+
+void Setup::OnBacksight(const BK_RECORD& backsight) {
+  if (m_pass.index.BacksightIsSuperseded(m_pass.line)) return;
+  m_backsightAzimuth = m_pass.mode.Angle(backsight.azimuth);
+  m_circle = m_pass.mode.Angle(backsight.circle);
+  m_station = backsight.station;
+  m_backsight = Trim(backsight.backsight);
+  if (m_backsight == kNamelessBacksight) m_backsight = NextBacksightName();
+  if (!m_isOccupied) {
+    FindHeights(m_station);
+    WriteStation();
+  }
+  WriteOrientation(m_backsightAzimuth);
+}
+
+std::wstring Setup::NextBacksightName() {
+  std::wstring name;
+  do {
+    name = L"BS";
+    AppendInteger(name, m_nextBacksightNumber++);
+  } while (m_pass.m_JobPoints.contains(name));
+  return name;
+}
+
+void Setup::OnLineOfSight(const LS_RECORD& heights) {
+  const double height = m_pass.mode.Length(heights.instrumentHeight);
+  const bool isChanged = height != m_instrumentHeight;
+  m_instrumentHeight = height;
+  m_rodHeight = m_pass.mode.Length(heights.rodHeight);
+  WriteRodHeight(m_rodHeight);
+  if (isChanged && !m_isFirstLineOfSight && !m_pass.index.OccupyIsSuperseded(m_pass.line)) {
+    WriteStation();
+    WriteOrientation(DC_NULL);
+  }
+  m_isFirstLineOfSight = false;
+}
+
+void Setup::MoveTo(std::wstring_view foresight, double backsightAzimuth) {
+  m_backsightAzimuth = backsightAzimuth;
+  m_backsight = m_station;
+  m_station = foresight;
+  FindHeights(foresight);
+  WriteStation();
+  WriteOrientation(backsightAzimuth);
+}
+
+/// Takes the instrument height that goes with the setup at hand from the records after it.
+void Setup::FindHeights(std::wstring_view name) {
+  const HeightsAhead* ahead = m_pass.index.FindHeights(m_pass.line, m_pass.kind, name);
+  if (ahead == nullptr) return;
+  m_instrumentHeight = LengthInUnit(ahead->heights.instrumentHeight,
+                                    LinearUnitOfRaw(m_pass.index.FirstMode().distanceUnit),
+                                    LinearUnitOfRaw(ahead->distanceUnit));
+}
+
+void Setup::WriteStation() {
+  tDC_STATION_EXTRecord station;
+  station.name = m_station;
+  station.height = m_instrumentHeight;
+  m_pass.dc.WriteStationExt(station);
+}
+
+/// The backsight and its observation, and the rod height that holds from then on.
+void Setup::WriteOrientation(double azimuth) {
+  tDC_BACKSIGHT_EXTRecord backsight;
+  backsight.from = m_station;
+  backsight.to = m_backsight;
+  backsight.angle1 = azimuth;
+  backsight.angle2 = m_circle;
+  m_pass.dc.WriteBacksightExt(backsight);
+  WriteRodHeight(DC_NULL);
+
+  tDC_OBSERVATION_TEXTRecord observation;
+  observation.from = m_station;
+  observation.to = m_backsight;
+  observation.angle2 = FormatDcNumber(m_circle, 5);
+  observation.classification = L'5';
+  m_pass.dc.WriteObservationText(observation);
+  WriteRodHeight(m_rodHeight);
+}
+
+void Setup::WriteRodHeight(double height) {
+  m_rod.scale = height;
+  m_pass.dc.WriteScale(m_rod);
+}
+
+void Setup::WriteObservation(std::wstring_view to, double slopeDistance, double zenith,
+                             double circle, std::wstring_view note, wchar_t classification) {
+  m_observation.from = m_station;
+  m_observation.to = to;
+  m_observation.distance = slopeDistance;
+  m_observation.angle1 = zenith;
+  m_observation.angle2 = circle;
+  m_observation.code = Left(note, kNoteColumns);
+  m_observation.classification = classification;
+  m_pass.dc.WriteObservationSigma(m_observation);
+}
+
+}  // namespace zelconvert

@@ -1,0 +1,98 @@
+#include "raw/todc/Shots.h"
+
+#include <cmath>
+
+#include "raw/Angles.h"
+#include "raw/CRawFile.h"
+
+namespace zelconvert {
+namespace {
+
+constexpr double kDegreesPerRadian = 180 / kPi;
+
+/// From where a shot went back to its station. In face two its circle reads the way back already.
+double BackAzimuth(double azimuth, double zenith, std::int32_t unit) {
+  return NormalizeAngle(IsFaceTwo(zenith, unit) ? azimuth : azimuth + FullCircle(unit) / 2, unit);
+}
+
+}  // namespace
+
+Outcome Shots::OnShot(const SHOT_RECORD& shot, bool isTraverse) {
+  m_setup.StandAt(shot.station);
+  const bool deleted = m_pass.IsDeleted(shot.foresight);
+  if (!deleted) m_pass.observed.Insert(shot.foresight);
+  const bool isReduced = m_rounds.End(m_setup.Station(), m_setup.Backsight(), shot.foresight);
+  if (isReduced && isTraverse) m_setup.MoveTo(shot.foresight, DC_NULL);
+
+  double circle = 0;
+  if (!ReduceHorizontal(shot, circle)) return Outcome::Failed;
+  const auto [slopeDistance, zenith] = ReduceVertical(shot);
+  m_setup.WriteObservation(shot.foresight, slopeDistance, zenith, circle, shot.note,
+                           m_pass.Classify(shot.foresight, deleted));
+  if (isTraverse && m_pass.index.TraverseContinues(m_pass.line)) {
+    const double azimuth = Computed(m_setup.BacksightAzimuth() + circle - m_setup.Circle(),
+                                    m_setup.BacksightAzimuth(), circle, m_setup.Circle());
+    m_setup.MoveTo(shot.foresight, BackAzimuth(azimuth, zenith, m_pass.mode.firstAngleUnit));
+  }
+  return Outcome::Done;
+}
+
+/// The circle reading of a shot; all but AR tell an azimuth. False if a bearing has no text.
+bool Shots::ReduceHorizontal(const SHOT_RECORD& shot, double& circle) const {
+  const Mode& mode = m_pass.mode;
+  const double backsight = m_setup.BacksightAzimuth();
+  const double halfCircle = FullCircle(mode.firstAngleUnit) / 2;
+  double value = mode.Angle(shot.horizontal);
+  double azimuth = 0;
+  switch (shot.horizontalKind) {
+    case HorizontalKind::AngleRight:
+      circle = value;
+      return true;
+    case HorizontalKind::Azimuth:
+      azimuth = value;
+      break;
+    case HorizontalKind::Bearing: {
+      std::wstring_view bearing;
+      if (!CRawFile::GetField(m_pass.record, L"BR", bearing)) return false;
+      value = mode.ToFirstAngleUnit(ParseBearing(bearing, mode.angleUnit));
+      azimuth = value;
+      break;
+    }
+    case HorizontalKind::AngleLeft:
+      azimuth = backsight - value;
+      break;
+    case HorizontalKind::DeflectionRight:
+      azimuth = backsight + halfCircle + value;
+      break;
+    case HorizontalKind::DeflectionLeft:
+      azimuth = backsight + halfCircle - value;
+      break;
+  }
+  circle = Computed(azimuth - backsight + m_setup.Circle(), value, backsight, m_setup.Circle());
+  return true;
+}
+
+Shots::Sight Shots::ReduceVertical(const SHOT_RECORD& shot) const {
+  const Mode& mode = m_pass.mode;
+  const std::int32_t unit = mode.angleUnit;
+  const double distance = mode.Length(shot.distance);
+  switch (shot.verticalKind) {
+    case VerticalKind::Zenith:
+      break;
+    case VerticalKind::VerticalAngle: {
+      const double angle = unit == kRawGons ? shot.vertical : DmsToDegrees(shot.vertical);
+      const double zenith = NormalizeZenith(FullCircle(unit) / 4 - angle, unit);
+      return {distance, mode.ToFirstAngleUnit(Computed(zenith, shot.vertical))};
+    }
+    case VerticalKind::ElevationChange: {
+      const double rise = mode.Length(shot.vertical);
+      const double degrees = 90 - std::atan2(rise, distance) * kDegreesPerRadian;
+      const double zenith = Computed(NormalizeZenith(degrees, kRawDegrees), rise, distance);
+      return {Computed(std::sqrt(rise * rise + distance * distance), rise, distance),
+              mode.ToFirstAngleUnit(ConvertAngleUnit(unit, kRawDegrees, zenith))};
+    }
+  }
+  return {distance, mode.Angle(shot.vertical)};
+}
+
+}  // namespace zelconvert

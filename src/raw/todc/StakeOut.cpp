@@ -1,0 +1,222 @@
+#include "raw/todc/StakeOut.h"
+
+#include <cmath>
+
+#include "raw/todc/OffsetNote.h"
+
+namespace zelconvert {
+namespace {
+
+/// While these follow, a stored point may still turn out to be a design point.
+constexpr RawKinds kStakeKinds = {RawRecordType::CF, RawRecordType::SK, RawRecordType::SL,
+                                  RawRecordType::SR, RawRecordType::SD, RawRecordType::OE,
+                                  RawRecordType::DE};
+
+/// The name column of a station on a line.
+constexpr std::wstring_view kNoName = L" ";
+
+}  // namespace
+
+void StakeOut::OnStoredPoint(const POINT_RECORD& point) {
+  m_storedPoint = m_pass.ToPoint(point);
+  m_storedName = point.name;
+  m_isStoredWaiting = true;
+}
+
+void StakeOut::OnPointStored(const CZelPoint& point) {
+  m_storedPoint = point;
+  m_isGpsPointStored = true;
+}
+
+void StakeOut::BeforeRecord() {
+  if (!m_isStoredWaiting || kStakeKinds.Contains(m_pass.kind)) return;
+  const bool deleted = m_pass.index.IsDeleted(m_storedPoint.m_strName, m_pass.line - 1);
+  m_pass.WriteGridPosition(m_storedPoint, deleted);
+  m_isStoredWaiting = false;
+}
+
+void StakeOut::Finish() {
+  if (m_isStoredWaiting) m_pass.WriteGridPosition(m_storedPoint, false);
+}
+
+void StakeOut::OnStake(const CF_RECORD& stake) {
+  const Mode& mode = m_pass.mode;
+  Stake& waiting = m_stake.emplace();
+  waiting.isPoint = stake.isPoint;
+  waiting.name = stake.name;
+  waiting.station = mode.Length(stake.station);
+  waiting.offsetDirection = stake.offsetDirection;
+  // Under another unit the offset becomes the station, scaled once more: so it is wanted.
+  waiting.offset = mode.hasOtherLengths ? mode.Length(waiting.station) : stake.offset;
+  waiting.elevation = mode.Length(stake.elevation);
+  waiting.grade = mode.Length(stake.grade);
+  waiting.note = stake.note;
+  if (IsStakeDue()) WriteStake();
+}
+
+void StakeOut::OnSlopeStake(const SLOPE_RECORD& slope) {
+  const Mode& mode = m_pass.mode;
+  Slope& waiting = m_slope.emplace();
+  waiting.station = mode.Length(slope.station);
+  waiting.offsetDirection = slope.offsetDirection;
+  waiting.elevation = mode.Length(slope.elevation);
+  waiting.stationShift = mode.Length(slope.stationShift);
+  waiting.hingeHorizontal = mode.Length(slope.hingeHorizontal);
+  waiting.hingeVertical = mode.Length(slope.hingeVertical);
+  waiting.catchHorizontal = mode.Length(slope.catchHorizontal);
+  waiting.cutFill = slope.cutFill;
+  waiting.designSlope = slope.designSlope;
+  waiting.offset = mode.Length(slope.offset);
+  waiting.note = slope.note;
+  if (IsStakeDue()) WriteSlope();
+}
+
+void StakeOut::OnStakedDelta(const STAKED_DELTA_RECORD& delta) {
+  const Mode& mode = m_pass.mode;
+  m_delta = {mode.Length(delta.north), mode.Length(delta.east), mode.Length(delta.elevation)};
+}
+
+void StakeOut::OnStationError(const STATION_ERROR_RECORD& error) {
+  m_offsetError = m_pass.mode.Length(error.offsetError);
+}
+
+void StakeOut::OnStakeShot(const STAKE_SHOT_RECORD& shot) {
+  const Mode& mode = m_pass.mode;
+  m_setup.StandAt(shot.station);
+  const bool deleted = m_pass.IsDeleted(shot.foresight);
+  const bool staked = m_stake || m_slope;
+  std::wstring_view target = shot.foresight;
+  if (staked && target.empty()) m_storedName.clear();
+  if (staked) target = m_storedName;  // the stored point is what was staked
+  const wchar_t classification =
+      staked ? m_pass.Classify(target, deleted, L'3', L'8') : m_pass.Classify(target, deleted);
+  m_setup.WriteObservation(target, mode.Length(shot.slopeDistance), mode.Angle(shot.zenith),
+                           mode.Angle(shot.angleRight), shot.note, classification);
+  Flush();
+  if (!deleted) m_pass.observed.Insert(target);
+}
+
+void StakeOut::OnCheckPoint(const NAME_RECORD& /*name*/) {
+  Flush();
+}
+
+/// After a stored GPS point a stake is written at once, unless details of it follow.
+bool StakeOut::IsStakeDue() {
+  if (!m_isGpsPointStored || m_pass.index.NextIsStakeDetail(m_pass.line)) return false;
+  m_isGpsPointStored = false;
+  return true;
+}
+
+/// One shot serves one stake: with both kinds waiting the slope waits for the next.
+void StakeOut::Flush() {
+  if (m_stake) {
+    WriteStake();
+  } else if (m_slope) {
+    WriteSlope();
+  }
+}
+
+void StakeOut::WriteStake() {
+  if (m_stake->isPoint) {
+    WritePointStake();
+  } else {
+    WriteStationStake();
+  }
+  m_stake.reset();
+}
+
+void StakeOut::WritePointStake() {
+  tDC_TARGET_IDRecord target;
+  target.name = m_stake->name;
+  m_pass.dc.WriteTargetId(target);
+
+  const STAKED_DELTA_RECORD delta = m_delta ? *m_delta : DeltaToDesign();
+  m_delta.reset();
+  tDC_ANTENNA_OFFSETRecord difference;
+  difference.value1 = delta.north;
+  difference.value2 = delta.east;
+  difference.value3 = delta.elevation;
+  m_pass.dc.WriteAntennaOffset(difference);
+}
+
+/// From the stored point; null where the design isn't known.
+STAKED_DELTA_RECORD StakeOut::DeltaToDesign() const {
+  STAKED_DELTA_RECORD delta{DC_NULL, DC_NULL, Difference(m_stake->grade, m_stake->elevation)};
+  if (const CZelPoint* design = FindDesignPoint(m_stake->name)) {
+    delta.north = Difference(design->m_dNorth, m_storedPoint.m_dNorth);
+    delta.east = Difference(design->m_dEast, m_storedPoint.m_dEast);
+  }
+  return delta;
+}
+
+const CZelPoint* StakeOut::FindDesignPoint(std::wstring_view name) const {
+  for (const PointMap* points : {&m_pass.m_JobPoints, &m_pass.m_ExtraPoints}) {
+    const auto found = points->find(name);
+    if (found != points->end()) return &found->second;
+  }
+  return nullptr;
+}
+
+void StakeOut::WriteStationStake() {
+  const Stake& stake = *m_stake;
+  const double offset = stake.offsetDirection == 0 ? 0 : stake.offset;
+  WriteTarget(stake.offsetDirection, stake.station, offset);
+
+  tDC_ANTENNA_MEASUREMENTRecord errors;
+  errors.value1 = DC_NULL;
+  errors.value2 = m_offsetError ? *m_offsetError : OffsetError(stake, offset);
+  errors.value3 = Difference(stake.grade, stake.elevation);
+  errors.value4 = DC_NULL;
+  m_offsetError.reset();
+  m_pass.dc.WriteAntennaMeasurement(errors);
+}
+
+/// How far the stake's offset is from the one its note asks for; null if the note asks for none.
+double StakeOut::OffsetError(const Stake& stake, double offset) {
+  const OffsetNote design = ParseOffsetNote(stake.note);
+  if (IsNull(design.value) || IsNull(offset)) return DC_NULL;
+  if (design.side == stake.offsetDirection) {
+    const bool inward = design.side == 2 ? design.value < offset : design.value > offset;
+    const double error = std::fabs(offset - design.value);
+    return inward ? -error : error;
+  }
+  const double error = offset + design.value;
+  return design.side == 1 ? -error : error;
+}
+
+void StakeOut::WriteSlope() {
+  const Slope& slope = *m_slope;
+  WriteTarget(slope.offsetDirection, slope.station, DC_NULL);
+
+  tDC_DESIGN_SLOPERecord design;
+  design.name = slope.note;
+  design.side = slope.cutFill == 0 ? L"1" : L"2";
+  design.slope = Computed(1 / slope.designSlope * 100, slope.designSlope);
+  m_pass.dc.WriteDesignSlope(design);
+
+  tDC_ANTENNA_MEASUREMENTRecord errors;
+  errors.value1 = Sum(slope.station, slope.stationShift);
+  errors.value4 = slope.offset;
+  m_pass.dc.WriteAntennaMeasurement(errors);
+
+  tDC_CATCH_POINTRecord point;
+  point.value1 = slope.stationShift;
+  point.value2 = slope.catchHorizontal;
+  point.value3 = slope.elevation;
+  point.horizontal = slope.hingeHorizontal;
+  point.vertical = slope.hingeVertical;
+  m_pass.dc.WriteCatchPoint(point);
+  m_slope.reset();
+}
+
+/// A1 of a station on a line or beside it.
+void StakeOut::WriteTarget(std::int32_t offsetDirection, double station, double offset) {
+  tDC_TARGET_HEIGHTS_Record target;
+  target.name = kNoName;
+  target.flag = offsetDirection == 0 ? L";" : L"7";
+  target.value1 = station;
+  target.value2 = offset;
+  m_pass.dc.WriteTargetHeights(target);
+}
+
+}  // namespace zelconvert

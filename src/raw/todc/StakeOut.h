@@ -1,0 +1,85 @@
+// Stake-out: a design point or station (CF) or a slope stake (SL, SR), then the shot (SK) or the
+// GPS point that staked it. What the design asks for and what was reached go out after the shot. A
+// stored point (SP) waits too: it may turn out to be a staked one.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "raw/todc/RawPass.h"
+#include "raw/todc/Setup.h"
+
+namespace zelconvert {
+
+class StakeOut {
+ public:
+  StakeOut(RawPass& pass, Setup& setup) : m_pass(pass), m_setup(setup) {}
+
+  void OnStoredPoint(const POINT_RECORD& point);           // SP
+  void OnStake(const CF_RECORD& stake);                    // CF
+  void OnSlopeStake(const SLOPE_RECORD& slope);            // SL, SR
+  void OnStakedDelta(const STAKED_DELTA_RECORD& delta);    // SD
+  void OnStationError(const STATION_ERROR_RECORD& error);  // OE
+  void OnStakeShot(const STAKE_SHOT_RECORD& shot);         // SK
+  void OnCheckPoint(const NAME_RECORD& name);              // GK
+
+  /// A GPS point was stored: the next stake needs no shot.
+  void OnPointStored(const CZelPoint& point);
+  /// Writes the stored point unless the record at hand belongs to a stake-out.
+  void BeforeRecord();
+  /// At the end of the log.
+  void Finish();
+
+ private:
+  /// A design point or station that waits for its stake.
+  struct Stake {
+    bool isPoint = true;
+    std::wstring name;
+    double station = 0;
+    std::int32_t offsetDirection = 0;  // 0 on the line, 1 right, 2 left
+    double offset = 0;
+    double elevation = 0;
+    double grade = 0;
+    std::wstring note;
+  };
+  /// A slope stake that waits for its shot.
+  struct Slope {
+    double station = 0;
+    std::int32_t offsetDirection = 0;
+    double elevation = 0;
+    double stationShift = 0;
+    double hingeHorizontal = 0;
+    double hingeVertical = 0;
+    double catchHorizontal = 0;
+    std::int32_t cutFill = 0;
+    double designSlope = 0;  // horizontal part over vertical part
+    double offset = 0;
+    std::wstring note;
+  };
+
+  bool IsStakeDue();
+  void Flush();
+  void WriteStake();
+  void WritePointStake();
+  STAKED_DELTA_RECORD DeltaToDesign() const;
+  void WriteStationStake();
+  static double OffsetError(const Stake& stake, double offset);
+  void WriteSlope();
+  void WriteTarget(std::int32_t offsetDirection, double station, double offset);
+  const CZelPoint* FindDesignPoint(std::wstring_view name) const;
+
+  RawPass& m_pass;
+  Setup& m_setup;
+  CZelPoint m_storedPoint;         // of the latest SP or GS
+  std::wstring m_storedName;       // of the latest SP
+  bool m_isStoredWaiting = false;  // the SP isn't written yet
+  bool m_isGpsPointStored = false;
+  std::optional<Stake> m_stake;
+  std::optional<Slope> m_slope;
+  std::optional<STAKED_DELTA_RECORD> m_delta;  // for the next stake of a point
+  std::optional<double> m_offsetError;         // for the next stake of a station
+};
+
+}  // namespace zelconvert
