@@ -49,7 +49,7 @@ int UnitsOfLog(const fs::path& log) {
   MO_RECORD mode;
   std::wstring line;
   raw.Open(platform::ToLibrary(log), zelconvert::platform::kOpenReadOnly);
-  if (raw.FindRecord(L"MO", line)) CRawFile::ParseMO(line, mode);
+  if (raw.FindRecord(L"MO", line)) CRawFile::Parse(line, mode);
   const bool isInFeet = mode.distanceUnit == kRawInternationalFeet;
   return isInFeet ? 1 : mode.distanceUnit == kRawUsSurveyFeet ? 2 : 0;
 }

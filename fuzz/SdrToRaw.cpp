@@ -30,8 +30,8 @@ void RequireLog() {
     MO_RECORD mode;
     const RawRecordType type = CRawFile::GetRecordType(record);
     Require(type == RawRecordType::Comment ||
-            (type == RawRecordType::JB && CRawFile::ParseJB(record, job)) ||
-            (type == RawRecordType::MO && CRawFile::ParseMO(record, mode)));
+            (type == RawRecordType::JB && CRawFile::Parse(record, job)) ||
+            (type == RawRecordType::MO && CRawFile::Parse(record, mode)));
   }
 }
 

@@ -195,7 +195,7 @@ std::wstring CConvertJobXml::FindVersion(CRawFile& rawFile) const {
 bool CConvertJobXml::BeginDocument(std::wstring_view line, std::wstring_view version) {
   JB_RECORD job;
   platform::LocalTime time;
-  if (!CRawFile::ParseJB(line, job) || !ParseTime(job, time)) return false;
+  if (!CRawFile::Parse(line, job) || !ParseTime(job, time)) return false;
   m_pJxlFile->BeginDocument(job.name, version, time);
   return true;
 }
@@ -224,7 +224,7 @@ bool CConvertJobXml::OnSecondJob(std::wstring_view /*line*/) {
 
 bool CConvertJobXml::OnMode(std::wstring_view line) {
   MO_RECORD mode;
-  if (!CRawFile::ParseMO(line, mode)) return false;
+  if (!CRawFile::Parse(line, mode)) return false;
   m_sourceUnits = {mode.distanceUnit, mode.angleUnit};
   m_southAzimuths = mode.azimuthOrigin == kFromSouth;
   if (!m_firstMode) return true;
@@ -238,21 +238,21 @@ bool CConvertJobXml::OnMode(std::wstring_view line) {
 
 bool CConvertJobXml::OnHeights(std::wstring_view line) {
   LS_RECORD heights;
-  if (!CRawFile::ParseLS(line, heights)) return false;
+  if (!CRawFile::Parse(line, heights)) return false;
   m_instrument.SetHeights({ToMetres(heights.instrumentHeight), ToMetres(heights.rodHeight)});
   return true;
 }
 
 bool CConvertJobXml::OnOccupy(std::wstring_view line) {
-  POINT_RECORD point;
-  if (!CRawFile::ParseOC(line, point)) return false;
+  OC_RECORD point;
+  if (!CRawFile::Parse(line, point)) return false;
   m_occupied = {true, std::wstring(point.name), std::wstring(point.note), ToMetres(point)};
   return true;
 }
 
 bool CConvertJobXml::OnStoredPoint(std::wstring_view line) {
   POINT_RECORD point;
-  if (!CRawFile::ParseSP(line, point)) return false;
+  if (!CRawFile::Parse(line, point)) return false;
   const JxlPosition position = ToMetres(point);
   m_lastPointRecord = m_pJxlFile->AddCoordinates(point.name, point.note, position);
   m_points.Add(point.name, point.note, position);
@@ -261,7 +261,7 @@ bool CConvertJobXml::OnStoredPoint(std::wstring_view line) {
 
 bool CConvertJobXml::OnBacksight(std::wstring_view line) {
   BK_RECORD backsight;
-  if (!CRawFile::ParseBK(line, backsight)) return false;
+  if (!CRawFile::Parse(line, backsight)) return false;
   // A shot right in front that is to the backsight point was made for the orientation.
   const bool toBacksight =
       m_shot.isPending && ComparedName(m_shot.name) == ComparedName(backsight.backsight);
@@ -304,7 +304,7 @@ bool CConvertJobXml::OnTraverse(std::wstring_view line) {
 
 bool CConvertJobXml::OnShot(std::wstring_view line, bool traverse) {
   SHOT_RECORD shot;
-  if (!CRawFile::ParseSS(line, shot) || shot.horizontalKind != HorizontalKind::AngleRight ||
+  if (!CRawFile::Parse(line, shot) || shot.horizontalKind != HorizontalKind::AngleRight ||
       shot.verticalKind != VerticalKind::Zenith) {
     return false;
   }
@@ -336,7 +336,7 @@ bool CConvertJobXml::OnComment(std::wstring_view line) {
 
 bool CConvertJobXml::OnDelete(std::wstring_view line) {
   NAME_RECORD point;
-  if (!CRawFile::ParseDP(line, point)) return false;
+  if (!CRawFile::Parse(line, point)) return false;
   m_pJxlFile->DeletePoint(point.name);
   m_points.Delete(point.name);
   return true;
@@ -344,7 +344,7 @@ bool CConvertJobXml::OnDelete(std::wstring_view line) {
 
 bool CConvertJobXml::OnScan(std::wstring_view line) {
   SC_RECORD scan;
-  if (!CRawFile::ParseSC(line, scan)) return false;
+  if (!CRawFile::Parse(line, scan)) return false;
   m_pJxlFile->AddScanningRecord({m_instrument.Records(), scan.fileName, scan.points,
                                  ToDegrees(scan.horizontalStep), ToDegrees(scan.verticalStep)});
   return true;
@@ -352,7 +352,7 @@ bool CConvertJobXml::OnScan(std::wstring_view line) {
 
 bool CConvertJobXml::OnCamera(std::wstring_view line) {
   CR_RECORD camera;
-  if (!CRawFile::ParseCR(line, camera)) return false;
+  if (!CRawFile::Parse(line, camera)) return false;
   m_camera = m_pJxlFile->AddCameraRecord(
       {camera.x0, camera.y0, camera.focalLength, ToDegrees(camera.kappa), ToDegrees(camera.phi),
        ToDegrees(camera.omega), camera.s0, camera.c0, camera.z0, camera.i, camera.k1, camera.p1,
@@ -362,7 +362,7 @@ bool CConvertJobXml::OnCamera(std::wstring_view line) {
 
 bool CConvertJobXml::OnImage(std::wstring_view line) {
   IM_RECORD image;
-  if (!CRawFile::ParseIM(line, image)) return false;
+  if (!CRawFile::Parse(line, image)) return false;
   m_pJxlFile->AddImageRecord({m_instrument.Records(), m_camera, m_lastPointRecord, image.fileName,
                               ToDegrees(image.horizontalAngle), ToDegrees(image.verticalAngle),
                               image.width, image.height, image.startX, image.startY, image.sizeX,

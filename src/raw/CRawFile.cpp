@@ -5,7 +5,6 @@
 
 #include "io/Numbers.h"
 #include "platform/Platform.h"
-#include "raw/RawTables.h"
 
 namespace zelconvert {
 namespace {
@@ -54,8 +53,9 @@ constexpr auto kTypeOfLetters = [] {
   return types;
 }();
 
+/// The fields of a point after its name.
 bool ReadPosition(const RawFields& fields, POINT_RECORD& point) {
-  return ReadFields(fields, kPositionFields, point);
+  return ReadFields<POINT_RECORD>(fields, std::span(POINT_RECORD::kFields).subspan(1), point);
 }
 
 bool ReadHorizontal(const RawFields& fields, SHOT_RECORD& shot) {
@@ -80,18 +80,6 @@ bool ReadVertical(const RawFields& fields, SHOT_RECORD& shot) {
     return true;
   }
   return false;
-}
-
-bool ReadShot(std::wstring_view record, SHOT_RECORD& shot) {
-  const RawFields fields(record);
-  return (fields.Find(L"OP", shot.station) || fields.Find(L"OC", shot.station)) &&
-         fields.Find(L"FP", shot.foresight) && ReadHorizontal(fields, shot) &&
-         ReadVertical(fields, shot) && fields.Find(L"--", shot.note);
-}
-
-template <class Record, std::size_t N>
-bool ReadRecordFields(std::wstring_view record, const RawField<Record> (&table)[N], Record& out) {
-  return ReadFields(RawFields(record), table, out);
 }
 
 }  // namespace
@@ -141,13 +129,9 @@ bool CRawFile::GetIntField(std::wstring_view record, FieldTag tag, std::int32_t&
   return true;
 }
 
-bool CRawFile::ParseJB(std::wstring_view record, JB_RECORD& job) {
-  return ReadRecordFields(record, kJbFields, job);
-}
-
-bool CRawFile::ParseMO(std::wstring_view record, MO_RECORD& mode) {
-  const RawFields fields(record);
-  if (!ReadFields(fields, kMoFields, mode)) return false;
+bool CRawFile::Parse(std::wstring_view line, MO_RECORD& mode) {
+  const RawFields fields(line);
+  if (!ReadFields<MO_RECORD>(fields, MO_RECORD::kFields, mode)) return false;
   std::wstring_view value;
   if (fields.Find(L"SK", value)) {
     mode.scaleMode = ToInteger(value);
@@ -157,43 +141,28 @@ bool CRawFile::ParseMO(std::wstring_view record, MO_RECORD& mode) {
   return true;
 }
 
-bool CRawFile::ParseOC(std::wstring_view record, POINT_RECORD& point) {
-  const RawFields fields(record);
-  return (ReadFields(fields, kOccupiedNameFields, point) ||
-          ReadFields(fields, kPointNameFields, point)) &&
+bool CRawFile::Parse(std::wstring_view line, OC_RECORD& point) {
+  const RawFields fields(line);
+  return (fields.Find(L"OP", point.name) || fields.Find(L"PN", point.name)) &&
          ReadPosition(fields, point);
 }
 
-bool CRawFile::ParseBK(std::wstring_view record, BK_RECORD& backsight) {
-  return ReadRecordFields(record, kBkFields, backsight);
+bool CRawFile::Parse(std::wstring_view line, AP_RECORD& point) {
+  const RawFields fields(line);
+  if (!fields.Find(L"PN", point.name)) return false;
+  point.name = Trim(point.name);
+  return ReadPosition(fields, point);
 }
 
-bool CRawFile::ParseLS(std::wstring_view record, LS_RECORD& heights) {
-  return ReadRecordFields(record, kLsFields, heights);
+bool CRawFile::Parse(std::wstring_view line, SHOT_RECORD& shot) {
+  const RawFields fields(line);
+  return (fields.Find(L"OP", shot.station) || fields.Find(L"OC", shot.station)) &&
+         fields.Find(L"FP", shot.foresight) && ReadHorizontal(fields, shot) &&
+         ReadVertical(fields, shot) && fields.Find(L"--", shot.note);
 }
 
-bool CRawFile::ParseTR(std::wstring_view record, SHOT_RECORD& shot) {
-  return ReadShot(record, shot);
-}
-
-bool CRawFile::ParseSS(std::wstring_view record, SHOT_RECORD& shot) {
-  return ReadShot(record, shot);
-}
-
-bool CRawFile::ParseSK(std::wstring_view record, STAKE_SHOT_RECORD& shot) {
-  return ReadRecordFields(record, kSkFields, shot);
-}
-
-bool CRawFile::ParseRB(std::wstring_view record, ROUND_SHOT_RECORD& shot) {
-  return ReadRecordFields(record, kRbFields, shot);
-}
-
-bool CRawFile::ParseRF(std::wstring_view record, ROUND_SHOT_RECORD& shot) {
-  return ReadRecordFields(record, kRfFields, shot);
-}
-
-bool CRawFile::ParseRD(std::wstring_view record, DIRECTION_RECORD& direction) {
-  const RawFields fields(record);
+bool CRawFile::Parse(std::wstring_view line, DIRECTION_RECORD& direction) {
+  const RawFields fields(line);
   std::wstring_view value;
   for (std::size_t kind = 0; kind < std::size(kDirectionTags); ++kind) {
     if (!fields.Find(kDirectionTags[kind], value)) continue;
@@ -206,105 +175,27 @@ bool CRawFile::ParseRD(std::wstring_view record, DIRECTION_RECORD& direction) {
   return false;
 }
 
-bool CRawFile::ParseMD(std::wstring_view record, SET_DISTANCE_RECORD& distance) {
+bool CRawFile::Parse(std::wstring_view line, SET_DISTANCE_RECORD& distance) {
   std::wstring_view value;
-  if (!GetField(record, L"SD", value)) return false;
+  if (!GetField(line, L"SD", value)) return false;
   const std::size_t colon = value.find(L':');
   distance.distance = colon == std::wstring_view::npos ? 0 : RawReal(value.substr(colon + 1));
   return true;
 }
 
-bool CRawFile::ParseSP(std::wstring_view record, POINT_RECORD& point) {
-  const RawFields fields(record);
-  return ReadFields(fields, kPointNameFields, point) && ReadPosition(fields, point);
-}
-
-bool CRawFile::ParseGS(std::wstring_view record, POINT_RECORD& point) {
-  return ParseSP(record, point);
-}
-
-bool CRawFile::ParseRP(std::wstring_view record, POINT_RECORD& point) {
-  return ParseSP(record, point);
-}
-
-bool CRawFile::ParseAP(std::wstring_view record, POINT_RECORD& point) {
-  const RawFields fields(record);
-  return ReadFields(fields, kTrimmedNameFields, point) && ReadPosition(fields, point);
-}
-
-bool CRawFile::ParseDP(std::wstring_view record, NAME_RECORD& name) {
-  return ReadRecordFields(record, kNameFields, name);
-}
-
-bool CRawFile::ParseDE(std::wstring_view record, NAME_RECORD& name) {
-  return ReadRecordFields(record, kNameFields, name);
-}
-
-bool CRawFile::ParseGK(std::wstring_view record, NAME_RECORD& name) {
-  return ReadRecordFields(record, kNameFields, name);
-}
-
-bool CRawFile::ParseCF(std::wstring_view record, CF_RECORD& stake) {
-  const RawFields fields(record);
+bool CRawFile::Parse(std::wstring_view line, CF_RECORD& stake) {
+  const RawFields fields(line);
   stake.isPoint = fields.Has(L"PN") || !fields.Has(L"ST");
   if (stake.isPoint) {
-    ReadFields(fields, kCfPointFields, stake);
-  } else if (!ReadFields(fields, kCfStationFields, stake)) {
+    ReadFields<CF_RECORD>(fields, CF_RECORD::kPointFields, stake);
+  } else if (!ReadFields<CF_RECORD>(fields, CF_RECORD::kStationFields, stake)) {
     return false;
   }
-  return ReadFields(fields, kCfGradeFields, stake);
+  return ReadFields<CF_RECORD>(fields, CF_RECORD::kGradeFields, stake);
 }
 
-bool CRawFile::ParseSL(std::wstring_view record, SLOPE_RECORD& slope) {
-  return ReadRecordFields(record, kSlopeFields, slope);
-}
-
-bool CRawFile::ParseSR(std::wstring_view record, SLOPE_RECORD& slope) {
-  return ReadRecordFields(record, kSlopeFields, slope);
-}
-
-bool CRawFile::ParseSD(std::wstring_view record, STAKED_DELTA_RECORD& delta) {
-  return ReadRecordFields(record, kSdFields, delta);
-}
-
-bool CRawFile::ParseOE(std::wstring_view record, STATION_ERROR_RECORD& error) {
-  return ReadRecordFields(record, kOeFields, error);
-}
-
-bool CRawFile::ParseRX(std::wstring_view record, RX_RECORD& receiver) {
-  return ReadRecordFields(record, kRxFields, receiver);
-}
-
-bool CRawFile::ParseEQ(std::wstring_view record, EQ_RECORD& equipment) {
-  return ReadRecordFields(record, kEqFields, equipment);
-}
-
-bool CRawFile::ParseAH(std::wstring_view record, AH_RECORD& antenna) {
-  return ReadRecordFields(record, kAhFields, antenna);
-}
-
-bool CRawFile::ParseBP(std::wstring_view record, BP_RECORD& base) {
-  return ReadRecordFields(record, kBpFields, base);
-}
-
-bool CRawFile::ParseEP(std::wstring_view record, EP_RECORD& position) {
-  return ReadRecordFields(record, kEpFields, position);
-}
-
-bool CRawFile::ParseBL(std::wstring_view record, BL_RECORD& vector) {
-  return ReadRecordFields(record, kBlFields, vector);
-}
-
-bool CRawFile::ParseCV(std::wstring_view record, CV_RECORD& covariance) {
-  return ReadRecordFields(record, kCvFields, covariance);
-}
-
-bool CRawFile::ParseGQ(std::wstring_view record, GQ_RECORD& quality) {
-  return ReadRecordFields(record, kGqFields, quality);
-}
-
-bool CRawFile::ParseGP(std::wstring_view record, GP_RECORD& point) {
-  const RawFields fields(record);
+bool CRawFile::Parse(std::wstring_view line, GP_RECORD& point) {
+  const RawFields fields(line);
   std::wstring_view kind;
   if (!fields.Find(L"PN", point.name) || !fields.Find(L"PT", kind)) return false;
   point.kind = GpsPointKind::Control;
@@ -314,74 +205,10 @@ bool CRawFile::ParseGP(std::wstring_view record, GP_RECORD& point) {
   return true;
 }
 
-bool CRawFile::ParseGO(std::wstring_view record, GO_RECORD& offset) {
-  return ReadRecordFields(record, kGoFields, offset);
-}
-
-bool CRawFile::ParseES(std::wstring_view record, ES_RECORD& ellipsoid) {
-  return ReadRecordFields(record, kEsFields, ellipsoid);
-}
-
-bool CRawFile::ParseST(std::wstring_view record, ST_RECORD& site) {
-  return ReadRecordFields(record, kStFields, site);
-}
-
-bool CRawFile::ParsePJ(std::wstring_view record, PJ_RECORD& projection) {
-  return ReadRecordFields(record, kPjFields, projection);
-}
-
-bool CRawFile::ParsePE(std::wstring_view record, PE_RECORD& projection) {
-  const RawFields fields(record);
-  return ReadFields(fields, kPjFields, static_cast<PJ_RECORD&>(projection)) &&
-         ReadFields(fields, kPeFields, projection);
-}
-
-bool CRawFile::ParseDT(std::wstring_view record, DT_RECORD& datum) {
-  return ReadRecordFields(record, kDtFields, datum);
-}
-
-bool CRawFile::ParseDG(std::wstring_view record, FILE_RECORD& file) {
-  return ReadRecordFields(record, kFileFields, file);
-}
-
-bool CRawFile::ParseHA(std::wstring_view record, HA_RECORD& adjustment) {
-  return ReadRecordFields(record, kHaFields, adjustment);
-}
-
-bool CRawFile::ParseVA(std::wstring_view record, VA_RECORD& adjustment) {
-  return ReadRecordFields(record, kVaFields, adjustment);
-}
-
-bool CRawFile::ParseCT(std::wstring_view record, CT_RECORD& control) {
-  return ReadRecordFields(record, kCtFields, control);
-}
-
-bool CRawFile::ParseCS(std::wstring_view record, CS_RECORD& system) {
-  return ReadRecordFields(record, kCsFields, system);
-}
-
-bool CRawFile::ParseCG(std::wstring_view record, CG_RECORD& flags) {
-  return ReadRecordFields(record, kCgFields, flags);
-}
-
-bool CRawFile::ParseLM(std::wstring_view record, LM_RECORD& mode) {
-  return ReadRecordFields(record, kLmFields, mode);
-}
-
-bool CRawFile::ParseSG(std::wstring_view record, FILE_RECORD& file) {
-  return ReadRecordFields(record, kFileFields, file);
-}
-
-bool CRawFile::ParseSC(std::wstring_view record, SC_RECORD& scan) {
-  return ReadRecordFields(record, kScFields, scan);
-}
-
-bool CRawFile::ParseCR(std::wstring_view record, CR_RECORD& camera) {
-  return ReadRecordFields(record, kCrFields, camera);
-}
-
-bool CRawFile::ParseIM(std::wstring_view record, IM_RECORD& image) {
-  return ReadRecordFields(record, kImFields, image);
+bool CRawFile::Parse(std::wstring_view line, PE_RECORD& projection) {
+  const RawFields fields(line);
+  return ReadFields<PJ_RECORD>(fields, PJ_RECORD::kFields, projection) &&
+         ReadFields<PE_RECORD>(fields, PE_RECORD::kFields, projection);
 }
 
 }  // namespace zelconvert

@@ -54,8 +54,8 @@ class CRawFile : public CFileCE {
   virtual bool WriteJB(const JB_RECORD& job);
   virtual bool WriteRE(std::wstring_view station, double elevation, double zenith,
                        double slopeDistance);
-  virtual bool WriteRF(const ROUND_SHOT_RECORD& shot);
-  virtual bool WriteRB(const ROUND_SHOT_RECORD& shot);
+  virtual bool WriteRF(const ROUND_FORESIGHT_RECORD& shot);
+  virtual bool WriteRB(const ROUND_BACKSIGHT_RECORD& shot);
   virtual bool WriteBP(const BP_RECORD& base);
   /// A blank line follows HC and VC.
   virtual bool WriteHC(const CONTROL_RECORD& control);
@@ -83,66 +83,92 @@ class CRawFile : public CFileCE {
   static bool GetDoubleField(std::wstring_view record, FieldTag tag, double& value);
   static bool GetIntField(std::wstring_view record, FieldTag tag, std::int32_t& value);
 
-  // A parser is false when a required field is missing. It has then filled what stands in front of
-  // that field in the record's table; all else in the structure is as it was. The kind of the
-  // record isn't looked at. Texts point into `record`.
-  static bool ParseJB(std::wstring_view record, JB_RECORD& job);
-  static bool ParseMO(std::wstring_view record, MO_RECORD& mode);
-  static bool ParseOC(std::wstring_view record, POINT_RECORD& point);
-  static bool ParseBK(std::wstring_view record, BK_RECORD& backsight);
-  static bool ParseLS(std::wstring_view record, LS_RECORD& heights);
-  static bool ParseTR(std::wstring_view record, SHOT_RECORD& shot);
-  static bool ParseSS(std::wstring_view record, SHOT_RECORD& shot);
-  static bool ParseSK(std::wstring_view record, STAKE_SHOT_RECORD& shot);
-  static bool ParseRB(std::wstring_view record, ROUND_SHOT_RECORD& shot);
-  static bool ParseRF(std::wstring_view record, ROUND_SHOT_RECORD& shot);
-  static bool ParseRD(std::wstring_view record, DIRECTION_RECORD& direction);
-  static bool ParseMD(std::wstring_view record, SET_DISTANCE_RECORD& distance);
-  static bool ParseSP(std::wstring_view record, POINT_RECORD& point);
-  static bool ParseGS(std::wstring_view record, POINT_RECORD& point);
-  static bool ParseRP(std::wstring_view record, POINT_RECORD& point);
-  static bool ParseAP(std::wstring_view record, POINT_RECORD& point);
-  static bool ParseDP(std::wstring_view record, NAME_RECORD& name);
-  static bool ParseDE(std::wstring_view record, NAME_RECORD& name);
-  static bool ParseGK(std::wstring_view record, NAME_RECORD& name);
-  static bool ParseCF(std::wstring_view record, CF_RECORD& stake);
-  static bool ParseSL(std::wstring_view record, SLOPE_RECORD& slope);
-  static bool ParseSR(std::wstring_view record, SLOPE_RECORD& slope);
-  static bool ParseSD(std::wstring_view record, STAKED_DELTA_RECORD& delta);
-  static bool ParseOE(std::wstring_view record, STATION_ERROR_RECORD& error);
-  static bool ParseRX(std::wstring_view record, RX_RECORD& receiver);
-  static bool ParseEQ(std::wstring_view record, EQ_RECORD& equipment);
-  static bool ParseAH(std::wstring_view record, AH_RECORD& antenna);
-  static bool ParseBP(std::wstring_view record, BP_RECORD& base);
-  static bool ParseEP(std::wstring_view record, EP_RECORD& position);
-  static bool ParseBL(std::wstring_view record, BL_RECORD& vector);
-  static bool ParseCV(std::wstring_view record, CV_RECORD& covariance);
-  static bool ParseGQ(std::wstring_view record, GQ_RECORD& quality);
-  static bool ParseGP(std::wstring_view record, GP_RECORD& point);
-  static bool ParseGO(std::wstring_view record, GO_RECORD& offset);
-  static bool ParseES(std::wstring_view record, ES_RECORD& ellipsoid);
-  static bool ParseST(std::wstring_view record, ST_RECORD& site);
-  static bool ParsePJ(std::wstring_view record, PJ_RECORD& projection);
-  static bool ParsePE(std::wstring_view record, PE_RECORD& projection);
-  static bool ParseDT(std::wstring_view record, DT_RECORD& datum);
-  static bool ParseDG(std::wstring_view record, FILE_RECORD& file);
-  static bool ParseHA(std::wstring_view record, HA_RECORD& adjustment);
-  static bool ParseVA(std::wstring_view record, VA_RECORD& adjustment);
-  static bool ParseCT(std::wstring_view record, CT_RECORD& control);
-  static bool ParseCS(std::wstring_view record, CS_RECORD& system);
-  static bool ParseCG(std::wstring_view record, CG_RECORD& flags);
-  static bool ParseLM(std::wstring_view record, LM_RECORD& mode);
-  static bool ParseSG(std::wstring_view record, FILE_RECORD& file);
-  static bool ParseSC(std::wstring_view record, SC_RECORD& scan);
-  static bool ParseCR(std::wstring_view record, CR_RECORD& camera);
-  static bool ParseIM(std::wstring_view record, IM_RECORD& image);
+  /// What the fields of a line say, found by the type of the record; the tag of the line isn't
+  /// looked at. False when a required field is missing: what stands in front of that field in the
+  /// record's table has then been filled, all else in the structure is as it was. Texts point into
+  /// `line`.
+  template <class Record>
+  static bool Parse(std::wstring_view line, Record& record) {
+    return ReadFields<Record>(RawFields(line), Record::kFields, record);
+  }
+  // Records with more to them than a table of fields.
+  static bool Parse(std::wstring_view line, MO_RECORD& mode);
+  static bool Parse(std::wstring_view line, OC_RECORD& point);
+  static bool Parse(std::wstring_view line, AP_RECORD& point);
+  static bool Parse(std::wstring_view line, SHOT_RECORD& shot);
+  static bool Parse(std::wstring_view line, DIRECTION_RECORD& direction);
+  static bool Parse(std::wstring_view line, SET_DISTANCE_RECORD& distance);
+  static bool Parse(std::wstring_view line, CF_RECORD& stake);
+  static bool Parse(std::wstring_view line, GP_RECORD& point);
+  static bool Parse(std::wstring_view line, PE_RECORD& projection);
+
+  // The same by the tags of the records, for the reduction to DC until it says what it reads.
+  static bool ParseJB(std::wstring_view line, JB_RECORD& r) { return Parse(line, r); }
+  static bool ParseMO(std::wstring_view line, MO_RECORD& r) { return Parse(line, r); }
+  static bool ParseBK(std::wstring_view line, BK_RECORD& r) { return Parse(line, r); }
+  static bool ParseLS(std::wstring_view line, LS_RECORD& r) { return Parse(line, r); }
+  static bool ParseTR(std::wstring_view line, SHOT_RECORD& r) { return Parse(line, r); }
+  static bool ParseSK(std::wstring_view line, STAKE_SHOT_RECORD& r) { return Parse(line, r); }
+  static bool ParseRD(std::wstring_view line, DIRECTION_RECORD& r) { return Parse(line, r); }
+  static bool ParseMD(std::wstring_view line, SET_DISTANCE_RECORD& r) { return Parse(line, r); }
+  static bool ParseSP(std::wstring_view line, POINT_RECORD& r) { return Parse(line, r); }
+  static bool ParseGS(std::wstring_view line, POINT_RECORD& r) { return Parse(line, r); }
+  static bool ParseRP(std::wstring_view line, POINT_RECORD& r) { return Parse(line, r); }
+  static bool ParseGK(std::wstring_view line, NAME_RECORD& r) { return Parse(line, r); }
+  static bool ParseCF(std::wstring_view line, CF_RECORD& r) { return Parse(line, r); }
+  static bool ParseSL(std::wstring_view line, SLOPE_RECORD& r) { return Parse(line, r); }
+  static bool ParseSD(std::wstring_view line, STAKED_DELTA_RECORD& r) { return Parse(line, r); }
+  static bool ParseOE(std::wstring_view line, STATION_ERROR_RECORD& r) { return Parse(line, r); }
+  static bool ParseDG(std::wstring_view line, FILE_RECORD& r) { return Parse(line, r); }
+  static bool ParseSG(std::wstring_view line, FILE_RECORD& r) { return Parse(line, r); }
+  static bool ParseSS(std::wstring_view line, SHOT_RECORD& r) { return Parse(line, r); }
+  static bool ParseDP(std::wstring_view line, NAME_RECORD& r) { return Parse(line, r); }
+  static bool ParseRX(std::wstring_view line, RX_RECORD& r) { return Parse(line, r); }
+  static bool ParseEQ(std::wstring_view line, EQ_RECORD& r) { return Parse(line, r); }
+  static bool ParseAH(std::wstring_view line, AH_RECORD& r) { return Parse(line, r); }
+  static bool ParseBP(std::wstring_view line, BP_RECORD& r) { return Parse(line, r); }
+  static bool ParseEP(std::wstring_view line, EP_RECORD& r) { return Parse(line, r); }
+  static bool ParseBL(std::wstring_view line, BL_RECORD& r) { return Parse(line, r); }
+  static bool ParseCV(std::wstring_view line, CV_RECORD& r) { return Parse(line, r); }
+  static bool ParseGQ(std::wstring_view line, GQ_RECORD& r) { return Parse(line, r); }
+  static bool ParseGP(std::wstring_view line, GP_RECORD& r) { return Parse(line, r); }
+  static bool ParseGO(std::wstring_view line, GO_RECORD& r) { return Parse(line, r); }
+  static bool ParseES(std::wstring_view line, ES_RECORD& r) { return Parse(line, r); }
+  static bool ParseST(std::wstring_view line, ST_RECORD& r) { return Parse(line, r); }
+  static bool ParsePJ(std::wstring_view line, PJ_RECORD& r) { return Parse(line, r); }
+  static bool ParsePE(std::wstring_view line, PE_RECORD& r) { return Parse(line, r); }
+  static bool ParseDT(std::wstring_view line, DT_RECORD& r) { return Parse(line, r); }
+  static bool ParseHA(std::wstring_view line, HA_RECORD& r) { return Parse(line, r); }
+  static bool ParseVA(std::wstring_view line, VA_RECORD& r) { return Parse(line, r); }
+  static bool ParseCT(std::wstring_view line, CT_RECORD& r) { return Parse(line, r); }
+  static bool ParseCS(std::wstring_view line, CS_RECORD& r) { return Parse(line, r); }
+  static bool ParseCG(std::wstring_view line, CG_RECORD& r) { return Parse(line, r); }
+  static bool ParseLM(std::wstring_view line, LM_RECORD& r) { return Parse(line, r); }
+  static bool ParseOC(std::wstring_view line, POINT_RECORD& r) {
+    OC_RECORD read{r};
+    const bool isWhole = Parse(line, read);
+    r = read;
+    return isWhole;
+  }
+  static bool ParseRB(std::wstring_view line, ROUND_SHOT_RECORD& r) {
+    ROUND_BACKSIGHT_RECORD read{r};
+    const bool isWhole = Parse(line, read);
+    r = read;
+    return isWhole;
+  }
+  static bool ParseRF(std::wstring_view line, ROUND_SHOT_RECORD& r) {
+    ROUND_FORESIGHT_RECORD read{r};
+    const bool isWhole = Parse(line, read);
+    r = read;
+    return isWhole;
+  }
 
  private:
   bool WriteText(std::wstring_view text);
   bool WriteFormat(std::wstring_view format, std::initializer_list<RawArgument> arguments);
-  bool WritePoint(std::wstring_view tag, bool occupied, const POINT_RECORD& point);
-  template <class Record, std::size_t N>
-  bool WriteFields(std::wstring_view tag, const RawField<Record> (&table)[N], const Record& record);
+  bool WritePoint(std::wstring_view tag, FieldTag nameTag, const POINT_RECORD& point);
+  template <class Record>
+  bool WriteFields(std::wstring_view tag, const Record& record);
 };
 
 }  // namespace zelconvert

@@ -8,7 +8,6 @@
 #include "io/Columns.h"
 #include "io/Numbers.h"
 #include "raw/CRawFile.h"
-#include "raw/RawTables.h"
 
 namespace zelconvert {
 namespace {
@@ -89,11 +88,10 @@ bool CRawFile::WriteText(std::wstring_view text) {
   return SeekToEnd() && WriteLine(Left(text, kLongestRecord));
 }
 
-template <class Record, std::size_t N>
-bool CRawFile::WriteFields(std::wstring_view tag, const RawField<Record> (&table)[N],
-                           const Record& record) {
+template <class Record>
+bool CRawFile::WriteFields(std::wstring_view tag, const Record& record) {
   std::wstring line(tag);
-  AppendFields(line, table, record);
+  AppendFields<Record>(line, Record::kFields, record);
   return WriteText(line);
 }
 
@@ -105,27 +103,23 @@ bool CRawFile::WriteFormat(std::wstring_view format, std::initializer_list<RawAr
   return WriteRecord(format, std::span(arguments.begin(), arguments.size()));
 }
 
-bool CRawFile::WritePoint(std::wstring_view tag, bool occupied, const POINT_RECORD& point) {
+bool CRawFile::WritePoint(std::wstring_view tag, FieldTag nameTag, const POINT_RECORD& point) {
   std::wstring line(tag);
-  if (occupied) {
-    AppendFields(line, kOccupiedNameFields, point);
-  } else {
-    AppendFields(line, kPointNameFields, point);
-  }
-  AppendFields(line, kPositionFields, point);
+  line.append(L",").append(nameTag, 2).append(point.name);
+  AppendFields<POINT_RECORD>(line, std::span(POINT_RECORD::kFields).subspan(1), point);
   return WriteText(line);
 }
 
 bool CRawFile::WriteOC(const POINT_RECORD& point) {
-  return WritePoint(L"OC", true, point);
+  return WritePoint(L"OC", L"OP", point);
 }
 
 bool CRawFile::WriteSP(const POINT_RECORD& point) {
-  return WritePoint(L"SP", false, point);
+  return WritePoint(L"SP", L"PN", point);
 }
 
 bool CRawFile::WriteGS(const POINT_RECORD& point) {
-  return WritePoint(L"GS", false, point);
+  return WritePoint(L"GS", L"PN", point);
 }
 
 bool CRawFile::WriteObservation(bool traverse, const SHOT_RECORD& shot) {
@@ -149,12 +143,12 @@ bool CRawFile::WriteObservation(bool traverse, const SHOT_RECORD& shot) {
 }
 
 bool CRawFile::WriteBK(const BK_RECORD& backsight, const double* rodHeight) {
-  if (!WriteFields(L"BK", kBkFields, backsight)) return false;
+  if (!WriteFields(L"BK", backsight)) return false;
   return !rodHeight || WriteFormat(L"--HR at Backsight: %lf", {*rodHeight});
 }
 
 bool CRawFile::WriteLS(const LS_RECORD& heights) {
-  return WriteFields(L"LS", kLsFields, heights);
+  return WriteFields(L"LS", heights);
 }
 
 bool CRawFile::WriteOffsetKind(int kind, double value) {
@@ -189,13 +183,13 @@ bool CRawFile::WriteMO(const MO_RECORD& mode) {
 }
 
 bool CRawFile::WriteSK(const STAKE_SHOT_RECORD& shot) {
-  return WriteFields(L"SK", kSkFields, shot);
+  return WriteFields(L"SK", shot);
 }
 
 bool CRawFile::WriteCFPoint(const CF_RECORD& stake) {
   std::wstring line = L"CF";
-  AppendFields(line, kCfPointFields, stake);
-  AppendFields(line, kCfGradeFields, stake);
+  AppendFields<CF_RECORD>(line, CF_RECORD::kPointFields, stake);
+  AppendFields<CF_RECORD>(line, CF_RECORD::kGradeFields, stake);
   return WriteText(line);
 }
 
@@ -203,8 +197,8 @@ bool CRawFile::WriteCFStation(const CF_RECORD& stake) {
   CF_RECORD written = stake;
   written.offset = std::fabs(stake.offset);
   std::wstring line = L"CF";
-  AppendFields(line, kCfStationFields, written);
-  AppendFields(line, kCfGradeFields, written);
+  AppendFields<CF_RECORD>(line, CF_RECORD::kStationFields, written);
+  AppendFields<CF_RECORD>(line, CF_RECORD::kGradeFields, written);
   return WriteText(line);
 }
 
@@ -231,7 +225,7 @@ bool CRawFile::WriteSUAngle(bool backsight, bool reverse, double angle) {
 }
 
 bool CRawFile::WriteJB(const JB_RECORD& job) {
-  return WriteFields(L"JB", kJbFields, job);
+  return WriteFields(L"JB", job);
 }
 
 bool CRawFile::WriteRE(std::wstring_view station, double elevation, double zenith,
@@ -240,24 +234,24 @@ bool CRawFile::WriteRE(std::wstring_view station, double elevation, double zenit
                      {station, elevation, zenith, slopeDistance});
 }
 
-bool CRawFile::WriteRF(const ROUND_SHOT_RECORD& shot) {
-  return WriteFields(L"RF", kRfFields, shot);
+bool CRawFile::WriteRF(const ROUND_FORESIGHT_RECORD& shot) {
+  return WriteFields(L"RF", shot);
 }
 
-bool CRawFile::WriteRB(const ROUND_SHOT_RECORD& shot) {
-  return WriteFields(L"RB", kRbFields, shot);
+bool CRawFile::WriteRB(const ROUND_BACKSIGHT_RECORD& shot) {
+  return WriteFields(L"RB", shot);
 }
 
 bool CRawFile::WriteBP(const BP_RECORD& base) {
-  return WriteFields(L"BP", kBpFields, base);
+  return WriteFields(L"BP", base);
 }
 
 bool CRawFile::WriteHC(const CONTROL_RECORD& control) {
-  return WriteFields(L"HC", kControlFields, control) && WriteLine({});
+  return WriteFields(L"HC", control) && WriteLine({});
 }
 
 bool CRawFile::WriteVC(const CONTROL_RECORD& control) {
-  return WriteFields(L"VC", kControlFields, control) && WriteLine({});
+  return WriteFields(L"VC", control) && WriteLine({});
 }
 
 bool CRawFile::WriteComment(std::wstring_view text) {

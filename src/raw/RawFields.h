@@ -6,6 +6,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -86,9 +87,11 @@ struct RawField {
 };
 
 /// Reads the fields of a table in its order and stops at the first required one that is missing:
-/// false then, and the members from that row on keep their values.
-template <class Record, std::size_t N>
-bool ReadFields(const RawFields& fields, const RawField<Record> (&table)[N], Record& record) {
+/// false then, and the members from that row on keep their values. Out of line, since a caller's
+/// code would hold the branches of all kinds of members for each of its records.
+template <class Record>
+[[gnu::noinline]] bool ReadFields(const RawFields& fields, std::span<const RawField<Record>> table,
+                                  Record& record) {
   for (const RawField<Record>& field : table) {
     std::wstring_view value;
     if (fields.Find(field.tag, value)) {
@@ -101,8 +104,9 @@ bool ReadFields(const RawFields& fields, const RawField<Record> (&table)[N], Rec
 }
 
 /// Appends the fields of a table in its order.
-template <class Record, std::size_t N>
-void AppendFields(std::wstring& line, const RawField<Record> (&table)[N], const Record& record) {
+template <class Record>
+void AppendFields(std::wstring& line, std::span<const RawField<Record>> table,
+                  const Record& record) {
   for (const RawField<Record>& field : table) {
     if (field.use != RawUse::ReadOnly) field.Append(line, record);
   }

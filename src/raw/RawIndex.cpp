@@ -47,7 +47,7 @@ void RawIndex::Add(std::wstring_view record) {
       m_bHasLocalization = true;
       break;
     case RawRecordType::DP:
-      if (NAME_RECORD name; CRawFile::ParseDP(record, name)) {
+      if (NAME_RECORD name; CRawFile::Parse(record, name)) {
         m_DeletedPoints.insert_or_assign(std::wstring(name.name), line);
       }
       break;
@@ -75,7 +75,7 @@ void RawIndex::Add(std::wstring_view record) {
 
 void RawIndex::AddMode(std::wstring_view record) {
   MO_RECORD mode;
-  const bool isGood = CRawFile::ParseMO(record, mode);
+  const bool isGood = CRawFile::Parse(record, mode);
   if (isGood && !m_bHasMode) m_FirstMode = mode;
   if (isGood) {
     m_nDistanceUnit = mode.distanceUnit;
@@ -88,7 +88,7 @@ void RawIndex::AddMode(std::wstring_view record) {
 void RawIndex::AddHeights(RawRecordType kind, std::int64_t line, std::wstring_view record) {
   if (kind == RawRecordType::LS && m_bSetupOpen) {
     LS_RECORD heights;
-    const bool isWhole = CRawFile::ParseLS(record, heights);
+    const bool isWhole = CRawFile::Parse(record, heights);
     if (isWhole || CRawFile::GetDoubleField(record, L"HI", heights.instrumentHeight)) {
       m_Heights.push_back({line, heights, isWhole, m_nDistanceUnit, m_nModeLine});
     }
@@ -109,7 +109,7 @@ void RawIndex::AddOccupied(std::int64_t line, std::wstring_view record) {
 /// Keeps what a GP says if a vector may ask for it.
 void RawIndex::AddGpsPoint(std::int64_t line, std::wstring_view record) {
   GP_RECORD point;
-  const bool valid = CRawFile::ParseGP(record, point);
+  const bool valid = CRawFile::Parse(record, point);
   m_GpsPoints.push_back({line, valid, point.kind, std::wstring(point.name)});
 }
 

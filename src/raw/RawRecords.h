@@ -1,4 +1,5 @@
-// The records of a raw field log as plain structures; docs/formats/raw.md tells the grammar.
+// The records of a raw field log: each a plain structure and, in it, the table of its fields in the
+// order in which they are looked for and written; docs/formats/raw.md tells the grammar.
 //
 // Texts are views into the line that was parsed: they live as long as that line. Angles are in the
 // log's angle unit (degrees written DDD.MMSSsss, or gons) and lengths in its distance unit, as its
@@ -9,6 +10,7 @@
 #include <string_view>
 
 #include "io/Units.h"
+#include "raw/RawFields.h"
 
 namespace zelconvert {
 
@@ -94,6 +96,12 @@ struct JB_RECORD {
   std::wstring_view name;
   std::wstring_view date;  ///< month-day-year, such as "09-14-2026"
   std::wstring_view time;  ///< "08:12:30"
+
+  static constexpr RawField<JB_RECORD> kFields[] = {
+      {L"NM", &JB_RECORD::name},
+      {L"DT", &JB_RECORD::date},
+      {L"TM", &JB_RECORD::time},
+  };
 };
 
 struct MO_RECORD {
@@ -104,27 +112,55 @@ struct MO_RECORD {
   double edmOffset = 0;        ///< EO
   std::int32_t angleUnit = 0;
   std::int32_t scaleMode = 0;  ///< SK; absent: 1 if the scale isn't 1, else 0
+
+  static constexpr RawField<MO_RECORD> kFields[] = {
+      {L"AD", &MO_RECORD::azimuthOrigin}, {L"UN", &MO_RECORD::distanceUnit},
+      {L"SF", &MO_RECORD::scale},         {L"EC", &MO_RECORD::curvature},
+      {L"EO", &MO_RECORD::edmOffset},     {L"AU", &MO_RECORD::angleUnit, RawUse::Optional},
+  };
 };
 
-/// OC, SP, GS, RP and AP.
+/// SP, GS and RP.
 struct POINT_RECORD {
   std::wstring_view name;
   double north = 0;
   double east = 0;
   double elevation = 0;
   std::wstring_view note;
+
+  static constexpr RawField<POINT_RECORD> kFields[] = {
+      {L"PN", &POINT_RECORD::name}, {L"N ", &POINT_RECORD::north},
+      {L"E ", &POINT_RECORD::east}, {L"EL", &POINT_RECORD::elevation},
+      {L"--", &POINT_RECORD::note},
+  };
 };
+/// An occupied point names itself by OP, or else by PN.
+struct OC_RECORD : POINT_RECORD {};
+/// White space around the name of an adjusted point is dropped.
+struct AP_RECORD : POINT_RECORD {};
 
 struct BK_RECORD {
   std::wstring_view station;
   std::wstring_view backsight;  ///< "0": a point without a name
   double azimuth = 0;
   double circle = 0;  ///< reading of the horizontal circle at the backsight
+
+  static constexpr RawField<BK_RECORD> kFields[] = {
+      {L"OP", &BK_RECORD::station},
+      {L"BP", &BK_RECORD::backsight},
+      {L"BS", &BK_RECORD::azimuth},
+      {L"BC", &BK_RECORD::circle},
+  };
 };
 
 struct LS_RECORD {
   double instrumentHeight = 0;
   double rodHeight = 0;
+
+  static constexpr RawField<LS_RECORD> kFields[] = {
+      {L"HI", &LS_RECORD::instrumentHeight},
+      {L"HR", &LS_RECORD::rodHeight},
+  };
 };
 
 /// How a shot tells its horizontal direction.
@@ -136,12 +172,24 @@ enum class HorizontalKind : std::uint8_t {
   DeflectionRight = 4,  ///< DR
   DeflectionLeft = 5,   ///< DL
 };
+/// By HorizontalKind, in which order they are looked for.
+inline constexpr wchar_t kHorizontalTags[][3] = {L"AZ", L"BR", L"AR", L"AL", L"DR", L"DL"};
 
 /// How a shot tells its vertical direction and distance.
 enum class VerticalKind : std::uint8_t {
   ElevationChange = 0,  ///< CE and HD: height difference and horizontal distance
   Zenith = 1,           ///< ZE and SD: zenith angle and slope distance
   VerticalAngle = 2,    ///< VA and SD: angle above the horizon and slope distance
+};
+struct VerticalTags {
+  VerticalKind kind;
+  wchar_t vertical[3];
+  wchar_t distance[3];
+};
+inline constexpr VerticalTags kVerticalTags[] = {
+    {VerticalKind::Zenith, L"ZE", L"SD"},
+    {VerticalKind::VerticalAngle, L"VA", L"SD"},
+    {VerticalKind::ElevationChange, L"CE", L"HD"},
 };
 
 /// TR and SS.
@@ -164,9 +212,15 @@ struct STAKE_SHOT_RECORD {
   double zenith = 0;
   double slopeDistance = 0;
   std::wstring_view note;
+
+  static constexpr RawField<STAKE_SHOT_RECORD> kFields[] = {
+      {L"OP", &STAKE_SHOT_RECORD::station},       {L"FP", &STAKE_SHOT_RECORD::foresight},
+      {L"AR", &STAKE_SHOT_RECORD::angleRight},    {L"ZE", &STAKE_SHOT_RECORD::zenith},
+      {L"SD", &STAKE_SHOT_RECORD::slopeDistance}, {L"--", &STAKE_SHOT_RECORD::note},
+  };
 };
 
-/// RB and RF.
+/// A shot of a set of rounds, to the backsight (RB) or a foresight (RF).
 struct ROUND_SHOT_RECORD {
   std::wstring_view station;
   std::wstring_view target;
@@ -175,6 +229,22 @@ struct ROUND_SHOT_RECORD {
   double slopeDistance = 0;
   double rodHeight = 0;
   std::wstring_view note;
+};
+struct ROUND_BACKSIGHT_RECORD : ROUND_SHOT_RECORD {
+  static constexpr RawField<ROUND_BACKSIGHT_RECORD> kFields[] = {
+      {L"OP", &ROUND_BACKSIGHT_RECORD::station},       {L"BP", &ROUND_BACKSIGHT_RECORD::target},
+      {L"AR", &ROUND_BACKSIGHT_RECORD::angleRight},    {L"ZE", &ROUND_BACKSIGHT_RECORD::zenith},
+      {L"SD", &ROUND_BACKSIGHT_RECORD::slopeDistance}, {L"HR", &ROUND_BACKSIGHT_RECORD::rodHeight},
+      {L"--", &ROUND_BACKSIGHT_RECORD::note},
+  };
+};
+struct ROUND_FORESIGHT_RECORD : ROUND_SHOT_RECORD {
+  static constexpr RawField<ROUND_FORESIGHT_RECORD> kFields[] = {
+      {L"OP", &ROUND_FORESIGHT_RECORD::station},       {L"FP", &ROUND_FORESIGHT_RECORD::target},
+      {L"AR", &ROUND_FORESIGHT_RECORD::angleRight},    {L"ZE", &ROUND_FORESIGHT_RECORD::zenith},
+      {L"SD", &ROUND_FORESIGHT_RECORD::slopeDistance}, {L"HR", &ROUND_FORESIGHT_RECORD::rodHeight},
+      {L"--", &ROUND_FORESIGHT_RECORD::note},
+  };
 };
 
 /// The directions of a set of rounds, in the order in which their tags are looked for.
@@ -187,6 +257,8 @@ enum class DirectionKind : std::uint8_t {
   BacksightReverse,  ///< BV
 };
 inline constexpr int kDirectionKinds = 6;
+inline constexpr wchar_t kDirectionTags[kDirectionKinds][3] = {L"BD", L"FD", L"ZD",
+                                                               L"FV", L"ZV", L"BV"};
 
 /// RD.
 struct DIRECTION_RECORD {
@@ -218,6 +290,18 @@ struct CF_RECORD {
   double elevation = 0;  ///< of the design
   double grade = 0;
   std::wstring_view note;
+
+  static constexpr RawField<CF_RECORD> kPointFields[] = {{L"PN", &CF_RECORD::name}};
+  static constexpr RawField<CF_RECORD> kStationFields[] = {
+      {L"ST", &CF_RECORD::station},
+      {L"OD", &CF_RECORD::offsetDirection},
+      {L"OL", &CF_RECORD::offset},
+  };
+  static constexpr RawField<CF_RECORD> kGradeFields[] = {
+      {L"EL", &CF_RECORD::elevation},
+      {L"GD", &CF_RECORD::grade},
+      {L"--", &CF_RECORD::note, RawUse::Optional},
+  };
 };
 
 /// SL and SR.
@@ -236,6 +320,16 @@ struct SLOPE_RECORD {
   double offset = 0;           ///< OB
   std::wstring_view note;
   double offsetLength = DC_NULL;  ///< OL
+
+  static constexpr RawField<SLOPE_RECORD> kFields[] = {
+      {L"ST", &SLOPE_RECORD::station},       {L"OD", &SLOPE_RECORD::offsetDirection},
+      {L"EL", &SLOPE_RECORD::elevation},     {L"GD", &SLOPE_RECORD::grade},
+      {L"AS", &SLOPE_RECORD::stationShift},  {L"HH", &SLOPE_RECORD::hingeHorizontal},
+      {L"VH", &SLOPE_RECORD::hingeVertical}, {L"HC", &SLOPE_RECORD::catchHorizontal},
+      {L"VC", &SLOPE_RECORD::catchVertical}, {L"CF", &SLOPE_RECORD::cutFill},
+      {L"DS", &SLOPE_RECORD::designSlope},   {L"OB", &SLOPE_RECORD::offset},
+      {L"--", &SLOPE_RECORD::note},          {L"OL", &SLOPE_RECORD::offsetLength, RawUse::Optional},
+  };
 };
 
 /// SD.
@@ -243,22 +337,40 @@ struct STAKED_DELTA_RECORD {
   double north = 0;
   double east = 0;
   double elevation = 0;
+
+  static constexpr RawField<STAKED_DELTA_RECORD> kFields[] = {
+      {L"ND", &STAKED_DELTA_RECORD::north},
+      {L"ED", &STAKED_DELTA_RECORD::east},
+      {L"LD", &STAKED_DELTA_RECORD::elevation},
+  };
 };
 
 /// OE.
 struct STATION_ERROR_RECORD {
   double station = 0;
   double offsetError = 0;
+
+  static constexpr RawField<STATION_ERROR_RECORD> kFields[] = {
+      {L"ST", &STATION_ERROR_RECORD::station},
+      {L"OE", &STATION_ERROR_RECORD::offsetError},
+  };
 };
 
 /// DP, DE and GK.
 struct NAME_RECORD {
   std::wstring_view name;
+
+  static constexpr RawField<NAME_RECORD> kFields[] = {{L"PN", &NAME_RECORD::name}};
 };
 
 struct RX_RECORD {
   std::wstring_view role;  ///< "BASE", "ROVER", "GETBASE", "VRSBASE" or "STATIC"
   double antennaHeight = 0;
+
+  static constexpr RawField<RX_RECORD> kFields[] = {
+      {L"DC", &RX_RECORD::role},
+      {L"RA", &RX_RECORD::antennaHeight},
+  };
 };
 
 struct EQ_RECORD {
@@ -272,6 +384,19 @@ struct EQ_RECORD {
   double tapeAdjustment = 0;    ///< TA
   double horizontalOffset = 0;  ///< HO
   double verticalOffset = 0;    ///< VO
+
+  static constexpr RawField<EQ_RECORD> kFields[] = {
+      {L"DC", &EQ_RECORD::role},
+      {L"RX", &EQ_RECORD::receiverType},
+      {L"RS", &EQ_RECORD::receiverSerial},
+      {L"AN", &EQ_RECORD::antennaNumber},
+      {L"AI", &EQ_RECORD::antennaId},
+      {L"AT", &EQ_RECORD::antennaType},
+      {L"TS", &EQ_RECORD::antennaSerial},
+      {L"TA", &EQ_RECORD::tapeAdjustment},
+      {L"HO", &EQ_RECORD::horizontalOffset},
+      {L"VO", &EQ_RECORD::verticalOffset},
+  };
 };
 
 struct AH_RECORD {
@@ -279,6 +404,13 @@ struct AH_RECORD {
   double measuredHeight = 0;
   std::int32_t method = 0;  ///< ME: 0 true vertical
   double reducedHeight = 0;
+
+  static constexpr RawField<AH_RECORD> kFields[] = {
+      {L"DC", &AH_RECORD::role},
+      {L"MA", &AH_RECORD::measuredHeight},
+      {L"ME", &AH_RECORD::method},
+      {L"RA", &AH_RECORD::reducedHeight},
+  };
 };
 
 struct BP_RECORD {
@@ -287,6 +419,14 @@ struct BP_RECORD {
   double longitude = 0;
   double height = 0;  ///< above the ellipsoid
   std::int32_t geoid = 0;
+
+  static constexpr RawField<BP_RECORD> kFields[] = {
+      {L"PN", &BP_RECORD::name},
+      {L"LA", &BP_RECORD::latitude},
+      {L"LN", &BP_RECORD::longitude},
+      {L"HT", &BP_RECORD::height},
+      {L"SG", &BP_RECORD::geoid, RawUse::ReadOnly},
+  };
 };
 
 struct EP_RECORD {
@@ -297,6 +437,16 @@ struct EP_RECORD {
   std::int32_t classification = 0;
   double horizontalPrecision = 0;
   double verticalPrecision = 0;
+
+  static constexpr RawField<EP_RECORD> kFields[] = {
+      {L"LA", &EP_RECORD::latitude},
+      {L"LN", &EP_RECORD::longitude},
+      {L"HT", &EP_RECORD::height},
+      {L"GM", &EP_RECORD::method},
+      {L"CL", &EP_RECORD::classification},
+      {L"RH", &EP_RECORD::horizontalPrecision},
+      {L"RV", &EP_RECORD::verticalPrecision},
+  };
 };
 
 struct BL_RECORD {
@@ -310,6 +460,19 @@ struct BL_RECORD {
   std::int32_t classification = 0;
   double horizontalPrecision = 0;
   double verticalPrecision = 0;
+
+  static constexpr RawField<BL_RECORD> kFields[] = {
+      {L"DC", &BL_RECORD::role},
+      {L"PN", &BL_RECORD::name},
+      {L"DX", &BL_RECORD::deltaX},
+      {L"DY", &BL_RECORD::deltaY},
+      {L"DZ", &BL_RECORD::deltaZ},
+      {L"--", &BL_RECORD::note},
+      {L"GM", &BL_RECORD::method},
+      {L"CL", &BL_RECORD::classification},
+      {L"HP", &BL_RECORD::horizontalPrecision},
+      {L"VP", &BL_RECORD::verticalPrecision},
+  };
 };
 
 struct CV_RECORD {
@@ -322,6 +485,12 @@ struct CV_RECORD {
   double yy = 0;
   double yz = 0;
   double zz = 0;
+
+  static constexpr RawField<CV_RECORD> kFields[] = {
+      {L"DC", &CV_RECORD::role}, {L"SV", &CV_RECORD::satellites}, {L"SC", &CV_RECORD::scalar},
+      {L"XX", &CV_RECORD::xx},   {L"XY", &CV_RECORD::xy},         {L"XZ", &CV_RECORD::xz},
+      {L"YY", &CV_RECORD::yy},   {L"YZ", &CV_RECORD::yz},         {L"ZZ", &CV_RECORD::zz},
+  };
 };
 
 struct GQ_RECORD {
@@ -340,6 +509,24 @@ struct GQ_RECORD {
   std::int32_t endWeek = 0;
   double endSeconds = 0;
   std::int32_t initialization = 0;
+
+  static constexpr RawField<GQ_RECORD> kFields[] = {
+      {L"DC", &GQ_RECORD::role},
+      {L"SV", &GQ_RECORD::satellites},
+      {L"DR", &GQ_RECORD::relative},
+      {L"PD", &GQ_RECORD::pdop},
+      {L"DH", &GQ_RECORD::hdop},
+      {L"DV", &GQ_RECORD::vdop},
+      {L"RM", &GQ_RECORD::rms},
+      {L"NE", &GQ_RECORD::epochs},
+      {L"RH", &GQ_RECORD::horizontalPrecision},
+      {L"RV", &GQ_RECORD::verticalPrecision},
+      {L"WS", &GQ_RECORD::startWeek},
+      {L"FS", &GQ_RECORD::startSeconds},
+      {L"WE", &GQ_RECORD::endWeek},
+      {L"ES", &GQ_RECORD::endSeconds},
+      {L"IM", &GQ_RECORD::initialization},
+  };
 };
 
 /// What a GPS point was measured for (PT of GP). An unknown text counts as Control.
@@ -352,6 +539,20 @@ enum class GpsPointKind : std::uint8_t {
   RemoteElevation = 5,
   StakeOut = 6,
   UserInput = 8,
+};
+struct GpsPointKindText {
+  std::wstring_view text;
+  GpsPointKind kind;
+};
+inline constexpr GpsPointKindText kGpsPointKinds[] = {
+    {L"USER_INPUT", GpsPointKind::UserInput},
+    {L"CONTROL", GpsPointKind::Control},
+    {L"CHECK", GpsPointKind::Check},
+    {L"DATA", GpsPointKind::Data},
+    {L"OFFSET", GpsPointKind::Offset},
+    {L"FEATURE", GpsPointKind::Feature},
+    {L"REMOTE_ELEV", GpsPointKind::RemoteElevation},
+    {L"STAKE_OUT", GpsPointKind::StakeOut},
 };
 
 struct GP_RECORD {
@@ -367,11 +568,26 @@ struct GO_RECORD {
   double instrumentHeight = 0;
   double rodHeight = 0;
   std::wstring_view note;
+
+  static constexpr RawField<GO_RECORD> kFields[] = {
+      {L"PN", &GO_RECORD::name},
+      {L"AZ", &GO_RECORD::azimuth},
+      {L"ZE", &GO_RECORD::zenith},
+      {L"SD", &GO_RECORD::slopeDistance},
+      {L"HI", &GO_RECORD::instrumentHeight},
+      {L"HR", &GO_RECORD::rodHeight},
+      {L"--", &GO_RECORD::note},
+  };
 };
 
 struct ES_RECORD {
   double semiMajorAxis = 0;
   double inverseFlattening = 0;
+
+  static constexpr RawField<ES_RECORD> kFields[] = {
+      {L"RD", &ES_RECORD::semiMajorAxis},
+      {L"IF", &ES_RECORD::inverseFlattening},
+  };
 };
 
 struct ST_RECORD {
@@ -381,6 +597,11 @@ struct ST_RECORD {
   double scale = 0;
   double north = 0;
   double east = 0;
+
+  static constexpr RawField<ST_RECORD> kFields[] = {
+      {L"LA", &ST_RECORD::latitude}, {L"LN", &ST_RECORD::longitude}, {L"HT", &ST_RECORD::height},
+      {L"SC", &ST_RECORD::scale},    {L"N ", &ST_RECORD::north},     {L"E ", &ST_RECORD::east},
+  };
 };
 
 struct PJ_RECORD {
@@ -394,6 +615,13 @@ struct PJ_RECORD {
   double scale = 0;
   double angle1 = 0;  ///< OO
   double angle2 = 0;  ///< OT
+
+  static constexpr RawField<PJ_RECORD> kFields[] = {
+      {L"TP", &PJ_RECORD::type},      {L"LA", &PJ_RECORD::latitude}, {L"LN", &PJ_RECORD::longitude},
+      {L"HT", &PJ_RECORD::height},    {L"N ", &PJ_RECORD::north},    {L"E ", &PJ_RECORD::east},
+      {L"EL", &PJ_RECORD::elevation}, {L"SC", &PJ_RECORD::scale},    {L"OO", &PJ_RECORD::angle1},
+      {L"OT", &PJ_RECORD::angle2},
+  };
 };
 
 struct PE_RECORD : PJ_RECORD {
@@ -403,6 +631,11 @@ struct PE_RECORD : PJ_RECORD {
   std::int32_t ae = 0;
   std::wstring_view gridFile;
   std::wstring_view shiftFile;
+
+  static constexpr RawField<PE_RECORD> kFields[] = {
+      {L"CT", &PE_RECORD::ct}, {L"AF", &PE_RECORD::af},       {L"RY", &PE_RECORD::ry},
+      {L"AE", &PE_RECORD::ae}, {L"FO", &PE_RECORD::gridFile}, {L"FT", &PE_RECORD::shiftFile},
+  };
 };
 
 struct DT_RECORD {
@@ -416,11 +649,26 @@ struct DT_RECORD {
   double shiftY = 0;
   double shiftZ = 0;
   double scale = 0;
+
+  static constexpr RawField<DT_RECORD> kFields[] = {
+      {L"DA", &DT_RECORD::type},
+      {L"RD", &DT_RECORD::semiMajorAxis},
+      {L"IF", &DT_RECORD::inverseFlattening},
+      {L"OX", &DT_RECORD::rotationX},
+      {L"OY", &DT_RECORD::rotationY},
+      {L"OZ", &DT_RECORD::rotationZ},
+      {L"LX", &DT_RECORD::shiftX},
+      {L"LY", &DT_RECORD::shiftY},
+      {L"LZ", &DT_RECORD::shiftZ},
+      {L"SP", &DT_RECORD::scale},
+  };
 };
 
 /// DG and SG.
 struct FILE_RECORD {
   std::wstring_view fileName;
+
+  static constexpr RawField<FILE_RECORD> kFields[] = {{L"FI", &FILE_RECORD::fileName}};
 };
 
 struct HA_RECORD {
@@ -431,6 +679,13 @@ struct HA_RECORD {
   double translateEast = 0;
   double rotation = 0;
   double scale = 0;
+
+  static constexpr RawField<HA_RECORD> kFields[] = {
+      {L"N ", &HA_RECORD::north},          {L"E ", &HA_RECORD::east},
+      {L"TN", &HA_RECORD::translateNorth}, {L"TH", &HA_RECORD::translateNorthAgain},
+      {L"TE", &HA_RECORD::translateEast},  {L"RT", &HA_RECORD::rotation},
+      {L"SC", &HA_RECORD::scale},
+  };
 };
 
 struct VA_RECORD {
@@ -441,6 +696,13 @@ struct VA_RECORD {
   double slopeNorth = 0;  ///< parts per million
   double slopeEast = 0;   ///< parts per million
   std::wstring_view geoidName;
+
+  static constexpr RawField<VA_RECORD> kFields[] = {
+      {L"PV", &VA_RECORD::method},     {L"N ", &VA_RECORD::north},
+      {L"E ", &VA_RECORD::east},       {L"LZ", &VA_RECORD::constantShift},
+      {L"SO", &VA_RECORD::slopeNorth}, {L"SA", &VA_RECORD::slopeEast},
+      {L"GN", &VA_RECORD::geoidName},
+  };
 };
 
 struct CT_RECORD {
@@ -448,6 +710,13 @@ struct CT_RECORD {
   std::int32_t dimension = 0;
   double horizontalPrecision = 0;
   double verticalPrecision = 0;
+
+  static constexpr RawField<CT_RECORD> kFields[] = {
+      {L"PN", &CT_RECORD::name, RawUse::Trimmed},
+      {L"DM", &CT_RECORD::dimension},
+      {L"RH", &CT_RECORD::horizontalPrecision},
+      {L"RV", &CT_RECORD::verticalPrecision},
+  };
 };
 
 struct CS_RECORD {
@@ -455,11 +724,23 @@ struct CS_RECORD {
   std::wstring_view zoneGroupName;
   std::wstring_view zoneName;
   std::wstring_view datumName;
+
+  static constexpr RawField<CS_RECORD> kFields[] = {
+      {L"CO", &CS_RECORD::system},
+      {L"ZG", &CS_RECORD::zoneGroupName},
+      {L"ZN", &CS_RECORD::zoneName},
+      {L"DN", &CS_RECORD::datumName},
+  };
 };
 
 struct CG_RECORD {
   std::int32_t azimuthOrigin = 0;
   std::int32_t groundOrigin = 0;
+
+  static constexpr RawField<CG_RECORD> kFields[] = {
+      {L"AO", &CG_RECORD::azimuthOrigin},
+      {L"GO", &CG_RECORD::groundOrigin},
+  };
 };
 
 struct LM_RECORD {
@@ -469,6 +750,12 @@ struct LM_RECORD {
   std::int32_t zone = 0;
   std::int32_t hemisphere = 0;
   std::wstring_view fileName;
+
+  static constexpr RawField<LM_RECORD> kFields[] = {
+      {L"ME", &LM_RECORD::mode},       {L"CS", &LM_RECORD::coordinateSystem},
+      {L"DA", &LM_RECORD::datum},      {L"ZO", &LM_RECORD::zone},
+      {L"HE", &LM_RECORD::hemisphere}, {L"FI", &LM_RECORD::fileName},
+  };
 };
 
 /// HC and VC: written only.
@@ -478,6 +765,12 @@ struct CONTROL_RECORD {
   double longitude = 0;
   double height = 0;
   std::wstring_view note;
+
+  static constexpr RawField<CONTROL_RECORD> kFields[] = {
+      {L"PN", &CONTROL_RECORD::name},      {L"LA", &CONTROL_RECORD::latitude},
+      {L"LN", &CONTROL_RECORD::longitude}, {L"HT", &CONTROL_RECORD::height},
+      {L"--", &CONTROL_RECORD::note},
+  };
 };
 
 struct SC_RECORD {
@@ -485,6 +778,13 @@ struct SC_RECORD {
   std::int32_t points = 0;
   double horizontalStep = 0;
   double verticalStep = 0;
+
+  static constexpr RawField<SC_RECORD> kFields[] = {
+      {L"FI", &SC_RECORD::fileName},
+      {L"NP", &SC_RECORD::points},
+      {L"HS", &SC_RECORD::horizontalStep},
+      {L"VS", &SC_RECORD::verticalStep},
+  };
 };
 
 struct CR_RECORD {
@@ -505,6 +805,18 @@ struct CR_RECORD {
   double pixelSizeY = 0;
   std::int32_t pixelsX = 0;
   std::int32_t pixelsY = 0;
+
+  static constexpr RawField<CR_RECORD> kFields[] = {
+      {L"X0", &CR_RECORD::x0},          {L"Y0", &CR_RECORD::y0},
+      {L"CK", &CR_RECORD::focalLength}, {L"KA", &CR_RECORD::kappa},
+      {L"PH", &CR_RECORD::phi},         {L"OM", &CR_RECORD::omega},
+      {L"S0", &CR_RECORD::s0},          {L"C0", &CR_RECORD::c0},
+      {L"Z0", &CR_RECORD::z0},          {L"I ", &CR_RECORD::i},
+      {L"K1", &CR_RECORD::k1},          {L"P1", &CR_RECORD::p1},
+      {L"P2", &CR_RECORD::p2},          {L"SX", &CR_RECORD::pixelSizeX},
+      {L"SY", &CR_RECORD::pixelSizeY},  {L"NX", &CR_RECORD::pixelsX},
+      {L"NY", &CR_RECORD::pixelsY},
+  };
 };
 
 struct IM_RECORD {
@@ -517,6 +829,14 @@ struct IM_RECORD {
   std::int32_t startY = 0;
   std::int32_t sizeX = 0;
   std::int32_t sizeY = 0;
+
+  static constexpr RawField<IM_RECORD> kFields[] = {
+      {L"FI", &IM_RECORD::fileName},      {L"HA", &IM_RECORD::horizontalAngle},
+      {L"VA", &IM_RECORD::verticalAngle}, {L"WI", &IM_RECORD::width},
+      {L"HE", &IM_RECORD::height},        {L"SX", &IM_RECORD::startX},
+      {L"SY", &IM_RECORD::startY},        {L"SW", &IM_RECORD::sizeX},
+      {L"SH", &IM_RECORD::sizeY},
+  };
 };
 
 }  // namespace zelconvert

@@ -1,20 +1,21 @@
 // docs/formats/raw.md shows the fields that the tables hold.
 #include <gtest/gtest.h>
 
+#include <span>
 #include <string>
 
 #include "TempDir.h"
 #include "io/Strings.h"
-#include "raw/RawTables.h"
+#include "raw/RawRecords.h"
 
 namespace zelconvert {
 namespace {
 
-template <class Record, std::size_t N>
-std::string Row(const char* tags, const RawField<Record> (&table)[N]) {
+template <class Record>
+std::string Row(const char* tags, std::span<const RawField<Record>> table) {
   std::string row = "| " + std::string(tags) + " | `";
   for (const RawField<Record>& field : table) {
-    if (&field != table) row += ", ";
+    if (&field != table.data()) row += ", ";
     row += ToNarrow(field.tag) + " " + "sdi"[field.member.index()];
     if (field.use == RawUse::Optional) row += "?";
     if (field.use == RawUse::Trimmed) row += "~";
@@ -22,56 +23,52 @@ std::string Row(const char* tags, const RawField<Record> (&table)[N]) {
   }
   return row + "` |";
 }
-
-std::string PointRow(const char* tags, const RawField<POINT_RECORD>& name) {
-  const RawField<POINT_RECORD> table[] = {name, kPositionFields[0], kPositionFields[1],
-                                          kPositionFields[2], kPositionFields[3]};
-  return Row(tags, table);
+template <class Record>
+std::string Row(const char* tags) {
+  return Row<Record>(tags, Record::kFields);
 }
 
 TEST(RawDocs, ShowTheFieldsOfTheTables) {
   const std::string page = ReadBytes("docs/formats/raw.md");
-  for (const std::string& row : {Row("JB", kJbFields),
-                                 Row("MO", kMoFields),
-                                 PointRow("OC", kOccupiedNameFields[0]),
-                                 Row("BK", kBkFields),
-                                 Row("LS", kLsFields),
-                                 Row("SK", kSkFields),
-                                 Row("RB", kRbFields),
-                                 Row("RF", kRfFields),
-                                 PointRow("SP, GS, RP", kPointNameFields[0]),
-                                 PointRow("AP", kTrimmedNameFields[0]),
-                                 Row("DP, DE, GK", kNameFields),
-                                 Row("CF", kCfPointFields),
-                                 Row("CF", kCfStationFields),
-                                 Row("CF", kCfGradeFields),
-                                 Row("SL, SR", kSlopeFields),
-                                 Row("SD", kSdFields),
-                                 Row("OE", kOeFields),
-                                 Row("RX", kRxFields),
-                                 Row("EQ", kEqFields),
-                                 Row("AH", kAhFields),
-                                 Row("BP", kBpFields),
-                                 Row("EP", kEpFields),
-                                 Row("BL", kBlFields),
-                                 Row("CV", kCvFields),
-                                 Row("GQ", kGqFields),
-                                 Row("GO", kGoFields),
-                                 Row("ES", kEsFields),
-                                 Row("ST", kStFields),
-                                 Row("PJ", kPjFields),
-                                 Row("PE", kPeFields),
-                                 Row("DT", kDtFields),
-                                 Row("DG, SG", kFileFields),
-                                 Row("HA", kHaFields),
-                                 Row("VA", kVaFields),
-                                 Row("CT", kCtFields),
-                                 Row("CS", kCsFields),
-                                 Row("CG", kCgFields),
-                                 Row("LM", kLmFields),
-                                 Row("SC", kScFields),
-                                 Row("CR", kCrFields),
-                                 Row("IM", kImFields)}) {
+  for (const std::string& row : {Row<JB_RECORD>("JB"),
+                                 Row<MO_RECORD>("MO"),
+                                 Row<BK_RECORD>("BK"),
+                                 Row<LS_RECORD>("LS"),
+                                 Row<STAKE_SHOT_RECORD>("SK"),
+                                 Row<ROUND_BACKSIGHT_RECORD>("RB"),
+                                 Row<ROUND_FORESIGHT_RECORD>("RF"),
+                                 Row<POINT_RECORD>("SP, GS, RP"),
+                                 Row<NAME_RECORD>("DP, DE, GK"),
+                                 Row<CF_RECORD>("CF", CF_RECORD::kPointFields),
+                                 Row<CF_RECORD>("CF", CF_RECORD::kStationFields),
+                                 Row<CF_RECORD>("CF", CF_RECORD::kGradeFields),
+                                 Row<SLOPE_RECORD>("SL, SR"),
+                                 Row<STAKED_DELTA_RECORD>("SD"),
+                                 Row<STATION_ERROR_RECORD>("OE"),
+                                 Row<RX_RECORD>("RX"),
+                                 Row<EQ_RECORD>("EQ"),
+                                 Row<AH_RECORD>("AH"),
+                                 Row<BP_RECORD>("BP"),
+                                 Row<EP_RECORD>("EP"),
+                                 Row<BL_RECORD>("BL"),
+                                 Row<CV_RECORD>("CV"),
+                                 Row<GQ_RECORD>("GQ"),
+                                 Row<GO_RECORD>("GO"),
+                                 Row<ES_RECORD>("ES"),
+                                 Row<ST_RECORD>("ST"),
+                                 Row<PJ_RECORD>("PJ"),
+                                 Row<PE_RECORD>("PE"),
+                                 Row<DT_RECORD>("DT"),
+                                 Row<FILE_RECORD>("DG, SG"),
+                                 Row<HA_RECORD>("HA"),
+                                 Row<VA_RECORD>("VA"),
+                                 Row<CT_RECORD>("CT"),
+                                 Row<CS_RECORD>("CS"),
+                                 Row<CG_RECORD>("CG"),
+                                 Row<LM_RECORD>("LM"),
+                                 Row<SC_RECORD>("SC"),
+                                 Row<CR_RECORD>("CR"),
+                                 Row<IM_RECORD>("IM")}) {
     EXPECT_NE(page.find(row), page.npos) << row;
   }
 }

@@ -13,7 +13,6 @@
 #include "platform/Platform.h"
 #include "raw/Angles.h"
 #include "raw/CRawFile.h"
-#include "raw/RawTables.h"
 
 namespace zelconvert {
 namespace {
@@ -98,9 +97,9 @@ std::wstring Show(const Members&... members) {
   return out;
 }
 
-// The members that a table names. They stand in its order in the structure, too.
-template <class R, class Base, std::size_t N>
-std::wstring ShowTable(const R& record, const RawField<Base> (&table)[N]) {
+// The members that the record's table names. They stand in its order in the structure, too.
+template <class R>
+std::wstring ShowRecord(const R& record) {
   std::wstring out;
   const void* last = nullptr;
   const auto show = [&](const auto& value) {
@@ -108,108 +107,99 @@ std::wstring ShowTable(const R& record, const RawField<Base> (&table)[N]) {
     last = &value;
     Append(out, value);
   };
-  for (const RawField<Base>& field : table) {
-    if (const auto* text = std::get_if<0>(&field.member)) {
-      show(record.**text);
-    } else if (const auto* real = std::get_if<1>(&field.member)) {
-      show(record.**real);
-    } else {
-      show(record.**std::get_if<2>(&field.member));
-    }
+  for (const auto& field : R::kFields) {
+    std::visit([&](auto member) { show(record.*member); }, field.member);
   }
   return out;
 }
-
-// The members of the record that a line holds, or "bad".
-using ShowLine = std::function<std::wstring(std::wstring_view)>;
-
-template <class R>
-using Parser = bool (*)(std::wstring_view, R&);
-
-template <class R, class ShowRecord>
-ShowLine From(Parser<R> parser, ShowRecord show) {
-  return [=](std::wstring_view line) {
-    R record;
-    return parser(line, record) ? show(record) : L"bad";
-  };
-}
-
-template <class R, class... Tables>
-ShowLine FromTables(Parser<R> parser, const Tables&... tables) {
-  return From(parser, [&tables...](const R& record) { return (ShowTable(record, tables) + ...); });
-}
-
-std::wstring ShowMode(const MO_RECORD& r) {
+std::wstring ShowRecord(const MO_RECORD& r) {
   return Show(r.azimuthOrigin, r.distanceUnit, r.scale, r.curvature, r.edmOffset, r.angleUnit,
               r.scaleMode);
 }
-std::wstring ShowShot(const SHOT_RECORD& r) {
+std::wstring ShowRecord(const SHOT_RECORD& r) {
   return Show(r.station, r.foresight, r.horizontalKind, r.horizontal, r.verticalKind, r.vertical,
               r.distance, r.note);
 }
+std::wstring ShowRecord(const DIRECTION_RECORD& r) {
+  return Show(r.kind, r.set, r.angle);
+}
+std::wstring ShowRecord(const SET_DISTANCE_RECORD& r) {
+  return Show(r.distance);
+}
+std::wstring ShowRecord(const CF_RECORD& r) {
+  return Show(r.isPoint, r.name, r.station, r.offsetDirection, r.offset, r.elevation, r.grade,
+              r.note);
+}
+std::wstring ShowRecord(const GP_RECORD& r) {
+  return Show(r.name, r.kind);
+}
+std::wstring ShowRecord(const HA_RECORD& r) {
+  return Show(r.north, r.east, r.translateNorth, r.translateEast, r.rotation, r.scale);
+}
+std::wstring ShowRecord(const PE_RECORD& r) {
+  return ShowRecord(static_cast<const PJ_RECORD&>(r)) +
+         Show(r.ct, r.af, r.ry, r.ae, r.gridFile, r.shiftFile);
+}
 
-const std::map<std::wstring, ShowLine> kParsers = {
-    {L"MO", From(CRawFile::ParseMO, ShowMode)},
-    {L"OC", FromTables(CRawFile::ParseOC, kPointNameFields, kPositionFields)},
-    {L"SP", FromTables(CRawFile::ParseSP, kPointNameFields, kPositionFields)},
-    {L"GS", FromTables(CRawFile::ParseGS, kPointNameFields, kPositionFields)},
-    {L"RP", FromTables(CRawFile::ParseRP, kPointNameFields, kPositionFields)},
-    {L"AP", FromTables(CRawFile::ParseAP, kTrimmedNameFields, kPositionFields)},
-    {L"TR", From(CRawFile::ParseTR, ShowShot)},
-    {L"SS", From(CRawFile::ParseSS, ShowShot)},
-    {L"RD", From<DIRECTION_RECORD>(CRawFile::ParseRD,
-                                   [](const auto& r) { return Show(r.kind, r.set, r.angle); })},
-    {L"MD",
-     From<SET_DISTANCE_RECORD>(CRawFile::ParseMD, [](const auto& r) { return Show(r.distance); })},
-    {L"GP", From<GP_RECORD>(CRawFile::ParseGP, [](const auto& r) { return Show(r.name, r.kind); })},
-    {L"CF", From<CF_RECORD>(CRawFile::ParseCF,
-                            [](const auto& r) {
-                              return Show(r.isPoint, r.name, r.station, r.offsetDirection, r.offset,
-                                          r.elevation, r.grade, r.note);
-                            })},
-    {L"HA", From<HA_RECORD>(CRawFile::ParseHA,
-                            [](const auto& r) {
-                              return Show(r.north, r.east, r.translateNorth, r.translateEast,
-                                          r.rotation, r.scale);
-                            })},
-    {L"PE", FromTables(CRawFile::ParsePE, kPjFields, kPeFields)},
-    {L"JB", FromTables(CRawFile::ParseJB, kJbFields)},
-    {L"BK", FromTables(CRawFile::ParseBK, kBkFields)},
-    {L"LS", FromTables(CRawFile::ParseLS, kLsFields)},
-    {L"SK", FromTables(CRawFile::ParseSK, kSkFields)},
-    {L"RB", FromTables(CRawFile::ParseRB, kRbFields)},
-    {L"RF", FromTables(CRawFile::ParseRF, kRfFields)},
-    {L"DP", FromTables(CRawFile::ParseDP, kNameFields)},
-    {L"DE", FromTables(CRawFile::ParseDE, kNameFields)},
-    {L"GK", FromTables(CRawFile::ParseGK, kNameFields)},
-    {L"SL", FromTables(CRawFile::ParseSL, kSlopeFields)},
-    {L"SR", FromTables(CRawFile::ParseSR, kSlopeFields)},
-    {L"SD", FromTables(CRawFile::ParseSD, kSdFields)},
-    {L"OE", FromTables(CRawFile::ParseOE, kOeFields)},
-    {L"RX", FromTables(CRawFile::ParseRX, kRxFields)},
-    {L"EQ", FromTables(CRawFile::ParseEQ, kEqFields)},
-    {L"AH", FromTables(CRawFile::ParseAH, kAhFields)},
-    {L"BP", FromTables(CRawFile::ParseBP, kBpFields)},
-    {L"EP", FromTables(CRawFile::ParseEP, kEpFields)},
-    {L"BL", FromTables(CRawFile::ParseBL, kBlFields)},
-    {L"CV", FromTables(CRawFile::ParseCV, kCvFields)},
-    {L"GQ", FromTables(CRawFile::ParseGQ, kGqFields)},
-    {L"GO", FromTables(CRawFile::ParseGO, kGoFields)},
-    {L"ES", FromTables(CRawFile::ParseES, kEsFields)},
-    {L"ST", FromTables(CRawFile::ParseST, kStFields)},
-    {L"PJ", FromTables(CRawFile::ParsePJ, kPjFields)},
-    {L"DT", FromTables(CRawFile::ParseDT, kDtFields)},
-    {L"DG", FromTables(CRawFile::ParseDG, kFileFields)},
-    {L"SG", FromTables(CRawFile::ParseSG, kFileFields)},
-    {L"VA", FromTables(CRawFile::ParseVA, kVaFields)},
-    {L"CT", FromTables(CRawFile::ParseCT, kCtFields)},
-    {L"CS", FromTables(CRawFile::ParseCS, kCsFields)},
-    {L"CG", From<CG_RECORD>(CRawFile::ParseCG,
-                            [](const auto& r) { return Show(r.azimuthOrigin, r.groundOrigin); })},
-    {L"LM", FromTables(CRawFile::ParseLM, kLmFields)},
-    {L"SC", FromTables(CRawFile::ParseSC, kScFields)},
-    {L"CR", FromTables(CRawFile::ParseCR, kCrFields)},
-    {L"IM", FromTables(CRawFile::ParseIM, kImFields)},
+// The members of the record that a line holds, or "bad".
+template <class R>
+std::wstring ShowLine(std::wstring_view line) {
+  R record;
+  return CRawFile::Parse(line, record) ? ShowRecord(record) : L"bad";
+}
+
+using Shower = std::wstring (*)(std::wstring_view);
+const std::map<std::wstring, Shower> kParsers = {
+    {L"JB", ShowLine<JB_RECORD>},
+    {L"MO", ShowLine<MO_RECORD>},
+    {L"OC", ShowLine<OC_RECORD>},
+    {L"SP", ShowLine<POINT_RECORD>},
+    {L"GS", ShowLine<POINT_RECORD>},
+    {L"RP", ShowLine<POINT_RECORD>},
+    {L"AP", ShowLine<AP_RECORD>},
+    {L"BK", ShowLine<BK_RECORD>},
+    {L"LS", ShowLine<LS_RECORD>},
+    {L"TR", ShowLine<SHOT_RECORD>},
+    {L"SS", ShowLine<SHOT_RECORD>},
+    {L"SK", ShowLine<STAKE_SHOT_RECORD>},
+    {L"RB", ShowLine<ROUND_BACKSIGHT_RECORD>},
+    {L"RF", ShowLine<ROUND_FORESIGHT_RECORD>},
+    {L"RD", ShowLine<DIRECTION_RECORD>},
+    {L"MD", ShowLine<SET_DISTANCE_RECORD>},
+    {L"DP", ShowLine<NAME_RECORD>},
+    {L"DE", ShowLine<NAME_RECORD>},
+    {L"GK", ShowLine<NAME_RECORD>},
+    {L"CF", ShowLine<CF_RECORD>},
+    {L"SL", ShowLine<SLOPE_RECORD>},
+    {L"SR", ShowLine<SLOPE_RECORD>},
+    {L"SD", ShowLine<STAKED_DELTA_RECORD>},
+    {L"OE", ShowLine<STATION_ERROR_RECORD>},
+    {L"RX", ShowLine<RX_RECORD>},
+    {L"EQ", ShowLine<EQ_RECORD>},
+    {L"AH", ShowLine<AH_RECORD>},
+    {L"BP", ShowLine<BP_RECORD>},
+    {L"EP", ShowLine<EP_RECORD>},
+    {L"BL", ShowLine<BL_RECORD>},
+    {L"CV", ShowLine<CV_RECORD>},
+    {L"GQ", ShowLine<GQ_RECORD>},
+    {L"GP", ShowLine<GP_RECORD>},
+    {L"GO", ShowLine<GO_RECORD>},
+    {L"ES", ShowLine<ES_RECORD>},
+    {L"ST", ShowLine<ST_RECORD>},
+    {L"PJ", ShowLine<PJ_RECORD>},
+    {L"PE", ShowLine<PE_RECORD>},
+    {L"DT", ShowLine<DT_RECORD>},
+    {L"DG", ShowLine<FILE_RECORD>},
+    {L"SG", ShowLine<FILE_RECORD>},
+    {L"HA", ShowLine<HA_RECORD>},
+    {L"VA", ShowLine<VA_RECORD>},
+    {L"CT", ShowLine<CT_RECORD>},
+    {L"CS", ShowLine<CS_RECORD>},
+    {L"CG", ShowLine<CG_RECORD>},
+    {L"LM", ShowLine<LM_RECORD>},
+    {L"SC", ShowLine<SC_RECORD>},
+    {L"CR", ShowLine<CR_RECORD>},
+    {L"IM", ShowLine<IM_RECORD>},
 };
 
 struct ParserCase {
@@ -238,7 +228,7 @@ std::vector<ParserCase> ParserCases() {
 }
 
 TEST(RawParsers, ReadEveryField) {
-  std::map<std::wstring, ShowLine> untried = kParsers;
+  std::map<std::wstring, Shower> untried = kParsers;
   for (const ParserCase& each : ParserCases()) {
     EXPECT_EQ(each.Parse(each.record), each.members) << each.record;
     untried.erase(each.record.substr(0, 2));
@@ -275,11 +265,11 @@ TEST(RawParsers, KeepWhatStandsInFrontOfTheMissingField) {
   MO_RECORD mode;
   mode.curvature = 7;
   mode.angleUnit = 8;
-  EXPECT_FALSE(CRawFile::ParseMO(L"MO,AU1,EO1,SF2,UN3,AD4", mode));
-  EXPECT_EQ(ShowMode(mode), L"4|3|2.0|7|0.0|8|0|");
+  EXPECT_FALSE(CRawFile::Parse(L"MO,AU1,EO1,SF2,UN3,AD4", mode));
+  EXPECT_EQ(ShowRecord(mode), L"4|3|2.0|7|0.0|8|0|");
   SHOT_RECORD shot;
-  EXPECT_FALSE(CRawFile::ParseSS(L"SS,OPa,FPb,AL5,VA6,--n", shot));
-  EXPECT_EQ(ShowShot(shot), L"a|b|3|5.0|2|6.0|0.0||");
+  EXPECT_FALSE(CRawFile::Parse(L"SS,OPa,FPb,AL5,VA6,--n", shot));
+  EXPECT_EQ(ShowRecord(shot), L"a|b|3|5.0|2|6.0|0.0||");
 }
 
 // ---- Writers
@@ -336,8 +326,8 @@ TEST_F(RawWriters, WriteEveryRecord) {
   EXPECT_TRUE(raw.WriteObservation(false, shot));
   EXPECT_TRUE(raw.WriteSK(stakeShot));
   EXPECT_TRUE(raw.WriteRE(L"a", 1, 2, 3));
-  EXPECT_TRUE(raw.WriteRB(round));
-  EXPECT_TRUE(raw.WriteRF(round));
+  EXPECT_TRUE(raw.WriteRB({round}));
+  EXPECT_TRUE(raw.WriteRF({round}));
   EXPECT_TRUE(raw.WriteRD({DirectionKind::BacksightDirect, 1, 2}));
   EXPECT_TRUE(raw.WriteRD({DirectionKind::ForesightReverse, 1, 2}));
   EXPECT_TRUE(raw.WriteRD({DirectionKind::ZenithDirect, 1, 2}));

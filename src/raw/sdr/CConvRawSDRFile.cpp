@@ -173,7 +173,7 @@ class RawToSdr {
 
 bool RawToSdr::OnJob(std::wstring_view record) {
   JB_RECORD job;
-  CRawFile::ParseJB(record, job);
+  CRawFile::Parse(record, job);
   KeepRead(job.name, m_jobName);
   KeepRead(job.date, m_date);
   KeepRead(job.time, m_time);
@@ -183,7 +183,7 @@ bool RawToSdr::OnJob(std::wstring_view record) {
 bool RawToSdr::OnMode(std::wstring_view record) {
   MO_RECORD mode = m_mode;
   mode.angleUnit = kRawDegrees;  // of a record without AU
-  if (!CRawFile::ParseMO(record, mode)) mode.angleUnit = m_mode.angleUnit;
+  if (!CRawFile::Parse(record, mode)) mode.angleUnit = m_mode.angleUnit;
   m_mode = mode;
   if (IsUsFeet()) m_messages.emplace_back(kUsFeetText);
 
@@ -205,7 +205,7 @@ double RawToSdr::NorthAzimuth(double azimuth) const {
 bool RawToSdr::OnBacksight(std::wstring_view record) {
   BK_RECORD backsight;
   backsight.azimuth = backsight.circle = kUnread;
-  CRawFile::ParseBK(record, backsight);
+  CRawFile::Parse(record, backsight);
   KeepRead(backsight.station, m_station);
   KeepRead(backsight.backsight, m_backsight);
   if (WasRead(backsight.azimuth)) m_backsightAzimuth = NorthAzimuth(Angle(backsight.azimuth));
@@ -215,7 +215,7 @@ bool RawToSdr::OnBacksight(std::wstring_view record) {
 
 bool RawToSdr::OnHeights(std::wstring_view record) {
   LS_RECORD heights{kUnread, kUnread};
-  CRawFile::ParseLS(record, heights);
+  CRawFile::Parse(record, heights);
   const double before = m_instrumentHeight;
   if (WasRead(heights.instrumentHeight)) m_instrumentHeight = Length(heights.instrumentHeight);
   if (WasRead(heights.rodHeight)) m_rodHeight = Length(heights.rodHeight);
@@ -227,9 +227,9 @@ bool RawToSdr::OnHeights(std::wstring_view record) {
 }
 
 bool RawToSdr::OnOccupy(std::wstring_view record) {
-  POINT_RECORD point;
+  OC_RECORD point;
   point.north = point.east = point.elevation = kUnread;
-  CRawFile::ParseOC(record, point);
+  CRawFile::Parse(record, point);
   KeepRead(point.name, m_occupied.m_strName);
   KeepRead(point.note, m_occupied.m_strDescription);
   if (WasRead(point.north)) m_occupied.m_dNorth = Length(point.north);
@@ -250,7 +250,7 @@ void RawToSdr::FindHeights(RawRecordType type, std::wstring_view name) {
 
 bool RawToSdr::OnStored(std::wstring_view record) {
   POINT_RECORD point;
-  CRawFile::ParseSP(record, point);
+  CRawFile::Parse(record, point);
   CZelPoint stored(std::wstring(point.name), Length(point.north), Length(point.east),
                    Length(point.elevation), std::wstring(point.note) + m_pendingSuffix);
   m_pendingSuffix.clear();
@@ -307,7 +307,7 @@ bool RawToSdr::OnComment(std::wstring_view record) {
 bool RawToSdr::ConvertShot(std::wstring_view record, RawRecordType type) {
   SHOT_RECORD shot;
   shot.horizontal = kUnread;
-  CRawFile::ParseSS(record, shot);
+  CRawFile::Parse(record, shot);
   KeepRead(shot.station, m_station);
   if (!m_backsightWritten && !PutBacksightObservation(shot.note)) return false;
   ReadHorizontal(record, shot);
