@@ -22,35 +22,36 @@ struct Records {
 
 // False if the record can't be read whole.
 bool CopyRecord(JobKind kind, CJobFile& from, CJobFile& to, Records& records) {
-  const auto copy = [&](auto& record, auto read, auto write) {
-    if (!(from.*read)(record)) return false;
-    (to.*write)(record);  // refused by versions that don't hold the kind
+  const auto copy = [&](auto& record) {
+    if (!from.Read(record)) return false;
+    to.Write(record);  // refused by versions that don't hold the kind
     return true;
   };
-  using Job = CJobFile;
   switch (kind) {
     case JobKind::Point:
-      return copy(records.point, &Job::ReadPoint, &Job::WritePoint);
+      return copy(records.point);
     case JobKind::PointEx:
-      return copy(records.pointEx, &Job::ReadPointEx, &Job::WritePointEx);
+      return copy(records.pointEx);
     case JobKind::Layer:
-      return copy(records.layer, &Job::ReadLayer, &Job::WriteLayer);
+      return copy(records.layer);
     case JobKind::Record4:
-      return copy(records.record4, &Job::ReadRecord4, &Job::WriteRecord4);
+      return copy(records.record4);
     case JobKind::Record7:
-      return copy(records.record7, &Job::ReadRecord7, &Job::WriteRecord7);
+      return copy(records.record7);
     case JobKind::Record9:
-      return copy(records.record9, &Job::ReadRecord9, &Job::WriteRecord9);
+      return copy(records.record9);
     case JobKind::Record10:
-      return copy(records.record10, &Job::ReadRecord10, &Job::WriteRecord10);
+      return copy(records.record10);
     case JobKind::Record15:
-      return copy(records.record15, &Job::ReadRecord15, &Job::WriteRecord15);
+      return copy(records.record15);
     case JobKind::Record16:
-      return copy(records.record16, &Job::ReadRecord16, &Job::WriteRecord16);
+      return copy(records.record16);
     case JobKind::Record18:
-      return copy(records.record18, &Job::ReadRecord18, &Job::WriteRecord18);
+      return copy(records.record18);
     case JobKind::Attributes:
-      return copy(records.generic, &Job::ReadGenericRecord, &Job::WriteGenericRecord);
+      if (!from.ReadGenericRecord(records.generic)) return false;
+      to.WriteGenericRecord(records.generic);
+      return true;
     case JobKind::Unused:
     case JobKind::Record12:
       return from.SkipRecord();

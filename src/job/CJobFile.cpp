@@ -6,7 +6,6 @@
 #include <algorithm>
 
 #include "geodetic/CGlkProjectionRecord.h"
-#include "io/BinaryFields.h"
 #include "io/Clock.h"
 
 namespace zelconvert {
@@ -122,11 +121,7 @@ void CJobFile::TakeOldHeader() {
   JOB_OLD_HEADER old;
   const BinaryReader reader(m_OldHeader);
   JOB_OLD_HEADER::Walk(reader, old);
-  m_Header.creationTime = old.creationTime;
-  m_Header.flags = old.flags;
-  m_Header.scale = old.scale;
-  m_Header.distanceUnit = old.distanceUnit;
-  m_Header.angleUnit = old.angleUnit;
+  static_cast<JOB_SETTINGS&>(m_Header) = old;
 }
 
 // Blocks of another length than ours: of a shorter one the reset values stay behind it, of a longer
@@ -224,11 +219,7 @@ bool CJobFile::WriteJobHeader(const JOB_HEADER& header) {
 // Over the bytes as they were read: what has no name stays.
 void CJobFile::PutOldHeader(const JOB_HEADER& header) {
   JOB_OLD_HEADER old;  // with the initial coordinate system
-  old.creationTime = header.creationTime;
-  old.flags = header.flags;
-  old.scale = header.scale;
-  old.distanceUnit = header.distanceUnit;
-  old.angleUnit = header.angleUnit;
+  static_cast<JOB_SETTINGS&>(old) = header;
   const BinaryWriter writer(m_OldHeader);
   JOB_OLD_HEADER::Walk(writer, old);
 }
@@ -297,37 +288,6 @@ bool CJobFile::SkipRecord() {
 
 // Reading records
 
-template <class Record>
-bool CJobFile::ReadFixed(Record& record, JobRecordForm form) {
-  std::array<std::byte, Record::kInfo.length> block;
-  const std::size_t length = form == JobRecordForm::Old ? Record::kInfo.oldLength : block.size();
-  if (!m_File.Read(block.data(), length)) return false;
-  const BinaryReader reader(block);
-  Record::Walk(reader, record, form);
-  return true;
-}
-
-template <class Record>
-bool CJobFile::ReadEitherForm(Record& record) {
-  if (m_RecordHead.kind == static_cast<std::uint32_t>(Record::kInfo.kind)) {
-    return ReadFixed(record, JobRecordForm::New);
-  }
-  return m_RecordHead.kind != Record::kInfo.oldKind || ReadFixed(record, JobRecordForm::Old);
-}
-
-bool CJobFile::ReadPoint(JOB_POINT& record) {
-  return ReadEitherForm(record);
-}
-bool CJobFile::ReadPointEx(JOB_POINT_EX& record) {
-  return ReadEitherForm(record);
-}
-bool CJobFile::ReadRecord15(JOB_RECORD15& record) {
-  return ReadEitherForm(record);
-}
-bool CJobFile::ReadRecord16(JOB_RECORD16& record) {
-  return ReadEitherForm(record);
-}
-
 bool CJobFile::ReadPointName(std::wstring& name) {
   const FoundKind found = FindKind(m_RecordHead.kind);
   if (!IsPoint(found.kind)) return true;
@@ -336,25 +296,6 @@ bool CJobFile::ReadPointName(std::wstring& name) {
   const BinaryReader reader(block);
   JOB_POINT::WalkName(reader, name);
   return true;
-}
-
-bool CJobFile::ReadRecord4(JOB_RECORD4& record) {
-  return ReadFixed(record, JobRecordForm::New);
-}
-bool CJobFile::ReadRecord7(JOB_RECORD7& record) {
-  return ReadFixed(record, JobRecordForm::New);
-}
-bool CJobFile::ReadRecord9(JOB_RECORD9& record) {
-  return ReadFixed(record, JobRecordForm::New);
-}
-bool CJobFile::ReadRecord10(JOB_RECORD10& record) {
-  return ReadFixed(record, JobRecordForm::New);
-}
-bool CJobFile::ReadLayer(JOB_LAYER& record) {
-  return ReadFixed(record, JobRecordForm::New);
-}
-bool CJobFile::ReadRecord18(JOB_RECORD18& record) {
-  return ReadFixed(record, JobRecordForm::New);
 }
 
 bool CJobFile::ReadFixedPayload(FixedPayload& payload) {
@@ -395,6 +336,12 @@ bool CJobFile::ReadData(JOB_GENERIC_RECORD& record) {
 
 // Writing records
 
+bool CJobFile::IsVersionFor(const JobKindInfo& info) const {
+  const std::uint16_t version = m_FileHead.version;
+  if (info.oldKind != 0) return version == kOldJobVersion || version == kJobVersion;
+  return info.kind != JobKind::Layer || version > kOldJobVersion;
+}
+
 bool CJobFile::WriteRecord(std::span<const std::byte> payload, std::uint32_t kind) {
   constexpr std::size_t kMaxLength = 0xFFFFFFFFu - kRecordHeadLength;
   if (payload.size() > kMaxLength) return false;
@@ -407,54 +354,6 @@ bool CJobFile::WriteRecord(std::span<const std::byte> payload, std::uint32_t kin
   WalkRecordHead(writer, head);
   writer.Bytes(kRecordHeadLength, payload);
   return m_File.Write(m_Scratch.data(), size);
-}
-
-template <class Record>
-bool CJobFile::WriteForm(const Record& record, JobRecordForm form) {
-  constexpr JobKindInfo kInfo = Record::kInfo;
-  std::array<std::byte, kInfo.length> block;
-  const BinaryWriter writer(block);
-  Record::Walk(writer, record, form);
-  const bool isOld = form == JobRecordForm::Old;
-  return WriteRecord(std::span(block).first(isOld ? kInfo.oldLength : kInfo.length),
-                     isOld ? kInfo.oldKind : static_cast<std::uint32_t>(kInfo.kind));
-}
-
-template <class Record>
-bool CJobFile::WriteEitherForm(const Record& record) {
-  if (m_FileHead.version == kOldJobVersion) return WriteForm(record, JobRecordForm::Old);
-  return m_FileHead.version == kJobVersion && WriteForm(record, JobRecordForm::New);
-}
-
-bool CJobFile::WritePoint(const JOB_POINT& record) {
-  return WriteEitherForm(record);
-}
-bool CJobFile::WritePointEx(const JOB_POINT_EX& record) {
-  return WriteEitherForm(record);
-}
-bool CJobFile::WriteRecord15(const JOB_RECORD15& record) {
-  return WriteEitherForm(record);
-}
-bool CJobFile::WriteRecord16(const JOB_RECORD16& record) {
-  return WriteEitherForm(record);
-}
-bool CJobFile::WriteRecord4(const JOB_RECORD4& record) {
-  return WriteForm(record, JobRecordForm::New);
-}
-bool CJobFile::WriteRecord7(const JOB_RECORD7& record) {
-  return WriteForm(record, JobRecordForm::New);
-}
-bool CJobFile::WriteRecord9(const JOB_RECORD9& record) {
-  return WriteForm(record, JobRecordForm::New);
-}
-bool CJobFile::WriteRecord10(const JOB_RECORD10& record) {
-  return WriteForm(record, JobRecordForm::New);
-}
-bool CJobFile::WriteRecord18(const JOB_RECORD18& record) {
-  return WriteForm(record, JobRecordForm::New);
-}
-bool CJobFile::WriteLayer(const JOB_LAYER& record) {
-  return m_FileHead.version > kOldJobVersion && WriteForm(record, JobRecordForm::New);
 }
 
 bool CJobFile::WriteGenericRecord(const JOB_GENERIC_RECORD& record) {

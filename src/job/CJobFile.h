@@ -11,6 +11,7 @@
 #include <string_view>
 #include <vector>
 
+#include "io/BinaryFields.h"
 #include "io/CFileCE.h"
 #include "job/JobRecords.h"
 
@@ -80,24 +81,27 @@ class CJobFile {
   /// next head is.
   bool SkipRecord();
 
-  // Readers of the payload behind the head last read. They read the fixed length of the kind,
+  // Readers of the payload after the head last read. They read the fixed length of the kind,
   // whatever length the head gives.
 
-  /// In the form that the head names; what the old form lacks stays as the caller had it. If the
-  /// head is of another kind nothing is read and the result is true.
-  bool ReadPoint(JOB_POINT& record);
-  bool ReadPointEx(JOB_POINT_EX& record);
-  bool ReadRecord15(JOB_RECORD15& record);
-  bool ReadRecord16(JOB_RECORD16& record);
+  /// A kind that has an old form: in the form that the head names; what the old form lacks stays as
+  /// the caller had it, and if the head is of another kind nothing is read and the result is true.
+  /// Other kinds: whatever the head names.
+  template <class Record>
+  [[nodiscard]] bool Read(Record& record);
+  [[nodiscard]] bool ReadPoint(JOB_POINT& record) { return Read(record); }
+  [[nodiscard]] bool ReadPointEx(JOB_POINT_EX& record) { return Read(record); }
+  [[nodiscard]] bool ReadRecord15(JOB_RECORD15& record) { return Read(record); }
+  [[nodiscard]] bool ReadRecord16(JOB_RECORD16& record) { return Read(record); }
+  [[nodiscard]] bool ReadRecord4(JOB_RECORD4& record) { return Read(record); }
+  [[nodiscard]] bool ReadRecord7(JOB_RECORD7& record) { return Read(record); }
+  [[nodiscard]] bool ReadRecord9(JOB_RECORD9& record) { return Read(record); }
+  [[nodiscard]] bool ReadRecord10(JOB_RECORD10& record) { return Read(record); }
+  [[nodiscard]] bool ReadLayer(JOB_LAYER& record) { return Read(record); }
+  [[nodiscard]] bool ReadRecord18(JOB_RECORD18& record) { return Read(record); }
   /// The name of a point of either kind; its other fields are passed.
-  bool ReadPointName(std::wstring& name);
+  [[nodiscard]] bool ReadPointName(std::wstring& name);
 
-  bool ReadRecord4(JOB_RECORD4& record);
-  bool ReadRecord7(JOB_RECORD7& record);
-  bool ReadRecord9(JOB_RECORD9& record);
-  bool ReadRecord10(JOB_RECORD10& record);
-  bool ReadLayer(JOB_LAYER& record);
-  bool ReadRecord18(JOB_RECORD18& record);
   /// The payload of any kind of fixed length as it stands, in the length of its new form, with
   /// zeros where an old form ends. Of other kinds nothing is read and the result is true.
   using FixedPayload = std::array<std::byte, InfoOf(JobKind::Record18).length>;
@@ -110,19 +114,20 @@ class CJobFile {
 
   // Writers of a whole record at the present position, which is the end of a new job.
 
-  /// Old form at version 3, new at version 5; other versions fail.
-  bool WritePoint(const JOB_POINT& record);
-  bool WritePointEx(const JOB_POINT_EX& record);
-  bool WriteRecord15(const JOB_RECORD15& record);
-  bool WriteRecord16(const JOB_RECORD16& record);
-
-  bool WriteRecord4(const JOB_RECORD4& record);
-  bool WriteRecord7(const JOB_RECORD7& record);
-  bool WriteRecord9(const JOB_RECORD9& record);
-  bool WriteRecord10(const JOB_RECORD10& record);
-  bool WriteRecord18(const JOB_RECORD18& record);
-  /// Fails below version 4.
-  bool WriteLayer(const JOB_LAYER& record);
+  /// A kind that has an old form: that at version 3, the new one at version 5; other versions fail.
+  /// A layer fails below version 4.
+  template <class Record>
+  bool Write(const Record& record);
+  bool WritePoint(const JOB_POINT& record) { return Write(record); }
+  bool WritePointEx(const JOB_POINT_EX& record) { return Write(record); }
+  bool WriteRecord15(const JOB_RECORD15& record) { return Write(record); }
+  bool WriteRecord16(const JOB_RECORD16& record) { return Write(record); }
+  bool WriteRecord4(const JOB_RECORD4& record) { return Write(record); }
+  bool WriteRecord7(const JOB_RECORD7& record) { return Write(record); }
+  bool WriteRecord9(const JOB_RECORD9& record) { return Write(record); }
+  bool WriteRecord10(const JOB_RECORD10& record) { return Write(record); }
+  bool WriteRecord18(const JOB_RECORD18& record) { return Write(record); }
+  bool WriteLayer(const JOB_LAYER& record) { return Write(record); }
   /// Fails below version 5, or with no data.
   bool WriteGenericRecord(const JOB_GENERIC_RECORD& record);
   /// kind: the number as it stands in the file.
@@ -168,14 +173,7 @@ class CJobFile {
   bool ReadData(JOB_GENERIC_RECORD& record);
   bool FindRecord(const JobKindInfo& info, std::uint32_t id, bool bFirstFree);
   bool FindPoint(std::wstring_view name);
-  template <class Record>
-  bool ReadFixed(Record& record, JobRecordForm form);
-  template <class Record>
-  bool ReadEitherForm(Record& record);
-  template <class Record>
-  bool WriteForm(const Record& record, JobRecordForm form);
-  template <class Record>
-  bool WriteEitherForm(const Record& record);
+  bool IsVersionFor(const JobKindInfo& info) const;
 
   CFileCE m_File;
   bool m_bBrand;
@@ -188,5 +186,30 @@ class CJobFile {
   RecordHead m_RecordHead;           // the one last read
   std::vector<std::byte> m_Scratch;  // a record on its way to the file
 };
+
+template <class Record>
+bool CJobFile::Read(Record& record) {
+  constexpr JobKindInfo kInfo = Record::kInfo;
+  const bool isOld = kInfo.oldKind != 0 && m_RecordHead.kind == kInfo.oldKind;
+  const bool isNew = m_RecordHead.kind == static_cast<std::uint32_t>(kInfo.kind);
+  if (kInfo.oldKind != 0 && !isOld && !isNew) return true;
+  std::array<std::byte, kInfo.length> block;
+  if (!m_File.Read(block.data(), isOld ? kInfo.oldLength : kInfo.length)) return false;
+  const BinaryReader reader(block);
+  Record::Walk(reader, record, isOld ? JobRecordForm::Old : JobRecordForm::New);
+  return true;
+}
+
+template <class Record>
+bool CJobFile::Write(const Record& record) {
+  constexpr JobKindInfo kInfo = Record::kInfo;
+  if (!IsVersionFor(kInfo)) return false;
+  const bool isOld = kInfo.oldKind != 0 && m_FileHead.version == kOldJobVersion;
+  std::array<std::byte, kInfo.length> block;
+  const BinaryWriter writer(block);
+  Record::Walk(writer, record, isOld ? JobRecordForm::Old : JobRecordForm::New);
+  return WriteRecord(std::span(block).first(isOld ? kInfo.oldLength : kInfo.length),
+                     isOld ? kInfo.oldKind : static_cast<std::uint32_t>(kInfo.kind));
+}
 
 }  // namespace zelconvert

@@ -259,17 +259,21 @@ inline constexpr std::uint32_t kJobFlagSouthAzimuth = 0x02;
 inline constexpr std::uint32_t kJobFlagCurvature = 0x04;
 inline constexpr std::uint32_t kJobGridMask = 0x38;  ///< 0x10 or 0x18: a grid job
 
-/// Settings of the job.
-struct JOB_HEADER {
-  static constexpr std::size_t kLength = 558;
-
+/// What the headers of all versions hold.
+struct JOB_SETTINGS {
   platform::LocalTime creationTime;
   std::uint32_t flags = 0;
   double scale = 1.0;
   std::uint16_t distanceUnit = 0;  ///< 0 metres, 1 international feet, 2 US survey feet
   std::uint16_t angleUnit = 0;     ///< 0 degrees, 1 gons
-  std::wstring featureFile;        ///< path of the feature code file, up to 260 characters
-  std::uint32_t headerExtra = 0;   ///< carried as it stands
+};
+
+/// Settings of the job.
+struct JOB_HEADER : JOB_SETTINGS {
+  static constexpr std::size_t kLength = 558;
+
+  std::wstring featureFile;       ///< path of the feature code file, up to 260 characters
+  std::uint32_t headerExtra = 0;  ///< carried as it stands
 
   template <class Io, class Header>
   static void Walk(Io& io, Header& header) {
@@ -285,21 +289,16 @@ struct JOB_HEADER {
 
 /// What a version 3 or 4 job has in place of the header and the coordinate system block. The fields
 /// that stand here are read and written; all other bytes of the block stay as they were found.
-struct JOB_OLD_HEADER {
+struct JOB_OLD_HEADER : JOB_SETTINGS {
   static constexpr std::size_t kLength = 2124;
   static constexpr std::uint16_t kNoZone = 9999;
 
-  platform::LocalTime creationTime;
   std::uint16_t method = 0;  ///< indices of the coordinate system: see CGeodeticDllIndices
   std::uint16_t coordSystem = 1;
   std::uint16_t datum = 0;
   std::uint16_t zoneId = kNoZone;
   std::uint16_t hemisphere = 1;
-  std::uint32_t flags = 0;
-  double scale = 1.0;
   double secondFactor = 1.0;
-  std::uint16_t distanceUnit = 0;
-  std::uint16_t angleUnit = 0;
 
   template <class Io, class Header>
   static void Walk(Io& io, Header& header) {
