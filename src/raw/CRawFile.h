@@ -102,67 +102,6 @@ class CRawFile : public CFileCE {
   static bool Parse(std::wstring_view line, GP_RECORD& point);
   static bool Parse(std::wstring_view line, PE_RECORD& projection);
 
-  // The same by the tags of the records, for the reduction to DC until it says what it reads.
-  static bool ParseJB(std::wstring_view line, JB_RECORD& r) { return Parse(line, r); }
-  static bool ParseMO(std::wstring_view line, MO_RECORD& r) { return Parse(line, r); }
-  static bool ParseBK(std::wstring_view line, BK_RECORD& r) { return Parse(line, r); }
-  static bool ParseLS(std::wstring_view line, LS_RECORD& r) { return Parse(line, r); }
-  static bool ParseTR(std::wstring_view line, SHOT_RECORD& r) { return Parse(line, r); }
-  static bool ParseSK(std::wstring_view line, STAKE_SHOT_RECORD& r) { return Parse(line, r); }
-  static bool ParseRD(std::wstring_view line, DIRECTION_RECORD& r) { return Parse(line, r); }
-  static bool ParseMD(std::wstring_view line, SET_DISTANCE_RECORD& r) { return Parse(line, r); }
-  static bool ParseSP(std::wstring_view line, POINT_RECORD& r) { return Parse(line, r); }
-  static bool ParseGS(std::wstring_view line, POINT_RECORD& r) { return Parse(line, r); }
-  static bool ParseRP(std::wstring_view line, POINT_RECORD& r) { return Parse(line, r); }
-  static bool ParseGK(std::wstring_view line, NAME_RECORD& r) { return Parse(line, r); }
-  static bool ParseCF(std::wstring_view line, CF_RECORD& r) { return Parse(line, r); }
-  static bool ParseSL(std::wstring_view line, SLOPE_RECORD& r) { return Parse(line, r); }
-  static bool ParseSD(std::wstring_view line, STAKED_DELTA_RECORD& r) { return Parse(line, r); }
-  static bool ParseOE(std::wstring_view line, STATION_ERROR_RECORD& r) { return Parse(line, r); }
-  static bool ParseDG(std::wstring_view line, FILE_RECORD& r) { return Parse(line, r); }
-  static bool ParseSG(std::wstring_view line, FILE_RECORD& r) { return Parse(line, r); }
-  static bool ParseSS(std::wstring_view line, SHOT_RECORD& r) { return Parse(line, r); }
-  static bool ParseDP(std::wstring_view line, NAME_RECORD& r) { return Parse(line, r); }
-  static bool ParseRX(std::wstring_view line, RX_RECORD& r) { return Parse(line, r); }
-  static bool ParseEQ(std::wstring_view line, EQ_RECORD& r) { return Parse(line, r); }
-  static bool ParseAH(std::wstring_view line, AH_RECORD& r) { return Parse(line, r); }
-  static bool ParseBP(std::wstring_view line, BP_RECORD& r) { return Parse(line, r); }
-  static bool ParseEP(std::wstring_view line, EP_RECORD& r) { return Parse(line, r); }
-  static bool ParseBL(std::wstring_view line, BL_RECORD& r) { return Parse(line, r); }
-  static bool ParseCV(std::wstring_view line, CV_RECORD& r) { return Parse(line, r); }
-  static bool ParseGQ(std::wstring_view line, GQ_RECORD& r) { return Parse(line, r); }
-  static bool ParseGP(std::wstring_view line, GP_RECORD& r) { return Parse(line, r); }
-  static bool ParseGO(std::wstring_view line, GO_RECORD& r) { return Parse(line, r); }
-  static bool ParseES(std::wstring_view line, ES_RECORD& r) { return Parse(line, r); }
-  static bool ParseST(std::wstring_view line, ST_RECORD& r) { return Parse(line, r); }
-  static bool ParsePJ(std::wstring_view line, PJ_RECORD& r) { return Parse(line, r); }
-  static bool ParsePE(std::wstring_view line, PE_RECORD& r) { return Parse(line, r); }
-  static bool ParseDT(std::wstring_view line, DT_RECORD& r) { return Parse(line, r); }
-  static bool ParseHA(std::wstring_view line, HA_RECORD& r) { return Parse(line, r); }
-  static bool ParseVA(std::wstring_view line, VA_RECORD& r) { return Parse(line, r); }
-  static bool ParseCT(std::wstring_view line, CT_RECORD& r) { return Parse(line, r); }
-  static bool ParseCS(std::wstring_view line, CS_RECORD& r) { return Parse(line, r); }
-  static bool ParseCG(std::wstring_view line, CG_RECORD& r) { return Parse(line, r); }
-  static bool ParseLM(std::wstring_view line, LM_RECORD& r) { return Parse(line, r); }
-  static bool ParseOC(std::wstring_view line, POINT_RECORD& r) {
-    OC_RECORD read{r};
-    const bool isWhole = Parse(line, read);
-    r = read;
-    return isWhole;
-  }
-  static bool ParseRB(std::wstring_view line, ROUND_SHOT_RECORD& r) {
-    ROUND_BACKSIGHT_RECORD read{r};
-    const bool isWhole = Parse(line, read);
-    r = read;
-    return isWhole;
-  }
-  static bool ParseRF(std::wstring_view line, ROUND_SHOT_RECORD& r) {
-    ROUND_FORESIGHT_RECORD read{r};
-    const bool isWhole = Parse(line, read);
-    r = read;
-    return isWhole;
-  }
-
  private:
   bool WriteText(std::wstring_view text);
   bool WriteFormat(std::wstring_view format, std::initializer_list<RawArgument> arguments);

@@ -51,83 +51,81 @@ Outcome Tell(Subjects& subjects) {
   return Call(subjects.*subject, handle);
 }
 
-template <class Record>
-using Parser = bool (*)(std::wstring_view, Record&);
-
-/// Parses a record and hands it over.
-template <auto subject, auto parse, auto handle>
+/// Parses the record that the subject takes and hands it over.
+template <auto subject, auto handle>
 Outcome Give(Subjects& subjects) {
-  const auto give = [&]<class Record>(Parser<Record>) {
-    Record record;
-    if (!parse(subjects.pass.record, record)) return Outcome::BadRecord;
-    return Call(subjects.*subject, handle, record);
-  };
-  return give(parse);
+  const auto give =
+      [&]<class Subject, class Result, class Record>(Result (Subject::*)(const Record&)) {
+        Record record;
+        if (!CRawFile::Parse(subjects.pass.record, record)) return Outcome::BadRecord;
+        return Call(subjects.*subject, handle, record);
+      };
+  return give(handle);
 }
 
 /// The same of a record that doesn't count, whatever it holds, unless the subject wants it.
-template <auto subject, auto isWanted, auto parse, auto handle>
+template <auto subject, auto isWanted, auto handle>
 Outcome GiveIf(Subjects& subjects) {
   if (!(subjects.*subject.*isWanted)()) return Outcome::Done;
-  return Give<subject, parse, handle>(subjects);
+  return Give<subject, handle>(subjects);
 }
 
 constexpr auto kHandlers = MakeHandlerTable<kRawRecordTypes, Kind, Handler>({
-    {Kind::JB, Give<&Subjects::job, &CRawFile::ParseJB, &Job::OnJob>},
-    {Kind::MO, Give<&Subjects::job, &CRawFile::ParseMO, &Job::OnMode>},
-    {Kind::CG, Give<&Subjects::job, &CRawFile::ParseCG, &Job::OnCogoFlags>},
+    {Kind::JB, Give<&Subjects::job, &Job::OnJob>},
+    {Kind::MO, Give<&Subjects::job, &Job::OnMode>},
+    {Kind::CG, Give<&Subjects::job, &Job::OnCogoFlags>},
     {Kind::Comment, Tell<&Subjects::job, &Job::OnComment>},
 
-    {Kind::OC, Give<&Subjects::setup, &CRawFile::ParseOC, &Setup::OnOccupy>},
-    {Kind::BK, Give<&Subjects::setup, &CRawFile::ParseBK, &Setup::OnBacksight>},
-    {Kind::LS, Give<&Subjects::setup, &CRawFile::ParseLS, &Setup::OnLineOfSight>},
+    {Kind::OC, Give<&Subjects::setup, &Setup::OnOccupy>},
+    {Kind::BK, Give<&Subjects::setup, &Setup::OnBacksight>},
+    {Kind::LS, Give<&Subjects::setup, &Setup::OnLineOfSight>},
 
-    {Kind::TR, Give<&Subjects::shots, &CRawFile::ParseTR, &Shots::OnTraverse>},
-    {Kind::SS, Give<&Subjects::shots, &CRawFile::ParseSS, &Shots::OnSideshot>},
+    {Kind::TR, Give<&Subjects::shots, &Shots::OnTraverse>},
+    {Kind::SS, Give<&Subjects::shots, &Shots::OnSideshot>},
 
-    {Kind::RB, Give<&Subjects::rounds, &CRawFile::ParseRB, &Rounds::OnBacksightShot>},
-    {Kind::RF, Give<&Subjects::rounds, &CRawFile::ParseRF, &Rounds::OnForesightShot>},
-    {Kind::RD, Give<&Subjects::rounds, &CRawFile::ParseRD, &Rounds::OnDirection>},
-    {Kind::MD, Give<&Subjects::rounds, &CRawFile::ParseMD, &Rounds::OnSetDistance>},
+    {Kind::RB, Give<&Subjects::rounds, &Rounds::OnBacksightShot>},
+    {Kind::RF, Give<&Subjects::rounds, &Rounds::OnForesightShot>},
+    {Kind::RD, Give<&Subjects::rounds, &Rounds::OnDirection>},
+    {Kind::MD, Give<&Subjects::rounds, &Rounds::OnSetDistance>},
     {Kind::RS, Tell<&Subjects::rounds, &Rounds::Clear>},
     {Kind::OB, Tell<&Subjects::rounds, &Rounds::Clear>},
 
-    {Kind::SP, Give<&Subjects::stakeOut, &CRawFile::ParseSP, &StakeOut::OnStoredPoint>},
-    {Kind::CF, Give<&Subjects::stakeOut, &CRawFile::ParseCF, &StakeOut::OnStake>},
-    {Kind::SL, Give<&Subjects::stakeOut, &CRawFile::ParseSL, &StakeOut::OnSlopeStake>},
-    {Kind::SR, Give<&Subjects::stakeOut, &CRawFile::ParseSR, &StakeOut::OnSlopeStake>},
-    {Kind::SD, Give<&Subjects::stakeOut, &CRawFile::ParseSD, &StakeOut::OnStakedDelta>},
-    {Kind::OE, Give<&Subjects::stakeOut, &CRawFile::ParseOE, &StakeOut::OnStationError>},
-    {Kind::SK, Give<&Subjects::stakeOut, &CRawFile::ParseSK, &StakeOut::OnStakeShot>},
-    {Kind::GK, Give<&Subjects::stakeOut, &CRawFile::ParseGK, &StakeOut::OnCheckPoint>},
+    {Kind::SP, Give<&Subjects::stakeOut, &StakeOut::OnStoredPoint>},
+    {Kind::CF, Give<&Subjects::stakeOut, &StakeOut::OnStake>},
+    {Kind::SL, Give<&Subjects::stakeOut, &StakeOut::OnSlopeStake>},
+    {Kind::SR, Give<&Subjects::stakeOut, &StakeOut::OnSlopeStake>},
+    {Kind::SD, Give<&Subjects::stakeOut, &StakeOut::OnStakedDelta>},
+    {Kind::OE, Give<&Subjects::stakeOut, &StakeOut::OnStationError>},
+    {Kind::SK, Give<&Subjects::stakeOut, &StakeOut::OnStakeShot>},
+    {Kind::GK, Give<&Subjects::stakeOut, &StakeOut::OnCheckPoint>},
 
-    {Kind::RX, Give<&Subjects::gps, &CRawFile::ParseRX, &Gps::OnReceiver>},
+    {Kind::RX, Give<&Subjects::gps, &Gps::OnReceiver>},
     {Kind::EQ, Tell<&Subjects::gps, &Gps::OnEquipment>},
-    {Kind::AH, Give<&Subjects::gps, &CRawFile::ParseAH, &Gps::OnAntennaHeight>},
-    {Kind::BP, GiveIf<&Subjects::gps, &Gps::HasReceiver, &CRawFile::ParseBP, &Gps::OnBasePoint>},
-    {Kind::EP, GiveIf<&Subjects::gps, &Gps::WantsPosition, &CRawFile::ParseEP, &Gps::OnPosition>},
-    {Kind::GS, Give<&Subjects::gps, &CRawFile::ParseGS, &Gps::OnStoredPoint>},
-    {Kind::GP, GiveIf<&Subjects::gps, &Gps::WantsPoint, &CRawFile::ParseGP, &Gps::OnPoint>},
-    {Kind::BL, GiveIf<&Subjects::gps, &Gps::WantsVector, &CRawFile::ParseBL, &Gps::OnVector>},
+    {Kind::AH, Give<&Subjects::gps, &Gps::OnAntennaHeight>},
+    {Kind::BP, GiveIf<&Subjects::gps, &Gps::HasReceiver, &Gps::OnBasePoint>},
+    {Kind::EP, GiveIf<&Subjects::gps, &Gps::WantsPosition, &Gps::OnPosition>},
+    {Kind::GS, Give<&Subjects::gps, &Gps::OnStoredPoint>},
+    {Kind::GP, GiveIf<&Subjects::gps, &Gps::WantsPoint, &Gps::OnPoint>},
+    {Kind::BL, GiveIf<&Subjects::gps, &Gps::WantsVector, &Gps::OnVector>},
     {Kind::CV, Tell<&Subjects::gps, &Gps::OnCovariance>},
-    {Kind::GQ, GiveIf<&Subjects::gps, &Gps::HasRover, &CRawFile::ParseGQ, &Gps::OnQuality>},
-    {Kind::GO, GiveIf<&Subjects::gps, &Gps::HasRover, &CRawFile::ParseGO, &Gps::OnOffset>},
+    {Kind::GQ, GiveIf<&Subjects::gps, &Gps::HasRover, &Gps::OnQuality>},
+    {Kind::GO, GiveIf<&Subjects::gps, &Gps::HasRover, &Gps::OnOffset>},
     {Kind::EE, Tell<&Subjects::gps, &Gps::OnStoredPointAhead>},
-    {Kind::CT, Give<&Subjects::gps, &CRawFile::ParseCT, &Gps::OnControlPoint>},
-    {Kind::RP, Give<&Subjects::gps, &CRawFile::ParseRP, &Gps::OnRoverPoint>},
+    {Kind::CT, Give<&Subjects::gps, &Gps::OnControlPoint>},
+    {Kind::RP, Give<&Subjects::gps, &Gps::OnRoverPoint>},
 
-    {Kind::ES, Give<&Subjects::system, &CRawFile::ParseES, &CoordinateSystem::OnEllipsoid>},
-    {Kind::ST, Give<&Subjects::system, &CRawFile::ParseST, &CoordinateSystem::OnSite>},
-    {Kind::PJ, Give<&Subjects::system, &CRawFile::ParsePJ, &CoordinateSystem::OnProjection>},
-    {Kind::PE, Give<&Subjects::system, &CRawFile::ParsePE, &CoordinateSystem::OnGridProjection>},
-    {Kind::DT, Give<&Subjects::system, &CRawFile::ParseDT, &CoordinateSystem::OnDatum>},
-    {Kind::DG, Give<&Subjects::system, &CRawFile::ParseDG, &CoordinateSystem::OnDatumGrid>},
-    {Kind::HA, Give<&Subjects::system, &CRawFile::ParseHA, &CoordinateSystem::OnHorizontalAdjust>},
-    {Kind::VA, Give<&Subjects::system, &CRawFile::ParseVA, &CoordinateSystem::OnVerticalAdjust>},
-    {Kind::CS, Give<&Subjects::system, &CRawFile::ParseCS, &CoordinateSystem::OnNames>},
-    {Kind::LM, Give<&Subjects::system, &CRawFile::ParseLM, &CoordinateSystem::OnZone>},
+    {Kind::ES, Give<&Subjects::system, &CoordinateSystem::OnEllipsoid>},
+    {Kind::ST, Give<&Subjects::system, &CoordinateSystem::OnSite>},
+    {Kind::PJ, Give<&Subjects::system, &CoordinateSystem::OnProjection>},
+    {Kind::PE, Give<&Subjects::system, &CoordinateSystem::OnGridProjection>},
+    {Kind::DT, Give<&Subjects::system, &CoordinateSystem::OnDatum>},
+    {Kind::DG, Give<&Subjects::system, &CoordinateSystem::OnDatumGrid>},
+    {Kind::HA, Give<&Subjects::system, &CoordinateSystem::OnHorizontalAdjust>},
+    {Kind::VA, Give<&Subjects::system, &CoordinateSystem::OnVerticalAdjust>},
+    {Kind::CS, Give<&Subjects::system, &CoordinateSystem::OnNames>},
+    {Kind::LM, Give<&Subjects::system, &CoordinateSystem::OnZone>},
     {Kind::LH, Tell<&Subjects::system, &CoordinateSystem::OnLocalization>},
-    {Kind::SG, Give<&Subjects::system, &CRawFile::ParseSG, &CoordinateSystem::OnGeoid>},
+    {Kind::SG, Give<&Subjects::system, &CoordinateSystem::OnGeoid>},
 });
 
 /// One run over a log.

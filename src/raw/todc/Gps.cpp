@@ -102,7 +102,7 @@ Outcome Gps::OnEquipment() {
     return Outcome::Done;
   }
   EQ_RECORD equipment;
-  if (!CRawFile::ParseEQ(record, equipment)) return Outcome::BadRecord;
+  if (!CRawFile::Parse(record, equipment)) return Outcome::BadRecord;
   if (RoleOf(equipment.role) == Role::Static) return Outcome::Done;
   m_role = equipment.role;
   m_antennaNumber = equipment.antennaNumber;
@@ -310,7 +310,7 @@ void Gps::BeginShotAfterLast() {
 /// One that lacks a field is passed over.
 void Gps::OnCovariance() {
   CV_RECORD covariance;
-  if (!WantsVector() || !CRawFile::ParseCV(m_pass.record, covariance)) return;
+  if (!WantsVector() || !CRawFile::Parse(m_pass.record, covariance)) return;
   if (m_isCovarianceSkipped) {
     m_isCovarianceSkipped = false;
     return;

@@ -2,11 +2,11 @@
 
 namespace zelconvert {
 
-void Rounds::OnBacksightShot(const ROUND_SHOT_RECORD& shot) {
+void Rounds::OnBacksightShot(const ROUND_BACKSIGHT_RECORD& shot) {
   m_set.backsightShots.push_back(ToRoundShot(shot));
 }
 
-void Rounds::OnForesightShot(const ROUND_SHOT_RECORD& shot) {
+void Rounds::OnForesightShot(const ROUND_FORESIGHT_RECORD& shot) {
   m_set.foresightShots.push_back(ToRoundShot(shot));
 }
 

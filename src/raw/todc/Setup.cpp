@@ -14,7 +14,7 @@ constexpr std::size_t kNoteColumns = 16;
 
 }  // namespace
 
-void Setup::OnOccupy(const POINT_RECORD& point) {
+void Setup::OnOccupy(const OC_RECORD& point) {
   m_station = point.name;
   if (m_pass.index.OccupyIsSuperseded(m_pass.line)) return;
   m_isOccupied = true;

@@ -15,7 +15,7 @@ class Setup {
  public:
   Setup(RawPass& pass, Rounds& rounds) : m_pass(pass), m_rounds(rounds) {}
 
-  void OnOccupy(const POINT_RECORD& point);      // OC
+  void OnOccupy(const OC_RECORD& point);         // OC
   void OnBacksight(const BK_RECORD& backsight);  // BK
   void OnLineOfSight(const LS_RECORD& heights);  // LS
 
