@@ -25,12 +25,12 @@ void ImportCr5(const fs::path& list, const fs::path& jobPath, FileType type, int
   if (!cr5.Open(ToLibrary(list), kOpenReadOnly)) {
     throw HostFailure(kNoInput, ToText(list) + " can't be opened");
   }
-  StringList messages, made;
+  Report report;
   const bool created =
       job.Create(ToLibrary(jobPath), type == FT_OLD_JOB ? kOldJobVersion : kJobVersion);
   CConvCR5File conversion(&cr5, &job, false);
   conversion.SetUnits(units);
-  const bool converted = created && conversion.ConvertToNative(messages, made);
+  const bool converted = created && conversion.ConvertToNative(report);
   job.Close();
   if (!created || job.HasWriteFailed()) throw HostFailure(kNoOutput, "OUT can't be written");
   if (cr5.HasReadFailed()) throw HostFailure(kFailed, ToText(list) + " can't be read to its end");

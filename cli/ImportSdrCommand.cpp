@@ -30,15 +30,15 @@ void ImportSdr(const DirectFiles& files, const std::string& from) {
   if (!sdr.Open(input, zelconvert::platform::kOpenReadOnly)) {
     throw HostFailure(kNoInput, shown + " can't be opened");
   }
-  StringList messages;
+  Report report;
   const bool created = raw.OpenForWrite(files.output);
   CConvRawSDRFile conversion(&raw, &sdr);
   conversion.SetSdrVersion(from == "sdr2"    ? SdrVersion::Sdr2
                            : from == "sdr33" ? SdrVersion::Sdr33
                                              : FindVersion(sdr));
-  const bool converted = created && conversion.ConvertToRaw(messages);
+  const bool converted = created && conversion.ConvertToRaw(report);
   raw.Close();
-  PrintTexts(messages);
+  PrintTexts(report.messages);
   if (!created || raw.HasWriteFailed()) throw HostFailure(kNoOutput, "OUT can't be written");
   if (sdr.HasReadFailed()) throw HostFailure(kFailed, shown + " can't be read to its end");
   if (!converted) throw HostFailure(kFailed, shown + " was not converted");

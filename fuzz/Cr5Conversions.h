@@ -18,9 +18,9 @@ inline std::string ExportCr5(const std::wstring& jobPath, bool brand, bool seque
     CFileCE file;
     if (!job.Open(jobPath, true)) return {};
     Require(file.Open(FuzzDir().Path(L"out.cr5"), platform::kCreateOutput));
-    StringList messages, files;
+    Report report;
     try {
-      if (!CConvCR5File(&file, &job, sequential).ConvertFromNative(messages, files)) return {};
+      if (!CConvCR5File(&file, &job, sequential).ConvertFromNative(report)) return {};
     } catch (const std::out_of_range&) {
       Require(sequential);
       return {};
@@ -37,8 +37,8 @@ inline bool ImportCr5(const std::wstring& cr5Path, const std::wstring& jobPath,
   Require(file.Open(cr5Path, platform::kOpenReadWrite) && job.Create(jobPath, version));
   CConvCR5File conversion(&file, &job, false);
   conversion.SetUnits(units);
-  StringList messages, files;
-  return conversion.ConvertToNative(messages, files);
+  Report report;
+  return conversion.ConvertToNative(report);
 }
 
 inline std::int32_t NumberAt(const std::string& cr5, std::size_t offset) {

@@ -9,77 +9,73 @@
 #include "FuzzFile.h"
 #include "convert/ConversionBase.h"
 #include "dc/CDcFile.h"
-#include "dc/DcColumns.h"
 #include "dc/ProjectionCodes.h"
 
 namespace zelconvert {
 namespace {
 
-template <class R, std::size_t N>
-std::wstring Rewrite(std::wstring_view line, bool (*read)(std::wstring_view, R&),
-                     const Column<R> (&columns)[N]) {
+template <class R>
+std::wstring Rewrite(std::wstring_view line) {
   R record;
-  if (!read(line, record)) return std::wstring(line);
+  CDcFile::Read(line, record);
   Require(record.type == R::kType && record.subtype.size() <= 2);
   std::wstring written(R::kHead);
   CutNames cut;
-  WriteColumns(written, columns, record, cut);
+  WriteColumns(written, kColumns<R>, record, cut);
   return written;
 }
 
 // A number that fills its column may have lost digits, and loses one more each time.
-template <class R, std::size_t N>
-bool HasFullNumber(std::wstring_view line, const Column<R> (&columns)[N]) {
-  return std::any_of(std::begin(columns), std::end(columns), [line](const Column<R>& column) {
-    return std::holds_alternative<double R::*>(column.member) &&
-           Mid(line, static_cast<std::size_t>(column.start), 1) != L" ";
-  });
+template <class R>
+bool HasFullNumber(std::wstring_view line) {
+  return std::any_of(std::begin(kColumns<R>), std::end(kColumns<R>),
+                     [line](const Column<R>& column) {
+                       return std::holds_alternative<double R::*>(column.member) &&
+                              Mid(line, static_cast<std::size_t>(column.start), 1) != L" ";
+                     });
 }
 
 // Twice before it has to stay: "inf" is read as 0, and -99899999.999999 is written as a null.
-template <class R, std::size_t N>
-void RequireStable(std::wstring_view line, bool (*read)(std::wstring_view, R&),
-                   const Column<R> (&columns)[N]) {
-  const std::wstring once = Rewrite(line, read, columns);
-  const std::wstring twice = Rewrite(once, read, columns);
-  Require(HasFullNumber(twice, columns) || Rewrite(twice, read, columns) == twice);
+template <class R>
+void RequireStable(std::wstring_view line) {
+  const std::wstring once = Rewrite<R>(line);
+  const std::wstring twice = Rewrite<R>(once);
+  Require(HasFullNumber<R>(twice) || Rewrite<R>(twice) == twice);
 }
 
 void ReadSettings(std::wstring_view line) {
-  RequireStable(line, CDcFile::ReadJob, kJobColumns);
-  RequireStable(line, CDcFile::ReadNote, kNoteColumns);
-  RequireStable(line, CDcFile::ReadPostProcess, kPostProcessColumns);
-  RequireStable(line, CDcFile::ReadCogo, kCogoColumns);
-  RequireStable(line, CDcFile::ReadCogoOld, kCogoOldColumns);
+  RequireStable<tDC_JOBRecord>(line);
+  RequireStable<tDC_NOTERecord>(line);
+  RequireStable<tDC_POST_PROCESSRecord>(line);
+  RequireStable<tDC_COGORecord>(line);
+  RequireStable<tDC_COGO_OLDRecord>(line);
   tDC_HEADERRecord header;
   try {
-    CDcFile::ReadHeader(line, header);
+    CDcFile::Read(line, header);
     Require(line.size() >= 45);
   } catch (const ConversionFailure&) {
     Require(line.size() < 45);
   }
-  tDC_BACKSIGHTRecord backsight;
-  CDcFile::ReadBacksight(line, backsight);
 }
 
 void ReadPositions(std::wstring_view line) {
-  RequireStable(line, CDcFile::ReadGridPosition, kGridPositionColumns);
-  RequireStable(line, CDcFile::ReadGpsPosition, kGpsPositionColumns);
-  RequireStable(line, CDcFile::ReadLocalPosition, kLocalPositionColumns);
-  Rewrite(line, CDcFile::ReadSetup, kSetupColumns);  // a number can widen its integers
+  RequireStable<tDC_GRID_POSITIONRecord>(line);
+  RequireStable<tDC_GPS_POSITIONRecord>(line);
+  RequireStable<tDC_LOCAL_POSITIONRecord>(line);
+  Rewrite<tDC_SETUP_Record>(line);  // a number can widen its integers
 }
 
 void ReadSystem(std::wstring_view line) {
-  RequireStable(line, CDcFile::ReadProjection, kProjectionColumns);
-  RequireStable(line, CDcFile::ReadProjectionExt, kProjectionExtColumns);
-  RequireStable(line, CDcFile::ReadEllipsoid, kEllipsoidColumns);
-  RequireStable(line, CDcFile::ReadLocalSite, kLocalSiteColumns);
-  RequireStable(line, CDcFile::ReadDatum, kDatumColumns);
-  RequireStable(line, CDcFile::ReadDatumGrid, kDatumGridColumns);
-  RequireStable(line, CDcFile::ReadHorizontalAdjust, kHorizontalAdjustColumns);
-  RequireStable(line, CDcFile::ReadVerticalAdjust, kVerticalAdjustColumns);
-  RequireStable(line, CDcFile::ReadCoordinateSystem, kCoordinateSystemColumns);
-  RequireStable(line, CDcFile::ReadZoneLabel, kZoneLabelColumns);
+  RequireStable<tDC_PROJECTIONRecord>(line);
+  RequireStable<tDC_PROJECTION_EXTRecord>(line);
+  RequireStable<tDC_ELLIPSOIDRecord>(line);
+  RequireStable<tDC_LOCAL_SITERecord>(line);
+  RequireStable<tDC_DATUMRecord>(line);
+  RequireStable<tDC_DATUM_GRIDRecord>(line);
+  RequireStable<tDC_HORIZONTAL_ADJUSTRecord>(line);
+  RequireStable<tDC_VERTICAL_ADJUSTRecord>(line);
+  RequireStable<tDC_COORDINATE_SYSTEMRecord>(line);
+  RequireStable<tDC_ZONE_LABELRecord>(line);
 }
 
 void ReadLine(std::wstring_view line) {

@@ -24,11 +24,11 @@ void Convert(const std::wstring& path, bool bBrand, int version) {
   if (!job.Open(path, false)) return;
   CDcFile file;
   Require(file.OpenForWrite(FuzzDir().Path(L"out.dc")));
-  StringList messages, files;
+  Report report;
   CConvDcFile conversion(&file, &job, version);
   if (version == 3) conversion.SetFeatureData(std::make_unique<AnyFeature>());
-  conversion.ConvertFromNative(messages, files);
-  Require(files.empty() && !file.HasWriteFailed() && file.Close());
+  conversion.ConvertFromNative(report);
+  Require(report.files.empty() && !file.HasWriteFailed() && file.Close());
 }
 
 // Whatever the job held, the file begins as every DC file does.
@@ -38,7 +38,8 @@ void RequireHeader() {
   tDC_HEADERRecord header;
   std::wstring line;
   if (!file.ReadLine(line)) return;
-  Require(CDcFile::ReadHeader(line, header) && header.coordinateOrder == 1);
+  CDcFile::Read(line, header);
+  Require(header.coordinateOrder == 1);
 }
 
 }  // namespace

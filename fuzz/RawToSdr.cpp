@@ -11,12 +11,12 @@ void Convert(const std::wstring& path, SdrVersion version) {
   CFileCE sdr;
   Require(raw.Open(path, platform::kOpenReadWrite));
   Require(sdr.Open(FuzzDir().Path(L"out.sdr"), platform::kCreateOutput));
-  StringList messages;
+  Report report;
   CConvRawSDRFile conversion(&raw, &sdr);
   conversion.SetSdrVersion(version);
   // Only a number that is none ends it, and that has a text.
-  const bool converted = conversion.ConvertFromRaw(messages);
-  Require(converted || (version == SdrVersion::Sdr2 && !messages.empty()));
+  const bool converted = conversion.ConvertFromRaw(report);
+  Require(converted || (version == SdrVersion::Sdr2 && !report.messages.empty()));
   Require(sdr.Close());
 }
 

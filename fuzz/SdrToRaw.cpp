@@ -13,11 +13,11 @@ void Convert(const std::wstring& path, SdrVersion version) {
   CRawFile raw;
   Require(sdr.Open(path, platform::kOpenReadWrite));
   Require(raw.OpenForWrite(FuzzDir().Path(L"out.raw")));
-  StringList messages;
+  Report report;
   CConvRawSDRFile conversion(&raw, &sdr);
   conversion.SetSdrVersion(version);
-  const bool converted = conversion.ConvertToRaw(messages);
-  Require(raw.Close() && messages.size() == (converted ? 0u : 1u));
+  const bool converted = conversion.ConvertToRaw(report);
+  Require(raw.Close() && report.messages.size() == (converted ? 0u : 1u));
 }
 
 // Whatever the file held, the log is jobs, modes and comments that parse.

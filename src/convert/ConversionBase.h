@@ -48,10 +48,10 @@ class CConvFile {
   CConvFile(const CConvFile&) = delete;
   CConvFile& operator=(const CConvFile&) = delete;
 
-  /// Both append to `messages`; `files` is for outputs beside the main one. The base converts
+  /// Both append to the report: messages, and the files made beside the output. The base converts
   /// nothing.
-  virtual bool ConvertToNative(StringList& /*messages*/, StringList& /*files*/) { return false; }
-  virtual bool ConvertFromNative(StringList& /*messages*/, StringList& /*files*/) { return false; }
+  virtual bool ConvertToNative(Report& /*report*/) { return false; }
+  virtual bool ConvertFromNative(Report& /*report*/) { return false; }
 
   /// True: `File1` is read and `File2` written; false: the reverse.
   void SetDirection(bool toNative) { m_bDirection = toNative; }
@@ -59,15 +59,15 @@ class CConvFile {
  protected:
   File1* m_pFile1 = nullptr;
   File2* m_pFile2 = nullptr;
-  bool m_bDirection = true;
+  bool m_bDirection = true;  // nothing reads it: a conversion has a function each way
 };
 
 /// Base of the conversions of a raw log.
 class CConvRawFile {
  public:
   virtual ~CConvRawFile() = default;
-  virtual bool ConvertToRaw(StringList& messages) = 0;
-  virtual bool ConvertFromRaw(StringList& messages) = 0;
+  virtual bool ConvertToRaw(Report& report) = 0;
+  virtual bool ConvertFromRaw(Report& report) = 0;
 };
 
 /// Deletes the files at these paths, which a run has made, and forgets them.

@@ -4,23 +4,16 @@
 
 #include "convert/CConvertProgress.h"
 #include "dc/DcDialect.h"
-#include "dc/JobUnits.h"
+#include "dc/DcUnits.h"
 #include "dc/WriteCoordinateSystem.h"
 #include "geodetic/CGeodeticDllIndices.h"
 #include "io/Clock.h"
 #include "io/Paths.h"
+#include "job/JobUnits.h"
 
 namespace zelconvert {
 
 namespace {
-
-// Job flags.
-constexpr std::uint32_t kFlagScaled = 0x01;  // below version 5: a scale, no projection
-constexpr std::uint32_t kFlagSouthAzimuth = 0x02;
-constexpr std::uint32_t kFlagCurvature = 0x04;
-constexpr std::uint32_t kGridMask = 0x38;
-constexpr std::uint32_t kGridPlain = 0x10;
-constexpr std::uint32_t kGridProjected = 0x18;
 
 // "%m-%d-%Y %H:%M"
 std::wstring FormatDateTime(const platform::LocalTime& time) {
@@ -36,11 +29,6 @@ std::wstring FormatDateTime(const platform::LocalTime& time) {
   append(time.hour, 2, L":");
   append(time.minute, 2, L"");
   return text;
-}
-
-/// The digit of a unit in the header: 1 for the unit 0, and for units that the header doesn't know.
-std::int32_t UnitDigit(int unit, int units) {
-  return unit < units ? unit + 1 : 1;
 }
 
 std::wstring JobName(const std::wstring& path) {
@@ -72,28 +60,31 @@ void CConvDcFile::SetFeatureData(std::unique_ptr<CFeatureCodeData> data) {
   m_bFeatureData = m_pFeatureData != nullptr;
 }
 
-bool CConvDcFile::ConvertFromNative(StringList& messages, StringList& /*files*/) {
+bool CConvDcFile::ConvertFromNative(Report& report) {
   if (DcVersionText(m_nVersion).empty()) return false;
-  m_pFile1->SetMessages(&messages);
+  m_pFile1->SetMessages(&report.messages);
   CConvertProgress progress;
   progress.Start();
-  return m_pFile2->ReadJobHeader(m_JobHeader) && WriteHeaderRecords() &&
-         WriteCoordinateSystemRecords() && WritePoints(progress);
+  if (!m_pFile2->ReadJobHeader(m_JobHeader)) return false;
+  WriteHeaderRecords();
+  return WriteCoordinateSystemRecords() && WritePoints(progress);
 }
 
-bool CConvDcFile::WriteHeaderRecords() {
+void CConvDcFile::WriteHeaderRecords() {
   tDC_HEADERRecord header;
   header.version = DcVersionText(m_nVersion);
   header.dateTime = FormatDateTime(CurrentLocalTime());
-  header.distanceUnit = UnitDigit(m_JobHeader.distanceUnit, 3);
-  header.angleUnit = UnitDigit(m_JobHeader.angleUnit, 2);
+  header.distanceUnit = DcDigit(LinearUnitOfJob(m_JobHeader.distanceUnit));
+  // A unit above 1 says degrees here, though its angles are written in gons.
+  header.angleUnit = m_JobHeader.angleUnit == 1 ? 2 : 1;
 
   tDC_JOBRecord job;
   job.name = JobName(m_pFile2->GetFile().GetPath());
-  const std::uint32_t grid = m_JobHeader.flags & kGridMask;
-  job.scaleFlag = (m_JobHeader.flags & kFlagCurvature) != 0 ? 2 : 1;
-  job.gridFlag = grid == kGridPlain || grid == kGridProjected ? 2 : 1;
-  return m_pFile1->WriteHeader(header) && m_pFile1->WriteJob(job);
+  const std::uint32_t grid = m_JobHeader.flags & kJobGridMask;
+  job.scaleFlag = (m_JobHeader.flags & kJobFlagCurvature) != 0 ? 2 : 1;
+  job.gridFlag = grid == kJobGridPlain || grid == kJobGridProjected ? 2 : 1;
+  m_pFile1->Write(header);
+  m_pFile1->Write(job);
 }
 
 // A system that has no records leaves the file without them; the conversion goes on.
@@ -104,32 +95,36 @@ bool CConvDcFile::WriteCoordinateSystemRecords() {
     CoordBlock block;
     if (!m_pFile2->ReadCoordBlock(block)) return false;
     system.Unpack(block);
-    if (!WriteCogoRecord(&system)) return false;
+    WriteCogoRecord(&system);
     hasSystem = !HasNoSystem(system);
   } else {
-    if (!WriteCogoRecord(nullptr)) return false;
+    WriteCogoRecord(nullptr);
     hasSystem = FindOldSystem(system);
   }
-  if (!hasSystem) return WriteNoCoordinateSystem(*m_pFile1, m_JobHeader.scale);
-  WriteCoordinateSystem(system, m_JobHeader.distanceUnit, m_JobHeader.angleUnit, *m_pFile1);
+  if (!hasSystem) {
+    WriteNoCoordinateSystem(*m_pFile1, m_JobHeader.scale);
+  } else {
+    WriteCoordinateSystem(system, LinearUnitOfJob(m_JobHeader.distanceUnit),
+                          AngularUnitOfJob(m_JobHeader.angleUnit), *m_pFile1);
+  }
   return true;
 }
 
 // system: null for a job below version 5, whose grid always grows north and east.
-bool CConvDcFile::WriteCogoRecord(const CGlkProjectionRecord* system) {
+void CConvDcFile::WriteCogoRecord(const CGlkProjectionRecord* system) {
   tDC_COGORecord settings;
-  settings.azimuthOrigin = (m_JobHeader.flags & kFlagSouthAzimuth) != 0 ? 2 : 1;
+  settings.azimuthOrigin = (m_JobHeader.flags & kJobFlagSouthAzimuth) != 0 ? 2 : 1;
   if (system != nullptr && system->gridOrientation1 == 1 && system->gridOrientation2 == 1) {
     settings.azimuthOrigin = settings.gridOrientation = 2;
   }
-  return WriteCogoSettings(*m_pFile1, m_nVersion, settings);
+  WriteCogoSettings(*m_pFile1, m_nVersion, settings);
 }
 
 // The zone that a job below version 5 names by its indices; false if it names none, or none that is
 // known.
 bool CConvDcFile::FindOldSystem(CGlkProjectionRecord& system) {
   JOB_OLD_HEADER old;
-  if ((m_JobHeader.flags & kFlagScaled) != 0 || !m_pFile2->ReadOldHeader(old)) return false;
+  if ((m_JobHeader.flags & kJobFlagScaleOnly) != 0 || !m_pFile2->ReadOldHeader(old)) return false;
   CGeodeticDllIndices indices;
   indices.Set(old.method, old.coordSystem, old.datum, old.zoneId, old.hemisphere, {}, 0);
   return FillProjectionRecord(indices, system);
@@ -163,17 +158,18 @@ bool CConvDcFile::WritePoints(CConvertProgress& progress) {
 bool CConvDcFile::WritePoint(const JOB_POINT& point) {
   m_Position.name = Left(point.name, kJobNameLength);
   m_Position.code = Left(point.description, kJobNameLength);
-  m_Position.north = FromMeters(point.north, m_JobHeader.distanceUnit);
-  m_Position.east = FromMeters(point.east, m_JobHeader.distanceUnit);
-  m_Position.elevation = FromMeters(point.elevation, m_JobHeader.distanceUnit);
-  if (!m_pFile1->WriteGridPosition(m_Position)) return false;
+  const LinearUnit unit = LinearUnitOfJob(m_JobHeader.distanceUnit);
+  m_Position.north = FromMetres(point.north, unit);
+  m_Position.east = FromMetres(point.east, unit);
+  m_Position.elevation = FromMetres(point.elevation, unit);
+  m_pFile1->Write(m_Position);
   if (!m_bFeatureData || point.attributeLink == 0) return true;
 
   const std::int64_t next = m_pFile2->GetFile().GetPosition();
   FEATURE_SET features;
   const bool known = ReadFeatureData(point.attributeLink, features);
-  if (!m_pFile2->SeekTo(next)) return false;
-  return !known || WriteFeatureRecords(features);
+  if (known) WriteFeatureRecords(features);
+  return m_pFile2->SeekTo(next);
 }
 
 // False if there is no attribute block at `link`, or the feature library doesn't know it.
@@ -190,40 +186,36 @@ bool CConvDcFile::ReadFeatureData(std::uint32_t link, FEATURE_SET& features) {
          m_pFile2->ReadGenericRecord(block) && m_pFeatureData->Decode(block.data, features);
 }
 
-bool CConvDcFile::WriteFeatureRecords(const FEATURE_SET& features) {
+void CConvDcFile::WriteFeatureRecords(const FEATURE_SET& features) {
   tDC_FEATURE_CODERecord code;
   code.code = features.code;
-  if (!m_pFile1->WriteFeatureCode(code)) return false;
+  m_pFile1->Write(code);
   for (const FEATURE_ATTRIBUTE& attribute : features.attributes) {
     if (attribute.kind == kAttributesEnd) break;
-    if (!WriteFeatureAttribute(attribute)) return false;
+    WriteFeatureAttribute(attribute);
   }
-  return true;
 }
 
-bool CConvDcFile::WriteFeatureAttribute(const FEATURE_ATTRIBUTE& attribute) {
+void CConvDcFile::WriteFeatureAttribute(const FEATURE_ATTRIBUTE& attribute) {
   const std::wstring name = attribute.name + L"?";
   if (attribute.kind == kAttributeText) {
     tDC_FEATURE_TEXTRecord record;
     record.name = name;
     record.value = attribute.value;
-    return m_pFile1->WriteFeatureText(record);
-  }
-  if (attribute.kind == kAttributeNumber) {
+    m_pFile1->Write(record);
+  } else if (attribute.kind == kAttributeNumber) {
     tDC_FEATURE_NUMBERRecord record;
     record.name = name;
     record.value = attribute.number;
-    return m_pFile1->WriteFeatureNumber(record);
-  }
-  if (attribute.kind == kAttributeList) {
+    m_pFile1->Write(record);
+  } else if (attribute.kind == kAttributeList) {
     tDC_FEATURE_LISTRecord record;
     record.name = name;
     record.value = attribute.value;
     if (!attribute.valueExtra.empty()) record.value.append(L"/").append(attribute.valueExtra);
     record.index = attribute.index;
-    return m_pFile1->WriteFeatureList(record);
+    m_pFile1->Write(record);
   }
-  return true;
 }
 
 }  // namespace zelconvert

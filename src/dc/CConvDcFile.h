@@ -25,24 +25,24 @@ class CConvDcFile : public CConvFile<CDcFile, CJobFile> {
   ~CConvDcFile() override;
 
   /// DC to job.
-  bool ConvertToNative(StringList& messages, StringList& files) override;
+  bool ConvertToNative(Report& report) override;
   /// Job to DC. Tells of names that don't fit.
-  bool ConvertFromNative(StringList& messages, StringList& files) override;
+  bool ConvertFromNative(Report& report) override;
 
   /// Switches feature records on: they follow the position of each point that `data` can decode.
   void SetFeatureData(std::unique_ptr<CFeatureCodeData> data);
 
  private:
   // Job to DC, in the order of the file.
-  bool WriteHeaderRecords();
+  void WriteHeaderRecords();
   bool WriteCoordinateSystemRecords();
-  bool WriteCogoRecord(const CGlkProjectionRecord* system);
+  void WriteCogoRecord(const CGlkProjectionRecord* system);
   bool FindOldSystem(CGlkProjectionRecord& system);
   bool WritePoints(CConvertProgress& progress);
   bool WritePoint(const JOB_POINT& point);
   bool ReadFeatureData(std::uint32_t link, FEATURE_SET& features);
-  bool WriteFeatureRecords(const FEATURE_SET& features);
-  bool WriteFeatureAttribute(const FEATURE_ATTRIBUTE& attribute);
+  void WriteFeatureRecords(const FEATURE_SET& features);
+  void WriteFeatureAttribute(const FEATURE_ATTRIBUTE& attribute);
 
   int m_nVersion;
   std::unique_ptr<CFeatureCodeData> m_pFeatureData;

@@ -13,11 +13,11 @@
 
 #include "convert/CConvertProgress.h"
 #include "dc/CConvDcFile.h"
-#include "dc/JobUnits.h"
 #include "dc/PointNameSet.h"
 #include "dc/ProjectionCodes.h"
 #include "io/Paths.h"
 #include "io/Strings.h"
+#include "job/JobUnits.h"
 #include "roads/ConvertDcRoads.h"
 #include "roads/RoadRecords.h"
 
@@ -38,11 +38,6 @@ constexpr std::wstring_view kTexts[] = {
 };
 static_assert(std::size(kTexts) == static_cast<std::size_t>(Text::Count));
 
-// What the grid bits of the job's flags say.
-constexpr std::uint32_t kScaleOnlyGrid = 0x08;
-constexpr std::uint32_t kPlainGrid = 0x10;
-constexpr std::uint32_t kProjectedGrid = 0x18;
-
 // Universal Polar Stereographic, which its codes '<' (north) and '=' (south) stand for.
 constexpr double kPolarLatitude = 90.0;  // degrees
 constexpr double kPolarFalseOrigin = 2000000.0;
@@ -53,14 +48,17 @@ constexpr bool IsLeftBlank(double value) {
   return value == DC_NULL;
 }
 
+double DegToRad(double degrees) {
+  return ToRadians(degrees, AngularUnit::DecimalDegrees);
+}
+
 constexpr bool IsPointCharacter(wchar_t c) {
   return IsAsciiAlnum(c) || c == L'_';
 }
 
 class DcToJob {
  public:
-  DcToJob(CDcFile& dc, CJobFile& job, StringList& messages, StringList& files)
-      : m_Dc(dc), m_Job(job), m_Messages(messages), m_Files(files) {}
+  DcToJob(CDcFile& dc, CJobFile& job, Report& report) : m_Dc(dc), m_Job(job), m_Report(report) {}
 
   bool Convert() {
     m_Progress.Start();
@@ -120,15 +118,18 @@ class DcToJob {
     Say(text);
     return false;
   }
-  void Say(Text text) { m_Messages.emplace_back(kTexts[static_cast<std::size_t>(text)]); }
+  void Say(Text text) { m_Report.messages.emplace_back(kTexts[static_cast<std::size_t>(text)]); }
 
-  double Metres(double value) const { return ToMeters(value, m_Settings.distanceUnit); }
-  double Radians(double value) const { return ToRadians(value, m_Settings.angleUnit); }
+  double Metres(double value) const {
+    return ToMetres(value, LinearUnitOfJob(m_Settings.distanceUnit));
+  }
+  double Radians(double value) const {
+    return ToRadians(value, AngularUnitOfJob(m_Settings.angleUnit));
+  }
 
   CDcFile& m_Dc;
   CJobFile& m_Job;
-  StringList& m_Messages;
-  StringList& m_Files;  // the road files
+  Report& m_Report;
   CConvertProgress m_Progress;
 
   JOB_HEADER m_Settings;  // as they stand in the job
@@ -174,7 +175,8 @@ bool DcToJob::WriteLayer() {
 // Roads go into files of their own beside the job. A road that fails there doesn't stop the job: it
 // takes the roads that were met.
 bool DcToJob::ConvertRoads() {
-  ConvertDcRoads(m_Dc, m_Messages, m_Roads, GetFolder(m_Job.GetFile().GetPath()), m_Files);
+  ConvertDcRoads(m_Dc, m_Report.messages, m_Roads, GetFolder(m_Job.GetFile().GetPath()),
+                 m_Report.beside);
   return m_Dc.Rewind();
 }
 
@@ -212,7 +214,7 @@ bool DcToJob::CheckPoints() {
 
 bool DcToJob::OnHeader(std::wstring_view line) {
   tDC_HEADERRecord header;
-  CDcFile::ReadHeader(line, header);
+  CDcFile::Read(line, header);
   const std::wstring_view version = Trim(header.version);
   if (version.find(L"V10") == version.npos && version.find(L"v10") == version.npos) {
     Say(Text::NotV10);
@@ -228,7 +230,7 @@ bool DcToJob::OnHeader(std::wstring_view line) {
 
 bool DcToJob::OnJob(std::wstring_view line) {
   tDC_JOBRecord job;
-  CDcFile::ReadJob(line, job);
+  CDcFile::Read(line, job);
   if (job.gridFlag == 2) m_bPlainGridMode = true;
   SetFlags(kJobFlagCurvature, job.scaleFlag == 2 ? kJobFlagCurvature : 0);
   return StoreSettings();
@@ -236,7 +238,7 @@ bool DcToJob::OnJob(std::wstring_view line) {
 
 bool DcToJob::OnCogo(std::wstring_view line) {
   tDC_COGORecord cogo;
-  CDcFile::ReadCogo(line, cogo);
+  CDcFile::Read(line, cogo);
   m_nAzmDir = cogo.azimuthOrigin == 2 ? 1 : 0;
   if (m_nAzmDir == 1) m_Settings.flags |= kJobFlagSouthAzimuth;
   m_System.southAzimuth = static_cast<std::uint8_t>(m_nAzmDir);
@@ -264,7 +266,7 @@ bool DcToJob::TakeGridOrientation(std::int32_t gridOrientation) {
 
 bool DcToJob::OnEllipsoid(std::wstring_view line) {
   tDC_ELLIPSOIDRecord ellipsoid;
-  CDcFile::ReadEllipsoid(line, ellipsoid);
+  CDcFile::Read(line, ellipsoid);
   m_System.semiMajorAxis = Metres(ellipsoid.semiMajorAxis);
   m_System.inverseFlattening = ellipsoid.inverseFlattening;
   return true;
@@ -272,7 +274,7 @@ bool DcToJob::OnEllipsoid(std::wstring_view line) {
 
 bool DcToJob::OnLocalSite(std::wstring_view line) {
   tDC_LOCAL_SITERecord site;
-  CDcFile::ReadLocalSite(line, site);
+  CDcFile::Read(line, site);
   if (IsLeftBlank(site.scale) || IsLeftBlank(site.east) || IsLeftBlank(site.north)) return true;
   const bool noSite = site.scale == 1.0 && site.east == 0.0 && site.north == 0.0 &&
                       (site.latitude == 0.0 || IsLeftBlank(site.latitude));
@@ -289,18 +291,18 @@ bool DcToJob::OnLocalSite(std::wstring_view line) {
 
 bool DcToJob::OnProjection(std::wstring_view line) {
   tDC_PROJECTIONRecord projection;
-  CDcFile::ReadProjection(line, projection);
+  CDcFile::Read(line, projection);
   if (!TakeProjectionId(projection.projectionCode)) {
     return TakeScaleWithoutProjection(projection.scale);
   }
-  SetGridFlags(kProjectedGrid);
+  SetGridFlags(kJobGridProjected);
   TakeProjection(projection);
   return StoreSettings();
 }
 
 bool DcToJob::OnProjectionExt(std::wstring_view line) {
   tDC_PROJECTION_EXTRecord projection;
-  CDcFile::ReadProjectionExt(line, projection);
+  CDcFile::Read(line, projection);
   if (!TakeProjectionId(projection.projectionCode)) return true;
   TakeProjection(projection);
   m_System.flagA = projection.flagA == L'1' ? 0 : 1;
@@ -330,9 +332,9 @@ bool DcToJob::TakeScaleWithoutProjection(double scale) {
   SetFlags(kJobFlagScaleOnly, 0);
   SetGridFlags(0);
   if (m_bPlainGridMode) {
-    SetGridFlags(kPlainGrid);
+    SetGridFlags(kJobGridPlain);
   } else if (!(std::fabs(m_Settings.scale - 1.0) < 1e-12)) {
-    m_Settings.flags |= kJobFlagScaleOnly | kScaleOnlyGrid;
+    m_Settings.flags |= kJobFlagScaleOnly | kJobGridScaleOnly;
   }
   return StoreSettings();
 }
@@ -359,7 +361,7 @@ void DcToJob::TakeProjection(const tDC_PROJECTION_FIELDS& projection) {
 // The ellipsoid of the record is WGS 84's, not the local one, and isn't taken.
 bool DcToJob::OnDatum(std::wstring_view line) {
   tDC_DATUMRecord datum;
-  CDcFile::ReadDatum(line, datum);
+  CDcFile::Read(line, datum);
   if (datum.datumCode == L'1' || datum.datumCode == L'3') m_System.datumKind = kDatumShifts;
   if (datum.datumCode == L'2') m_System.datumKind = kDatumSevenParameters;
   m_System.datumRotationX = Radians(datum.rotationX);
@@ -374,7 +376,7 @@ bool DcToJob::OnDatum(std::wstring_view line) {
 
 bool DcToJob::OnDatumGrid(std::wstring_view line) {
   tDC_DATUM_GRIDRecord grid;
-  CDcFile::ReadDatumGrid(line, grid);
+  CDcFile::Read(line, grid);
   m_System.datumName = grid.fileName;
   m_System.datumKind = kDatumGridFiles;
   return true;
@@ -382,7 +384,7 @@ bool DcToJob::OnDatumGrid(std::wstring_view line) {
 
 bool DcToJob::OnHorizontalAdjust(std::wstring_view line) {
   tDC_HORIZONTAL_ADJUSTRecord adjust;
-  CDcFile::ReadHorizontalAdjust(line, adjust);
+  CDcFile::Read(line, adjust);
   HorizontalAdjust& taken = m_System.horizontalAdjust;
   taken = {adjust.originNorth,   adjust.originEast, adjust.translateNorth,
            adjust.translateEast, adjust.rotation,   adjust.scale};
@@ -397,7 +399,7 @@ bool DcToJob::OnHorizontalAdjust(std::wstring_view line) {
 
 bool DcToJob::OnVerticalAdjust(std::wstring_view line) {
   tDC_VERTICAL_ADJUSTRecord adjust;
-  CDcFile::ReadVerticalAdjust(line, adjust);
+  CDcFile::Read(line, adjust);
   m_System.geoidFileName = adjust.geoidFileName;
   m_System.verticalAdjust = {};
   if (adjust.method == L'2') return true;
@@ -408,7 +410,7 @@ bool DcToJob::OnVerticalAdjust(std::wstring_view line) {
 
 bool DcToJob::OnCoordinateSystem(std::wstring_view line) {
   tDC_COORDINATE_SYSTEMRecord names;
-  CDcFile::ReadCoordinateSystem(line, names);
+  CDcFile::Read(line, names);
   const bool isKind = names.systemKind >= 1 && names.systemKind <= 4;
   m_System.projectionKind = static_cast<std::int16_t>(isKind ? names.systemKind : 4);
   m_System.zoneGroupName = names.zoneGroupName;
@@ -419,13 +421,13 @@ bool DcToJob::OnCoordinateSystem(std::wstring_view line) {
 
 bool DcToJob::OnZoneLabel(std::wstring_view line) {
   tDC_ZONE_LABELRecord label;
-  CDcFile::ReadZoneLabel(line, label);
+  CDcFile::Read(line, label);
   if (!label.name.empty()) m_System.shiftFileName = label.name;
   return true;
 }
 
 bool DcToJob::OnGridPosition(std::wstring_view line) {
-  CDcFile::ReadGridPosition(line, m_Position);
+  CDcFile::Read(line, m_Position);
   // Deleted and superseded positions.
   if (m_Position.classification >= L'6' && m_Position.classification <= L':') return true;
   if (IsLeftBlank(m_Position.north) || IsLeftBlank(m_Position.east)) return true;
@@ -490,8 +492,8 @@ void DcToJob::TakeRoadStart(Record& record) const {
 
 }  // namespace
 
-bool CConvDcFile::ConvertToNative(StringList& messages, StringList& files) {
-  return DcToJob(*m_pFile1, *m_pFile2, messages, files).Convert();
+bool CConvDcFile::ConvertToNative(Report& report) {
+  return DcToJob(*m_pFile1, *m_pFile2, report).Convert();
 }
 
 }  // namespace zelconvert

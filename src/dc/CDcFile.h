@@ -7,19 +7,20 @@
 //   while (file.ReadLine(line)) {
 //     if (CDcFile::IsBlank(line) || CDcFile::IsDeleted(line)) continue;
 //     if (CDcFile::GetRecordType(line) != position.kType) continue;  // any other type
-//     CDcFile::ReadGridPosition(line, position);
+//     CDcFile::Read(line, position);
 //   }
 //
-// Readers don't validate: a short line gives empty fields, text that is no number gives 0. Every
-// field but those named in DcColumns.h as constants is set from the line, so a record can be reused
-// line after line without allocating.
+// Reading doesn't validate: a short line gives empty fields, text that is no number gives 0. A
+// record can be reused line after line without allocating.
 #pragma once
 
-#include <cstddef>
+#include <concepts>
 #include <cstdint>
 #include <string>
 #include <string_view>
 
+#include "convert/ConversionBase.h"
+#include "dc/CutNames.h"
 #include "dc/DcRecords.h"
 #include "dc/RecordColumns.h"
 #include "io/CFileCE.h"
@@ -31,6 +32,12 @@ inline constexpr int kDcSubtypeCount = 98;
 /// Index of "DL": the record is deleted, whatever its type.
 inline constexpr int kDcDeletedSubtype = 25;
 
+/// A record with a table of its columns.
+template <class R>
+concept DcRecordType = std::derived_from<R, tDC_RECORD> && requires {
+  R::Columns();
+};
+
 class CDcFile : public CFileCE {
  public:
   CDcFile() : CFileCE(false) {}
@@ -39,9 +46,12 @@ class CDcFile : public CFileCE {
   /// Creates or empties the file.
   bool OpenForWrite(const std::wstring& path);
   bool OpenForRead(const std::wstring& path);
-  /// Back to the first line, behind a UTF-8 mark.
+  /// Back to the first line, after a UTF-8 mark.
   bool Rewind();
   static std::wstring GetDefaultExtension() { return L"DC"; }
+
+  using CFileCE::Read;
+  using CFileCE::Write;
 
   // What a line is. ReadLine and WriteLine are those of CFileCE.
 
@@ -56,122 +66,78 @@ class CDcFile : public CFileCE {
   /// Subtype "DL": skipped by every conversion before its type is looked at.
   static bool IsDeleted(std::wstring_view line);
 
-  // Readers. All return true but where a comment says otherwise; the subtype is always set.
+  // Records. Their structures tell the columns; dc/records/Record.h what they have in common.
 
-  /// A header line may lack its last digit, but none before it.
-  static constexpr std::size_t kShortestHeader = 45;
-  /// Throws ConversionFailure when the line is shorter.
-  static bool ReadHeader(std::wstring_view line, tDC_HEADERRecord& record);
-  static bool ReadJob(std::wstring_view line, tDC_JOBRecord& record);
-  static bool ReadNote(std::wstring_view line, tDC_NOTERecord& record);
-  /// False for an empty line.
-  static bool ReadPostProcess(std::wstring_view line, tDC_POST_PROCESSRecord& record);
-  static bool ReadCogo(std::wstring_view line, tDC_COGORecord& record);
-  static bool ReadCogoOld(std::wstring_view line, tDC_COGO_OLDRecord& record);
+  /// Every field but those that a table names as constants is set. Throws ConversionFailure for a
+  /// line that is shorter than the record's kShortestLine.
+  template <DcRecordType R>
+  static void Read(std::wstring_view line, R& record);
+
+  // Not used by any route: empty lines are passed over before, and no backsight is read.
+
+  /// Of 66, 68 and 72: false for an empty line.
+  template <DcRecordType R>
+  [[nodiscard]] static bool ReadUnlessEmpty(std::wstring_view line, R& record) {
+    if (!line.empty()) Read(line, record);
+    return !line.empty();
+  }
   /// Sets the type alone.
-  static bool ReadBacksight(std::wstring_view line, tDC_BACKSIGHTRecord& record);
-  static bool ReadGridPosition(std::wstring_view line, tDC_GRID_POSITIONRecord& record);
-  /// False for an empty line.
-  static bool ReadGpsPosition(std::wstring_view line, tDC_GPS_POSITIONRecord& record);
-  /// False for an empty line.
-  static bool ReadLocalPosition(std::wstring_view line, tDC_LOCAL_POSITIONRecord& record);
-  static bool ReadProjection(std::wstring_view line, tDC_PROJECTIONRecord& record);
-  static bool ReadProjectionExt(std::wstring_view line, tDC_PROJECTION_EXTRecord& record);
-  static bool ReadEllipsoid(std::wstring_view line, tDC_ELLIPSOIDRecord& record);
-  static bool ReadLocalSite(std::wstring_view line, tDC_LOCAL_SITERecord& record);
-  static bool ReadDatum(std::wstring_view line, tDC_DATUMRecord& record);
-  static bool ReadDatumGrid(std::wstring_view line, tDC_DATUM_GRIDRecord& record);
-  static bool ReadHorizontalAdjust(std::wstring_view line, tDC_HORIZONTAL_ADJUSTRecord& record);
-  static bool ReadVerticalAdjust(std::wstring_view line, tDC_VERTICAL_ADJUSTRecord& record);
-  static bool ReadCoordinateSystem(std::wstring_view line, tDC_COORDINATE_SYSTEMRecord& record);
-  static bool ReadZoneLabel(std::wstring_view line, tDC_ZONE_LABELRecord& record);
-  static bool ReadSetup(std::wstring_view line, tDC_SETUP_Record& record);
+  static void Read(std::wstring_view /*line*/, tDC_BACKSIGHTRecord& record) {
+    record.type = record.kType;
+  }
+
+  /// Writes one line; HasWriteFailed tells whether all of them could be written.
+  template <DcRecordType R>
+  void Write(const R& record) {
+    Write(record, R::kHasOwnSubtype ? Left(record.subtype, 2) : std::wstring_view(R::kHead + 2));
+  }
+  /// subtype: two characters, whatever the record holds.
+  template <DcRecordType R>
+  void Write(const R& record, std::wstring_view subtype);
 
   /// Where names that a column cuts are told of, each once; the list stays the caller's.
   void SetMessages(StringList* messages) { m_CutNames.SetMessages(messages); }
 
-  // Writers, one line each; the result is that of WriteLine. Where the format of a record fixes the
-  // subtype it is written whatever the record holds, else the record's is.
-
-  bool WriteHeader(const tDC_HEADERRecord& record);
-  bool WriteJob(const tDC_JOBRecord& record);
-  bool WriteNote(const tDC_NOTERecord& record);       ///< "13NM"
-  bool WriteNoteKeyed(const tDC_NOTERecord& record);  ///< "13KI"
-  bool WriteNoteTime(const tDC_NOTERecord& record);   ///< "13TM"
-  bool WritePostProcess(const tDC_POST_PROCESSRecord& record);
-  bool WriteScale(const tDC_SCALERecord& record);
-  bool WriteCogo(const tDC_COGORecord& record);
-  bool WriteCogoOld(const tDC_COGO_OLDRecord& record);
-
-  bool WriteStation(const tDC_STATIONRecord& record);
-  bool WriteStationExt(const tDC_STATION_EXTRecord& record);
-  bool WriteBacksight(const tDC_BACKSIGHTRecord& record);
-  bool WriteBacksightExt(const tDC_BACKSIGHT_EXTRecord& record);
-  bool WriteGridPosition(const tDC_GRID_POSITIONRecord& record);
-  bool WriteGpsPosition(const tDC_GPS_POSITIONRecord& record);
-  bool WriteGpsPosition2(const tDC_GPS_POSITION2Record& record);
-  bool WriteLocalPosition(const tDC_LOCAL_POSITIONRecord& record);
-  bool WriteDeletedPosition(const tDC_DELETED_POSITIONRecord& record);
-
-  bool WriteVector(const tDC_VECTORRecord& record);
-  bool WriteObservation(const tDC_OBSERVATIONRecord& record);
-  bool WriteObservationSigma(const tDC_OBSERVATION_SIGMARecord& record);
-  bool WriteObservationText(const tDC_OBSERVATION_TEXTRecord& record);  ///< always "D9F1"
-  bool WriteAngleDistance(const tDC_ANGLE_DISTANCERecord& record);
-  bool WriteAngleDistanceKeyed(const tDC_ANGLE_DISTANCE_KEYEDRecord& record);
-  bool WriteStationHeight(const tDC_STATION_HEIGHTRecord& record);
-  bool WriteTargetHeight(const tDC_TARGET_HEIGHTRecord& record);
-  bool WriteName(const tDC_NAMERecord& record);
-
-  bool WriteProjection(const tDC_PROJECTIONRecord& record);
-  bool WriteProjectionExt(const tDC_PROJECTION_EXTRecord& record);
-  bool WriteEllipsoid(const tDC_ELLIPSOIDRecord& record);
-  bool WriteLocalSite(const tDC_LOCAL_SITERecord& record);
-  bool WriteDatum(const tDC_DATUMRecord& record);
-  bool WriteDatumGrid(const tDC_DATUM_GRIDRecord& record);
-  bool WriteHorizontalAdjust(const tDC_HORIZONTAL_ADJUSTRecord& record);
-  bool WriteVerticalAdjust(const tDC_VERTICAL_ADJUSTRecord& record);
-  bool WriteCoordinateSystem(const tDC_COORDINATE_SYSTEMRecord& record);
-  bool WriteZoneLabel(const tDC_ZONE_LABELRecord& record);
-
-  bool WriteFeatureCode(const tDC_FEATURE_CODERecord& record);
-  bool WriteFeatureNumber(const tDC_FEATURE_NUMBERRecord& record);
-  bool WriteFeatureText(const tDC_FEATURE_TEXTRecord& record);
-  bool WriteFeatureList(const tDC_FEATURE_LISTRecord& record);
-  bool WriteFeatureMap(const tDC_FEATURE_MAPRecord& record);
-
-  bool WriteTargetId(const tDC_TARGET_IDRecord& record);
-  bool WriteTargetHeights(const tDC_TARGET_HEIGHTS_Record& record);
-  bool WriteTargetNumber(const tDC_TARGET_NUMBERRecord& record);
-  bool WriteTargetGrade(const tDC_TARGET_GRADERecord& record);
-  bool WriteAntennaOffset(const tDC_ANTENNA_OFFSETRecord& record);
-  bool WriteAntennaMeasurement(const tDC_ANTENNA_MEASUREMENTRecord& record);
-  bool WriteStakedValue(const tDC_STAKED_VALUERecord& record);
-  bool WriteDesignSlope(const tDC_DESIGN_SLOPERecord& record);
-  bool WriteCatchPoint(const tDC_CATCH_POINTRecord& record);
-  bool WriteOffsetSetting(const tDC_OFFSET_SETTINGRecord& record);
-
-  bool WriteAntennaHeight(const tDC_ANTENNA_HEIGHTRecord& record);
-  bool WriteVectorSigma(const tDC_VECTOR_SIGMARecord& record);
-  bool WriteReceiver(const tDC_RECEIVER_Record& record);
-  bool WriteReceiverExt(const tDC_RECEIVER_EXTRecord& record);
-  bool WriteSetup(const tDC_SETUP_Record& record);
-  bool WriteCb(const tDC_CB_Record& record);
-  bool WriteMp(const tDC_MP_Record& record);
-  bool WriteMa(const tDC_MA_Record& record);
-
  private:
-  // The head of the line: fixed, or with the record's subtype in its two columns.
-  template <class R, std::size_t N>
-  bool WriteFixed(const Column<R> (&columns)[N], const R& record,
-                  std::wstring_view head = R::kHead);
-  template <class R, std::size_t N>
-  bool WriteWithSubtype(const Column<R> (&columns)[N], const R& record);
-  template <class R, std::size_t N>
-  bool Finish(const Column<R> (&columns)[N], const R& record);
+  template <DcRecordType R>
+  void AppendFields(const R& record);
 
   std::wstring m_strLine;  // the line being written; its memory is reused
   CutNames m_CutNames;
 };
+
+template <DcRecordType R>
+void CDcFile::Read(std::wstring_view line, R& record) {
+  static_assert(Abut(kColumns<R>));
+  if constexpr (requires { R::kShortestLine; }) {
+    if (line.size() < R::kShortestLine) throw ConversionFailure();
+  }
+  record.type = R::kType;
+  record.subtype.assign(Mid(line, 2, 2));
+  ReadColumns(line, kColumns<R>, record);
+}
+
+template <DcRecordType R>
+void CDcFile::Write(const R& record, std::wstring_view subtype) {
+  m_strLine.assign(R::kHead, 2);
+  AppendRight(m_strLine, subtype, 2);
+  if constexpr (requires { record.AsWritten(); }) {
+    AppendFields(record.AsWritten());
+  } else {
+    AppendFields(record);
+  }
+  WriteLine(m_strLine);
+}
+
+template <DcRecordType R>
+void CDcFile::AppendFields(const R& record) {
+  static_assert(Abut(kColumns<R>));
+  if constexpr (requires { record.IsWrittenBlank(); }) {
+    if (record.IsWrittenBlank()) {
+      return AppendBlanks(m_strLine, End(kColumns<R>) - m_strLine.size());
+    }
+  }
+  WriteColumns(m_strLine, kWrittenColumns<R>, record, m_CutNames);
+}
 
 }  // namespace zelconvert

@@ -17,15 +17,15 @@ std::wstring_view DcVersionText(int version) {
   return kVersions[version];
 }
 
-bool WriteCogoSettings(CDcFile& file, int version, const tDC_COGORecord& settings) {
-  if (version >= kFirstV10) return file.WriteCogo(settings);
+void WriteCogoSettings(CDcFile& file, int version, const tDC_COGORecord& settings) {
+  if (version >= kFirstV10) return file.Write(settings);
   tDC_COGO_OLDRecord old;
   old.azimuthOrigin = settings.azimuthOrigin;
   old.gridOrientation = settings.gridOrientation;
-  return file.WriteCogoOld(old);
+  file.Write(old);
 }
 
-bool WriteNoCoordinateSystem(CDcFile& file, double scale) {
+void WriteNoCoordinateSystem(CDcFile& file, double scale) {
   tDC_ELLIPSOIDRecord ellipsoid;
   ellipsoid.semiMajorAxis = DC_NULL;
   ellipsoid.inverseFlattening = DC_NULL;
@@ -44,8 +44,9 @@ bool WriteNoCoordinateSystem(CDcFile& file, double scale) {
   names.systemKind = 2;
   names.zoneGroupName = names.zoneName = names.datumName = L" ";
 
-  return file.WriteEllipsoid(ellipsoid) && file.WriteProjection(projection) &&
-         file.WriteCoordinateSystem(names);
+  file.Write(ellipsoid);
+  file.Write(projection);
+  file.Write(names);
 }
 
 }  // namespace zelconvert

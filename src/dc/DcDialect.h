@@ -12,10 +12,10 @@ namespace zelconvert {
 std::wstring_view DcVersionText(int version);
 
 /// The COGO settings in the dialect's form: record 78 in V10, D4 before.
-bool WriteCogoSettings(CDcFile& file, int version, const tDC_COGORecord& settings);
+void WriteCogoSettings(CDcFile& file, int version, const tDC_COGORecord& settings);
 
 /// The records of a job without a coordinate system: an empty 65, a 64 with the scale alone and a
 /// C8 without names.
-bool WriteNoCoordinateSystem(CDcFile& file, double scale);
+void WriteNoCoordinateSystem(CDcFile& file, double scale);
 
 }  // namespace zelconvert

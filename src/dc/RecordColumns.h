@@ -1,11 +1,17 @@
 // Fixed-column records as data. A record is a plain struct and one table of its columns, from which
 // its reader, its writer and the check of its page in docs/ follow:
 //
-//   inline constexpr Column<tDC_BUOYRecord> kBuoyColumns[] = {
-//       {4, 16, &tDC_BUOYRecord::name, kKeepLast | kTrimmed},
-//       {20, 16, &tDC_BUOYRecord::depth, 4},  // metres, 4 decimals
+//   struct tDC_BUOYRecord : DcRecord<"Z9KI", tDC_BUOYRecord> {
+//     std::wstring name;
+//     double depth = 0;  ///< metres
+//
+//     static constexpr auto Columns() {
+//       return std::to_array<Column<Self>>({
+//           {4, 16, &Self::name, kKeepLast | kTrimmed},
+//           {20, 16, &Self::depth, 4},  // 4 decimals
+//       });
+//     }
 //   };
-//   static_assert(Abut(kBuoyColumns));        // each column starts where the last one ended
 //
 // Columns count characters of the whole line from 0. The type and the subtype of a line are no
 // columns of a table: columns 0 to 3 belong to CDcFile.
@@ -15,6 +21,7 @@
 // column becomes the nearest that fits. Only a text that ends its line may stand in full.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -110,14 +117,31 @@ struct Column {
       : start(s), width(w), always(true), constant(written.text) {}
 };
 
+/// The table of a record, and the one that it is written by if that is another.
+template <class R>
+inline constexpr auto kColumns = R::Columns();
+template <class R>
+inline constexpr auto kWrittenColumns = kColumns<R>;
+template <class R>
+requires requires {
+  R::WrittenColumns();
+}
+inline constexpr auto kWrittenColumns<R> = R::WrittenColumns();
+
 /// True if the first column starts at `start` and each next one where the last one ended.
-template <class R, std::size_t N>
-constexpr bool Abut(const Column<R> (&columns)[N], int start = 4) {
-  for (const Column<R>& column : columns) {
+template <class Table>
+constexpr bool Abut(const Table& columns, int start = 4) {
+  for (const auto& column : columns) {
     if (column.start != start || column.width <= 0) return false;
     start += column.width;
   }
   return true;
+}
+
+/// The length of a line with all columns.
+template <class R, std::size_t N>
+constexpr std::size_t End(const std::array<Column<R>, N>& columns) {
+  return static_cast<std::size_t>(columns.back().start + columns.back().width);
 }
 
 /// Appends a DC number in 16 columns: blank for a null value, else what "%16.*f" gives, cut to its
@@ -143,9 +167,9 @@ void WriteReal(std::wstring& line, double value, int decimals, RealForm form, in
 
 }  // namespace columns
 
-/// Fills the members of `record` from `line`.
-template <class R, std::size_t N>
-void ReadColumns(std::wstring_view line, const Column<R> (&table)[N], R& record) {
+/// Fills the members of `record` from `line`. table: an array of Column<R>.
+template <class Table, class R>
+void ReadColumns(std::wstring_view line, const Table& table, R& record) {
   for (const Column<R>& c : table) {
     const std::wstring_view field =
         Mid(line, static_cast<std::size_t>(c.start), static_cast<std::size_t>(c.width));
@@ -166,12 +190,13 @@ void ReadColumns(std::wstring_view line, const Column<R> (&table)[N], R& record)
 /// Appends the columns of `record` to `line`, which already holds everything in front of them.
 /// cut: hears of the names that don't fit.
 template <class R, std::size_t N>
-void WriteColumns(std::wstring& line, const Column<R> (&table)[N], const R& record, CutNames& cut) {
+void WriteColumns(std::wstring& line, const std::array<Column<R>, N>& table, const R& record,
+                  CutNames& cut) {
   for (const Column<R>& c : table) {
     if (c.always) {
       AppendRight(line, c.constant, static_cast<std::size_t>(c.width));
     } else if (const auto* text = std::get_if<std::wstring R::*>(&c.member)) {
-      const bool isLast = &c == &table[N - 1];
+      const bool isLast = &c == &table.back();
       columns::WriteText(line, record.**text, isLast ? c.text : c.text | kKeepFirst, c.width, cut);
     } else if (const auto* real = std::get_if<double R::*>(&c.member)) {
       columns::WriteReal(line, record.**real, c.decimals, c.real, c.width);

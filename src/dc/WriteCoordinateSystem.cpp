@@ -3,7 +3,6 @@
 #include <cmath>
 #include <optional>
 
-#include "dc/JobUnits.h"
 #include "dc/ProjectionCodes.h"
 
 namespace zelconvert {
@@ -29,92 +28,101 @@ constexpr double kSineOfNull = 0.032032490824830798;
 
 constexpr double kPoleTolerance = 1e-12;  // radians
 
+double Degrees(double radians) {
+  return FromRadians(radians, AngularUnit::DecimalDegrees);
+}
+
 class SystemWriter {
  public:
-  SystemWriter(const CGlkProjectionRecord& system, int distanceUnit, int angleUnit, CDcFile& file)
+  SystemWriter(const CGlkProjectionRecord& system, LinearUnit lengthUnit, AngularUnit angleUnit,
+               CDcFile& file)
       : m_System(system),
-        m_nDistanceUnit(distanceUnit),
-        m_nAngleUnit(angleUnit),
+        m_lengthUnit(lengthUnit),
+        m_angleUnit(angleUnit),
         m_bCalibratedSite(system.horizontalType == 0),
         m_File(file) {}
 
   bool Write() {
-    return WriteLabel() && WriteEllipsoid() && WriteSite() && WriteProjection() && WriteDatum() &&
-           WriteHorizontalAdjust() && WriteVerticalAdjust() && WriteNames();
+    WriteLabel();
+    WriteEllipsoid();
+    WriteSite();
+    if (!WriteProjection() || !WriteDatum()) return false;
+    WriteHorizontalAdjust();
+    WriteVerticalAdjust();
+    WriteNames();
+    return true;
   }
 
  private:
-  double Length(double metres) const { return FromMeters(metres, m_nDistanceUnit); }
-  double Angle(double radians) const { return FromRadians(radians, m_nAngleUnit); }
+  double Length(double metres) const { return FromMetres(metres, m_lengthUnit); }
+  double Angle(double radians) const { return FromRadians(radians, m_angleUnit); }
 
-  bool WriteLabel();
-  bool WriteEllipsoid();
-  bool WriteSite();
+  void WriteLabel();
+  void WriteEllipsoid();
+  void WriteSite();
   bool WriteProjection();
-  bool WriteSiteProjection();
-  bool WriteProjectionExt(const tDC_PROJECTION_FIELDS& projection);
+  void WriteSiteProjection();
+  void WriteProjectionExt(const tDC_PROJECTION_FIELDS& projection);
   bool WriteDatum();
-  bool WriteDatumGrid();
-  bool WriteHorizontalAdjust();
-  bool WriteVerticalAdjust();
-  bool WriteNames();
+  void WriteDatumGrid();
+  void WriteHorizontalAdjust();
+  void WriteVerticalAdjust();
+  void WriteNames();
   std::optional<wchar_t> ProjectionCode() const;
 
   const CGlkProjectionRecord& m_System;
-  int m_nDistanceUnit;
-  int m_nAngleUnit;
+  LinearUnit m_lengthUnit;
+  AngularUnit m_angleUnit;
   bool m_bCalibratedSite;  // no projection of its own
   CDcFile& m_File;
 };
 
-bool SystemWriter::WriteLabel() {
-  if (m_System.projectionId == kProjectionWithoutLabel || m_System.shiftFileName.empty()) {
-    return true;
-  }
+void SystemWriter::WriteLabel() {
+  if (m_System.projectionId == kProjectionWithoutLabel || m_System.shiftFileName.empty()) return;
   tDC_ZONE_LABELRecord record;
   record.name = m_System.shiftFileName;
-  return m_File.WriteZoneLabel(record);
+  m_File.Write(record);
 }
 
-bool SystemWriter::WriteEllipsoid() {
+void SystemWriter::WriteEllipsoid() {
   tDC_ELLIPSOIDRecord record;
   record.semiMajorAxis = Length(m_bCalibratedSite ? kWgs84Axis : m_System.semiMajorAxis);
   record.inverseFlattening =
       m_bCalibratedSite ? kWgs84InverseFlattening : m_System.inverseFlattening;
-  return m_File.WriteEllipsoid(record);
+  m_File.Write(record);
 }
 
-bool SystemWriter::WriteSite() {
+void SystemWriter::WriteSite() {
   const LocalSite& site = m_System.site;
   tDC_LOCAL_SITERecord record;
   if (m_bCalibratedSite) {
     record.latitude = record.longitude = record.height = DC_NULL;
     record.scale = 1;
   } else {
-    record.latitude = RadToDeg(site.latitude);
-    record.longitude = RadToDeg(site.longitude);
+    record.latitude = Degrees(site.latitude);
+    record.longitude = Degrees(site.longitude);
     record.height = Length(site.height);
     record.scale = site.scale;
     record.east = Length(site.east);
     record.north = Length(site.north);
   }
-  return m_File.WriteLocalSite(record);
+  m_File.Write(record);
 }
 
 // The height of the site scales its distances by (R + h) / R with the radius of curvature in the
 // prime vertical. A null latitude or height goes through as the number it is; the writer then
 // leaves the field blank, or not.
-bool SystemWriter::WriteSiteProjection() {
+void SystemWriter::WriteSiteProjection() {
   const LocalSite& site = m_System.site;
   const double sine = site.latitude == DC_NULL ? kSineOfNull : std::sin(site.latitude);
   const double radius = kWgs84Axis / std::sqrt(1 - kWgs84EccentricitySquared * sine * sine);
   tDC_PROJECTIONRecord record;
   record.projectionCode = kSiteProjection;
-  record.originLatitude = RadToDeg(site.latitude);
-  record.originLongitude = RadToDeg(site.longitude);
+  record.originLatitude = Degrees(site.latitude);
+  record.originLongitude = Degrees(site.longitude);
   record.falseNorthing = record.falseEasting = Length(kSiteFalseOrigin);
   record.scale = (radius + site.height) / radius;
-  return m_File.WriteProjection(record);
+  m_File.Write(record);
 }
 
 // A polar projection is northern by the latitude of its origin and southern by the longitude, which
@@ -129,7 +137,10 @@ std::optional<wchar_t> SystemWriter::ProjectionCode() const {
 }
 
 bool SystemWriter::WriteProjection() {
-  if (m_bCalibratedSite) return WriteSiteProjection();
+  if (m_bCalibratedSite) {
+    WriteSiteProjection();
+    return true;
+  }
   const std::optional<wchar_t> code = ProjectionCode();
   if (!code) return false;
 
@@ -137,8 +148,8 @@ bool SystemWriter::WriteProjection() {
   const bool hasSkewAxis = HasSkewAxis(id);
   tDC_PROJECTIONRecord record;
   record.projectionCode = *code;
-  record.originLatitude = RadToDeg(m_System.originLatitude);
-  record.originLongitude = RadToDeg(m_System.originLongitude);
+  record.originLatitude = Degrees(m_System.originLatitude);
+  record.originLongitude = Degrees(m_System.originLongitude);
   record.originNorthing = Length(m_System.originNorthing);
   record.falseNorthing = Length(m_System.falseNorthing);
   record.falseEasting = Length(m_System.falseEasting);
@@ -146,11 +157,12 @@ bool SystemWriter::WriteProjection() {
   record.scale = m_System.scale;
   record.parallel1 = Angle(m_System.parallel1);
   record.parallel2 = hasSkewAxis ? 0 : Angle(m_System.parallel2);
-  return IsExtendedProjection(id) ? WriteProjectionExt(record) : m_File.WriteProjection(record);
+  IsExtendedProjection(id) ? WriteProjectionExt(record) : m_File.Write(record);
+  return true;
 }
 
 // A flag the job doesn't set keeps the record's default.
-bool SystemWriter::WriteProjectionExt(const tDC_PROJECTION_FIELDS& projection) {
+void SystemWriter::WriteProjectionExt(const tDC_PROJECTION_FIELDS& projection) {
   tDC_PROJECTION_EXTRecord record;
   static_cast<tDC_PROJECTION_FIELDS&>(record) = projection;
   if (m_System.flagA != kFlagNotSet) record.flagA = m_System.flagA == 0 ? L'1' : L'2';
@@ -161,13 +173,16 @@ bool SystemWriter::WriteProjectionExt(const tDC_PROJECTION_FIELDS& projection) {
   }
   record.gridFileName = m_System.gridFileName;
   record.shiftFileName = m_System.shiftFileName;
-  return m_File.WriteProjectionExt(record);
+  m_File.Write(record);
 }
 
 // Every 49 names WGS 84: the local ellipsoid is in 65.
 bool SystemWriter::WriteDatum() {
   const std::uint16_t kind = m_bCalibratedSite ? kDatumNone : m_System.datumKind;
-  if (kind == kDatumGridFiles) return WriteDatumGrid();
+  if (kind == kDatumGridFiles) {
+    WriteDatumGrid();
+    return true;
+  }
   if (kind != kDatumShifts && kind != kDatumSevenParameters && kind != kDatumNone) return false;
 
   tDC_DATUMRecord record;
@@ -183,17 +198,18 @@ bool SystemWriter::WriteDatum() {
     record.shiftZ = Length(m_System.datumShiftZ);
     record.scale = ScaleToPpm(m_System.datumScale);
   }
-  return m_File.WriteDatum(record);
+  m_File.Write(record);
+  return true;
 }
 
-bool SystemWriter::WriteDatumGrid() {
+void SystemWriter::WriteDatumGrid() {
   tDC_DATUM_GRIDRecord record;
   record.fileName = m_System.datumName;
   record.description = L" ";
-  return m_File.WriteDatumGrid(record);
+  m_File.Write(record);
 }
 
-bool SystemWriter::WriteHorizontalAdjust() {
+void SystemWriter::WriteHorizontalAdjust() {
   const HorizontalAdjust& adjust = m_System.horizontalAdjust;
   tDC_HORIZONTAL_ADJUSTRecord record;
   if (m_bCalibratedSite) {
@@ -207,10 +223,10 @@ bool SystemWriter::WriteHorizontalAdjust() {
     record.rotation = Angle(adjust.rotation);
     record.scale = adjust.scale;
   }
-  return m_File.WriteHorizontalAdjust(record);
+  m_File.Write(record);
 }
 
-bool SystemWriter::WriteVerticalAdjust() {
+void SystemWriter::WriteVerticalAdjust() {
   const VerticalAdjust& adjust = m_System.verticalAdjust;
   tDC_VERTICAL_ADJUSTRecord record;
   if (m_bCalibratedSite) {
@@ -223,10 +239,10 @@ bool SystemWriter::WriteVerticalAdjust() {
     record.slopeEast = adjust.slopeEast;
   }
   record.geoidFileName = m_System.geoidFileName;
-  return m_File.WriteVerticalAdjust(record);
+  m_File.Write(record);
 }
 
-bool SystemWriter::WriteNames() {
+void SystemWriter::WriteNames() {
   tDC_COORDINATE_SYSTEMRecord record;
   record.systemKind = 3;
   if (m_bCalibratedSite) {
@@ -241,14 +257,14 @@ bool SystemWriter::WriteNames() {
     record.zoneName = m_System.zoneName;
     record.datumName = m_System.datumName;
   }
-  return m_File.WriteCoordinateSystem(record);
+  m_File.Write(record);
 }
 
 }  // namespace
 
-bool WriteCoordinateSystem(const CGlkProjectionRecord& system, int distanceUnit, int angleUnit,
-                           CDcFile& file) {
-  return SystemWriter(system, distanceUnit, angleUnit, file).Write();
+bool WriteCoordinateSystem(const CGlkProjectionRecord& system, LinearUnit lengthUnit,
+                           AngularUnit angleUnit, CDcFile& file) {
+  return SystemWriter(system, lengthUnit, angleUnit, file).Write();
 }
 
 }  // namespace zelconvert

@@ -7,11 +7,11 @@
 namespace zelconvert {
 
 /// Writes D8, 65, D5, 64 or D0, 49 or 74, 50, 81 and C8, in the order in which a DC file must hold
-/// them. `distanceUnit` and `angleUnit` are the words of the job's settings. False, with the
-/// records in front of it written, for a system that has no record: a polar stereographic
+/// them. False, with the
+/// records before it written, for a system that has no record: a polar stereographic
 /// projection whose origin is at neither pole, or an unknown kind of datum.
-bool WriteCoordinateSystem(const CGlkProjectionRecord& system, int distanceUnit, int angleUnit,
-                           CDcFile& file);
+bool WriteCoordinateSystem(const CGlkProjectionRecord& system, LinearUnit lengthUnit,
+                           AngularUnit angleUnit, CDcFile& file);
 
 /// The scale field of record 49, parts per million: (s - 1) * 1e6 for a ratio above 0, else 0.
 constexpr double ScaleToPpm(double scale) {

@@ -104,7 +104,7 @@ bool ReduceRaw(const ConvertRequest& request, Report& report, bool isPaired) {
       [&](CRawFile& raw) {
         return CConvRawDCFile(&raw, &dc, isPaired, Find(kDcDialects, request.outputType).fromRaw,
                               request.featureFile)
-            .ConvertFromRaw(report.messages);
+            .ConvertFromRaw(report);
       });
 }
 
@@ -207,7 +207,7 @@ bool RawToSdr(const ConvertRequest& request, Report& report) {
         CConvRawSDRFile conversion(&raw, &file);
         conversion.SetSdrVersion(request.outputType == FT_SDR2 ? SdrVersion::Sdr2
                                                                : SdrVersion::Sdr33);
-        return conversion.ConvertFromRaw(report.messages);
+        return conversion.ConvertFromRaw(report);
       });
 }
 
@@ -243,7 +243,7 @@ bool JobToDc(const ConvertRequest& request, Report& report) {
       [&](CJobFile& job) {
         CConvDcFile conversion(&dc, &job, Find(kDcDialects, request.outputType).fromJob);
         conversion.SetDirection(false);
-        return conversion.ConvertFromNative(report.messages, report.files);
+        return conversion.ConvertFromNative(report);
       });
 }
 
@@ -254,7 +254,7 @@ bool JobToCr5(const ConvertRequest& request, Report& report) {
       [&](CJobFile& job) {
         CConvCR5File conversion(&file, &job, request.outputType == FT_SEQ_CR5);
         conversion.SetDirection(false);
-        return conversion.ConvertFromNative(report.messages, report.files);
+        return conversion.ConvertFromNative(report);
       });
 }
 
@@ -270,8 +270,7 @@ bool DcToJob(const ConvertRequest& request, Report& report) {
   return ToJob(
       request, report, dc, [&] { return dc.OpenForRead(request.input); },
       [&](CJobFile& job) {
-        return CConvDcFile(&dc, &job, kNewestDialect)
-            .ConvertToNative(report.messages, report.beside);
+        return CConvDcFile(&dc, &job, kNewestDialect).ConvertToNative(report);
       });
 }
 
@@ -282,7 +281,7 @@ bool Cr5ToJob(const ConvertRequest& request, Report& report) {
       [&](CJobFile& job) {
         CConvCR5File conversion(&file, &job, false);
         conversion.SetUnits(request.units);
-        return conversion.ConvertToNative(report.messages, report.files);
+        return conversion.ConvertToNative(report);
       });
 }
 

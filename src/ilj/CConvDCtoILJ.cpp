@@ -75,37 +75,26 @@ std::wstring_view TrimName(std::wstring_view name) {
 }  // namespace
 
 const CConvDCtoILJ::Handler CConvDCtoILJ::kHandlers[] = {
-    {DcType("00"), L"Header(type 00)", true,
-     &CConvDCtoILJ::Run<tDC_HEADERRecord, CDcFile::ReadHeader>},
-    {DcType("13"), L"Note(type 13)", false, &CConvDCtoILJ::Run<tDC_NOTERecord, CDcFile::ReadNote>},
-    {DcType("66"), L"GPS Position(type 66)", true,
-     &CConvDCtoILJ::Run<tDC_GPS_POSITIONRecord, CDcFile::ReadGpsPosition>},
-    {DcType("68"), L"Local Position(type 68)", true,
-     &CConvDCtoILJ::Run<tDC_LOCAL_POSITIONRecord, CDcFile::ReadLocalPosition>},
-    {DcType("69"), L"Grid Position(type 69)", true,
-     &CConvDCtoILJ::Run<tDC_GRID_POSITIONRecord, CDcFile::ReadGridPosition>},
-    {DcType("72"), L"Post Process(type 72)", false,
-     &CConvDCtoILJ::Run<tDC_POST_PROCESSRecord, CDcFile::ReadPostProcess>},
-    {DcType("49"), L"Datum(type 49)", true,
-     &CConvDCtoILJ::Run<tDC_DATUMRecord, CDcFile::ReadDatum>},
-    {DcType("74"), L"Datum Grid File(type 74)", true,
-     &CConvDCtoILJ::Run<tDC_DATUM_GRIDRecord, CDcFile::ReadDatumGrid>},
-    {DcType("65"), L"Local Ellipsoid(type 65)", true,
-     &CConvDCtoILJ::Run<tDC_ELLIPSOIDRecord, CDcFile::ReadEllipsoid>},
+    {DcType("00"), L"Header(type 00)", true, &CConvDCtoILJ::Run<tDC_HEADERRecord>},
+    {DcType("13"), L"Note(type 13)", false, &CConvDCtoILJ::Run<tDC_NOTERecord>},
+    {DcType("66"), L"GPS Position(type 66)", true, &CConvDCtoILJ::Run<tDC_GPS_POSITIONRecord>},
+    {DcType("68"), L"Local Position(type 68)", true, &CConvDCtoILJ::Run<tDC_LOCAL_POSITIONRecord>},
+    {DcType("69"), L"Grid Position(type 69)", true, &CConvDCtoILJ::Run<tDC_GRID_POSITIONRecord>},
+    {DcType("72"), L"Post Process(type 72)", false, &CConvDCtoILJ::Run<tDC_POST_PROCESSRecord>},
+    {DcType("49"), L"Datum(type 49)", true, &CConvDCtoILJ::Run<tDC_DATUMRecord>},
+    {DcType("74"), L"Datum Grid File(type 74)", true, &CConvDCtoILJ::Run<tDC_DATUM_GRIDRecord>},
+    {DcType("65"), L"Local Ellipsoid(type 65)", true, &CConvDCtoILJ::Run<tDC_ELLIPSOIDRecord>},
     {DcType("50"), L"Horizontal Adjust(type 50)", true,
-     &CConvDCtoILJ::Run<tDC_HORIZONTAL_ADJUSTRecord, CDcFile::ReadHorizontalAdjust>},
-    {DcType("D5"), L"Local Site(type D5)", true,
-     &CConvDCtoILJ::Run<tDC_LOCAL_SITERecord, CDcFile::ReadLocalSite>},
+     &CConvDCtoILJ::Run<tDC_HORIZONTAL_ADJUSTRecord>},
+    {DcType("D5"), L"Local Site(type D5)", true, &CConvDCtoILJ::Run<tDC_LOCAL_SITERecord>},
     {DcType("D0"), L"Extended Projection(type D0)", true,
-     &CConvDCtoILJ::Run<tDC_PROJECTION_EXTRecord, CDcFile::ReadProjectionExt>},
-    {DcType("64"), L"Projection(type 64)", true,
-     &CConvDCtoILJ::Run<tDC_PROJECTIONRecord, CDcFile::ReadProjection>},
+     &CConvDCtoILJ::Run<tDC_PROJECTION_EXTRecord>},
+    {DcType("64"), L"Projection(type 64)", true, &CConvDCtoILJ::Run<tDC_PROJECTIONRecord>},
     {DcType("C8"), L"Coordinate System(type C8)", true,
-     &CConvDCtoILJ::Run<tDC_COORDINATE_SYSTEMRecord, CDcFile::ReadCoordinateSystem>},
+     &CConvDCtoILJ::Run<tDC_COORDINATE_SYSTEMRecord>},
     {DcType("81"), L"Vertical Adjust(type 81)", true,
-     &CConvDCtoILJ::Run<tDC_VERTICAL_ADJUSTRecord, CDcFile::ReadVerticalAdjust>},
-    {DcType("78"), L"COGO Settings(type 78)", true,
-     &CConvDCtoILJ::Run<tDC_COGORecord, CDcFile::ReadCogo>},
+     &CConvDCtoILJ::Run<tDC_VERTICAL_ADJUSTRecord>},
+    {DcType("78"), L"COGO Settings(type 78)", true, &CConvDCtoILJ::Run<tDC_COGORecord>},
 };
 
 bool CConvDCtoILJ::Convert(CDcFile& dcFile, CTextFile& iljFile, StringList& messages,
@@ -143,10 +132,10 @@ bool CConvDCtoILJ::CarryLine(const Handler& handler) {
   return !handler.fatal;
 }
 
-template <class Record, bool (*Read)(std::wstring_view, Record&)>
+template <class Record>
 CConvDCtoILJ::Outcome CConvDCtoILJ::Run(std::wstring_view line) {
   Record& record = std::get<Record>(m_dcRecords);
-  if (!Read(line, record)) return Outcome::Unreadable;
+  CDcFile::Read(line, record);
   return Carry(record) ? Outcome::Carried : Outcome::Refused;
 }
 

@@ -37,7 +37,7 @@ class CConvDCtoILJ : public CConvFile<CDcFile, CTextFile> {
   static const Handler* FindHandler(std::int32_t type);
 
   bool CarryLine(const Handler& handler);
-  template <class Record, bool (*Read)(std::wstring_view, Record&)>
+  template <class Record>
   Outcome Run(std::wstring_view line);
 
   // One for each record that is carried over; false if that can't be done.

@@ -153,16 +153,16 @@ void CConvILJtoDC::WriteHead() {
     header.fourthUnit = units.fourth;
   }
   header.sixthUnit = 2;
-  m_pFile2->WriteHeader(header);
+  m_pFile2->Write(header);
 
   tDC_RECEIVER_Record receiver;
   receiver.text1 = L"Fake";
   receiver.text2 = L"Fake";
-  m_pFile2->WriteReceiver(receiver);
+  m_pFile2->Write(receiver);
 
   tDC_ANTENNA_HEIGHTRecord antenna;
   antenna.flag = 1;
-  m_pFile2->WriteAntennaHeight(antenna);
+  m_pFile2->Write(antenna);
 }
 
 // "13-Mar-26 14:15", unlike the time that job files get.
@@ -229,14 +229,14 @@ bool CConvILJtoDC::Carry(CMoskoJobRecordJobSupportFile& record) {
 bool CConvILJtoDC::Carry(CMoskoJobRecordUserNote& record) {
   tDC_NOTERecord note;
   note.text = record.Value<F::NOTE>();  // the writer keeps the first 60 characters
-  m_pFile2->WriteNoteKeyed(note);
+  m_pFile2->Write(note, L"KI");
   return true;
 }
 
 bool CConvILJtoDC::Carry(CMoskoJobRecordSystemNote& record) {
   tDC_NOTERecord note;
   note.text = record.Value<F::NOTE>();
-  m_pFile2->WriteNoteTime(note);
+  m_pFile2->Write(note, L"TM");
   return true;
 }
 
@@ -244,10 +244,12 @@ bool CConvILJtoDC::Carry(CMoskoJobRecordPoint& record) {
   switch (record.Value<F::CDTY>()) {
     case ilj::kGpsCoordinates:
       FillPosition(m_gpsPosition, record);
-      return m_pFile2->WriteGpsPosition(m_gpsPosition);
+      m_pFile2->Write(m_gpsPosition);
+      return true;
     case ilj::kLocalCoordinates:
       FillPosition(m_localPosition, record);
-      return m_pFile2->WriteLocalPosition(m_localPosition);
+      m_pFile2->Write(m_localPosition);
+      return true;
     case ilj::kGridCoordinates:
       return CarryGridPoint(record);
     default:  // a point without a position has no DC form
@@ -279,7 +281,8 @@ bool CConvILJtoDC::CarryGridPoint(CMoskoJobRecordPoint& point) {
   position.code = point.Value<F::DESC>();
   Mapper::MapOrigin(position.method, point.Get<F::CDOR>(), Mapper::kToDc);
   Mapper::MapClass(position.classification, point.Get<F::CDCL>(), Mapper::kToDc);
-  return m_pFile2->WriteGridPosition(position);
+  m_pFile2->Write(position);
+  return true;
 }
 
 // Tells where the data of a survey lies. A file of the first kind is left out when the start of its
@@ -298,7 +301,8 @@ bool CConvILJtoDC::WriteDataFile(const std::wstring& path) {
   if (name.size() > kFileNameLength) return false;
   tDC_POST_PROCESSRecord file;
   file.text = name;
-  return m_pFile2->WritePostProcess(file);
+  m_pFile2->Write(file);
+  return true;
 }
 
 // Start week and end second, end week and start second: the pairs are crossed in this route. The
@@ -319,7 +323,7 @@ bool CConvILJtoDC::Carry(CMoskoJobRecordSurveyGpsQC& record) {
   quality.number3 = record.Value<F::GPWE>();
   quality.value8 = record.Value<F::GPSS>();
   Mapper::MapInitMonitor(quality.digit, record.Get<F::IMON>(), Mapper::kToDc);
-  m_pFile2->WriteSetup(quality);
+  m_pFile2->Write(quality);
   return true;
 }
 
@@ -334,7 +338,8 @@ bool CConvILJtoDC::Carry(CMoskoJobRecordOffsetGroundObservation& record) {
   observation.code = record.Value<F::DESC>();
   Mapper::MapOrigin(observation.method, record.Get<F::CDOR>(), Mapper::kToDc);
   Mapper::MapClass(observation.classification, record.Get<F::CDCL>(), Mapper::kToDc);
-  return m_pFile2->WriteAngleDistance(observation);
+  m_pFile2->Write(observation);
+  return true;
 }
 
 bool CConvILJtoDC::Carry(CMoskoJobRecordOffsetGroundVector& record) {
@@ -347,19 +352,22 @@ bool CConvILJtoDC::Carry(CMoskoJobRecordOffsetGroundVector& record) {
   vector.code = record.Value<F::DESC>();
   Mapper::MapOrigin(vector.method, record.Get<F::CDOR>(), Mapper::kToDc);
   Mapper::MapClass(vector.classification, record.Get<F::CDCL>(), Mapper::kToDc);
-  return m_pFile2->WriteVector(vector);
+  m_pFile2->Write(vector);
+  return true;
 }
 
 bool CConvILJtoDC::Carry(CMoskoJobRecordOffsetOccupyPoint& record) {
   tDC_NAMERecord occupied;
   occupied.name = record.Value<F::OCPT>();
-  return m_pFile2->WriteName(occupied);
+  m_pFile2->Write(occupied);
+  return true;
 }
 
 bool CConvILJtoDC::Carry(CMoskoJobRecordOffsetHeightInstrument& record) {
   tDC_STATION_HEIGHTRecord height;
   height.height = DistanceOut(record.Value<F::HTIN>());
-  return m_pFile2->WriteStationHeight(height);
+  m_pFile2->Write(height);
+  return true;
 }
 
 // Whether there is a declination goes by the azimuth, not by the declination's own field: without
@@ -375,7 +383,8 @@ bool CConvILJtoDC::Carry(CMoskoJobRecordOffsetLaserObservation& record) {
   observation.code = record.Value<F::DESC>();
   Mapper::MapOrigin(observation.method, record.Get<F::CDOR>(), Mapper::kToDc);
   Mapper::MapClass(observation.classification, record.Get<F::CDCL>(), Mapper::kToDc);
-  return m_pFile2->WriteAngleDistanceKeyed(observation);
+  m_pFile2->Write(observation);
+  return true;
 }
 
 // Unlike the instrument's, a target height is written only when it changes.
@@ -385,7 +394,8 @@ bool CConvILJtoDC::Carry(CMoskoJobRecordOffsetHeightTarget& record) {
   if (std::fabs(metres - m_lastTargetHeight) < kSame) return true;
   tDC_TARGET_HEIGHTRecord height;
   height.height = DistanceOut(metres);
-  if (m_pFile2->WriteTargetHeight(height)) m_lastTargetHeight = metres;
+  m_pFile2->Write(height);
+  m_lastTargetHeight = metres;
   return true;
 }
 
@@ -399,7 +409,7 @@ bool CConvILJtoDC::Carry(CMoskoJobRecordProjectionSystemName& record) {
       system.datumName.size() > kLongNameLength) {
     return false;
   }
-  m_pFile2->WriteCoordinateSystem(system);
+  m_pFile2->Write(system);
   return true;
 }
 
@@ -419,7 +429,7 @@ bool CConvILJtoDC::Carry(CMoskoJobRecordProjectionDatum& record) {
   datum.rotationY = AngleOut(turned ? record.Value<F::ROTY>() : 0);
   datum.rotationZ = AngleOut(turned ? record.Value<F::ROTZ>() : 0);
   datum.scale = ScaleOutPpm(turned ? record.Value<F::SCPP>() : 0);
-  m_pFile2->WriteDatum(datum);
+  m_pFile2->Write(datum);
   return true;
 }
 
@@ -427,7 +437,7 @@ bool CConvILJtoDC::CarryDatumGrid(const CMoskoJobRecordProjectionDatum& datum) {
   tDC_DATUM_GRIDRecord grid;
   grid.fileName = datum.Value<F::PJDN>();
   if (grid.fileName.size() > kLongNameLength) return false;
-  m_pFile2->WriteDatumGrid(grid);
+  m_pFile2->Write(grid);
   return true;
 }
 
@@ -435,7 +445,7 @@ bool CConvILJtoDC::Carry(CMoskoJobRecordProjectionEllipsoid& record) {
   tDC_ELLIPSOIDRecord ellipsoid;
   ellipsoid.semiMajorAxis = DistanceOut(record.Value<F::HDST>());
   ellipsoid.inverseFlattening = record.Value<F::NUMR>();
-  m_pFile2->WriteEllipsoid(ellipsoid);
+  m_pFile2->Write(ellipsoid);
   return true;
 }
 
@@ -447,7 +457,7 @@ bool CConvILJtoDC::Carry(CMoskoJobRecordProjectionHorizontalAdjust& record) {
   adjust.translateEast = DistanceOut(record.Value<F::TRAX>());
   adjust.rotation = AngleOut(record.Value<F::ROTZ>());
   adjust.scale = record.Value<F::SCAL>();
-  m_pFile2->WriteHorizontalAdjust(adjust);
+  m_pFile2->Write(adjust);
   return true;
 }
 
@@ -468,7 +478,7 @@ bool CConvILJtoDC::Carry(CMoskoJobRecordProjectionVerticalAdjust& record) {
   }
   if (kind == ilj::kVerticalNone) adjust.geoidFileName.clear();
   if (adjust.geoidFileName.size() > kLongNameLength) return false;
-  m_pFile2->WriteVerticalAdjust(adjust);
+  m_pFile2->Write(adjust);
   return true;
 }
 
@@ -476,7 +486,7 @@ bool CConvILJtoDC::Carry(CMoskoJobRecordProjectionMappingPlane& record) {
   if (!record.HasAnyValid<F::FIL2, F::FIL1, F::NUMB, F::PJCT, F::PJAF, F::PJAE>()) {
     tDC_PROJECTIONRecord projection;
     FillProjection(projection, record);
-    m_pFile2->WriteProjection(projection);
+    m_pFile2->Write(projection);
     return true;
   }
   tDC_PROJECTION_EXTRecord projection;
@@ -491,7 +501,7 @@ bool CConvILJtoDC::Carry(CMoskoJobRecordProjectionMappingPlane& record) {
       projection.shiftFileName.size() > kLongNameLength) {
     return false;
   }
-  m_pFile2->WriteProjectionExt(projection);
+  m_pFile2->Write(projection);
   return true;
 }
 
@@ -520,7 +530,7 @@ bool CConvILJtoDC::Carry(CMoskoJobRecordProjectionLocalSite& record) {
   site.scale = record.Value<F::SCAL>();
   site.north = DistanceOut(record.Value<F::TRAY>());
   site.east = DistanceOut(record.Value<F::TRAX>());
-  m_pFile2->WriteLocalSite(site);
+  m_pFile2->Write(site);
   return true;
 }
 
@@ -528,7 +538,7 @@ bool CConvILJtoDC::Carry(CMoskoJobRecordProjectionCogoSettings& record) {
   tDC_COGORecord settings;
   Mapper::MapAzimuthOrigin(settings.azimuthOrigin, record.Get<F::PJAZ>(), Mapper::kToDc);
   Mapper::MapGridOrientation(settings.gridOrientation, record.Get<F::PJGO>(), Mapper::kToDc);
-  m_pFile2->WriteCogo(settings);
+  m_pFile2->Write(settings);
   return true;
 }
 

@@ -117,7 +117,7 @@ std::vector<RecordPointer> Sort(const std::vector<Cr5RecordBlock>& records) {
 
 // CR5 to job
 
-bool CConvCR5File::ConvertToNative(StringList& /*messages*/, StringList& /*files*/) {
+bool CConvCR5File::ConvertToNative(Report& /*report*/) {
   if (!ReadCr5Header() || !PrepareJob()) return false;
   CConvertProgress progress;
   progress.Start();
@@ -175,7 +175,7 @@ void CConvCR5File::FillPoint(JOB_POINT& point, const CoordinateRecord& record) c
 
 // Job to CR5
 
-bool CConvCR5File::ConvertFromNative(StringList& messages, StringList& /*files*/) {
+bool CConvCR5File::ConvertFromNative(Report& report) {
   JOB_HEADER header;
   if (!m_pFile2->ReadJobHeader(header)) return false;
   CConvertProgress progress;
@@ -185,12 +185,14 @@ bool CConvCR5File::ConvertFromNative(StringList& messages, StringList& /*files*/
   if (!CountPoints(progress, totals) || !WriteCr5Header(totals)) return false;
   Records records;
   records.reserve(totals.points);
-  if (!CollectRecords(progress, header.distanceUnit, records, messages)) return false;
+  if (!CollectRecords(progress, header.distanceUnit, records, report.messages)) return false;
   const SortedRecords sorted = Sort(records);
   if (!(m_bSequential ? WriteSequential(sorted) : WritePlain(sorted))) return false;
 
   // Unreachable as long as such points are refused above.
-  if (totals.alphanumeric > 0) messages.push_back(FormatText(kRenumberedText, m_nRenumberStart));
+  if (totals.alphanumeric > 0) {
+    report.messages.push_back(FormatText(kRenumberedText, m_nRenumberStart));
+  }
   return true;
 }
 

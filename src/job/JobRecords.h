@@ -257,7 +257,10 @@ void WalkTime(Io& io, std::size_t offset, Time& time) {
 inline constexpr std::uint32_t kJobFlagScaleOnly = 0x01;
 inline constexpr std::uint32_t kJobFlagSouthAzimuth = 0x02;
 inline constexpr std::uint32_t kJobFlagCurvature = 0x04;
-inline constexpr std::uint32_t kJobGridMask = 0x38;  ///< 0x10 or 0x18: a grid job
+inline constexpr std::uint32_t kJobGridMask = 0x38;
+inline constexpr std::uint32_t kJobGridScaleOnly = 0x08;
+inline constexpr std::uint32_t kJobGridPlain = 0x10;
+inline constexpr std::uint32_t kJobGridProjected = 0x18;
 
 /// What the headers of all versions hold.
 struct JOB_SETTINGS {

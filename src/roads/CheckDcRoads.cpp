@@ -118,7 +118,7 @@ const RoadCheck::Row RoadCheck::kRows[] = {
 void RoadCheck::Line(std::wstring_view line) {
   const std::int32_t type = CDcFile::GetRecordType(line);
   if (type == tDC_ROAD_HEADERRecord::kType) return BeginRoad(line);
-  if (type == tDC_HEADERRecord::kType && line.size() < CDcFile::kShortestHeader) {
+  if (type == tDC_HEADERRecord::kType && line.size() < tDC_HEADERRecord::kShortestLine) {
     m_bFoundAnything = true;
   }
   if (!m_bRoadOpen || m_road.isBad) return;

@@ -65,7 +65,7 @@ class RoadConversion {
   bool Fail();
 
   bool OnHeader(std::wstring_view line);
-  template <class Cogo, bool (*Read)(std::wstring_view, Cogo&)>
+  template <class Cogo>
   bool OnCogo(std::wstring_view line);
 
   bool OnRoad(std::wstring_view line);
@@ -103,8 +103,8 @@ class RoadConversion {
 
 const RoadConversion::Row RoadConversion::kSettingRows[] = {
     {tDC_HEADERRecord::kType, &RoadConversion::OnHeader},
-    {tDC_COGORecord::kType, &RoadConversion::OnCogo<tDC_COGORecord, CDcFile::ReadCogo>},
-    {tDC_COGO_OLDRecord::kType, &RoadConversion::OnCogo<tDC_COGO_OLDRecord, CDcFile::ReadCogoOld>},
+    {tDC_COGORecord::kType, &RoadConversion::OnCogo<tDC_COGORecord>},
+    {tDC_COGO_OLDRecord::kType, &RoadConversion::OnCogo<tDC_COGO_OLDRecord>},
     {tDC_ROAD_HEADERRecord::kType, &RoadConversion::OnRoad},
 };
 
@@ -184,17 +184,17 @@ bool RoadConversion::Fail() {
 /// leave the one before.
 bool RoadConversion::OnHeader(std::wstring_view line) {
   tDC_HEADERRecord header;
-  CDcFile::ReadHeader(line, header);
+  CDcFile::Read(line, header);
   m_settings.iNEZOrder = header.coordinateOrder;
   if (header.angleUnit == 1) m_settings.angleUnits = kDegrees;
   if (header.angleUnit == 2) m_settings.angleUnits = kGons;
   return true;
 }
 
-template <class Cogo, bool (*Read)(std::wstring_view, Cogo&)>
+template <class Cogo>
 bool RoadConversion::OnCogo(std::wstring_view line) {
   Cogo cogo;
-  Read(line, cogo);
+  CDcFile::Read(line, cogo);
   m_settings.azmDir = cogo.azimuthOrigin == 2 ? 1 : 0;
   return true;
 }

@@ -77,13 +77,13 @@ Outcome Convert(const TempDir& folder, const std::wstring& path, int version,
   EXPECT_TRUE(job.Open(path, false));
   CDcFile file;
   EXPECT_TRUE(file.OpenForWrite(folder.Path(L"out.dc")));
-  StringList messages, files;
+  Report report;
   CConvDcFile conversion(&file, &job, version);
   conversion.SetDirection(false);
   if (features) conversion.SetFeatureData(std::move(features));
-  const bool done = conversion.ConvertFromNative(messages, files);
+  const bool done = conversion.ConvertFromNative(report);
   EXPECT_TRUE(file.Close());
-  EXPECT_TRUE(messages.empty() && files.empty());
+  EXPECT_TRUE(report.messages.empty() && report.files.empty());
   return {done, folder.Read(L"out.dc")};
 }
 

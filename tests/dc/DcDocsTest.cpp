@@ -8,7 +8,7 @@
 
 #include "DcRecordList.h"
 #include "TempDir.h"
-#include "dc/DcColumns.h"
+#include "dc/DcRecords.h"
 
 namespace zelconvert {
 namespace {
@@ -97,7 +97,7 @@ std::map<std::string, Rows> RowsOnPage() {
 class Page {
  public:
   template <class R, std::size_t N>
-  void Expect(const char* structure, const Column<R> (&columns)[N]) {
+  void Expect(const char* structure, const std::array<Column<R>, N>& columns) {
     Rows expected;
     for (const Column<R>& column : columns) {
       std::string place = std::to_string(column.start);
@@ -116,7 +116,7 @@ class Page {
 
 TEST(DcDocs, ColumnsOfEveryRecord) {
   Page page;
-#define EXPECT_ON_PAGE(record, name) page.Expect(#record, k##name##Columns);
+#define EXPECT_ON_PAGE(record, name) page.Expect(#record, kColumns<record>);
   ZEL_DC_RECORDS(EXPECT_ON_PAGE)
 #undef EXPECT_ON_PAGE
 }

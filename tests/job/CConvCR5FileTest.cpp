@@ -37,9 +37,9 @@ Imported Import(const std::string& cr5, int units, std::uint16_t version = kJobV
   EXPECT_TRUE(job.Create(temp.Path(L"out.job"), version));
   CConvCR5File conversion(&file, &job, false);
   conversion.SetUnits(units);
-  StringList messages, files;
-  const bool converted = conversion.ConvertToNative(messages, files);
-  EXPECT_TRUE(messages.empty() && files.empty());
+  Report report;
+  const bool converted = conversion.ConvertToNative(report);
+  EXPECT_TRUE(report.messages.empty() && report.files.empty());
   job.Close();
   return {converted, temp.Read(L"out.job")};
 }
@@ -143,8 +143,8 @@ TEST(Cr5ToJob, NeedsAWholeHeaderAndAnOpenFile) {
   CFileCE file;
   CJobFile job(true);
   ASSERT_TRUE(job.Create(temp.Path(L"out.job"), kJobVersion));
-  StringList messages, files;
-  EXPECT_FALSE(CConvCR5File(&file, &job, false).ConvertToNative(messages, files));
+  Report report;
+  EXPECT_FALSE(CConvCR5File(&file, &job, false).ConvertToNative(report));
 }
 
 struct Exported {
@@ -160,8 +160,9 @@ Exported Export(const std::string& job, bool sequential = false) {
   EXPECT_TRUE(source.Open(temp.Write(L"in.job", job), false));
   EXPECT_TRUE(file.Open(temp.Path(L"out.cr5"), platform::kCreateOutput));
   Exported made;
-  StringList files;
-  made.converted = CConvCR5File(&file, &source, sequential).ConvertFromNative(made.messages, files);
+  Report report;
+  made.converted = CConvCR5File(&file, &source, sequential).ConvertFromNative(report);
+  made.messages = report.messages;
   file.Close();
   made.cr5 = temp.Read(L"out.cr5");
   return made;

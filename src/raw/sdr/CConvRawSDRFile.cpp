@@ -444,8 +444,8 @@ NoteMark ParseNoteMark(std::wstring_view text, std::wstring_view& value) {
   return NoteMark::None;
 }
 
-bool CConvRawSDRFile::ConvertFromRaw(StringList& messages) {
-  return RawToSdr(*m_pRawFile, *m_pSdrFile, Layout(), messages).Run();
+bool CConvRawSDRFile::ConvertFromRaw(Report& report) {
+  return RawToSdr(*m_pRawFile, *m_pSdrFile, Layout(), report.messages).Run();
 }
 
 }  // namespace zelconvert

@@ -265,8 +265,8 @@ int GetSdrDerivation(std::wstring_view line) {
   return found == std::end(kDerivations) ? -1 : static_cast<int>(found - kDerivations);
 }
 
-bool CConvRawSDRFile::ConvertToRaw(StringList& messages) {
-  return SdrToRaw(*m_pSdrFile, *m_pRawFile, Layout(), messages).Run();
+bool CConvRawSDRFile::ConvertToRaw(Report& report) {
+  return SdrToRaw(*m_pSdrFile, *m_pRawFile, Layout(), report.messages).Run();
 }
 
 std::wstring CConvRawSDRFile::MakeSideshotLine(std::wstring_view kind, int mode, std::int32_t unit,

@@ -189,13 +189,14 @@ CConvRawDCFile::CConvRawDCFile(CRawFile* raw, CDcFile* dc, bool writeUnusedPoint
       m_nVersion(version),
       m_strJobPath(std::move(jobPath)) {}
 
-bool CConvRawDCFile::ConvertToRaw(StringList& /*messages*/) {
+bool CConvRawDCFile::ConvertToRaw(Report& /*report*/) {
   return true;
 }
 
-bool CConvRawDCFile::ConvertFromRaw(StringList& messages) {
-  m_pDc->SetMessages(&messages);
-  return RawToDc(*m_pRaw, *m_pDc, m_nVersion, messages).Convert(m_strJobPath, m_bWriteUnusedPoints);
+bool CConvRawDCFile::ConvertFromRaw(Report& report) {
+  m_pDc->SetMessages(&report.messages);
+  return RawToDc(*m_pRaw, *m_pDc, m_nVersion, report.messages)
+      .Convert(m_strJobPath, m_bWriteUnusedPoints);
 }
 
 }  // namespace zelconvert

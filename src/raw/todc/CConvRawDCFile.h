@@ -25,9 +25,9 @@ class CConvRawDCFile : public CConvRawFile {
                  std::wstring jobPath);
 
   /// There is no way from DC to raw: true, and nothing done.
-  bool ConvertToRaw(StringList& messages) override;
+  bool ConvertToRaw(Report& report) override;
   /// Runs once. Appends warnings and errors; on false the output is what was written so far.
-  bool ConvertFromRaw(StringList& messages) override;
+  bool ConvertFromRaw(Report& report) override;
 
  private:
   CRawFile* m_pRaw;

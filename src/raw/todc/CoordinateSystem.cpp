@@ -33,18 +33,6 @@ wchar_t ProjectionLetter(std::int32_t type, double latitude) {
              : kUnknownType;
 }
 
-/// The units of a job's settings.
-int JobCode(LinearUnit unit) {
-  return unit == LinearUnit::Metre               ? kMetres
-         : unit == LinearUnit::InternationalFoot ? kInternationalFeet
-                                                 : kUsSurveyFeet;
-}
-int JobCode(std::int32_t angleUnit) {
-  constexpr int kDegreesOfJob = 0;
-  constexpr int kGonsOfJob = 1;
-  return angleUnit == kRawGons ? kGonsOfJob : kDegreesOfJob;
-}
-
 }  // namespace
 
 /// A rotation or azimuth.
@@ -65,7 +53,7 @@ void CoordinateSystem::OnEllipsoid(const ES_RECORD& source) {
   tDC_ELLIPSOIDRecord ellipsoid;
   ellipsoid.semiMajorAxis = Length(source.semiMajorAxis);
   ellipsoid.inverseFlattening = source.inverseFlattening;
-  m_pass.dc.WriteEllipsoid(ellipsoid);
+  m_pass.dc.Write(ellipsoid);
 }
 
 void CoordinateSystem::OnSite(const ST_RECORD& source) {
@@ -76,7 +64,7 @@ void CoordinateSystem::OnSite(const ST_RECORD& source) {
   site.scale = source.scale;
   site.east = Length(source.east);
   site.north = Length(source.north);
-  m_pass.dc.WriteLocalSite(site);
+  m_pass.dc.Write(site);
 }
 
 void CoordinateSystem::FillProjection(const PJ_RECORD& source,
@@ -98,7 +86,7 @@ void CoordinateSystem::FillProjection(const PJ_RECORD& source,
 void CoordinateSystem::OnProjection(const PJ_RECORD& source) {
   tDC_PROJECTIONRecord projection;
   FillProjection(source, projection);
-  m_pass.dc.WriteProjection(projection);
+  m_pass.dc.Write(projection);
 }
 
 void CoordinateSystem::OnGridProjection(const PE_RECORD& source) {
@@ -111,7 +99,7 @@ void CoordinateSystem::OnGridProjection(const PE_RECORD& source) {
       source.ae >= 1 && source.ae <= 3 ? static_cast<wchar_t>(L'0' + source.ae) : L'4';
   projection.gridFileName = source.gridFile;
   projection.shiftFileName = source.shiftFile;
-  m_pass.dc.WriteProjectionExt(projection);
+  m_pass.dc.Write(projection);
 }
 
 void CoordinateSystem::OnDatum(const DT_RECORD& source) {
@@ -129,13 +117,13 @@ void CoordinateSystem::OnDatum(const DT_RECORD& source) {
   datum.shiftY = Length(source.shiftY);
   datum.shiftZ = Length(source.shiftZ);
   datum.scale = source.scale;
-  m_pass.dc.WriteDatum(datum);
+  m_pass.dc.Write(datum);
 }
 
 void CoordinateSystem::OnDatumGrid(const FILE_RECORD& source) {
   tDC_DATUM_GRIDRecord grid;
   grid.fileName = source.fileName;
-  m_pass.dc.WriteDatumGrid(grid);
+  m_pass.dc.Write(grid);
 }
 
 void CoordinateSystem::OnHorizontalAdjust(const HA_RECORD& source) {
@@ -146,7 +134,7 @@ void CoordinateSystem::OnHorizontalAdjust(const HA_RECORD& source) {
   adjustment.translateEast = Length(source.translateEast);
   adjustment.rotation = SystemAngle(source.rotation);
   adjustment.scale = source.scale;
-  m_pass.dc.WriteHorizontalAdjust(adjustment);
+  m_pass.dc.Write(adjustment);
 }
 
 void CoordinateSystem::OnVerticalAdjust(const VA_RECORD& source) {
@@ -160,7 +148,7 @@ void CoordinateSystem::OnVerticalAdjust(const VA_RECORD& source) {
   adjustment.slopeNorth = FromPartsPerMillion(source.slopeNorth);
   adjustment.slopeEast = FromPartsPerMillion(source.slopeEast);
   adjustment.geoidFileName = source.geoidName;
-  m_pass.dc.WriteVerticalAdjust(adjustment);
+  m_pass.dc.Write(adjustment);
 }
 
 void CoordinateSystem::OnNames(const CS_RECORD& source) {
@@ -169,7 +157,7 @@ void CoordinateSystem::OnNames(const CS_RECORD& source) {
   system.zoneGroupName = source.zoneGroupName;
   system.zoneName = source.zoneName;
   system.datumName = source.datumName;
-  m_pass.dc.WriteCoordinateSystem(system);
+  m_pass.dc.Write(system);
 }
 
 void CoordinateSystem::OnZone(const LM_RECORD& source) {
@@ -182,8 +170,10 @@ void CoordinateSystem::OnZone(const LM_RECORD& source) {
   }
   CGlkProjectionRecord record = system.GetRecord();
   record.horizontalType = 1;  // a system with a projection
-  WriteCoordinateSystem(record, JobCode(m_pass.mode.firstUnit.value_or(LinearUnit::Metre)),
-                        JobCode(m_pass.mode.firstAngleUnit), m_pass.dc);
+  WriteCoordinateSystem(
+      record, m_pass.mode.firstUnit.value_or(LinearUnit::Metre),
+      m_pass.mode.firstAngleUnit == kRawGons ? AngularUnit::Gon : AngularUnit::DecimalDegrees,
+      m_pass.dc);
 }
 
 void CoordinateSystem::OnLocalization() {
@@ -198,7 +188,7 @@ void CoordinateSystem::OnGeoid(const FILE_RECORD& geoid) {
   if (geoid.fileName.empty()) return;
   tDC_ZONE_LABELRecord label;
   label.name = geoid.fileName;
-  m_pass.dc.WriteZoneLabel(label);
+  m_pass.dc.Write(label);
 }
 
 }  // namespace zelconvert

@@ -87,7 +87,7 @@ void Gps::WriteAntennaHeight(std::wstring_view role, const Antenna& antenna) {
   record.subtype = SubtypeOf(role);
   record.height = antenna.height;
   record.flag = antenna.kind;
-  m_pass.dc.WriteAntennaHeight(record);
+  m_pass.dc.Write(record);
 }
 
 /// The signature ends the record, so that it is looked at and cut off before the fields are read.
@@ -119,7 +119,7 @@ Outcome Gps::OnEquipment() {
   receiver.value1 = mode.Length(equipment.tapeAdjustment);
   receiver.value2 = mode.Length(equipment.horizontalOffset);
   receiver.value3 = mode.Length(equipment.verticalOffset);
-  m_pass.dc.WriteReceiverExt(receiver);
+  m_pass.dc.Write(receiver);
   return Outcome::Done;
 }
 
@@ -145,7 +145,7 @@ void Gps::OnBasePoint(const BP_RECORD& base) {
   WritePosition(SubtypeOf(m_role), base.name, L"Base Point ", 0, 0);
   tDC_DELETED_POSITIONRecord marker;
   marker.name = base.name;
-  m_pass.dc.WriteDeletedPosition(marker);
+  m_pass.dc.Write(marker);
 }
 
 // ---- What the rover measured
@@ -221,7 +221,7 @@ void Gps::WriteResult(std::wstring_view name, std::wstring_view description,
 }
 
 void Gps::WriteWaitingQuality() {
-  if (m_isQualityWaiting) m_pass.dc.WriteSetup(m_quality);
+  if (m_isQualityWaiting) m_pass.dc.Write(m_quality);
   m_isQualityWaiting = false;
 }
 
@@ -247,7 +247,7 @@ void Gps::WritePosition(std::wstring_view subtype, std::wstring_view name,
   m_positionRecord.classification = ClassCharacter(m_position.classification);
   m_positionRecord.sigma1 = horizontalPrecision;
   m_positionRecord.sigma2 = verticalPrecision;
-  m_pass.dc.WriteGpsPosition(m_positionRecord);
+  m_pass.dc.Write(m_positionRecord);
 }
 
 void Gps::WriteVector(std::wstring_view subtype, std::wstring_view name,
@@ -262,7 +262,7 @@ void Gps::WriteVector(std::wstring_view subtype, std::wstring_view name,
   m_vectorRecord.classification = ClassCharacter(m_position.classification);
   m_vectorRecord.sigma1 = m_position.horizontalPrecision;
   m_vectorRecord.sigma2 = m_position.verticalPrecision;
-  m_pass.dc.WriteGpsPosition2(m_vectorRecord);
+  m_pass.dc.Write(m_vectorRecord);
 }
 
 /// A position that was keyed in or stored: without an antenna, and the antenna restored after it.
@@ -325,7 +325,7 @@ void Gps::OnCovariance() {
   record.value5 = covariance.yy;
   record.value6 = covariance.yz;
   record.value7 = covariance.zz;
-  m_pass.dc.WriteVectorSigma(record);
+  m_pass.dc.Write(record);
 }
 
 void Gps::OnQuality(const GQ_RECORD& quality) {
@@ -371,17 +371,17 @@ void Gps::OnOffset(const GO_RECORD& offset) {
     vector.verticalDistance = Computed(std::cos(radians) * slopeDistance, zenith, slopeDistance);
     vector.code = offset.note;
     vector.classification = classification;
-    m_pass.dc.WriteVector(vector);
+    m_pass.dc.Write(vector);
   } else {
     tDC_NAMERecord from;
     from.name = m_storedName;
-    m_pass.dc.WriteName(from);
+    m_pass.dc.Write(from);
     tDC_STATION_HEIGHTRecord station;
     station.height = instrumentHeight;
-    m_pass.dc.WriteStationHeight(station);
+    m_pass.dc.Write(station);
     tDC_TARGET_HEIGHTRecord target;
     target.height = rodHeight;
-    m_pass.dc.WriteTargetHeight(target);
+    m_pass.dc.Write(target);
     tDC_ANGLE_DISTANCE_KEYEDRecord shot;
     shot.name = offset.name;
     shot.angle1 = azimuth;
@@ -389,7 +389,7 @@ void Gps::OnOffset(const GO_RECORD& offset) {
     shot.distance = slopeDistance;
     shot.code = offset.note;
     shot.classification = classification;
-    m_pass.dc.WriteAngleDistanceKeyed(shot);
+    m_pass.dc.Write(shot);
   }
   if (!deleted) m_pass.observed.Insert(offset.name);
 }
@@ -408,7 +408,7 @@ void Gps::OnControlPoint(const CT_RECORD& control) {
   record.value2 = vertical;
   record.value3 =
       Computed(std::sqrt(horizontal * horizontal + vertical * vertical), horizontal, vertical);
-  m_pass.dc.WriteCb(record);
+  m_pass.dc.Write(record);
 }
 
 void Gps::OnRoverPoint(const POINT_RECORD& point) {

@@ -37,7 +37,7 @@ bool Job::WriteHeader(const MO_RECORD& mode) {
   header.dateTime.append(m_date).append(L" ").append(Left(m_time, 5));
   header.angleUnit = DcDigit(AngularUnitOfRaw(mode.angleUnit));
   header.distanceUnit = DcDigit(LinearUnitOfRaw(mode.distanceUnit).value_or(LinearUnit::Metre));
-  m_pass.dc.WriteHeader(header);
+  m_pass.dc.Write(header);
   return true;
 }
 
@@ -46,11 +46,11 @@ void Job::WriteJob(const MO_RECORD& mode) {
   job.name = m_name;
   job.scaleFlag = mode.curvature == 1 ? 2 : 1;
   job.gridFlag = mode.scaleMode == 2 || mode.scaleMode == 3 ? 2 : 1;
-  m_pass.dc.WriteJob(job);
+  m_pass.dc.Write(job);
 
   tDC_OFFSET_SETTINGRecord offset;
   offset.value = mode.edmOffset;
-  m_pass.dc.WriteOffsetSetting(offset);
+  m_pass.dc.Write(offset);
 }
 
 void Job::OnCogoFlags(const CG_RECORD& flags) {
@@ -67,7 +67,7 @@ void Job::WriteCogo(std::int32_t azimuthOrigin, std::int32_t gridOrientation) {
 void Job::OnComment() {
   tDC_NOTERecord note;
   note.text = std::wstring_view(m_pass.record).substr(2);
-  m_pass.dc.WriteNote(note);
+  m_pass.dc.Write(note);
 }
 
 }  // namespace zelconvert

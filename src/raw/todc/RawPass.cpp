@@ -61,7 +61,7 @@ void RawPass::WriteGridPosition(const CZelPoint& point, bool deleted) {
   m_position.elevation = point.m_dElevation;
   m_position.code = point.m_strDescription;
   m_position.classification = Classify(point.m_strName, deleted);
-  dc.WriteGridPosition(m_position);
+  dc.Write(m_position);
 }
 
 void RawPass::WriteUnusedPoints() {

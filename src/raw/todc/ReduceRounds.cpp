@@ -40,7 +40,7 @@ class SetWriter {
   void WriteRodHeight(double height) {
     tDC_SCALERecord rod;
     rod.scale = height;
-    m_dc.WriteScale(rod);
+    m_dc.Write(rod);
   }
 
   void WriteObservation(const wchar_t* face, const Pointing& pointing, const std::wstring& note) {
@@ -52,7 +52,7 @@ class SetWriter {
     observation.angle1 = pointing.zenith;
     observation.angle2 = pointing.direction;
     observation.code = note;
-    m_dc.WriteObservationSigma(observation);
+    m_dc.Write(observation);
   }
 
   /// The mean record of a pair, whose values join those of the set.
@@ -67,7 +67,7 @@ class SetWriter {
     pair.value5 = one.distance;
     pair.value6 = two.distance;
     pair.code = note;
-    m_dc.WriteMp(pair);
+    m_dc.Write(pair);
 
     const double direction = MeanDirection(one.direction, two.direction, m_nAngleUnit);
     Keep(m_directions, IsNull(direction) ? one.direction : direction);
@@ -100,7 +100,7 @@ class SetWriter {
     means.value6 = StandardError(m_distances, means.value3);
     means.number1 = m_nPairs;
     means.number2 = static_cast<std::int32_t>(m_distances.size());
-    m_dc.WriteMa(means);
+    m_dc.Write(means);
   }
 
  private:

@@ -82,7 +82,7 @@ void Setup::WriteStation() {
   tDC_STATION_EXTRecord station;
   station.name = m_station;
   station.height = m_instrumentHeight;
-  m_pass.dc.WriteStationExt(station);
+  m_pass.dc.Write(station);
 }
 
 /// The backsight and its observation, and the rod height that holds from then on.
@@ -92,7 +92,7 @@ void Setup::WriteOrientation(double azimuth) {
   backsight.to = m_backsight;
   backsight.angle1 = azimuth;
   backsight.angle2 = m_circle;
-  m_pass.dc.WriteBacksightExt(backsight);
+  m_pass.dc.Write(backsight);
   WriteRodHeight(DC_NULL);
 
   tDC_OBSERVATION_TEXTRecord observation;
@@ -100,13 +100,13 @@ void Setup::WriteOrientation(double azimuth) {
   observation.to = m_backsight;
   observation.angle2 = FormatDcNumber(m_circle, 5);
   observation.classification = L'5';
-  m_pass.dc.WriteObservationText(observation);
+  m_pass.dc.Write(observation);
   WriteRodHeight(m_rodHeight);
 }
 
 void Setup::WriteRodHeight(double height) {
   m_rod.scale = height;
-  m_pass.dc.WriteScale(m_rod);
+  m_pass.dc.Write(m_rod);
 }
 
 void Setup::WriteObservation(std::wstring_view to, double slopeDistance, double zenith,
@@ -118,7 +118,7 @@ void Setup::WriteObservation(std::wstring_view to, double slopeDistance, double 
   m_observation.angle2 = circle;
   m_observation.code = Left(note, kNoteColumns);
   m_observation.classification = classification;
-  m_pass.dc.WriteObservationSigma(m_observation);
+  m_pass.dc.Write(m_observation);
 }
 
 }  // namespace zelconvert

@@ -128,7 +128,7 @@ void StakeOut::WriteStake() {
 void StakeOut::WritePointStake() {
   tDC_TARGET_IDRecord target;
   target.name = m_stake->name;
-  m_pass.dc.WriteTargetId(target);
+  m_pass.dc.Write(target);
 
   const STAKED_DELTA_RECORD delta = m_delta ? *m_delta : DeltaToDesign();
   m_delta.reset();
@@ -136,7 +136,7 @@ void StakeOut::WritePointStake() {
   difference.value1 = delta.north;
   difference.value2 = delta.east;
   difference.value3 = delta.elevation;
-  m_pass.dc.WriteAntennaOffset(difference);
+  m_pass.dc.Write(difference);
 }
 
 /// From the stored point; null where the design isn't known.
@@ -168,7 +168,7 @@ void StakeOut::WriteStationStake() {
   errors.value3 = Difference(stake.grade, stake.elevation);
   errors.value4 = DC_NULL;
   m_offsetError.reset();
-  m_pass.dc.WriteAntennaMeasurement(errors);
+  m_pass.dc.Write(errors);
 }
 
 /// How far the stake's offset is from the one its note asks for; null if the note asks for none.
@@ -192,12 +192,12 @@ void StakeOut::WriteSlope() {
   design.name = slope.note;
   design.side = slope.cutFill == 0 ? L"1" : L"2";
   design.slope = Computed(1 / slope.designSlope * 100, slope.designSlope);
-  m_pass.dc.WriteDesignSlope(design);
+  m_pass.dc.Write(design);
 
   tDC_ANTENNA_MEASUREMENTRecord errors;
   errors.value1 = Sum(slope.station, slope.stationShift);
   errors.value4 = slope.offset;
-  m_pass.dc.WriteAntennaMeasurement(errors);
+  m_pass.dc.Write(errors);
 
   tDC_CATCH_POINTRecord point;
   point.value1 = slope.stationShift;
@@ -205,7 +205,7 @@ void StakeOut::WriteSlope() {
   point.value3 = slope.elevation;
   point.horizontal = slope.hingeHorizontal;
   point.vertical = slope.hingeVertical;
-  m_pass.dc.WriteCatchPoint(point);
+  m_pass.dc.Write(point);
   m_slope.reset();
 }
 
@@ -216,7 +216,7 @@ void StakeOut::WriteTarget(std::int32_t offsetDirection, double station, double 
   target.flag = offsetDirection == 0 ? L";" : L"7";
   target.value1 = station;
   target.value2 = offset;
-  m_pass.dc.WriteTargetHeights(target);
+  m_pass.dc.Write(target);
 }
 
 }  // namespace zelconvert

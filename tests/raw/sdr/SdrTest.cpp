@@ -37,7 +37,9 @@ Imported Import(const std::wstring& version, const CaseFields& sdr) {
   conversion.SetSdrVersion(version == L"2" ? SdrVersion::Sdr2 : SdrVersion::Sdr33);
   Imported result{};
   const ScopedClock clock(kTime, 0);
-  result.converted = conversion.ConvertToRaw(result.messages);
+  Report report;
+  result.converted = conversion.ConvertToRaw(report);
+  result.messages = report.messages;
   EXPECT_TRUE(rawFile.Close());
   result.raw = folder.Read(L"out.raw");
   return result;

@@ -92,10 +92,10 @@ TEST(CConvRawDCFile, FailsAtTheModeOfAVersionThatThereIsNot) {
     CDcFile dc;
     EXPECT_TRUE(dc.OpenForWrite(folder.Path(L"out.dc")));
     CConvRawDCFile conversion(&raw, &dc, false, version, L"");
-    StringList messages;
-    EXPECT_TRUE(conversion.ConvertToRaw(messages)) << "which does nothing";
-    EXPECT_FALSE(conversion.ConvertFromRaw(messages));
-    EXPECT_TRUE(messages.empty());
+    Report report;
+    EXPECT_TRUE(conversion.ConvertToRaw(report)) << "which does nothing";
+    EXPECT_FALSE(conversion.ConvertFromRaw(report));
+    EXPECT_TRUE(report.messages.empty());
     EXPECT_TRUE(dc.Close());
     EXPECT_EQ(folder.Read(L"out.dc").substr(0, 9), "13NMfirst");
   }
