@@ -53,7 +53,9 @@ void CheckRoundTrip(std::wstring_view text) {
   if (!CRawFile::Parse(text, point) || text.size() > 300) return;
   const std::wstring path = FuzzDir().Path(L"out.raw");
   CRawFile out;
-  Require(out.OpenForWrite(path) && out.WriteSP(point) && out.Close());
+  Require(out.OpenForWrite(path));
+  out.WriteSP(point);
+  Require(out.Close());
   std::wstring line;
   POINT_RECORD again;
   CRawFile in;

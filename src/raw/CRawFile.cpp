@@ -2,7 +2,11 @@
 
 #include <array>
 #include <cmath>
+#include <initializer_list>
+#include <span>
 
+#include "io/Clock.h"
+#include "io/Columns.h"
 #include "io/Numbers.h"
 #include "platform/Platform.h"
 
@@ -82,6 +86,74 @@ bool ReadVertical(const RawFields& fields, SHOT_RECORD& shot) {
   return false;
 }
 
+/// Readers of the logs take a line into a buffer of 512 characters.
+constexpr std::size_t kLongestRecord = 511;
+
+/// One place of a format: "%", an optional "0", a width, a type of one or two letters.
+struct Place {
+  bool zeros = false;
+  std::size_t width = 0;
+};
+
+/// Skips the place at the start of `format`, which begins with "%".
+Place TakePlace(std::wstring_view& format) {
+  Place place;
+  format.remove_prefix(1);
+  while (!format.empty() && IsDigit(format.front())) {
+    if (format.front() == L'0' && place.width == 0) {
+      place.zeros = true;
+    } else {
+      place.width = place.width * 10 + static_cast<std::size_t>(format.front() - L'0');
+    }
+    format.remove_prefix(1);
+  }
+  if (!format.empty() && format.front() == L'l') format.remove_prefix(1);
+  if (!format.empty()) format.remove_prefix(1);
+  return place;
+}
+
+void AppendArgument(std::wstring& line, const Place& place, const RawArgument& argument) {
+  if (const auto* text = std::get_if<std::wstring_view>(&argument)) {
+    line += *text;
+  } else if (const auto* real = std::get_if<double>(&argument)) {
+    AppendFixed(line, *real, 6);
+  } else if (const auto* character = std::get_if<wchar_t>(&argument)) {
+    line += *character;
+  } else {
+    const std::wstring digits = FormatInteger(std::get<std::int32_t>(argument));
+    if (place.zeros && digits.size() < place.width) line.append(place.width - digits.size(), L'0');
+    AppendRight(line, digits, place.zeros ? 0 : place.width);
+  }
+}
+
+std::wstring FormatRecord(std::wstring_view format, std::initializer_list<RawArgument> arguments) {
+  std::wstring line;
+  const RawArgument* next = arguments.begin();
+  while (!format.empty()) {
+    const std::size_t percent = format.find(L'%');
+    line += format.substr(0, percent);
+    if (percent == std::wstring_view::npos) break;
+    format.remove_prefix(percent);
+    const Place place = TakePlace(format);
+    if (next != arguments.end()) AppendArgument(line, place, *next++);
+  }
+  return line;
+}
+
+/// A scale factor: at most six decimals, at least one ("0.99987", "1.0").
+std::wstring FormatScale(double scale) {
+  std::wstring text = FormatFixed(scale, 6);
+  while (text.size() > 2 && text.back() == L'0' && text[text.size() - 2] != L'.') text.pop_back();
+  return text;
+}
+
+/// The short forms of OF by their kind.
+constexpr std::wstring_view kOffsetFormats[] = {
+    L"OF,ZE%lf,--Vert Angle Offset",          L"OF,OL%lf,--Right Angle Offset",
+    L"OF,HD%lf,--Horizontal Distance Offset", L"OF,LR%lf,--Left / Right Offset",
+    L"OF,VD%lf,--Elevation Offset",
+};
+
 }  // namespace
 
 bool CRawFile::OpenForWrite(const std::wstring& path) {
@@ -90,10 +162,6 @@ bool CRawFile::OpenForWrite(const std::wstring& path) {
 
 bool CRawFile::OpenForAppend(const std::wstring& path) {
   return Open(path, platform::kOpenReadWrite) && SeekToEnd();
-}
-
-std::wstring CRawFile::GetFileType() const {
-  return L"RAW";
 }
 
 bool CRawFile::FindRecord(FieldTag tag, std::wstring& text) {
@@ -209,6 +277,137 @@ bool CRawFile::Parse(std::wstring_view line, PE_RECORD& projection) {
   const RawFields fields(line);
   return ReadFields<PJ_RECORD>(fields, PJ_RECORD::kFields, projection) &&
          ReadFields<PE_RECORD>(fields, PE_RECORD::kFields, projection);
+}
+
+void CRawFile::WriteText(std::wstring_view text) {
+  if (SeekToEnd()) WriteLine(Left(text, kLongestRecord));
+}
+
+void CRawFile::WriteRecord(std::wstring_view format, std::initializer_list<RawArgument> arguments) {
+  WriteText(FormatRecord(format, arguments));
+}
+
+void CRawFile::WritePoint(std::wstring_view start, const POINT_RECORD& point) {
+  std::wstring line(start);
+  line += point.name;
+  AppendFields<POINT_RECORD>(line, std::span(POINT_RECORD::kFields).subspan(1), point);
+  WriteText(line);
+}
+
+void CRawFile::WriteObservation(bool traverse, const SHOT_RECORD& shot) {
+  std::wstring line =
+      FormatRecord(traverse ? L"TR,OP%s,FP%s," : L"SS,OP%s,FP%s,", {shot.station, shot.foresight});
+  const auto append = [&line](FieldTag tag, double value) {
+    line.append(tag, 2);
+    AppendFixed(line, value, 6);
+    line += L',';
+  };
+  const bool written = shot.horizontalKind == HorizontalKind::AngleRight ||
+                       shot.horizontalKind == HorizontalKind::AngleLeft ||
+                       shot.horizontalKind == HorizontalKind::Azimuth;
+  if (written) append(kHorizontalTags[static_cast<int>(shot.horizontalKind)], shot.horizontal);
+  for (const VerticalTags& tags : kVerticalTags) {
+    if (tags.kind != shot.verticalKind) continue;
+    append(tags.vertical, shot.vertical);
+    append(tags.distance, shot.distance);
+  }
+  WriteText(line.append(L"--").append(shot.note));
+}
+
+void CRawFile::WriteBK(const BK_RECORD& backsight, const double* rodHeight) {
+  WriteFields(L"BK", backsight);
+  if (rodHeight != nullptr) WriteRecord(L"--HR at Backsight: %lf", {*rodHeight});
+}
+
+void CRawFile::WriteOffsetKind(int kind, double value) {
+  if (kind < 0 || kind >= static_cast<int>(std::size(kOffsetFormats))) return;
+  WriteRecord(kOffsetFormats[kind], {value});
+}
+
+void CRawFile::WriteOF(double angleRight, double zenith, double slopeDistance) {
+  WriteRecord(L"OF,AR%lf,ZE%lf,SD%lf", {angleRight, zenith, slopeDistance});
+}
+
+void CRawFile::WriteRD(const DIRECTION_RECORD& direction) {
+  FieldTag tag = kDirectionTags[static_cast<int>(direction.kind)];
+  WriteRecord(L"RD,%s %d:%lf", {std::wstring_view(tag), direction.set, direction.angle});
+}
+
+void CRawFile::WriteMD(std::int32_t set, double distance) {
+  WriteRecord(L"MD,SD %d:%lf", {set, distance});
+}
+
+void CRawFile::WriteRS(const RESECTION_RECORD& shot, bool longForm) {
+  if (!longForm) return WriteRecord(L"RS,PN%s,CR%lf", {shot.name, shot.circle});
+  WriteRecord(L"RS,PN%s,CR%lf,ZE%lf,SD%lf",
+              {shot.name, shot.circle, shot.zenith, shot.slopeDistance});
+}
+
+void CRawFile::WriteMO(const MO_RECORD& mode) {
+  const std::wstring scale = FormatScale(mode.scale);
+  WriteRecord(L"MO,AD%ld,UN%ld,SF%s,EC%ld,EO0.0,AU%ld",
+              {mode.azimuthOrigin, mode.distanceUnit, std::wstring_view(scale), mode.curvature,
+               mode.angleUnit});
+}
+
+void CRawFile::WriteCFPoint(const CF_RECORD& stake) {
+  std::wstring line = L"CF";
+  AppendFields<CF_RECORD>(line, CF_RECORD::kPointFields, stake);
+  AppendFields<CF_RECORD>(line, CF_RECORD::kGradeFields, stake);
+  WriteText(line);
+}
+
+void CRawFile::WriteCFStation(const CF_RECORD& stake) {
+  CF_RECORD written = stake;
+  written.offset = std::fabs(stake.offset);
+  std::wstring line = L"CF";
+  AppendFields<CF_RECORD>(line, CF_RECORD::kStationFields, written);
+  AppendFields<CF_RECORD>(line, CF_RECORD::kGradeFields, written);
+  WriteText(line);
+}
+
+void CRawFile::WriteSUGrid(double gh1, double gh2, double de1, double de2, double sm) {
+  WriteRecord(L"SU,GH%lf,GH%lf,DE%lf,DE%lf,SM%lf", {gh1, gh2, de1, de2, sm});
+}
+
+void CRawFile::WriteSUPosition(double latitude, double longitude, std::int32_t eg) {
+  if (eg >= 0 && eg <= 2) WriteRecord(L"SU,LA%lf,LO%lf,EG%ld", {latitude, longitude, eg});
+}
+
+void CRawFile::WriteSUDate(std::int32_t month, std::int32_t day, std::int32_t year) {
+  WriteRecord(L"SU,DT%02d%02d%04d", {month, day, year});
+}
+
+void CRawFile::WriteSUTime(double time) {
+  // "02.05" is part of the record: a width that once slipped out of a format, and stayed.
+  WriteRecord(L"SU,TM02.05%lf", {time});
+}
+
+void CRawFile::WriteSUAngle(bool backsight, bool reverse, double angle) {
+  WriteRecord(L"SU,%c%c%lf", {backsight ? L'B' : L'F', reverse ? L'V' : L'D', angle});
+}
+
+void CRawFile::WriteRE(std::wstring_view station, double elevation, double zenith,
+                       double slopeDistance) {
+  WriteRecord(L"RE,OP%s,FE%lf,ZE%lf,SD%lf,--Remote elev",
+              {station, elevation, zenith, slopeDistance});
+}
+
+void CRawFile::WriteHC(const CONTROL_RECORD& control) {
+  WriteFields(L"HC", control);
+  WriteLine({});
+}
+
+void CRawFile::WriteVC(const CONTROL_RECORD& control) {
+  WriteFields(L"VC", control);
+  WriteLine({});
+}
+
+void CRawFile::WriteDateComment(std::wstring& text) {
+  const platform::LocalTime now = CurrentLocalTime();
+  text = FormatRecord(L"Date: %02d-%02d-%04d  Time: %02d:%02d:%02d",
+                      {now.month, now.day, now.year, now.hour, now.minute, now.second});
+  WriteComment(text);
 }
 
 }  // namespace zelconvert

@@ -4,7 +4,6 @@
 
 #include <cstdint>
 #include <initializer_list>
-#include <span>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -15,61 +14,64 @@
 
 namespace zelconvert {
 
+/// What a conversion that refuses a bad record says, with the number of its line from 1.
+inline constexpr std::wstring_view kBadRawRecordText =
+    L"Bad raw data record found at line %ld. The conversion is aborted.";
+
 /// What goes into one place of a record's format.
 using RawArgument = std::variant<std::wstring_view, double, std::int32_t, wchar_t>;
 
 class CRawFile : public CFileCE {
  public:
+  // The writers of the grammar. The conversions use WriteRecord, WriteMO, WriteJB and WriteComment;
+  // the others serve programs that write logs of their own. HasWriteFailed tells of a failed write.
+
   /// One line of `format` at the end of the file, cut to 511 characters. Places are %s, %lf (six
   /// decimals), %c, %d and %ld, the integers with a width such as %4d or %02d.
-  virtual bool WriteRecord(std::wstring_view format, std::span<const RawArgument> arguments);
+  virtual void WriteRecord(std::wstring_view format, std::initializer_list<RawArgument> arguments);
 
-  virtual bool WriteOC(const POINT_RECORD& point);
+  virtual void WriteOC(const POINT_RECORD& point) { WritePoint(L"OC,OP", point); }
   /// `traverse`: TR, else SS. Kinds BR, DR and DL have no written form: no horizontal field then.
-  virtual bool WriteObservation(bool traverse, const SHOT_RECORD& shot);
+  virtual void WriteObservation(bool traverse, const SHOT_RECORD& shot);
   /// With `rodHeight` a comment "HR at Backsight" follows.
-  virtual bool WriteBK(const BK_RECORD& backsight, const double* rodHeight = nullptr);
-  virtual bool WriteLS(const LS_RECORD& heights);
+  virtual void WriteBK(const BK_RECORD& backsight, const double* rodHeight = nullptr);
+  virtual void WriteLS(const LS_RECORD& heights) { WriteFields(L"LS", heights); }
   /// The short forms of OF: 0 vertical angle, 1 right angle, 2 horizontal distance, 3 left or
-  /// right, 4 elevation. False for another kind.
-  virtual bool WriteOffsetKind(int kind, double value);
-  virtual bool WriteOF(double angleRight, double zenith, double slopeDistance);
-  virtual bool WriteRD(const DIRECTION_RECORD& direction);
-  virtual bool WriteMD(std::int32_t set, double distance);
-  virtual bool WriteSP(const POINT_RECORD& point);
+  /// right, 4 elevation. Another kind has none.
+  virtual void WriteOffsetKind(int kind, double value);
+  virtual void WriteOF(double angleRight, double zenith, double slopeDistance);
+  virtual void WriteRD(const DIRECTION_RECORD& direction);
+  virtual void WriteMD(std::int32_t set, double distance);
+  virtual void WriteSP(const POINT_RECORD& point) { WritePoint(L"SP,PN", point); }
   /// `longForm`: with zenith and distance.
-  virtual bool WriteRS(const RESECTION_RECORD& shot, bool longForm);
+  virtual void WriteRS(const RESECTION_RECORD& shot, bool longForm);
   /// EO is always written as 0.0, SK not at all.
-  virtual bool WriteMO(const MO_RECORD& mode);
-  virtual bool WriteSK(const STAKE_SHOT_RECORD& shot);
-  virtual bool WriteCFPoint(const CF_RECORD& stake);
+  virtual void WriteMO(const MO_RECORD& mode);
+  virtual void WriteSK(const STAKE_SHOT_RECORD& shot) { WriteFields(L"SK", shot); }
+  virtual void WriteCFPoint(const CF_RECORD& stake);
   /// The offset without its sign.
-  virtual bool WriteCFStation(const CF_RECORD& stake);
-  virtual bool WriteSUGrid(double gh1, double gh2, double de1, double de2, double sm);
-  /// `eg`: 0, 1 or 2.
-  virtual bool WriteSUPosition(double latitude, double longitude, std::int32_t eg);
-  virtual bool WriteSUDate(std::int32_t month, std::int32_t day, std::int32_t year);
-  virtual bool WriteSUTime(double time);
-  virtual bool WriteSUAngle(bool backsight, bool reverse, double angle);
-  virtual bool WriteJB(const JB_RECORD& job);
-  virtual bool WriteRE(std::wstring_view station, double elevation, double zenith,
+  virtual void WriteCFStation(const CF_RECORD& stake);
+  virtual void WriteSUGrid(double gh1, double gh2, double de1, double de2, double sm);
+  /// `eg`: 0, 1 or 2; nothing is written for another.
+  virtual void WriteSUPosition(double latitude, double longitude, std::int32_t eg);
+  virtual void WriteSUDate(std::int32_t month, std::int32_t day, std::int32_t year);
+  virtual void WriteSUTime(double time);
+  virtual void WriteSUAngle(bool backsight, bool reverse, double angle);
+  virtual void WriteJB(const JB_RECORD& job) { WriteFields(L"JB", job); }
+  virtual void WriteRE(std::wstring_view station, double elevation, double zenith,
                        double slopeDistance);
-  virtual bool WriteRF(const ROUND_FORESIGHT_RECORD& shot);
-  virtual bool WriteRB(const ROUND_BACKSIGHT_RECORD& shot);
-  virtual bool WriteBP(const BP_RECORD& base);
+  virtual void WriteRF(const ROUND_FORESIGHT_RECORD& shot) { WriteFields(L"RF", shot); }
+  virtual void WriteRB(const ROUND_BACKSIGHT_RECORD& shot) { WriteFields(L"RB", shot); }
+  virtual void WriteBP(const BP_RECORD& base) { WriteFields(L"BP", base); }
   /// A blank line follows HC and VC.
-  virtual bool WriteHC(const CONTROL_RECORD& control);
-  virtual bool WriteVC(const CONTROL_RECORD& control);
-  virtual bool WriteGS(const POINT_RECORD& point);
-  virtual bool WriteComment(std::wstring_view text);
+  virtual void WriteHC(const CONTROL_RECORD& control);
+  virtual void WriteVC(const CONTROL_RECORD& control);
+  virtual void WriteGS(const POINT_RECORD& point) { WritePoint(L"GS,PN", point); }
+  virtual void WriteComment(std::wstring_view text) { WriteRecord(L"--%s", {text}); }
   /// "Date: ..." with the local time, which `text` gets as well, without "--".
-  virtual bool WriteDateComment(std::wstring& text);
+  virtual void WriteDateComment(std::wstring& text);
 
   bool OpenForWrite(const std::wstring& path);
-  /// Opens an existing file and moves to its end.
-  bool OpenForAppend(const std::wstring& path);
-  std::wstring GetFileType() const;
-
   /// The next line; false at the end of the file.
   bool ReadRecord(std::wstring& text) { return ReadLine(text); }
   /// The next line that begins with a tag; `text` is empty when there is none.
@@ -81,7 +83,6 @@ class CRawFile : public CFileCE {
   static bool GetField(std::wstring_view record, FieldTag tag, std::wstring_view& value);
   /// An empty field is DC_NULL.
   static bool GetDoubleField(std::wstring_view record, FieldTag tag, double& value);
-  static bool GetIntField(std::wstring_view record, FieldTag tag, std::int32_t& value);
 
   /// What the fields of a line say, found by the type of the record; the tag of the line isn't
   /// looked at. False when a required field is missing: what stands in front of that field in the
@@ -102,12 +103,21 @@ class CRawFile : public CFileCE {
   static bool Parse(std::wstring_view line, GP_RECORD& point);
   static bool Parse(std::wstring_view line, PE_RECORD& projection);
 
+  // What nothing here calls: for programs that write or read logs of their own.
+  /// Opens an existing file and moves to its end.
+  bool OpenForAppend(const std::wstring& path);
+  std::wstring GetFileType() const { return L"RAW"; }
+  static bool GetIntField(std::wstring_view record, FieldTag tag, std::int32_t& value);
+
  private:
-  bool WriteText(std::wstring_view text);
-  bool WriteFormat(std::wstring_view format, std::initializer_list<RawArgument> arguments);
-  bool WritePoint(std::wstring_view tag, FieldTag nameTag, const POINT_RECORD& point);
+  void WriteText(std::wstring_view text);
+  void WritePoint(std::wstring_view start, const POINT_RECORD& point);
   template <class Record>
-  bool WriteFields(std::wstring_view tag, const Record& record);
+  void WriteFields(std::wstring_view tag, const Record& record) {
+    std::wstring line(tag);
+    AppendFields<Record>(line, Record::kFields, record);
+    WriteText(line);
+  }
 };
 
 }  // namespace zelconvert

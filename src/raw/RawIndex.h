@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <functional>
 #include <initializer_list>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -15,6 +16,7 @@
 #include "raw/CRawFile.h"
 #include "raw/NameSet.h"
 #include "raw/RawRecords.h"
+#include "raw/RawUnits.h"
 
 namespace zelconvert {
 
@@ -36,17 +38,18 @@ class RawKinds {
 inline constexpr RawKinds kShotKinds = {RawRecordType::SS, RawRecordType::TR, RawRecordType::SK,
                                         RawRecordType::OB};
 
-/// What an LS ahead says, in the distance unit that holds there.
+/// What an LS ahead says.
 struct HeightsAhead {
   std::int64_t line;
   LS_RECORD heights;
-  bool hasRodHeight;          ///< the LS has an HR
-  std::int32_t distanceUnit;  ///< UN of the latest good MO in front of it, or kNoDistanceUnit
-  std::int64_t modeLine;      ///< the line of that MO
+  bool hasRodHeight;               ///< the LS has an HR
+  std::optional<LinearUnit> unit;  ///< that of the latest good MO before it, if one tells a unit
+  std::int64_t modeLine;           ///< the line of that MO
+  std::int32_t distanceUnit;       ///< UN of that MO, or kNoDistanceUnit: for the reduction to DC
 };
 inline constexpr std::int32_t kNoDistanceUnit = -1;
 
-/// Lines are counted from 1. The look-aheads answer for the record on `line`, by the records behind
+/// Lines are counted from 1. The look-aheads answer for the record on `line`, by the records after
 /// it; asked in the order of the file, all of them together take linear time.
 class RawIndex {
  public:
@@ -127,6 +130,7 @@ class RawIndex {
   NameSet m_AskedNames;
   MO_RECORD m_FirstMode;
   std::int32_t m_nDistanceUnit = kNoDistanceUnit;  // of the latest good MO
+  std::optional<LinearUnit> m_unit;                // likewise
   std::int64_t m_nModeLine = 0;                    // its line
   bool m_bHasMode = false;
   bool m_bSetupOpen = false;   // an OC, BK or TR, and neither LS nor shot since

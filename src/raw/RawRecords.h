@@ -104,13 +104,16 @@ struct JB_RECORD {
   };
 };
 
+/// AD of a log whose azimuths count from south.
+inline constexpr std::int32_t kFromSouth = 1;
+
 struct MO_RECORD {
-  std::int32_t azimuthOrigin = 0;  ///< AD: 1 reckons azimuths from south
-  std::int32_t distanceUnit = 0;
+  std::int32_t azimuthOrigin = 0;  ///< AD: kFromSouth, or from north
+  std::int32_t distanceUnit = 0;   ///< UN: see LinearUnitOfRaw
   double scale = 1;
   std::int32_t curvature = 0;  ///< EC: 1 corrects for the earth's curvature
   double edmOffset = 0;        ///< EO
-  std::int32_t angleUnit = 0;
+  std::int32_t angleUnit = 0;  ///< AU: see AngularUnitOfRaw
   std::int32_t scaleMode = 0;  ///< SK; absent: 1 if the scale isn't 1, else 0
 
   static constexpr RawField<MO_RECORD> kFields[] = {

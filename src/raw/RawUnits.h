@@ -22,6 +22,14 @@ constexpr AngularUnit AngularUnitOfRaw(std::int32_t au) {
   return au == 1 ? AngularUnit::Gon : AngularUnit::DegreesMinutesSeconds;
 }
 
+// The codes of units that are written.
+constexpr std::int32_t RawCodeOf(LinearUnit unit) {
+  return unit == LinearUnit::InternationalFoot ? 0 : unit == LinearUnit::Metre ? 1 : 2;
+}
+constexpr std::int32_t RawCodeOf(AngularUnit unit) {
+  return unit == AngularUnit::Gon ? 1 : 0;
+}
+
 /// What an angle that was read in `unit` is reckoned in: decimal degrees if it came as degrees,
 /// minutes and seconds.
 constexpr AngularUnit ReckonedUnit(AngularUnit unit) {

@@ -287,87 +287,66 @@ class RawWriters : public testing::Test {
 
 TEST_F(RawWriters, WriteEveryRecord) {
   const ScopedClock clock({2026, 3, 5, 13, 4, 5, 6, 789}, 1);
-  const POINT_RECORD point{L"p", 1.5, -2, DC_NULL, L"n,o"};
-  const STAKE_SHOT_RECORD stakeShot{L"a", L"b", 1, 2, 3, L"n"};
-  const ROUND_SHOT_RECORD round{L"a", L"b", 1, 2, 3, 4, L"n"};
-  const CONTROL_RECORD control{L"p", 1, 2, 3, L"n"};
-  const RESECTION_RECORD resection{L"p", 1, 2, 3};
   const double rodHeight = 1.25;
-  SHOT_RECORD shot{L"a", L"b", HorizontalKind::AngleRight, 1, VerticalKind::Zenith, 2, 3, L"n"};
-  CF_RECORD stake;
-  stake.name = L"p";
-  stake.station = 1;
-  stake.offsetDirection = 2;
-  stake.offset = -3;
-  stake.elevation = 4;
-  stake.grade = 5;
-  MO_RECORD mode{1, 2, 0.99987, 3, 9, 1, 9};
+  const ROUND_SHOT_RECORD round{L"a", L"b", 1, 2, 3, 4, L"n"};
+  const RESECTION_RECORD resection{L"p", 1, 2, 3};
+  const CONTROL_RECORD control{L"p", 1, 2, 3, L"n"};
+  const CF_RECORD stake{false, L"p", 1, 2, -3, 4, 5, {}};
 
-  EXPECT_TRUE(raw.WriteJB({L"job", L"01-02-2026", L"03:04:05"}));
-  EXPECT_TRUE(raw.WriteMO(mode));
-  for (const double scale : {1.0, 100.0, 0.5, 0.1234567}) {
-    mode.scale = scale;
-    EXPECT_TRUE(raw.WriteMO(mode));
+  raw.WriteJB({L"job", L"01-02-2026", L"03:04:05"});
+  for (const double scale : {0.99987, 1.0, 100.0, 0.5, 0.1234567}) {
+    raw.WriteMO({1, 2, scale, 3, 9, 1, 9});
   }
-  EXPECT_TRUE(raw.WriteOC(point));
-  EXPECT_TRUE(raw.WriteSP({L"p", 1, 2, 3, {}}));
-  EXPECT_TRUE(raw.WriteGS({L"p", 1, 2, 3, {}}));
-  EXPECT_TRUE(raw.WriteBK({L"a", L"b", 1, 2}));
-  EXPECT_TRUE(raw.WriteBK({L"a", L"b", 1, 2}, &rodHeight));
-  EXPECT_TRUE(raw.WriteLS({1, 2}));
-  EXPECT_TRUE(raw.WriteObservation(true, shot));
-  shot.horizontalKind = HorizontalKind::AngleLeft;
-  shot.verticalKind = VerticalKind::ElevationChange;
-  EXPECT_TRUE(raw.WriteObservation(false, shot));
-  shot.horizontalKind = HorizontalKind::Azimuth;
-  shot.verticalKind = VerticalKind::VerticalAngle;
-  EXPECT_TRUE(raw.WriteObservation(false, shot));
-  shot.horizontalKind = HorizontalKind::Bearing;
-  EXPECT_TRUE(raw.WriteObservation(false, shot));
-  EXPECT_TRUE(raw.WriteSK(stakeShot));
-  EXPECT_TRUE(raw.WriteRE(L"a", 1, 2, 3));
-  EXPECT_TRUE(raw.WriteRB({round}));
-  EXPECT_TRUE(raw.WriteRF({round}));
-  EXPECT_TRUE(raw.WriteRD({DirectionKind::BacksightDirect, 1, 2}));
-  EXPECT_TRUE(raw.WriteRD({DirectionKind::ForesightReverse, 1, 2}));
-  EXPECT_TRUE(raw.WriteRD({DirectionKind::ZenithDirect, 1, 2}));
-  EXPECT_TRUE(raw.WriteMD(1, 2));
-  EXPECT_TRUE(raw.WriteRS(resection, false));
-  EXPECT_TRUE(raw.WriteRS(resection, true));
-  EXPECT_TRUE(raw.WriteOF(1, 2, 3));
-  EXPECT_TRUE(raw.WriteOffsetKind(0, 1));
-  EXPECT_TRUE(raw.WriteOffsetKind(1, 1));
-  EXPECT_TRUE(raw.WriteOffsetKind(2, 1));
-  EXPECT_TRUE(raw.WriteOffsetKind(3, 1));
-  EXPECT_TRUE(raw.WriteOffsetKind(4, 1));
-  EXPECT_TRUE(raw.WriteCFPoint(stake));
-  EXPECT_TRUE(raw.WriteCFStation(stake));
-  EXPECT_TRUE(raw.WriteSUGrid(1, 2, 3, 4, 5));
-  EXPECT_TRUE(raw.WriteSUPosition(1, 2, 2));
-  EXPECT_TRUE(raw.WriteSUDate(1, 2, 2026));
-  EXPECT_TRUE(raw.WriteSUTime(1));
-  EXPECT_TRUE(raw.WriteSUAngle(true, false, 1));
-  EXPECT_TRUE(raw.WriteSUAngle(false, true, 1));
-  EXPECT_TRUE(raw.WriteBP({L"p", 1, 2, 3, 4}));
-  EXPECT_TRUE(raw.WriteHC(control));
-  EXPECT_TRUE(raw.WriteVC(control));
-  EXPECT_TRUE(raw.WriteComment(L"a, b\n"));
+  raw.WriteOC({L"p", 1.5, -2, DC_NULL, L"n,o"});
+  raw.WriteSP({L"p", 1, 2, 3, {}});
+  raw.WriteGS({L"p", 1, 2, 3, {}});
+  raw.WriteBK({L"a", L"b", 1, 2});
+  raw.WriteBK({L"a", L"b", 1, 2}, &rodHeight);
+  raw.WriteLS({1, 2});
+  using enum HorizontalKind;
+  raw.WriteObservation(true, {L"a", L"b", AngleRight, 1, VerticalKind::Zenith, 2, 3, L"n"});
+  raw.WriteObservation(false,
+                       {L"a", L"b", AngleLeft, 1, VerticalKind::ElevationChange, 2, 3, L"n"});
+  raw.WriteObservation(false, {L"a", L"b", Azimuth, 1, VerticalKind::VerticalAngle, 2, 3, L"n"});
+  raw.WriteObservation(false, {L"a", L"b", Bearing, 1, VerticalKind::VerticalAngle, 2, 3, L"n"});
+  raw.WriteSK({L"a", L"b", 1, 2, 3, L"n"});
+  raw.WriteRE(L"a", 1, 2, 3);
+  raw.WriteRB({round});
+  raw.WriteRF({round});
+  raw.WriteRD({DirectionKind::BacksightDirect, 1, 2});
+  raw.WriteRD({DirectionKind::ForesightReverse, 1, 2});
+  raw.WriteRD({DirectionKind::ZenithDirect, 1, 2});
+  raw.WriteMD(1, 2);
+  raw.WriteRS(resection, false);
+  raw.WriteRS(resection, true);
+  raw.WriteOF(1, 2, 3);
+  for (int kind = -1; kind < 6; ++kind) raw.WriteOffsetKind(kind, 1);  // 0 to 4 write one
+  raw.WriteCFPoint(stake);
+  raw.WriteCFStation(stake);
+  raw.WriteSUGrid(1, 2, 3, 4, 5);
+  for (const int eg : {-1, 2, 3}) raw.WriteSUPosition(1, 2, eg);  // 0 to 2 write one
+  raw.WriteSUDate(1, 2, 2026);
+  raw.WriteSUTime(1);
+  raw.WriteSUAngle(true, false, 1);
+  raw.WriteSUAngle(false, true, 1);
+  raw.WriteBP({L"p", 1, 2, 3, 4});
+  raw.WriteHC(control);
+  raw.WriteVC(control);
+  raw.WriteComment(L"a, b\n");
   std::wstring date;
-  EXPECT_TRUE(raw.WriteDateComment(date));
+  raw.WriteDateComment(date);
   EXPECT_EQ(date, L"Date: 03-13-2026  Time: 04:05:06");
-  EXPECT_TRUE(raw.WriteComment(std::wstring(600, L'x')));
-  EXPECT_FALSE(raw.WriteOffsetKind(5, 1));
-  EXPECT_FALSE(raw.WriteSUPosition(1, 2, 3));
+  raw.WriteComment(std::wstring(600, L'x'));
+  EXPECT_FALSE(raw.HasWriteFailed());
   EXPECT_EQ(Written(), ReadBytes("tests/golden-lines/raw-written.raw"));
 }
 
 TEST_F(RawWriters, FormatPlaces) {
-  const RawArgument arguments[] = {std::wstring_view(L"text"), 7, 7, 7, L'c', 1.5};
-  EXPECT_TRUE(raw.WriteRecord(L"%s|%ld|%02d|%10d|%c|%lf|%s", arguments));
+  raw.WriteRecord(L"%s|%ld|%02d|%10d|%c|%lf|%s", {std::wstring_view(L"text"), 7, 7, 7, L'c', 1.5});
   EXPECT_EQ(Written(), "text|7|07|         7|c|1.500000|\r\n");
 }
 
-TEST_F(RawWriters, AppendBehindWhatIsThere) {
+TEST_F(RawWriters, AppendToWhatIsThere) {
   EXPECT_EQ(raw.GetFileType(), L"RAW");
   raw.WriteComment(L"one");
   EXPECT_TRUE(raw.Close());
@@ -375,8 +354,10 @@ TEST_F(RawWriters, AppendBehindWhatIsThere) {
   raw.WriteComment(L"two");
   raw.SeekToBegin();
   std::wstring text;
-  EXPECT_TRUE(raw.ReadRecord(text));
+  EXPECT_TRUE(raw.FindRecord(L"--", text));
   EXPECT_EQ(text, L"--one");
+  EXPECT_FALSE(raw.FindRecord(L"JB", text));
+  EXPECT_EQ(text, L"");
   raw.SeekToBegin();
   raw.WriteComment(L"three");
   EXPECT_EQ(Written(), "--one\r\n--two\r\n--three\r\n");
@@ -384,21 +365,9 @@ TEST_F(RawWriters, AppendBehindWhatIsThere) {
   EXPECT_FALSE(absent.OpenForAppend(folder.Path(L"absent.raw")));
 }
 
-TEST(RawFile, FindsARecordAhead) {
-  const TempDir folder;
-  CRawFile raw;
-  ASSERT_TRUE(raw.Open(folder.Write(L"in.raw", "JB,NM1\r\nMO\r\n\r\nJB,NM2\r\n"),
-                       platform::kOpenReadWrite));
-  std::wstring text;
-  EXPECT_TRUE(raw.FindRecord(L"MO", text));
-  EXPECT_EQ(text, L"MO");
-  EXPECT_TRUE(raw.FindRecord(L"JB", text));
-  EXPECT_EQ(text, L"JB,NM2");
-  EXPECT_FALSE(raw.FindRecord(L"JB", text));
-  EXPECT_EQ(text, L"");
-}
-
 // ---- Angles
+
+constexpr AngularUnit kDegrees = AngularUnit::DecimalDegrees;
 
 TEST(Angles, AreReadAsDegreesMinutesSeconds) {
   struct Case {
@@ -425,16 +394,15 @@ TEST(Angles, AreNormalizedAndConverted) {
   EXPECT_EQ(NormalizeDegrees(360), 0);
   EXPECT_EQ(NormalizeGons(-90), 310);
   EXPECT_EQ(NormalizeGons(405), 5);
-  EXPECT_EQ(ConvertAngleUnit(kRawDegrees, kRawGons, 100), 90);
-  EXPECT_EQ(ConvertAngleUnit(kRawGons, kRawDegrees, 90), 100);
-  EXPECT_EQ(ConvertAngleUnit(kRawGons, kRawGons, 90), 90);
-  EXPECT_EQ(ConvertAngleUnit(5, kRawGons, 90), 90);
-  EXPECT_EQ(ConvertAngleUnit(kRawGons, kRawDegrees, DC_NULL), DC_NULL);
-  EXPECT_EQ(NormalizeZenith(-DmsToDegrees(0), kRawDegrees), 0);
-  EXPECT_EQ(NormalizeZenith(90 - DmsToDegrees(90), kRawDegrees), 0);
-  EXPECT_EQ(NormalizeZenith(-259.5, kRawDegrees), 100.5);
-  EXPECT_EQ(NormalizeZenith(-1, kRawGons), 399);
-  EXPECT_EQ(NormalizeZenith(-1e-8, kRawDegrees), 360 - 1e-8);
+  EXPECT_EQ(ConvertAngleUnit(kDegrees, AngularUnit::Gon, 100), 90);
+  EXPECT_EQ(ConvertAngleUnit(AngularUnit::Gon, kDegrees, 90), 100);
+  EXPECT_EQ(ConvertAngleUnit(AngularUnit::Gon, AngularUnit::Gon, 90), 90);
+  EXPECT_EQ(ConvertAngleUnit(AngularUnit::Gon, kDegrees, DC_NULL), DC_NULL);
+  EXPECT_EQ(NormalizeZenith(-DmsToDegrees(0), kDegrees), 0);
+  EXPECT_EQ(NormalizeZenith(90 - DmsToDegrees(90), kDegrees), 0);
+  EXPECT_EQ(NormalizeZenith(-259.5, kDegrees), 100.5);
+  EXPECT_EQ(NormalizeZenith(-1, AngularUnit::Gon), 399);
+  EXPECT_EQ(NormalizeZenith(-1e-8, kDegrees), 360 - 1e-8);
 }
 
 TEST(Angles, PassNull) {
@@ -442,10 +410,10 @@ TEST(Angles, PassNull) {
     EXPECT_EQ(DmsToDegrees(null), null);
     EXPECT_EQ(DmsToDegreesSigned(null), null);
     EXPECT_EQ(NormalizeDegrees(null), null);
-    EXPECT_EQ(NormalizeZenith(null, kRawGons), null);
-    EXPECT_EQ(ConvertAngleUnit(kRawGons, kRawDegrees, null), null);
+    EXPECT_EQ(NormalizeZenith(null, AngularUnit::Gon), null);
+    EXPECT_EQ(ConvertAngleUnit(AngularUnit::Gon, kDegrees, null), null);
   }
-  EXPECT_TRUE(IsNull(ParseBearing(L"", kRawGons)));
+  EXPECT_TRUE(IsNull(ParseBearing(L"", AngularUnit::Gon)));
 }
 
 TEST(Angles, AreReadFromBearings) {
@@ -453,9 +421,8 @@ TEST(Angles, AreReadFromBearings) {
     const std::wstring& text = texts[0];
     const double degrees = ToReal(texts.at(1));
     SCOPED_TRACE(text);
-    EXPECT_NEAR(ParseBearing(text, kRawDegrees), degrees, 1e-11);
-    EXPECT_NEAR(ParseBearing(text, kRawGons), degrees / 0.9, 1e-11);
-    EXPECT_NEAR(ParseBearing(text, 7), degrees, 1e-11);
+    EXPECT_NEAR(ParseBearing(text, kDegrees), degrees, 1e-11);
+    EXPECT_NEAR(ParseBearing(text, AngularUnit::Gon), degrees / 0.9, 1e-11);
   }
 }
 

@@ -2,13 +2,18 @@
 
 #include <cmath>
 #include <limits>
+#include <optional>
 
 #include "convert/CConvertProgress.h"
+#include "io/HandlerTable.h"
 #include "io/Numbers.h"
 #include "io/Strings.h"
 #include "io/Units.h"
 #include "raw/Angles.h"
 #include "raw/RawIndex.h"
+#include "raw/RawUnits.h"
+#include "raw/ReduceShot.h"
+#include "raw/sdr/NoteMarks.h"
 
 namespace zelconvert {
 namespace {
@@ -20,23 +25,9 @@ constexpr std::wstring_view kAlphanumericText =
     L"converted.";
 
 constexpr double kFeetPerUsFoot = 1.000002;
+constexpr double kInchesPerFoot = 12;
 constexpr std::size_t kNoteLength = 16;
 constexpr std::size_t kFigureNameLength = 9;
-
-struct MarkName {
-  std::wstring_view text;
-  NoteMark mark;
-};
-constexpr MarkName kMarks[] = {
-    {L"BEG", NoteMark::BEG}, {L"END", NoteMark::END}, {L"CP1", NoteMark::CP1},
-    {L"CP2", NoteMark::CP2}, {L"CP3", NoteMark::CP3}, {L"JFS", NoteMark::JFS},
-    {L"JNS", NoteMark::JNS}, {L"BC", NoteMark::BC},   {L"EC", NoteMark::EC},
-    {L"C2", NoteMark::C2},   {L"C3", NoteMark::C3},   {L"JN", NoteMark::JN},
-    {L"JP", NoteMark::JP},   {L"JT", NoteMark::JT},   {L"R3", NoteMark::R3},
-    {L"SS", NoteMark::SS},
-};
-constexpr MarkName kMarksWithValue[] = {
-    {L"C2", NoteMark::C2}, {L"JP", NoteMark::JP}, {L"JT", NoteMark::JT}};
 
 // A field that the record lacks: no text of a log reads as NaN.
 constexpr double kUnread = std::numeric_limits<double>::quiet_NaN();
@@ -50,12 +41,12 @@ void KeepRead(std::wstring_view text, std::wstring& kept) {
   if (WasRead(text)) kept = text;
 }
 
-/// One run over a log. A record that lacks a field isn't refused: what stands in front of the field
+/// One run over a log. A record that lacks a field isn't refused: what stands before the field
 /// counts, and what the pass remembers from earlier records stands for the rest.
 class RawToSdr {
  public:
   RawToSdr(CRawFile& raw, CFileCE& sdr, const SdrLayout& layout, StringList& messages)
-      : m_raw(raw), m_sdr(sdr), m_lines(layout), m_messages(messages) {}
+      : m_raw(raw), m_sdr(sdr), m_layout(layout), m_lines(layout), m_messages(messages) {}
 
   bool Run() {
     CConvertProgress progress;
@@ -72,26 +63,25 @@ class RawToSdr {
   }
 
  private:
-  struct Handler {
-    RawRecordType type;
-    bool (RawToSdr::*handle)(std::wstring_view record);
-  };
+  using Handler = bool (RawToSdr::*)(std::wstring_view record);
 
-  bool Convert(std::wstring_view record) {
-    static constexpr Handler kHandlers[] = {
-        {RawRecordType::SS, &RawToSdr::OnShot},    {RawRecordType::TR, &RawToSdr::OnTraverse},
-        {RawRecordType::LS, &RawToSdr::OnHeights}, {RawRecordType::Comment, &RawToSdr::OnComment},
-        {RawRecordType::SP, &RawToSdr::OnStored},  {RawRecordType::BK, &RawToSdr::OnBacksight},
-        {RawRecordType::OC, &RawToSdr::OnOccupy},  {RawRecordType::MO, &RawToSdr::OnMode},
+  [[nodiscard]] bool Convert(std::wstring_view record) {
+    static constexpr auto kHandlers = MakeHandlerTable<kRawRecordTypes, RawRecordType, Handler>({
+        {RawRecordType::SS, &RawToSdr::OnShot},
+        {RawRecordType::TR, &RawToSdr::OnTraverse},
+        {RawRecordType::LS, &RawToSdr::OnHeights},
+        {RawRecordType::Comment, &RawToSdr::OnComment},
+        {RawRecordType::SP, &RawToSdr::OnStored},
+        {RawRecordType::BK, &RawToSdr::OnBacksight},
+        {RawRecordType::OC, &RawToSdr::OnOccupy},
+        {RawRecordType::MO, &RawToSdr::OnMode},
         {RawRecordType::JB, &RawToSdr::OnJob},
-    };
-    const RawRecordType type = CRawFile::GetRecordType(record);
-    for (const Handler& handler : kHandlers) {
-      if (handler.type == type) return (this->*handler.handle)(record);
-    }
-    return true;
+    });
+    const Handler* handler = kHandlers.Find(CRawFile::GetRecordType(record));
+    return handler == nullptr || (this->**handler)(record);
   }
 
+  // Each is false for a point name that the layout can't write.
   bool OnJob(std::wstring_view record);
   bool OnMode(std::wstring_view record);
   bool OnBacksight(std::wstring_view record);
@@ -108,42 +98,49 @@ class RawToSdr {
   void CountDown();
   void ReduceForesight();
   bool Advance();
+  bool PutInstrument();
 
   void FindHeights(RawRecordType type, std::wstring_view name);
   /// From here on angles are decimal degrees or gons, as the mode says.
-  double Angle(double value) const { return IsGons() ? value : DmsToDegrees(value); }
+  double Angle(double value) const { return ReckonedAngle(value, m_angles); }
   double NorthAzimuth(double azimuth) const;
   double AngleOfRadians(double radians) const { return radians / kPi * HalfCircle(); }
-  double HalfCircle() const { return FullCircle(m_mode.angleUnit) / 2; }
-  bool IsGons() const { return m_mode.angleUnit == kRawGons; }
+  double HalfCircle() const { return FullCircle(m_angles) / 2; }
 
-  double Length(double value) const { return Length(value, m_mode.distanceUnit); }
+  double Length(double value) const { return Length(value, m_lengths); }
   /// SDR files know no US survey feet: these become international feet.
-  static double Length(double value, std::int32_t unit) {
-    return unit == kRawUsSurveyFeet && !IsNull(value) ? value * kFeetPerUsFoot : value;
+  static double Length(double value, std::optional<LinearUnit> unit) {
+    return unit == LinearUnit::UsSurveyFoot && !IsNull(value) ? value * kFeetPerUsFoot : value;
   }
-  bool IsUsFeet() const { return m_mode.distanceUnit == kRawUsSurveyFeet; }
 
-  /// Writes the line that m_lines holds. With `named` false the line has a name that the layout
-  /// can't write.
-  bool Put(bool named = true) {
-    if (!named) {
+  template <class Record>
+  [[nodiscard]] bool Put(const Record& record) {
+    if (!m_lines.Make(record)) {
       m_messages.emplace_back(kAlphanumericText);
       return false;
     }
-    return m_sdr.WriteLine(m_lines.Line());
+    m_sdr.WriteLine(m_lines.Line());
+    return true;
   }
-  bool PutStation() { return Put(m_lines.Station(m_occupied, m_instrumentHeight)); }
-  bool PutBacksight() {
-    return Put(m_lines.Backsight(m_station, m_backsight, m_backsightAzimuth, m_circle));
+  [[nodiscard]] bool PutStation() {
+    const double height = NullToZero(m_instrumentHeight) == 0 ? DC_NULL : m_instrumentHeight;
+    return Put(SdrStation{m_occupied.m_strName, m_occupied.m_dNorth, m_occupied.m_dEast,
+                          m_occupied.m_dElevation, height, m_occupied.m_strDescription});
   }
-  bool PutBacksightObservation(std::wstring_view note) {
+  [[nodiscard]] bool PutBacksight() {
+    return Put(SdrBacksight{m_station, m_backsight, m_backsightAzimuth, m_circle});
+  }
+  /// The circle at the backsight, without distance and zenith. Where points are numbers, the
+  /// station stands in both columns.
+  [[nodiscard]] bool PutBacksightObservation(std::wstring_view note) {
     m_backsightWritten = true;
-    return Put(m_lines.BacksightObservation(m_station, m_backsight, m_circle, note));
+    return Put(SdrObservation{m_station, m_layout.named ? m_backsight : m_station, DC_NULL, DC_NULL,
+                              m_circle, note});
   }
 
   CRawFile& m_raw;
   CFileCE& m_sdr;
+  const SdrLayout& m_layout;
   SdrLines m_lines;
   StringList& m_messages;
   RawIndex m_index;
@@ -151,6 +148,8 @@ class RawToSdr {
 
   std::wstring m_jobName, m_date, m_time;
   MO_RECORD m_mode;
+  AngularUnit m_angles = AngularUnit::DegreesMinutesSeconds;  // as the log writes them
+  std::optional<LinearUnit> m_lengths = LinearUnitOfRaw(MO_RECORD().distanceUnit);
   std::wstring m_station, m_backsight;
   double m_backsightAzimuth = 0;
   double m_circle = 0;
@@ -182,24 +181,32 @@ bool RawToSdr::OnJob(std::wstring_view record) {
 
 bool RawToSdr::OnMode(std::wstring_view record) {
   MO_RECORD mode = m_mode;
-  mode.angleUnit = kRawDegrees;  // of a record without AU
+  mode.angleUnit = 0;  // of a record without AU
   if (!CRawFile::Parse(record, mode)) mode.angleUnit = m_mode.angleUnit;
   m_mode = mode;
-  if (IsUsFeet()) m_messages.emplace_back(kUsFeetText);
+  m_angles = AngularUnitOfRaw(mode.angleUnit);
+  m_lengths = LinearUnitOfRaw(mode.distanceUnit);
+  if (m_lengths == LinearUnit::UsSurveyFoot) m_messages.emplace_back(kUsFeetText);
 
-  m_lines.Header(m_date, m_time, IsGons(), m_mode.distanceUnit == kRawMetres);
-  if (!Put()) return false;
-  m_lines.Job(m_jobName);
-  if (!Put()) return false;
-  m_lines.Scale(m_mode.scale);
-  if (!Put()) return false;
-  m_lines.Instrument(m_mode.edmOffset);
-  return Put();
+  m_lines.MakeHeader(m_date, m_time, m_angles, m_lengths == LinearUnit::Metre);
+  m_sdr.WriteLine(m_lines.Line());
+  return Put(SdrJob{m_jobName}) && Put(SdrScale{m_mode.scale}) && PutInstrument();
+}
+
+bool RawToSdr::PutInstrument() {
+  const double offset = NullToZero(m_mode.edmOffset) / kInchesPerFoot;
+  SdrInstrument instrument;
+  if (offset != 0) {
+    instrument.reduction = L"3RED 3";
+    instrument.edmOffset = offset;
+    instrument.prismOffset = 0;
+  }
+  return Put(instrument);
 }
 
 double RawToSdr::NorthAzimuth(double azimuth) const {
-  if (m_mode.azimuthOrigin != 1) return azimuth;
-  return NormalizeAngle(azimuth + HalfCircle(), m_mode.angleUnit);
+  if (m_mode.azimuthOrigin != kFromSouth) return azimuth;
+  return NormalizeAngle(azimuth + HalfCircle(), m_angles);
 }
 
 bool RawToSdr::OnBacksight(std::wstring_view record) {
@@ -222,8 +229,7 @@ bool RawToSdr::OnHeights(std::wstring_view record) {
   const bool setUpAgain = m_instrumentHeight != before && !m_firstHeights;
   m_firstHeights = false;
   if (setUpAgain && (!PutStation() || !PutBacksight())) return false;
-  m_lines.TargetHeight(m_rodHeight);
-  return Put();
+  return Put(SdrTargetHeight{m_rodHeight});
 }
 
 bool RawToSdr::OnOccupy(std::wstring_view record) {
@@ -244,17 +250,16 @@ void RawToSdr::FindHeights(RawRecordType type, std::wstring_view name) {
   const HeightsAhead* ahead = m_index.FindHeights(m_line, type, name);
   if (ahead == nullptr) return;
   const bool modeAhead = ahead->modeLine > m_line;
-  m_instrumentHeight = Length(ahead->heights.instrumentHeight,
-                              modeAhead ? ahead->distanceUnit : m_mode.distanceUnit);
+  m_instrumentHeight = Length(ahead->heights.instrumentHeight, modeAhead ? ahead->unit : m_lengths);
 }
 
 bool RawToSdr::OnStored(std::wstring_view record) {
   POINT_RECORD point;
   CRawFile::Parse(record, point);
-  CZelPoint stored(std::wstring(point.name), Length(point.north), Length(point.east),
-                   Length(point.elevation), std::wstring(point.note) + m_pendingSuffix);
+  const std::wstring note = std::wstring(point.note) + m_pendingSuffix;
   m_pendingSuffix.clear();
-  return Put(m_lines.Coordinates(stored));
+  return Put(SdrCoordinates{point.name, Length(point.north), Length(point.east),
+                            Length(point.elevation), note});
 }
 
 bool RawToSdr::OnComment(std::wstring_view record) {
@@ -296,12 +301,8 @@ bool RawToSdr::OnComment(std::wstring_view record) {
     default:
       break;
   }
-  if (!line.empty()) {
-    m_lines.Text(line);
-    if (!Put()) return false;
-  }
-  m_lines.Note(text);
-  return Put();
+  if (!line.empty()) m_sdr.WriteLine(line);
+  return Put(SdrNote{text});
 }
 
 bool RawToSdr::ConvertShot(std::wstring_view record, RawRecordType type) {
@@ -320,8 +321,8 @@ bool RawToSdr::ConvertShot(std::wstring_view record, RawRecordType type) {
   note += m_pendingSuffix;
   if (note.size() > kNoteLength) note.resize(kNoteLength);
   m_pendingSuffix.clear();
-  if (!Put(m_lines.Observation(
-          {m_station, m_foresight.m_strName, m_slopeDistance, m_zenith, m_horizontal, note}))) {
+  if (!Put(SdrObservation{m_station, m_foresight.m_strName, m_slopeDistance, m_zenith, m_horizontal,
+                          note})) {
     return false;
   }
   ReduceForesight();
@@ -344,7 +345,7 @@ void RawToSdr::ReadHorizontal(std::wstring_view record, const SHOT_RECORD& shot)
     case HorizontalKind::Bearing: {
       std::wstring_view bearing;
       CRawFile::GetField(record, L"BR", bearing);
-      azimuth = ParseBearing(bearing, m_mode.angleUnit);
+      azimuth = ParseBearing(bearing, m_angles);
       break;
     }
     case HorizontalKind::AngleLeft:
@@ -371,15 +372,14 @@ void RawToSdr::ReadVertical(const SHOT_RECORD& shot) {
       m_zenith = angle;
       break;
     case VerticalKind::VerticalAngle:
-      m_zenith = NormalizeZenith(Computed(quarterCircle - angle, angle), m_mode.angleUnit);
+      m_zenith = NormalizeZenith(Computed(quarterCircle - angle, angle), m_angles);
       break;
     case VerticalKind::ElevationChange: {
       const double change = Length(shot.vertical);
       const double aboveHorizon = AngleOfRadians(std::atan2(change, distance));
       m_slopeDistance =
           Computed(std::sqrt(change * change + distance * distance), change, distance);
-      m_zenith = NormalizeZenith(Computed(quarterCircle - aboveHorizon, m_slopeDistance),
-                                 m_mode.angleUnit);
+      m_zenith = NormalizeZenith(Computed(quarterCircle - aboveHorizon, m_slopeDistance), m_angles);
       break;
     }
   }
@@ -392,30 +392,25 @@ void RawToSdr::CountDown() {
 }
 
 // Without distance, zenith or scale there is no position; what an azimuth, a height or the station
-// lacks is missing from the position alone. The scale is that of distances on the ground: heights
-// have none.
+// lacks is missing from the position alone.
 void RawToSdr::ReduceForesight() {
-  const double zenith = RadiansOf(m_zenith, m_mode.angleUnit);
-  const double azimuth = RadiansOf(Computed(m_backsightAzimuth + m_horizontal - m_circle,
-                                            m_backsightAzimuth, m_horizontal, m_circle),
-                                   m_mode.angleUnit);
-  const double run = Computed(std::sin(zenith) * m_slopeDistance * m_mode.scale, m_slopeDistance,
-                              m_zenith, m_mode.scale);
-  const double rise = std::cos(zenith) * m_slopeDistance + m_instrumentHeight - m_rodHeight;
-  const CZelPoint& from = m_occupied;
-  const double north = from.m_dNorth + std::cos(azimuth) * run;
-  const double east = from.m_dEast + std::sin(azimuth) * run;
-  m_foresight.m_dNorth = Computed(north, from.m_dNorth, from.m_dEast, azimuth, run);
-  m_foresight.m_dEast = Computed(east, from.m_dNorth, from.m_dEast, azimuth, run);
+  const double azimuth = Computed(m_backsightAzimuth + m_horizontal - m_circle, m_backsightAzimuth,
+                                  m_horizontal, m_circle);
+  const auto [north, east, rise] = ReduceShot(
+      m_occupied.m_dNorth, m_occupied.m_dEast,
+      {RadiansOf(azimuth, m_angles), RadiansOf(m_zenith, m_angles), m_slopeDistance, m_mode.scale});
+  m_foresight.m_dNorth = north;
+  m_foresight.m_dEast = east;
   m_foresight.m_dElevation =
-      Computed(from.m_dElevation + rise, from.m_dElevation, run, m_instrumentHeight, m_rodHeight);
+      Computed(m_occupied.m_dElevation + (rise + m_instrumentHeight - m_rodHeight),
+               m_occupied.m_dElevation, rise, m_mode.scale, m_instrumentHeight, m_rodHeight);
 }
 
 // The instrument moves to the foresight and looks back at the point it comes from.
 bool RawToSdr::Advance() {
   const double back = std::atan2(m_occupied.m_dEast - m_foresight.m_dEast,
                                  m_occupied.m_dNorth - m_foresight.m_dNorth);
-  m_backsightAzimuth = Computed(NormalizeAngle(AngleOfRadians(back), m_mode.angleUnit),
+  m_backsightAzimuth = Computed(NormalizeAngle(AngleOfRadians(back), m_angles),
                                 m_foresight.m_dNorth, m_foresight.m_dEast);
   m_backsight = m_station;
   m_station = m_foresight.m_strName;
@@ -426,23 +421,6 @@ bool RawToSdr::Advance() {
 }
 
 }  // namespace
-
-NoteMark ParseNoteMark(std::wstring_view text, std::wstring_view& value) {
-  text = Trim(text);
-  value = {};
-  if (text.size() >= 4) {
-    for (const MarkName& name : kMarksWithValue) {
-      if (!text.starts_with(name.text)) continue;
-      value = text.substr(name.text.size());
-      return name.mark;
-    }
-    return NoteMark::None;
-  }
-  for (const MarkName& name : kMarks) {
-    if (text.starts_with(name.text)) return name.mark;
-  }
-  return NoteMark::None;
-}
 
 bool CConvRawSDRFile::ConvertFromRaw(Report& report) {
   return RawToSdr(*m_pRawFile, *m_pSdrFile, Layout(), report.messages).Run();

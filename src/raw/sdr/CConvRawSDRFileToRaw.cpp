@@ -1,8 +1,7 @@
 // SDR to raw: the settings, the atmosphere, the prism and the notes of a file.
 
-#include <algorithm>
 #include <cmath>
-#include <iterator>
+#include <utility>
 
 #include "convert/CConvertProgress.h"
 #include "io/Clock.h"
@@ -10,6 +9,7 @@
 #include "io/Strings.h"
 #include "io/Units.h"
 #include "raw/Angles.h"
+#include "raw/RawUnits.h"
 #include "raw/sdr/CConvRawSDRFile.h"
 
 namespace zelconvert {
@@ -22,34 +22,10 @@ constexpr std::wstring_view kAlphanumericText =
 constexpr std::wstring_view kNoHeaderText =
     L"This SDR file does not have a header record and can not be converted.\n";
 
-enum SdrCode : int {
-  kHeader = 0,
-  kInstrument = 1,
-  kStation = 2,
-  kCollimation = 4,
-  kAtmosphere = 5,
-  kScale = 6,
-  kCoordinates = 8,
-  kObservation = 9,
-  kJob = 10,
-  kNote = 13,
-  kLastCode = 13
-};
-
-constexpr std::wstring_view kDerivations[] = {
-    L"F1", L"F2", L"MC", L"CL", L"CO", L"CP", L"IN", L"IR", L"KI", L"RE",
-    L"RS", L"SC", L"SO", L"SR", L"TP", L"TS", L"TV", L"NM", L"IC", L"FC",
-    L"KM", L"OS", L"RO", L"TL", L"GE", L"IP", L"FD", L"IM", L"TA"};
-
-// Columns of a line. Fields of a record start behind its code and derivation.
-constexpr std::size_t kFields = 4;
-constexpr std::size_t kAngleUnitColumn = 40;
-constexpr std::size_t kDistanceUnitColumn = 41;
+constexpr int kHeaderCode = 0;
+constexpr int kCollimationCode = 4;
+constexpr std::size_t kFirstColumn = 4;  // after the code and the derivation
 constexpr std::size_t kHeaderSize = 45;
-constexpr std::size_t kJobNameWidth = 16;
-constexpr std::size_t kNoteWidth = 60;
-constexpr std::size_t kSdr2PrismColumn = 61;
-constexpr std::size_t kSdr33PrismColumn = 67;
 
 /// Lengths that are as good as none, in file units.
 constexpr double kNegligible = 0.001;
@@ -66,7 +42,9 @@ class SdrToRaw {
   bool Run() {
     CConvertProgress progress;
     progress.Start();
-    if (!CheckSdrKind() || !FindCollimation() || !ReadSettings()) return false;
+    if (!CheckSdrKind()) return false;
+    FindCollimation();
+    if (!ReadSettings()) return false;
     const platform::LocalTime now = CurrentLocalTime();
     m_date = TwoDigits(now.month) + L"-" + TwoDigits(now.day) + L"-" + FormatInteger(now.year);
     m_time = TwoDigits(now.hour) + L":" + TwoDigits(now.minute) + L":" + TwoDigits(now.second);
@@ -87,20 +65,21 @@ class SdrToRaw {
   }
 
   bool CheckSdrKind();
-  bool FindCollimation();
+  bool HasGoodNames(int code) const;
+  void FindCollimation();
   bool ReadSettings();
   bool ReadHeader();
   bool ConvertLine();
-  bool WriteJob();
-  bool WriteMode();
-  bool WritePrism();
-  bool WriteAtmosphere();
-  bool WriteNote();
+  void WriteJob();
+  void WriteScale();
+  void WritePrism();
+  void WriteAtmosphere();
+  void WriteNote();
 
-  double RealAt(std::size_t column) const {
-    return ToReal(Mid(m_line, column, m_layout.realWidth));
+  template <class Record>
+  Record Read() const {
+    return ReadSdr<Record>(m_line, m_layout);
   }
-  double ScaleOfLine() const { return RealAt(kFields); }
 
   CFileCE& m_sdr;
   CRawFile& m_raw;
@@ -115,38 +94,44 @@ class SdrToRaw {
   bool m_jobWritten = false;
 };
 
-// Points of SDR2 are numbers of four digits.
 bool SdrToRaw::CheckSdrKind() {
   m_sdr.SeekToBegin();
   while (m_sdr.ReadLine(m_line)) {
     const int code = GetSdrRecordCode(m_line);
-    if (code == kHeader &&
-        Mid(m_line, kFields, m_layout.headerName.size()) != m_layout.headerName) {
+    if (code == kHeaderCode &&
+        Mid(m_line, kFirstColumn, m_layout.headerName.size()) != m_layout.headerName) {
       return Refuse(m_layout.named ? kNotSdr33Text : kNotSdr2Text);
     }
-    if (m_layout.named) continue;
-    const std::size_t names = code == kStation || code == kCoordinates ? 1
-                              : code == kObservation                   ? 2
-                                                                       : 0;
-    for (std::size_t i = 0; i < names; ++i) {
-      const std::size_t column = kFields + i * m_layout.nameWidth;
-      if (IsNonNumeric(Mid(m_line, column, m_layout.nameWidth))) return Refuse(kAlphanumericText);
-    }
+    if (!HasGoodNames(code)) return Refuse(kAlphanumericText);
   }
   return true;
 }
 
-bool SdrToRaw::FindCollimation() {
+// Points of SDR2 are numbers of four digits.
+bool SdrToRaw::HasGoodNames(int code) const {
+  if (m_layout.named) return true;
+  switch (code) {
+    case kSdrCode<SdrStation>:
+      return SdrNamesAreNumbers<SdrStation>(m_line, m_layout);
+    case kSdrCode<SdrCoordinates>:
+      return SdrNamesAreNumbers<SdrCoordinates>(m_line, m_layout);
+    case kSdrCode<SdrObservation>:
+      return SdrNamesAreNumbers<SdrObservation>(m_line, m_layout);
+    default:
+      return true;
+  }
+}
+
+void SdrToRaw::FindCollimation() {
   bool on = false;
   m_sdr.SeekToBegin();
   while (!on && m_sdr.ReadLine(m_line)) {
     const int code = GetSdrRecordCode(m_line);
-    if (code == kStation || code == kCoordinates) break;
-    on = code == kCollimation;
+    if (code == kSdrCode<SdrStation> || code == kSdrCode<SdrCoordinates>) break;
+    on = code == kCollimationCode;
   }
   m_collimation = on ? L"--COLLIMATION ON\n" : L"--COLLIMATION OFF\n";
   m_pending.push_back(m_collimation);
-  return true;
 }
 
 bool SdrToRaw::ReadSettings() {
@@ -154,8 +139,8 @@ bool SdrToRaw::ReadSettings() {
   m_sdr.SeekToBegin();
   while (m_sdr.ReadLine(m_line)) {
     const int code = GetSdrRecordCode(m_line);
-    if (code == kScale) m_mode.scale = ScaleOfLine();
-    if (code != kHeader) continue;
+    if (code == kSdrCode<SdrScale>) m_mode.scale = Read<SdrScale>().scale;
+    if (code != kHeaderCode) continue;
     if (!ReadHeader()) return Refuse(kNoHeaderText);
     hasHeader = true;
   }
@@ -165,111 +150,88 @@ bool SdrToRaw::ReadSettings() {
 /// False for a line that stops before its last setting. Other digits leave a unit as it is.
 bool SdrToRaw::ReadHeader() {
   if (m_line.size() < kHeaderSize) return false;
-  switch (m_line[kAngleUnitColumn]) {
-    case L'1':
-      m_mode.angleUnit = kRawDegrees;
-      break;
-    case L'2':
-      m_mode.angleUnit = kRawGons;
-      break;
-    default:
-      break;
+  if (const auto angles = AngularUnitOfSdr(m_line[kSdrAngleUnitColumn])) {
+    m_mode.angleUnit = RawCodeOf(*angles);
   }
-  switch (m_line[kDistanceUnitColumn]) {
-    case L'1':
-      m_mode.distanceUnit = kRawMetres;
-      break;
-    case L'2':
-      m_mode.distanceUnit = kRawInternationalFeet;
-      break;
-    case L'3':
-      m_mode.distanceUnit = kRawUsSurveyFeet;
-      break;
-    default:
-      break;
+  if (const auto lengths = LinearUnitOfSdr(m_line[kSdrLengthUnitColumn])) {
+    m_mode.distanceUnit = RawCodeOf(*lengths);
   }
   return true;
 }
 
+/// False for a bad header. Points and observations don't go into the log.
 bool SdrToRaw::ConvertLine() {
   switch (GetSdrRecordCode(m_line)) {
-    case kHeader:
+    case kHeaderCode:
       // The comment stands twice in the log: once from the search, once from the header.
       m_pending.push_back(m_collimation);
       return ReadHeader();
-    case kJob:
-      return WriteJob();
-    case kInstrument:
-      return WritePrism();
-    case kAtmosphere:
-      return WriteAtmosphere();
-    case kScale: {
-      const double scale = ScaleOfLine();
-      if (scale == m_mode.scale) return true;
-      m_mode.scale = scale;
-      return WriteMode();
-    }
-    case kNote:
-      return WriteNote();
-    // Points and observations don't go into the log.
+    case kSdrCode<SdrJob>:
+      WriteJob();
+      break;
+    case kSdrCode<SdrInstrument>:
+      WritePrism();
+      break;
+    case kSdrCode<SdrAtmosphere>:
+      WriteAtmosphere();
+      break;
+    case kSdrCode<SdrScale>:
+      WriteScale();
+      break;
+    case kSdrCode<SdrNote>:
+      WriteNote();
+      break;
     default:
-      return true;
+      break;
   }
-}
-
-bool SdrToRaw::WriteMode() {
-  return m_raw.WriteMO(m_mode);
-}
-
-bool SdrToRaw::WriteJob() {
-  const std::wstring_view name = Mid(m_line, kFields, kJobNameWidth);
-  if (!m_raw.WriteJB({name, m_date, m_time}) || !WriteMode()) return false;
-  m_jobWritten = true;
-  return std::all_of(m_pending.begin(), m_pending.end(),
-                     [this](const std::wstring& comment) { return m_raw.WriteComment(comment); });
-}
-
-bool SdrToRaw::WritePrism() {
-  const std::size_t column = m_layout.named ? kSdr33PrismColumn : kSdr2PrismColumn;
-  const RawArgument offset[] = {RealAt(column)};
-  const RawArgument constant[] = {RealAt(column + m_layout.realWidth)};
-  return m_raw.WriteRecord(L"--PRISM CONSTANT %lf\n", constant) &&
-         m_raw.WriteRecord(L"--PRISM OFFSET %lf\n", offset);
-}
-
-bool SdrToRaw::WriteAtmosphere() {
-  const bool metric = m_mode.distanceUnit == kRawMetres;
-  const RawArgument values[] = {RealAt(kFields + m_layout.realWidth), RealAt(kFields)};
-  return m_raw.WriteRecord(
-      metric ? L"--TEMP %lf C\n--PRESS %lf MM\n" : L"--TEMP %lf F\n--PRESS %lf INCH\n", values);
-}
-
-bool SdrToRaw::WriteNote() {
-  std::wstring note = L"--";
-  note.append(Mid(m_line, kFields, kNoteWidth)).append(L"\n");
-  if (m_jobWritten) return m_raw.WriteLine(note);
-  m_pending.push_back(std::move(note));
   return true;
 }
 
+void SdrToRaw::WriteJob() {
+  m_raw.WriteJB({Read<SdrJob>().name, m_date, m_time});
+  m_raw.WriteMO(m_mode);
+  m_jobWritten = true;
+  for (const std::wstring& comment : m_pending) m_raw.WriteComment(comment);
+}
+
+void SdrToRaw::WritePrism() {
+  const auto instrument = Read<SdrInstrument>();
+  m_raw.WriteRecord(L"--PRISM CONSTANT %lf\n", {instrument.prismConstant});
+  m_raw.WriteRecord(L"--PRISM OFFSET %lf\n", {instrument.prismOffset});
+}
+
+void SdrToRaw::WriteAtmosphere() {
+  const bool metric = LinearUnitOfRaw(m_mode.distanceUnit) == LinearUnit::Metre;
+  const auto [pressure, temperature] = Read<SdrAtmosphere>();
+  m_raw.WriteRecord(
+      metric ? L"--TEMP %lf C\n--PRESS %lf MM\n" : L"--TEMP %lf F\n--PRESS %lf INCH\n",
+      {temperature, pressure});
+}
+
+void SdrToRaw::WriteScale() {
+  const double scale = Read<SdrScale>().scale;
+  if (scale == m_mode.scale) return;
+  m_mode.scale = scale;
+  m_raw.WriteMO(m_mode);
+}
+
+void SdrToRaw::WriteNote() {
+  std::wstring note = L"--";
+  note.append(Read<SdrNote>().text).append(L"\n");
+  if (m_jobWritten) {
+    m_raw.WriteLine(note);
+  } else {
+    m_pending.push_back(std::move(note));
+  }
+}
+
 }  // namespace
-
-int GetSdrRecordCode(std::wstring_view line) {
-  if (line.size() < 2 || !IsDigit(line[0]) || !IsDigit(line[1])) return -1;
-  const int code = (line[0] - L'0') * 10 + (line[1] - L'0');
-  return code <= kLastCode ? code : -1;
-}
-
-int GetSdrDerivation(std::wstring_view line) {
-  const auto* found = std::find(std::begin(kDerivations), std::end(kDerivations), Mid(line, 2, 2));
-  return found == std::end(kDerivations) ? -1 : static_cast<int>(found - kDerivations);
-}
 
 bool CConvRawSDRFile::ConvertToRaw(Report& report) {
   return SdrToRaw(*m_pSdrFile, *m_pRawFile, Layout(), report.messages).Run();
 }
 
-std::wstring CConvRawSDRFile::MakeSideshotLine(std::wstring_view kind, int mode, std::int32_t unit,
+std::wstring CConvRawSDRFile::MakeSideshotLine(std::wstring_view kind, int mode, AngularUnit unit,
                                                const CZelPoint& station, double instrumentHeight,
                                                double rodHeight, double reference, double circle,
                                                const CZelPoint& point) {
@@ -285,8 +247,8 @@ std::wstring CConvRawSDRFile::MakeSideshotLine(std::wstring_view kind, int mode,
   if (horizontalDistance >= kNegligible && std::fabs(rise) >= kNegligible) {
     verticalAngle = std::atan2(rise, horizontalDistance) * 180.0 / kPi;
   }
-  const double angleRight =
-      ConvertAngleUnit(unit, kRawDegrees, NormalizeDegrees(azimuth - reference + circle));
+  const double angleRight = ConvertAngleUnit(unit, AngularUnit::DecimalDegrees,
+                                             NormalizeDegrees(azimuth - reference + circle));
 
   std::wstring line;
   line.append(kind.size() < 2 ? 2 - kind.size() : 0, L' ').append(kind);

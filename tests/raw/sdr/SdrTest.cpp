@@ -8,7 +8,9 @@
 #include "CaseFile.h"
 #include "Office.h"
 #include "io/Clock.h"
+#include "raw/RawUnits.h"
 #include "raw/sdr/CConvRawSDRFile.h"
+#include "raw/sdr/NoteMarks.h"
 
 namespace zelconvert {
 namespace {
@@ -70,8 +72,9 @@ TEST(SdrToRaw, MakesSideshots) {
   const CZelPoint station(L"S", 100, 200, 10, L"");
   for (const CaseFields& texts : ReadCases("tests/golden-lines/sdr-sideshots.txt")) {
     const CZelPoint point(L"P", ToReal(texts[2]), ToReal(texts[3]), ToReal(texts[4]), L"n");
-    EXPECT_EQ(CConvRawSDRFile::MakeSideshotLine(L"SS", ToInteger(texts[0]), ToInteger(texts[1]),
-                                                station, 1.5, 2, 10, 350, point),
+    EXPECT_EQ(CConvRawSDRFile::MakeSideshotLine(L"SS", ToInteger(texts[0]),
+                                                AngularUnitOfRaw(ToInteger(texts[1])), station, 1.5,
+                                                2, 10, 350, point),
               L"SS,OPS,FPP," + texts[5] + L",--n\n");
   }
 }

@@ -1,0 +1,20 @@
+#include "raw/ReduceShot.h"
+
+#include <cmath>
+
+#include "io/Units.h"
+
+namespace zelconvert {
+
+ReducedShot ReduceShot(double stationNorth, double stationEast, const PolarShot& shot) {
+  const auto& [azimuth, zenith, slopeDistance, scale] = shot;
+  const double run =
+      Computed(std::sin(zenith) * slopeDistance * scale, slopeDistance, zenith, scale);
+  const double north = stationNorth + std::cos(azimuth) * run;
+  const double east = stationEast + std::sin(azimuth) * run;
+  return {Computed(north, stationNorth, stationEast, azimuth, run),
+          Computed(east, stationNorth, stationEast, azimuth, run),
+          Computed(std::cos(zenith) * slopeDistance, slopeDistance, zenith)};
+}
+
+}  // namespace zelconvert

@@ -1,0 +1,25 @@
+// Where a shot leads from its station, as far as the routes from raw logs agree on it.
+#pragma once
+
+namespace zelconvert {
+
+/// Angles in radians, the azimuth from north; DC_NULL for what isn't known.
+struct PolarShot {
+  double azimuth;
+  double zenith;
+  double slopeDistance;
+  double scale;  ///< of distances on the ground; heights have none
+};
+
+/// In the unit of the slope distance. What is computed from a null value is null.
+struct ReducedShot {
+  double north;
+  double east;
+  double rise;  ///< from the instrument to the target
+};
+
+/// Of a shot from a station at these coordinates, of which both count: one alone is as good as
+/// none.
+ReducedShot ReduceShot(double stationNorth, double stationEast, const PolarShot& shot);
+
+}  // namespace zelconvert
