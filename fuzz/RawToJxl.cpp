@@ -13,9 +13,9 @@ void Convert(const std::wstring& path, bool bNative) {
   CRawFile raw;
   CJxlFile jxl(bNative);
   Require(raw.Open(path, platform::kOpenReadWrite) && jxl.Create(FuzzDir().Path(L"out.jxl")));
-  StringList messages, files;
-  const bool converted = CConvertJobXml(bNative).Convert(raw, jxl, messages, files);
-  Require(jxl.Close() && files.empty() && messages.size() == (converted ? 0u : 1u));
+  Report report;
+  const bool converted = CConvertJobXml().Convert(raw, jxl, report);
+  Require(jxl.Close() && report.files.empty() && report.messages.size() == (converted ? 0u : 1u));
 
   const std::string text = FuzzDir().Read(L"out.jxl");
   Require(text.ends_with(converted ? "</JOBFile>\r\n" : "?>\r\n"));

@@ -216,9 +216,7 @@ bool RawToJxl(const ConvertRequest& request, Report& report) {
   CJxlFile jxl(isNative);
   return FromRaw(
       request, report, jxl, [&] { return jxl.Create(request.output); },
-      [&](CRawFile& raw) {
-        return CConvertJobXml(isNative).Convert(raw, jxl, report.messages, report.files);
-      });
+      [&](CRawFile& raw) { return CConvertJobXml().Convert(raw, jxl, report); });
 }
 
 bool RefuseRaw(const ConvertRequest& request, Report& report) {

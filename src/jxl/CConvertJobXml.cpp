@@ -3,37 +3,27 @@
 #include <optional>
 
 #include "convert/CConvertProgress.h"
+#include "io/HandlerTable.h"
 #include "io/Numbers.h"
 #include "io/Strings.h"
+#include "jxl/JxlInstrument.h"
+#include "jxl/KnownPoints.h"
 #include "raw/Angles.h"
+#include "raw/RawIndex.h"
+#include "raw/RawUnits.h"
 
 namespace zelconvert {
 namespace {
 
 constexpr std::wstring_view kEmptyLogText = L"Bad ZEL raw data file.";
-constexpr std::wstring_view kBadRecordText =
-    L"Bad raw data record found at line %ld. The conversion is aborted.";
-
-/// AD of a log whose azimuths count from south.
-constexpr std::int32_t kFromSouth = 1;
-
-std::string Utf8(std::wstring_view text) {
-  std::string utf8;
-  AppendXmlCharacters(utf8, text);
-  return utf8;
+/// The angle unit by its code: here a code that is none stands for decimal degrees.
+constexpr AngularUnit AngularUnitOfCode(std::int32_t au) {
+  return au == 0 || au == 1 ? AngularUnitOfRaw(au) : AngularUnit::DecimalDegrees;
 }
 
-/// A length in the unit of an MO; any unit that is none of feet counts as metres.
-double MetresFromRaw(double length, std::int32_t unit) {
-  if (IsNull(length)) return length;
-  switch (unit) {
-    case kRawInternationalFeet:
-      return MetresFromUnits(length, kInternationalFeet);
-    case kRawUsSurveyFeet:
-      return MetresFromUnits(length, kUsSurveyFeet);
-    default:
-      return length;
-  }
+/// Lengths of no unit count as metres.
+double MetresFrom(double length, std::optional<LinearUnit> unit) {
+  return ToMetres(length, unit.value_or(LinearUnit::Metre));
 }
 
 /// Reads fixed-width numbers as scanf does: blanks before a number don't count in its width.
@@ -102,219 +92,247 @@ bool ParseTime(const JB_RECORD& job, platform::LocalTime& time) {
   return true;
 }
 
-}  // namespace
+/// One run over a log.
+class RawToJxl {
+ public:
+  RawToJxl(CRawFile& raw, CJxlFile& jxl) : m_raw(raw), m_jxl(jxl) {}
 
-void KnownPoints::Add(std::wstring_view name, std::wstring_view description,
-                      const JxlPosition& position) {
-  if (m_names.Insert(name)) {
-    m_points.push_back({Utf8(name), Utf8(description), position, false});
-    return;
-  }
-  Point& known = *FindEntry(name);
-  known.position = position;
-  known.isDeleted = false;
-  if (!description.empty()) known.description = Utf8(description);
-}
+  /// False, with a text, for a bad log.
+  [[nodiscard]] bool Run(StringList& messages);
 
-KnownPoints::Point* KnownPoints::FindEntry(std::wstring_view name) {
-  const std::optional<std::size_t> number = m_names.Find(name);
-  return number ? &m_points[*number] : nullptr;
-}
+ private:
+  using Handler = bool (RawToJxl::*)(std::wstring_view line);
 
-const KnownPoints::Point* KnownPoints::Find(std::wstring_view name) const {
-  const std::optional<std::size_t> number = m_names.Find(name);
-  return number && !m_points[*number].isDeleted ? &m_points[*number] : nullptr;
-}
+  /// A shot that waits for the record after it, whose backsight it may turn out to be.
+  struct PendingShot {
+    bool isPending = false;
+    std::wstring name;
+    std::wstring description;
+    JxlPosition position;
+    JxlReadings readings;
+    JxlSetup setup;
+  };
 
-void KnownPoints::Delete(std::wstring_view name) {
-  Point* point = FindEntry(name);
-  if (point != nullptr) point->isDeleted = true;
-}
+  /// An occupied point that waits for a backsight, or for a traverse to go on from it.
+  struct PendingOccupy {
+    bool isPending = false;
+    std::wstring name;
+    std::wstring description;
+    JxlPosition position;
+  };
 
-/// What is done with a record of a kind.
-struct CConvertJobXml::Handler {
-  RawRecordType type;
-  bool (CConvertJobXml::*handle)(std::wstring_view line);
+  std::wstring FindVersion();
+  bool BeginDocument(std::wstring_view line, std::wstring_view version);
+  bool ConvertRecord(std::wstring_view line);
+  void Finish();
+
+  // One for each kind of record that has an effect; false for a bad record.
+  bool OnBacksight(std::wstring_view line);
+  bool OnSecondJob(std::wstring_view /*line*/) { return false; }
+  bool OnHeights(std::wstring_view line);
+  bool OnMode(std::wstring_view line);
+  bool OnOccupy(std::wstring_view line);
+  bool OnStoredPoint(std::wstring_view line);
+  bool OnSideshot(std::wstring_view line) { return OnShot(line, false); }
+  bool OnTraverse(std::wstring_view line) { return OnShot(line, true); }
+  bool OnComment(std::wstring_view line);
+  bool OnDelete(std::wstring_view line);
+  bool OnScan(std::wstring_view line);
+  bool OnCamera(std::wstring_view line);
+  bool OnImage(std::wstring_view line);
+
+  bool OnShot(std::wstring_view line, bool traverse);
+  JxlInstrument::Heights FindHeights(std::wstring_view station);
+  void FlushPendingShot();
+  void JoinOccupiedPoint();
+
+  // From the units of the log, and azimuths to those from north; null values pass.
+  double Degrees(double angle) const;
+  double NorthAzimuth(double angle) const;
+  double Metres(double length) const { return MetresFrom(length, m_units.length); }
+  JxlPosition Metres(const POINT_RECORD& point) const;
+
+  CRawFile& m_raw;
+  CJxlFile& m_jxl;
+
+  double m_scale = 1.0;
+  JxlUnits m_units;  // of the log
+  bool m_southAzimuths = false;
+  bool m_firstMode = true;
+  bool m_hasMore = false;  // than its first line
+  std::int32_t m_line = 0;
+
+  RawIndex m_index;
+  KnownPoints m_points;
+  PendingShot m_shot;
+  PendingOccupy m_occupied;
+  JxlInstrument m_instrument;
+  std::uint32_t m_camera = 0;
+  std::uint32_t m_lastPointRecord = 0;
 };
 
-const CConvertJobXml::Handler CConvertJobXml::kHandlers[] = {
-    {RawRecordType::SS, &CConvertJobXml::OnSideshot},
-    {RawRecordType::TR, &CConvertJobXml::OnTraverse},
-    {RawRecordType::LS, &CConvertJobXml::OnHeights},
-    {RawRecordType::Comment, &CConvertJobXml::OnComment},
-    {RawRecordType::SP, &CConvertJobXml::OnStoredPoint},
-    {RawRecordType::BK, &CConvertJobXml::OnBacksight},
-    {RawRecordType::OC, &CConvertJobXml::OnOccupy},
-    {RawRecordType::MO, &CConvertJobXml::OnMode},
-    {RawRecordType::JB, &CConvertJobXml::OnSecondJob},
-    {RawRecordType::DP, &CConvertJobXml::OnDelete},
-    {RawRecordType::SC, &CConvertJobXml::OnScan},
-    {RawRecordType::CR, &CConvertJobXml::OnCamera},
-    {RawRecordType::IM, &CConvertJobXml::OnImage},
-};
-
-bool CConvertJobXml::Convert(CRawFile& rawFile, CJxlFile& jxlFile, StringList& messages,
-                             StringList& /*files*/) {
+bool RawToJxl::Run(StringList& messages) {
   CConvertProgress progress;
   progress.Start();
-  m_pJxlFile = &jxlFile;
-  const std::wstring version = FindVersion(rawFile);
+  const std::wstring version = FindVersion();
 
-  m_index.Build(rawFile);
+  m_index.Build(m_raw);
   std::wstring line;
-  if (!rawFile.ReadRecord(line)) {
+  if (!m_raw.ReadRecord(line)) {
     messages.emplace_back(kEmptyLogText);
     return false;
   }
   m_line = 1;
   bool good = BeginDocument(line, version);
-  const std::int64_t length = rawFile.GetLength();
-  while (good && rawFile.ReadRecord(line)) {
+  const std::int64_t length = m_raw.GetLength();
+  while (good && m_raw.ReadRecord(line)) {
     ++m_line;
-    progress.SetPosition(rawFile.GetPosition(), length);
+    progress.SetPosition(m_raw.GetPosition(), length);
     m_hasMore = m_hasMore || !Trim(line).empty();
     good = ConvertRecord(line);
   }
   if (!good) {
-    messages.push_back(FormatText(kBadRecordText, m_line));
+    messages.push_back(FormatText(kBadRawRecordText, m_line));
     return false;
   }
-  return Finish();
+  Finish();
+  return true;
 }
 
-std::wstring CConvertJobXml::FindVersion(CRawFile& rawFile) const {
-  const std::wstring_view mark = m_bNative ? L"--Gridlark Version:" : L"--Plumbwick Version:";
+std::wstring RawToJxl::FindVersion() {
+  const std::wstring mark = L"--" + ToWide(m_jxl.Product()) + L" Version:";
   std::wstring version;
   std::wstring line;
-  while (rawFile.ReadRecord(line)) {
+  while (m_raw.ReadRecord(line)) {
     if (line.starts_with(mark)) version = Trim(Mid(line, mark.size()));
   }
   return version;
 }
 
-bool CConvertJobXml::BeginDocument(std::wstring_view line, std::wstring_view version) {
+bool RawToJxl::BeginDocument(std::wstring_view line, std::wstring_view version) {
   JB_RECORD job;
   platform::LocalTime time;
   if (!CRawFile::Parse(line, job) || !ParseTime(job, time)) return false;
-  m_pJxlFile->BeginDocument(job.name, version, time);
+  m_jxl.BeginDocument(job.name, version, time);
   return true;
 }
 
-bool CConvertJobXml::ConvertRecord(std::wstring_view line) {
+bool RawToJxl::ConvertRecord(std::wstring_view line) {
+  static constexpr auto kHandlers = MakeHandlerTable<kRawRecordTypes, RawRecordType, Handler>({
+      {RawRecordType::SS, &RawToJxl::OnSideshot},
+      {RawRecordType::TR, &RawToJxl::OnTraverse},
+      {RawRecordType::LS, &RawToJxl::OnHeights},
+      {RawRecordType::Comment, &RawToJxl::OnComment},
+      {RawRecordType::SP, &RawToJxl::OnStoredPoint},
+      {RawRecordType::BK, &RawToJxl::OnBacksight},
+      {RawRecordType::OC, &RawToJxl::OnOccupy},
+      {RawRecordType::MO, &RawToJxl::OnMode},
+      {RawRecordType::JB, &RawToJxl::OnSecondJob},
+      {RawRecordType::DP, &RawToJxl::OnDelete},
+      {RawRecordType::SC, &RawToJxl::OnScan},
+      {RawRecordType::CR, &RawToJxl::OnCamera},
+      {RawRecordType::IM, &RawToJxl::OnImage},
+  });
   const RawRecordType type = CRawFile::GetRecordType(line);
   if (m_shot.isPending && type != RawRecordType::BK) FlushPendingShot();
-  for (const Handler& handler : kHandlers) {
-    if (handler.type == type) return (this->*handler.handle)(line);
-  }
-  return true;
+  const Handler* handler = kHandlers.Find(type);
+  return handler == nullptr || (this->**handler)(line);
 }
 
-bool CConvertJobXml::Finish() {
+void RawToJxl::Finish() {
   if (m_shot.isPending) FlushPendingShot();
   for (const KnownPoints::Point& point : m_points) {
-    if (!point.isDeleted) m_pJxlFile->AddPoint(point.name, point.description, point.position);
+    if (!point.isDeleted) m_jxl.AddPoint(point.name, point.description, point.position);
   }
-  if (m_hasMore) m_pJxlFile->AddCoordinateSystem();
-  return m_pJxlFile->WriteDocument();
+  if (m_hasMore) m_jxl.AddCoordinateSystem();
+  m_jxl.WriteDocument();
 }
 
-bool CConvertJobXml::OnSecondJob(std::wstring_view /*line*/) {
-  return false;
-}
-
-bool CConvertJobXml::OnMode(std::wstring_view line) {
+bool RawToJxl::OnMode(std::wstring_view line) {
   MO_RECORD mode;
   if (!CRawFile::Parse(line, mode)) return false;
-  m_sourceUnits = {mode.distanceUnit, mode.angleUnit};
+  m_units = {LinearUnitOfRaw(mode.distanceUnit), AngularUnitOfCode(mode.angleUnit)};
   m_southAzimuths = mode.azimuthOrigin == kFromSouth;
   if (!m_firstMode) return true;
   m_firstMode = false;
   m_scale = mode.scale;
-  m_pJxlFile->AddUnitsRecord(m_sourceUnits);
-  m_pJxlFile->AddCorrectionsRecord(m_southAzimuths);
-  m_pJxlFile->AddDisplaySettings(m_sourceUnits);
+  m_jxl.AddUnitsRecord(m_units);
+  m_jxl.AddCorrectionsRecord(m_southAzimuths);
+  m_jxl.AddDisplaySettings(m_units);
   return true;
 }
 
-bool CConvertJobXml::OnHeights(std::wstring_view line) {
+bool RawToJxl::OnHeights(std::wstring_view line) {
   LS_RECORD heights;
   if (!CRawFile::Parse(line, heights)) return false;
-  m_instrument.SetHeights({ToMetres(heights.instrumentHeight), ToMetres(heights.rodHeight)});
+  m_instrument.SetHeights({Metres(heights.instrumentHeight), Metres(heights.rodHeight)});
   return true;
 }
 
-bool CConvertJobXml::OnOccupy(std::wstring_view line) {
+bool RawToJxl::OnOccupy(std::wstring_view line) {
   OC_RECORD point;
   if (!CRawFile::Parse(line, point)) return false;
-  m_occupied = {true, std::wstring(point.name), std::wstring(point.note), ToMetres(point)};
+  m_occupied = {true, std::wstring(point.name), std::wstring(point.note), Metres(point)};
   return true;
 }
 
-bool CConvertJobXml::OnStoredPoint(std::wstring_view line) {
+bool RawToJxl::OnStoredPoint(std::wstring_view line) {
   POINT_RECORD point;
   if (!CRawFile::Parse(line, point)) return false;
-  const JxlPosition position = ToMetres(point);
-  m_lastPointRecord = m_pJxlFile->AddCoordinates(point.name, point.note, position);
+  const JxlPosition position = Metres(point);
+  m_lastPointRecord = m_jxl.AddCoordinates(point.name, point.note, position);
   m_points.Add(point.name, point.note, position);
   return true;
 }
 
-bool CConvertJobXml::OnBacksight(std::wstring_view line) {
+bool RawToJxl::OnBacksight(std::wstring_view line) {
   BK_RECORD backsight;
   if (!CRawFile::Parse(line, backsight)) return false;
-  // A shot right in front that is to the backsight point was made for the orientation.
+  // A shot right before it that is to the backsight point was made for the orientation.
   const bool toBacksight =
       m_shot.isPending && ComparedName(m_shot.name) == ComparedName(backsight.backsight);
   if (m_shot.isPending && !toBacksight) FlushPendingShot();
   const bool takesShot = toBacksight && m_shot.position.IsWhole();
   if (takesShot) m_shot.isPending = false;
 
-  const double circle = ToDegrees(backsight.circle);
+  const double circle = Degrees(backsight.circle);
   m_lastPointRecord = m_instrument.Orient(
-      *m_pJxlFile,
+      m_jxl,
       {std::wstring(backsight.station), std::wstring(backsight.backsight),
-       ToNorthAzimuth(backsight.azimuth), circle},
+       NorthAzimuth(backsight.azimuth), circle},
       FindHeights(backsight.station), takesShot ? m_shot.readings.horizontal : circle,
       takesShot ? m_shot.position : JxlPosition{});
   JoinOccupiedPoint();
   return true;
 }
 
-/// What the line of sight in front of the next shot says, or else the latest one.
-JxlInstrument::Heights CConvertJobXml::FindHeights(std::wstring_view station) {
+/// What the line of sight before the next shot says, or else the latest one.
+JxlInstrument::Heights RawToJxl::FindHeights(std::wstring_view station) {
   const HeightsAhead* ahead = m_index.FindHeights(m_line, RawRecordType::BK, station);
   if (ahead == nullptr) return m_instrument.GetHeights();
-  return {MetresFromRaw(ahead->heights.instrumentHeight, ahead->distanceUnit),
-          MetresFromRaw(ahead->heights.rodHeight, ahead->distanceUnit)};
+  return {MetresFrom(ahead->heights.instrumentHeight, ahead->unit),
+          MetresFrom(ahead->heights.rodHeight, ahead->unit)};
 }
 
-void CConvertJobXml::JoinOccupiedPoint() {
+void RawToJxl::JoinOccupiedPoint() {
   if (!m_occupied.isPending) return;
   m_points.Add(m_occupied.name, m_occupied.description, m_occupied.position);
   m_occupied.isPending = false;
 }
 
-bool CConvertJobXml::OnSideshot(std::wstring_view line) {
-  return OnShot(line, false);
-}
-
-bool CConvertJobXml::OnTraverse(std::wstring_view line) {
-  return OnShot(line, true);
-}
-
-bool CConvertJobXml::OnShot(std::wstring_view line, bool traverse) {
+bool RawToJxl::OnShot(std::wstring_view line, bool traverse) {
   SHOT_RECORD shot;
   if (!CRawFile::Parse(line, shot) || shot.horizontalKind != HorizontalKind::AngleRight ||
       shot.verticalKind != VerticalKind::Zenith) {
     return false;
   }
-  const bool moved = m_instrument.PrepareShot(*m_pJxlFile, shot.station);
+  const bool moved = m_instrument.PrepareShot(m_jxl, shot.station);
   if (moved && ComparedName(m_occupied.name) == ComparedName(shot.station)) JoinOccupiedPoint();
   const KnownPoints::Point* station = m_points.Find(shot.station);
   if (station == nullptr) return false;
   m_shot.name = Left(shot.foresight, kShotNameLength);
   m_shot.description = shot.note;
-  m_shot.readings = {ToDegrees(shot.horizontal), ToDegrees(shot.vertical), ToMetres(shot.distance)};
+  m_shot.readings = {Degrees(shot.horizontal), Degrees(shot.vertical), Metres(shot.distance)};
   m_shot.position = m_instrument.Reduce(m_shot.readings, station->position, m_scale);
   m_shot.setup = m_instrument.Records();
   m_shot.isPending = true;
@@ -322,72 +340,72 @@ bool CConvertJobXml::OnShot(std::wstring_view line, bool traverse) {
   return true;
 }
 
-void CConvertJobXml::FlushPendingShot() {
+void RawToJxl::FlushPendingShot() {
   m_shot.isPending = false;
-  m_lastPointRecord = m_pJxlFile->AddDirectReading(m_shot.name, m_shot.description, m_shot.readings,
-                                                   m_shot.setup, m_shot.position);
+  m_lastPointRecord = m_jxl.AddDirectReading(m_shot.name, m_shot.description, m_shot.readings,
+                                             m_shot.setup, m_shot.position);
   m_points.Add(m_shot.name, m_shot.description, m_shot.position);
 }
 
-bool CConvertJobXml::OnComment(std::wstring_view line) {
-  m_pJxlFile->AddNoteRecord(Mid(line, 2));
+bool RawToJxl::OnComment(std::wstring_view line) {
+  m_jxl.AddNoteRecord(Mid(line, 2));
   return true;
 }
 
-bool CConvertJobXml::OnDelete(std::wstring_view line) {
+bool RawToJxl::OnDelete(std::wstring_view line) {
   NAME_RECORD point;
   if (!CRawFile::Parse(line, point)) return false;
-  m_pJxlFile->DeletePoint(point.name);
+  m_jxl.DeletePoint(point.name);
   m_points.Delete(point.name);
   return true;
 }
 
-bool CConvertJobXml::OnScan(std::wstring_view line) {
+bool RawToJxl::OnScan(std::wstring_view line) {
   SC_RECORD scan;
   if (!CRawFile::Parse(line, scan)) return false;
-  m_pJxlFile->AddScanningRecord({m_instrument.Records(), scan.fileName, scan.points,
-                                 ToDegrees(scan.horizontalStep), ToDegrees(scan.verticalStep)});
+  scan.horizontalStep = Degrees(scan.horizontalStep);
+  scan.verticalStep = Degrees(scan.verticalStep);
+  m_jxl.AddScanningRecord(m_instrument.Records(), scan);
   return true;
 }
 
-bool CConvertJobXml::OnCamera(std::wstring_view line) {
+bool RawToJxl::OnCamera(std::wstring_view line) {
   CR_RECORD camera;
   if (!CRawFile::Parse(line, camera)) return false;
-  m_camera = m_pJxlFile->AddCameraRecord(
-      {camera.x0, camera.y0, camera.focalLength, ToDegrees(camera.kappa), ToDegrees(camera.phi),
-       ToDegrees(camera.omega), camera.s0, camera.c0, camera.z0, camera.i, camera.k1, camera.p1,
-       camera.p2, camera.pixelSizeX, camera.pixelSizeY, camera.pixelsX, camera.pixelsY});
+  camera.kappa = Degrees(camera.kappa);
+  camera.phi = Degrees(camera.phi);
+  camera.omega = Degrees(camera.omega);
+  m_camera = m_jxl.AddCameraRecord(camera);
   return true;
 }
 
-bool CConvertJobXml::OnImage(std::wstring_view line) {
+bool RawToJxl::OnImage(std::wstring_view line) {
   IM_RECORD image;
   if (!CRawFile::Parse(line, image)) return false;
-  m_pJxlFile->AddImageRecord({m_instrument.Records(), m_camera, m_lastPointRecord, image.fileName,
-                              ToDegrees(image.horizontalAngle), ToDegrees(image.verticalAngle),
-                              image.width, image.height, image.startX, image.startY, image.sizeX,
-                              image.sizeY});
+  image.horizontalAngle = Degrees(image.horizontalAngle);
+  image.verticalAngle = Degrees(image.verticalAngle);
+  m_jxl.AddImageRecord(m_instrument.Records(), m_camera, m_lastPointRecord, image);
   return true;
 }
 
-double CConvertJobXml::ToDegrees(double angle) const {
-  if (IsNull(angle)) return angle;
-  if (m_sourceUnits.angle == kRawDegrees) return DmsToDegrees(angle);
-  // Any other code stands for decimal degrees.
-  return m_sourceUnits.angle == kRawGons ? angle * 0.9 : angle;
+double RawToJxl::Degrees(double angle) const {
+  if (m_units.angle == AngularUnit::Gon) return Computed(angle * 0.9, angle);
+  return ReckonedAngle(angle, m_units.angle);
 }
 
-double CConvertJobXml::ToNorthAzimuth(double angle) const {
-  const double azimuth = ToDegrees(angle);
+double RawToJxl::NorthAzimuth(double angle) const {
+  const double azimuth = Degrees(angle);
   return m_southAzimuths ? NormalizeDegrees(azimuth + 180) : azimuth;
 }
 
-double CConvertJobXml::ToMetres(double length) const {
-  return MetresFromRaw(length, m_sourceUnits.distance);
+JxlPosition RawToJxl::Metres(const POINT_RECORD& point) const {
+  return {Metres(point.north), Metres(point.east), Metres(point.elevation)};
 }
 
-JxlPosition CConvertJobXml::ToMetres(const POINT_RECORD& point) const {
-  return {ToMetres(point.north), ToMetres(point.east), ToMetres(point.elevation)};
+}  // namespace
+
+bool CConvertJobXml::Convert(CRawFile& rawFile, CJxlFile& jxlFile, Report& report) {
+  return RawToJxl(rawFile, jxlFile).Run(report.messages);
 }
 
 }  // namespace zelconvert

@@ -15,7 +15,7 @@ constexpr int kHeightDecimals = 3;
 constexpr int kDistanceDecimals = 5;
 constexpr int kPlaneDecimals = 6;  // north and east
 constexpr int kElevationDecimals = 5;
-constexpr int kCameraDecimals = 6;
+constexpr int kFieldDecimals = 6;  // of what stands in a table of fields
 
 /// Up to and with this vertical circle an instrument is in its first face. Readings that were
 /// converted from gons or from minutes and seconds come within a billionth of the limit.
@@ -68,18 +68,65 @@ constexpr XmlFixedChild kAzimuthOnly[] = {
 constexpr XmlFixedChild kAngleOnly[] = {
     {"Method", "AngleOnly"}, {"SurveyMethod", "Fix"}, {"Classification", "BackSight"}};
 
-struct DistanceWords {
+struct LengthWords {
   const char* unit;
   const char* stationing;
 };
-constexpr DistanceWords kDistanceWords[] = {
-    {"InternationalFeet", "10+00.0"}, {"Metres", "1+000.0"}, {"USSurveyFeet", "10+00.0"}};
-constexpr const char* kAngleWords[] = {"DMSDegrees", "Gons"};
-
-template <class Word, std::size_t N>
-Word WordFor(const Word (&words)[N], std::int32_t code, Word otherwise) {
-  return code >= 0 && static_cast<std::size_t>(code) < N ? words[code] : otherwise;
+LengthWords WordsFor(std::optional<LinearUnit> unit) {
+  if (!unit) return {"", ""};
+  switch (*unit) {
+    case LinearUnit::Metre:
+      return {"Metres", "1+000.0"};
+    case LinearUnit::InternationalFoot:
+      return {"InternationalFeet", "10+00.0"};
+    case LinearUnit::UsSurveyFoot:
+      return {"USSurveyFeet", "10+00.0"};
+  }
+  return {"", ""};
 }
+
+const char* WordFor(AngularUnit unit) {
+  return unit == AngularUnit::DegreesMinutesSeconds ? "DMSDegrees"
+         : unit == AngularUnit::Gon                 ? "Gons"
+                                                    : "";
+}
+
+constexpr XmlField<CR_RECORD> kCamera[] = {
+    {"X0", &CR_RECORD::x0},
+    {"Y0", &CR_RECORD::y0},
+    {"CK", &CR_RECORD::focalLength},
+    {"Kappa", &CR_RECORD::kappa},
+    {"Phi", &CR_RECORD::phi},
+    {"Omega", &CR_RECORD::omega},
+    {"S0", &CR_RECORD::s0},
+    {"C0", &CR_RECORD::c0},
+    {"Z0", &CR_RECORD::z0},
+    {"I", &CR_RECORD::i},
+    {"K1", &CR_RECORD::k1},
+    {"P1", &CR_RECORD::p1},
+    {"P2", &CR_RECORD::p2},
+    {"PixelSizeX", &CR_RECORD::pixelSizeX},
+    {"PixelSizeY", &CR_RECORD::pixelSizeY},
+    {"PixelCountX", &CR_RECORD::pixelsX},
+    {"PixelCountY", &CR_RECORD::pixelsY},
+};
+constexpr XmlField<IM_RECORD> kImage[] = {
+    {"FileName", &IM_RECORD::fileName},
+    {"HorizontalAngle", &IM_RECORD::horizontalAngle},
+    {"VerticalAngle", &IM_RECORD::verticalAngle},
+    {"Width", &IM_RECORD::width},
+    {"Height", &IM_RECORD::height},
+    {"SourceX", &IM_RECORD::startX},
+    {"SourceY", &IM_RECORD::startY},
+    {"SourceWidth", &IM_RECORD::sizeX},
+    {"SourceHeight", &IM_RECORD::sizeY},
+};
+constexpr XmlField<SC_RECORD> kScan[] = {
+    {"FileName", &SC_RECORD::fileName},
+    {"NumberOfPoints", &SC_RECORD::points},
+    {"HorizontalStep", &SC_RECORD::horizontalStep},
+    {"VerticalStep", &SC_RECORD::verticalStep},
+};
 
 void AppendTwoDigits(std::wstring& text, wchar_t before, int value) {
   text += before;
@@ -111,8 +158,9 @@ CJxlFile::CJxlFile(bool bNative) : CFileCE(false), m_bNative(bNative) {}
 CJxlFile::~CJxlFile() = default;
 
 bool CJxlFile::Create(const std::wstring& path) {
-  return Open(path, platform::kCreateOutput) &&
-         WriteLine(L"<?xml version=\"1.0\" encoding=\"UTF-8\"?>");
+  if (!Open(path, platform::kCreateOutput)) return false;
+  WriteLine(L"<?xml version=\"1.0\" encoding=\"UTF-8\"?>");
+  return true;
 }
 
 void CJxlFile::BeginDocument(std::wstring_view jobName, std::wstring_view productVersion,
@@ -123,7 +171,7 @@ void CJxlFile::BeginDocument(std::wstring_view jobName, std::wstring_view produc
   m_root = m_tree->Root();
   m_root.AddAttribute("jobName", jobName);
   m_root.AddAttribute("version", "4.0");
-  m_root.AddAttribute("product", XmlText::Literal(m_bNative ? "Gridlark" : "Plumbwick"));
+  m_root.AddAttribute("product", XmlText::Literal(Product()));
   m_root.AddAttribute("productVersion", productVersion);
   m_root.AddAttribute("productDBVersion", productVersion);
   m_root.AddAttribute("TimeStamp", FormatTimeStamp(time));
@@ -132,8 +180,8 @@ void CJxlFile::BeginDocument(std::wstring_view jobName, std::wstring_view produc
   m_environment = m_root.AddSpacedChild("Environment");
 }
 
-bool CJxlFile::WriteDocument() {
-  return m_root && m_root.Write(*this, 0);
+void CJxlFile::WriteDocument() {
+  if (m_root) m_root.Write(*this, 0);
 }
 
 std::wstring CJxlFile::FormatId(std::uint32_t id) {
@@ -142,12 +190,16 @@ std::wstring CJxlFile::FormatId(std::uint32_t id) {
   return text;
 }
 
-CXmlElement CJxlFile::AddRecord(const char* name, std::uint32_t& id) {
+/// Adds a record and lets `fill` add its children.
+template <class Fill>
+std::uint32_t CJxlFile::AddRecord(const char* name, Fill fill) {
+  if (!m_fieldBook) return 0;
   CXmlElement record = m_fieldBook.AddSpacedChild(name);
-  id = NextId();
+  const std::uint32_t id = NextId();
   record.AddAttribute("ID", FormatId(id));
   record.AddAttribute("TimeStamp", "");
-  return record;
+  fill(record);
+  return id;
 }
 
 void CJxlFile::AddId(CXmlElement parent, const char* name, std::uint32_t id) {
@@ -162,10 +214,6 @@ void CJxlFile::AddNumber(CXmlElement parent, const char* name, double value, int
   m_number.clear();
   AppendDcNumber(m_number, value, decimals);
   parent.AddChild(name, Trim(m_number));
-}
-
-void CJxlFile::AddInteger(CXmlElement parent, const char* name, std::int32_t value) {
-  parent.AddChild(name, FormatInteger(value));
 }
 
 void CJxlFile::AddGrid(CXmlElement parent, const char* name, const JxlPosition& grid) {
@@ -184,21 +232,32 @@ void CJxlFile::AddHeight(CXmlElement record, const char* name, const char* rawNa
   raw.AddChild("VerticalOffset", "");
 }
 
+template <class Record, std::size_t count>
+void CJxlFile::AddFields(CXmlElement parent, const XmlField<Record> (&table)[count],
+                         const Record& record) {
+  for (const XmlField<Record>& field : table) {
+    if (const auto* text = std::get_if<0>(&field.member)) {
+      parent.AddChild(field.name, record.**text);
+    } else if (const auto* real = std::get_if<1>(&field.member)) {
+      AddNumber(parent, field.name, record.**real, kFieldDecimals);
+    } else {
+      parent.AddChild(field.name, FormatInteger(record.**std::get_if<2>(&field.member)));
+    }
+  }
+}
+
 void CJxlFile::AddUnits(CXmlElement parent, const JxlUnits& units, bool withAzimuthFormat) {
-  const DistanceWords words = WordFor(kDistanceWords, units.distance, DistanceWords{"", ""});
+  const LengthWords words = WordsFor(units.length);
   parent.AddChild("DistanceUnits", XmlText::Literal(words.unit));
   parent.AddChild("HeightUnits", XmlText::Literal(words.unit));
-  parent.AddChild("AngleUnits", XmlText::Literal(WordFor(kAngleWords, units.angle, "")));
+  parent.AddChild("AngleUnits", XmlText::Literal(WordFor(units.angle)));
   if (withAzimuthFormat) parent.AddChild("AzimuthFormat", "Azimuth");
   parent.AddFixedChildren(kUnitsAfterAngle);
   parent.AddChild("StationingFormat", XmlText::Literal(words.stationing));
 }
 
 std::uint32_t CJxlFile::AddUnitsRecord(const JxlUnits& units) {
-  if (!m_fieldBook) return 0;
-  std::uint32_t id = 0;
-  AddUnits(AddRecord("UnitsRecord", id), units, false);
-  return id;
+  return AddRecord("UnitsRecord", [&](CXmlElement record) { AddUnits(record, units, false); });
 }
 
 std::uint32_t CJxlFile::AddDisplaySettings(const JxlUnits& units) {
@@ -208,30 +267,28 @@ std::uint32_t CJxlFile::AddDisplaySettings(const JxlUnits& units) {
 }
 
 std::uint32_t CJxlFile::AddCorrectionsRecord(bool southAzimuths) {
-  if (!m_fieldBook) return 0;
-  std::uint32_t id = 0;
-  CXmlElement record = AddRecord("CorrectionsRecord", id);
-  record.AddChild("SouthAzimuth", XmlText::Literal(southAzimuths ? "true" : "false"));
-  record.AddFixedChildren(kCorrections);
-  record.AddChild("NeighbourhoodAdjustment").AddFixedChildren(kNeighbourhood);
-  return id;
+  return AddRecord("CorrectionsRecord", [&](CXmlElement record) {
+    record.AddChild("SouthAzimuth", XmlText::Literal(southAzimuths ? "true" : "false"));
+    record.AddFixedChildren(kCorrections);
+    record.AddChild("NeighbourhoodAdjustment").AddFixedChildren(kNeighbourhood);
+  });
 }
 
 std::uint32_t CJxlFile::AddCoordinateSystemRecord() {
-  if (!m_fieldBook) return 0;
-  std::uint32_t id = 0;
-  AddRecord("CoordinateSystemRecord", id).AddFixedChildren(kNames);
-  return id;
+  return AddRecord("CoordinateSystemRecord",
+                   [](CXmlElement record) { record.AddFixedChildren(kNames); });
 }
 
-CXmlElement CJxlFile::AddPointRecord(const XmlText& name, const XmlText& code,
-                                     const PointForm& form, std::uint32_t& id) {
-  CXmlElement record = AddRecord("PointRecord", id);
-  record.AddChild("Name", name);
-  record.AddChild("Code", code);
-  record.AddFixedChildren(form);
-  record.AddChild("Deleted", "false");
-  return record;
+template <class Fill>
+std::uint32_t CJxlFile::AddPointRecord(const XmlText& name, const XmlText& code,
+                                       const PointForm& form, Fill fill) {
+  return AddRecord("PointRecord", [&](CXmlElement record) {
+    record.AddChild("Name", name);
+    record.AddChild("Code", code);
+    record.AddFixedChildren(form);
+    record.AddChild("Deleted", "false");
+    fill(record);
+  });
 }
 
 /// Adds what has come since the last call.
@@ -279,152 +336,95 @@ void CJxlFile::AddSetup(CXmlElement record, const JxlSetup& setup) {
 std::uint32_t CJxlFile::AddDirectReading(const XmlText& name, const XmlText& code,
                                          const JxlReadings& readings, const JxlSetup& setup,
                                          const JxlPosition& grid) {
-  if (!m_fieldBook) return 0;
-  std::uint32_t id = 0;
-  CXmlElement record = AddPointRecord(name, code, kDirectReading, id);
-  const bool usable = readings.AreUsable();
-  const char* face = !usable ? "" : readings.vertical <= kFirstFaceLimit ? "Face1" : "Face2";
-  AddCircle(record, usable ? readings : JxlReadings{}, face, kCircleRest);
-  AddSetup(record, setup);
-  AddGrid(record, "ComputedGrid", grid);
-  return id;
+  return AddPointRecord(name, code, kDirectReading, [&](CXmlElement record) {
+    const bool usable = readings.AreUsable();
+    const char* face = !usable ? "" : readings.vertical <= kFirstFaceLimit ? "Face1" : "Face2";
+    AddCircle(record, usable ? readings : JxlReadings{}, face, kCircleRest);
+    AddSetup(record, setup);
+    AddGrid(record, "ComputedGrid", grid);
+  });
 }
 
 std::uint32_t CJxlFile::AddCoordinates(const XmlText& name, const XmlText& code,
                                        const JxlPosition& grid) {
-  if (!m_fieldBook) return 0;
-  std::uint32_t id = 0;
-  AddGrid(AddPointRecord(name, code, kCoordinates, id), "Grid", grid);
-  return id;
+  return AddPointRecord(name, code, kCoordinates,
+                        [&](CXmlElement record) { AddGrid(record, "Grid", grid); });
 }
 
 std::uint32_t CJxlFile::AddAzimuthOnly(const XmlText& name, const XmlText& sourcePoint,
                                        double azimuth) {
-  if (!m_fieldBook) return 0;
-  std::uint32_t id = 0;
-  CXmlElement record = AddPointRecord(name, {}, kAzimuthOnly, id);
-  record.AddChild("SourcePoint", sourcePoint);
-  AddNumber(record, "Azimuth", azimuth, kAngleDecimals);
-  record.AddChild("AzimuthType", "Grid");
-  return id;
+  return AddPointRecord(name, {}, kAzimuthOnly, [&](CXmlElement record) {
+    record.AddChild("SourcePoint", sourcePoint);
+    AddNumber(record, "Azimuth", azimuth, kAngleDecimals);
+    record.AddChild("AzimuthType", "Grid");
+  });
 }
 
 std::uint32_t CJxlFile::AddAngleOnly(const XmlText& name, double horizontalCircle,
                                      const JxlSetup& setup, const JxlPosition& grid) {
-  if (!m_fieldBook) return 0;
-  std::uint32_t id = 0;
-  CXmlElement record = AddPointRecord(name, {}, kAngleOnly, id);
-  // The form has a level line of sight in face one, whatever the shot was.
-  AddCircle(record, {horizontalCircle, 90.0, DC_NULL}, "Face1", std::span(kCircleRest).first(3));
-  AddSetup(record, setup);
-  if (grid.IsWhole()) AddGrid(record, "ComputedGrid", grid);
-  return id;
+  return AddPointRecord(name, {}, kAngleOnly, [&](CXmlElement record) {
+    // The form has a level line of sight in face one, whatever the shot was.
+    AddCircle(record, {horizontalCircle, 90.0, DC_NULL}, "Face1", std::span(kCircleRest).first(3));
+    AddSetup(record, setup);
+    if (grid.IsWhole()) AddGrid(record, "ComputedGrid", grid);
+  });
 }
 
 std::uint32_t CJxlFile::AddStationRecord(const XmlText& name, double instrumentHeight) {
-  if (!m_fieldBook) return 0;
-  std::uint32_t id = 0;
-  CXmlElement record = AddRecord("StationRecord", id);
-  record.AddChild("StationName", name);
-  AddHeight(record, "TheodoliteHeight", "RawTheodoliteHeight", instrumentHeight);
-  record.AddFixedChildren(kStationAfterHeight);
-  return id;
+  return AddRecord("StationRecord", [&](CXmlElement record) {
+    record.AddChild("StationName", name);
+    AddHeight(record, "TheodoliteHeight", "RawTheodoliteHeight", instrumentHeight);
+    record.AddFixedChildren(kStationAfterHeight);
+  });
 }
 
 std::uint32_t CJxlFile::AddBackBearingRecord(std::uint32_t stationRecord, const XmlText& station,
                                              const XmlText& backsight, double circle,
                                              double orientationCorrection) {
-  if (!m_fieldBook) return 0;
-  std::uint32_t id = 0;
-  CXmlElement record = AddRecord("BackBearingRecord", id);
-  AddId(record, "StationRecordID", stationRecord);
-  record.AddChild("Station", station);
-  record.AddChild("BackSight", backsight);
-  AddNumber(record, "Face1HorizontalCircle", circle, kAngleDecimals);
-  record.AddChild("Face2HorizontalCircle", "");
-  AddNumber(record, "OrientationCorrection", orientationCorrection, kAngleDecimals);
-  record.AddChild("OrientationCorrectionStandardError", "");
-  return id;
+  return AddRecord("BackBearingRecord", [&](CXmlElement record) {
+    AddId(record, "StationRecordID", stationRecord);
+    record.AddChild("Station", station);
+    record.AddChild("BackSight", backsight);
+    AddNumber(record, "Face1HorizontalCircle", circle, kAngleDecimals);
+    record.AddChild("Face2HorizontalCircle", "");
+    AddNumber(record, "OrientationCorrection", orientationCorrection, kAngleDecimals);
+    record.AddChild("OrientationCorrectionStandardError", "");
+  });
 }
 
 std::uint32_t CJxlFile::AddTargetRecord(double targetHeight) {
-  if (!m_fieldBook) return 0;
-  std::uint32_t id = 0;
-  CXmlElement record = AddRecord("TargetRecord", id);
-  record.AddFixedChildren(kPrism);
-  AddHeight(record, "TargetHeight", "RawTargetHeight", targetHeight);
-  return id;
+  return AddRecord("TargetRecord", [&](CXmlElement record) {
+    record.AddFixedChildren(kPrism);
+    AddHeight(record, "TargetHeight", "RawTargetHeight", targetHeight);
+  });
 }
 
-std::uint32_t CJxlFile::AddImageRecord(const JxlImage& image) {
-  if (!m_fieldBook) return 0;
-  std::uint32_t id = 0;
-  CXmlElement record = AddRecord("ImageRecord", id);
-  AddId(record, "StationID", image.setup.station);
-  AddId(record, "BackBearingID", image.setup.backBearing);
-  AddId(record, "CameraID", image.camera);
-  AddId(record, "PointRecordID", image.pointRecord);
-  record.AddChild("FileName", image.fileName);
-  AddNumber(record, "HorizontalAngle", image.horizontalAngle, kAngleDecimals);
-  AddNumber(record, "VerticalAngle", image.verticalAngle, kAngleDecimals);
-  AddInteger(record, "Width", image.width);
-  AddInteger(record, "Height", image.height);
-  AddInteger(record, "SourceX", image.sourceX);
-  AddInteger(record, "SourceY", image.sourceY);
-  AddInteger(record, "SourceWidth", image.sourceWidth);
-  AddInteger(record, "SourceHeight", image.sourceHeight);
-  return id;
+std::uint32_t CJxlFile::AddImageRecord(const JxlSetup& setup, std::uint32_t camera,
+                                       std::uint32_t pointRecord, const IM_RECORD& image) {
+  return AddRecord("ImageRecord", [&](CXmlElement record) {
+    AddId(record, "StationID", setup.station);
+    AddId(record, "BackBearingID", setup.backBearing);
+    AddId(record, "CameraID", camera);
+    AddId(record, "PointRecordID", pointRecord);
+    AddFields(record, kImage, image);
+  });
 }
 
-std::uint32_t CJxlFile::AddCameraRecord(const JxlCamera& camera) {
-  if (!m_fieldBook) return 0;
-  std::uint32_t id = 0;
-  CXmlElement record = AddRecord("CameraRecord", id);
-  const auto real = [&](const char* name, double value) {
-    AddNumber(record, name, value, kCameraDecimals);
-  };
-  const auto integer = [&](const char* name, std::int32_t value) {
-    AddInteger(record, name, value);
-  };
-  real("X0", camera.x0);
-  real("Y0", camera.y0);
-  real("CK", camera.ck);
-  real("Kappa", camera.kappa);
-  real("Phi", camera.phi);
-  real("Omega", camera.omega);
-  real("S0", camera.s0);
-  real("C0", camera.c0);
-  real("Z0", camera.z0);
-  real("I", camera.i);
-  integer("K1", camera.k1);
-  integer("P1", camera.p1);
-  integer("P2", camera.p2);
-  real("PixelSizeX", camera.pixelSizeX);
-  real("PixelSizeY", camera.pixelSizeY);
-  integer("PixelCountX", camera.pixelCountX);
-  integer("PixelCountY", camera.pixelCountY);
-  return id;
+std::uint32_t CJxlFile::AddCameraRecord(const CR_RECORD& camera) {
+  return AddRecord("CameraRecord", [&](CXmlElement record) { AddFields(record, kCamera, camera); });
 }
 
 std::uint32_t CJxlFile::AddNoteRecord(const XmlText& notes) {
-  if (!m_fieldBook) return 0;
-  std::uint32_t id = 0;
-  AddRecord("NoteRecord", id).AddChild("Notes", notes);
-  return id;
+  return AddRecord("NoteRecord", [&](CXmlElement record) { record.AddChild("Notes", notes); });
 }
 
-std::uint32_t CJxlFile::AddScanningRecord(const JxlScan& scan) {
-  if (!m_fieldBook) return 0;
-  std::uint32_t id = 0;
-  CXmlElement record = AddRecord("ScanningRecord", id);
-  AddId(record, "StationID", scan.setup.station);
-  AddId(record, "BackBearingID", scan.setup.backBearing);
-  record.AddChild("Type", "ScanRectangle");
-  record.AddChild("FileName", scan.fileName);
-  AddInteger(record, "NumberOfPoints", scan.points);
-  AddNumber(record, "HorizontalStep", scan.horizontalStep, kAngleDecimals);
-  AddNumber(record, "VerticalStep", scan.verticalStep, kAngleDecimals);
-  return id;
+std::uint32_t CJxlFile::AddScanningRecord(const JxlSetup& setup, const SC_RECORD& scan) {
+  return AddRecord("ScanningRecord", [&](CXmlElement record) {
+    AddId(record, "StationID", setup.station);
+    AddId(record, "BackBearingID", setup.backBearing);
+    record.AddChild("Type", "ScanRectangle");
+    AddFields(record, kScan, scan);
+  });
 }
 
 std::uint32_t CJxlFile::AddPoint(const XmlText& name, const XmlText& code,

@@ -7,23 +7,27 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <variant>
 #include <vector>
 
 #include "io/CFileCE.h"
 #include "io/Units.h"
 #include "jxl/CXmlElement.h"
 #include "platform/Platform.h"
+#include "raw/RawRecords.h"
 
 namespace zelconvert {
 
-/// Units as the document names them, by the codes of raw logs. Others give empty texts.
+/// Units as the document names them: what has no name, no unit of length and decimal degrees, gives
+/// empty texts.
 struct JxlUnits {
-  std::int32_t distance = 1;  ///< 0 international feet, 1 metres, 2 US survey feet
-  std::int32_t angle = 0;     ///< 0 degrees, 1 gons
+  std::optional<LinearUnit> length = LinearUnit::Metre;
+  AngularUnit angle = AngularUnit::DegreesMinutesSeconds;
 };
 
 struct JxlPosition {
@@ -50,30 +54,11 @@ struct JxlSetup {
   std::uint32_t target = 0;
 };
 
-struct JxlCamera {
-  double x0, y0, ck, kappa, phi, omega, s0, c0, z0, i;
-  std::int32_t k1, p1, p2;
-  double pixelSizeX, pixelSizeY;
-  std::int32_t pixelCountX, pixelCountY;
-};
-
-struct JxlImage {
-  JxlSetup setup;  ///< the target isn't written
-  std::uint32_t camera = 0;
-  std::uint32_t pointRecord = 0;
-  std::wstring_view fileName;
-  double horizontalAngle = DC_NULL;
-  double verticalAngle = DC_NULL;
-  std::int32_t width = 0, height = 0;
-  std::int32_t sourceX = 0, sourceY = 0, sourceWidth = 0, sourceHeight = 0;
-};
-
-struct JxlScan {
-  JxlSetup setup;  ///< the target isn't written
-  std::wstring_view fileName;
-  std::int32_t points = 0;
-  double horizontalStep = DC_NULL;
-  double verticalStep = DC_NULL;
+/// A member of a raw record and the element that has its value; reals with six decimals.
+template <class Record>
+struct XmlField {
+  const char* name;
+  std::variant<std::wstring_view Record::*, double Record::*, std::int32_t Record::*> member;
 };
 
 class CJxlFile : public CFileCE {
@@ -83,12 +68,14 @@ class CJxlFile : public CFileCE {
   ~CJxlFile() override;
 
   /// Creates the file and writes its first line; false if it can't be created.
-  bool Create(const std::wstring& path);
+  [[nodiscard]] bool Create(const std::wstring& path);
   /// Starts a document; an earlier one is dropped. Until then every Add gives 0.
   void BeginDocument(std::wstring_view jobName, std::wstring_view productVersion,
                      const platform::LocalTime& time);
-  /// Writes the document. False if none was begun or a write failed.
-  bool WriteDocument();
+  /// Writes the document, if one was begun.
+  void WriteDocument();
+  /// The product's name, as the document has it.
+  const char* Product() const { return m_bNative ? "Gridlark" : "Plumbwick"; }
 
   // Each adds one element with the next id, which is returned. Records go into the field book in
   // the order of the calls.
@@ -107,10 +94,13 @@ class CJxlFile : public CFileCE {
                                      const XmlText& backsight, double circle,
                                      double orientationCorrection);
   std::uint32_t AddTargetRecord(double targetHeight);
-  std::uint32_t AddImageRecord(const JxlImage& image);
-  std::uint32_t AddCameraRecord(const JxlCamera& camera);
+  /// The target of the setup isn't written. Angles are decimal degrees here, too.
+  std::uint32_t AddImageRecord(const JxlSetup& setup, std::uint32_t camera,
+                               std::uint32_t pointRecord, const IM_RECORD& image);
+  std::uint32_t AddCameraRecord(const CR_RECORD& camera);
   std::uint32_t AddNoteRecord(const XmlText& notes);
-  std::uint32_t AddScanningRecord(const JxlScan& scan);
+  /// The target of the setup isn't written.
+  std::uint32_t AddScanningRecord(const JxlSetup& setup, const SC_RECORD& scan);
   std::uint32_t AddPoint(const XmlText& name, const XmlText& code, const JxlPosition& grid);
   std::uint32_t AddDisplaySettings(const JxlUnits& units);
   std::uint32_t AddCoordinateSystem();
@@ -126,9 +116,13 @@ class CJxlFile : public CFileCE {
  private:
   using PointForm = XmlFixedChild[3];
 
-  CXmlElement AddRecord(const char* name, std::uint32_t& id);
-  CXmlElement AddPointRecord(const XmlText& name, const XmlText& code, const PointForm& form,
-                             std::uint32_t& id);
+  template <class Fill>
+  std::uint32_t AddRecord(const char* name, Fill fill);
+  template <class Fill>
+  std::uint32_t AddPointRecord(const XmlText& name, const XmlText& code, const PointForm& form,
+                               Fill fill);
+  template <class Record, std::size_t count>
+  void AddFields(CXmlElement parent, const XmlField<Record> (&table)[count], const Record& record);
   void AddCircle(CXmlElement record, const JxlReadings& readings, const char* face,
                  std::span<const XmlFixedChild> rest);
   void IndexPointRecords();
@@ -136,7 +130,6 @@ class CJxlFile : public CFileCE {
   void AddGrid(CXmlElement parent, const char* name, const JxlPosition& grid);
   void AddId(CXmlElement parent, const char* name, std::uint32_t id);
   void AddNumber(CXmlElement parent, const char* name, double value, int decimals);
-  void AddInteger(CXmlElement parent, const char* name, std::int32_t value);
   void AddHeight(CXmlElement record, const char* name, const char* rawName, double height);
   void AddUnits(CXmlElement parent, const JxlUnits& units, bool withAzimuthFormat);
 

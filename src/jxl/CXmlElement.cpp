@@ -22,7 +22,7 @@ void AppendReference(std::string& out, unsigned code) {
 }
 
 // Control characters that XML can hold: tab, LF and CR, and U+007F to 9F, which are C2 80 to C2 9F
-// in UTF-8 behind 7F.
+// in UTF-8 after 7F.
 bool IsControl(unsigned char c) {
   return c < 0x20 || c == 0x7F;
 }
@@ -60,6 +60,17 @@ void AppendEscaped(std::string& out, std::string_view text) {
         }
     }
   }
+}
+
+void AppendFixedChild(std::string& out, const XmlFixedChild& child, std::size_t indent) {
+  out.append(indent, ' ').append("<").append(child.name);
+  if (*child.text == '\0') {
+    out += "/>\r\n";
+    return;
+  }
+  out += '>';
+  AppendEscapedText(out, child.text);
+  out.append("</").append(child.name).append(">\r\n");
 }
 
 // What an XML 1.0 document can't hold, be it as a reference. Halves of pairs fall to AppendUtf8.
@@ -160,31 +171,14 @@ CXmlElement CXmlElement::NextSibling() const {
   return m_tree->ElementOrNone(m_tree->m_nodes[m_index].m_nextSibling);
 }
 
-bool CXmlElement::Write(CFileCE& file, int depth) const {
+void CXmlElement::Write(CFileCE& file, int depth) const {
   std::string out;
   out.reserve(kBlock + kBlock / 4);
-  bool ok = true;
-  m_tree->AppendTo(out, m_index, depth, file, ok);
-  return file.Write(out.data(), out.size()) && ok;
+  m_tree->AppendTo(out, m_index, depth, file);
+  file.Write(out.data(), out.size());
 }
 
-namespace {
-
-void AppendFixedChild(std::string& out, const XmlFixedChild& child, std::size_t indent) {
-  out.append(indent, ' ').append("<").append(child.name);
-  if (*child.text == '\0') {
-    out += "/>\r\n";
-    return;
-  }
-  out += '>';
-  AppendEscapedText(out, child.text);
-  out.append("</").append(child.name).append(">\r\n");
-}
-
-}  // namespace
-
-void CXmlTree::AppendTo(std::string& out, std::uint32_t index, int depth, CFileCE& file,
-                        bool& ok) const {
+void CXmlTree::AppendTo(std::string& out, std::uint32_t index, int depth, CFileCE& file) const {
   const Node& node = m_nodes[index];
   const std::size_t indent = kIndent * static_cast<std::size_t>(depth);
   if (node.m_name == nullptr) {
@@ -218,7 +212,7 @@ void CXmlTree::AppendTo(std::string& out, std::uint32_t index, int depth, CFileC
     }
     for (std::uint32_t child = node.m_firstChild; child != kNone;
          child = m_nodes[child].m_nextSibling) {
-      AppendTo(out, child, depth + 1, file, ok);
+      AppendTo(out, child, depth + 1, file);
     }
     out.append(indent, ' ');
   } else {
@@ -226,7 +220,7 @@ void CXmlTree::AppendTo(std::string& out, std::uint32_t index, int depth, CFileC
   }
   out.append("</").append(node.m_name).append(">\r\n");
   if (out.size() >= kBlock) {
-    ok = file.Write(out.data(), out.size()) && ok;
+    file.Write(out.data(), out.size());
     out.clear();
   }
 }

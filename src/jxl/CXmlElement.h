@@ -68,14 +68,14 @@ class CXmlElement {
   /// As UTF-8, alive as long as the tree.
   std::string_view Name() const;
   std::string_view Text() const;
-  /// None behind the last one. Children from a table count as one that has no name.
+  /// None after the last one. Children from a table count as one that has no name.
   CXmlElement FirstChild() const;
   CXmlElement NextSibling() const;
   /// What CXmlTree::Element takes: a handle in four bytes.
   std::uint32_t Index() const { return m_index; }
   /// Writes the element and what is beneath it as lines, indented by four blanks for each step of
-  /// `depth`. The result is that of the writes.
-  bool Write(CFileCE& file, int depth) const;
+  /// `depth`. HasWriteFailed of the file tells of a failed write.
+  void Write(CFileCE& file, int depth) const;
 
  private:
   friend class CXmlTree;
@@ -130,7 +130,7 @@ class CXmlTree {
     return index == kNone ? CXmlElement() : Element(index);
   }
   std::uint32_t Append(std::uint32_t parent, const Node& node);
-  void AppendTo(std::string& out, std::uint32_t index, int depth, CFileCE& file, bool& ok) const;
+  void AppendTo(std::string& out, std::uint32_t index, int depth, CFileCE& file) const;
 
   std::deque<Node> m_nodes;
   std::deque<Attribute> m_attributes;

@@ -1,29 +1,24 @@
 #include "jxl/JxlInstrument.h"
 
-#include <algorithm>
-#include <cmath>
-#include <initializer_list>
 #include <utility>
 
 #include "io/Strings.h"
 #include "io/Units.h"
 #include "raw/Angles.h"
-#include "raw/RawRecords.h"
+#include "raw/ReduceShot.h"
 
 namespace zelconvert {
 namespace {
 
-bool AnyNull(std::initializer_list<double> values) {
-  return std::any_of(values.begin(), values.end(), [](double value) { return IsNull(value); });
-}
+constexpr AngularUnit kDegrees = AngularUnit::DecimalDegrees;
 
 double Radians(double degrees) {
-  return RadiansOf(degrees, kRawDegrees);
+  return RadiansOf(degrees, kDegrees);
 }
 
 /// In [0, 360), and never -0. What noise has put right below a full circle is 0 as well.
 double WithinCircle(double degrees) {
-  return NormalizeZenith(degrees, kRawDegrees) + 0.0;
+  return NormalizeZenith(degrees, kDegrees) + 0.0;
 }
 
 }  // namespace
@@ -33,7 +28,7 @@ std::wstring_view ComparedName(std::wstring_view name) {
 }
 
 double JxlInstrument::Orientation::Azimuth(double circle) const {
-  return AnyNull({backAzimuth, backCircle, circle}) ? DC_NULL : backAzimuth + circle - backCircle;
+  return Computed(backAzimuth + circle - backCircle, backAzimuth, backCircle, circle);
 }
 
 std::uint32_t JxlInstrument::Orient(CJxlFile& file, Orientation orientation, const Heights& heights,
@@ -48,7 +43,7 @@ void JxlInstrument::PlanMove(std::wstring_view from, std::wstring_view to,
                              const JxlReadings& readings) {
   const double azimuth = m_orientation.Azimuth(readings.horizontal);
   // In face two the telescope points away from where the circle reads: back, as seen from there.
-  const double back = IsFaceTwo(readings.vertical, kRawDegrees) ? azimuth : azimuth + 180;
+  const double back = IsFaceTwo(readings.vertical, kDegrees) ? azimuth : azimuth + 180;
   m_moves.insert_or_assign(std::wstring(ComparedName(to)),
                            Orientation{std::wstring(to), std::wstring(from), WithinCircle(back),
                                        m_orientation.backCircle});
@@ -74,7 +69,7 @@ std::uint32_t JxlInstrument::AddSetup(CJxlFile& file, const Heights& heights, do
                                       const JxlPosition& grid) {
   const auto& [station, backsight, backAzimuth, backCircle] = m_orientation;
   const double correction =
-      AnyNull({backAzimuth, backCircle}) ? DC_NULL : WithinCircle(backAzimuth - backCircle);
+      Computed(WithinCircle(backAzimuth - backCircle), backAzimuth, backCircle);
   m_recorded.instrument = heights.instrument;
   m_records.station = file.AddStationRecord(station, heights.instrument);
   file.AddAzimuthOnly(backsight, station, backAzimuth);
@@ -91,20 +86,15 @@ void JxlInstrument::AddTarget(CJxlFile& file, double rodHeight) {
 
 JxlPosition JxlInstrument::Reduce(const JxlReadings& readings, const JxlPosition& station,
                                   double scale) const {
-  JxlPosition position;
-  if (!readings.AreUsable()) return position;
-  const double zenith = Radians(readings.vertical);
-  const double azimuth = m_orientation.Azimuth(readings.horizontal);
-  if (!AnyNull({azimuth, scale, station.north, station.east})) {
-    const double horizontalDistance = std::sin(zenith) * readings.distance * scale;
-    position.north = station.north + std::cos(Radians(azimuth)) * horizontalDistance;
-    position.east = station.east + std::sin(Radians(azimuth)) * horizontalDistance;
-  }
-  if (!AnyNull({m_heights.instrument, m_heights.rod, station.elevation})) {
-    position.elevation = station.elevation + m_heights.instrument - m_heights.rod +
-                         std::cos(zenith) * readings.distance;
-  }
-  return position;
+  if (!readings.AreUsable()) return {};
+  const auto [north, east, rise] =
+      ReduceShot(station.north, station.east,
+                 {Radians(m_orientation.Azimuth(readings.horizontal)), Radians(readings.vertical),
+                  readings.distance, scale});
+  const auto [instrument, rod] = m_heights;
+  return {
+      north, east,
+      Computed(station.elevation + instrument - rod + rise, station.elevation, instrument, rod)};
 }
 
 }  // namespace zelconvert

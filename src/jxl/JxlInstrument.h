@@ -1,6 +1,6 @@
 // The instrument of a log on its way to JobXML: where it stands, how it is oriented, how high it
 // and the rod are, and where it goes next. Adds the records that tell so: for a backsight at once,
-// else in front of the first shot that needs them.
+// else right before the first shot that needs them.
 //
 // Angles are decimal degrees, azimuths from north; lengths are metres. What is computed from a null
 // value is null.
@@ -49,7 +49,7 @@ class JxlInstrument {
   /// A traverse shot from `from` to `to`: the instrument goes there with the next shot from `to`,
   /// unless a backsight there comes first, whatever is shot from other stations until then.
   void PlanMove(std::wstring_view from, std::wstring_view to, const JxlReadings& readings);
-  /// In front of a shot: makes the move to its station, or tells heights that the records of the
+  /// Before a shot: makes the move to its station, or tells heights that the records of the
   /// setup lack. True if the instrument has moved.
   bool PrepareShot(CJxlFile& file, std::wstring_view station);
 
