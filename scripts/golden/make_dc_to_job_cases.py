@@ -10,13 +10,12 @@ import re
 import struct
 
 from case_files import settle
+from dc_lines import BLANKS, NULL, read, write
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 GOLDEN = ROOT / "tests" / "golden"
 EXAMPLES = ROOT / "examples"
-NULL = -9.99e27
 PI = 3.141592653589793
-BLANKS = " \t\n\v\f\r"
 METRES = {0: 1.0, 1: 0.3048, 2: 0.30480060960121924}
 PER_METRE = {0: 1.0, 1: 3.280839895013123, 2: 3.280833333333333}
 CREATED = struct.pack("<8H", 2026, 3, 5, 13, 14, 15, 16, 789)  # the fixed time of the cases
@@ -32,31 +31,16 @@ PROJECTIONS = {
 
 # Lines of a DC file
 
-def number(value, decimals=5, width=16):
-    text = "" if value is None else value if isinstance(value, str) else f"{value:.{decimals}f}"
-    return text.rjust(width)
-
-
-def numbers(decimals, *values):
-    return "".join(number(value, decimals) for value in values)
-
-
 def header(version="FX V10-70", digits="111111"):
-    return "00NM" + version.ljust(16) + "    " + "03-13-2026 14:15" + digits
+    return write("00NM", version, "", "03-13-2026 14:15", *digits)
 
 
 def job_line(name="CASE", digits="121111"):
-    return "10NM" + name.ljust(16) + digits
+    return write("10NM", name, *digits)
 
 
 def position(name, first, second, elevation, code="", tail="11", subtype="KI"):
-    return ("69" + subtype + name.rjust(16) + numbers(5, first, second, elevation) +
-            code.ljust(16) + tail)
-
-
-def projection(code, latitude, longitude, lengths, scale, parallels=(None, None), kind="64KI"):
-    return (kind + code + numbers(9, latitude, longitude) + numbers(5, *lengths) +
-            numbers(9, scale, *parallels))
+    return write("69" + subtype, name, first, second, elevation, code) + tail
 
 
 # The job
@@ -92,14 +76,6 @@ class System:
 
     def type_word(self):
         return struct.unpack_from("<H", self.block, 4)[0]
-
-
-def nullable(field):
-    field = field.strip(BLANKS)
-    if not field:
-        return NULL
-    found = re.match(r"[+-]?(\d+\.?\d*|\.\d+)([eE][+-]?\d+)?", field)
-    return float(found.group()) if found else 0.0
 
 
 class Job:
@@ -155,10 +131,11 @@ class Job:
             self.system.block[1532] = self.system.block[1533] = int(line[5]) - 1
 
     def on_65(self, line):
-        self.system.reals(1584, [self.metres(nullable(line[4:20])), nullable(line[20:36])])
+        axis, flattening = fields_of(line)
+        self.system.reals(1584, [self.metres(axis), flattening])
 
     def on_D5(self, line):
-        latitude, longitude, height, scale, east, north = columns(line, 4, 6)
+        latitude, longitude, height, scale, east, north = fields_of(line)
         if NULL in (scale, east, north):
             return
         if (scale, east, north) == (1.0, 0.0, 0.0) and latitude in (0.0, NULL):
@@ -172,7 +149,7 @@ class Job:
         if self.projection(line):
             self.flags = self.flags & ~0x38 | 0x18
             return
-        scale = nullable(line[101:117])
+        scale = fields_of(line)[7]
         self.scale = self.scale if scale == NULL else scale
         self.flags &= ~0x39
         if self.plain_grid:
@@ -187,8 +164,8 @@ class Job:
         self.system.word(480, int(line[150:151] == "1"))
         self.system.word(482, int(line[151:152] != "1"))
         self.system.word(484, {"1": 1, "2": 2, "3": 3}.get(line[152:153], 4))
-        self.system.text(486, line[153:185].strip(BLANKS), 261)
-        self.system.text(1008, line[185:217].strip(BLANKS), 261)
+        for offset, name in zip((486, 1008), read(line)[14:]):
+            self.system.text(offset, name, 261)
 
     def projection(self, line):
         number_of_code = PROJECTIONS.get(line[4:5])
@@ -198,7 +175,7 @@ class Job:
             return False
         if self.system.type_word() != 0x2001:
             self.system.word(4, number_of_code)
-        values = columns(line, 5, 9)
+        values = fields_of(line)[1:10]
         values[0:2] = map(self.degrees, values[0:2])
         values[2:6] = map(self.metres, values[2:6])
         values[7:9] = map(self.radians, values[7:9])
@@ -215,48 +192,47 @@ class Job:
         kind = {"1": 0x201, "3": 0x201, "2": 0x203}.get(line[4])
         if kind is not None:
             self.system.word(1582, kind)
-        values = columns(line, 5, 9)[2:]
+        values = fields_of(line)[3:]
         self.system.reals(1600, [*map(self.radians, values[:3]), *map(self.metres, values[3:6]),
                                  values[6]])
 
     def on_74(self, line):
-        self.system.text(140, line[4:36].strip(BLANKS), 33)
+        self.system.text(140, read(line)[0], 33)
         self.system.word(1582, 0x204)
 
     def on_50(self, line):
-        values = columns(line, 4, 6)
+        values = fields_of(line)
         if values[0] != NULL:
             values = [*map(self.metres, values[:4]), self.radians(values[4]), values[5]]
         self.system.reals(3226, values)
 
     def on_81(self, line):
-        values = columns(line, 5, 5)
+        values = fields_of(line)[1:6]
         values = [*map(self.metres, values[:3]), *values[3:]] if line[4] != "2" else [NULL] * 5
         self.system.reals(3274, values)
-        self.system.text(3314, line[85:117].strip(BLANKS), 261)
+        self.system.text(3314, read(line)[6], 261)
 
     def on_C8(self, line):
         self.system.word(6, int(line[4]) if line[4] in "1234" else 4)
-        for offset, column in ((74, 5), (8, 37), (140, 69)):
-            self.system.text(offset, line[column:column + 32].strip(BLANKS), 33)
+        for offset, name in zip((74, 8, 140), read(line)[1:]):
+            self.system.text(offset, name, 33)
 
     def on_D8(self, line):
-        if line[4:36].strip(BLANKS):
-            self.system.text(1008, line[4:36].strip(BLANKS), 261)
+        if read(line)[0]:
+            self.system.text(1008, read(line)[0], 261)
 
     def on_69(self, line):
-        first, second, elevation = columns(line, 20, 3)
-        if line[85:86] in tuple("6789:") or NULL in (first, second):
+        name, first, second, elevation, code, _, kind = fields_of(line)
+        if kind in tuple("6789:") or NULL in (first, second):
             return
-        name = re.sub("[^A-Za-z0-9_]", "_", line[4:20].strip(BLANKS))
+        name = re.sub("[^A-Za-z0-9_]", "_", name)
         north, east = (second, first) if self.east_first else (first, second)
-        self.point(name, line[68:84].strip(BLANKS), *map(self.metres, (east, north, elevation)))
-
+        self.point(name, code, *map(self.metres, (east, north, elevation)))
         self.any_point = True
 
     def on_28(self, line):
         self.road = None
-        if not self.roads or self.roads[0][0] != line[4:20].strip(BLANKS):
+        if not self.roads or self.roads[0][0] != read(line)[0]:
             return
         _, file_name, self.road = self.roads.pop(0)
         self.road_count += 1
@@ -294,8 +270,8 @@ class Job:
         return signature + struct.pack("<HI", 3, 2158) + old + self.records
 
 
-def columns(line, start, count):
-    return [nullable(line[i:i + 16]) for i in range(start, start + 16 * count, 16)]
+def fields_of(line):
+    return [NULL if field is None else field for field in read(line)]
 
 
 def convert(data, version=5, roads=()):
@@ -336,19 +312,15 @@ JOB, PWJ = b"Zelmont Geodata Ltd Job File", b"Corvane Surveying Job File  "
 FEET_SITE_LAMBERT = [
     header(digits="131121"), job_line(digits="121211"), "78NM22",
     "13NMa note is passed over",
-    "65KI" + number(20925874.01578) + number(298.2572229329, 10),
-    "D8KI" + "Colorado label".ljust(32),
-    "D5KI" + numbers(9, 39.75, -105.25) + number(5280.0) + number(1.000254321, 9) +
-    numbers(5, 100.5, -200.25),
-    projection("6", 39.333333333, -105.5, (None, 1000000.0, 3000000.0, None), None,
-               (40.783333333, 39.716666667)),
-    "49KI2" + number(20925646.325) + number(298.2572229329, 10) +
-    numbers(9, 0.000001, -0.000002, None) + numbers(5, -10.5, 20.25, -30.125) + number(4.5, 9),
-    "50KI" + numbers(5, 1684000.0, 3141000.0, 0.125, -0.25) + number(-0.0012345678, 10) +
-    number(0.999987654, 9),
-    "81KI1" + numbers(5, 1684000.0, 3141000.0, -52.75) + numbers(9, 0.000012345, -0.000006789) +
-    number("g2012bu0", width=32),
-    "C8KI2" + "US State Plane".ljust(32) + "Colorado Central".ljust(32) + "NAD83".ljust(32),
+    write("65KI", 20925874.01578, 298.2572229329),
+    write("D8KI", "Colorado label"),
+    write("D5KI", 39.75, -105.25, 5280.0, 1.000254321, 100.5, -200.25),
+    write("64KI", "6", 39.333333333, -105.5, None, 1000000.0, 3000000.0, None, None, 40.783333333,
+          39.716666667),
+    write("49KI", 2, 20925646.325, 298.2572229329, 0.000001, -0.000002, None, -10.5, 20.25, -30.125, 4.5),
+    write("50KI", 1684000.0, 3141000.0, 0.125, -0.25, -0.0012345678, 0.999987654),
+    write("81KI", 1, 1684000.0, 3141000.0, -52.75, 0.000012345, -0.000006789, "g2012bu0"),
+    write("C8KI", 2, "US State Plane", "Colorado Central", "NAD83"),
     position("CP 1", 3141592.65, 1684000.25, 5280.125, "IRON PIN"),
     position("a-very long name", 3141692.65, 1684100.25, None, "16 CHARACTERS HI"),
     position("blank east", None, 1684100.25, 5280.0, "no position"),
@@ -360,57 +332,55 @@ FEET_SITE_LAMBERT = [
     position("staked", 3141000.0, 1684000.5, -1.5, tail="13"),
     position("gone", 1.0, 2.0, 3.0, subtype="DL"),
     position("caf\xe9/2", 3141001.0, 1684001.5, 0.0, "\u20ac 5 caf\xe9"),
-    "69KI" + "short".rjust(16) + numbers(5, 10.0, 20.0),
-    "69KI" + "tiny".rjust(16) + number("1e-3") + number("+2.5e3xyz") + number("junk"),
-    "79F1" + "CP 1".rjust(16) + "x".rjust(16) + number(10.0),
-    "66KI" + "gps".rjust(16) + numbers(9, 39.0, -105.0, 1600.0),
+    write("69KI", "short", 10.0, 20.0),
+    write("69KI", "tiny", "1e-3", "+2.5e3xyz", "junk"),
+    write("79F1", "CP 1", "x", 10.0),
+    write("66KI", "gps", 39.0, -105.0, 1600.0),
     "Z9KIunknown", "", " " * 20]
 
 GRID_DATUM_GONS = [
-    header("FX V07-50", "221111"), "D4NM22" + " " * 16, job_line("GRID"),
-    "d8KI" + "lost to the next record".ljust(32),
-    projection("D", 52.0, 5.387638889, (1.0, 463000.0, 155000.0, -2.0), 0.9999079, (50.0, None),
-               "D0KI") + "2223" + "rdtrans2008".ljust(32) + "naptrans2008".ljust(32),
-    "74KI" + "x2c.grd".rjust(32) + "a description".ljust(30),
-    "50KI" + numbers(5, None, 5.0, 1.5, None) + number(0.5, 10) + number(1.0, 9),
-    "81KI2" + numbers(5, 1.0, 1.0, 1.0) + numbers(9, 0.5, 0.5) + "geoid file of 32 characters.....",
-    "c8ki9" + " " * 32 + "Zone only".ljust(32) + " " * 32,
+    header("FX V07-50", "221111"), write("D4NM", 2, 2, ""), job_line("GRID"),
+    write("d8KI", "lost to the next record"),
+    write("D0KI", "D", 52.0, 5.387638889, 1.0, 463000.0, 155000.0, -2.0, 0.9999079, 50.0, None, *"2223",
+          "rdtrans2008", "naptrans2008"),
+    write("74KI", "x2c.grd") + "a description".ljust(30),
+    write("50KI", None, 5.0, 1.5, None, 0.5, 1.0),
+    write("81KI", 2, 1.0, 1.0, 1.0, 0.5, 0.5, "geoid file of 32 characters....."),
+    write("c8ki", 9, "", "Zone only", ""),
     position("1", 100.0, 200.0, 10.0, "A"),
-    position("2", 101.0, -200.0, -99900000.0, "B"),
-    position("3", -99900001.0, 200.0, 10.0, "C")]
+    position("2", 101.0, -200.0, "-99900000.00000", "B"),
+    position("3", "-99900001.00000", 200.0, 10.0, "C")]
 
 SCALE_ONLY = [
-    header("v10"), job_line(), projection(">", None, None, (None,) * 4, 0.99987),
-    "49KI9" + number(6378137.0) + number(298.25, 10) + numbers(9, 0.0, 0.0, 0.0) +
-    numbers(5, None, None, None) + number(None),
+    header("v10"), job_line(), write("64KI", ">", *[None] * 6, 0.99987, None, None),
+    write("49KI", 9, 6378137.0, 298.25, 0.0, 0.0, 0.0, *[None] * 4),
     position("A", 1.0, 2.0, 3.0)]
 
-UTM = projection("3", 0.0, 9.0, (0.0, 0.0, 500000.0, 0.0), 0.9996)
 PLAIN_GRID = [
     header(), job_line(digits="121212"),
-    "D5KI" + numbers(9, None, None) + number(None) + number(1.5, 9) + numbers(5, 1.0, 2.0),
-    UTM, projection("1", None, None, (None,) * 4, None),
+    write("D5KI", None, None, None, 1.5, 1.0, 2.0),
+    write("64KI", "3", 0.0, 9.0, 0.0, 0.0, 500000.0, 0.0, 0.9996, None, None),
+    write("64KI", "1", *[None] * 9),
     position("A", 1.0, 2.0, 3.0)]
 
 POLAR_SOUTH = [
     header(), job_line(), "78NM29",
-    projection("=", 12.0, 34.0, (5.0, 6.0, 7.0, 8.0), 0.5, (1.0, 2.0)),
-    "D5KI" + numbers(9, None, None) + number(None) + number(1.0, 9) + numbers(5, 0.0, 0.0),
+    write("64KI", "=", 12.0, 34.0, 5.0, 6.0, 7.0, 8.0, 0.5, 1.0, 2.0),
+    write("D5KI", None, None, None, 1.0, 0.0, 0.0),
     position("P", 1.0, 2.0, 3.0)]
 
-SKEW = (57.0, -133.666666667, (None, -5000000.0, 5000000.0, None), 0.9999, (-36.869897646, 7.0))
+SKEW = (57.0, -133.666666667, None, -5000000.0, 5000000.0, None, 0.9999, -36.869897646, 7.0)
 SKEW_AXIS = [
-    header(), job_line(), "78NM11", projection("8", *SKEW),
-    projection(">", 1.0, 1.0, (1.0,) * 4, 1.0, (1.0, 1.0), "D0KI") + "2222" + "g".ljust(32) +
-    "s".ljust(32),
-    projection("?", *SKEW), position("P", 1.0, 2.0, 3.0)]
+    header(), job_line(), "78NM11", write("64KI", "8", *SKEW),
+    write("D0KI", ">", *[1.0] * 9, *"2222", "g", "s"),
+    write("64KI", "?", *SKEW), position("P", 1.0, 2.0, 3.0)]
 
-POINTS_ALONE = [position("", 1.0, 2.0, 3.0, tail="").rstrip(), position("B", 4.0, 5.0, 6.0)]
+POINTS_ALONE = [write("69KI", "", 1.0, 2.0, 3.0), position("B", 4.0, 5.0, 6.0)]
 
 NUMBERS_IN_FEET = [
     header(digits="121111"), job_line(), position("7", 1000.5, 2000.25, None, "IRON PIN"),
     position("3", 1001.5, 2001.25, 99.5, "16 CHARACTERS HI"),
-    position("0004", 1.0, 2.0, 3.0, "\xe9"), "79F1" + "7".rjust(16),
+    position("0004", 1.0, 2.0, 3.0, "\xe9"), write("79F1", "7"),
     position("9", 1002.5, 2002.25, 98.5, "X")]
 NUMBERS_IN_METRES = [header(), position("10", 1000.5, 2000.25, None, "IRON PIN"),
                      position("12", 1001.5, 2001.25, 99.5)]
@@ -419,15 +389,15 @@ NUMBERS_IN_METRES = [header(), position("10", 1000.5, 2000.25, None, "IRON PIN")
 # second start for both, and a point "1" in front of them, which is no point of the name "1" behind.
 ROADS = [
     header(digits="121121"),
-    "28KI" + "Bad road".ljust(16), "84KI" + numbers(5, 0.0, 0.0, 1.0, 2.0, 3.0),
-    "28KI" + "Main St. East".ljust(16),
-    "84KI" + numbers(5, 1000.0, 90.0, 5000.0, 4000.0, 10.0),
-    "84KI" + numbers(5, 1000.0, 90.0, 6000.0, 4500.0, 12.0),
-    "31KI" + numbers(5, 90.0, 100.0),
-    "34KI" + numbers(5, 1000.0, 12.0), "37KI" + numbers(5, 1100.0, 13.0),
-    "39KI" + "T".ljust(16), "46KI3" + numbers(5, 3.5, -2.0, 0.0, 0.0, 0.0) + "00" + "EP".ljust(16),
-    "97KI1" + number(50.0) + "1" + number(25.0) + number(0.0) + "TOE".ljust(16),
-    "B9KI" + number(1000.0) + "3" + "T".ljust(16) + "3" + "T".ljust(16),
+    write("28KI", "Bad road"), write("84KI", 0.0, 0.0, 1.0, 2.0, 3.0),
+    write("28KI", "Main St. East"),
+    write("84KI", 1000.0, 90.0, 5000.0, 4000.0, 10.0),
+    write("84KI", 1000.0, 90.0, 6000.0, 4500.0, 12.0),
+    write("31KI", 90.0, 100.0),
+    write("34KI", 1000.0, 12.0), write("37KI", 1100.0, 13.0),
+    write("39KI", "T"), write("46KI", 3, 3.5, -2.0, 0.0, 0.0, 0.0, 0, 0, "EP"),
+    write("97KI", 1, 50.0, 1, 25.0, 0.0, "TOE"),
+    write("B9KI", 1000.0, 3, "T", 3, "T"),
     position("1", 100.0, 200.0, 3.0)]
 ROAD_STARTS = [("Main St. East", "Main_St_", (1000.0, 4500.0, 6000.0, 12.0))]
 ROAD_MESSAGES = ("This road does not have a vertical alignment.\n"

@@ -2,7 +2,7 @@
 """Golden cases of the job to DC routes: builds the jobs and works out the DC files.
 
 It shares nothing with the converter: the records are written here by the formats of
-docs/formats/dc.md, one printf format per record, and the jobs by the offsets of docs/formats/job.md.
+docs/formats/dc.md (dc_lines.py), and the jobs by the offsets of docs/formats/job.md.
 Run it to write the folders <from>-to-<to>/<case>/ again, or with --check to compare them.
 """
 import math
@@ -10,28 +10,13 @@ import pathlib
 import struct
 
 from case_files import settle
+from dc_lines import NULL, write
 
-NULL = -9.99e27
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 GOLDEN = ROOT / "tests" / "golden"
 EXAMPLES = ROOT / "examples"
 
 # ---------------------------------------------------------------------------------------- DC lines
-
-
-def number(value, decimals):
-    """A number in 16 columns: blank when null, cut on the right when too long."""
-    if value <= -9.99e7:
-        return " "
-    return ("%16.*f" % (decimals, value))[:16]
-
-
-def n5(value):
-    return number(value, 5)
-
-
-def n9(value):
-    return number(value, 9)
 
 
 def narrow(text):
@@ -70,23 +55,19 @@ def header_lines(job, version):
     angle = {0: 1, 1: 2}.get(job["angleUnit"], 1)
     grid = 2 if job["flags"] & 0x38 in (0x10, 0x18) else 1
     scale = 2 if job["flags"] & 0x04 else 1
-    yield "00NM%-16s%4s%16s%1d%1d%1d%1d%1d%1d" % (text[version], "", "03-13-2026 14:15", angle,
-                                                  unit, 1, 1, 1, 1)
-    yield "10NM%-16s121%d1%d" % (job["name"][:16], scale, grid)
+    yield write("00NM", text[version], "", "03-13-2026 14:15", angle, unit, 1, 1, 1, 1)
+    yield write("10NM", job["name"], 1, 2, 1, scale, 1, grid)
     south = 2 if job["flags"] & 0x02 else 1
     order = 1
     if job["version"] >= 5 and job["orientation"][2:] == b"\1\1":
         south = order = 2
-    if version == "dc77":
-        yield "D4NM%1d%1d%16s" % (south, order, "")
-    else:
-        yield "78NM%1d%1d" % (south, order)
+    yield write("D4NM", south, order, "") if version == "dc77" else write("78NM", south, order)
 
 
 def no_system(scale):
-    yield "65KI%16s%16s" % (" ", " ")
-    yield "64KI>%16s%16s%16s%16s%16s%16s%16s%16s%16s" % (*[" "] * 6, n9(scale), " ", " ")
-    yield "C8KI%1d%-32s%-32s%-32s" % (2, " ", " ", " ")
+    yield write("65KI", None, None)
+    yield write("64KI", ">", *[None] * 6, scale, None, None)
+    yield write("C8KI", 2, " ", " ", " ")
 
 
 CODES = {2048: ">", 2049: "B", 2050: "9", 2051: "C", 2052: "5", 2053: "4", 2054: "7", 2055: "@",
@@ -100,25 +81,20 @@ def system_lines(s, u):
     site = s["horizontalType"] == 0
     label = s["shiftFile"]
     if s["projectionId"] != 2063 and label:
-        yield "D8KI%-32s" % label
+        yield write("D8KI", label)
     axis, flattening = WGS84 if site else (s["semiMajorAxis"], s["inverseFlattening"])
-    yield "65KI%16s%16s" % (n5(u.length(axis)), number(flattening, 10))
+    yield write("65KI", u.length(axis), flattening)
     latitude, longitude, height, scale, east, north = s["site"]
     if site:
-        d5 = (" ", " ", " ", n9(1.0), n5(0.0), n5(0.0))
-    else:
-        d5 = (n9(degrees(latitude)), n9(degrees(longitude)), n5(u.length(height)), n9(scale),
-              n5(u.length(east)), n5(u.length(north)))
-    yield "D5KI%16s%16s%16s%16s%16s%16s" % d5
-
-    if site:
+        yield write("D5KI", None, None, None, 1.0, 0.0, 0.0)
         radius = 6378137.0 / math.sqrt(1 - 0.006694380022900787 * math.sin(latitude) ** 2)
-        yield "64KI:" + "%16s" * 9 % (
-            n9(degrees(latitude)), n9(degrees(longitude)), n5(0.0), n5(u.length(100000.0)),
-            n5(u.length(100000.0)), n5(0.0), n9((radius + height) / radius), n9(0.0), n9(0.0))
+        yield write("64KI", ":", degrees(latitude), degrees(longitude), 0.0, u.length(100000.0),
+                    u.length(100000.0), 0.0, (radius + height) / radius, 0.0, 0.0)
     else:
+        yield write("D5KI", degrees(latitude), degrees(longitude), u.length(height), scale,
+                    u.length(east), u.length(north))
         pid = s["projectionId"]
-        lat, lon, on, fn, fe, oe, k, p1, p2 = s["projection"]
+        lat, lon, *lengths, k, p1, p2 = s["projection"]
         code = CODES.get(pid, "1")
         if pid == 2059:
             if abs(lat - math.pi / 2) < 1e-12:
@@ -127,49 +103,36 @@ def system_lines(s, u):
                 code = "="
             else:
                 return
-        p2 = 0.0 if pid in (2056, 2067) else u.display(p2)
-        fields = "%1s" % code + "%16s" * 9 % (
-            n9(degrees(lat)), n9(degrees(lon)), n5(u.length(on)), n5(u.length(fn)),
-            n5(u.length(fe)), n5(u.length(oe)), n9(k), n9(u.display(p1)), n9(p2))
+        fields = (code, degrees(lat), degrees(lon), *map(u.length, lengths), k, u.display(p1),
+                  0.0 if pid in (2056, 2067) else u.display(p2))
         if pid in (2056, 2063, 2064, 2069):
             a, b, c, d = s["flags"]
-            yield "D0KI%s%1s%1s%1d%1s%-32.32s%-32s" % (
-                fields, "1" if a in (0, 0xFFFE) else "2", "2" if b == 0 else "1",
-                2 if c == 1 else 1, str(d) if 1 <= d <= 4 else "1", s["gridFile"], label)
+            yield write("D0KI", *fields, 1 if a in (0, 0xFFFE) else 2, 2 if b == 0 else 1,
+                        2 if c == 1 else 1, d if 1 <= d <= 4 else 1, s["gridFile"], label)
         else:
-            yield "64KI%s" % fields
+            yield write("64KI", *fields)
 
     kind = 0x205 if site else s["datumKind"]
-    _, _, rx, ry, rz, tx, ty, tz, ratio = s["datum"]
+    _, _, *turns_and_shifts, ratio = s["datum"]
     if kind == 0x204:
-        yield "74KI%32.32s%30s" % (s["datumName"], " ")
+        yield write("74KI", s["datumName"], " ")
     elif kind in (0x201, 0x203, 0x205):
-        ppm = (ratio - 1) * 1000000 if ratio > 0 else 0.0
-        if kind == 0x205:
-            rx = ry = rz = tx = ty = tz = ppm = 0.0
-        yield "49KI%s%s" % ("2" if kind == 0x203 else "3", "%16s" * 9 % (
-            n5(u.length(WGS84[0])), number(WGS84[1], 10), n9(u.display(rx)), n9(u.display(ry)),
-            n9(u.display(rz)), n5(u.length(tx)), n5(u.length(ty)), n5(u.length(tz)), n9(ppm)))
+        values = [*map(u.display, turns_and_shifts[:3]), *map(u.length, turns_and_shifts[3:]),
+                  (ratio - 1) * 1000000 if ratio > 0 else 0.0]
+        yield write("49KI", 2 if kind == 0x203 else 3, u.length(WGS84[0]), WGS84[1],
+                    *([0.0] * 7 if kind == 0x205 else values))
     else:
         return
 
-    north, east, to_north, to_east, rotation, scale = s["horizontal"]
+    horizontal = (NULL, NULL, 0.0, 0.0, 0.0, 1.0) if site else s["horizontal"]
+    yield write("50KI", *map(u.length, horizontal[:4]), u.display(horizontal[4]), horizontal[5])
+    vertical = (NULL, NULL, 0.0, 0.0, 0.0) if site else s["vertical"]
+    yield write("81KI", 1, *map(u.length, vertical[:3]), *vertical[3:], s["geoidFile"])
     if site:
-        north, east, to_north, to_east, rotation, scale = NULL, NULL, 0.0, 0.0, 0.0, 1.0
-    yield "50KI" + "%16s" * 6 % (
-        n5(u.length(north)), n5(u.length(east)), n5(u.length(to_north)), n5(u.length(to_east)),
-        number(u.display(rotation), 10), n9(scale))
-    north, east, shift, slope_north, slope_east = s["vertical"]
-    if site:
-        north, east, shift, slope_north, slope_east = NULL, NULL, 0.0, 0.0, 0.0
-    yield "81KI1" + "%16s" * 5 % (n5(u.length(north)), n5(u.length(east)), n5(u.length(shift)),
-                                  n9(slope_north), n9(slope_east)) + "%32s" % s["geoidFile"]
-    if site:
-        yield "C8KI3%-32s%-32s%-32s" % ("ZEL Localization ZoneGroup", label, "Zel Localize WGS84")
+        yield write("C8KI", 3, "ZEL Localization ZoneGroup", label, "Zel Localize WGS84")
     else:
         family = s["family"] if 1 <= s["family"] <= 4 else 3
-        yield "C8KI%1d%-32.32s%-32.32s%-32s" % (family, s["zoneGroup"], s["zoneName"],
-                                                s["datumName"])
+        yield write("C8KI", family, s["zoneGroup"], s["zoneName"], s["datumName"])
 
 
 def dc_file(job, version):
@@ -181,9 +144,8 @@ def dc_file(job, version):
     units = Units(job["distanceUnit"], job["angleUnit"])
     lines += no_system(job["scale"]) if none else system_lines(s, units)
     for name, description, east, north, elevation in job["points"]:
-        lines.append("69KI%16s%16s%16s%16s%-16s%1s%1s" % (
-            name[:16], n5(units.length(north)), n5(units.length(east)),
-            n5(units.length(elevation)), description[:16], "1", "1"))
+        lines.append(write("69KI", name[:16], units.length(north), units.length(east),
+                           units.length(elevation), description, 1, 1))
     return b"".join(narrow(line) + b"\r\n" for line in lines)
 
 
