@@ -41,33 +41,24 @@ void StakeOut::Finish() {
 
 void StakeOut::OnStake(const CF_RECORD& stake) {
   const Mode& mode = m_pass.mode;
-  Stake& waiting = m_stake.emplace();
-  waiting.isPoint = stake.isPoint;
-  waiting.name = stake.name;
-  waiting.station = mode.Length(stake.station);
-  waiting.offsetDirection = stake.offsetDirection;
+  m_stake = {stake, std::wstring(stake.name), std::wstring(stake.note)};
+  CF_RECORD& design = m_stake->design;
+  for (double* length : {&design.station, &design.elevation, &design.grade}) {
+    *length = mode.Length(*length);
+  }
   // Under another unit the offset becomes the station, scaled once more: so it is wanted.
-  waiting.offset = mode.hasOtherLengths ? mode.Length(waiting.station) : stake.offset;
-  waiting.elevation = mode.Length(stake.elevation);
-  waiting.grade = mode.Length(stake.grade);
-  waiting.note = stake.note;
+  if (mode.hasOtherLengths) design.offset = mode.Length(design.station);
   if (IsStakeDue()) WriteStake();
 }
 
 void StakeOut::OnSlopeStake(const SLOPE_RECORD& slope) {
-  const Mode& mode = m_pass.mode;
-  Slope& waiting = m_slope.emplace();
-  waiting.station = mode.Length(slope.station);
-  waiting.offsetDirection = slope.offsetDirection;
-  waiting.elevation = mode.Length(slope.elevation);
-  waiting.stationShift = mode.Length(slope.stationShift);
-  waiting.hingeHorizontal = mode.Length(slope.hingeHorizontal);
-  waiting.hingeVertical = mode.Length(slope.hingeVertical);
-  waiting.catchHorizontal = mode.Length(slope.catchHorizontal);
-  waiting.cutFill = slope.cutFill;
-  waiting.designSlope = slope.designSlope;
-  waiting.offset = mode.Length(slope.offset);
-  waiting.note = slope.note;
+  m_slope = {slope, std::wstring(slope.note)};
+  SLOPE_RECORD& design = m_slope->design;
+  for (double* length :
+       {&design.station, &design.elevation, &design.stationShift, &design.hingeHorizontal,
+        &design.hingeVertical, &design.catchHorizontal, &design.offset}) {
+    *length = m_pass.mode.Length(*length);
+  }
   if (IsStakeDue()) WriteSlope();
 }
 
@@ -117,7 +108,7 @@ void StakeOut::Flush() {
 }
 
 void StakeOut::WriteStake() {
-  if (m_stake->isPoint) {
+  if (m_stake->design.isPoint) {
     WritePointStake();
   } else {
     WriteStationStake();
@@ -130,7 +121,7 @@ void StakeOut::WritePointStake() {
   target.name = m_stake->name;
   m_pass.dc.Write(target);
 
-  const STAKED_DELTA_RECORD delta = m_delta ? *m_delta : DeltaToDesign();
+  const STAKED_DELTA_RECORD delta = m_delta.value_or(DeltaToDesign());
   m_delta.reset();
   tDC_ANTENNA_OFFSETRecord difference;
   difference.value1 = delta.north;
@@ -141,7 +132,8 @@ void StakeOut::WritePointStake() {
 
 /// From the stored point; null where the design isn't known.
 STAKED_DELTA_RECORD StakeOut::DeltaToDesign() const {
-  STAKED_DELTA_RECORD delta{DC_NULL, DC_NULL, Difference(m_stake->grade, m_stake->elevation)};
+  STAKED_DELTA_RECORD delta{DC_NULL, DC_NULL,
+                            Difference(m_stake->design.grade, m_stake->design.elevation)};
   if (const CZelPoint* design = FindDesignPoint(m_stake->name)) {
     delta.north = Difference(design->m_dNorth, m_storedPoint.m_dNorth);
     delta.east = Difference(design->m_dEast, m_storedPoint.m_dEast);
@@ -158,13 +150,13 @@ const CZelPoint* StakeOut::FindDesignPoint(std::wstring_view name) const {
 }
 
 void StakeOut::WriteStationStake() {
-  const Stake& stake = *m_stake;
+  const CF_RECORD& stake = m_stake->design;
   const double offset = stake.offsetDirection == 0 ? 0 : stake.offset;
   WriteTarget(stake.offsetDirection, stake.station, offset);
 
   tDC_ANTENNA_MEASUREMENTRecord errors;
   errors.value1 = DC_NULL;
-  errors.value2 = m_offsetError ? *m_offsetError : OffsetError(stake, offset);
+  errors.value2 = m_offsetError.value_or(OffsetError(offset));
   errors.value3 = Difference(stake.grade, stake.elevation);
   errors.value4 = DC_NULL;
   m_offsetError.reset();
@@ -172,10 +164,10 @@ void StakeOut::WriteStationStake() {
 }
 
 /// How far the stake's offset is from the one its note asks for; null if the note asks for none.
-double StakeOut::OffsetError(const Stake& stake, double offset) {
-  const OffsetNote design = ParseOffsetNote(stake.note);
+double StakeOut::OffsetError(double offset) const {
+  const OffsetNote design = ParseOffsetNote(m_stake->note);
   if (IsNull(design.value) || IsNull(offset)) return DC_NULL;
-  if (design.side == stake.offsetDirection) {
+  if (design.side == m_stake->design.offsetDirection) {
     const bool inward = design.side == 2 ? design.value < offset : design.value > offset;
     const double error = std::fabs(offset - design.value);
     return inward ? -error : error;
@@ -185,11 +177,11 @@ double StakeOut::OffsetError(const Stake& stake, double offset) {
 }
 
 void StakeOut::WriteSlope() {
-  const Slope& slope = *m_slope;
+  const SLOPE_RECORD& slope = m_slope->design;
   WriteTarget(slope.offsetDirection, slope.station, DC_NULL);
 
   tDC_DESIGN_SLOPERecord design;
-  design.name = slope.note;
+  design.name = m_slope->note;
   design.side = slope.cutFill == 0 ? L"1" : L"2";
   design.slope = Computed(1 / slope.designSlope * 100, slope.designSlope);
   m_pass.dc.Write(design);

@@ -33,29 +33,16 @@ class StakeOut {
   void Finish();
 
  private:
-  /// A design point or station that waits for its stake.
+  /// A design point or station that waits for its stake, its lengths in the first unit. The line
+  /// that its record points into is gone: the texts count that stand beside it.
   struct Stake {
-    bool isPoint = true;
+    CF_RECORD design;
     std::wstring name;
-    double station = 0;
-    std::int32_t offsetDirection = 0;  // 0 on the line, 1 right, 2 left
-    double offset = 0;
-    double elevation = 0;
-    double grade = 0;
     std::wstring note;
   };
-  /// A slope stake that waits for its shot.
+  /// A slope stake that waits for its shot, likewise.
   struct Slope {
-    double station = 0;
-    std::int32_t offsetDirection = 0;
-    double elevation = 0;
-    double stationShift = 0;
-    double hingeHorizontal = 0;
-    double hingeVertical = 0;
-    double catchHorizontal = 0;
-    std::int32_t cutFill = 0;
-    double designSlope = 0;  // horizontal part over vertical part
-    double offset = 0;
+    SLOPE_RECORD design;
     std::wstring note;
   };
 
@@ -65,7 +52,7 @@ class StakeOut {
   void WritePointStake();
   STAKED_DELTA_RECORD DeltaToDesign() const;
   void WriteStationStake();
-  static double OffsetError(const Stake& stake, double offset);
+  double OffsetError(double offset) const;
   void WriteSlope();
   void WriteTarget(std::int32_t offsetDirection, double station, double offset);
   const CZelPoint* FindDesignPoint(std::wstring_view name) const;
