@@ -140,9 +140,9 @@ void Gps::OnBasePoint(const BP_RECORD& base) {
   m_position.height = Sum(m_pass.mode.Length(base.height), m_baseAntennaHeight);
   m_position.method = 1;
   m_position.classification = 1;
-  m_basePosition = LatestEcef();
+  m_basePosition = ToEcef(m_position);
   if (m_base == Base::Virtual) return;
-  WritePosition(SubtypeOf(m_role), base.name, L"Base Point ", 0, 0);
+  WritePosition(SubtypeOf(m_role), base.name, L"Base Point ", m_position.WithoutPrecisions());
   tDC_DELETED_POSITIONRecord marker;
   marker.name = base.name;
   m_pass.dc.Write(marker);
@@ -208,16 +208,18 @@ void Gps::WriteResult(std::wstring_view name, std::wstring_view description,
                       std::int32_t classStep) {
   const bool asPosition = m_position.method == kGeodeticMethod || m_base == Base::Virtual;
   if (!asPosition && m_latest == Measured::Vector) return;
-  m_position.classification = RaiseClass(m_position.classification, classStep);
-  m_position.height = Sum(m_position.height, m_roverAntennaHeight);
+  Position result = m_position;
+  result.height = Sum(result.height, m_roverAntennaHeight);
+  result.classification = RaiseClass(result.classification, classStep);
   if (asPosition) {
-    WritePosition(SubtypeOf(m_role), name, description, m_position.horizontalPrecision,
-                  m_position.verticalPrecision);
+    WritePosition(SubtypeOf(m_role), name, description, result);
   } else {
-    WriteVector(SubtypeOf(m_role), name, description, VectorBetween(m_basePosition, LatestEcef()));
+    WriteVector(SubtypeOf(m_role), name, description, VectorBetween(m_basePosition, ToEcef(result)),
+                result);
   }
   WriteWaitingQuality();
-  MarkMeasured(name);
+  MarkMeasured(name, result);
+  m_position = result;  // another record of the same position goes on from there
 }
 
 void Gps::WriteWaitingQuality() {
@@ -225,50 +227,57 @@ void Gps::WriteWaitingQuality() {
   m_isQualityWaiting = false;
 }
 
-void Gps::MarkMeasured(std::wstring_view name) {
-  if (m_position.classification < kFirstDeletedClass) m_pass.measured.Insert(name);
+void Gps::MarkMeasured(std::wstring_view name, const Position& position) {
+  if (position.classification < kFirstDeletedClass) m_pass.measured.Insert(name);
 }
 
-EcefPosition Gps::LatestEcef() const {
-  return GeodeticToEcef(m_position.latitude, m_position.longitude, m_position.height,
+Gps::Position Gps::Position::WithoutPrecisions() const {
+  Position result = *this;
+  result.horizontalPrecision = 0;
+  result.verticalPrecision = 0;
+  return result;
+}
+
+EcefPosition Gps::ToEcef(const Position& position) const {
+  return GeodeticToEcef(position.latitude, position.longitude, position.height,
                         m_pass.mode.firstUnit.value_or(LinearUnit::Metre));
 }
 
 void Gps::WritePosition(std::wstring_view subtype, std::wstring_view name,
-                        std::wstring_view description, double horizontalPrecision,
-                        double verticalPrecision) {
+                        std::wstring_view description, const Position& position) {
   m_positionRecord.subtype = subtype;
   m_positionRecord.name = name;
-  m_positionRecord.coord1 = m_position.latitude;
-  m_positionRecord.coord2 = m_position.longitude;
-  m_positionRecord.coord3 = m_position.height;
+  m_positionRecord.coord1 = position.latitude;
+  m_positionRecord.coord2 = position.longitude;
+  m_positionRecord.coord3 = position.height;
   m_positionRecord.code = description;
-  m_positionRecord.method = m_position.method;
-  m_positionRecord.classification = ClassCharacter(m_position.classification);
-  m_positionRecord.sigma1 = horizontalPrecision;
-  m_positionRecord.sigma2 = verticalPrecision;
+  m_positionRecord.method = position.method;
+  m_positionRecord.classification = ClassCharacter(position.classification);
+  m_positionRecord.sigma1 = position.horizontalPrecision;
+  m_positionRecord.sigma2 = position.verticalPrecision;
   m_pass.dc.Write(m_positionRecord);
 }
 
 void Gps::WriteVector(std::wstring_view subtype, std::wstring_view name,
-                      std::wstring_view description, const EcefPosition& difference) {
+                      std::wstring_view description, const EcefPosition& difference,
+                      const Position& position) {
   m_vectorRecord.subtype = subtype;
   m_vectorRecord.name = name;
   m_vectorRecord.coord1 = difference.x;
   m_vectorRecord.coord2 = difference.y;
   m_vectorRecord.coord3 = difference.z;
   m_vectorRecord.code = description;
-  m_vectorRecord.method = m_position.method;
-  m_vectorRecord.classification = ClassCharacter(m_position.classification);
-  m_vectorRecord.sigma1 = m_position.horizontalPrecision;
-  m_vectorRecord.sigma2 = m_position.verticalPrecision;
+  m_vectorRecord.method = position.method;
+  m_vectorRecord.classification = ClassCharacter(position.classification);
+  m_vectorRecord.sigma1 = position.horizontalPrecision;
+  m_vectorRecord.sigma2 = position.verticalPrecision;
   m_pass.dc.Write(m_vectorRecord);
 }
 
 /// A position that was keyed in or stored: without an antenna, and the antenna restored after it.
 void Gps::WriteStoredPosition(std::wstring_view name) {
   WriteAntennaHeight(kKeyedIn, {0, 1});
-  WritePosition(kKeyedIn, name, {}, 0, 0);
+  WritePosition(kKeyedIn, name, {}, m_position.WithoutPrecisions());
   WriteAntennaHeight(m_role, m_antenna);
 }
 
@@ -293,10 +302,11 @@ Outcome Gps::OnVector(const BL_RECORD& vector) {
     m_position.classification = RaiseClass(m_position.classification, kDeletedClassStep);
   }
   WriteVector(SubtypeOf(vector.role), name, vector.note,
-              {mode.Length(vector.deltaX), mode.Length(vector.deltaY), mode.Length(vector.deltaZ)});
+              {mode.Length(vector.deltaX), mode.Length(vector.deltaY), mode.Length(vector.deltaZ)},
+              m_position);
   WriteWaitingQuality();
   m_shot = Shot::Vector;
-  MarkMeasured(name);
+  MarkMeasured(name, m_position);
   return Outcome::Done;
 }
 

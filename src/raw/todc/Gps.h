@@ -65,6 +65,8 @@ class Gps {
     std::int32_t classification = 1;
     double horizontalPrecision = 0;
     double verticalPrecision = 0;
+
+    Position WithoutPrecisions() const;
   };
   /// What the latest antenna height record said.
   struct Antenna {
@@ -78,14 +80,13 @@ class Gps {
   void BeginShotAfterLast();
   void WriteResult(std::wstring_view name, std::wstring_view description, std::int32_t classStep);
   void WriteWaitingQuality();
-  void MarkMeasured(std::wstring_view name);
+  void MarkMeasured(std::wstring_view name, const Position& position);
   void WritePosition(std::wstring_view subtype, std::wstring_view name,
-                     std::wstring_view description, double horizontalPrecision,
-                     double verticalPrecision);
+                     std::wstring_view description, const Position& position);
   void WriteVector(std::wstring_view subtype, std::wstring_view name, std::wstring_view description,
-                   const EcefPosition& difference);
+                   const EcefPosition& difference, const Position& position);
   void WriteStoredPosition(std::wstring_view name);
-  EcefPosition LatestEcef() const;
+  EcefPosition ToEcef(const Position& position) const;
 
   RawPass& m_pass;
   StakeOut& m_stakeOut;
@@ -105,9 +106,7 @@ class Gps {
   double m_baseAntennaHeight = 0;
   double m_roverAntennaHeight = 0;
   Antenna m_antenna;
-  // Of the latest EP or BP; a later BL has its method, class and precisions. The antenna's height
-  // and the class of a deleted point stay for further records of the same position.
-  Position m_position;
+  Position m_position;  // of the latest EP or BP; method, class and precisions of a later BL
   EcefPosition m_basePosition;
   std::wstring m_storedName;  // of the latest GS
 

@@ -13,7 +13,7 @@ struct OffsetNote {
 };
 
 /// The letters L, R and C are tried in this order. The first occurrence of one counts if it isn't
-/// the first character of the note; the offset is the number behind it:
+/// the first character of the note; the offset is the number after it:
 ///   "sta R 3.25" right 3.25   "1+00 L2" left 2   "a Line R5" left 0   "L5" none   "left 5" none
 OffsetNote ParseOffsetNote(std::wstring_view note);
 
