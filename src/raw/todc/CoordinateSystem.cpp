@@ -37,15 +37,16 @@ wchar_t ProjectionLetter(std::int32_t type, double latitude) {
 
 /// A rotation or azimuth.
 double CoordinateSystem::SystemAngle(double v) const {
-  return m_pass.mode.ToFirstAngleUnit(m_pass.mode.angleUnit == kRawDegrees ? DmsToDegreesSigned(v)
-                                                                           : v);
+  const bool isGon = m_pass.mode.angleUnit == AngularUnit::Gon;
+  return m_pass.mode.ToFirstAngleUnit(isGon ? v : DmsToDegreesSigned(v));
 }
 
 /// A parallel, which is DDD.MMSSsss in any unit.
 double CoordinateSystem::ProjectionAngle(double v) const {
   constexpr double kGonsPerDegree = 1.1111111111111112;
   const double degrees = DmsToDegreesSigned(v);
-  const double angle = m_pass.mode.angleUnit == kRawGons ? degrees * kGonsPerDegree : degrees;
+  const double angle =
+      m_pass.mode.angleUnit == AngularUnit::Gon ? degrees * kGonsPerDegree : degrees;
   return Computed(m_pass.mode.ToFirstAngleUnit(angle), v);
 }
 
@@ -170,10 +171,8 @@ void CoordinateSystem::OnZone(const LM_RECORD& source) {
   }
   CGlkProjectionRecord record = system.GetRecord();
   record.horizontalType = 1;  // a system with a projection
-  WriteCoordinateSystem(
-      record, m_pass.mode.firstUnit.value_or(LinearUnit::Metre),
-      m_pass.mode.firstAngleUnit == kRawGons ? AngularUnit::Gon : AngularUnit::DecimalDegrees,
-      m_pass.dc);
+  WriteCoordinateSystem(record, m_pass.mode.firstUnit.value_or(LinearUnit::Metre),
+                        ReckonedUnit(m_pass.mode.firstAngleUnit), m_pass.dc);
 }
 
 void CoordinateSystem::OnLocalization() {

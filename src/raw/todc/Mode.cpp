@@ -25,8 +25,8 @@ void Mode::Set(const MO_RECORD& mode, const MO_RECORD& first) {
   hasOtherLengths = mode.distanceUnit != first.distanceUnit;
   firstUnit = LinearUnitOfRaw(first.distanceUnit);
   unit = LinearUnitOfRaw(mode.distanceUnit);
-  firstAngleUnit = AngleUnitOf(first.angleUnit);
-  angleUnit = AngleUnitOf(mode.angleUnit);
+  firstAngleUnit = AngularUnitOfRaw(first.angleUnit);
+  angleUnit = AngularUnitOfRaw(mode.angleUnit);
 }
 
 double Mode::ToFirstAngleUnit(double v) const {
@@ -34,7 +34,7 @@ double Mode::ToFirstAngleUnit(double v) const {
 }
 
 double Mode::Angle(double v) const {
-  return ToFirstAngleUnit(angleUnit == kRawDegrees ? DmsToDegrees(v) : v);
+  return ToFirstAngleUnit(ReckonedAngle(v, angleUnit));
 }
 
 }  // namespace zelconvert

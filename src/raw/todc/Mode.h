@@ -18,17 +18,17 @@ struct Mode {
   bool hasOtherLengths = false;  ///< the latest MO has another UN than the first
   std::optional<LinearUnit> firstUnit = LinearUnit::InternationalFoot;
   std::optional<LinearUnit> unit = LinearUnit::InternationalFoot;
-  std::int32_t firstAngleUnit = kRawDegrees;  ///< of AngleUnitOf, like the next
-  std::int32_t angleUnit = kRawDegrees;
+  AngularUnit firstAngleUnit = AngularUnit::DegreesMinutesSeconds;
+  AngularUnit angleUnit = AngularUnit::DegreesMinutesSeconds;
 
   /// Takes the units of an MO, the log's `first` or a later one.
   void Set(const MO_RECORD& mode, const MO_RECORD& first);
 
   /// A length as read, in the first unit. A null value stays.
   double Length(double v) const { return LengthInUnit(v, firstUnit, unit); }
-  /// An angle in the current unit (decimal degrees or gons), in the first unit.
+  /// An angle that is reckoned in the current unit (decimal degrees or gons), in the first one.
   double ToFirstAngleUnit(double v) const;
-  /// An angle as read, in the first unit: DDD.MMSSsss if the current unit is degrees.
+  /// An angle as read, reckoned in the first unit.
   double Angle(double v) const;
 };
 

@@ -11,10 +11,6 @@ namespace {
 
 constexpr double kFullRadians = 6.283185307179586;
 
-double FromRadians(double v, std::int32_t angleUnit) {
-  return v * (FullCircle(angleUnit) / kFullRadians);
-}
-
 double WrapRadians(double v) {
   const double remainder = std::fmod(v, kFullRadians);
   return remainder < 0 ? remainder + kFullRadians : remainder;
@@ -30,11 +26,11 @@ struct Pointing {
 /// Writes one set: its pairs as they come, its means at the end.
 class SetWriter {
  public:
-  SetWriter(CDcFile& dc, std::int32_t angleUnit) : m_dc(dc), m_nAngleUnit(angleUnit) {}
+  SetWriter(CDcFile& dc, AngularUnit angleUnit) : m_dc(dc), m_angleUnit(angleUnit) {}
 
   void SetNames(const std::wstring& station, const std::wstring& target) {
-    m_strStation = station;
-    m_strTarget = target;
+    m_station = station;
+    m_target = target;
   }
 
   void WriteRodHeight(double height) {
@@ -46,8 +42,8 @@ class SetWriter {
   void WriteObservation(const wchar_t* face, const Pointing& pointing, const std::wstring& note) {
     tDC_OBSERVATION_SIGMARecord observation;
     observation.subtype = face;
-    observation.from = m_strStation;
-    observation.to = m_strTarget;
+    observation.from = m_station;
+    observation.to = m_target;
     observation.distance = pointing.distance;
     observation.angle1 = pointing.zenith;
     observation.angle2 = pointing.direction;
@@ -58,8 +54,8 @@ class SetWriter {
   /// The mean record of a pair, whose values join those of the set.
   void WritePair(const Pointing& one, const Pointing& two, const std::wstring& note) {
     tDC_MP_Record pair;
-    pair.text1 = m_strStation;
-    pair.text2 = m_strTarget;
+    pair.text1 = m_station;
+    pair.text2 = m_target;
     pair.value1 = one.direction;
     pair.value2 = two.direction;
     pair.value3 = one.zenith;
@@ -69,36 +65,36 @@ class SetWriter {
     pair.code = note;
     m_dc.Write(pair);
 
-    const double direction = MeanDirection(one.direction, two.direction, m_nAngleUnit);
+    const double direction = MeanDirection(one.direction, two.direction, m_angleUnit);
     Keep(m_directions, IsNull(direction) ? one.direction : direction);
-    const double zenith = MeanZenith(one.zenith, two.zenith, m_nAngleUnit);
+    const double zenith = MeanZenith(one.zenith, two.zenith, m_angleUnit);
     Keep(m_zeniths, IsNull(zenith) ? one.zenith : zenith);
     Keep(m_distances, one.distance);
     Keep(m_distances, two.distance);
-    ++m_nPairs;
+    ++m_pairs;
   }
 
-  /// The means of the set. The first set of a setup is the reference of those behind it.
+  /// The means of the set. The first set of a setup is the reference of those after it.
   void WriteMeans(RoundsReference& reference) {
-    if (m_nPairs == 0) return;
-    const double direction = MeanAngle(m_directions, m_nAngleUnit);
-    if (IsNull(reference.direction)) reference = {direction, m_strTarget};
+    if (m_pairs == 0) return;
+    const double direction = MeanAngle(m_directions, m_angleUnit);
+    if (IsNull(reference.direction)) reference = {direction, m_target};
     double relative = DC_NULL;
     if (!IsNull(direction)) {
       relative = direction - reference.direction;
-      if (relative < 0) relative += FullCircle(m_nAngleUnit);
+      if (relative < 0) relative += FullCircle(m_angleUnit);
     }
     tDC_MA_Record means;
-    means.text1 = m_strStation;
-    means.text2 = m_strTarget;
+    means.text1 = m_station;
+    means.text2 = m_target;
     means.text3 = reference.name;
     means.value1 = relative;
     means.value2 = MeanValue(m_zeniths);
     means.value3 = MeanValue(m_distances);
-    means.value4 = StandardErrorOfAngles(m_directions, direction, m_nAngleUnit);
+    means.value4 = StandardErrorOfAngles(m_directions, direction, m_angleUnit);
     means.value5 = StandardError(m_zeniths, means.value2);
     means.value6 = StandardError(m_distances, means.value3);
-    means.number1 = m_nPairs;
+    means.number1 = m_pairs;
     means.number2 = static_cast<std::int32_t>(m_distances.size());
     m_dc.Write(means);
   }
@@ -109,13 +105,13 @@ class SetWriter {
   }
 
   CDcFile& m_dc;
-  std::int32_t m_nAngleUnit;
-  std::wstring m_strStation;
-  std::wstring m_strTarget;
+  AngularUnit m_angleUnit;
+  std::wstring m_station;
+  std::wstring m_target;
   std::vector<double> m_directions;
   std::vector<double> m_zeniths;
   std::vector<double> m_distances;
-  std::int32_t m_nPairs = 0;
+  std::int32_t m_pairs = 0;
 };
 
 Pointing PointingOf(const ROUND_SHOT& shot) {
@@ -139,7 +135,7 @@ void WriteBothFaces(SetWriter& set, const ROUND_SHOT& first, const ROUND_SHOT& s
 
 void ReduceShots(CDcFile& dc, std::span<const ROUND_SHOT> shots,
                  std::span<const RD_RECORD> directions, DirectionKind reverse,
-                 RoundsReference& reference, std::int32_t angleUnit) {
+                 RoundsReference& reference, AngularUnit angleUnit) {
   if (shots.empty()) return;
   SetWriter set(dc, angleUnit);
   set.SetNames(shots[0].station, shots[0].target);
@@ -160,8 +156,7 @@ void ReduceShots(CDcFile& dc, std::span<const ROUND_SHOT> shots,
 }
 
 void ReduceDirections(CDcFile& dc, std::span<const RD_RECORD> directions, bool backsight,
-                      RoundsReference& reference, std::int32_t angleUnit,
-                      const RoundsNames& names) {
+                      RoundsReference& reference, AngularUnit angleUnit, const RoundsNames& names) {
   SetWriter set(dc, angleUnit);
   set.SetNames(names.station, backsight ? names.backsight : names.foresight);
   for (const RD_RECORD& entry : directions) {
@@ -193,7 +188,7 @@ void AlignAngles(double& a, double& b) {
   (a < b ? a : b) += kFullRadians;
 }
 
-double MeanDirection(double d1, double d2, std::int32_t angleUnit) {
+double MeanDirection(double d1, double d2, AngularUnit angleUnit) {
   if (IsNull(d1) || IsNull(d2)) return DC_NULL;
   double one = RadiansOf(d1, angleUnit);
   double two = RadiansOf(NormalizeAngle(d2 + FullCircle(angleUnit) / 2, angleUnit), angleUnit);
@@ -201,11 +196,11 @@ double MeanDirection(double d1, double d2, std::int32_t angleUnit) {
   return NormalizeAngle(FromRadians((one + two) / 2, angleUnit), angleUnit);
 }
 
-double MeanZenith(double z1, double z2, std::int32_t angleUnit) {
+double MeanZenith(double z1, double z2, AngularUnit angleUnit) {
   return Computed((FullCircle(angleUnit) - z2 + z1) / 2, z1, z2);
 }
 
-double MeanAngle(std::span<const double> angles, std::int32_t angleUnit) {
+double MeanAngle(std::span<const double> angles, AngularUnit angleUnit) {
   if (angles.empty()) return DC_NULL;
   const double full = FullCircle(angleUnit);
   const bool west = std::any_of(angles.begin(), angles.end(),
@@ -233,7 +228,7 @@ double StandardError(std::span<const double> values, double mean) {
   return std::sqrt(sum / (n * (n - 1)));
 }
 
-double StandardErrorOfAngles(std::span<const double> angles, double mean, std::int32_t angleUnit) {
+double StandardErrorOfAngles(std::span<const double> angles, double mean, AngularUnit angleUnit) {
   std::vector<double> deviations;
   for (const double v : angles) {
     double a = RadiansOf(v, angleUnit);
@@ -246,7 +241,7 @@ double StandardErrorOfAngles(std::span<const double> angles, double mean, std::i
 
 void ReduceRounds(CDcFile& dc, std::span<const RB_RECORD> backsightShots,
                   std::span<const RF_RECORD> foresightShots, std::span<const RD_RECORD> directions,
-                  RoundsReference& reference, std::int32_t angleUnit, const RoundsNames& names) {
+                  RoundsReference& reference, AngularUnit angleUnit, const RoundsNames& names) {
   ReduceShots(dc, backsightShots, directions, DirectionKind::BacksightReverse, reference,
               angleUnit);
   ReduceShots(dc, foresightShots, directions, DirectionKind::ForesightReverse, reference,

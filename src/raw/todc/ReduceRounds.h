@@ -1,5 +1,5 @@
 // Sets of rounds: directions, zenith angles and distances in both faces, and their means. Angles
-// are decimal degrees or gons by `angleUnit` (kRawDegrees, kRawGons) unless a comment says radians.
+// are reckoned in `angleUnit`, decimal degrees or gons, unless a comment says radians.
 #pragma once
 
 #include <cstdint>
@@ -41,18 +41,18 @@ struct RD_RECORD {
 void AlignAngles(double& a, double& b);
 
 /// The mean of a direction in face one and one in face two; null if either is.
-double MeanDirection(double d1, double d2, std::int32_t angleUnit);
+double MeanDirection(double d1, double d2, AngularUnit angleUnit);
 /// The zenith angle of a pair of faces, free of the index error; null if one is null.
-double MeanZenith(double z1, double z2, std::int32_t angleUnit);
+double MeanZenith(double z1, double z2, AngularUnit angleUnit);
 
 /// The mean of directions that may lie on both sides of north. Null for none.
-double MeanAngle(std::span<const double> angles, std::int32_t angleUnit);
+double MeanAngle(std::span<const double> angles, AngularUnit angleUnit);
 /// The plain mean. Null for none.
 double MeanValue(std::span<const double> values);
 /// The standard error of a mean; null for fewer than two values.
 double StandardError(std::span<const double> values, double mean);
 /// Likewise of directions.
-double StandardErrorOfAngles(std::span<const double> angles, double mean, std::int32_t angleUnit);
+double StandardErrorOfAngles(std::span<const double> angles, double mean, AngularUnit angleUnit);
 
 /// What the directions of a setup are relative to: the mean of its first set.
 struct RoundsReference {
@@ -74,6 +74,6 @@ struct RoundsNames {
 /// several targets in a list aren't told apart.
 void ReduceRounds(CDcFile& dc, std::span<const RB_RECORD> backsightShots,
                   std::span<const RF_RECORD> foresightShots, std::span<const RD_RECORD> directions,
-                  RoundsReference& reference, std::int32_t angleUnit, const RoundsNames& names);
+                  RoundsReference& reference, AngularUnit angleUnit, const RoundsNames& names);
 
 }  // namespace zelconvert

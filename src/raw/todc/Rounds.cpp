@@ -51,7 +51,8 @@ bool Rounds::End(const std::wstring& station, const std::wstring& backsight,
   if (isReduced) {
     RoundsReference reference;
     ReduceRounds(m_pass.dc, m_set.backsightShots, m_set.foresightShots, m_set.directions, reference,
-                 m_pass.mode.firstAngleUnit, {station, backsight, std::wstring(foresight)});
+                 ReckonedUnit(m_pass.mode.firstAngleUnit),
+                 {station, backsight, std::wstring(foresight)});
   }
   m_isPending = false;
   Clear();

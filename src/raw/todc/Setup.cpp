@@ -73,9 +73,9 @@ void Setup::MoveTo(std::wstring_view foresight, double backsightAzimuth) {
 void Setup::FindHeights(std::wstring_view name) {
   const HeightsAhead* ahead = m_pass.index.FindHeights(m_pass.line, m_pass.kind, name);
   if (ahead == nullptr) return;
-  m_instrumentHeight = LengthInUnit(ahead->heights.instrumentHeight,
-                                    LinearUnitOfRaw(m_pass.index.FirstMode().distanceUnit),
-                                    LinearUnitOfRaw(ahead->distanceUnit));
+  m_instrumentHeight =
+      LengthInUnit(ahead->heights.instrumentHeight,
+                   LinearUnitOfRaw(m_pass.index.FirstMode().distanceUnit), ahead->unit);
 }
 
 void Setup::WriteStation() {

@@ -11,7 +11,7 @@ namespace {
 constexpr double kDegreesPerRadian = 180 / kPi;
 
 /// From where a shot went back to its station. In face two its circle reads the way back already.
-double BackAzimuth(double azimuth, double zenith, std::int32_t unit) {
+double BackAzimuth(double azimuth, double zenith, AngularUnit unit) {
   return NormalizeAngle(IsFaceTwo(zenith, unit) ? azimuth : azimuth + FullCircle(unit) / 2, unit);
 }
 
@@ -74,22 +74,23 @@ bool Shots::ReduceHorizontal(const SHOT_RECORD& shot, double& circle) const {
 
 Shots::Sight Shots::ReduceVertical(const SHOT_RECORD& shot) const {
   const Mode& mode = m_pass.mode;
-  const std::int32_t unit = mode.angleUnit;
+  const AngularUnit unit = mode.angleUnit;
   const double distance = mode.Length(shot.distance);
   switch (shot.verticalKind) {
     case VerticalKind::Zenith:
       break;
     case VerticalKind::VerticalAngle: {
-      const double angle = unit == kRawGons ? shot.vertical : DmsToDegrees(shot.vertical);
+      const double angle = ReckonedAngle(shot.vertical, unit);
       const double zenith = NormalizeZenith(FullCircle(unit) / 4 - angle, unit);
       return {distance, mode.ToFirstAngleUnit(Computed(zenith, shot.vertical))};
     }
     case VerticalKind::ElevationChange: {
       const double rise = mode.Length(shot.vertical);
       const double degrees = 90 - std::atan2(rise, distance) * kDegreesPerRadian;
-      const double zenith = Computed(NormalizeZenith(degrees, kRawDegrees), rise, distance);
+      const double zenith =
+          Computed(NormalizeZenith(degrees, AngularUnit::DecimalDegrees), rise, distance);
       return {Computed(std::sqrt(rise * rise + distance * distance), rise, distance),
-              mode.ToFirstAngleUnit(ConvertAngleUnit(unit, kRawDegrees, zenith))};
+              mode.ToFirstAngleUnit(ConvertAngleUnit(unit, AngularUnit::DecimalDegrees, zenith))};
     }
   }
   return {distance, mode.Angle(shot.vertical)};

@@ -11,6 +11,9 @@
 namespace zelconvert {
 namespace {
 
+constexpr AngularUnit kDegrees = AngularUnit::DecimalDegrees;
+constexpr AngularUnit kGons = AngularUnit::Gon;
+
 TEST(RoundsMeans, AlignAnglesThatLieOnBothSidesOfNorth) {
   struct Case {
     double a, b, alignedA, alignedB;
@@ -29,38 +32,37 @@ TEST(RoundsMeans, AlignAnglesThatLieOnBothSidesOfNorth) {
 }
 
 TEST(RoundsMeans, AreThoseOfBothFaces) {
-  EXPECT_NEAR(MeanDirection(10, 190.002, kRawDegrees), 10.001, 1e-9);
-  EXPECT_NEAR(MeanDirection(359.999, 180.003, kRawDegrees), 0.001, 1e-9);
-  EXPECT_NEAR(MeanDirection(0.001, 179.997, kRawDegrees), 359.999, 1e-9);
-  EXPECT_NEAR(MeanDirection(100, 300.002, kRawGons), 100.001, 1e-9);
-  EXPECT_EQ(MeanDirection(DC_NULL, 1, kRawDegrees), DC_NULL);
-  EXPECT_EQ(MeanDirection(1, DC_NULL, kRawDegrees), DC_NULL);
-  EXPECT_NEAR(MeanZenith(90.5, 269.51, kRawDegrees), 90.495, 1e-12);
-  EXPECT_NEAR(MeanZenith(100.5, 299.51, kRawGons), 100.495, 1e-12);
-  EXPECT_EQ(MeanZenith(DC_NULL, 269, kRawDegrees), DC_NULL);
+  EXPECT_NEAR(MeanDirection(10, 190.002, kDegrees), 10.001, 1e-9);
+  EXPECT_NEAR(MeanDirection(359.999, 180.003, kDegrees), 0.001, 1e-9);
+  EXPECT_NEAR(MeanDirection(0.001, 179.997, kDegrees), 359.999, 1e-9);
+  EXPECT_NEAR(MeanDirection(100, 300.002, kGons), 100.001, 1e-9);
+  EXPECT_EQ(MeanDirection(DC_NULL, 1, kDegrees), DC_NULL);
+  EXPECT_EQ(MeanDirection(1, DC_NULL, kDegrees), DC_NULL);
+  EXPECT_NEAR(MeanZenith(90.5, 269.51, kDegrees), 90.495, 1e-12);
+  EXPECT_NEAR(MeanZenith(100.5, 299.51, kGons), 100.495, 1e-12);
+  EXPECT_EQ(MeanZenith(DC_NULL, 269, kDegrees), DC_NULL);
 }
 
 TEST(RoundsMeans, OfASet) {
   using Values = std::vector<double>;
   struct Case {
     Values angles;
-    std::int32_t unit;
+    AngularUnit unit;
     double mean;
   };
   for (const Case& each :
-       {Case{{10, 20}, kRawDegrees, 15}, Case{{350, 20}, kRawDegrees, 5},
-        Case{{340, 350, 5}, kRawDegrees, 351 + 2 / 3.0}, Case{{360, 0}, kRawDegrees, 0},
-        Case{{271, 89}, kRawDegrees, 0}, Case{{100, 300}, kRawDegrees, 200},
-        Case{{390, 20}, kRawGons, 5}, Case{{350, 100}, kRawGons, 25},
-        Case{{300, 100}, kRawGons, 200}, Case{{}, kRawDegrees, DC_NULL}}) {
+       {Case{{10, 20}, kDegrees, 15}, Case{{350, 20}, kDegrees, 5},
+        Case{{340, 350, 5}, kDegrees, 351 + 2 / 3.0}, Case{{360, 0}, kDegrees, 0},
+        Case{{271, 89}, kDegrees, 0}, Case{{100, 300}, kDegrees, 200}, Case{{390, 20}, kGons, 5},
+        Case{{350, 100}, kGons, 25}, Case{{300, 100}, kGons, 200}, Case{{}, kDegrees, DC_NULL}}) {
     EXPECT_NEAR(MeanAngle(each.angles, each.unit), each.mean, 1e-9) << each.mean;
   }
   EXPECT_EQ(MeanValue(Values{1, 2, 6}), 3);
   EXPECT_NEAR(StandardError(Values{1, 2, 6}, 3), std::sqrt(14 / 6.0), 1e-12);
   EXPECT_EQ(StandardError(Values{1}, 1), DC_NULL);
   EXPECT_EQ(StandardError(Values{}, 0), DC_NULL);
-  EXPECT_NEAR(StandardErrorOfAngles(Values{359, 1}, 0, kRawDegrees), 1, 1e-9);
-  EXPECT_NEAR(StandardErrorOfAngles(Values{399, 1}, 0, kRawGons), 1, 1e-9);
+  EXPECT_NEAR(StandardErrorOfAngles(Values{359, 1}, 0, kDegrees), 1, 1e-9);
+  EXPECT_NEAR(StandardErrorOfAngles(Values{399, 1}, 0, kGons), 1, 1e-9);
 }
 
 std::string Reduce(const std::vector<RB_RECORD>& backsights,
@@ -70,7 +72,7 @@ std::string Reduce(const std::vector<RB_RECORD>& backsights,
   CDcFile dc;
   EXPECT_TRUE(dc.OpenForWrite(folder.Path(L"out.dc")));
   RoundsReference reference;
-  ReduceRounds(dc, backsights, foresights, directions, reference, kRawDegrees, {L"S", L"B", L"F"});
+  ReduceRounds(dc, backsights, foresights, directions, reference, kDegrees, {L"S", L"B", L"F"});
   EXPECT_EQ(reference.name, backsights.empty() && directions.empty() ? L"F" : L"B");
   EXPECT_TRUE(dc.Close());
   return folder.Read(L"out.dc");
