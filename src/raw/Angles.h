@@ -2,7 +2,6 @@
 // through every function as it is.
 #pragma once
 
-#include <cstdint>
 #include <string_view>
 
 #include "io/Units.h"
@@ -47,28 +46,5 @@ double ConvertAngleUnit(AngularUnit to, AngularUnit from, double v);
 ///   "N23.4510E" 23.75277...   "S10.0000E" 170   "S10.0000W" 190   "N10.0000W" 350
 /// Other letters (lower-case ones as well) count as north and east; an empty text is DC_NULL.
 double ParseBearing(std::wstring_view text, AngularUnit unit);
-
-// The same by the codes of AU, for the reduction to DC.
-constexpr double FullCircle(std::int32_t au) {
-  return FullCircle(AngularUnitOfRaw(au));
-}
-inline double RadiansOf(double v, std::int32_t au) {
-  return RadiansOf(v, AngularUnitOfRaw(au));
-}
-inline double NormalizeAngle(double v, std::int32_t au) {
-  return NormalizeAngle(v, AngularUnitOfRaw(au));
-}
-inline double NormalizeZenith(double v, std::int32_t au) {
-  return NormalizeZenith(v, AngularUnitOfRaw(au));
-}
-inline bool IsFaceTwo(double zenith, std::int32_t au) {
-  return IsFaceTwo(zenith, AngularUnitOfRaw(au));
-}
-inline double ConvertAngleUnit(std::int32_t to, std::int32_t from, double v) {
-  return ConvertAngleUnit(AngularUnitOfRaw(to), AngularUnitOfRaw(from), v);
-}
-inline double ParseBearing(std::wstring_view text, std::int32_t au) {
-  return ParseBearing(text, AngularUnitOfRaw(au));
-}
 
 }  // namespace zelconvert

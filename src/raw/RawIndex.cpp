@@ -78,7 +78,6 @@ void RawIndex::AddMode(std::wstring_view record) {
   const bool isGood = CRawFile::Parse(record, mode);
   if (isGood && !m_bHasMode) m_FirstMode = mode;
   if (isGood) {
-    m_nDistanceUnit = mode.distanceUnit;
     m_unit = LinearUnitOfRaw(mode.distanceUnit);
     m_nModeLine = LineCount();
   }
@@ -91,7 +90,7 @@ void RawIndex::AddHeights(RawRecordType kind, std::int64_t line, std::wstring_vi
     LS_RECORD heights;
     const bool isWhole = CRawFile::Parse(record, heights);
     if (isWhole || CRawFile::GetDoubleField(record, L"HI", heights.instrumentHeight)) {
-      m_Heights.push_back({line, heights, isWhole, m_unit, m_nModeLine, m_nDistanceUnit});
+      m_Heights.push_back({line, heights, isWhole, m_unit, m_nModeLine});
     }
   }
   if (kSetupKinds.Contains(kind)) {

@@ -45,9 +45,7 @@ struct HeightsAhead {
   bool hasRodHeight;               ///< the LS has an HR
   std::optional<LinearUnit> unit;  ///< that of the latest good MO before it, if one tells a unit
   std::int64_t modeLine;           ///< the line of that MO
-  std::int32_t distanceUnit;       ///< UN of that MO, or kNoDistanceUnit: for the reduction to DC
 };
-inline constexpr std::int32_t kNoDistanceUnit = -1;
 
 /// Lines are counted from 1. The look-aheads answer for the record on `line`, by the records after
 /// it; asked in the order of the file, all of them together take linear time.
@@ -129,9 +127,8 @@ class RawIndex {
   std::unordered_map<std::wstring, std::int64_t, NameHash, std::equal_to<>> m_DeletedPoints;
   NameSet m_AskedNames;
   MO_RECORD m_FirstMode;
-  std::int32_t m_nDistanceUnit = kNoDistanceUnit;  // of the latest good MO
-  std::optional<LinearUnit> m_unit;                // likewise
-  std::int64_t m_nModeLine = 0;                    // its line
+  std::optional<LinearUnit> m_unit;  // of the latest good MO
+  std::int64_t m_nModeLine = 0;      // its line
   bool m_bHasMode = false;
   bool m_bSetupOpen = false;   // an OC, BK or TR, and neither LS nor shot since
   bool m_bVectorOpen = false;  // a BL, and no GP, GS or GK since

@@ -84,14 +84,6 @@ inline constexpr std::int32_t kRawInternationalFeet = 0;
 inline constexpr std::int32_t kRawMetres = 1;
 inline constexpr std::int32_t kRawUsSurveyFeet = 2;
 
-/// Angle units of a log (AU).
-inline constexpr std::int32_t kRawDegrees = 0;  ///< written DDD.MMSSsss
-inline constexpr std::int32_t kRawGons = 1;
-/// What an AU stands for: any but that of gons counts as degrees.
-constexpr std::int32_t AngleUnitOf(std::int32_t au) {
-  return au == kRawGons ? kRawGons : kRawDegrees;
-}
-
 struct JB_RECORD {
   std::wstring_view name;
   std::wstring_view date;  ///< month-day-year, such as "09-14-2026"

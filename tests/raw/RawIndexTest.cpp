@@ -73,7 +73,7 @@ bool ReadsOn(const Lines& lines, std::size_t at) {
 }
 
 // The height as the LS says it, and the unit of the MO in force there; a bad MO counts for nothing.
-using HeightAndUnit = std::pair<double, std::int32_t>;
+using HeightAndUnit = std::pair<double, std::optional<LinearUnit>>;
 std::optional<HeightAndUnit> ReadsHeight(const Lines& lines, std::size_t at, bool traverse,
                                          const std::string& name) {
   for (++at; at < lines.size() && !IsShot(TagOf(lines[at])); ++at) {
@@ -83,9 +83,9 @@ std::optional<HeightAndUnit> ReadsHeight(const Lines& lines, std::size_t at, boo
     }
     if (TagOf(lines[at]) != "LS") continue;
     if (lines[at].size() < 4) break;  // a bad one
-    std::int32_t unit = kNoDistanceUnit;
+    std::optional<LinearUnit> unit;
     for (std::size_t i = 0; i < at; ++i) {
-      if (lines[i].starts_with("MO,AD0,UN")) unit = lines[i][9] - '0';
+      if (lines[i].starts_with("MO,AD0,UN")) unit = LinearUnitOfRaw(lines[i][9] - '0');
     }
     return HeightAndUnit(std::stod(lines[at].substr(5)), unit);
   }
@@ -153,7 +153,7 @@ TEST(RawIndex, AnswersAsAReaderThatReadsAhead) {
             index.FindHeights(line, traverse ? RawRecordType::TR : RawRecordType::OC, L"a");
         ASSERT_EQ(ahead != nullptr, expected.has_value());
         if (ahead == nullptr) continue;
-        EXPECT_EQ(HeightAndUnit(ahead->heights.instrumentHeight, ahead->distanceUnit), *expected);
+        EXPECT_EQ(HeightAndUnit(ahead->heights.instrumentHeight, ahead->unit), *expected);
         EXPECT_EQ(ahead->hasRodHeight, expected->first != 2.5);
       }
       if (tag != "BL") continue;
