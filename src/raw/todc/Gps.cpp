@@ -245,33 +245,33 @@ EcefPosition Gps::ToEcef(const Position& position) const {
 
 void Gps::WritePosition(std::wstring_view subtype, std::wstring_view name,
                         std::wstring_view description, const Position& position) {
-  m_positionRecord.subtype = subtype;
-  m_positionRecord.name = name;
   m_positionRecord.coord1 = position.latitude;
   m_positionRecord.coord2 = position.longitude;
   m_positionRecord.coord3 = position.height;
-  m_positionRecord.code = description;
-  m_positionRecord.method = position.method;
-  m_positionRecord.classification = ClassCharacter(position.classification);
-  m_positionRecord.sigma1 = position.horizontalPrecision;
-  m_positionRecord.sigma2 = position.verticalPrecision;
-  m_pass.dc.Write(m_positionRecord);
+  Write(m_positionRecord, subtype, name, description, position);
 }
 
 void Gps::WriteVector(std::wstring_view subtype, std::wstring_view name,
                       std::wstring_view description, const EcefPosition& difference,
                       const Position& position) {
-  m_vectorRecord.subtype = subtype;
-  m_vectorRecord.name = name;
   m_vectorRecord.coord1 = difference.x;
   m_vectorRecord.coord2 = difference.y;
   m_vectorRecord.coord3 = difference.z;
-  m_vectorRecord.code = description;
-  m_vectorRecord.method = position.method;
-  m_vectorRecord.classification = ClassCharacter(position.classification);
-  m_vectorRecord.sigma1 = position.horizontalPrecision;
-  m_vectorRecord.sigma2 = position.verticalPrecision;
-  m_pass.dc.Write(m_vectorRecord);
+  Write(m_vectorRecord, subtype, name, description, position);
+}
+
+/// What both records tell beside the coordinates.
+template <class Record>
+void Gps::Write(Record& record, std::wstring_view subtype, std::wstring_view name,
+                std::wstring_view description, const Position& position) {
+  record.subtype = subtype;
+  record.name = name;
+  record.code = description;
+  record.method = position.method;
+  record.classification = ClassCharacter(position.classification);
+  record.sigma1 = position.horizontalPrecision;
+  record.sigma2 = position.verticalPrecision;
+  m_pass.dc.Write(record);
 }
 
 /// A position that was keyed in or stored: without an antenna, and the antenna restored after it.

@@ -71,7 +71,7 @@ struct RoundsNames {
 /// their mean, for each set its means and standard errors. The backsights come first and are the
 /// reference if there is none yet. Shot i goes with entry i of `directions`, whose reverse slot
 /// completes a pair in one face; without shots the directions themselves are the set. Shots to
-/// several targets in a list aren't told apart.
+/// several targets in a list aren't told apart. No log gets here: no record marks a set as pending.
 void ReduceRounds(CDcFile& dc, std::span<const RB_RECORD> backsightShots,
                   std::span<const RF_RECORD> foresightShots, std::span<const RD_RECORD> directions,
                   RoundsReference& reference, AngularUnit angleUnit, const RoundsNames& names);

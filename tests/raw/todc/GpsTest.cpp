@@ -1,5 +1,5 @@
 // GPS logs to DC files by what they mean on the ground: vectors from the base lead back to the
-// positions that the log states; and the border cases of the signature.
+// positions that the log states.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -10,7 +10,6 @@
 
 #include "HostLists.h"
 #include "TempDir.h"
-#include "raw/GpsSignature.h"
 
 namespace zelconvert {
 namespace {
@@ -84,31 +83,6 @@ TEST(Gps, VectorsLeadToThePositionsOfTheLog) {
     ++found;
   }
   EXPECT_EQ(found, 8u);
-}
-
-TEST(Gps, TheHashCountsTheFirst512Characters) {
-  const std::wstring longest(512, L'A');
-  EXPECT_EQ(GpsRecordHash(longest + L"A", L"x"), 0u);
-  EXPECT_NE(GpsRecordHash(longest, L"x"), 0u);
-  EXPECT_EQ(GpsRecordHash(L"", longest + L"tail"), GpsRecordHash(L"", longest));
-  // state 0x101 * 0x343FD + 0x269EC3 for the first character, times its code
-  EXPECT_EQ(GpsRecordHash(L"\u0101", L"\x2"), 2u * (0x101u * 0x343FDu + 0x269EC3u));
-}
-
-TEST(Gps, ASignatureIsWhatStandsBehindTheLastStar) {
-  const std::wstring receiver = L" RX ";
-  const std::uint32_t hash = GpsRecordHash(L"RX", L"EQ*1");
-  for (const auto& [text, good] :
-       std::vector<std::pair<std::wstring, bool>>{{L"EQ*1 *" + std::to_wstring(hash), true},
-                                                  {L"EQ*1* " + std::to_wstring(hash) + L"x", true},
-                                                  {L"EQ*1*-" + std::to_wstring(0u - hash), true},
-                                                  {L"EQ*1*99999999999", false},
-                                                  {L"EQ*1*", false},
-                                                  {L"EQ", false}}) {
-    SCOPED_TRACE(testing::Message() << std::string(text.begin(), text.end()));
-    std::wstring_view equipment = text;
-    EXPECT_EQ(TestGpsSignature(receiver, equipment), good);
-  }
 }
 
 }  // namespace
