@@ -3,7 +3,8 @@
 
 It shares nothing with the converter: the elements are those of docs/formats/jxl.md, put together
 from what each case says of its records in words, and the geometry is that of polar coordinates. The
-logs stand in the folders; only those of the refused cases and of the examples are written as well.
+logs stand in the folders; only those of the examples are written as well. Refused logs have no
+document: their folders are read by eye.
 Run it to write the folders again, or with --check to compare them.
 """
 import math
@@ -474,9 +475,6 @@ def only_a_job(has_more=False):
     return d
 
 
-BAD = "Bad raw data record found at line %d. The conversion is aborted.\n"
-HEAD = "JB,NMx,DT01-02-2026,TM00:00:00\nMO,AD0,UN1,SF1,EC0,EO0.0,AU0\nSP,PN1,N 0,E 0,EL0,--\n"
-
 CASES = {
     "raw-to-jxl/units-and-markup": gons,
     "raw-to-jxl/deleted-points": deleted,
@@ -490,22 +488,6 @@ CASES = {
     "raw-to-jxl/a-line-behind-the-job": lambda: only_a_job(True),
 }
 MILL_CREEK = {"raw": "Gridlark", "rw5": "Gridlark", "pwr": "Plumbwick"}
-REFUSED = {
-    "empty": ("", "Bad ZEL raw data file.\n"),
-    "second-job": (HEAD + HEAD, BAD % 4),
-    "month-13": (HEAD.replace("01-02", "13-02"), BAD % 1),
-    "hour-24": (HEAD.replace("00:00:00", "24:00:00"), BAD % 1),
-    "date-with-slashes": (HEAD.replace("01-02-2026", "01/02/2026"), BAD % 1),
-    "comment-in-front": ("--first\n" + HEAD, BAD % 1),
-    "unknown-station": (HEAD + "SS,OP2,FP3,AR0,ZE90,SD1,--\n", BAD % 4),
-    "deleted-station": (HEAD + "DP,PN1\nSS,OP1,FP3,AR0,ZE90,SD1,--\n", BAD % 5),
-    # The occupied point counts from the backsight on.
-    "shot-before-the-backsight": (HEAD + "OC,OP2,N 0,E 0,EL0,--\nSS,OP2,FP3,AR0,ZE90,SD1,--\n", BAD % 5),
-    "vertical-angle": ((EXAMPLES / "mill-creek.raw").read_text(), BAD % 14),
-    "azimuth": (HEAD + "SS,OP1,FP3,AZ0,ZE90,SD1,--\n", BAD % 4),
-    "scan-without-steps": (HEAD + "SC,FIa,NP1,HS1\n", BAD % 4),
-    "deletion-without-name": (HEAD + "DP,XX1\n", BAD % 4),
-}
 
 
 def main():
@@ -518,9 +500,6 @@ def main():
         log = (EXAMPLES / "mill-creek-simple.raw").read_text().replace("Gridlark", product)
         cases[GOLDEN / (extension + "-to-jxl") / "mill-creek"] = {
             "in." + extension: log.encode(), "out.jxl": mill_creek(product).bytes(), "notes.txt": notes}
-    for case, (log, text) in REFUSED.items():
-        cases[GOLDEN / "raw-to-jxl" / ("refused-" + case)] = {
-            "in.raw": log.encode(), "messages.txt": text.encode(), "notes.txt": notes}
     settle(cases)
 
 

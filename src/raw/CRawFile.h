@@ -85,7 +85,7 @@ class CRawFile : public CFileCE {
   static bool GetDoubleField(std::wstring_view record, FieldTag tag, double& value);
 
   /// What the fields of a line say, found by the type of the record; the tag of the line isn't
-  /// looked at. False when a required field is missing: what stands in front of that field in the
+  /// looked at. False when a required field is missing: what stands before that field in the
   /// record's table has then been filled, all else in the structure is as it was. Texts point into
   /// `line`.
   template <class Record>

@@ -1,5 +1,5 @@
 // The signature at the end of a rover's equipment record: a hash over that record and the receiver
-// record in front of it.
+// record before it.
 #pragma once
 
 #include <cstdint>
@@ -20,7 +20,7 @@ class GpsRandom {
 /// 0 for a `first` of more than 512 characters; of `second` the first 512 count.
 std::uint32_t GpsRecordHash(std::wstring_view first, std::wstring_view second);
 
-/// Tests the signature behind the last "*" of an equipment record against the receiver record of
+/// Tests the signature after the last "*" of an equipment record against the receiver record of
 /// its setup, and cuts it off, with the "*", whatever it is. False if there is none or it is wrong.
 bool TestGpsSignature(std::wstring_view receiver, std::wstring_view& equipment);
 

@@ -24,7 +24,7 @@ class NameSet {
   std::size_t FindSlot(std::string_view key) const;
   void Grow();
 
-  std::string m_Pool;                // the names in a byte form, one behind the other
+  std::string m_Pool;                // the names in a byte form, one after the other
   std::vector<std::size_t> m_Ends;   // where each name ends in the pool
   std::vector<std::size_t> m_Slots;  // open addressing; 0 is free, else 1 + the name's index
   mutable std::string m_Key;         // the byte form of the name that is looked for

@@ -17,17 +17,17 @@
 
 namespace zelconvert {
 
-/// The two characters in front of a field's value; some hold a blank ("N ").
+/// The two characters before a field's value; some hold a blank ("N ").
 using FieldTag = const wchar_t (&)[3];
 
 /// Where the fields of a record are, so that a line is searched once and not once per field. The
-/// first field of a tag counts, wherever it stands: a note that holds ",SD" hides an SD behind it.
+/// first field of a tag counts, wherever it stands: a note that holds ",SD" hides an SD after it.
 class RawFields {
  public:
   /// `record` has to outlive this object.
   explicit RawFields(std::wstring_view record);
 
-  /// The text behind a tag. False, with `value` as it was, if there is no such field.
+  /// The text after a tag. False, with `value` as it was, if there is no such field.
   bool Find(FieldTag tag, std::wstring_view& value) const;
   bool Has(FieldTag tag) const;
 

@@ -62,23 +62,23 @@ class RawIndex {
   /// The names of which an OC, an RP or a caller asks whether they have been written already.
   const NameSet& AskedNames() const { return m_AskedNames; }
   void AskFor(std::wstring_view name) { m_AskedNames.Insert(name); }
-  /// A DP behind `line` deletes the point. Of several DP of a name the last counts.
+  /// A DP after `line` deletes the point. Of several DP of a name the last counts.
   bool IsDeleted(std::wstring_view name, std::int64_t line) const;
 
-  /// An OC stands in front of the next shot.
+  /// An OC stands before the next shot.
   bool OccupyIsSuperseded(std::int64_t line);
-  /// An OC or BK stands in front of the next shot.
+  /// An OC or BK stands before the next shot.
   bool BacksightIsSuperseded(std::int64_t line);
   /// A shot comes before the next OC.
   bool TraverseContinues(std::int64_t line);
   /// The next record is DE or OE.
   bool NextIsStakeDetail(std::int64_t line) const;
-  /// The LS in front of the next shot or OC; null if there is none or it lacks its HI. `type` is
+  /// The LS before the next shot or OC; null if there is none or it lacks its HI. `type` is
   /// the kind of the record on `line`, OC, BK or TR: a TR looks past an OC that names the same
   /// point as `name`.
   const HeightsAhead* FindHeights(std::int64_t line, RawRecordType type, std::wstring_view name);
   /// What the next GP says of the vector to `name`. False if that GP is bad or of another name; a
-  /// GS or GK in front of it, or none at all, leaves `isControl` false.
+  /// GS or GK before it, or none at all, leaves `isControl` false.
   bool FindGpsPointKind(std::int64_t line, std::wstring_view name, bool& isControl);
 
  private:
@@ -86,7 +86,7 @@ class RawIndex {
   class Search {
    public:
     explicit constexpr Search(const RawKinds& kinds) : m_kinds(kinds) {}
-    /// The first such line behind `line`, or one past the last line of the file.
+    /// The first such line after `line`, or one past the last line of the file.
     std::int64_t Next(const std::vector<RawRecordType>& lines, std::int64_t line);
 
    private:

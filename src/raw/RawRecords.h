@@ -3,7 +3,8 @@
 //
 // Texts are views into the line that was parsed: they live as long as that line. Angles are in the
 // log's angle unit (degrees written DDD.MMSSsss, or gons) and lengths in its distance unit, as its
-// latest MO says. A real whose field is there but empty is DC_NULL.
+// latest MO says. A real whose field is there but empty is DC_NULL. Latitudes and longitudes are
+// degrees written DDD.MMSSsss, heights count from the ellipsoid, elevations from the grid's zero.
 #pragma once
 
 #include <cstdint>
@@ -118,9 +119,7 @@ struct MO_RECORD {
 /// SP, GS and RP.
 struct POINT_RECORD {
   std::wstring_view name;
-  double north = 0;
-  double east = 0;
-  double elevation = 0;
+  double north = 0, east = 0, elevation = 0;
   std::wstring_view note;
 
   static constexpr RawField<POINT_RECORD> kFields[] = {
@@ -149,8 +148,7 @@ struct BK_RECORD {
 };
 
 struct LS_RECORD {
-  double instrumentHeight = 0;
-  double rodHeight = 0;
+  double instrumentHeight = 0, rodHeight = 0;
 
   static constexpr RawField<LS_RECORD> kFields[] = {
       {L"HI", &LS_RECORD::instrumentHeight},
@@ -204,8 +202,7 @@ struct STAKE_SHOT_RECORD {
   std::wstring_view station;
   std::wstring_view foresight;
   double angleRight = 0;
-  double zenith = 0;
-  double slopeDistance = 0;
+  double zenith = 0, slopeDistance = 0;
   std::wstring_view note;
 
   static constexpr RawField<STAKE_SHOT_RECORD> kFields[] = {
@@ -220,8 +217,7 @@ struct ROUND_SHOT_RECORD {
   std::wstring_view station;
   std::wstring_view target;
   double angleRight = 0;
-  double zenith = 0;
-  double slopeDistance = 0;
+  double zenith = 0, slopeDistance = 0;
   double rodHeight = 0;
   std::wstring_view note;
 };
@@ -271,8 +267,7 @@ struct SET_DISTANCE_RECORD {
 struct RESECTION_RECORD {
   std::wstring_view name;
   double circle = 0;
-  double zenith = 0;
-  double slopeDistance = 0;
+  double zenith = 0, slopeDistance = 0;
 };
 
 /// CF: a design point, or a station and offset on a line.
@@ -305,14 +300,12 @@ struct SLOPE_RECORD {
   std::int32_t offsetDirection = 0;
   double elevation = 0;
   double grade = 0;
-  double stationShift = 0;     ///< AS
-  double hingeHorizontal = 0;  ///< HH
-  double hingeVertical = 0;    ///< VH
-  double catchHorizontal = 0;  ///< HC
-  double catchVertical = 0;    ///< VC
-  std::int32_t cutFill = 0;    ///< CF
-  double designSlope = 0;      ///< DS: horizontal part over vertical part
-  double offset = 0;           ///< OB
+  double stationShift = 0;                        ///< AS
+  double hingeHorizontal = 0, hingeVertical = 0;  ///< HH, VH
+  double catchHorizontal = 0, catchVertical = 0;  ///< HC, VC
+  std::int32_t cutFill = 0;                       ///< CF
+  double designSlope = 0;                         ///< DS: horizontal part over vertical part
+  double offset = 0;                              ///< OB
   std::wstring_view note;
   double offsetLength = DC_NULL;  ///< OL
 
@@ -329,9 +322,7 @@ struct SLOPE_RECORD {
 
 /// SD.
 struct STAKED_DELTA_RECORD {
-  double north = 0;
-  double east = 0;
-  double elevation = 0;
+  double north = 0, east = 0, elevation = 0;
 
   static constexpr RawField<STAKED_DELTA_RECORD> kFields[] = {
       {L"ND", &STAKED_DELTA_RECORD::north},
@@ -410,9 +401,7 @@ struct AH_RECORD {
 
 struct BP_RECORD {
   std::wstring_view name;
-  double latitude = 0;
-  double longitude = 0;
-  double height = 0;  ///< above the ellipsoid
+  double latitude = 0, longitude = 0, height = 0;
   std::int32_t geoid = 0;
 
   static constexpr RawField<BP_RECORD> kFields[] = {
@@ -425,13 +414,10 @@ struct BP_RECORD {
 };
 
 struct EP_RECORD {
-  double latitude = 0;
-  double longitude = 0;
-  double height = 0;
+  double latitude = 0, longitude = 0, height = 0;
   std::int32_t method = 0;
   std::int32_t classification = 0;
-  double horizontalPrecision = 0;
-  double verticalPrecision = 0;
+  double horizontalPrecision = 0, verticalPrecision = 0;
 
   static constexpr RawField<EP_RECORD> kFields[] = {
       {L"LA", &EP_RECORD::latitude},
@@ -447,14 +433,11 @@ struct EP_RECORD {
 struct BL_RECORD {
   std::wstring_view role;
   std::wstring_view name;
-  double deltaX = 0;
-  double deltaY = 0;
-  double deltaZ = 0;
+  double deltaX = 0, deltaY = 0, deltaZ = 0;  ///< from the base, earth-centred
   std::wstring_view note;
   std::int32_t method = 0;
   std::int32_t classification = 0;
-  double horizontalPrecision = 0;
-  double verticalPrecision = 0;
+  double horizontalPrecision = 0, verticalPrecision = 0;
 
   static constexpr RawField<BL_RECORD> kFields[] = {
       {L"DC", &BL_RECORD::role},
@@ -474,12 +457,7 @@ struct CV_RECORD {
   std::wstring_view role;
   std::int32_t satellites = 0;
   double scalar = 0;
-  double xx = 0;
-  double xy = 0;
-  double xz = 0;
-  double yy = 0;
-  double yz = 0;
-  double zz = 0;
+  double xx = 0, xy = 0, xz = 0, yy = 0, yz = 0, zz = 0;  ///< the upper triangle
 
   static constexpr RawField<CV_RECORD> kFields[] = {
       {L"DC", &CV_RECORD::role}, {L"SV", &CV_RECORD::satellites}, {L"SC", &CV_RECORD::scalar},
@@ -491,14 +469,11 @@ struct CV_RECORD {
 struct GQ_RECORD {
   std::wstring_view role;
   std::int32_t satellites = 0;
-  std::int32_t relative = 0;  ///< DR
-  double pdop = 0;
-  double hdop = 0;
-  double vdop = 0;
+  std::int32_t relative = 0;            ///< DR
+  double pdop = 0, hdop = 0, vdop = 0;  ///< dilution of precision
   double rms = 0;
   std::int32_t epochs = 0;
-  double horizontalPrecision = 0;
-  double verticalPrecision = 0;
+  double horizontalPrecision = 0, verticalPrecision = 0;
   std::int32_t startWeek = 0;
   double startSeconds = 0;
   std::int32_t endWeek = 0;
@@ -558,10 +533,8 @@ struct GP_RECORD {
 struct GO_RECORD {
   std::wstring_view name;
   double azimuth = 0;
-  double zenith = 0;
-  double slopeDistance = 0;
-  double instrumentHeight = 0;
-  double rodHeight = 0;
+  double zenith = 0, slopeDistance = 0;
+  double instrumentHeight = 0, rodHeight = 0;
   std::wstring_view note;
 
   static constexpr RawField<GO_RECORD> kFields[] = {
@@ -586,9 +559,7 @@ struct ES_RECORD {
 };
 
 struct ST_RECORD {
-  double latitude = 0;
-  double longitude = 0;
-  double height = 0;
+  double latitude = 0, longitude = 0, height = 0;
   double scale = 0;
   double north = 0;
   double east = 0;
@@ -601,15 +572,11 @@ struct ST_RECORD {
 
 struct PJ_RECORD {
   std::int32_t type = 0;
-  double latitude = 0;
-  double longitude = 0;
-  double height = 0;
-  double north = 0;
-  double east = 0;
-  double elevation = 0;
+  double latitude = 0, longitude = 0, height = 0;
+  double north = 0, east = 0, elevation = 0;
   double scale = 0;
-  double angle1 = 0;  ///< OO
-  double angle2 = 0;  ///< OT
+  double angle1 = 0;  ///< OO: the first parallel, or an azimuth
+  double angle2 = 0;  ///< OT: the second parallel
 
   static constexpr RawField<PJ_RECORD> kFields[] = {
       {L"TP", &PJ_RECORD::type},      {L"LA", &PJ_RECORD::latitude}, {L"LN", &PJ_RECORD::longitude},
@@ -620,10 +587,9 @@ struct PJ_RECORD {
 };
 
 struct PE_RECORD : PJ_RECORD {
-  std::int32_t ct = 0;
-  std::int32_t af = 0;
-  std::int32_t ry = 0;
-  std::int32_t ae = 0;
+  // Codes that a DC file takes over: of CT and AF it is told whether they are 0, of RY whether it
+  // is 1, of AE which of 1 to 3.
+  std::int32_t ct = 0, af = 0, ry = 0, ae = 0;
   std::wstring_view gridFile;
   std::wstring_view shiftFile;
 
@@ -637,12 +603,8 @@ struct DT_RECORD {
   std::int32_t type = 0;
   double semiMajorAxis = 0;
   double inverseFlattening = 0;
-  double rotationX = 0;
-  double rotationY = 0;
-  double rotationZ = 0;
-  double shiftX = 0;
-  double shiftY = 0;
-  double shiftZ = 0;
+  double rotationX = 0, rotationY = 0, rotationZ = 0;
+  double shiftX = 0, shiftY = 0, shiftZ = 0;
   double scale = 0;
 
   static constexpr RawField<DT_RECORD> kFields[] = {
@@ -688,8 +650,7 @@ struct VA_RECORD {
   double north = 0;
   double east = 0;
   double constantShift = 0;
-  double slopeNorth = 0;  ///< parts per million
-  double slopeEast = 0;   ///< parts per million
+  double slopeNorth = 0, slopeEast = 0;  ///< parts per million
   std::wstring_view geoidName;
 
   static constexpr RawField<VA_RECORD> kFields[] = {
@@ -703,8 +664,7 @@ struct VA_RECORD {
 struct CT_RECORD {
   std::wstring_view name;
   std::int32_t dimension = 0;
-  double horizontalPrecision = 0;
-  double verticalPrecision = 0;
+  double horizontalPrecision = 0, verticalPrecision = 0;
 
   static constexpr RawField<CT_RECORD> kFields[] = {
       {L"PN", &CT_RECORD::name, RawUse::Trimmed},
@@ -756,9 +716,7 @@ struct LM_RECORD {
 /// HC and VC: written only.
 struct CONTROL_RECORD {
   std::wstring_view name;
-  double latitude = 0;
-  double longitude = 0;
-  double height = 0;
+  double latitude = 0, longitude = 0, height = 0;
   std::wstring_view note;
 
   static constexpr RawField<CONTROL_RECORD> kFields[] = {
@@ -783,23 +741,13 @@ struct SC_RECORD {
 };
 
 struct CR_RECORD {
-  double x0 = 0;
-  double y0 = 0;
-  double focalLength = 0;  ///< CK
-  double kappa = 0;
-  double phi = 0;
-  double omega = 0;
-  double s0 = 0;
-  double c0 = 0;
-  double z0 = 0;
-  double i = 0;
-  std::int32_t k1 = 0;
-  std::int32_t p1 = 0;
-  std::int32_t p2 = 0;
-  double pixelSizeX = 0;
-  double pixelSizeY = 0;
-  std::int32_t pixelsX = 0;
-  std::int32_t pixelsY = 0;
+  double x0 = 0, y0 = 0;
+  double focalLength = 0;                ///< CK
+  double kappa = 0, phi = 0, omega = 0;  ///< angles
+  double s0 = 0, c0 = 0, z0 = 0, i = 0;
+  std::int32_t k1 = 0, p1 = 0, p2 = 0;
+  double pixelSizeX = 0, pixelSizeY = 0;
+  std::int32_t pixelsX = 0, pixelsY = 0;  ///< counts
 
   static constexpr RawField<CR_RECORD> kFields[] = {
       {L"X0", &CR_RECORD::x0},          {L"Y0", &CR_RECORD::y0},
@@ -816,14 +764,9 @@ struct CR_RECORD {
 
 struct IM_RECORD {
   std::wstring_view fileName;
-  double horizontalAngle = 0;
-  double verticalAngle = 0;
-  std::int32_t width = 0;
-  std::int32_t height = 0;
-  std::int32_t startX = 0;
-  std::int32_t startY = 0;
-  std::int32_t sizeX = 0;
-  std::int32_t sizeY = 0;
+  double horizontalAngle = 0, verticalAngle = 0;
+  std::int32_t width = 0, height = 0;                         ///< of the picture, in pixels
+  std::int32_t startX = 0, startY = 0, sizeX = 0, sizeY = 0;  ///< of the part that counts
 
   static constexpr RawField<IM_RECORD> kFields[] = {
       {L"FI", &IM_RECORD::fileName},      {L"HA", &IM_RECORD::horizontalAngle},

@@ -80,18 +80,10 @@ TEST(SdrToRaw, MakesSideshots) {
 }
 
 TEST(SdrLinesRead, KnowCodesAndDerivations) {
-  const std::pair<const wchar_t*, int> codes[] = {{L"00NM", 0},  {L"13", 13},   {L"09F1", 9},
-                                                  {L"14NM", -1}, {L"1", -1},    {L"", -1},
-                                                  {L" 1NM", -1}, {L"-1NM", -1}, {L"1NM", -1}};
-  for (const auto& [line, code] : codes) {
-    EXPECT_EQ(GetSdrRecordCode(line), code) << code;
+  for (const CaseFields& texts : ReadCases("tests/golden-lines/sdr-codes.txt")) {
+    EXPECT_EQ(GetSdrRecordCode(texts[0]), ToInteger(texts[1])) << texts[0];
+    EXPECT_EQ(GetSdrDerivation(texts[0]), ToInteger(texts.at(2))) << texts[0];
   }
-  EXPECT_EQ(GetSdrDerivation(L"09F1"), 0);
-  EXPECT_EQ(GetSdrDerivation(L"08KI"), 8);
-  EXPECT_EQ(GetSdrDerivation(L"00NMx"), 17);
-  EXPECT_EQ(GetSdrDerivation(L"08TA"), 28);
-  EXPECT_EQ(GetSdrDerivation(L"08ki"), -1);
-  EXPECT_EQ(GetSdrDerivation(L"08"), -1);
 }
 
 TEST(NoteMarks, AreTheFirstLettersOfAComment) {
