@@ -15,6 +15,8 @@
 #include "dc/CConvDcFile.h"
 #include "dc/PointNameSet.h"
 #include "dc/ProjectionCodes.h"
+#include "dc/SystemFields.h"
+#include "io/HandlerTable.h"
 #include "io/Paths.h"
 #include "io/Strings.h"
 #include "job/JobUnits.h"
@@ -48,10 +50,6 @@ constexpr bool IsLeftBlank(double value) {
   return value == DC_NULL;
 }
 
-double DegToRad(double degrees) {
-  return ToRadians(degrees, AngularUnit::DecimalDegrees);
-}
-
 constexpr bool IsPointCharacter(wchar_t c) {
   return IsAsciiAlnum(c) || c == L'_';
 }
@@ -67,12 +65,12 @@ class DcToJob {
   }
 
  private:
-  // False ends the conversion.
-  struct Handler {
-    std::int32_t type;
-    bool (DcToJob::*handle)(std::wstring_view line);
-  };
-  static const Handler kHandlers[];
+  using Handler = bool (DcToJob::*)(std::wstring_view line);
+  template <class Record>
+  static constexpr HandlerEntry<std::int32_t, Handler> Row() {
+    return {Record::kType, &DcToJob::On<Record>};
+  }
+  static constexpr auto Handlers();
 
   bool WriteLayer();
   bool ConvertRoads();
@@ -81,19 +79,21 @@ class DcToJob {
   bool WriteCoordinateSystem();
   bool CheckPoints();
 
-  bool OnHeader(std::wstring_view line);
-  bool OnJob(std::wstring_view line);
-  bool OnCogo(std::wstring_view line);
-  bool OnEllipsoid(std::wstring_view line);
-  bool OnLocalSite(std::wstring_view line);
-  bool OnProjection(std::wstring_view line);
-  bool OnProjectionExt(std::wstring_view line);
-  bool OnDatum(std::wstring_view line);
-  bool OnDatumGrid(std::wstring_view line);
-  bool OnHorizontalAdjust(std::wstring_view line);
-  bool OnVerticalAdjust(std::wstring_view line);
-  bool OnCoordinateSystem(std::wstring_view line);
-  bool OnZoneLabel(std::wstring_view line);
+  bool Take(const tDC_HEADERRecord& header);
+  bool Take(const tDC_JOBRecord& job);
+  bool Take(const tDC_COGORecord& cogo);
+  bool Take(const tDC_ELLIPSOIDRecord& ellipsoid);
+  bool Take(const tDC_LOCAL_SITERecord& site);
+  bool Take(const tDC_PROJECTIONRecord& projection);
+  bool Take(const tDC_PROJECTION_EXTRecord& projection);
+  bool Take(const tDC_DATUMRecord& datum);
+  bool Take(const tDC_DATUM_GRIDRecord& grid);
+  bool Take(const tDC_HORIZONTAL_ADJUSTRecord& adjust);
+  bool Take(const tDC_VERTICAL_ADJUSTRecord& adjust);
+  bool Take(const tDC_COORDINATE_SYSTEMRecord& names);
+  bool Take(const tDC_ZONE_LABELRecord& label);
+  template <class Record>
+  bool On(std::wstring_view line);
   bool OnGridPosition(std::wstring_view line);
   bool OnRoad(std::wstring_view line);
   bool OnRoadAlignment(std::wstring_view line);
@@ -112,7 +112,7 @@ class DcToJob {
   void SetFlags(std::uint32_t mask, std::uint32_t bits) {
     m_Settings.flags = (m_Settings.flags & ~mask) | bits;
   }
-  // In place; the next record goes behind the last one all the same.
+  // In place; the next record goes after the last one all the same.
   bool StoreSettings() { return m_Job.WriteJobHeader(m_Settings) && m_Job.SeekToEnd(); }
   bool Refuse(Text text) {
     Say(text);
@@ -120,12 +120,11 @@ class DcToJob {
   }
   void Say(Text text) { m_Report.messages.emplace_back(kTexts[static_cast<std::size_t>(text)]); }
 
-  double Metres(double value) const {
-    return ToMetres(value, LinearUnitOfJob(m_Settings.distanceUnit));
+  // Of the header, if it has come.
+  DisplayUnits Units() const {
+    return {LinearUnitOfJob(m_Settings.distanceUnit), AngularUnitOfJob(m_Settings.angleUnit)};
   }
-  double Radians(double value) const {
-    return ToRadians(value, AngularUnitOfJob(m_Settings.angleUnit));
-  }
+  double Metres(double value) const { return ToMetres(value, Units().length); }
 
   CDcFile& m_Dc;
   CJobFile& m_Job;
@@ -147,25 +146,34 @@ class DcToJob {
   JOB_POINT m_Point;
 };
 
-// The first is the one that files are full of.
-const DcToJob::Handler DcToJob::kHandlers[] = {
-    {tDC_GRID_POSITIONRecord::kType, &DcToJob::OnGridPosition},
-    {tDC_HEADERRecord::kType, &DcToJob::OnHeader},
-    {tDC_JOBRecord::kType, &DcToJob::OnJob},
-    {tDC_COGORecord::kType, &DcToJob::OnCogo},
-    {tDC_ELLIPSOIDRecord::kType, &DcToJob::OnEllipsoid},
-    {tDC_LOCAL_SITERecord::kType, &DcToJob::OnLocalSite},
-    {tDC_PROJECTIONRecord::kType, &DcToJob::OnProjection},
-    {tDC_PROJECTION_EXTRecord::kType, &DcToJob::OnProjectionExt},
-    {tDC_DATUMRecord::kType, &DcToJob::OnDatum},
-    {tDC_DATUM_GRIDRecord::kType, &DcToJob::OnDatumGrid},
-    {tDC_HORIZONTAL_ADJUSTRecord::kType, &DcToJob::OnHorizontalAdjust},
-    {tDC_VERTICAL_ADJUSTRecord::kType, &DcToJob::OnVerticalAdjust},
-    {tDC_COORDINATE_SYSTEMRecord::kType, &DcToJob::OnCoordinateSystem},
-    {tDC_ZONE_LABELRecord::kType, &DcToJob::OnZoneLabel},
-    {tDC_ROAD_HEADERRecord::kType, &DcToJob::OnRoad},
-    {tDC_ROAD_HALRecord::kType, &DcToJob::OnRoadAlignment},
-};
+// False ends the conversion.
+constexpr auto DcToJob::Handlers() {
+  return MakeHandlerTable<kDcTypeCount, std::int32_t, Handler>({
+      Row<tDC_HEADERRecord>(),
+      Row<tDC_JOBRecord>(),
+      Row<tDC_COGORecord>(),
+      Row<tDC_ELLIPSOIDRecord>(),
+      Row<tDC_LOCAL_SITERecord>(),
+      Row<tDC_PROJECTIONRecord>(),
+      Row<tDC_PROJECTION_EXTRecord>(),
+      Row<tDC_DATUMRecord>(),
+      Row<tDC_DATUM_GRIDRecord>(),
+      Row<tDC_HORIZONTAL_ADJUSTRecord>(),
+      Row<tDC_VERTICAL_ADJUSTRecord>(),
+      Row<tDC_COORDINATE_SYSTEMRecord>(),
+      Row<tDC_ZONE_LABELRecord>(),
+      {tDC_GRID_POSITIONRecord::kType, &DcToJob::OnGridPosition},
+      {tDC_ROAD_HEADERRecord::kType, &DcToJob::OnRoad},
+      {tDC_ROAD_HALRecord::kType, &DcToJob::OnRoadAlignment},
+  });
+}
+
+template <class Record>
+bool DcToJob::On(std::wstring_view line) {
+  Record record;
+  CDcFile::Read(line, record);
+  return Take(record);
+}
 
 bool DcToJob::WriteLayer() {
   m_Point.layer = kDefaultLayerId;
@@ -192,11 +200,9 @@ bool DcToJob::ConvertLines() {
 }
 
 bool DcToJob::ConvertLine(std::wstring_view line) {
-  const std::int32_t type = CDcFile::GetRecordType(line);
-  for (const Handler& handler : kHandlers) {
-    if (handler.type == type) return (this->*handler.handle)(line);
-  }
-  return true;
+  static constexpr auto kHandlers = Handlers();
+  const Handler* handle = kHandlers.Find(CDcFile::GetRecordType(line));
+  return handle == nullptr || (this->**handle)(line);
 }
 
 bool DcToJob::WriteCoordinateSystem() {
@@ -212,33 +218,25 @@ bool DcToJob::CheckPoints() {
   return m_bAnyPoint || Refuse(Text::NoPoints);
 }
 
-bool DcToJob::OnHeader(std::wstring_view line) {
-  tDC_HEADERRecord header;
-  CDcFile::Read(line, header);
+bool DcToJob::Take(const tDC_HEADERRecord& header) {
   const std::wstring_view version = Trim(header.version);
   if (version.find(L"V10") == version.npos && version.find(L"v10") == version.npos) {
     Say(Text::NotV10);
   }
-  if (header.distanceUnit >= 1 && header.distanceUnit <= 3) {
-    m_Settings.distanceUnit = static_cast<std::uint16_t>(header.distanceUnit - 1);
-  }
+  m_Settings.distanceUnit = static_cast<std::uint16_t>(header.distanceUnit - 1);
   if (header.angleUnit != 1 && header.angleUnit != 2) return Refuse(Text::Mils);
   m_Settings.angleUnit = static_cast<std::uint16_t>(header.angleUnit - 1);
   m_bEastFirst = header.coordinateOrder == 2;
   return StoreSettings();
 }
 
-bool DcToJob::OnJob(std::wstring_view line) {
-  tDC_JOBRecord job;
-  CDcFile::Read(line, job);
+bool DcToJob::Take(const tDC_JOBRecord& job) {
   if (job.gridFlag == 2) m_bPlainGridMode = true;
   SetFlags(kJobFlagCurvature, job.scaleFlag == 2 ? kJobFlagCurvature : 0);
   return StoreSettings();
 }
 
-bool DcToJob::OnCogo(std::wstring_view line) {
-  tDC_COGORecord cogo;
-  CDcFile::Read(line, cogo);
+bool DcToJob::Take(const tDC_COGORecord& cogo) {
   m_nAzmDir = cogo.azimuthOrigin == 2 ? 1 : 0;
   if (m_nAzmDir == 1) m_Settings.flags |= kJobFlagSouthAzimuth;
   m_System.southAzimuth = static_cast<std::uint8_t>(m_nAzmDir);
@@ -264,34 +262,24 @@ bool DcToJob::TakeGridOrientation(std::int32_t gridOrientation) {
   }
 }
 
-bool DcToJob::OnEllipsoid(std::wstring_view line) {
-  tDC_ELLIPSOIDRecord ellipsoid;
-  CDcFile::Read(line, ellipsoid);
+bool DcToJob::Take(const tDC_ELLIPSOIDRecord& ellipsoid) {
   m_System.semiMajorAxis = Metres(ellipsoid.semiMajorAxis);
   m_System.inverseFlattening = ellipsoid.inverseFlattening;
   return true;
 }
 
-bool DcToJob::OnLocalSite(std::wstring_view line) {
-  tDC_LOCAL_SITERecord site;
-  CDcFile::Read(line, site);
+bool DcToJob::Take(const tDC_LOCAL_SITERecord& site) {
   if (IsLeftBlank(site.scale) || IsLeftBlank(site.east) || IsLeftBlank(site.north)) return true;
   const bool noSite = site.scale == 1.0 && site.east == 0.0 && site.north == 0.0 &&
                       (site.latitude == 0.0 || IsLeftBlank(site.latitude));
   if (noSite) return true;
   m_System.verticalType = kLocalSiteSystem;
-  m_System.site.latitude = DegToRad(site.latitude);
-  m_System.site.longitude = DegToRad(site.longitude);
-  m_System.site.height = IsLeftBlank(site.height) ? 0.0 : Metres(site.height);
-  m_System.site.scale = site.scale;
-  m_System.site.north = Metres(site.north);
-  m_System.site.east = Metres(site.east);
+  ToSystem(system_fields::kSite, Units(), site, m_System.site);
+  if (IsLeftBlank(site.height)) m_System.site.height = 0;
   return true;
 }
 
-bool DcToJob::OnProjection(std::wstring_view line) {
-  tDC_PROJECTIONRecord projection;
-  CDcFile::Read(line, projection);
+bool DcToJob::Take(const tDC_PROJECTIONRecord& projection) {
   if (!TakeProjectionId(projection.projectionCode)) {
     return TakeScaleWithoutProjection(projection.scale);
   }
@@ -300,9 +288,7 @@ bool DcToJob::OnProjection(std::wstring_view line) {
   return StoreSettings();
 }
 
-bool DcToJob::OnProjectionExt(std::wstring_view line) {
-  tDC_PROJECTION_EXTRecord projection;
-  CDcFile::Read(line, projection);
+bool DcToJob::Take(const tDC_PROJECTION_EXTRecord& projection) {
   if (!TakeProjectionId(projection.projectionCode)) return true;
   TakeProjection(projection);
   m_System.flagA = projection.flagA == L'1' ? 0 : 1;
@@ -340,18 +326,11 @@ bool DcToJob::TakeScaleWithoutProjection(double scale) {
 }
 
 void DcToJob::TakeProjection(const tDC_PROJECTION_FIELDS& projection) {
-  m_System.originLatitude = DegToRad(projection.originLatitude);
-  m_System.originLongitude = DegToRad(projection.originLongitude);
-  m_System.originNorthing = Metres(projection.originNorthing);
-  m_System.falseNorthing = Metres(projection.falseNorthing);
-  m_System.falseEasting = Metres(projection.falseEasting);
-  m_System.originEasting = Metres(projection.originEasting);
-  m_System.scale = projection.scale;
-  m_System.parallel1 = Radians(projection.parallel1);
-  m_System.parallel2 = HasSkewAxis(m_System.projectionId) ? DC_NULL : Radians(projection.parallel2);
+  ToSystem(system_fields::kProjection, Units(), projection, m_System);
+  if (HasSkewAxis(m_System.projectionId)) m_System.parallel2 = DC_NULL;
   if (projection.projectionCode == L'<' || projection.projectionCode == L'=') {
     const double pole = projection.projectionCode == L'<' ? kPolarLatitude : -kPolarLatitude;
-    m_System.originLatitude = DegToRad(pole);
+    m_System.originLatitude = Units().FromDisplay(pole, Quantity::Degrees);
     m_System.originLongitude = 0;
     m_System.falseNorthing = m_System.falseEasting = kPolarFalseOrigin;
     m_System.scale = kPolarScale;
@@ -359,58 +338,36 @@ void DcToJob::TakeProjection(const tDC_PROJECTION_FIELDS& projection) {
 }
 
 // The ellipsoid of the record is WGS 84's, not the local one, and isn't taken.
-bool DcToJob::OnDatum(std::wstring_view line) {
-  tDC_DATUMRecord datum;
-  CDcFile::Read(line, datum);
+bool DcToJob::Take(const tDC_DATUMRecord& datum) {
   if (datum.datumCode == L'1' || datum.datumCode == L'3') m_System.datumKind = kDatumShifts;
   if (datum.datumCode == L'2') m_System.datumKind = kDatumSevenParameters;
-  m_System.datumRotationX = Radians(datum.rotationX);
-  m_System.datumRotationY = Radians(datum.rotationY);
-  m_System.datumRotationZ = Radians(datum.rotationZ);
-  m_System.datumShiftX = Metres(datum.shiftX);
-  m_System.datumShiftY = Metres(datum.shiftY);
-  m_System.datumShiftZ = Metres(datum.shiftZ);
+  ToSystem(system_fields::kDatum, Units(), datum, m_System);
   m_System.datumScale = datum.scale;
   return true;
 }
 
-bool DcToJob::OnDatumGrid(std::wstring_view line) {
-  tDC_DATUM_GRIDRecord grid;
-  CDcFile::Read(line, grid);
+bool DcToJob::Take(const tDC_DATUM_GRIDRecord& grid) {
   m_System.datumName = grid.fileName;
   m_System.datumKind = kDatumGridFiles;
   return true;
 }
 
-bool DcToJob::OnHorizontalAdjust(std::wstring_view line) {
-  tDC_HORIZONTAL_ADJUSTRecord adjust;
-  CDcFile::Read(line, adjust);
-  HorizontalAdjust& taken = m_System.horizontalAdjust;
-  taken = {adjust.originNorth,   adjust.originEast, adjust.translateNorth,
-           adjust.translateEast, adjust.rotation,   adjust.scale};
-  if (IsLeftBlank(adjust.originNorth)) return true;
-  for (double* length :
-       {&taken.originNorth, &taken.originEast, &taken.translateNorth, &taken.translateEast}) {
-    *length = Metres(*length);
-  }
-  taken.rotation = Radians(taken.rotation);
+bool DcToJob::Take(const tDC_HORIZONTAL_ADJUSTRecord& adjust) {
+  const DisplayUnits units = IsLeftBlank(adjust.originNorth) ? DisplayUnits() : Units();
+  ToSystem(system_fields::kHorizontal, units, adjust, m_System.horizontalAdjust);
   return true;
 }
 
-bool DcToJob::OnVerticalAdjust(std::wstring_view line) {
-  tDC_VERTICAL_ADJUSTRecord adjust;
-  CDcFile::Read(line, adjust);
+bool DcToJob::Take(const tDC_VERTICAL_ADJUSTRecord& adjust) {
   m_System.geoidFileName = adjust.geoidFileName;
   m_System.verticalAdjust = {};
-  if (adjust.method == L'2') return true;
-  m_System.verticalAdjust = {Metres(adjust.originNorth), Metres(adjust.originEast),
-                             Metres(adjust.constantShift), adjust.slopeNorth, adjust.slopeEast};
+  if (adjust.method != L'2') {
+    ToSystem(system_fields::kVertical, Units(), adjust, m_System.verticalAdjust);
+  }
   return true;
 }
 
-bool DcToJob::OnCoordinateSystem(std::wstring_view line) {
-  tDC_COORDINATE_SYSTEMRecord names;
-  CDcFile::Read(line, names);
+bool DcToJob::Take(const tDC_COORDINATE_SYSTEMRecord& names) {
   const bool isKind = names.systemKind >= 1 && names.systemKind <= 4;
   m_System.projectionKind = static_cast<std::int16_t>(isKind ? names.systemKind : 4);
   m_System.zoneGroupName = names.zoneGroupName;
@@ -419,9 +376,7 @@ bool DcToJob::OnCoordinateSystem(std::wstring_view line) {
   return true;
 }
 
-bool DcToJob::OnZoneLabel(std::wstring_view line) {
-  tDC_ZONE_LABELRecord label;
-  CDcFile::Read(line, label);
+bool DcToJob::Take(const tDC_ZONE_LABELRecord& label) {
   if (!label.name.empty()) m_System.shiftFileName = label.name;
   return true;
 }

@@ -2,14 +2,9 @@
 
 #include <cmath>
 
+#include "geodetic/Wgs84.h"
+
 namespace zelconvert {
-namespace {
-
-/// Semi-major axis in metres and first eccentricity squared (NIMA TR8350.2).
-constexpr double kSemiMajorAxis = 6378137;
-constexpr double kEccentricitySquared = 0.006694380022900787;
-
-}  // namespace
 
 EcefPosition GeodeticToEcef(double latitude, double longitude, double height, LinearUnit unit) {
   if (IsNull(latitude) || IsNull(longitude) || IsNull(height)) return {DC_NULL, DC_NULL, DC_NULL};
@@ -17,10 +12,10 @@ EcefPosition GeodeticToEcef(double latitude, double longitude, double height, Li
   const double lon = longitude * (kPi / 180);
   const double h = ToMetres(height, unit);
   const double n =
-      kSemiMajorAxis / std::sqrt(1 - kEccentricitySquared * std::sin(lat) * std::sin(lat));
+      kWgs84Axis / std::sqrt(1 - kWgs84EccentricitySquared * std::sin(lat) * std::sin(lat));
   return {FromMetres((n + h) * std::cos(lat) * std::cos(lon), unit),
           FromMetres((n + h) * std::cos(lat) * std::sin(lon), unit),
-          FromMetres((n * (1 - kEccentricitySquared) + h) * std::sin(lat), unit)};
+          FromMetres((n * (1 - kWgs84EccentricitySquared) + h) * std::sin(lat), unit)};
 }
 
 EcefPosition VectorBetween(const EcefPosition& from, const EcefPosition& to) {
