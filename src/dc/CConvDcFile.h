@@ -3,16 +3,11 @@
 // roads. Nothing is computed but units: a job holds metres and radians, a DC file display units.
 #pragma once
 
-#include <cstdint>
 #include <memory>
-#include <string>
-#include <string_view>
 
-#include "convert/CConvertProgress.h"
 #include "convert/ConversionBase.h"
 #include "dc/CDcFile.h"
 #include "dc/CFeatureCodeData.h"
-#include "geodetic/CGlkProjectionRecord.h"
 #include "job/CJobFile.h"
 
 namespace zelconvert {
@@ -30,27 +25,13 @@ class CConvDcFile : public CConvFile<CDcFile, CJobFile> {
   bool ConvertFromNative(Report& report) override;
 
   /// Switches feature records on: they follow the position of each point that `data` can decode.
+  /// No route does so.
   void SetFeatureData(std::unique_ptr<CFeatureCodeData> data);
 
  private:
-  // Job to DC, in the order of the file.
-  void WriteHeaderRecords();
-  bool WriteCoordinateSystemRecords();
-  void WriteCogoRecord(const CGlkProjectionRecord* system);
-  bool FindOldSystem(CGlkProjectionRecord& system);
-  bool WritePoints(CConvertProgress& progress);
-  bool WritePoint(const JOB_POINT& point);
-  bool ReadFeatureData(std::uint32_t link, FEATURE_SET& features);
-  void WriteFeatureRecords(const FEATURE_SET& features);
-  void WriteFeatureAttribute(const FEATURE_ATTRIBUTE& attribute);
-
   int m_nVersion;
   std::unique_ptr<CFeatureCodeData> m_pFeatureData;
   bool m_bFeatureData = false;
-
-  JOB_HEADER m_JobHeader;              // the job's settings
-  tDC_GRID_POSITIONRecord m_Position;  // the point being written; its memory is reused
-  FEATURE_SET m_Features;
 };
 
 }  // namespace zelconvert

@@ -16,6 +16,7 @@
 #include "dc/PointNameSet.h"
 #include "dc/ProjectionCodes.h"
 #include "dc/SystemFields.h"
+#include "geodetic/CGlkProjectionRecord.h"
 #include "io/HandlerTable.h"
 #include "io/Paths.h"
 #include "io/Strings.h"
