@@ -128,10 +128,10 @@ void ConvertRoads(benchmark::State& state) {
   const TempDir out;
   for (auto _ : state) {
     CDcFile file;
-    StringList messages, created;
+    Report report;
     std::vector<ROAD_HEADER> roads;
     if (!file.OpenForRead(ToText(input.Path())) ||
-        !ConvertDcRoads(file, messages, roads, out.Path(L""), created) || !messages.empty()) {
+        !ConvertDcRoads(file, report, roads, out.Path(L"")) || !report.messages.empty()) {
       state.SkipWithError("not converted");
     }
   }

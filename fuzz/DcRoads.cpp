@@ -19,14 +19,14 @@ std::ptrdiff_t CountIn(const fs::path& folder) {
 std::ptrdiff_t Convert(const std::wstring& input, const std::wstring& output) {
   CDcFile file;
   Require(file.OpenForRead(input));
-  StringList messages, created;
+  Report report;
   std::vector<ROAD_HEADER> roads;
   try {
-    const bool converted = ConvertDcRoads(file, messages, roads, output, created);
-    Require(converted || created.empty());
+    const bool converted = ConvertDcRoads(file, report, roads, output);
+    Require(converted || report.beside.empty());
   } catch (const ConversionFailure&) {  // a header line that is too short
   }
-  return std::ssize(created);
+  return std::ssize(report.beside);
 }
 
 }  // namespace

@@ -184,8 +184,7 @@ bool DcToJob::WriteLayer() {
 // Roads go into files of their own beside the job. A road that fails there doesn't stop the job: it
 // takes the roads that were met.
 bool DcToJob::ConvertRoads() {
-  ConvertDcRoads(m_Dc, m_Report.messages, m_Roads, GetFolder(m_Job.GetFile().GetPath()),
-                 m_Report.beside);
+  static_cast<void>(ConvertDcRoads(m_Dc, m_Report, m_Roads, GetFolder(m_Job.GetFile().GetPath())));
   return m_Dc.Rewind();
 }
 
@@ -409,7 +408,7 @@ void DcToJob::TakePointName(std::wstring_view name) {
 // refused none is.
 bool DcToJob::OnRoad(std::wstring_view line) {
   tDC_ROAD_HEADERRecord road;
-  ReadRoadRecord(line, road);
+  CDcFile::Read(line, road);
   m_pRoad = nullptr;
   if (m_nRoads == m_Roads.size() || m_Roads[m_nRoads].name != road.name) return true;
   m_pRoad = &m_Roads[m_nRoads++];

@@ -23,27 +23,13 @@ constexpr std::wstring_view kSections[] = {
 constexpr std::wstring_view kSectionMarker = L"++++++++++++++++++++++++++++++++++++++++++++++++++";
 static_assert(kSectionMarker.size() == 50);
 
-void BuildTemplate(std::wstring& line, std::wstring_view tag, const RoadStation& start,
-                   std::wstring_view templateName) {
-  CommaLine(line, tag).Integer(start.number).Real(start.offset).Text(templateName);
-}
-
 /// What superelevation and widening lines begin with; the 0 is the same in every line.
-CommaLine BuildStretch(std::wstring& line, std::wstring_view tag, const RoadStation& start,
-                       const RoadStation& end, double startValue, double endValue) {
+CommaLine BuildStretch(std::wstring& line, std::wstring_view tag, const RoadStretch& stretch) {
   CommaLine built(line, tag);
-  built.Integer(start.number).Real(start.offset).Integer(end.number).Real(end.offset);
-  built.Real(startValue).Real(endValue).Integer(0);
+  built.Integer(stretch.start.number).Real(stretch.start.offset);
+  built.Integer(stretch.end.number).Real(stretch.end.offset);
+  built.Real(stretch.startValue).Real(stretch.endValue).Integer(0);
   return built;
-}
-
-void BuildSuperelevation(std::wstring& line, std::wstring_view tag, const RoadStation& start,
-                         const RoadStation& end, double startSlope, double endSlope,
-                         int startHingeOn, double value1, double value2) {
-  BuildStretch(line, tag, start, end, startSlope, endSlope)
-      .Integer(startHingeOn)
-      .Real(value1)
-      .Real(value2);
 }
 
 }  // namespace
@@ -60,72 +46,54 @@ bool CRd5File::OpenForRead(const std::wstring& path) {
   return Open(path, platform::kOpenReadWrite) && SeekToBegin();
 }
 
-bool CRd5File::WriteSection(std::wstring_view name) {
-  const bool known =
-      std::find(std::begin(kSections), std::end(kSections), name) != std::end(kSections);
-  return (!known || WriteLine(kSectionMarker)) && WriteLine(name);
+void CRd5File::WriteSection(std::wstring_view name) {
+  if (std::find(std::begin(kSections), std::end(kSections), name) != std::end(kSections)) {
+    WriteLine(kSectionMarker);
+  }
+  WriteLine(name);
 }
 
-bool CRd5File::WriteHL(double azimuth, double length) {
-  CommaLine(m_strLine, L"HL").Angle(azimuth).Real(length);
-  return WriteLine(m_strLine);
+void CRd5File::WriteHL(double azimuth, double length) {
+  CommaLine(m_line, L"HL").Angle(azimuth).Real(length);
+  WriteLine(m_line);
 }
 
-bool CRd5File::WriteHC(double azimuth, double radius, double length, std::wstring_view direction) {
-  CommaLine(m_strLine, L"HC").Angle(azimuth).Real(radius).Real(length).Text(direction);
-  return WriteLine(m_strLine);
+void CRd5File::WriteHC(double azimuth, double radius, double length, std::wstring_view direction) {
+  CommaLine(m_line, L"HC").Angle(azimuth).Real(radius).Real(length).Text(direction);
+  WriteLine(m_line);
 }
 
-bool CRd5File::WriteHS(double azimuth, double radius, double length, std::wstring_view direction,
+void CRd5File::WriteHS(double azimuth, double radius, double length, std::wstring_view direction,
                        std::wstring_view joins) {
-  CommaLine(m_strLine, L"HS").Angle(azimuth).Real(radius).Real(length).Text(direction).Text(joins);
-  return WriteLine(m_strLine);
+  CommaLine(m_line, L"HS").Angle(azimuth).Real(radius).Real(length).Text(direction).Text(joins);
+  WriteLine(m_line);
 }
 
-bool CRd5File::WriteVG(double length, double grade) {
-  CommaLine(m_strLine, L"VG").Real(length).Real(grade);
-  return WriteLine(m_strLine);
+void CRd5File::WriteVG(double length, double grade) {
+  CommaLine(m_line, L"VG").Real(length).Real(grade);
+  WriteLine(m_line);
 }
 
-bool CRd5File::WriteVC(double length, double gradeIn, double gradeOut) {
-  CommaLine(m_strLine, L"VC").Real(length).Real(gradeIn).Real(gradeOut);
-  return WriteLine(m_strLine);
+void CRd5File::WriteVC(double length, double gradeIn, double gradeOut) {
+  CommaLine(m_line, L"VC").Real(length).Real(gradeIn).Real(gradeOut);
+  WriteLine(m_line);
 }
 
-bool CRd5File::WriteRT(const RoadStation& start, std::wstring_view templateName) {
-  BuildTemplate(m_strLine, L"RT", start, templateName);
-  return WriteLine(m_strLine);
+void CRd5File::WriteTemplate(std::wstring_view tag, const RoadStation& start,
+                             std::wstring_view file) {
+  CommaLine(m_line, tag).Integer(start.number).Real(start.offset).Text(file);
+  WriteLine(m_line);
 }
 
-bool CRd5File::WriteLT(const RoadStation& start, std::wstring_view templateName) {
-  BuildTemplate(m_strLine, L"LT", start, templateName);
-  return WriteLine(m_strLine);
+// Nothing is known of the two last values but that they are 0.
+void CRd5File::WriteSuper(std::wstring_view tag, const RoadStretch& slopes, int startHingeOn) {
+  BuildStretch(m_line, tag, slopes).Integer(startHingeOn).Real(0).Real(0);
+  WriteLine(m_line);
 }
 
-bool CRd5File::WriteRS(const RoadStation& start, const RoadStation& end, double startSlope,
-                       double endSlope, int startHingeOn, double value1, double value2) {
-  BuildSuperelevation(m_strLine, L"RS", start, end, startSlope, endSlope, startHingeOn, value1,
-                      value2);
-  return WriteLine(m_strLine);
-}
-
-bool CRd5File::WriteLS(const RoadStation& start, const RoadStation& end, double startSlope,
-                       double endSlope, int startHingeOn, double value1, double value2) {
-  BuildSuperelevation(m_strLine, L"LS", start, end, startSlope, endSlope, startHingeOn, value1,
-                      value2);
-  return WriteLine(m_strLine);
-}
-
-bool CRd5File::WriteRW(const RoadStation& start, const RoadStation& end, double startWidening,
-                       double endWidening) {
-  BuildStretch(m_strLine, L"RW", start, end, startWidening, endWidening);
-  return WriteLine(m_strLine);
-}
-
-bool CRd5File::WriteLW(const RoadStation& start, const RoadStation& end, double startWidening,
-                       double endWidening) {
-  BuildStretch(m_strLine, L"LW", start, end, startWidening, endWidening);
-  return WriteLine(m_strLine);
+void CRd5File::WriteWidening(std::wstring_view tag, const RoadStretch& widenings) {
+  BuildStretch(m_line, tag, widenings);
+  WriteLine(m_line);
 }
 
 }  // namespace zelconvert

@@ -17,6 +17,14 @@ struct RoadStation {
 };
 RoadStation SplitStation(double station);
 
+/// A value that changes evenly from one station to another: a slope in percent, or a widening.
+struct RoadStretch {
+  RoadStation start;
+  RoadStation end;
+  double startValue = 0;
+  double endValue = 0;
+};
+
 class CRd5File : public CFileCE {
  public:
   static constexpr std::wstring_view kExtension = L"RD5";
@@ -24,37 +32,50 @@ class CRd5File : public CFileCE {
   CRd5File() = default;
   std::wstring GetDefaultExtension() const { return std::wstring(kExtension); }
   /// Made anew, or emptied; nobody else writes it while it is open.
-  bool OpenForWrite(const std::wstring& path);
-  /// An existing file, at its first line.
-  bool OpenForRead(const std::wstring& path);
+  [[nodiscard]] bool OpenForWrite(const std::wstring& path);
+  /// An existing file, at its first line. No conversion reads one.
+  [[nodiscard]] bool OpenForRead(const std::wstring& path);
+
+  // HasWriteFailed tells whether all lines could be written.
 
   /// A line of 50 plus signs, then the name. A name that isn't one of the eight sections is written
   /// alone.
-  bool WriteSection(std::wstring_view name);
+  void WriteSection(std::wstring_view name);
 
   /// azimuth: in the form the file shows (DDD.MMSSs or gons).
-  bool WriteHL(double azimuth, double length);
+  void WriteHL(double azimuth, double length);
   /// azimuth: -1 goes on from the element before. radius: positive. direction: "L" or "R".
-  bool WriteHC(double azimuth, double radius, double length, std::wstring_view direction);
+  void WriteHC(double azimuth, double radius, double length, std::wstring_view direction);
   /// joins: what the spiral starts from, "C" a curve, "T" a tangent.
-  bool WriteHS(double azimuth, double radius, double length, std::wstring_view direction,
+  void WriteHS(double azimuth, double radius, double length, std::wstring_view direction,
                std::wstring_view joins);
-  bool WriteVG(double length, double grade);
-  bool WriteVC(double length, double gradeIn, double gradeOut);
-  bool WriteRT(const RoadStation& start, std::wstring_view templateName);
-  bool WriteLT(const RoadStation& start, std::wstring_view templateName);
-  /// startHingeOn: 1 when the pavement turns about the edge of this side. value1, value2: always 0.
-  bool WriteRS(const RoadStation& start, const RoadStation& end, double startSlope, double endSlope,
-               int startHingeOn, double value1, double value2);
-  bool WriteLS(const RoadStation& start, const RoadStation& end, double startSlope, double endSlope,
-               int startHingeOn, double value1, double value2);
-  bool WriteRW(const RoadStation& start, const RoadStation& end, double startWidening,
-               double endWidening);
-  bool WriteLW(const RoadStation& start, const RoadStation& end, double startWidening,
-               double endWidening);
+  void WriteVG(double length, double grade);
+  void WriteVC(double length, double gradeIn, double gradeOut);
+
+  // The right side and the left side. startHingeOn: 1 when the pavement turns about the edge of
+  // this side.
+
+  void WriteRT(const RoadStation& start, std::wstring_view file) {
+    WriteTemplate(L"RT", start, file);
+  }
+  void WriteLT(const RoadStation& start, std::wstring_view file) {
+    WriteTemplate(L"LT", start, file);
+  }
+  void WriteRS(const RoadStretch& slopes, int startHingeOn) {
+    WriteSuper(L"RS", slopes, startHingeOn);
+  }
+  void WriteLS(const RoadStretch& slopes, int startHingeOn) {
+    WriteSuper(L"LS", slopes, startHingeOn);
+  }
+  void WriteRW(const RoadStretch& widenings) { WriteWidening(L"RW", widenings); }
+  void WriteLW(const RoadStretch& widenings) { WriteWidening(L"LW", widenings); }
 
  private:
-  std::wstring m_strLine;  // reused
+  void WriteTemplate(std::wstring_view tag, const RoadStation& start, std::wstring_view file);
+  void WriteSuper(std::wstring_view tag, const RoadStretch& slopes, int startHingeOn);
+  void WriteWidening(std::wstring_view tag, const RoadStretch& widenings);
+
+  std::wstring m_line;  // reused
 };
 
 }  // namespace zelconvert

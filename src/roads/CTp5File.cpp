@@ -12,36 +12,43 @@ bool CTp5File::OpenForRead(const std::wstring& path) {
   return Open(path, platform::kOpenReadWrite) && SeekToBegin();
 }
 
-void CTp5File::BuildTH(std::int64_t segments, double cutSlope, double fillSlope) {
-  CommaLine(m_strLine, L"TH").Integer(segments).Real(cutSlope).Real(fillSlope);
+void CTp5File::BuildTH(const TemplateForm& form) {
+  CommaLine(m_line, L"TH")
+      .Integer(static_cast<std::int64_t>(form.segments.size()))
+      .Real(form.slopeCut)
+      .Real(form.slopeFill);
 }
 
-void CTp5File::BuildTS(double width, double value, bool isDelta, std::wstring_view code) {
-  CommaLine(m_strLine, L"TS").Real(width).Real(value).Integer(isDelta).Text(code);
+void CTp5File::BuildTS(const TEMPLATE_SEGMENT& segment) {
+  CommaLine(m_line, L"TS")
+      .Real(segment.width)
+      .Real(segment.grade)
+      .Integer(segment.isDelta)
+      .Text(segment.code);
 }
 
-bool CTp5File::WriteTH(std::int64_t segments, double cutSlope, double fillSlope) {
-  BuildTH(segments, cutSlope, fillSlope);
-  return WriteLine(m_strLine);
+void CTp5File::WriteTH(const TemplateForm& form) {
+  BuildTH(form);
+  WriteLine(m_line);
 }
 
-bool CTp5File::WriteTS(double width, double value, bool isDelta, std::wstring_view code) {
-  BuildTS(width, value, isDelta, code);
-  return WriteLine(m_strLine);
+void CTp5File::WriteTS(const TEMPLATE_SEGMENT& segment) {
+  BuildTS(segment);
+  WriteLine(m_line);
 }
 
-bool CTp5File::HasTH(std::int64_t segments, double cutSlope, double fillSlope) {
-  BuildTH(segments, cutSlope, fillSlope);
+bool CTp5File::HasTH(const TemplateForm& form) {
+  BuildTH(form);
   return IsNextLine();
 }
 
-bool CTp5File::HasTS(double width, double value, bool isDelta, std::wstring_view code) {
-  BuildTS(width, value, isDelta, code);
+bool CTp5File::HasTS(const TEMPLATE_SEGMENT& segment) {
+  BuildTS(segment);
   return IsNextLine();
 }
 
 bool CTp5File::IsNextLine() {
-  return ReadLine(m_strRead) && m_strRead == m_strLine;
+  return ReadLine(m_read) && m_read == m_line;
 }
 
 }  // namespace zelconvert

@@ -2,13 +2,26 @@
 // centre line outwards. docs/formats/roads.md shows one.
 #pragma once
 
-#include <cstdint>
 #include <string>
-#include <string_view>
+#include <vector>
 
 #include "io/CFileCE.h"
 
 namespace zelconvert {
+
+struct TEMPLATE_SEGMENT {
+  double width = 0;
+  double grade = 0;      ///< percent, or a difference of elevation in the unit of lengths
+  bool isDelta = false;  ///< which of the two
+  std::wstring code;     ///< as read, with its blanks
+};
+
+/// What a TP5 file holds. The slopes are horizontal runs per unit of height.
+struct TemplateForm {
+  double slopeCut = 0;
+  double slopeFill = 0;
+  std::vector<TEMPLATE_SEGMENT> segments;
+};
 
 class CTp5File : public CFileCE {
  public:
@@ -17,25 +30,24 @@ class CTp5File : public CFileCE {
   CTp5File() = default;
   std::wstring GetDefaultExtension() const { return std::wstring(kExtension); }
   /// Made anew, or emptied; nobody else writes it while it is open.
-  bool OpenForWrite(const std::wstring& path);
+  [[nodiscard]] bool OpenForWrite(const std::wstring& path);
   /// An existing file, at its first line.
-  bool OpenForRead(const std::wstring& path);
+  [[nodiscard]] bool OpenForRead(const std::wstring& path);
 
-  /// cutSlope, fillSlope: horizontal run per unit of height.
-  bool WriteTH(std::int64_t segments, double cutSlope, double fillSlope);
-  /// value: a grade in percent, or a difference of elevation when isDelta is set.
-  bool WriteTS(double width, double value, bool isDelta, std::wstring_view code);
-  // Whether the next line is the one that these values give.
-  bool HasTH(std::int64_t segments, double cutSlope, double fillSlope);
-  bool HasTS(double width, double value, bool isDelta, std::wstring_view code);
+  // HasWriteFailed tells whether all lines could be written.
+  void WriteTH(const TemplateForm& form);
+  void WriteTS(const TEMPLATE_SEGMENT& segment);
+  // Whether the next line is the one that would be written.
+  [[nodiscard]] bool HasTH(const TemplateForm& form);
+  [[nodiscard]] bool HasTS(const TEMPLATE_SEGMENT& segment);
 
  private:
-  void BuildTH(std::int64_t segments, double cutSlope, double fillSlope);
-  void BuildTS(double width, double value, bool isDelta, std::wstring_view code);
+  void BuildTH(const TemplateForm& form);
+  void BuildTS(const TEMPLATE_SEGMENT& segment);
   bool IsNextLine();
 
-  std::wstring m_strLine;  // reused, as is the next
-  std::wstring m_strRead;
+  std::wstring m_line;  // reused, as is the next
+  std::wstring m_read;
 };
 
 }  // namespace zelconvert

@@ -3,43 +3,14 @@
 #include <cstdint>
 #include <string_view>
 
+#include "io/HandlerTable.h"
 #include "io/Strings.h"
 #include "roads/RoadRecords.h"
+#include "roads/RoadTexts.h"
 
 namespace zelconvert {
 
 namespace {
-
-constexpr std::wstring_view kNoVertical = L"This road does not have a vertical alignment.";
-constexpr std::wstring_view kNoTemplate = L"This road does not have a template.";
-constexpr std::wstring_view kUnlikeStarts =
-    L"The start station of the horizontal alignment is not as same as that of the vertical "
-    L"alignment.";
-constexpr std::wstring_view kVerticalCircular =
-    L"Vertical circular curve records in DC file cannot be converted to ZEL RD5 file.";
-constexpr std::wstring_view kVerticalAsymmetric =
-    L"Vertical Asymmetric Parabolic records in DC file cannot be converted to ZEL RD5 file.";
-constexpr std::wstring_view kNoSideSlope =
-    L"Template that does not have a side slope record is not supported in the ZEL road definition.";
-constexpr std::wstring_view kOnlySideSlope =
-    L"Templates that contain only a side slope element are not valid.";
-constexpr std::wstring_view kNoFirstGrade =
-    L"The width of the first segment of a template cannot be zero in RD5 file.";
-constexpr std::wstring_view kNoFirstOffset =
-    L"The first segment width must be greater than zero in RD5 file.";
-constexpr std::wstring_view kAppliedToOthers =
-    L"Applying super-elevation or widening to the segments other than the first one is not "
-    L"supported in RD5 file.";
-constexpr std::wstring_view kCutDitch =
-    L"Cut-ditches are not supported in the ZEL road definition.";
-constexpr std::wstring_view kNullSlope =
-    L"Templates with a null side slope are not supported in the ZEL road definition.";
-constexpr std::wstring_view kInterpolateOrNone =
-    L"Template type Interpolate or None is not compatiable with the ZEL road definition.";
-constexpr std::wstring_view kPivotAtEdge =
-    L"The pivot position cannot be left or right when widening and superelevation are applied.";
-constexpr std::wstring_view kRoadFailure =
-    L"Road %s in the DC file could not be converted to RD5 files.";
 
 class RoadCheck {
  public:
@@ -49,27 +20,32 @@ class RoadCheck {
   void Line(std::wstring_view line);
   /// The last road ends with the file.
   void EndRoad();
-  bool FoundAnything() const { return m_bFoundAnything; }
+  bool FoundAnything() const { return m_foundAnything; }
 
  private:
   using Handler = void (RoadCheck::*)(std::wstring_view line);
-  struct Row {
-    std::int32_t type;
-    Handler handle;
-  };
-  static const Row kRows[];
+  static const Handler* FindHandler(std::int32_t type);
 
-  void OnHorizontalStart(std::wstring_view line);
-  void OnVerticalStart(std::wstring_view line);
-  void OnVerticalCircular(std::wstring_view) { Refuse(kVerticalCircular); }
-  void OnVerticalAsymmetric(std::wstring_view) { Refuse(kVerticalAsymmetric); }
-  void OnTemplate(std::wstring_view line);
-  void OnSegment(std::wstring_view line);
-  void OnHinge(std::wstring_view line);
-  void OnSideSlope(std::wstring_view line);
-  void OnApplyTemplate(std::wstring_view line);
-  void OnApplySuper(std::wstring_view line);
+  template <class Record>
+  void On(std::wstring_view line) {
+    Check(m_records.Read<Record>(line));
+  }
+  void OnVerticalCircular(std::wstring_view) { Refuse(road_texts::kVerticalCircular); }
+  void OnVerticalAsymmetric(std::wstring_view) { Refuse(road_texts::kVerticalAsymmetric); }
+  void OnTemplate(std::wstring_view);
 
+  // The rules for a record within a road that is still good.
+  void Check(const tDC_ROAD_HALRecord& record) { m_road.startStation = record.startStation; }
+  void Check(const tDC_ROAD_VALRecord& record);
+  void Check(const tDC_ROAD_SEGMENTRecord& record);
+  void Check(const tDC_ROAD_HINGERecord& record);
+  void Check(const tDC_ROAD_SIDESLOPERecord& record);
+  void Check(const tDC_ROAD_APPLYTEMPLATERecord& record);
+  void Check(const tDC_ROAD_APPLYSUPERRecord& record);
+
+  /// isFirst: of its kind in the template. size: what of a first one can't be 0, or `text`.
+  template <class Record>
+  void CheckSegment(const Record& record, bool isFirst, double size, std::wstring_view text);
   void BeginRoad(std::wstring_view line);
   void CheckEndOfRoad();
   void CheckEndOfTemplate();
@@ -84,83 +60,73 @@ class RoadCheck {
     bool hasSideSlope = false;
   };
   struct Road {
+    std::wstring name;
     bool isBad = false;
     double startStation = 0;
     bool hasVertical = false;
     bool hasTemplate = false;
     Template current;  // before the first template: what stands in front of it
   };
-  bool m_bFoundAnything = false;
-  bool m_bRoadOpen = false;
+  bool m_foundAnything = false;
+  bool m_isRoadOpen = false;
   Road m_road;
-
-  // Records with text in them are kept for their memory.
-  tDC_ROAD_HEADERRecord m_header;
-  tDC_ROAD_SEGMENTRecord m_segment;
-  tDC_ROAD_HINGERecord m_hinge;
-  tDC_ROAD_SIDESLOPERecord m_sideSlope;
-  tDC_ROAD_APPLYTEMPLATERecord m_applyTemplate;
+  CRoadRecords m_records;
 };
 
-const RoadCheck::Row RoadCheck::kRows[] = {
-    {tDC_ROAD_HALRecord::kType, &RoadCheck::OnHorizontalStart},
-    {tDC_ROAD_VALRecord::kType, &RoadCheck::OnVerticalStart},
-    {tDC_ROAD_VCIRCULARRecord::kType, &RoadCheck::OnVerticalCircular},
-    {tDC_ROAD_VASYMMETRICRecord::kType, &RoadCheck::OnVerticalAsymmetric},
-    {tDC_ROAD_TEMPLATERecord::kType, &RoadCheck::OnTemplate},
-    {tDC_ROAD_SEGMENTRecord::kType, &RoadCheck::OnSegment},
-    {tDC_ROAD_HINGERecord::kType, &RoadCheck::OnHinge},
-    {tDC_ROAD_SIDESLOPERecord::kType, &RoadCheck::OnSideSlope},
-    {tDC_ROAD_APPLYTEMPLATERecord::kType, &RoadCheck::OnApplyTemplate},
-    {tDC_ROAD_APPLYSUPERRecord::kType, &RoadCheck::OnApplySuper},
-};
+const RoadCheck::Handler* RoadCheck::FindHandler(std::int32_t type) {
+  using Self = RoadCheck;
+  static constexpr auto kHandlers = MakeHandlerTable<kDcTypeCount, std::int32_t, Handler>({
+      {tDC_ROAD_HALRecord::kType, &Self::On<tDC_ROAD_HALRecord>},
+      {tDC_ROAD_VALRecord::kType, &Self::On<tDC_ROAD_VALRecord>},
+      {tDC_ROAD_VCIRCULARRecord::kType, &Self::OnVerticalCircular},
+      {tDC_ROAD_VASYMMETRICRecord::kType, &Self::OnVerticalAsymmetric},
+      {tDC_ROAD_TEMPLATERecord::kType, &Self::OnTemplate},
+      {tDC_ROAD_SEGMENTRecord::kType, &Self::On<tDC_ROAD_SEGMENTRecord>},
+      {tDC_ROAD_HINGERecord::kType, &Self::On<tDC_ROAD_HINGERecord>},
+      {tDC_ROAD_SIDESLOPERecord::kType, &Self::On<tDC_ROAD_SIDESLOPERecord>},
+      {tDC_ROAD_APPLYTEMPLATERecord::kType, &Self::On<tDC_ROAD_APPLYTEMPLATERecord>},
+      {tDC_ROAD_APPLYSUPERRecord::kType, &Self::On<tDC_ROAD_APPLYSUPERRecord>},
+  });
+  return kHandlers.Find(type);
+}
 
 void RoadCheck::Line(std::wstring_view line) {
   const std::int32_t type = CDcFile::GetRecordType(line);
   if (type == tDC_ROAD_HEADERRecord::kType) return BeginRoad(line);
   if (type == tDC_HEADERRecord::kType && line.size() < tDC_HEADERRecord::kShortestLine) {
-    m_bFoundAnything = true;
+    m_foundAnything = true;
   }
-  if (!m_bRoadOpen || m_road.isBad) return;
-  for (const Row& row : kRows) {
-    if (row.type == type) return (this->*row.handle)(line);
-  }
+  if (!m_isRoadOpen || m_road.isBad) return;
+  const Handler* handler = FindHandler(type);
+  if (handler != nullptr) (this->**handler)(line);
 }
 
 void RoadCheck::BeginRoad(std::wstring_view line) {
   EndRoad();
-  ReadRoadRecord(line, m_header);
-  m_bFoundAnything = true;
-  m_bRoadOpen = true;
+  m_foundAnything = true;
+  m_isRoadOpen = true;
   m_road = {};
+  m_road.name = m_records.Read<tDC_ROAD_HEADERRecord>(line).name;
 }
 
 void RoadCheck::EndRoad() {
-  if (!m_bRoadOpen) return;
-  m_bRoadOpen = false;
+  if (!m_isRoadOpen) return;
+  m_isRoadOpen = false;
   if (!m_road.isBad) CheckEndOfRoad();
   if (!m_road.isBad) return;
-  m_messages.push_back(FormatRoadFailure(m_header.name));
-  m_badRoads.insert(m_header.name);
+  m_messages.push_back(FormatRoadFailure(m_road.name));
+  m_badRoads.insert(m_road.name);
 }
 
 void RoadCheck::CheckEndOfRoad() {
-  if (!m_road.hasVertical) return Refuse(kNoVertical);
-  if (!m_road.hasTemplate) return Refuse(kNoTemplate);
+  if (!m_road.hasVertical) return Refuse(road_texts::kNoVertical);
+  if (!m_road.hasTemplate) return Refuse(road_texts::kNoTemplate);
   CheckEndOfTemplate();
 }
 
-void RoadCheck::OnHorizontalStart(std::wstring_view line) {
-  tDC_ROAD_HALRecord record;
-  ReadRoadRecord(line, record);
-  m_road.startStation = record.startStation;
-}
-
-void RoadCheck::OnVerticalStart(std::wstring_view line) {
-  tDC_ROAD_VALRecord record;
-  ReadRoadRecord(line, record);
+void RoadCheck::Check(const tDC_ROAD_VALRecord& record) {
   m_road.hasVertical = true;
-  if (record.startStation != m_road.startStation) Refuse(kUnlikeStarts);
+  if (record.startStation != m_road.startStation) Refuse(road_texts::kUnlikeStarts);
 }
 
 void RoadCheck::OnTemplate(std::wstring_view) {
@@ -171,52 +137,49 @@ void RoadCheck::OnTemplate(std::wstring_view) {
 
 void RoadCheck::CheckEndOfTemplate() {
   const Template& current = m_road.current;
-  if (!current.hasSideSlope) return Refuse(kNoSideSlope);
-  if (current.segments + current.hinges == 0) Refuse(kOnlySideSlope);
+  if (!current.hasSideSlope) return Refuse(road_texts::kNoSideSlope);
+  if (current.segments + current.hinges == 0) Refuse(road_texts::kOnlySideSlope);
+}
+
+template <class Record>
+void RoadCheck::CheckSegment(const Record& record, bool isFirst, double size,
+                             std::wstring_view text) {
+  if (isFirst) {
+    if (size == 0.0) Refuse(text);
+  } else if (record.applySuper || record.applyWidening) {
+    Refuse(road_texts::kAppliedToOthers);
+  }
 }
 
 /// The grade is looked at although the text speaks of the width: a first segment without a grade
 /// is what RD5 can't hold.
-void RoadCheck::OnSegment(std::wstring_view line) {
-  ReadRoadRecord(line, m_segment);
-  if (m_road.current.segments++ == 0) {
-    if (m_segment.grade == 0.0) Refuse(kNoFirstGrade);
-  } else if (m_segment.applySuper || m_segment.applyWidening) {
-    Refuse(kAppliedToOthers);
-  }
+void RoadCheck::Check(const tDC_ROAD_SEGMENTRecord& record) {
+  const bool isFirst = m_road.current.segments++ == 0;
+  CheckSegment(record, isFirst, record.grade, road_texts::kNoFirstGrade);
 }
 
-void RoadCheck::OnHinge(std::wstring_view line) {
-  ReadRoadRecord(line, m_hinge);
-  if (m_road.current.hinges++ == 0) {
-    if (m_hinge.offset == 0.0) Refuse(kNoFirstOffset);
-  } else if (m_hinge.applySuper || m_hinge.applyWidening) {
-    Refuse(kAppliedToOthers);
-  }
+void RoadCheck::Check(const tDC_ROAD_HINGERecord& record) {
+  const bool isFirst = m_road.current.hinges++ == 0;
+  CheckSegment(record, isFirst, record.offset, road_texts::kNoFirstOffset);
 }
 
-void RoadCheck::OnSideSlope(std::wstring_view line) {
+void RoadCheck::Check(const tDC_ROAD_SIDESLOPERecord& record) {
   constexpr int kNull = 5;
-  ReadRoadRecord(line, m_sideSlope);
   m_road.current.hasSideSlope = true;
-  if (m_sideSlope.cutDitchWidth != 0.0) return Refuse(kCutDitch);
-  if (m_sideSlope.cutMethod == kNull || m_sideSlope.fillMethod == kNull) Refuse(kNullSlope);
+  if (record.cutDitchWidth != 0.0) return Refuse(road_texts::kCutDitch);
+  if (record.cutMethod == kNull || record.fillMethod == kNull) Refuse(road_texts::kNullSlope);
 }
 
-void RoadCheck::OnApplyTemplate(std::wstring_view line) {
+void RoadCheck::Check(const tDC_ROAD_APPLYTEMPLATERecord& record) {
   constexpr auto isInterpolateOrNone = [](int method) { return method == 1 || method == 2; };
-  ReadRoadRecord(line, m_applyTemplate);
-  if (isInterpolateOrNone(m_applyTemplate.leftMethod) ||
-      isInterpolateOrNone(m_applyTemplate.rightMethod)) {
-    Refuse(kInterpolateOrNone);
+  if (isInterpolateOrNone(record.leftMethod) || isInterpolateOrNone(record.rightMethod)) {
+    Refuse(road_texts::kInterpolateOrNone);
   }
 }
 
-void RoadCheck::OnApplySuper(std::wstring_view line) {
+void RoadCheck::Check(const tDC_ROAD_APPLYSUPERRecord& record) {
   constexpr int kCentreLine = 2;
-  tDC_ROAD_APPLYSUPERRecord record;
-  ReadRoadRecord(line, record);
-  if (record.pivot != kCentreLine) Refuse(kPivotAtEdge);
+  if (record.pivot != kCentreLine) Refuse(road_texts::kPivotAtEdge);
 }
 
 void RoadCheck::Refuse(std::wstring_view text) {
@@ -227,7 +190,7 @@ void RoadCheck::Refuse(std::wstring_view text) {
 }  // namespace
 
 std::wstring FormatRoadFailure(const std::wstring& roadName) {
-  return FormatText(kRoadFailure, roadName);
+  return FormatText(road_texts::kRoadFailure, roadName);
 }
 
 bool CheckDcRoads(CDcFile& file, RoadNames& badRoads, StringList& messages) {

@@ -19,6 +19,6 @@ std::wstring FormatRoadFailure(const std::wstring& roadName);
 /// gets the text of the first rule it breaks and FormatRoadFailure. docs/formats/roads.md lists the
 /// rules. Returns false if the file holds nothing for a conversion of roads to do: no road, good or
 /// bad, and no header line that ends it. Most DC files are such.
-bool CheckDcRoads(CDcFile& file, RoadNames& badRoads, StringList& messages);
+[[nodiscard]] bool CheckDcRoads(CDcFile& file, RoadNames& badRoads, StringList& messages);
 
 }  // namespace zelconvert

@@ -12,7 +12,7 @@ namespace zelconvert {
 class CommaLine {
  public:
   /// The line is built in `line`, whose memory is reused.
-  CommaLine(std::wstring& line, std::wstring_view tag) : m_strLine(line) { line.assign(tag); }
+  CommaLine(std::wstring& line, std::wstring_view tag) : m_line(line) { line.assign(tag); }
 
   CommaLine& Text(std::wstring_view text) {
     Comma().append(text);
@@ -35,11 +35,11 @@ class CommaLine {
 
  private:
   std::wstring& Comma() {
-    m_strLine.push_back(L',');
-    return m_strLine;
+    m_line.push_back(L',');
+    return m_line;
   }
 
-  std::wstring& m_strLine;
+  std::wstring& m_line;
 };
 
 }  // namespace zelconvert

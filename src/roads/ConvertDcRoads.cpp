@@ -5,6 +5,8 @@
 #include <utility>
 
 #include "dc/CDcFile.h"
+#include "dc/DcUnits.h"
+#include "io/HandlerTable.h"
 #include "roads/CRd5File.h"
 #include "roads/CheckDcRoads.h"
 #include "roads/RoadAlignment.h"
@@ -12,22 +14,11 @@
 #include "roads/RoadRecords.h"
 #include "roads/RoadSections.h"
 #include "roads/RoadTemplates.h"
+#include "roads/RoadTexts.h"
 
 namespace zelconvert {
 
 namespace {
-
-constexpr std::wstring_view kOutsideAlignment =
-    L"Superelevation/Widening is outside the extents of the alignment.";
-constexpr std::wstring_view kUnequalLeft =
-    L"Templates on the left side of the road have unequal number of segments.";
-constexpr std::wstring_view kUnequalRight =
-    L"Templates on the right side of the road have unequal number of segments.";
-constexpr std::wstring_view kVerticalTooShort =
-    L"The vertical alignment is shorter than the horizontal alignment.";
-
-/// Stations that are no further apart are the same.
-constexpr double kSameStation = 0.001;
 
 /// A road while its records are read.
 struct Road {
@@ -43,20 +34,18 @@ struct Road {
 
 class RoadConversion {
  public:
-  RoadConversion(CDcFile& file, StringList& messages, std::vector<ROAD_HEADER>& roads,
-                 const std::wstring& folder, StringList& created)
-      : m_file(file), m_messages(messages), m_roads(roads), m_files(folder, messages, created) {}
+  RoadConversion(CDcFile& file, Report& report, std::vector<ROAD_HEADER>& roads,
+                 const std::wstring& folder)
+      : m_file(file), m_messages(report.messages), m_roads(roads), m_files(folder, report) {}
 
   bool Run();
 
  private:
-  using Handler = bool (RoadConversion::*)(std::wstring_view line);
   struct Row {
-    std::int32_t type;
-    Handler handle;
+    bool (RoadConversion::*handle)(std::wstring_view line);  // false if the run has failed
+    bool isOfRoad;  // handled within a road that is converted, others wherever they stand
   };
-  static const Row kSettingRows[];  // wherever they stand
-  static const Row kRoadRows[];     // within a road that is converted
+  static const Row* FindRow(std::int32_t type);
 
   bool ConvertLines();
   bool ConvertLine(std::wstring_view line);
@@ -74,13 +63,14 @@ class RoadConversion {
   bool CheckWholeRoad();
 
   bool OnHorizontalStart(std::wstring_view line);
-  template <class Record>
-  bool OnAlignment(std::wstring_view line);
   bool OnTemplate(std::wstring_view line);
-  template <class Record, Record RoadConversion::*Member>
-  bool OnTemplatePart(std::wstring_view line);
-  bool OnApplyTemplate(std::wstring_view line);
   bool OnApplySuper(std::wstring_view line);
+  /// For records that a part of the road, its alignment or its templates, only has to hear of.
+  template <class Record, auto part>
+  bool On(std::wstring_view line) {
+    ((*m_road).*part).Add(m_records.Read<Record>(line));
+    return true;
+  }
   bool Refuse(std::wstring_view text);
 
   CDcFile& m_file;
@@ -91,46 +81,40 @@ class RoadConversion {
   RoadNames m_badRoads;
   RoadSettings m_settings;
   std::unique_ptr<Road> m_road;  // null outside of roads and in those left out
-
-  // Records with text in them are kept for their memory.
-  tDC_ROAD_HEADERRecord m_header;
-  tDC_ROAD_TEMPLATERecord m_template;
-  tDC_ROAD_SEGMENTRecord m_segment;
-  tDC_ROAD_HINGERecord m_hinge;
-  tDC_ROAD_SIDESLOPERecord m_sideSlope;
-  tDC_ROAD_APPLYTEMPLATERecord m_applyTemplate;
+  CRoadRecords m_records;
 };
 
-const RoadConversion::Row RoadConversion::kSettingRows[] = {
-    {tDC_HEADERRecord::kType, &RoadConversion::OnHeader},
-    {tDC_COGORecord::kType, &RoadConversion::OnCogo<tDC_COGORecord>},
-    {tDC_COGO_OLDRecord::kType, &RoadConversion::OnCogo<tDC_COGO_OLDRecord>},
-    {tDC_ROAD_HEADERRecord::kType, &RoadConversion::OnRoad},
-};
-
-const RoadConversion::Row RoadConversion::kRoadRows[] = {
-    {tDC_ROAD_HALRecord::kType, &RoadConversion::OnHorizontalStart},
-    {tDC_ROAD_STRAIGHT_POINTRecord::kType,
-     &RoadConversion::OnAlignment<tDC_ROAD_STRAIGHT_POINTRecord>},
-    {tDC_ROAD_STRAIGHTRecord::kType, &RoadConversion::OnAlignment<tDC_ROAD_STRAIGHTRecord>},
-    {tDC_ROAD_ARCRecord::kType, &RoadConversion::OnAlignment<tDC_ROAD_ARCRecord>},
-    {tDC_ROAD_ARC_DIRECTIONRecord::kType,
-     &RoadConversion::OnAlignment<tDC_ROAD_ARC_DIRECTIONRecord>},
-    {tDC_ROAD_ARC_ANGLERecord::kType, &RoadConversion::OnAlignment<tDC_ROAD_ARC_ANGLERecord>},
-    {tDC_ROAD_SPIRALRecord::kType, &RoadConversion::OnAlignment<tDC_ROAD_SPIRALRecord>},
-    {tDC_ROAD_VALRecord::kType, &RoadConversion::OnAlignment<tDC_ROAD_VALRecord>},
-    {tDC_ROAD_VPARABOLARecord::kType, &RoadConversion::OnAlignment<tDC_ROAD_VPARABOLARecord>},
-    {tDC_ROAD_VPOINTRecord::kType, &RoadConversion::OnAlignment<tDC_ROAD_VPOINTRecord>},
-    {tDC_ROAD_TEMPLATERecord::kType, &RoadConversion::OnTemplate},
-    {tDC_ROAD_SEGMENTRecord::kType,
-     &RoadConversion::OnTemplatePart<tDC_ROAD_SEGMENTRecord, &RoadConversion::m_segment>},
-    {tDC_ROAD_HINGERecord::kType,
-     &RoadConversion::OnTemplatePart<tDC_ROAD_HINGERecord, &RoadConversion::m_hinge>},
-    {tDC_ROAD_SIDESLOPERecord::kType,
-     &RoadConversion::OnTemplatePart<tDC_ROAD_SIDESLOPERecord, &RoadConversion::m_sideSlope>},
-    {tDC_ROAD_APPLYTEMPLATERecord::kType, &RoadConversion::OnApplyTemplate},
-    {tDC_ROAD_APPLYSUPERRecord::kType, &RoadConversion::OnApplySuper},
-};
+const RoadConversion::Row* RoadConversion::FindRow(std::int32_t type) {
+  using Self = RoadConversion;
+  constexpr auto alignment = &Road::alignment;
+  constexpr auto templates = &Road::templates;
+  static constexpr auto kRows = MakeHandlerTable<kDcTypeCount, std::int32_t, Row>({
+      {tDC_HEADERRecord::kType, {&Self::OnHeader, false}},
+      {tDC_COGORecord::kType, {&Self::OnCogo<tDC_COGORecord>, false}},
+      {tDC_COGO_OLDRecord::kType, {&Self::OnCogo<tDC_COGO_OLDRecord>, false}},
+      {tDC_ROAD_HEADERRecord::kType, {&Self::OnRoad, false}},
+      {tDC_ROAD_HALRecord::kType, {&Self::OnHorizontalStart, true}},
+      {tDC_ROAD_STRAIGHT_POINTRecord::kType,
+       {&Self::On<tDC_ROAD_STRAIGHT_POINTRecord, alignment>, true}},
+      {tDC_ROAD_STRAIGHTRecord::kType, {&Self::On<tDC_ROAD_STRAIGHTRecord, alignment>, true}},
+      {tDC_ROAD_ARCRecord::kType, {&Self::On<tDC_ROAD_ARCRecord, alignment>, true}},
+      {tDC_ROAD_ARC_DIRECTIONRecord::kType,
+       {&Self::On<tDC_ROAD_ARC_DIRECTIONRecord, alignment>, true}},
+      {tDC_ROAD_ARC_ANGLERecord::kType, {&Self::On<tDC_ROAD_ARC_ANGLERecord, alignment>, true}},
+      {tDC_ROAD_SPIRALRecord::kType, {&Self::On<tDC_ROAD_SPIRALRecord, alignment>, true}},
+      {tDC_ROAD_VALRecord::kType, {&Self::On<tDC_ROAD_VALRecord, alignment>, true}},
+      {tDC_ROAD_VPARABOLARecord::kType, {&Self::On<tDC_ROAD_VPARABOLARecord, alignment>, true}},
+      {tDC_ROAD_VPOINTRecord::kType, {&Self::On<tDC_ROAD_VPOINTRecord, alignment>, true}},
+      {tDC_ROAD_TEMPLATERecord::kType, {&Self::OnTemplate, true}},
+      {tDC_ROAD_SEGMENTRecord::kType, {&Self::On<tDC_ROAD_SEGMENTRecord, templates>, true}},
+      {tDC_ROAD_HINGERecord::kType, {&Self::On<tDC_ROAD_HINGERecord, templates>, true}},
+      {tDC_ROAD_SIDESLOPERecord::kType, {&Self::On<tDC_ROAD_SIDESLOPERecord, templates>, true}},
+      {tDC_ROAD_APPLYTEMPLATERecord::kType,
+       {&Self::On<tDC_ROAD_APPLYTEMPLATERecord, &Road::sections>, true}},
+      {tDC_ROAD_APPLYSUPERRecord::kType, {&Self::OnApplySuper, true}},
+  });
+  return kRows.Find(type);
+}
 
 bool RoadConversion::Run() {
   if (!CheckDcRoads(m_file, m_badRoads, m_messages)) return true;
@@ -148,15 +132,10 @@ bool RoadConversion::ConvertLines() {
 
 bool RoadConversion::ConvertLine(std::wstring_view line) {
   if (CDcFile::IsBlank(line) || CDcFile::IsDeleted(line)) return true;
-  const std::int32_t type = CDcFile::GetRecordType(line);
-  for (const Row& row : kSettingRows) {
-    if (row.type == type) return (this->*row.handle)(line);
-  }
-  if (!m_road) return true;
-  for (const Row& row : kRoadRows) {
-    if (row.type == type) return (this->*row.handle)(line) || TakeStartOfFailedRoad();
-  }
-  return true;
+  const Row* row = FindRow(CDcFile::GetRecordType(line));
+  if (row == nullptr || (row->isOfRoad && !m_road)) return true;
+  if ((this->*row->handle)(line)) return true;
+  return row->isOfRoad && TakeStartOfFailedRoad();
 }
 
 /// A road that fails on the way is listed all the same, and its record 84 may be still to come.
@@ -186,8 +165,7 @@ bool RoadConversion::OnHeader(std::wstring_view line) {
   tDC_HEADERRecord header;
   CDcFile::Read(line, header);
   m_settings.iNEZOrder = header.coordinateOrder;
-  if (header.angleUnit == 1) m_settings.angleUnits = kDegrees;
-  if (header.angleUnit == 2) m_settings.angleUnits = kGons;
+  m_settings.angleUnits = AngularUnitOfDc(header.angleUnit).value_or(m_settings.angleUnits);
   return true;
 }
 
@@ -195,14 +173,14 @@ template <class Cogo>
 bool RoadConversion::OnCogo(std::wstring_view line) {
   Cogo cogo;
   CDcFile::Read(line, cogo);
-  m_settings.azmDir = cogo.azimuthOrigin == 2 ? 1 : 0;
+  m_settings.azmDir = cogo.azimuthOrigin == 2 ? AzimuthOrigin::South : AzimuthOrigin::North;
   return true;
 }
 
 bool RoadConversion::OnRoad(std::wstring_view line) {
-  ReadRoadRecord(line, m_header);
   if (!FinishRoad()) return false;
-  return m_badRoads.count(m_header.name) != 0 || BeginRoad(m_header.name);
+  const std::wstring& name = m_records.Read<tDC_ROAD_HEADERRecord>(line).name;
+  return m_badRoads.count(name) != 0 || BeginRoad(name);
 }
 
 bool RoadConversion::BeginRoad(const std::wstring& name) {
@@ -225,20 +203,19 @@ bool RoadConversion::FinishRoad() {
 bool RoadConversion::CheckWholeRoad() {
   const CRoadAlignment& alignment = m_road->alignment;
   if (!m_road->sections.GetLeft().HaveEqualSegments(m_road->templates)) {
-    return Refuse(kUnequalLeft);
+    return Refuse(road_texts::kUnequalLeft);
   }
   if (!m_road->sections.GetRight().HaveEqualSegments(m_road->templates)) {
-    return Refuse(kUnequalRight);
+    return Refuse(road_texts::kUnequalRight);
   }
   if (alignment.GetLastStation() < alignment.GetHorizontalEnd() - kSameStation) {
-    return Refuse(kVerticalTooShort);
+    return Refuse(road_texts::kVerticalTooShort);
   }
   return true;
 }
 
 bool RoadConversion::OnHorizontalStart(std::wstring_view line) {
-  tDC_ROAD_HALRecord record;
-  ReadRoadRecord(line, record);
+  const auto& record = m_records.Read<tDC_ROAD_HALRecord>(line);
   m_road->alignment.Add(record);
   const AlignmentPoint start = m_road->alignment.PointOf(record.coord1, record.coord2);
   ROAD_HEADER& header = m_roads.back();
@@ -249,40 +226,16 @@ bool RoadConversion::OnHorizontalStart(std::wstring_view line) {
   return true;
 }
 
-template <class Record>
-bool RoadConversion::OnAlignment(std::wstring_view line) {
-  Record record;
-  ReadRoadRecord(line, record);
-  m_road->alignment.Add(record);
-  return true;
-}
-
 bool RoadConversion::OnTemplate(std::wstring_view line) {
-  ReadRoadRecord(line, m_template);
-  return m_road->templates.Begin(m_template);
-}
-
-template <class Record, Record RoadConversion::*Member>
-bool RoadConversion::OnTemplatePart(std::wstring_view line) {
-  Record& record = this->*Member;
-  ReadRoadRecord(line, record);
-  m_road->templates.Add(record);
-  return true;
-}
-
-bool RoadConversion::OnApplyTemplate(std::wstring_view line) {
-  ReadRoadRecord(line, m_applyTemplate);
-  m_road->sections.Add(m_applyTemplate);
-  return true;
+  return m_road->templates.Begin(m_records.Read<tDC_ROAD_TEMPLATERecord>(line));
 }
 
 bool RoadConversion::OnApplySuper(std::wstring_view line) {
-  tDC_ROAD_APPLYSUPERRecord record;
-  ReadRoadRecord(line, record);
+  const auto& record = m_records.Read<tDC_ROAD_APPLYSUPERRecord>(line);
   const CRoadAlignment& alignment = m_road->alignment;
   if (record.station < alignment.GetStartStation() - kSameStation ||
       record.station > alignment.GetLastStation() + kSameStation) {
-    return Refuse(kOutsideAlignment);
+    return Refuse(road_texts::kOutsideAlignment);
   }
   m_road->sections.Add(record);
   return true;
@@ -295,9 +248,9 @@ bool RoadConversion::Refuse(std::wstring_view text) {
 
 }  // namespace
 
-bool ConvertDcRoads(CDcFile& file, StringList& messages, std::vector<ROAD_HEADER>& roads,
-                    const std::wstring& outputFolder, StringList& created) {
-  return RoadConversion(file, messages, roads, outputFolder, created).Run();
+bool ConvertDcRoads(CDcFile& file, Report& report, std::vector<ROAD_HEADER>& roads,
+                    const std::wstring& outputFolder) {
+  return RoadConversion(file, report, roads, outputFolder).Run();
 }
 
 }  // namespace zelconvert

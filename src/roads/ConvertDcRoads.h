@@ -24,16 +24,15 @@ struct ROAD_HEADER {
 /// without a separator at its end); files of the same name are overwritten.
 ///
 /// file: open for reading; read from its first line, twice if there are roads; left anywhere.
-/// messages: why roads were left out and which files have other names than their roads or
-/// templates, in the order of the file, then why the run failed.
+/// report: its messages say why roads were left out and which files have other names than their
+/// roads or templates, in the order of the file, then why the run failed; `beside` gets the paths of
+/// the road files as they are made, also before an exception leaves.
 /// roads: each road met that isn't refused, in the order of the file, appended when its RD5 file
 /// has been made; after a failure those up to the failing one, with that one's start as well.
-/// created: the paths of the road files, appended as they are made, also before an exception
-/// leaves.
 ///
 /// Returns false when a road failed on the way or a road file can't be written: every file in
-/// `created` is deleted again. Refused roads alone are no failure.
-bool ConvertDcRoads(CDcFile& file, StringList& messages, std::vector<ROAD_HEADER>& roads,
-                    const std::wstring& outputFolder, StringList& created);
+/// `beside` is deleted again. Refused roads alone are no failure.
+[[nodiscard]] bool ConvertDcRoads(CDcFile& file, Report& report, std::vector<ROAD_HEADER>& roads,
+                                  const std::wstring& outputFolder);
 
 }  // namespace zelconvert

@@ -3,8 +3,6 @@
 #include <cmath>
 #include <string_view>
 
-#include "io/Units.h"
-
 namespace zelconvert {
 
 namespace {
@@ -26,7 +24,7 @@ AlignmentPoint CRoadAlignment::PointOf(double coord1, double coord2) const {
 }
 
 double CRoadAlignment::FromFileOrigin(double azimuth) const {
-  return m_settings.azmDir == 1 ? azimuth + kPi : azimuth;
+  return m_settings.azmDir == AzimuthOrigin::South ? azimuth + kPi : azimuth;
 }
 
 void CRoadAlignment::Add(const tDC_ROAD_HALRecord& start) {
@@ -48,7 +46,7 @@ void CRoadAlignment::Add(const tDC_ROAD_STRAIGHT_POINTRecord& straight) {
 
 void CRoadAlignment::Add(const tDC_ROAD_STRAIGHTRecord& straight) {
   if (!(std::abs(straight.length) < kShortestStraight)) {
-    const bool inGons = m_settings.angleUnits == kGons;
+    const bool inGons = m_settings.angleUnits == AngularUnit::Gon;
     m_file.WriteHL(inGons ? straight.azimuth : DegreesToDms(straight.azimuth), straight.length);
   }
   const double azimuth = FromFileOrigin(RadiansFromAngle(straight.azimuth, m_settings.angleUnits));
@@ -65,8 +63,7 @@ void CRoadAlignment::Add(const tDC_ROAD_ARC_DIRECTIONRecord& arc) {
 
 void CRoadAlignment::Add(const tDC_ROAD_ARC_ANGLERecord& arc) {
   const Turn turn = TurnOfSignedRadius(arc.radius);
-  const double circle = m_settings.angleUnits == kGons ? 400.0 : 360.0;
-  AddArc(turn, 2.0 * kPi * turn.radius * arc.deflection / circle);
+  AddArc(turn, 2.0 * kPi * turn.radius * arc.deflection / FullCircle(m_settings.angleUnits));
 }
 
 void CRoadAlignment::AddArc(const Turn& turn, double length) {

@@ -2,17 +2,24 @@
 // VR sections of the road file on the way.
 #pragma once
 
+#include <cstdint>
+
+#include "io/Units.h"
 #include "roads/CRd5File.h"
 #include "roads/RoadGeometry.h"
 #include "roads/RoadRecords.h"
 
 namespace zelconvert {
 
+/// Where the azimuths of a file count from.
+enum class AzimuthOrigin : std::uint8_t { North, South };
+
 /// What the header and the settings records before an element say. They hold across roads.
 struct RoadSettings {
-  int iNEZOrder = 1;          ///< 1 north before east, 2 east before north
-  int angleUnits = kDegrees;  ///< of all angles read and written
-  int azmDir = 0;             ///< 0: azimuths in the file are from north, 1: from south
+  int iNEZOrder = 1;                                     ///< 1 north before east, 2 east before
+                                                         ///< north
+  AngularUnit angleUnits = AngularUnit::DecimalDegrees;  ///< or gons: of angles read and written
+  AzimuthOrigin azmDir = AzimuthOrigin::North;
 };
 
 class CRoadAlignment {
@@ -37,7 +44,7 @@ class CRoadAlignment {
 
   /// Of the last record 84.
   double GetStartStation() const { return m_dStartStation; }
-  /// Reached along the horizontal alignment, behind record 34 along the vertical one.
+  /// Reached along the horizontal alignment, after record 34 along the vertical one.
   double GetLastStation() const { return m_dLastStation; }
   /// Reached along the horizontal alignment when record 34 came.
   double GetHorizontalEnd() const { return m_dHorizontalEnd; }
@@ -66,7 +73,7 @@ class CRoadAlignment {
   double m_dLastElevation = 0;
   double m_dGrade1 = 0;           // percent, before the next vertical element
   double m_dParabolicLength = 0;  // of the last parabola
-  double m_dLastOutLength = 0;    // its half behind the last point, not yet passed
+  double m_dLastOutLength = 0;    // its half after the last point, not yet passed
 };
 
 }  // namespace zelconvert

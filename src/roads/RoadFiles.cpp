@@ -1,11 +1,10 @@
 #include "roads/RoadFiles.h"
 
 #include <algorithm>
-#include <cstdint>
 
 #include "io/Paths.h"
 #include "io/Strings.h"
-#include "roads/CTp5File.h"
+#include "roads/RoadTexts.h"
 
 namespace zelconvert {
 
@@ -14,25 +13,10 @@ namespace {
 constexpr std::wstring_view kRoadExtension = L".RD5";
 constexpr std::wstring_view kTemplateExtension = L".tp5";
 
-constexpr std::wstring_view kRoadRenamed = L"Road %s in the DC file is written as %s.";
-constexpr std::wstring_view kTemplateRenamed = L"Template %s in the DC file is written as %s.";
-
-/// Hands the lines of a template to one pair of the file's functions, until one is false.
-bool ForEachLine(CTp5File& file, const TemplateForm& form,
-                 bool (CTp5File::*head)(std::int64_t, double, double),
-                 bool (CTp5File::*line)(double, double, bool, std::wstring_view)) {
-  const auto count = static_cast<std::int64_t>(form.segments.size());
-  return (file.*head)(count, form.slopeCut, form.slopeFill) &&
-         std::all_of(
-             form.segments.begin(), form.segments.end(), [&](const TEMPLATE_SEGMENT& segment) {
-               return (file.*line)(segment.width, segment.grade, segment.isDelta, segment.code);
-             });
-}
-
 }  // namespace
 
-CRoadFiles::CRoadFiles(const std::wstring& folder, StringList& messages, StringList& created)
-    : m_folder(folder), m_messages(messages), m_created(created) {
+CRoadFiles::CRoadFiles(const std::wstring& folder, Report& report)
+    : m_folder(folder), m_report(report) {
   EnsureSeparator(m_folder);
 }
 
@@ -44,16 +28,16 @@ void CRoadFiles::TellName(std::wstring_view text, const std::wstring& name,
                           const std::wstring& fileName) {
   if (fileName == CleanRoadName(name)) return;
   const std::size_t second = text.rfind(L"%s");
-  m_messages.push_back(FormatText(text.substr(0, second), name) +
-                       FormatText(text.substr(second), fileName));
+  m_report.messages.push_back(FormatText(text.substr(0, second), name) +
+                              FormatText(text.substr(second), fileName));
 }
 
 bool CRoadFiles::CreateRoad(const std::wstring& roadName, CRd5File& file, std::wstring& fileName) {
   fileName = m_roadNames.Give(CleanRoadName(roadName));
   const std::wstring path = PathOf(fileName, kRoadExtension);
   if (!file.OpenForWrite(path)) return false;
-  m_created.push_back(path);
-  TellName(kRoadRenamed, roadName, fileName);
+  m_report.beside.push_back(path);
+  TellName(road_texts::kRoadRenamed, roadName, fileName);
   return true;
 }
 
@@ -69,17 +53,19 @@ bool CRoadFiles::WriteTemplate(const std::wstring& templateName, const TemplateF
   const std::wstring path = PathOf(fileName, kTemplateExtension);
   CTp5File file;
   if (!file.OpenForWrite(path)) return false;
-  m_created.push_back(path);
-  TellName(kTemplateRenamed, templateName, fileName);
-  ForEachLine(file, form, &CTp5File::WriteTH, &CTp5File::WriteTS);
+  m_report.beside.push_back(path);
+  TellName(road_texts::kTemplateRenamed, templateName, fileName);
+  file.WriteTH(form);
+  for (const TEMPLATE_SEGMENT& segment : form.segments) file.WriteTS(segment);
   return file.Close() && !file.HasWriteFailed();
 }
 
 /// Against the file and not against what was written into it: templates need no room in memory.
 bool CRoadFiles::HoldsTemplate(const std::wstring& fileName, const TemplateForm& form) const {
   CTp5File file;
-  return file.OpenForRead(PathOf(fileName, kTemplateExtension)) &&
-         ForEachLine(file, form, &CTp5File::HasTH, &CTp5File::HasTS);
+  return file.OpenForRead(PathOf(fileName, kTemplateExtension)) && file.HasTH(form) &&
+         std::all_of(form.segments.begin(), form.segments.end(),
+                     [&](const TEMPLATE_SEGMENT& segment) { return file.HasTS(segment); });
 }
 
 std::wstring CRoadFiles::GetTemplateFileName(const std::wstring& templateName) const {

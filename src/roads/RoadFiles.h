@@ -3,46 +3,33 @@
 
 #include <string>
 #include <unordered_map>
-#include <vector>
 
 #include "convert/ConversionBase.h"
 #include "roads/CRd5File.h"
+#include "roads/CTp5File.h"
 #include "roads/RoadNames.h"
 
 namespace zelconvert {
 
-struct TEMPLATE_SEGMENT {
-  double width = 0;
-  double grade = 0;      ///< percent, or a difference of elevation
-  bool isDelta = false;  ///< which of the two
-  std::wstring code;     ///< as read, with its blanks
-};
-
-/// What a TP5 file holds. The slopes are horizontal runs per unit of height.
-struct TemplateForm {
-  double slopeCut = 0;
-  double slopeFill = 0;
-  std::vector<TEMPLATE_SEGMENT> segments;
-};
-
 class CRoadFiles {
  public:
-  /// The paths of the files are appended to `created`; a name that isn't the clean one is told in
-  /// `messages`. folder: with or without a separator at its end.
-  CRoadFiles(const std::wstring& folder, StringList& messages, StringList& created);
+  /// The report hears of the paths of the files, and of a name that isn't the clean one. folder:
+  /// with or without a separator at its end.
+  CRoadFiles(const std::wstring& folder, Report& report);
   CRoadFiles(const CRoadFiles&) = delete;
   CRoadFiles& operator=(const CRoadFiles&) = delete;
 
   /// Opens `file` as a new RD5 file for the road. fileName: the name it bears, without extension.
-  bool CreateRoad(const std::wstring& roadName, CRd5File& file, std::wstring& fileName);
+  [[nodiscard]] bool CreateRoad(const std::wstring& roadName, CRd5File& file,
+                                std::wstring& fileName);
   /// Writes the TP5 file of a template, unless the one that bears its clean name already is the
   /// same to the byte. False if that fails.
-  bool WriteTemplate(const std::wstring& templateName, const TemplateForm& form);
+  [[nodiscard]] bool WriteTemplate(const std::wstring& templateName, const TemplateForm& form);
   /// The name, without extension, of the file that holds the latest template of this name; if there
   /// is none, its clean name.
   std::wstring GetTemplateFileName(const std::wstring& templateName) const;
   /// Deletes every file. None may be open.
-  void RemoveAll() { RemoveFiles(m_created); }
+  void RemoveAll() { RemoveFiles(m_report.beside); }
 
  private:
   std::wstring PathOf(const std::wstring& fileName, std::wstring_view extension) const;
@@ -50,8 +37,7 @@ class CRoadFiles {
   void TellName(std::wstring_view text, const std::wstring& name, const std::wstring& fileName);
 
   std::wstring m_folder;  // with its separator
-  StringList& m_messages;
-  StringList& m_created;
+  Report& m_report;
   CRoadFileNames m_roadNames;
   CRoadFileNames m_templateNames;
   std::unordered_map<std::wstring, std::wstring> m_templates;  // names of files by template

@@ -2,8 +2,6 @@
 
 #include <cmath>
 
-#include "io/Units.h"
-
 namespace zelconvert {
 
 namespace {
@@ -32,7 +30,7 @@ struct ClothoidEnd {
 /// turns through; both in one, as the real and the imaginary part of
 ///   length * sum over k of (i angle)^k / (k! (2 k + 1)).
 /// Spirals of roads turn through less than a radian and need a dozen terms. Alternating terms
-/// cancel each other, so behind some ten radians the places lose their meaning; the number of terms
+/// cancel each other, so after some ten radians the places lose their meaning; the number of terms
 /// stays bounded whatever a file says.
 ClothoidEnd EndOfClothoid(double length, double angle) {
   constexpr int kMaxTerms = 100;
@@ -85,15 +83,16 @@ AlignmentPoint SpiralEnd(const AlignmentPoint& start, const Turn& turn, double l
   return end;
 }
 
-double RadiansFromAngle(double angle, int angleUnits) {
-  return angle * kPi / (angleUnits == kGons ? 200.0 : 180.0);
+double RadiansFromAngle(double angle, AngularUnit unit) {
+  return angle * kPi / (FullCircle(unit) / 2);
 }
 
-double DisplayAzimuth(double radians, int angleUnits) {
-  if (angleUnits != kGons) return DegreesToDms(radians * 180.0 / kPi);
-  const double gons = ReduceAngle(radians * 200.0 / kPi, 400.0);
+double DisplayAzimuth(double radians, AngularUnit unit) {
+  const double angle = FromRadians(radians, unit);
+  if (unit != AngularUnit::Gon) return DegreesToDms(angle);
+  const double gons = ReduceAngle(angle, FullCircle(unit));
   constexpr double kHalfOfLastDecimal = 0.000005;  // files show five
-  return gons >= 400.0 - kHalfOfLastDecimal ? 0.0 : gons;
+  return gons >= FullCircle(unit) - kHalfOfLastDecimal ? 0.0 : gons;
 }
 
 double DegreesToDms(double degrees) {

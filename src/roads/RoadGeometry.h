@@ -2,11 +2,12 @@
 // form that road files show.
 #pragma once
 
+#include "io/Units.h"
+
 namespace zelconvert {
 
-// Codes of an angle unit.
-inline constexpr int kDegrees = 0;
-inline constexpr int kGons = 1;
+/// Stations that are no further apart are the same.
+inline constexpr double kSameStation = 0.001;
 
 /// A place on an alignment and the direction it goes on in.
 struct AlignmentPoint {
@@ -15,7 +16,7 @@ struct AlignmentPoint {
   double azimuth = 0;  ///< radians, clockwise from grid north
 };
 
-/// How a curve turns. A radius of 0 is no curve: the places behind it are infinite or NaN.
+/// How a curve turns. A radius of 0 is no curve: the places after it are infinite or NaN.
 struct Turn {
   double radius = 0;  ///< not negative; of a spiral at its curved end
   bool isRight = true;
@@ -31,9 +32,9 @@ AlignmentPoint SpiralEnd(const AlignmentPoint& start, const Turn& turn, double l
                          bool startsAtCurve);
 
 /// An angle of a DC file, in decimal degrees or gons, in radians.
-double RadiansFromAngle(double angle, int angleUnits);
+double RadiansFromAngle(double angle, AngularUnit unit);
 /// An azimuth in radians in the display form of road files: gons in [0, 400), or DegreesToDms.
-double DisplayAzimuth(double radians, int angleUnits);
+double DisplayAzimuth(double radians, AngularUnit unit);
 /// Decimal degrees as DDD.MMSSs in [0, 360): degrees + minutes / 100 + seconds / 10000, the seconds
 /// rounded to a tenth and carried over, so that 12.35 gives 12.21 and 359.999999 gives 0.
 double DegreesToDms(double degrees);

@@ -16,7 +16,7 @@ std::wstring CleanRoadName(std::wstring_view name);
 /// differ in case alone are one: on some systems their files are.
 class CRoadFileNames {
  public:
-  /// `clean`, a clean name; when that has been given, a name like it with a number behind, from 2
+  /// `clean`, a clean name; when that has been given, a name like it with a number after it, from 2
   /// on, cut so that eight characters stay: T1, T12; RURAL_2L, RURAL_22.
   std::wstring Give(const std::wstring& clean);
   /// `clean` as it was given; null if it wasn't.

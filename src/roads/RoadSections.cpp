@@ -5,12 +5,12 @@
 #include <cstdint>
 #include <string_view>
 
+#include "roads/RoadGeometry.h"
+
 namespace zelconvert {
 
 namespace {
 
-/// Stations that are no further apart are the same.
-constexpr double kSameStation = 0.001;
 /// A slope or widening this close to the template's needs no line.
 constexpr double kSameSlope = 0.001;
 
@@ -31,10 +31,9 @@ struct SideForm {
   std::wstring_view templateSection;
   std::wstring_view superSection;
   std::wstring_view wideningSection;
-  bool (CRd5File::*writeTemplate)(const RoadStation&, std::wstring_view);
-  bool (CRd5File::*writeSuper)(const RoadStation&, const RoadStation&, double, double, int, double,
-                               double);
-  bool (CRd5File::*writeWidening)(const RoadStation&, const RoadStation&, double, double);
+  void (CRd5File::*writeTemplate)(const RoadStation&, std::wstring_view);
+  void (CRd5File::*writeSuper)(const RoadStretch&, int);
+  void (CRd5File::*writeWidening)(const RoadStretch&);
   double tDC_ROAD_APPLYSUPERRecord::*super;
   double tDC_ROAD_APPLYSUPERRecord::*widening;
   std::int32_t hingePivot;  ///< the pivot that lies on this side's edge
@@ -71,8 +70,8 @@ class SectionWriter {
   void WriteWidening(const CRoadSide& side, const SideForm& form);
 
  private:
-  /// Calls write(record, start, end, startValue, endValue) for each stretch from a record to the
-  /// next whose value at the start isn't the template's.
+  /// Calls write(record, stretch) for each stretch from a record to the next whose value at the
+  /// start isn't the template's.
   template <class Write>
   void ForEachStretch(const CRoadSide& side, double tDC_ROAD_APPLYSUPERRecord::*value,
                       double (CRoadSide::*templateValueAt)(double) const, Write write) const;
@@ -103,29 +102,26 @@ void SectionWriter::ForEachStretch(const CRoadSide& side, double tDC_ROAD_APPLYS
     const double end = isLast ? side.GetNextTemplateStart(record.station, m_horizontalEnd)
                               : m_supers[i + 1].station;
     const double endValue = isLast ? startValue : m_supers[i + 1].*value;
-    write(record, SplitStation(record.station), SplitStation(end), startValue, endValue);
+    write(record,
+          RoadStretch{SplitStation(record.station), SplitStation(end), startValue, endValue});
   }
 }
 
 void SectionWriter::WriteSuperelevation(const CRoadSide& side, const SideForm& form) {
   m_file.WriteSection(form.superSection);
   ForEachStretch(side, form.super, &CRoadSide::GetGradeAt,
-                 [&](const tDC_ROAD_APPLYSUPERRecord& record, const RoadStation& start,
-                     const RoadStation& end, double startSlope, double endSlope) {
-                   const int startHingeOn = record.pivot == form.hingePivot ? 1 : 0;
-                   (m_file.*form.writeSuper)(start, end, startSlope, endSlope, startHingeOn, 0, 0);
+                 [&](const tDC_ROAD_APPLYSUPERRecord& record, const RoadStretch& slopes) {
+                   (m_file.*form.writeSuper)(slopes, record.pivot == form.hingePivot ? 1 : 0);
                  });
 }
 
 /// The widening, which adds to a width, is held against the whole width of the template's first
-/// segment: a widening of 0 gives lines, one as large as the width gives none. Readers of RD5 files
-/// are used to it.
+/// segment: a widening of 0 gives lines, one as large as the width gives none.
 void SectionWriter::WriteWidening(const CRoadSide& side, const SideForm& form) {
   m_file.WriteSection(form.wideningSection);
   ForEachStretch(side, form.widening, &CRoadSide::GetWidthAt,
-                 [&](const tDC_ROAD_APPLYSUPERRecord&, const RoadStation& start,
-                     const RoadStation& end, double startWidening, double endWidening) {
-                   (m_file.*form.writeWidening)(start, end, startWidening, endWidening);
+                 [&](const tDC_ROAD_APPLYSUPERRecord&, const RoadStretch& widenings) {
+                   (m_file.*form.writeWidening)(widenings);
                  });
 }
 

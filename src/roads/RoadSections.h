@@ -43,7 +43,7 @@ class CRoadSide {
   /// Between two positions the values change linearly; 0 on a side without positions.
   double GetWidthAt(double station) const;
   double GetGradeAt(double station) const;
-  /// Station of the position behind the one in force, or `otherwise` if there is none.
+  /// Station of the position after the one in force, or `otherwise` if there is none.
   double GetNextTemplateStart(double station, double otherwise) const;
 
  private:

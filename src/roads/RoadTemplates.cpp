@@ -18,38 +18,38 @@ double SlopeOf(int method, double percent) {
 
 bool CRoadTemplates::Begin(const tDC_ROAD_TEMPLATERecord& record) {
   if (!Close()) return false;
-  m_bOpen = true;
-  m_strName = record.name;
+  m_isOpen = true;
+  m_name = record.name;
   m_form.slopeCut = m_form.slopeFill = 0;
   m_form.segments.clear();
   return true;
 }
 
 void CRoadTemplates::Add(const tDC_ROAD_SEGMENTRecord& record) {
-  if (!m_bOpen) return;
+  if (!m_isOpen) return;
   const bool byGrade = IsThreeOrFour(record.method);
   m_form.segments.push_back(
       {record.width, byGrade ? record.grade : record.deltaElevation, !byGrade, record.code});
 }
 
 void CRoadTemplates::Add(const tDC_ROAD_HINGERecord& record) {
-  if (m_bOpen) m_form.segments.push_back({record.offset, record.elevation, true, record.code});
+  if (m_isOpen) m_form.segments.push_back({record.offset, record.elevation, true, record.code});
 }
 
 void CRoadTemplates::Add(const tDC_ROAD_SIDESLOPERecord& record) {
-  if (!m_bOpen) return;
+  if (!m_isOpen) return;
   m_form.slopeCut = SlopeOf(record.cutMethod, record.cutValue);
   m_form.slopeFill = SlopeOf(record.fillMethod, record.fillValue);
 }
 
 bool CRoadTemplates::Close() {
-  if (!m_bOpen) return true;
-  m_bOpen = false;
-  RoadTemplate& closed = m_closed[m_strName];
+  if (!m_isOpen) return true;
+  m_isOpen = false;
+  RoadTemplate& closed = m_closed[m_name];
   closed = {};
   const std::vector<TEMPLATE_SEGMENT>& segments = m_form.segments;
   if (!segments.empty()) closed = {segments.size(), segments[0].width, segments[0].grade};
-  return m_files.WriteTemplate(m_strName, m_form);
+  return m_files.WriteTemplate(m_name, m_form);
 }
 
 const RoadTemplate* CRoadTemplates::Find(const std::wstring& name) const {

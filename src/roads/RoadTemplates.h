@@ -25,13 +25,13 @@ class CRoadTemplates {
   CRoadTemplates& operator=(const CRoadTemplates&) = delete;
 
   /// Closes the template before it. False if that one's file can't be written.
-  bool Begin(const tDC_ROAD_TEMPLATERecord& record);
+  [[nodiscard]] bool Begin(const tDC_ROAD_TEMPLATERecord& record);
   // Segments and slopes before the first template are dropped.
   void Add(const tDC_ROAD_SEGMENTRecord& record);
   void Add(const tDC_ROAD_HINGERecord& record);
   void Add(const tDC_ROAD_SIDESLOPERecord& record);
   /// Writes the file of the open template, if there is one. False if that fails.
-  bool Close();
+  [[nodiscard]] bool Close();
 
   /// A closed template by its name; null if the road has none. Of two with one name the later.
   const RoadTemplate* Find(const std::wstring& name) const;
@@ -44,8 +44,8 @@ class CRoadTemplates {
   CRoadFiles& m_files;
   std::unordered_map<std::wstring, RoadTemplate> m_closed;
 
-  bool m_bOpen = false;
-  std::wstring m_strName;
+  bool m_isOpen = false;
+  std::wstring m_name;
   TemplateForm m_form;
 };
 
