@@ -303,7 +303,7 @@ bool DcToIlj(const ConvertRequest& request, Report& report) {
           .openInput = [&] { return dc.OpenForRead(request.input); },
           .createOutput =
               [&] { return ilj.Open(request.output, kCreateOutput, CTextFile::kUtf8, true); },
-          .convert = [&] { return CConvDCtoILJ().Convert(dc, ilj, report.messages, report.files); },
+          .convert = [&] { return CConvDCtoILJ().Convert(dc, ilj, report); },
           .closing = {Closer(ilj), Closer(dc)},
       });
 }
@@ -312,14 +312,13 @@ bool IljToDc(const ConvertRequest& request, Report& report) {
   CTextFile ilj(CTextFile::kUtf16LittleEndian);
   CDcFile dc;
   ilj.SetAllowUnicode(true);
-  return Execute(
-      request, report,
-      {
-          .openInput = [&] { return ilj.Open(request.input, kOpenText); },
-          .createOutput = [&] { return dc.OpenForWrite(request.output); },
-          .convert = [&] { return CConvILJtoDC().Convert(dc, ilj, report.messages, report.files); },
-          .closing = {Closer(dc), Closer(ilj)},
-      });
+  return Execute(request, report,
+                 {
+                     .openInput = [&] { return ilj.Open(request.input, kOpenText); },
+                     .createOutput = [&] { return dc.OpenForWrite(request.output); },
+                     .convert = [&] { return CConvILJtoDC().Convert(dc, ilj, report); },
+                     .closing = {Closer(dc), Closer(ilj)},
+                 });
 }
 
 bool Cr5ToDc(const ConvertRequest& request, Report& /*report*/) {

@@ -2,28 +2,36 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <initializer_list>
 #include <iterator>
+#include <optional>
+#include <string>
+#include <string_view>
 
+#include "convert/CConvertProgress.h"
+#include "dc/CDcFile.h"
 #include "dc/ProjectionCodes.h"
 #include "ilj/CIljDcEnumMapper.h"
+#include "ilj/CMoskoJobRecord.h"
+#include "ilj/IljUnits.h"
+#include "io/CTextFile.h"
 #include "io/CivilTime.h"
 #include "io/Clock.h"
+#include "io/HandlerTable.h"
 #include "io/Strings.h"
-#include "io/Units.h"
 
 namespace zelconvert {
 namespace {
 
-using F = IljFieldType;
-using R = IljRecordType;
 using Mapper = CIljDcEnumMapper;
 
 constexpr std::wstring_view kIljVersion = L"1.0.0";
 constexpr std::wstring_view kEllipsoidName = L"DcEllipsoid";
+// What a user is told, beside the text of a record that can't be carried over.
 constexpr std::wstring_view kBadPointName =
     L"The point record name \"%s\" is invalid for a ZEL interlock job file.";
 constexpr std::wstring_view kNameBlanks = L" \t\n\b\f\v\a";
-constexpr std::int32_t kSurveyData = 2;  // FITY of a file of data to be processed later
 
 // What programs write into notes of subtype "NM"; a note without any of these is a person's.
 constexpr std::wstring_view kSystemNoteMarkers[] = {
@@ -56,8 +64,12 @@ bool IsSystemNote(const tDC_NOTERecord& note) {
       [&](std::wstring_view marker) { return note.text.find(marker) != std::wstring::npos; });
 }
 
+// Null values are scaled like others, here and below: what another unit has made of them may count.
+constexpr double RadiansIn(double value, AngularUnit unit) {
+  return value * (kPi / (FullCircle(unit) / 2));
+}
 constexpr double Radians(double degrees) {
-  return degrees * (kPi / 180);
+  return RadiansIn(degrees, AngularUnit::DecimalDegrees);
 }
 
 double PpmToFactor(double ppm) {
@@ -72,325 +84,373 @@ std::wstring_view TrimName(std::wstring_view name) {
   return name.substr(first, name.find_last_not_of(kNameBlanks) + 1 - first);
 }
 
-}  // namespace
+// One run.
+class DcToIlj {
+ public:
+  DcToIlj(CDcFile& dc, CTextFile& ilj, StringList& messages)
+      : m_dc(dc), m_ilj(ilj), m_messages(messages) {}
 
-const CConvDCtoILJ::Handler CConvDCtoILJ::kHandlers[] = {
-    {DcType("00"), L"Header(type 00)", true, &CConvDCtoILJ::Run<tDC_HEADERRecord>},
-    {DcType("13"), L"Note(type 13)", false, &CConvDCtoILJ::Run<tDC_NOTERecord>},
-    {DcType("66"), L"GPS Position(type 66)", true, &CConvDCtoILJ::Run<tDC_GPS_POSITIONRecord>},
-    {DcType("68"), L"Local Position(type 68)", true, &CConvDCtoILJ::Run<tDC_LOCAL_POSITIONRecord>},
-    {DcType("69"), L"Grid Position(type 69)", true, &CConvDCtoILJ::Run<tDC_GRID_POSITIONRecord>},
-    {DcType("72"), L"Post Process(type 72)", false, &CConvDCtoILJ::Run<tDC_POST_PROCESSRecord>},
-    {DcType("49"), L"Datum(type 49)", true, &CConvDCtoILJ::Run<tDC_DATUMRecord>},
-    {DcType("74"), L"Datum Grid File(type 74)", true, &CConvDCtoILJ::Run<tDC_DATUM_GRIDRecord>},
-    {DcType("65"), L"Local Ellipsoid(type 65)", true, &CConvDCtoILJ::Run<tDC_ELLIPSOIDRecord>},
-    {DcType("50"), L"Horizontal Adjust(type 50)", true,
-     &CConvDCtoILJ::Run<tDC_HORIZONTAL_ADJUSTRecord>},
-    {DcType("D5"), L"Local Site(type D5)", true, &CConvDCtoILJ::Run<tDC_LOCAL_SITERecord>},
-    {DcType("D0"), L"Extended Projection(type D0)", true,
-     &CConvDCtoILJ::Run<tDC_PROJECTION_EXTRecord>},
-    {DcType("64"), L"Projection(type 64)", true, &CConvDCtoILJ::Run<tDC_PROJECTIONRecord>},
-    {DcType("C8"), L"Coordinate System(type C8)", true,
-     &CConvDCtoILJ::Run<tDC_COORDINATE_SYSTEMRecord>},
-    {DcType("81"), L"Vertical Adjust(type 81)", true,
-     &CConvDCtoILJ::Run<tDC_VERTICAL_ADJUSTRecord>},
-    {DcType("78"), L"COGO Settings(type 78)", true, &CConvDCtoILJ::Run<tDC_COGORecord>},
+  bool Run();
+
+ private:
+  enum Failure : bool { kGoesOn, kFatal };
+  struct Row {
+    std::wstring_view label;
+    Failure failure;                            // whether the run ends with one that has no form
+    bool (DcToIlj::*carry)(std::wstring_view);  // false for such a one
+  };
+  static const Row* FindRow(std::int32_t type);
+
+  bool CarryLine(const Row& row);
+  /// Reads a record from its line and carries it over. Records of which a file has many are kept
+  /// for their memory.
+  template <class Record>
+  bool Carry(std::wstring_view line) {
+    Record record;
+    CDcFile::Read(line, record);
+    return CarryRecord(record);
+  }
+  template <auto kept>
+  bool Carry(std::wstring_view line) {
+    CDcFile::Read(line, this->*kept);
+    return CarryRecord(this->*kept);
+  }
+
+  bool CarryRecord(const tDC_HEADERRecord& header);
+  bool CarryRecord(const tDC_NOTERecord& note);
+  bool CarryRecord(tDC_GPS_POSITIONRecord& position);
+  bool CarryRecord(tDC_LOCAL_POSITIONRecord& position);
+  bool CarryRecord(tDC_GRID_POSITIONRecord& position);
+  bool CarryRecord(const tDC_POST_PROCESSRecord& file);
+  bool CarryRecord(tDC_DATUMRecord& datum);
+  bool CarryRecord(const tDC_DATUM_GRIDRecord& grid);
+  bool CarryRecord(const tDC_ELLIPSOIDRecord& ellipsoid);
+  bool CarryRecord(const tDC_HORIZONTAL_ADJUSTRecord& adjust);
+  bool CarryRecord(const tDC_LOCAL_SITERecord& site);
+  bool CarryRecord(tDC_PROJECTION_EXTRecord& projection);
+  bool CarryRecord(const tDC_PROJECTIONRecord& projection);
+  bool CarryRecord(tDC_COORDINATE_SYSTEMRecord& system);
+  bool CarryRecord(tDC_VERTICAL_ADJUSTRecord& adjust);
+  bool CarryRecord(tDC_COGORecord& settings);
+
+  template <class Position>
+  CMoskoJobRecordPoint StartPoint(Position& position, std::int32_t coordinates);
+  template <class Position>
+  bool CarryGeodetic(Position& position, std::int32_t coordinates);
+  /// Nothing for a projection that the file says is missing.
+  template <class Projection>
+  std::optional<CMoskoJobRecordProjectionMappingPlane> StartPlane(const Projection& projection);
+
+  /// m_record as one of that tag, empty but for date and time.
+  template <class Record>
+  Record Start() {
+    m_record.Restart(Record::kType);
+    m_record.SetDateTime(m_now);
+    return Record(m_record);
+  }
+  /// Writes the line of m_record; false, with nothing written, if it isn't valid.
+  bool Write();
+
+  // Metres and radians.
+  double DistanceIn(double value) const;
+  double AngleIn(double value) const;
+
+  CDcFile& m_dc;
+  CTextFile& m_ilj;
+  StringList& m_messages;
+  const std::int64_t m_now = CivilSeconds(CurrentLocalTime());  // which DC records don't know
+  std::optional<tDC_HEADERRecord> m_header;
+
+  // Memory that is used again for every line.
+  std::wstring m_line;
+  std::wstring m_text;
+  tDC_NOTERecord m_note;
+  tDC_GPS_POSITIONRecord m_gpsPosition;
+  tDC_LOCAL_POSITIONRecord m_localPosition;
+  tDC_GRID_POSITIONRecord m_gridPosition;
+  CMoskoJobRecord m_record;
+  int m_index = 0;  // of the record, from 0; blank lines and deleted records don't count
 };
 
-bool CConvDCtoILJ::Convert(CDcFile& dcFile, CTextFile& iljFile, StringList& messages,
-                           StringList& /*files*/) {
-  m_pFile1 = &dcFile;
-  m_pFile2 = &iljFile;
-  m_pMessages = &messages;
-  m_nNow = CivilSeconds(CurrentLocalTime());
+const DcToIlj::Row* DcToIlj::FindRow(std::int32_t type) {
+  using Self = DcToIlj;
+  static constexpr auto kRows = MakeHandlerTable<kDcTypeCount, std::int32_t, Row>({
+      {DcType("00"), {L"Header(type 00)", kFatal, &Self::Carry<tDC_HEADERRecord>}},
+      {DcType("13"), {L"Note(type 13)", kGoesOn, &Self::Carry<&Self::m_note>}},
+      {DcType("66"), {L"GPS Position(type 66)", kFatal, &Self::Carry<&Self::m_gpsPosition>}},
+      {DcType("68"), {L"Local Position(type 68)", kFatal, &Self::Carry<&Self::m_localPosition>}},
+      {DcType("69"), {L"Grid Position(type 69)", kFatal, &Self::Carry<&Self::m_gridPosition>}},
+      {DcType("72"), {L"Post Process(type 72)", kGoesOn, &Self::Carry<tDC_POST_PROCESSRecord>}},
+      {DcType("49"), {L"Datum(type 49)", kFatal, &Self::Carry<tDC_DATUMRecord>}},
+      {DcType("74"), {L"Datum Grid File(type 74)", kFatal, &Self::Carry<tDC_DATUM_GRIDRecord>}},
+      {DcType("65"), {L"Local Ellipsoid(type 65)", kFatal, &Self::Carry<tDC_ELLIPSOIDRecord>}},
+      {DcType("50"),
+       {L"Horizontal Adjust(type 50)", kFatal, &Self::Carry<tDC_HORIZONTAL_ADJUSTRecord>}},
+      {DcType("D5"), {L"Local Site(type D5)", kFatal, &Self::Carry<tDC_LOCAL_SITERecord>}},
+      {DcType("D0"),
+       {L"Extended Projection(type D0)", kFatal, &Self::Carry<tDC_PROJECTION_EXTRecord>}},
+      {DcType("64"), {L"Projection(type 64)", kFatal, &Self::Carry<tDC_PROJECTIONRecord>}},
+      {DcType("C8"),
+       {L"Coordinate System(type C8)", kFatal, &Self::Carry<tDC_COORDINATE_SYSTEMRecord>}},
+      {DcType("81"),
+       {L"Vertical Adjust(type 81)", kFatal, &Self::Carry<tDC_VERTICAL_ADJUSTRecord>}},
+      {DcType("78"), {L"COGO Settings(type 78)", kFatal, &Self::Carry<tDC_COGORecord>}},
+  });
+  return kRows.Find(type);
+}
+
+bool DcToIlj::Run() {
   CConvertProgress progress;
   progress.Start();
-  dcFile.Rewind();
-  m_nRecord = 0;
-  while (dcFile.ReadLine(m_strLine)) {
-    progress.SetPosition(dcFile.GetPosition(), dcFile.GetLength());
-    if (CDcFile::IsBlank(m_strLine) || CDcFile::IsDeleted(m_strLine)) continue;
-    const Handler* handler = FindHandler(CDcFile::GetRecordType(m_strLine));
-    if (handler != nullptr && !CarryLine(*handler)) return false;
-    ++m_nRecord;
+  m_dc.Rewind();
+  while (m_dc.ReadLine(m_line)) {
+    progress.SetPosition(m_dc.GetPosition(), m_dc.GetLength());
+    if (CDcFile::IsBlank(m_line) || CDcFile::IsDeleted(m_line)) continue;
+    const Row* row = FindRow(CDcFile::GetRecordType(m_line));
+    if (row != nullptr && !CarryLine(*row)) return false;
+    ++m_index;
   }
-  return !dcFile.HasReadFailed();
+  return !m_dc.HasReadFailed();
 }
 
-const CConvDCtoILJ::Handler* CConvDCtoILJ::FindHandler(std::int32_t type) {
-  const Handler* found = std::find_if(std::begin(kHandlers), std::end(kHandlers),
-                                      [type](const Handler& one) { return one.type == type; });
-  return found == std::end(kHandlers) ? nullptr : found;
+bool DcToIlj::CarryLine(const Row& row) {
+  if ((this->*row.carry)(m_line)) return true;
+  m_messages.push_back(FormatRecordParseError(m_index, row.label));
+  return row.failure == kGoesOn;
 }
 
-bool CConvDCtoILJ::CarryLine(const Handler& handler) {
-  const Outcome outcome = (this->*handler.run)(m_strLine);
-  if (outcome == Outcome::Carried) return true;
-  m_pMessages->push_back(outcome == Outcome::Unreadable
-                             ? FormatRecordReadError(m_nRecord, handler.label)
-                             : FormatRecordParseError(m_nRecord, handler.label));
-  return !handler.fatal;
-}
-
-template <class Record>
-CConvDCtoILJ::Outcome CConvDCtoILJ::Run(std::wstring_view line) {
-  Record& record = std::get<Record>(m_dcRecords);
-  CDcFile::Read(line, record);
-  return Carry(record) ? Outcome::Carried : Outcome::Refused;
-}
-
-template <IljRecordType Type>
-IljRecord<Type>& CConvDCtoILJ::Start() {
-  IljRecord<Type>& record = m_records.Get<Type>();
-  record.ClearFields();
-  record.SetDateTime(m_nNow);
-  return record;
-}
-
-bool CConvDCtoILJ::Write(const CMoskoJobRecord& record) {
-  if (!record.IsValid()) return false;
-  m_strIlj.clear();
-  record.AppendText(m_strIlj);
-  m_pFile2->WriteString(m_strIlj);
+bool DcToIlj::Write() {
+  if (!m_record.IsValid()) return false;
+  m_text.clear();
+  m_record.AppendText(m_text);
+  m_ilj.WriteString(m_text);
   return true;
 }
 
 // A later header writes its own units too, but lengths and angles stay those of the first.
-bool CConvDCtoILJ::Carry(const tDC_HEADERRecord& header) {
+bool DcToIlj::CarryRecord(const tDC_HEADERRecord& header) {
   if (!m_header) m_header = header;
-  auto& mode = Start<R::JOBMO>();
+  const auto mode = Start<CMoskoJobRecordJobMode>();
   if (header.angleUnit != 1 && header.angleUnit != 2) return false;
-  mode.Set<F::UNAN>(header.angleUnit - 1);
-  mode.Set<F::UNDI>(header.distanceUnit - 1);
-  mode.Set<F::DESC>(kIljVersion);
-  return Write(mode);
+  mode.Set<"UNAN">(header.angleUnit - 1);
+  mode.Set<"UNDI">(header.distanceUnit - 1);
+  mode.Set<"DESC">(kIljVersion);
+  return Write();
 }
 
 // The text keeps the blanks that fill its column.
-bool CConvDCtoILJ::Carry(const tDC_NOTERecord& note) {
+bool DcToIlj::CarryRecord(const tDC_NOTERecord& note) {
   if (IsSystemNote(note)) {
-    auto& record = Start<R::SNOTE>();
-    record.Set<F::NOTE>(note.text);
-    return Write(record);
+    Start<CMoskoJobRecordSystemNote>().Set<"NOTE">(note.text);
+  } else {
+    Start<CMoskoJobRecordUserNote>().Set<"NOTE">(note.text);
   }
-  auto& record = Start<R::UNOTE>();
-  record.Set<F::NOTE>(note.text);
-  return Write(record);
+  return Write();
 }
 
-bool CConvDCtoILJ::Carry(tDC_GPS_POSITIONRecord& position) {
+bool DcToIlj::CarryRecord(tDC_GPS_POSITIONRecord& position) {
   return CarryGeodetic(position, ilj::kGpsCoordinates);
 }
 
-bool CConvDCtoILJ::Carry(tDC_LOCAL_POSITIONRecord& position) {
+bool DcToIlj::CarryRecord(tDC_LOCAL_POSITIONRecord& position) {
   return CarryGeodetic(position, ilj::kLocalCoordinates);
 }
 
 template <class Position>
-bool CConvDCtoILJ::CarryGeodetic(Position& position, std::int32_t coordinates) {
-  auto& point = StartPoint(position, coordinates);
-  point.template Set<F::LATI>(Radians(position.coord1));
-  point.template Set<F::LONG>(Radians(position.coord2));
-  point.template Set<F::HGHT>(DistanceIn(position.coord3));
-  return Write(point);
+bool DcToIlj::CarryGeodetic(Position& position, std::int32_t coordinates) {
+  const CMoskoJobRecordPoint point = StartPoint(position, coordinates);
+  point.Set<"LATI">(Radians(position.coord1));
+  point.Set<"LONG">(Radians(position.coord2));
+  point.Set<"HGHT">(DistanceIn(position.coord3));
+  return Write();
 }
 
-bool CConvDCtoILJ::Carry(tDC_GRID_POSITIONRecord& position) {
+bool DcToIlj::CarryRecord(tDC_GRID_POSITIONRecord& position) {
   constexpr std::int32_t kEastFirst = 2;
   const bool eastFirst = m_header && m_header->coordinateOrder == kEastFirst;
-  auto& point = StartPoint(position, ilj::kGridCoordinates);
-  point.Set<F::NRTH>(DistanceIn(eastFirst ? position.east : position.north));
-  point.Set<F::EAST>(DistanceIn(eastFirst ? position.north : position.east));
-  point.Set<F::ELEV>(DistanceIn(position.elevation));
-  return Write(point);
+  const CMoskoJobRecordPoint point = StartPoint(position, ilj::kGridCoordinates);
+  point.Set<"NRTH">(DistanceIn(eastFirst ? position.east : position.north));
+  point.Set<"EAST">(DistanceIn(eastFirst ? position.north : position.east));
+  point.Set<"ELEV">(DistanceIn(position.elevation));
+  return Write();
 }
 
 // What all positions have in common. A name that ILJ files don't allow has a text of its own; the
 // point isn't valid then, and the conversion ends.
 template <class Position>
-CMoskoJobRecordPoint& CConvDCtoILJ::StartPoint(Position& position, std::int32_t coordinates) {
-  auto& point = Start<R::POINT>();
-  point.Set<F::DERV>(position.subtype);
-  point.Set<F::PTNM>(TrimName(position.name));
-  point.Set<F::DESC>(position.code);
-  point.Set<F::CDTY>(coordinates);
-  Mapper::MapOrigin(position.method, point.Get<F::CDOR>(), Mapper::kFromDc);
-  Mapper::MapClass(position.classification, point.Get<F::CDCL>(), Mapper::kFromDc);
-  if (!point.HasValid<F::PTNM>()) {
-    m_pMessages->push_back(FormatText(kBadPointName, point.Value<F::PTNM>()));
+CMoskoJobRecordPoint DcToIlj::StartPoint(Position& position, std::int32_t coordinates) {
+  const auto point = Start<CMoskoJobRecordPoint>();
+  point.Set<"DERV">(position.subtype);
+  point.Set<"PTNM">(TrimName(position.name));
+  point.Set<"DESC">(position.code);
+  point.Set<"CDTY">(coordinates);
+  Mapper::MapOrigin(position.method, point.Get<"CDOR">(), Mapper::kFromDc);
+  Mapper::MapClass(position.classification, point.Get<"CDCL">(), Mapper::kFromDc);
+  if (!point.HasAll<"PTNM">()) {
+    m_messages.push_back(FormatText(kBadPointName, point.Value<"PTNM">()));
   }
   return point;
 }
 
-bool CConvDCtoILJ::Carry(const tDC_POST_PROCESSRecord& file) {
-  auto& support = Start<R::JOBFI>();
-  support.Set<F::FILE>(file.text);
-  support.Set<F::FITY>(kSurveyData);
-  return Write(support);
+bool DcToIlj::CarryRecord(const tDC_POST_PROCESSRecord& file) {
+  const auto support = Start<CMoskoJobRecordJobSupportFile>();
+  support.Set<"FILE">(file.text);
+  support.Set<"FITY">(ilj::kSurveyData);
+  return Write();
 }
 
-bool CConvDCtoILJ::Carry(tDC_DATUMRecord& datum) {
+bool DcToIlj::CarryRecord(tDC_DATUMRecord& datum) {
   constexpr int kFlatteningDecimals = 11;
-  auto& record = Start<R::PRJDT>();
+  const auto record = Start<CMoskoJobRecordProjectionDatum>();
   const wchar_t code = datum.datumCode;
-  record.Set<F::HDST>(DistanceIn(datum.semiMajorAxis));
-  record.Get<F::NUMR>().SetDecimals(kFlatteningDecimals);
-  record.Set<F::NUMR>(datum.inverseFlattening);
-  Mapper::MapDatumCode(datum.datumCode, record.Get<F::PJDT>(), Mapper::kFromDc);
+  record.Set<"HDST">(DistanceIn(datum.semiMajorAxis));
+  record.Get<"NUMR">().SetDecimals(kFlatteningDecimals);
+  record.Set<"NUMR">(datum.inverseFlattening);
+  Mapper::MapDatumCode(datum.datumCode, record.Get<"PJDT">(), Mapper::kFromDc);
   if (code == L'3' || code == L'2') {
-    record.Set<F::TRAX>(DistanceIn(datum.shiftX));
-    record.Set<F::TRAY>(DistanceIn(datum.shiftY));
-    record.Set<F::TRAZ>(DistanceIn(datum.shiftZ));
+    record.Set<"TRAX">(DistanceIn(datum.shiftX));
+    record.Set<"TRAY">(DistanceIn(datum.shiftY));
+    record.Set<"TRAZ">(DistanceIn(datum.shiftZ));
   }
   if (code == L'2') {
-    record.Set<F::ROTX>(AngleIn(datum.rotationX));
-    record.Set<F::ROTY>(AngleIn(datum.rotationY));
-    record.Set<F::ROTZ>(AngleIn(datum.rotationZ));
-    record.Set<F::SCPP>(PpmToFactor(datum.scale));
+    record.Set<"ROTX">(AngleIn(datum.rotationX));
+    record.Set<"ROTY">(AngleIn(datum.rotationY));
+    record.Set<"ROTZ">(AngleIn(datum.rotationZ));
+    record.Set<"SCPP">(PpmToFactor(datum.scale));
   }
-  return Write(record);
+  return Write();
 }
 
-bool CConvDCtoILJ::Carry(const tDC_DATUM_GRIDRecord& grid) {
-  auto& datum = Start<R::PRJDT>();
-  datum.Set<F::PJDT>(ilj::kDatumGridFile);
-  datum.Set<F::PJDN>(grid.fileName);
-  return Write(datum);
+bool DcToIlj::CarryRecord(const tDC_DATUM_GRIDRecord& grid) {
+  const auto datum = Start<CMoskoJobRecordProjectionDatum>();
+  datum.Set<"PJDT">(ilj::kDatumGridFile);
+  datum.Set<"PJDN">(grid.fileName);
+  return Write();
 }
 
-bool CConvDCtoILJ::Carry(const tDC_ELLIPSOIDRecord& ellipsoid) {
-  auto& record = Start<R::PRJEL>();
-  record.Set<F::PJRE>(kEllipsoidName);
-  record.Set<F::HDST>(DistanceIn(ellipsoid.semiMajorAxis));
-  record.Set<F::NUMR>(ellipsoid.inverseFlattening);
-  return Write(record);
+bool DcToIlj::CarryRecord(const tDC_ELLIPSOIDRecord& ellipsoid) {
+  const auto record = Start<CMoskoJobRecordProjectionEllipsoid>();
+  record.Set<"PJRE">(kEllipsoidName);
+  record.Set<"HDST">(DistanceIn(ellipsoid.semiMajorAxis));
+  record.Set<"NUMR">(ellipsoid.inverseFlattening);
+  return Write();
 }
 
-bool CConvDCtoILJ::Carry(const tDC_HORIZONTAL_ADJUSTRecord& adjust) {
-  auto& record = Start<R::PRJHA>();
-  record.Set<F::NRTH>(DistanceIn(adjust.originNorth));
-  record.Set<F::EAST>(DistanceIn(adjust.originEast));
-  record.Set<F::TRAY>(DistanceIn(adjust.translateNorth));
-  record.Set<F::TRAX>(DistanceIn(adjust.translateEast));
-  record.Set<F::ROTZ>(AngleIn(adjust.rotation));
-  record.Set<F::SCAL>(adjust.scale);
-  return Write(record);
+bool DcToIlj::CarryRecord(const tDC_HORIZONTAL_ADJUSTRecord& adjust) {
+  const auto record = Start<CMoskoJobRecordProjectionHorizontalAdjust>();
+  record.Set<"NRTH">(DistanceIn(adjust.originNorth));
+  record.Set<"EAST">(DistanceIn(adjust.originEast));
+  record.Set<"TRAY">(DistanceIn(adjust.translateNorth));
+  record.Set<"TRAX">(DistanceIn(adjust.translateEast));
+  record.Set<"ROTZ">(AngleIn(adjust.rotation));
+  record.Set<"SCAL">(adjust.scale);
+  return Write();
 }
 
-bool CConvDCtoILJ::Carry(const tDC_LOCAL_SITERecord& site) {
-  auto& record = Start<R::PRJST>();
-  record.Set<F::LATI>(Radians(site.latitude));
-  record.Set<F::LONG>(Radians(site.longitude));
-  record.Set<F::HGHT>(DistanceIn(site.height));
-  record.Set<F::SCAL>(NullToOne(site.scale));
-  record.Set<F::TRAX>(DistanceIn(NullToZero(site.east)));
-  record.Set<F::TRAY>(DistanceIn(NullToZero(site.north)));
-  return Write(record);
+bool DcToIlj::CarryRecord(const tDC_LOCAL_SITERecord& site) {
+  const auto record = Start<CMoskoJobRecordProjectionLocalSite>();
+  record.Set<"LATI">(Radians(site.latitude));
+  record.Set<"LONG">(Radians(site.longitude));
+  record.Set<"HGHT">(DistanceIn(site.height));
+  record.Set<"SCAL">(NullToOne(site.scale));
+  record.Set<"TRAX">(DistanceIn(NullToZero(site.east)));
+  record.Set<"TRAY">(DistanceIn(NullToZero(site.north)));
+  return Write();
 }
 
-bool CConvDCtoILJ::Carry(const tDC_PROJECTIONRecord& projection) {
-  const auto* plane = StartPlane(projection);
-  return plane != nullptr && Write(*plane);
+bool DcToIlj::CarryRecord(const tDC_PROJECTIONRecord& projection) {
+  return StartPlane(projection) && Write();
 }
 
-bool CConvDCtoILJ::Carry(tDC_PROJECTION_EXTRecord& projection) {
-  auto* plane = StartPlane(projection);
-  if (plane == nullptr) return false;
-  Mapper::MapProjectionOriginCenter(projection.flagA, plane->Get<F::PJCT>(), Mapper::kFromDc);
-  Mapper::MapProjectionAzimuthFormat(projection.flagB, plane->Get<F::PJAF>(), Mapper::kFromDc);
-  Mapper::MapProjectionFlag(projection.flagC, plane->Get<F::NUMB>(), Mapper::kFromDc);
-  Mapper::MapProjectionArea(projection.flagD, plane->Get<F::PJAE>(), Mapper::kFromDc);
-  plane->Set<F::FIL1>(projection.gridFileName);
-  plane->Set<F::FIL2>(projection.shiftFileName);
-  return Write(*plane);
+bool DcToIlj::CarryRecord(tDC_PROJECTION_EXTRecord& projection) {
+  const auto plane = StartPlane(projection);
+  if (!plane) return false;
+  Mapper::MapProjectionOriginCenter(projection.flagA, plane->Get<"PJCT">(), Mapper::kFromDc);
+  Mapper::MapProjectionAzimuthFormat(projection.flagB, plane->Get<"PJAF">(), Mapper::kFromDc);
+  Mapper::MapProjectionFlag(projection.flagC, plane->Get<"NUMB">(), Mapper::kFromDc);
+  Mapper::MapProjectionArea(projection.flagD, plane->Get<"PJAE">(), Mapper::kFromDc);
+  plane->Set<"FIL1">(projection.gridFileName);
+  plane->Set<"FIL2">(projection.shiftFileName);
+  return Write();
 }
 
 template <class Projection>
-CMoskoJobRecordProjectionMappingPlane* CConvDCtoILJ::StartPlane(const Projection& projection) {
-  if (projection.projectionCode == L'1' || projection.projectionCode == L'>') return nullptr;
+std::optional<CMoskoJobRecordProjectionMappingPlane> DcToIlj::StartPlane(
+    const Projection& projection) {
+  if (projection.projectionCode == L'1' || projection.projectionCode == L'>') return {};
   const std::int32_t kind = ProjectionIdFromCode(projection.projectionCode);
-  auto& plane = Start<R::PRJMP>();
-  plane.Set<F::MPTY>(kind);
-  plane.Set<F::LATI>(Radians(projection.originLatitude));
-  plane.Set<F::LONG>(Radians(projection.originLongitude));
-  plane.Set<F::HGHT>(DistanceIn(projection.originNorthing));
-  plane.Set<F::NRTH>(DistanceIn(projection.falseNorthing));
-  plane.Set<F::EAST>(DistanceIn(projection.falseEasting));
-  plane.Set<F::ELEV>(DistanceIn(projection.originEasting));
-  plane.Set<F::SCAL>(projection.scale);
+  const auto plane = Start<CMoskoJobRecordProjectionMappingPlane>();
+  plane.Set<"MPTY">(kind);
+  plane.Set<"LATI">(Radians(projection.originLatitude));
+  plane.Set<"LONG">(Radians(projection.originLongitude));
+  plane.Set<"HGHT">(DistanceIn(projection.originNorthing));
+  plane.Set<"NRTH">(DistanceIn(projection.falseNorthing));
+  plane.Set<"EAST">(DistanceIn(projection.falseEasting));
+  plane.Set<"ELEV">(DistanceIn(projection.originEasting));
+  plane.Set<"SCAL">(projection.scale);
   if (ilj::HasSkewAxis(kind)) {
-    plane.Set<F::LAT1>(AngleIn(projection.parallel1));
+    plane.Set<"LAT1">(AngleIn(projection.parallel1));
   } else {
-    plane.Set<F::LAT1>(Radians(projection.parallel1));
-    plane.Set<F::LAT2>(Radians(projection.parallel2));
+    plane.Set<"LAT1">(Radians(projection.parallel1));
+    plane.Set<"LAT2">(Radians(projection.parallel2));
   }
-  return &plane;
+  return plane;
 }
 
-bool CConvDCtoILJ::Carry(tDC_COORDINATE_SYSTEMRecord& system) {
-  auto& names = Start<R::PRJCS>();
-  Mapper::MapSystemKind(system.systemKind, names.Get<F::PJCO>(), Mapper::kFromDc);
-  names.Set<F::PJZG>(system.zoneGroupName);
-  names.Set<F::PJRE>(system.zoneName);
-  names.Set<F::PJDN>(system.datumName);
-  return Write(names);
+bool DcToIlj::CarryRecord(tDC_COORDINATE_SYSTEMRecord& system) {
+  const auto names = Start<CMoskoJobRecordProjectionSystemName>();
+  Mapper::MapSystemKind(system.systemKind, names.Get<"PJCO">(), Mapper::kFromDc);
+  names.Set<"PJZG">(system.zoneGroupName);
+  names.Set<"PJRE">(system.zoneName);
+  names.Set<"PJDN">(system.datumName);
+  return Write();
 }
 
 // An adjustment of nothing is left out. The number 2 as method, not the character, takes the
 // numbers away; in a text file that is a control character.
-bool CConvDCtoILJ::Carry(tDC_VERTICAL_ADJUSTRecord& adjust) {
-  auto& record = Start<R::PRJVA>();
-  record.Set<F::TRAZ>(DistanceIn(adjust.constantShift));
-  record.Set<F::NRTH>(DistanceIn(adjust.originNorth));
-  record.Set<F::EAST>(DistanceIn(adjust.originEast));
-  record.Set<F::PJRE>(adjust.geoidFileName);
-  record.Set<F::TINO>(adjust.slopeNorth);
-  record.Set<F::TIEA>(adjust.slopeEast);
-  Mapper::MapVerticalAdjust(adjust.method, record.Get<F::PJVA>(), Mapper::kFromDc);
+bool DcToIlj::CarryRecord(tDC_VERTICAL_ADJUSTRecord& adjust) {
+  const auto record = Start<CMoskoJobRecordProjectionVerticalAdjust>();
+  record.Set<"PJRE">(adjust.geoidFileName);
+  Mapper::MapVerticalAdjust(adjust.method, record.Get<"PJVA">(), Mapper::kFromDc);
   constexpr wchar_t kNoNumbers = 2;
-  if (adjust.method == kNoNumbers) {
-    record.Get<F::NRTH>().Clear();
-    record.Get<F::EAST>().Clear();
-    record.Get<F::TIEA>().Clear();
-    record.Get<F::TINO>().Clear();
-    record.Get<F::TRAZ>().Clear();
+  if (adjust.method != kNoNumbers) {
+    record.Set<"TRAZ">(DistanceIn(adjust.constantShift));
+    record.Set<"NRTH">(DistanceIn(adjust.originNorth));
+    record.Set<"EAST">(DistanceIn(adjust.originEast));
+    record.Set<"TINO">(adjust.slopeNorth);
+    record.Set<"TIEA">(adjust.slopeEast);
   }
-  const auto isNothing = [](double value) { return value < kNullLimit; };
-  if (isNothing(record.Value<F::TRAZ>()) && isNothing(record.Value<F::NRTH>()) &&
-      isNothing(record.Value<F::EAST>()) && isNothing(record.Value<F::TINO>()) &&
-      isNothing(record.Value<F::TIEA>()) && !record.HasValid<F::PJRE>()) {
-    return true;
-  }
-  return Write(record);
+  const auto numbers = {record.Value<"TRAZ">(), record.Value<"NRTH">(), record.Value<"EAST">(),
+                        record.Value<"TINO">(), record.Value<"TIEA">()};
+  const bool hasNumber = std::any_of(numbers.begin(), numbers.end(),
+                                     [](double value) { return !(value < kNullLimit); });
+  return (!hasNumber && !record.HasAll<"PJRE">()) || Write();
 }
 
-bool CConvDCtoILJ::Carry(tDC_COGORecord& settings) {
-  auto& record = Start<R::PRJCG>();
-  Mapper::MapAzimuthOrigin(settings.azimuthOrigin, record.Get<F::PJAZ>(), Mapper::kFromDc);
-  Mapper::MapGridOrientation(settings.gridOrientation, record.Get<F::PJGO>(), Mapper::kFromDc);
-  return Write(record);
+bool DcToIlj::CarryRecord(tDC_COGORecord& settings) {
+  const auto record = Start<CMoskoJobRecordProjectionCogoSettings>();
+  Mapper::MapAzimuthOrigin(settings.azimuthOrigin, record.Get<"PJAZ">(), Mapper::kFromDc);
+  Mapper::MapGridOrientation(settings.gridOrientation, record.Get<"PJGO">(), Mapper::kFromDc);
+  return Write();
 }
 
-double CConvDCtoILJ::DistanceIn(double value) const {
-  if (!m_header) return DC_NULL;
-  switch (m_header->distanceUnit) {
-    case 1:
-      return value;
-    case 2:
-      return kMetresPerFoot * value;
-    case 3:
-      return kMetresPerUsFoot * value;
-    default:
-      return DC_NULL;
-  }
+// The header's digits count from 1, ILJ's numbers of the same units from 0.
+double DcToIlj::DistanceIn(double value) const {
+  const auto unit = LinearUnitOfIlj(m_header ? m_header->distanceUnit - 1 : -1);
+  return unit ? value * ToMetres(1, *unit) : DC_NULL;
 }
 
-double CConvDCtoILJ::AngleIn(double value) const {
-  constexpr std::int32_t kDegrees = 1;
-  constexpr std::int32_t kGons = 2;
-  const std::int32_t unit = m_header ? m_header->angleUnit : 0;
-  if (unit == kGons) return value * (kPi / 200);
-  return unit != kDegrees && IsNull(value) ? value : Radians(value);
+// Without a known unit degrees, but null stays as it is.
+double DcToIlj::AngleIn(double value) const {
+  const auto unit = AngularUnitOfIlj(m_header ? m_header->angleUnit - 1 : -1);
+  if (!unit && IsNull(value)) return value;
+  return RadiansIn(value, unit.value_or(AngularUnit::DecimalDegrees));
+}
+
+}  // namespace
+
+bool CConvDCtoILJ::Convert(CDcFile& dcFile, CTextFile& iljFile, Report& report) {
+  return DcToIlj(dcFile, iljFile, report.messages).Run();
 }
 
 }  // namespace zelconvert

@@ -1,22 +1,30 @@
 #include "ilj/CConvILJtoDC.h"
 
+#include <algorithm>
 #include <cmath>
-#include <iterator>
+#include <cstdint>
+#include <initializer_list>
+#include <string>
+#include <string_view>
 
+#include "convert/CConvertProgress.h"
+#include "dc/CDcFile.h"
+#include "dc/DcUnits.h"
 #include "dc/ProjectionCodes.h"
 #include "ilj/CIljDcEnumMapper.h"
+#include "ilj/CMoskoJobRecord.h"
+#include "ilj/IljUnits.h"
+#include "io/CTextFile.h"
 #include "io/Clock.h"
+#include "io/HandlerTable.h"
 #include "io/Numbers.h"
-#include "io/Strings.h"
-#include "io/Units.h"
 
 namespace zelconvert {
 namespace {
 
-using F = IljFieldType;
-using R = IljRecordType;
 using Mapper = CIljDcEnumMapper;
 
+// What a user is told, beside the texts of a record that can't be read or carried over.
 constexpr std::wstring_view kScanFailed =
     L"Initial Scan Through Ilj file Failed. Probable formatting error.";
 constexpr std::wstring_view kNoJobMode =
@@ -26,8 +34,13 @@ constexpr std::size_t kNameLength = 16;      // of a point
 constexpr std::size_t kFileNameLength = 8;   // of logged data
 constexpr std::size_t kLongNameLength = 32;  // of zones, datums and grids
 
-constexpr double Degrees(double radians) {
-  return radians * 180 / kPi;
+bool AreLongNames(std::initializer_list<std::wstring_view> names) {
+  return std::all_of(names.begin(), names.end(),
+                     [](std::wstring_view name) { return name.size() <= kLongNameLength; });
+}
+
+double Degrees(double radians) {
+  return FromRadians(radians, AngularUnit::DecimalDegrees);
 }
 
 // The parts per million by which a factor differs from 1. Null and what is no factor give 0.
@@ -44,129 +57,8 @@ std::wstring_view BareName(std::wstring_view path) {
   return name.substr(0, name.rfind(L'.'));
 }
 
-}  // namespace
-
-// By the number of the record; unknown tags (number 0) are read as the record with the units.
-const CConvILJtoDC::Handler CConvILJtoDC::kHandlers[] = {
-    {&CConvILJtoDC::Run<R::JOBMO>, true},   // unknown
-    {&CConvILJtoDC::Run<R::JOBMO>, true},   // JOBMO
-    {&CConvILJtoDC::Run<R::JOBFI>, false},  //
-    {&CConvILJtoDC::Run<R::UNOTE>, false},  //
-    {&CConvILJtoDC::Run<R::SNOTE>, false},  //
-    {&CConvILJtoDC::Run<R::POINT>, false},  //
-    {&CConvILJtoDC::Run<R::SUSTR>, false},  //
-    {nullptr, false},                       // SUSEN
-    {nullptr, false},                       // SUSTN
-    {nullptr, false},                       // SUMCT
-    {nullptr, false},                       // SUKDI
-    {nullptr, false},                       // SUEND
-    {nullptr, false},                       // ANTEN
-    {&CConvILJtoDC::Run<R::SUGQC>, false},  //
-    {&CConvILJtoDC::Run<R::OSTGD>, false},  //
-    {&CConvILJtoDC::Run<R::OSTGV>, false},  //
-    {&CConvILJtoDC::Run<R::OSTOC>, false},  //
-    {&CConvILJtoDC::Run<R::OSTHI>, false},  //
-    {&CConvILJtoDC::Run<R::OSTLA>, false},  //
-    {&CConvILJtoDC::Run<R::OSTHR>, false},  //
-    {&CConvILJtoDC::Run<R::PRJCS>, true},   //
-    {&CConvILJtoDC::Run<R::PRJDT>, true},   //
-    {&CConvILJtoDC::Run<R::PRJEL>, true},   //
-    {&CConvILJtoDC::Run<R::PRJHA>, true},   //
-    {&CConvILJtoDC::Run<R::PRJVA>, true},   //
-    {&CConvILJtoDC::Run<R::PRJMP>, true},   //
-    {&CConvILJtoDC::Run<R::PRJST>, true},   //
-    {&CConvILJtoDC::Run<R::PRJCG>, true},   //
-};
-
-bool CConvILJtoDC::Convert(CDcFile& dcFile, CTextFile& iljFile, StringList& messages,
-                           StringList& /*files*/) {
-  static_assert(std::size(kHandlers) == std::size(kIljRecordTags));
-  m_pFile1 = &iljFile;
-  m_pFile2 = &dcFile;
-  CConvertProgress progress;
-  progress.Start();
-  if (!InitialScan()) {
-    messages.emplace_back(kScanFailed);
-    return false;
-  }
-  if (m_jobMode.Value<F::UNDI>() == -1) {
-    messages.emplace_back(kNoJobMode);
-    return false;
-  }
-  WriteHead();
-  return CarryLines(progress, messages) && !iljFile.HasReadFailed();
-}
-
-// False at a line that is no record: one without a tab.
-bool CConvILJtoDC::InitialScan() {
-  m_pFile1->Rewind();
-  while (m_pFile1->ReadString(m_strLine)) {
-    const std::wstring_view line = m_strLine;
-    const std::size_t tab = line.find(L'\t');
-    if (tab == std::wstring_view::npos) return false;
-    ScanRecord(static_cast<R>(kIljRecordMap.GetType(line.substr(0, tab))), line.substr(tab + 1));
-  }
-  return true;
-}
-
-// The last JOBMO counts, valid or not; a PRJCG that isn't valid takes back the one before it. The
-// other kinds are read for their dates alone: one that no calendar has ends the conversion before
-// anything is written.
-void CConvILJtoDC::ScanRecord(IljRecordType type, std::wstring_view fields) {
-  switch (type) {
-    case R::JOBMO:
-      m_jobMode.ParseText(fields);
-      break;
-    case R::PRJCG:
-      if (!m_cogoSettings.ParseText(fields)) m_cogoSettings.ClearFields();
-      break;
-    case R::JOBFI:
-    case R::POINT:
-    case R::SUSTR:
-    case R::SUSEN:
-    case R::SUSTN:
-    case R::SUMCT:
-    case R::SUEND:
-    case R::ANTEN:
-      m_records.Find(type).ParseMoments(fields);
-      break;
-    default:
-      break;
-  }
-}
-
-// Header, and two records without which some readers take the file for none of theirs.
-void CConvILJtoDC::WriteHead() {
-  struct HeaderUnits {
-    std::int32_t distance, third, fourth;
-  };
-  constexpr HeaderUnits kUnits[] = {{1, 1, 1}, {2, 2, 1}, {3, 3, 2}};  // by UNDI
-
-  tDC_HEADERRecord header;
-  header.version = L"FX V10";
-  header.dateTime = HeaderTime();
-  header.angleUnit = m_jobMode.Value<F::UNAN>() == 1 ? 2 : 1;
-  if (m_jobMode.HasValid<F::UNDI>()) {
-    const HeaderUnits& units = kUnits[m_jobMode.Value<F::UNDI>()];
-    header.distanceUnit = units.distance;
-    header.thirdUnit = units.third;
-    header.fourthUnit = units.fourth;
-  }
-  header.sixthUnit = 2;
-  m_pFile2->Write(header);
-
-  tDC_RECEIVER_Record receiver;
-  receiver.text1 = L"Fake";
-  receiver.text2 = L"Fake";
-  m_pFile2->Write(receiver);
-
-  tDC_ANTENNA_HEIGHTRecord antenna;
-  antenna.flag = 1;
-  m_pFile2->Write(antenna);
-}
-
 // "13-Mar-26 14:15", unlike the time that job files get.
-std::wstring CConvILJtoDC::HeaderTime() const {
+std::wstring HeaderTime() {
   constexpr std::wstring_view kMonths[] = {L"Jan", L"Feb", L"Mar", L"Apr", L"May", L"Jun",
                                            L"Jul", L"Aug", L"Sep", L"Oct", L"Nov", L"Dec"};
   const platform::LocalTime now = CurrentLocalTime();
@@ -183,404 +75,572 @@ std::wstring CConvILJtoDC::HeaderTime() const {
   return text;
 }
 
-bool CConvILJtoDC::CarryLines(CConvertProgress& progress, StringList& messages) {
-  m_pFile1->Rewind();
-  for (m_nRecord = 0; m_pFile1->ReadString(m_strLine); ++m_nRecord) {
-    const std::wstring_view line = m_strLine;
+// One run.
+class IljToDc {
+ public:
+  IljToDc(CDcFile& dc, CTextFile& ilj, StringList& messages)
+      : m_dc(dc), m_ilj(ilj), m_messages(messages) {}
+
+  bool Run();
+
+ private:
+  enum Scan : bool { kUnscanned, kScanned };
+  enum Failure : bool { kGoesOn, kFatal };
+  struct Row {
+    Scan scan;        // whether the first pass reads its dates
+    Failure failure;  // whether the run ends with a line that isn't valid or can't be carried over
+    bool (IljToDc::*carry)();  // false if it can't be carried over; null: has no DC form
+  };
+  static const Row& RowOf(IljRecordType type);
+
+  bool InitialScan();
+  void ScanRecord(IljRecordType type, std::wstring_view fields);
+  void TakeUnits();
+  void WriteHead();
+  bool CarryLines(CConvertProgress& progress);
+  bool CarryLine(IljRecordType type, std::wstring_view fields);
+
+  // One for each record that is carried over: m_record, which is valid.
+  bool CarryJobMode() { return true; }  // its units are the header's
+  bool CarrySupportFile();
+  bool CarryUserNote() { return WriteNote(CMoskoJobRecordUserNote(m_record), L"KI"); }
+  bool CarrySystemNote() { return WriteNote(CMoskoJobRecordSystemNote(m_record), L"TM"); }
+  bool CarryPoint();
+  bool CarrySurveyStart();
+  bool CarryGpsQuality();
+  bool CarryGroundObservation();
+  bool CarryGroundVector();
+  bool CarryOccupiedPoint();
+  bool CarryInstrumentHeight();
+  bool CarryLaserObservation();
+  bool CarryTargetHeight();
+  bool CarrySystemName();
+  bool CarryDatum();
+  bool CarryEllipsoid();
+  bool CarryHorizontalAdjust();
+  bool CarryVerticalAdjust();
+  bool CarryMappingPlane();
+  bool CarryLocalSite();
+  bool CarryCogoSettings();
+
+  template <class Note>
+  bool WriteNote(Note record, std::wstring_view subtype);
+  bool WriteDataFile(std::wstring_view path);
+  template <class Position>
+  bool WriteGeodetic(Position& position, CMoskoJobRecordPoint point);
+  bool WriteGrid(CMoskoJobRecordPoint point);
+  bool WriteDatumGrid(CMoskoJobRecordProjectionDatum datum);
+  template <class Projection>
+  void FillProjection(Projection& projection, CMoskoJobRecordProjectionMappingPlane plane) const;
+
+  // Units of the DC file. Null if the job's aren't known.
+  double DistanceOut(double metres) const;
+  double AngleOut(double radians) const;
+  /// From an angle anticlockwise from grid east to a clockwise one from north or south; null if it
+  /// isn't known from which.
+  double AzimuthOut(double radians) const;
+  /// The azimuth of an observation that may have none.
+  double AzimuthOut(CMoskoJobRecordFieldAngleAzimuth angle) const {
+    return angle.IsValid() ? AzimuthOut(angle.GetValue()) : DC_NULL;
+  }
+  /// From an angle above the horizon to one from the zenith.
+  double ZenithOut(double radians) const { return AngleOut(kPi / 2 - radians); }
+
+  CDcFile& m_dc;
+  CTextFile& m_ilj;
+  StringList& m_messages;
+
+  // What the first pass finds.
+  CMoskoJobRecord m_jobMode{CMoskoJobRecordJobMode::kType};
+  CMoskoJobRecord m_cogoSettings{CMoskoJobRecordProjectionCogoSettings::kType};
+  std::optional<LinearUnit> m_lengths;
+  std::optional<AngularUnit> m_angles;
+  std::optional<double> m_fromEast;  // radians: where azimuths count from
+
+  double m_lastTargetHeight = DC_NULL;  // metres; of the last one carried over
+
+  // Memory that is used again for every line.
+  std::wstring m_line;
+  CMoskoJobRecord m_record;
+  tDC_GRID_POSITIONRecord m_gridPosition;
+  tDC_GPS_POSITIONRecord m_gpsPosition;
+  tDC_LOCAL_POSITIONRecord m_localPosition;
+  int m_index = 0;  // of the line in the second pass, from 0
+};
+
+const IljToDc::Row& IljToDc::RowOf(IljRecordType type) {
+  using Self = IljToDc;
+  static constexpr auto kRows = MakeHandlerTable<kIljRecordTypes, IljRecordType, Row>({
+      {IljRecordType::None, {kUnscanned, kFatal, &Self::CarryJobMode}},
+      {IljRecordTypeOf("JOBMO"), {kUnscanned, kFatal, &Self::CarryJobMode}},
+      {IljRecordTypeOf("JOBFI"), {kScanned, kGoesOn, &Self::CarrySupportFile}},
+      {IljRecordTypeOf("UNOTE"), {kUnscanned, kGoesOn, &Self::CarryUserNote}},
+      {IljRecordTypeOf("SNOTE"), {kUnscanned, kGoesOn, &Self::CarrySystemNote}},
+      {IljRecordTypeOf("POINT"), {kScanned, kGoesOn, &Self::CarryPoint}},
+      {IljRecordTypeOf("SUSTR"), {kScanned, kGoesOn, &Self::CarrySurveyStart}},
+      {IljRecordTypeOf("SUSEN"), {kScanned, kGoesOn, nullptr}},
+      {IljRecordTypeOf("SUSTN"), {kScanned, kGoesOn, nullptr}},
+      {IljRecordTypeOf("SUMCT"), {kScanned, kGoesOn, nullptr}},
+      {IljRecordTypeOf("SUKDI"), {kUnscanned, kGoesOn, nullptr}},
+      {IljRecordTypeOf("SUEND"), {kScanned, kGoesOn, nullptr}},
+      {IljRecordTypeOf("ANTEN"), {kScanned, kGoesOn, nullptr}},
+      {IljRecordTypeOf("SUGQC"), {kUnscanned, kGoesOn, &Self::CarryGpsQuality}},
+      {IljRecordTypeOf("OSTGD"), {kUnscanned, kGoesOn, &Self::CarryGroundObservation}},
+      {IljRecordTypeOf("OSTGV"), {kUnscanned, kGoesOn, &Self::CarryGroundVector}},
+      {IljRecordTypeOf("OSTOC"), {kUnscanned, kGoesOn, &Self::CarryOccupiedPoint}},
+      {IljRecordTypeOf("OSTHI"), {kUnscanned, kGoesOn, &Self::CarryInstrumentHeight}},
+      {IljRecordTypeOf("OSTLA"), {kUnscanned, kGoesOn, &Self::CarryLaserObservation}},
+      {IljRecordTypeOf("OSTHR"), {kUnscanned, kGoesOn, &Self::CarryTargetHeight}},
+      {IljRecordTypeOf("PRJCS"), {kUnscanned, kFatal, &Self::CarrySystemName}},
+      {IljRecordTypeOf("PRJDT"), {kUnscanned, kFatal, &Self::CarryDatum}},
+      {IljRecordTypeOf("PRJEL"), {kUnscanned, kFatal, &Self::CarryEllipsoid}},
+      {IljRecordTypeOf("PRJHA"), {kUnscanned, kFatal, &Self::CarryHorizontalAdjust}},
+      {IljRecordTypeOf("PRJVA"), {kUnscanned, kFatal, &Self::CarryVerticalAdjust}},
+      {IljRecordTypeOf("PRJMP"), {kUnscanned, kFatal, &Self::CarryMappingPlane}},
+      {IljRecordTypeOf("PRJST"), {kUnscanned, kFatal, &Self::CarryLocalSite}},
+      {IljRecordTypeOf("PRJCG"), {kUnscanned, kFatal, &Self::CarryCogoSettings}},
+  });
+  static_assert(kRows.IsComplete());
+  return *kRows.Find(type);
+}
+
+bool IljToDc::Run() {
+  CConvertProgress progress;
+  progress.Start();
+  if (!InitialScan()) {
+    m_messages.emplace_back(kScanFailed);
+    return false;
+  }
+  if (CMoskoJobRecordJobMode(m_jobMode).Value<"UNDI">() == -1) {
+    m_messages.emplace_back(kNoJobMode);
+    return false;
+  }
+  TakeUnits();
+  WriteHead();
+  return CarryLines(progress) && !m_ilj.HasReadFailed();
+}
+
+// False at a line that is no record: one without a tab.
+bool IljToDc::InitialScan() {
+  m_ilj.Rewind();
+  while (m_ilj.ReadString(m_line)) {
+    const std::wstring_view line = m_line;
     const std::size_t tab = line.find(L'\t');
-    if (tab == std::wstring_view::npos) return true;  // the file has changed since the first pass
-    progress.SetPosition(m_pFile1->GetPosition(), m_pFile1->GetLength());
-    if (!CarryLine(line.substr(0, tab), line.substr(tab + 1), messages)) return false;
+    if (tab == std::wstring_view::npos) return false;
+    ScanRecord(static_cast<IljRecordType>(kIljRecordMap.GetType(line.substr(0, tab))),
+               line.substr(tab + 1));
   }
   return true;
 }
 
-bool CConvILJtoDC::CarryLine(std::wstring_view tag, std::wstring_view fields,
-                             StringList& messages) {
-  const auto type = static_cast<std::size_t>(kIljRecordMap.GetType(tag));
-  const Handler& handler = kHandlers[type];
-  if (handler.run == nullptr) return true;
-  const Outcome outcome = (this->*handler.run)(fields);
-  if (outcome == Outcome::Carried) return true;
-  const std::wstring_view label =
-      kIljRecordTags[type == 0 ? static_cast<std::size_t>(R::JOBMO) : type];
-  messages.push_back(outcome == Outcome::Unreadable ? FormatRecordReadError(m_nRecord, label)
-                                                    : FormatRecordParseError(m_nRecord, label));
-  return !handler.fatal;
+// The last JOBMO counts, valid or not; a PRJCG that isn't valid takes back the one before it. Other
+// kinds are read for their dates alone: one that no calendar has ends the conversion before
+// anything is written.
+void IljToDc::ScanRecord(IljRecordType type, std::wstring_view fields) {
+  if (type == m_jobMode.GetRecordType()) {
+    m_jobMode.ParseText(fields);
+  } else if (type == m_cogoSettings.GetRecordType()) {
+    if (!m_cogoSettings.ParseText(fields)) m_cogoSettings.ClearFields();
+  } else if (RowOf(type).scan == kScanned) {
+    m_record.Restart(type);
+    m_record.ParseMoments(fields);
+  }
 }
 
-template <IljRecordType Type>
-CConvILJtoDC::Outcome CConvILJtoDC::Run(std::wstring_view fields) {
-  IljRecord<Type>& record = m_records.Get<Type>();
-  if (!record.ParseText(fields)) return Outcome::Unreadable;
-  return Carry(record) ? Outcome::Carried : Outcome::Refused;
+void IljToDc::TakeUnits() {
+  const CMoskoJobRecordJobMode jobMode(m_jobMode);
+  m_lengths = LinearUnitOfIlj(jobMode.Value<"UNDI">());
+  m_angles = AngularUnitOfIlj(jobMode.Value<"UNAN">());
+  const std::int32_t origin = CMoskoJobRecordProjectionCogoSettings(m_cogoSettings).Value<"PJAZ">();
+  if (origin == 1) m_fromEast = kPi / 2;
+  if (origin == 2) m_fromEast = 3 * kPi / 2;
 }
 
-// Its units are those of the header, which the first pass has made sure of.
-bool CConvILJtoDC::Carry(CMoskoJobRecordJobMode& /*record*/) {
+// Header, and two records without which some readers take the file for none of theirs.
+void IljToDc::WriteHead() {
+  tDC_HEADERRecord header;
+  header.version = L"FX V10";
+  header.dateTime = HeaderTime();
+  header.angleUnit = DcDigit(m_angles.value_or(AngularUnit::DecimalDegrees));
+  header.distanceUnit = header.thirdUnit = DcDigit(m_lengths.value_or(LinearUnit::Metre));
+  header.fourthUnit = m_lengths == LinearUnit::UsSurveyFoot ? 2 : 1;
+  header.sixthUnit = 2;
+  m_dc.Write(header);
+
+  tDC_RECEIVER_Record receiver;
+  receiver.text1 = L"Fake";
+  receiver.text2 = L"Fake";
+  m_dc.Write(receiver);
+
+  tDC_ANTENNA_HEIGHTRecord antenna;
+  antenna.flag = 1;
+  m_dc.Write(antenna);
+}
+
+bool IljToDc::CarryLines(CConvertProgress& progress) {
+  m_ilj.Rewind();
+  for (m_index = 0; m_ilj.ReadString(m_line); ++m_index) {
+    const std::wstring_view line = m_line;
+    const std::size_t tab = line.find(L'\t');
+    if (tab == std::wstring_view::npos) return true;  // the file has changed since the first pass
+    progress.SetPosition(m_ilj.GetPosition(), m_ilj.GetLength());
+    const std::int32_t number = kIljRecordMap.GetType(line.substr(0, tab));
+    if (!CarryLine(static_cast<IljRecordType>(number), line.substr(tab + 1))) return false;
+  }
   return true;
 }
 
-bool CConvILJtoDC::Carry(CMoskoJobRecordJobSupportFile& record) {
-  constexpr std::int32_t kSurveyData = 2;
-  return record.Value<F::FITY>() == kSurveyData && WriteDataFile(record.Value<F::FILE>());
+// A line of an unknown tag is read as one with the units.
+bool IljToDc::CarryLine(IljRecordType type, std::wstring_view fields) {
+  const Row& row = RowOf(type);
+  if (row.carry == nullptr) return true;
+  if (type == IljRecordType::None) type = CMoskoJobRecordJobMode::kType;
+  m_record.Restart(type);
+  const bool isValid = m_record.ParseText(fields);
+  if (isValid && (this->*row.carry)()) return true;
+  const std::wstring_view label = IljLayoutOf(type).tag.View();
+  m_messages.push_back(isValid ? FormatRecordParseError(m_index, label)
+                               : FormatRecordReadError(m_index, label));
+  return row.failure == kGoesOn;
 }
 
-bool CConvILJtoDC::Carry(CMoskoJobRecordUserNote& record) {
+// What all points and observations have.
+template <class Dc, class Record>
+void FillDescription(Dc& dc, Record record) {
+  dc.code = record.template Value<"DESC">();
+  Mapper::MapOrigin(dc.method, record.template Get<"CDOR">(), Mapper::kToDc);
+  Mapper::MapClass(dc.classification, record.template Get<"CDCL">(), Mapper::kToDc);
+}
+
+bool IljToDc::CarrySupportFile() {
+  const CMoskoJobRecordJobSupportFile record(m_record);
+  return record.Value<"FITY">() == ilj::kSurveyData && WriteDataFile(record.Value<"FILE">());
+}
+
+// The writer keeps the first 60 characters.
+template <class Note>
+bool IljToDc::WriteNote(Note record, std::wstring_view subtype) {
   tDC_NOTERecord note;
-  note.text = record.Value<F::NOTE>();  // the writer keeps the first 60 characters
-  m_pFile2->Write(note, L"KI");
+  note.text = record.template Value<"NOTE">();
+  m_dc.Write(note, subtype);
   return true;
 }
 
-bool CConvILJtoDC::Carry(CMoskoJobRecordSystemNote& record) {
-  tDC_NOTERecord note;
-  note.text = record.Value<F::NOTE>();
-  m_pFile2->Write(note, L"TM");
-  return true;
-}
-
-bool CConvILJtoDC::Carry(CMoskoJobRecordPoint& record) {
-  switch (record.Value<F::CDTY>()) {
+bool IljToDc::CarryPoint() {
+  const CMoskoJobRecordPoint point(m_record);
+  switch (point.Value<"CDTY">()) {
     case ilj::kGpsCoordinates:
-      FillPosition(m_gpsPosition, record);
-      m_pFile2->Write(m_gpsPosition);
-      return true;
+      return WriteGeodetic(m_gpsPosition, point);
     case ilj::kLocalCoordinates:
-      FillPosition(m_localPosition, record);
-      m_pFile2->Write(m_localPosition);
-      return true;
+      return WriteGeodetic(m_localPosition, point);
     case ilj::kGridCoordinates:
-      return CarryGridPoint(record);
+      return WriteGrid(point);
     default:  // a point without a position has no DC form
       return false;
   }
 }
 
 template <class Position>
-void CConvILJtoDC::FillPosition(Position& position, CMoskoJobRecordPoint& point) const {
-  position.subtype = point.Value<F::DERV>();
-  position.name = point.Value<F::PTNM>();
-  position.coord1 = Degrees(point.Value<F::LATI>());
-  position.coord2 = Degrees(point.Value<F::LONG>());
-  position.coord3 = DistanceOut(point.Value<F::HGHT>());
-  position.code = point.Value<F::DESC>();
-  Mapper::MapOrigin(position.method, point.Get<F::CDOR>(), Mapper::kToDc);
-  Mapper::MapClass(position.classification, point.Get<F::CDCL>(), Mapper::kToDc);
+bool IljToDc::WriteGeodetic(Position& position, CMoskoJobRecordPoint point) {
+  position.subtype = point.Value<"DERV">();
+  position.name = point.Value<"PTNM">();
+  position.coord1 = Degrees(point.Value<"LATI">());
+  position.coord2 = Degrees(point.Value<"LONG">());
+  position.coord3 = DistanceOut(point.Value<"HGHT">());
+  FillDescription(position, point);
+  m_dc.Write(position);
+  return true;
 }
 
 // Here the description must fit its column; that of the other positions is cut.
-bool CConvILJtoDC::CarryGridPoint(CMoskoJobRecordPoint& point) {
-  if (point.Value<F::DESC>().size() > kNameLength) return false;
+bool IljToDc::WriteGrid(CMoskoJobRecordPoint point) {
+  if (point.Value<"DESC">().size() > kNameLength) return false;
   tDC_GRID_POSITIONRecord& position = m_gridPosition;
-  position.subtype = point.Value<F::DERV>();
-  position.name = point.Value<F::PTNM>();
-  position.north = DistanceOut(point.Value<F::NRTH>());
-  position.east = DistanceOut(point.Value<F::EAST>());
-  position.elevation = DistanceOut(point.Value<F::ELEV>());
-  position.code = point.Value<F::DESC>();
-  Mapper::MapOrigin(position.method, point.Get<F::CDOR>(), Mapper::kToDc);
-  Mapper::MapClass(position.classification, point.Get<F::CDCL>(), Mapper::kToDc);
-  m_pFile2->Write(position);
+  position.subtype = point.Value<"DERV">();
+  position.name = point.Value<"PTNM">();
+  position.north = DistanceOut(point.Value<"NRTH">());
+  position.east = DistanceOut(point.Value<"EAST">());
+  position.elevation = DistanceOut(point.Value<"ELEV">());
+  FillDescription(position, point);
+  m_dc.Write(position);
   return true;
 }
 
 // Tells where the data of a survey lies. A file of the first kind is left out when the start of its
 // logging is known.
-bool CConvILJtoDC::Carry(CMoskoJobRecordSurveyStart& record) {
+bool IljToDc::CarrySurveyStart() {
   constexpr std::int32_t kFirstKind = 1;
   constexpr std::int32_t kThirdKind = 3;
-  const std::int32_t kind = record.Value<F::LODT>();
-  const bool named =
-      kind == kThirdKind || (kind == kFirstKind && !record.HasValid<F::DAST, F::TIST>());
-  return !named || WriteDataFile(record.Value<F::FILE>());
+  const CMoskoJobRecordSurveyStart record(m_record);
+  const std::int32_t kind = record.Value<"LODT">();
+  const bool named = kind == kThirdKind || (kind == kFirstKind && !record.HasAll<"DAST", "TIST">());
+  return !named || WriteDataFile(record.Value<"FILE">());
 }
 
-bool CConvILJtoDC::WriteDataFile(const std::wstring& path) {
+bool IljToDc::WriteDataFile(std::wstring_view path) {
   const std::wstring_view name = BareName(path);
   if (name.size() > kFileNameLength) return false;
   tDC_POST_PROCESSRecord file;
   file.text = name;
-  m_pFile2->Write(file);
+  m_dc.Write(file);
   return true;
 }
 
 // Start week and end second, end week and start second: the pairs are crossed in this route. The
 // precisions stay in metres.
-bool CConvILJtoDC::Carry(CMoskoJobRecordSurveyGpsQC& record) {
+bool IljToDc::CarryGpsQuality() {
+  const CMoskoJobRecordSurveyGpsQC record(m_record);
   tDC_SETUP_Record quality;
-  quality.flag = record.HasValid<F::NUMI>() ? record.Value<F::NUMI>() : 0;
-  quality.relative = record.Value<F::NUMB>() == 1;
-  quality.value1 = record.Value<F::PDOP>();
-  quality.value2 = record.Value<F::HDOP>();
-  quality.value3 = record.Value<F::VDOP>();
-  quality.value4 = record.Value<F::NUMR>();
-  quality.number1 = record.Value<F::EPCT>();
-  quality.value5 = record.Value<F::HDST>();
-  quality.value6 = record.Value<F::VDST>();
-  quality.number2 = record.Value<F::GPWS>();
-  quality.value7 = record.Value<F::GPSE>();
-  quality.number3 = record.Value<F::GPWE>();
-  quality.value8 = record.Value<F::GPSS>();
-  Mapper::MapInitMonitor(quality.digit, record.Get<F::IMON>(), Mapper::kToDc);
-  m_pFile2->Write(quality);
+  quality.flag = record.HasAll<"NUMI">() ? record.Value<"NUMI">() : 0;
+  quality.relative = record.Value<"NUMB">() == 1;
+  quality.value1 = record.Value<"PDOP">();
+  quality.value2 = record.Value<"HDOP">();
+  quality.value3 = record.Value<"VDOP">();
+  quality.value4 = record.Value<"NUMR">();
+  quality.number1 = record.Value<"EPCT">();
+  quality.value5 = record.Value<"HDST">();
+  quality.value6 = record.Value<"VDST">();
+  quality.number2 = record.Value<"GPWS">();
+  quality.value7 = record.Value<"GPSE">();
+  quality.number3 = record.Value<"GPWE">();
+  quality.value8 = record.Value<"GPSS">();
+  Mapper::MapInitMonitor(quality.digit, record.Get<"IMON">(), Mapper::kToDc);
+  m_dc.Write(quality);
   return true;
 }
 
-bool CConvILJtoDC::Carry(CMoskoJobRecordOffsetGroundObservation& record) {
+bool IljToDc::CarryGroundObservation() {
+  const CMoskoJobRecordOffsetGroundObservation record(m_record);
   tDC_ANGLE_DISTANCERecord observation;
-  observation.subtype = record.Value<F::DERV>();
-  observation.from = record.Value<F::OCPT>();
-  observation.to = record.Value<F::PTNM>();
-  observation.distance = DistanceOut(record.Value<F::SDST>());
-  observation.angle1 = AzimuthOut(record.Get<F::ANGA>());
-  observation.angle2 = ZenithOut(record.Value<F::ANGV>());
-  observation.code = record.Value<F::DESC>();
-  Mapper::MapOrigin(observation.method, record.Get<F::CDOR>(), Mapper::kToDc);
-  Mapper::MapClass(observation.classification, record.Get<F::CDCL>(), Mapper::kToDc);
-  m_pFile2->Write(observation);
+  observation.subtype = record.Value<"DERV">();
+  observation.from = record.Value<"OCPT">();
+  observation.to = record.Value<"PTNM">();
+  observation.distance = DistanceOut(record.Value<"SDST">());
+  observation.angle1 = AzimuthOut(record.Get<"ANGA">());
+  observation.angle2 = ZenithOut(record.Value<"ANGV">());
+  FillDescription(observation, record);
+  m_dc.Write(observation);
   return true;
 }
 
-bool CConvILJtoDC::Carry(CMoskoJobRecordOffsetGroundVector& record) {
+bool IljToDc::CarryGroundVector() {
+  const CMoskoJobRecordOffsetGroundVector record(m_record);
   tDC_VECTORRecord vector;
-  vector.from = record.Value<F::OCPT>();
-  vector.to = record.Value<F::PTNM>();
-  vector.azimuth = AzimuthOut(record.Get<F::ANGA>());
-  vector.horizontalDistance = DistanceOut(record.Value<F::HDST>());
-  vector.verticalDistance = DistanceOut(record.Value<F::VDST>());
-  vector.code = record.Value<F::DESC>();
-  Mapper::MapOrigin(vector.method, record.Get<F::CDOR>(), Mapper::kToDc);
-  Mapper::MapClass(vector.classification, record.Get<F::CDCL>(), Mapper::kToDc);
-  m_pFile2->Write(vector);
+  vector.from = record.Value<"OCPT">();
+  vector.to = record.Value<"PTNM">();
+  vector.azimuth = AzimuthOut(record.Get<"ANGA">());
+  vector.horizontalDistance = DistanceOut(record.Value<"HDST">());
+  vector.verticalDistance = DistanceOut(record.Value<"VDST">());
+  FillDescription(vector, record);
+  m_dc.Write(vector);
   return true;
 }
 
-bool CConvILJtoDC::Carry(CMoskoJobRecordOffsetOccupyPoint& record) {
+bool IljToDc::CarryOccupiedPoint() {
   tDC_NAMERecord occupied;
-  occupied.name = record.Value<F::OCPT>();
-  m_pFile2->Write(occupied);
+  occupied.name = CMoskoJobRecordOffsetOccupyPoint(m_record).Value<"OCPT">();
+  m_dc.Write(occupied);
   return true;
 }
 
-bool CConvILJtoDC::Carry(CMoskoJobRecordOffsetHeightInstrument& record) {
+bool IljToDc::CarryInstrumentHeight() {
   tDC_STATION_HEIGHTRecord height;
-  height.height = DistanceOut(record.Value<F::HTIN>());
-  m_pFile2->Write(height);
+  height.height = DistanceOut(CMoskoJobRecordOffsetHeightInstrument(m_record).Value<"HTIN">());
+  m_dc.Write(height);
   return true;
 }
 
 // Whether there is a declination goes by the azimuth, not by the declination's own field: without
-// an azimuth it is lost, and one that is missing goes through the formula all the same. The
-// receivers of these files have always had it so.
-bool CConvILJtoDC::Carry(CMoskoJobRecordOffsetLaserObservation& record) {
+// an azimuth it is lost, and one that is missing goes through the formula all the same.
+bool IljToDc::CarryLaserObservation() {
+  const CMoskoJobRecordOffsetLaserObservation record(m_record);
   tDC_ANGLE_DISTANCE_KEYEDRecord observation;
-  observation.name = record.Value<F::PTNM>();
-  observation.angle1 = AzimuthOut(record.Get<F::ANGA>());
-  observation.angle2 = ZenithOut(record.Value<F::ANGV>());
-  observation.distance = DistanceOut(record.Value<F::SDST>());
-  observation.height = record.HasValid<F::ANGA>() ? AzimuthOut(record.Value<F::ANGD>()) : DC_NULL;
-  observation.code = record.Value<F::DESC>();
-  Mapper::MapOrigin(observation.method, record.Get<F::CDOR>(), Mapper::kToDc);
-  Mapper::MapClass(observation.classification, record.Get<F::CDCL>(), Mapper::kToDc);
-  m_pFile2->Write(observation);
+  observation.name = record.Value<"PTNM">();
+  observation.angle1 = AzimuthOut(record.Get<"ANGA">());
+  observation.angle2 = ZenithOut(record.Value<"ANGV">());
+  observation.distance = DistanceOut(record.Value<"SDST">());
+  observation.height = record.HasAll<"ANGA">() ? AzimuthOut(record.Value<"ANGD">()) : DC_NULL;
+  FillDescription(observation, record);
+  m_dc.Write(observation);
   return true;
 }
 
 // Unlike the instrument's, a target height is written only when it changes.
-bool CConvILJtoDC::Carry(CMoskoJobRecordOffsetHeightTarget& record) {
+bool IljToDc::CarryTargetHeight() {
   constexpr double kSame = 1e-12;
-  const double metres = record.Value<F::HTTG>();
+  const double metres = CMoskoJobRecordOffsetHeightTarget(m_record).Value<"HTTG">();
   if (std::fabs(metres - m_lastTargetHeight) < kSame) return true;
+  m_lastTargetHeight = metres;
   tDC_TARGET_HEIGHTRecord height;
   height.height = DistanceOut(metres);
-  m_pFile2->Write(height);
-  m_lastTargetHeight = metres;
+  m_dc.Write(height);
   return true;
 }
 
-bool CConvILJtoDC::Carry(CMoskoJobRecordProjectionSystemName& record) {
+bool IljToDc::CarrySystemName() {
+  const CMoskoJobRecordProjectionSystemName record(m_record);
   tDC_COORDINATE_SYSTEMRecord system;
-  Mapper::MapSystemKind(system.systemKind, record.Get<F::PJCO>(), Mapper::kToDc);
-  system.zoneGroupName = BareName(record.Value<F::PJZG>());
-  system.zoneName = BareName(record.Value<F::PJRE>());
-  system.datumName = BareName(record.Value<F::PJDN>());
-  if (system.zoneGroupName.size() > kLongNameLength || system.zoneName.size() > kLongNameLength ||
-      system.datumName.size() > kLongNameLength) {
-    return false;
-  }
-  m_pFile2->Write(system);
+  Mapper::MapSystemKind(system.systemKind, record.Get<"PJCO">(), Mapper::kToDc);
+  system.zoneGroupName = BareName(record.Value<"PJZG">());
+  system.zoneName = BareName(record.Value<"PJRE">());
+  system.datumName = BareName(record.Value<"PJDN">());
+  if (!AreLongNames({system.zoneGroupName, system.zoneName, system.datumName})) return false;
+  m_dc.Write(system);
   return true;
 }
 
-bool CConvILJtoDC::Carry(CMoskoJobRecordProjectionDatum& record) {
-  if (record.Value<F::PJDT>() == ilj::kDatumGridFile) return CarryDatumGrid(record);
+bool IljToDc::CarryDatum() {
+  const CMoskoJobRecordProjectionDatum record(m_record);
+  if (record.Value<"PJDT">() == ilj::kDatumGridFile) return WriteDatumGrid(record);
   tDC_DATUMRecord datum;
-  Mapper::MapDatumCode(datum.datumCode, record.Get<F::PJDT>(), Mapper::kToDc);
-  datum.semiMajorAxis = DistanceOut(record.Value<F::HDST>());
-  datum.inverseFlattening = record.Value<F::NUMR>();
+  Mapper::MapDatumCode(datum.datumCode, record.Get<"PJDT">(), Mapper::kToDc);
+  datum.semiMajorAxis = DistanceOut(record.Value<"HDST">());
+  datum.inverseFlattening = record.Value<"NUMR">();
   const bool turned = datum.datumCode == L'2';
   // Code '3' stands for no transformation and carries the shifts all the same.
   const bool shifted = turned || datum.datumCode == L'3';
-  datum.shiftX = DistanceOut(shifted ? record.Value<F::TRAX>() : 0);
-  datum.shiftY = DistanceOut(shifted ? record.Value<F::TRAY>() : 0);
-  datum.shiftZ = DistanceOut(shifted ? record.Value<F::TRAZ>() : 0);
-  datum.rotationX = AngleOut(turned ? record.Value<F::ROTX>() : 0);
-  datum.rotationY = AngleOut(turned ? record.Value<F::ROTY>() : 0);
-  datum.rotationZ = AngleOut(turned ? record.Value<F::ROTZ>() : 0);
-  datum.scale = ScaleOutPpm(turned ? record.Value<F::SCPP>() : 0);
-  m_pFile2->Write(datum);
+  datum.shiftX = DistanceOut(shifted ? record.Value<"TRAX">() : 0);
+  datum.shiftY = DistanceOut(shifted ? record.Value<"TRAY">() : 0);
+  datum.shiftZ = DistanceOut(shifted ? record.Value<"TRAZ">() : 0);
+  datum.rotationX = AngleOut(turned ? record.Value<"ROTX">() : 0);
+  datum.rotationY = AngleOut(turned ? record.Value<"ROTY">() : 0);
+  datum.rotationZ = AngleOut(turned ? record.Value<"ROTZ">() : 0);
+  datum.scale = ScaleOutPpm(turned ? record.Value<"SCPP">() : 0);
+  m_dc.Write(datum);
   return true;
 }
 
-bool CConvILJtoDC::CarryDatumGrid(const CMoskoJobRecordProjectionDatum& datum) {
+bool IljToDc::WriteDatumGrid(CMoskoJobRecordProjectionDatum datum) {
   tDC_DATUM_GRIDRecord grid;
-  grid.fileName = datum.Value<F::PJDN>();
-  if (grid.fileName.size() > kLongNameLength) return false;
-  m_pFile2->Write(grid);
+  grid.fileName = datum.Value<"PJDN">();
+  if (!AreLongNames({grid.fileName})) return false;
+  m_dc.Write(grid);
   return true;
 }
 
-bool CConvILJtoDC::Carry(CMoskoJobRecordProjectionEllipsoid& record) {
+bool IljToDc::CarryEllipsoid() {
+  const CMoskoJobRecordProjectionEllipsoid record(m_record);
   tDC_ELLIPSOIDRecord ellipsoid;
-  ellipsoid.semiMajorAxis = DistanceOut(record.Value<F::HDST>());
-  ellipsoid.inverseFlattening = record.Value<F::NUMR>();
-  m_pFile2->Write(ellipsoid);
+  ellipsoid.semiMajorAxis = DistanceOut(record.Value<"HDST">());
+  ellipsoid.inverseFlattening = record.Value<"NUMR">();
+  m_dc.Write(ellipsoid);
   return true;
 }
 
-bool CConvILJtoDC::Carry(CMoskoJobRecordProjectionHorizontalAdjust& record) {
+bool IljToDc::CarryHorizontalAdjust() {
+  const CMoskoJobRecordProjectionHorizontalAdjust record(m_record);
   tDC_HORIZONTAL_ADJUSTRecord adjust;
-  adjust.originNorth = DistanceOut(record.Value<F::NRTH>());
-  adjust.originEast = DistanceOut(record.Value<F::EAST>());
-  adjust.translateNorth = DistanceOut(record.Value<F::TRAY>());
-  adjust.translateEast = DistanceOut(record.Value<F::TRAX>());
-  adjust.rotation = AngleOut(record.Value<F::ROTZ>());
-  adjust.scale = record.Value<F::SCAL>();
-  m_pFile2->Write(adjust);
+  adjust.originNorth = DistanceOut(record.Value<"NRTH">());
+  adjust.originEast = DistanceOut(record.Value<"EAST">());
+  adjust.translateNorth = DistanceOut(record.Value<"TRAY">());
+  adjust.translateEast = DistanceOut(record.Value<"TRAX">());
+  adjust.rotation = AngleOut(record.Value<"ROTZ">());
+  adjust.scale = record.Value<"SCAL">();
+  m_dc.Write(adjust);
   return true;
 }
 
-bool CConvILJtoDC::Carry(CMoskoJobRecordProjectionVerticalAdjust& record) {
-  const std::int32_t kind = record.Value<F::PJVA>();
+bool IljToDc::CarryVerticalAdjust() {
+  const CMoskoJobRecordProjectionVerticalAdjust record(m_record);
+  const std::int32_t kind = record.Value<"PJVA">();
   tDC_VERTICAL_ADJUSTRecord adjust;
-  Mapper::MapVerticalAdjust(adjust.method, record.Get<F::PJVA>(), Mapper::kToDc);
-  adjust.originNorth = DistanceOut(record.Value<F::NRTH>());
-  adjust.originEast = DistanceOut(record.Value<F::EAST>());
-  adjust.constantShift = DistanceOut(record.Value<F::TRAZ>());
-  adjust.slopeNorth = record.Value<F::TINO>();
-  adjust.slopeEast = record.Value<F::TIEA>();
-  adjust.geoidFileName = BareName(record.Value<F::PJRE>());
+  Mapper::MapVerticalAdjust(adjust.method, record.Get<"PJVA">(), Mapper::kToDc);
+  adjust.originNorth = DistanceOut(record.Value<"NRTH">());
+  adjust.originEast = DistanceOut(record.Value<"EAST">());
+  adjust.constantShift = DistanceOut(record.Value<"TRAZ">());
+  adjust.slopeNorth = record.Value<"TINO">();
+  adjust.slopeEast = record.Value<"TIEA">();
+  adjust.geoidFileName = BareName(record.Value<"PJRE">());
   if (kind == ilj::kVerticalGeoid || kind == ilj::kVerticalNone) {
     const double none = kind == ilj::kVerticalNone ? DC_NULL : 0;
     adjust.originNorth = adjust.originEast = adjust.constantShift = DistanceOut(none);
     adjust.slopeNorth = adjust.slopeEast = none;
   }
   if (kind == ilj::kVerticalNone) adjust.geoidFileName.clear();
-  if (adjust.geoidFileName.size() > kLongNameLength) return false;
-  m_pFile2->Write(adjust);
+  if (!AreLongNames({adjust.geoidFileName})) return false;
+  m_dc.Write(adjust);
   return true;
 }
 
-bool CConvILJtoDC::Carry(CMoskoJobRecordProjectionMappingPlane& record) {
-  if (!record.HasAnyValid<F::FIL2, F::FIL1, F::NUMB, F::PJCT, F::PJAF, F::PJAE>()) {
+bool IljToDc::CarryMappingPlane() {
+  const CMoskoJobRecordProjectionMappingPlane record(m_record);
+  if (!record.HasAny<"FIL2", "FIL1", "NUMB", "PJCT", "PJAF", "PJAE">()) {
     tDC_PROJECTIONRecord projection;
     FillProjection(projection, record);
-    m_pFile2->Write(projection);
+    m_dc.Write(projection);
     return true;
   }
   tDC_PROJECTION_EXTRecord projection;
   FillProjection(projection, record);
-  Mapper::MapProjectionOriginCenter(projection.flagA, record.Get<F::PJCT>(), Mapper::kToDc);
-  Mapper::MapProjectionAzimuthFormat(projection.flagB, record.Get<F::PJAF>(), Mapper::kToDc);
-  Mapper::MapProjectionFlag(projection.flagC, record.Get<F::NUMB>(), Mapper::kToDc);
-  Mapper::MapProjectionArea(projection.flagD, record.Get<F::PJAE>(), Mapper::kToDc);
-  projection.gridFileName = BareName(record.Value<F::FIL1>());
-  projection.shiftFileName = BareName(record.Value<F::FIL2>());
-  if (projection.gridFileName.size() > kLongNameLength ||
-      projection.shiftFileName.size() > kLongNameLength) {
-    return false;
-  }
-  m_pFile2->Write(projection);
+  Mapper::MapProjectionOriginCenter(projection.flagA, record.Get<"PJCT">(), Mapper::kToDc);
+  Mapper::MapProjectionAzimuthFormat(projection.flagB, record.Get<"PJAF">(), Mapper::kToDc);
+  Mapper::MapProjectionFlag(projection.flagC, record.Get<"NUMB">(), Mapper::kToDc);
+  Mapper::MapProjectionArea(projection.flagD, record.Get<"PJAE">(), Mapper::kToDc);
+  projection.gridFileName = BareName(record.Value<"FIL1">());
+  projection.shiftFileName = BareName(record.Value<"FIL2">());
+  if (!AreLongNames({projection.gridFileName, projection.shiftFileName})) return false;
+  m_dc.Write(projection);
   return true;
 }
 
 template <class Projection>
-void CConvILJtoDC::FillProjection(Projection& projection,
-                                  const CMoskoJobRecordProjectionMappingPlane& plane) const {
-  const std::int32_t kind = plane.Value<F::MPTY>();
+void IljToDc::FillProjection(Projection& projection,
+                             CMoskoJobRecordProjectionMappingPlane plane) const {
+  const std::int32_t kind = plane.Value<"MPTY">();
   const bool skew = ilj::HasSkewAxis(kind);
   projection.projectionCode = ProjectionCodeFromId(static_cast<std::uint16_t>(kind));
-  projection.originLatitude = Degrees(plane.Value<F::LATI>());
-  projection.originLongitude = Degrees(plane.Value<F::LONG>());
-  projection.originNorthing = DistanceOut(plane.Value<F::HGHT>());
-  projection.falseNorthing = DistanceOut(plane.Value<F::NRTH>());
-  projection.falseEasting = DistanceOut(plane.Value<F::EAST>());
-  projection.originEasting = DistanceOut(plane.Value<F::ELEV>());
-  projection.scale = plane.Value<F::SCAL>();
-  projection.parallel1 = skew ? AngleOut(plane.Value<F::LAT1>()) : Degrees(plane.Value<F::LAT1>());
-  projection.parallel2 = skew ? 0 : Degrees(plane.Value<F::LAT2>());
+  projection.originLatitude = Degrees(plane.Value<"LATI">());
+  projection.originLongitude = Degrees(plane.Value<"LONG">());
+  projection.originNorthing = DistanceOut(plane.Value<"HGHT">());
+  projection.falseNorthing = DistanceOut(plane.Value<"NRTH">());
+  projection.falseEasting = DistanceOut(plane.Value<"EAST">());
+  projection.originEasting = DistanceOut(plane.Value<"ELEV">());
+  projection.scale = plane.Value<"SCAL">();
+  projection.parallel1 = skew ? AngleOut(plane.Value<"LAT1">()) : Degrees(plane.Value<"LAT1">());
+  projection.parallel2 = skew ? 0 : Degrees(plane.Value<"LAT2">());
 }
 
-bool CConvILJtoDC::Carry(CMoskoJobRecordProjectionLocalSite& record) {
+bool IljToDc::CarryLocalSite() {
+  const CMoskoJobRecordProjectionLocalSite record(m_record);
   tDC_LOCAL_SITERecord site;
-  site.latitude = Degrees(record.Value<F::LATI>());
-  site.longitude = Degrees(record.Value<F::LONG>());
-  site.height = DistanceOut(record.Value<F::HGHT>());
-  site.scale = record.Value<F::SCAL>();
-  site.north = DistanceOut(record.Value<F::TRAY>());
-  site.east = DistanceOut(record.Value<F::TRAX>());
-  m_pFile2->Write(site);
+  site.latitude = Degrees(record.Value<"LATI">());
+  site.longitude = Degrees(record.Value<"LONG">());
+  site.height = DistanceOut(record.Value<"HGHT">());
+  site.scale = record.Value<"SCAL">();
+  site.north = DistanceOut(record.Value<"TRAY">());
+  site.east = DistanceOut(record.Value<"TRAX">());
+  m_dc.Write(site);
   return true;
 }
 
-bool CConvILJtoDC::Carry(CMoskoJobRecordProjectionCogoSettings& record) {
+bool IljToDc::CarryCogoSettings() {
+  const CMoskoJobRecordProjectionCogoSettings record(m_record);
   tDC_COGORecord settings;
-  Mapper::MapAzimuthOrigin(settings.azimuthOrigin, record.Get<F::PJAZ>(), Mapper::kToDc);
-  Mapper::MapGridOrientation(settings.gridOrientation, record.Get<F::PJGO>(), Mapper::kToDc);
-  m_pFile2->Write(settings);
+  Mapper::MapAzimuthOrigin(settings.azimuthOrigin, record.Get<"PJAZ">(), Mapper::kToDc);
+  Mapper::MapGridOrientation(settings.gridOrientation, record.Get<"PJGO">(), Mapper::kToDc);
+  m_dc.Write(settings);
   return true;
 }
 
-double CConvILJtoDC::DistanceOut(double metres) const {
-  switch (m_jobMode.Value<F::UNDI>()) {
-    case kMetres:
-      return metres;
-    case kInternationalFeet:
-      return metres * kFeetPerMetre;
-    case kUsSurveyFeet:
-      return metres * kUsFeetPerMetre;
-    default:
-      return DC_NULL;
-  }
+double IljToDc::DistanceOut(double metres) const {
+  return m_lengths ? FromMetres(metres, *m_lengths) : DC_NULL;
 }
 
-double CConvILJtoDC::AngleOut(double radians) const {
-  switch (m_jobMode.Value<F::UNAN>()) {
-    case 0:
-      return Degrees(radians);
-    case 1:
-      return radians * 200 / kPi;
-    default:
-      return DC_NULL;
-  }
+double IljToDc::AngleOut(double radians) const {
+  return m_angles ? FromRadians(radians, *m_angles) : DC_NULL;
 }
 
-double CConvILJtoDC::AzimuthOut(double radians) const {
-  const std::int32_t origin = m_cogoSettings.Value<F::PJAZ>();
-  if (origin != 1 && origin != 2) return DC_NULL;
-  const double fromEast = origin == 1 ? kPi / 2 : 3 * kPi / 2;
-  double azimuth = std::fmod(fromEast - radians, 2 * kPi);
+double IljToDc::AzimuthOut(double radians) const {
+  if (!m_fromEast) return DC_NULL;
+  double azimuth = std::fmod(*m_fromEast - radians, 2 * kPi);
   if (azimuth < 0) azimuth += 2 * kPi;
   return AngleOut(azimuth);
 }
 
-double CConvILJtoDC::AzimuthOut(const CMoskoJobRecordFieldAngleAzimuth& angle) const {
-  return angle.IsValid() ? AzimuthOut(angle.GetValue()) : DC_NULL;
-}
+}  // namespace
 
-double CConvILJtoDC::ZenithOut(double radians) const {
-  return AngleOut(kPi / 2 - radians);
+bool CConvILJtoDC::Convert(CDcFile& dcFile, CTextFile& iljFile, Report& report) {
+  return IljToDc(dcFile, iljFile, report.messages).Run();
 }
 
 }  // namespace zelconvert

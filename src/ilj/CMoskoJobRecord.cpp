@@ -1,13 +1,11 @@
 #include "ilj/CMoskoJobRecord.h"
 
-#include <initializer_list>
+#include <algorithm>
 
 #include "io/CivilTime.h"
 
 namespace zelconvert {
 namespace {
-
-using F = IljFieldType;
 
 // Takes what stands before the first separator off `rest`, and the separator with it.
 std::wstring_view TakeUntil(std::wstring_view& rest, wchar_t separator) {
@@ -17,27 +15,86 @@ std::wstring_view TakeUntil(std::wstring_view& rest, wchar_t separator) {
   return taken;
 }
 
-bool IsOneOf(std::int32_t value, std::initializer_list<std::int32_t> list) {
-  for (const std::int32_t one : list) {
-    if (value == one) return true;
-  }
-  return false;
+IljFieldType TypeOf(std::wstring_view tag) {
+  return static_cast<IljFieldType>(kIljFieldMap.GetType(tag));
 }
 
 }  // namespace
 
-bool CMoskoJobRecord::ParseField(std::wstring_view text) {
-  const std::wstring_view tag = TakeUntil(text, L':');
-  const int index = (*m_pIndices)[static_cast<std::size_t>(kIljFieldMap.GetType(tag))];
-  if (index < 0) return false;
-  GetField(index)->SetText(text);
+bool ilj::IsWholePoint(const CMoskoJobRecord& point) {
+  if (!point.HasAll("CDTY")) {
+    return !point.HasAny("NRTH EAST ELEV LATI LONG HGHT") && point.HasAny("DESC CDOR CDCL");
+  }
+  if (!point.HasAll("CDOR CDCL")) return false;
+  switch (point.GetInteger(IljFieldTypeOf("CDTY"))) {
+    case kGpsCoordinates:
+    case kLocalCoordinates:
+      return point.HasAll("LATI LONG HGHT");
+    case kGridCoordinates:
+      return point.HasAll("NRTH EAST") || point.HasAll("ELEV");
+    default:
+      return false;
+  }
+}
+
+void CMoskoJobRecord::Restart(IljRecordType type) {
+  m_recordType = type;
+  const IljFieldList& fields = Layout().fields;
+  for (std::size_t i = 0; i < fields.Size(); ++i) {
+    GetField(static_cast<int>(i))->Restart(fields.Type(i));
+  }
+}
+
+void CMoskoJobRecord::ClearFields() {
+  for (int i = 0; CMoskoJobRecordField* field = GetField(i); ++i) field->Clear();
+}
+
+CMoskoJobRecordField* CMoskoJobRecord::GetField(int index) {
+  if (index < 0 || static_cast<std::size_t>(index) >= Layout().fields.Size()) return nullptr;
+  if (index == 0) return &m_date;
+  return index == 1 ? &m_time : &m_others[static_cast<std::size_t>(index) - 2];
+}
+
+bool CMoskoJobRecord::HasAll(const IljFieldList& fields) const {
+  for (std::size_t i = 0; i < fields.Size(); ++i) {
+    const CMoskoJobRecordField* field = Find(fields.Type(i));
+    if (field == nullptr || !field->IsValid()) return false;
+  }
   return true;
 }
 
-std::wstring CMoskoJobRecord::ToText() const {
-  std::wstring line;
-  AppendText(line);
-  return line;
+bool CMoskoJobRecord::HasAny(const IljFieldList& fields) const {
+  for (std::size_t i = 0; i < fields.Size(); ++i) {
+    const CMoskoJobRecordField* field = Find(fields.Type(i));
+    if (field != nullptr && field->IsValid()) return true;
+  }
+  return false;
+}
+
+std::int32_t CMoskoJobRecord::GetInteger(IljFieldType type) const {
+  return static_cast<std::int32_t>(Find(type)->GetNumber());
+}
+
+bool CMoskoJobRecord::IsValid() const {
+  const IljRecordLayout& layout = Layout();
+  for (std::size_t i = 0; i < layout.fields.Size(); ++i) {
+    if (layout.fields.IsRequired(i) && !GetField(static_cast<int>(i))->IsValid()) return false;
+  }
+  for (const IljCondition& condition : layout.conditions) {
+    const auto end = condition.values.begin() + static_cast<std::ptrdiff_t>(condition.count);
+    const bool applies =
+        std::find(condition.values.begin(), end, GetInteger(condition.decider)) != end;
+    if (applies && !HasAll(condition.fields)) return false;
+  }
+  return layout.rule == nullptr || layout.rule(*this);
+}
+
+bool CMoskoJobRecord::ParseField(std::wstring_view text) {
+  const std::wstring_view tag = TakeUntil(text, L':');
+  CMoskoJobRecordField* field = GetField(Layout().fields.Find(TypeOf(tag)));
+  if (field == nullptr) return false;
+  field->SetText(text);
+  return true;
 }
 
 bool CMoskoJobRecord::ParseText(std::wstring_view text) {
@@ -49,86 +106,38 @@ bool CMoskoJobRecord::ParseText(std::wstring_view text) {
 void CMoskoJobRecord::ParseMoments(std::wstring_view text) {
   while (!text.empty()) {
     const std::wstring_view field = TakeUntil(text, L'\t');
-    const auto type =
-        static_cast<IljFieldType>(kIljFieldMap.GetType(field.substr(0, field.find(L':'))));
-    const IljFieldKind kind = IljLayoutOf(type).kind;
+    const IljFieldKind kind = IljLayoutOf(TypeOf(field.substr(0, field.find(L':')))).form.kind;
     if (kind == IljFieldKind::Date || kind == IljFieldKind::Time) ParseField(field);
   }
 }
 
+void CMoskoJobRecord::AppendText(std::wstring& line) const {
+  line.append(Layout().tag.View());
+  line.push_back(L'\t');
+  for (int i = 0; const CMoskoJobRecordField* field = GetField(i); ++i) {
+    if (!field->IsValid()) continue;
+    field->AppendText(line);
+    if (GetField(i + 1) != nullptr) line.push_back(L'\t');
+  }
+}
+
+std::wstring CMoskoJobRecord::ToText() const {
+  std::wstring line;
+  AppendText(line);
+  return line;
+}
+
 void CMoskoJobRecord::SetDateTime(std::int64_t moment) {
-  m_date.SetValue(moment);
-  m_time.SetValue(moment);
+  m_date.SetNumber(static_cast<double>(moment));
+  m_time.SetNumber(static_cast<double>(moment));
 }
 
 std::int64_t CMoskoJobRecord::GetDateTime() const {
   if (!m_date.IsValid() || !m_time.IsValid()) return 0;
-  const CivilTime date = ToCivilTime(m_date.GetValue());
-  const CivilTime time = ToCivilTime(m_time.GetValue());
+  const CivilTime date = ToCivilTime(static_cast<std::int64_t>(m_date.GetNumber()));
+  const CivilTime time = ToCivilTime(static_cast<std::int64_t>(m_time.GetNumber()));
   return CivilSeconds(date.year, static_cast<int>(date.month), static_cast<int>(date.day),
                       time.hour, time.minute, time.second);
-}
-
-template <>
-bool CMoskoJobRecordJobSupportFile::ObeysRule() const {
-  constexpr std::int32_t kWithNumbers = 5;
-  return Value<F::FITY>() != kWithNumbers || HasValid<F::NUMI, F::NUMB>();
-}
-
-// A point holds a position of a kind it names, or only attributes and then at least one.
-template <>
-bool CMoskoJobRecordPoint::ObeysRule() const {
-  if (!HasValid<F::CDTY>()) {
-    return !HasAnyValid<F::NRTH, F::EAST, F::ELEV, F::LATI, F::LONG, F::HGHT>() &&
-           HasAnyValid<F::DESC, F::CDOR, F::CDCL>();
-  }
-  if (!HasValid<F::CDOR, F::CDCL>()) return false;
-  switch (Value<F::CDTY>()) {
-    case ilj::kGpsCoordinates:
-    case ilj::kLocalCoordinates:
-      return HasValid<F::LATI, F::LONG, F::HGHT>();
-    case ilj::kGridCoordinates:
-      return HasValid<F::NRTH, F::EAST>() || HasValid<F::ELEV>();
-    default:
-      return false;
-  }
-}
-
-template <>
-bool CMoskoJobRecordProjectionDatum::ObeysRule() const {
-  switch (Value<F::PJDT>()) {
-    case ilj::kDatumShifts:
-      return HasValid<F::HDST, F::NUMR, F::TRAX, F::TRAY, F::TRAZ>();
-    case ilj::kDatumSevenParameters:
-      return HasValid<F::HDST, F::NUMR, F::TRAX, F::TRAY, F::TRAZ>() &&
-             HasValid<F::ROTX, F::ROTY, F::ROTZ, F::SCPP>();
-    case ilj::kDatumGridFile:
-      return HasValid<F::PJDN>();
-    default:
-      return true;
-  }
-}
-
-template <>
-bool CMoskoJobRecordProjectionVerticalAdjust::ObeysRule() const {
-  const std::int32_t kind = Value<F::PJVA>();
-  const bool plane = kind == ilj::kVerticalPlane || kind == ilj::kVerticalPlaneAndGeoid;
-  const bool geoid = kind == ilj::kVerticalGeoid || kind == ilj::kVerticalPlaneAndGeoid;
-  return (!plane || HasValid<F::NRTH, F::EAST, F::TRAZ, F::TINO, F::TIEA>()) &&
-         (!geoid || HasValid<F::PJRE>());
-}
-
-template <>
-bool CMoskoJobRecordProjectionMappingPlane::ObeysRule() const {
-  const std::int32_t plane = Value<F::MPTY>();
-  const auto is = [plane](std::initializer_list<std::int32_t> list) {
-    return IsOneOf(plane, list);
-  };
-  return (!is({2050, 2052, 2053, 2055, 2056, 2057, 2059, 2062, 2067}) || HasValid<F::SCAL>()) &&
-         (!is({2049, 2051, 2056, 2067}) || HasValid<F::LAT1>()) &&
-         (!is({2066}) || HasValid<F::LAT1, F::LAT2>()) &&
-         (!ilj::HasSkewAxis(plane) || HasValid<F::PJCT, F::PJAF, F::NUMB>()) &&
-         (!is({2064}) || HasValid<F::PJAE>()) && (!is({2063}) || HasValid<F::FIL1, F::FIL2>());
 }
 
 }  // namespace zelconvert

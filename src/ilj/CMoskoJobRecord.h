@@ -1,88 +1,77 @@
-// The records of an ILJ file: a line of a tag and its fields, all separated by tabs, one class for
-// each of the 27 tags.
+// The records of an ILJ file: a line of a tag and its fields, all separated by tabs, of 27 tags. A
+// record is data: its type says which fields it has, and the tables here which of them it needs.
 #pragma once
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <iterator>
+#include <span>
 #include <string>
 #include <string_view>
-#include <tuple>
-#include <utility>
 
 #include "ilj/CMoskoJobRecordField.h"
 #include "ilj/IljTagMap.h"
 
 namespace zelconvert {
 
-// Number, tag, class (CMoskoJobRecord...) and fields of every record, in the order in which they
-// are written; a record without one of those marked "!" isn't valid. Rules beyond that are the
-// ObeysRule functions.
-// clang-format off
-#define ILJ_RECORDS(RECORD)                                                                        \
-  RECORD( 1, JOBMO, JobMode,                    "DATE! TIME! UNDI! UNAN! DESC!")                   \
-  RECORD( 2, JOBFI, JobSupportFile,             "DATE! TIME! FILE! FITY! NUMI NUMB")               \
-  RECORD( 3, UNOTE, UserNote,                   "DATE! TIME! NOTE!")                               \
-  RECORD( 4, SNOTE, SystemNote,                 "DATE! TIME! NOTE!")                               \
-  RECORD( 5, POINT, Point,                      "DATE! TIME! DERV! PTNM! DESC NRTH EAST ELEV "     \
-                                                "LATI LONG HGHT CDTY CDOR CDCL")                   \
-  RECORD( 6, SUSTR, SurveyStart,                "DATE! TIME! DERV! EQTY! EQSN! LODT LOEC! "        \
-                                                "LOIN! FILE! DAST TIST DAEN TIEN")                 \
-  RECORD( 7, SUSEN, SurveySetTimeEnd,           "DATE! TIME! DERV! EQSN! FILE! DAEN TIEN")         \
-  RECORD( 8, SUSTN, SurveyStation,              "DATE! TIME! DERV! EQSN! FILE! PTNM! DESC")        \
-  RECORD( 9, SUMCT, SurveyMotionControl,        "DATE! TIME! DERV! EQSN! FILE! LOMC!")             \
-  RECORD(10, SUKDI, SurveyKdi,                  "DATE! TIME! DERV! EQSN! FILE! FIL2 PTNM! "        \
-                                                "HDST! VDST! ROTZ")                                \
-  RECORD(11, SUEND, SurveyEnd,                  "DATE! TIME! DERV! EQSN! FILE!")                   \
-  RECORD(12, ANTEN, Antenna,                    "DATE! TIME! DERV! EQSN! FILE! ANTY! EQTY! "       \
-                                                "ANSN ANMK! DESC! HTIN! HDST VDST!")               \
-  RECORD(13, SUGQC, SurveyGpsQC,                "DATE! TIME! DERV! EQSN! FILE! PTNM! NUMI "        \
-                                                "NUMB! PDOP! HDOP! VDOP! NUMR! EPCT! HDST! "       \
-                                                "VDST! GPWS! GPSS! GPWE! GPSE! IMON!")             \
-  RECORD(14, OSTGD, OffsetGroundObservation,    "DATE! TIME! DERV! OCPT! PTNM! DESC SDST! "        \
-                                                "ANGV! ANGA CDOR! CDCL!")                          \
-  RECORD(15, OSTGV, OffsetGroundVector,         "DATE! TIME! DERV! OCPT! PTNM! DESC ANGA HDST! "   \
-                                                "VDST! CDOR! CDCL!")                               \
-  RECORD(16, OSTOC, OffsetOccupyPoint,          "DATE! TIME! DERV! OCPT!")                         \
-  RECORD(17, OSTHI, OffsetHeightInstrument,     "DATE! TIME! DERV! HTIN!")                         \
-  RECORD(18, OSTLA, OffsetLaserObservation,     "DATE! TIME! DERV! PTNM! DESC SDST! ANGV! ANGA "   \
-                                                "ANGD CDOR! CDCL!")                                \
-  RECORD(19, OSTHR, OffsetHeightTarget,         "DATE! TIME! DERV! HTTG!")                         \
-  RECORD(20, PRJCS, ProjectionSystemName,       "DATE! TIME! PJCO! PJZG! PJRE! PJDN!")             \
-  RECORD(21, PRJDT, ProjectionDatum,            "DATE! TIME! PJDT! PJDN HDST NUMR ROTX ROTY "      \
-                                                "ROTZ TRAX TRAY TRAZ SCPP")                        \
-  RECORD(22, PRJEL, ProjectionEllipsoid,        "DATE! TIME! PJRE! HDST! NUMR!")                   \
-  RECORD(23, PRJHA, ProjectionHorizontalAdjust, "DATE! TIME! NRTH EAST TRAY TRAX ROTZ SCAL")       \
-  RECORD(24, PRJVA, ProjectionVerticalAdjust,   "DATE! TIME! PJVA! NRTH EAST TRAZ TINO TIEA "      \
-                                                "PJRE")                                            \
-  RECORD(25, PRJMP, ProjectionMappingPlane,     "DATE! TIME! MPTY! LATI! LONG! HGHT NRTH! "        \
-                                                "EAST! ELEV SCAL LAT1 LAT2 PJCT PJAF NUMB PJAE "   \
-                                                "FIL1 FIL2")                                       \
-  RECORD(26, PRJST, ProjectionLocalSite,        "DATE! TIME! LATI LONG HGHT SCAL! TRAY! TRAX!")    \
-  RECORD(27, PRJCG, ProjectionCogoSettings,     "DATE TIME PJAZ! PJGO!")
-// clang-format on
+class CMoskoJobRecord;
 
-enum class IljRecordType : std::int32_t {
-  None = 0,
-#define ILJ_RECORD_NUMBER(number, tag, name, fields) tag = number,
-  ILJ_RECORDS(ILJ_RECORD_NUMBER)
-#undef ILJ_RECORD_NUMBER
-};
-
-/// Tags by record number.
-inline constexpr std::wstring_view kIljRecordTags[] = {L"",
-#define ILJ_RECORD_TAG(number, tag, name, fields) L## #tag,
-                                                       ILJ_RECORDS(ILJ_RECORD_TAG)
-#undef ILJ_RECORD_TAG
-};
-
-/// From a record's tag to its number: 0 for an unknown tag.
-class CMoskoJobRecordMap : public IljTagMap {
+/// Fields by their tags, blanks between them; "!" behind a tag marks one that is required.
+class IljFieldList {
  public:
-  constexpr CMoskoJobRecordMap() : IljTagMap(kIljRecordTags) {}
+  static constexpr std::size_t kMaxSize = 20;
+
+  template <std::size_t size>
+  consteval IljFieldList(const char (&text)[size]) {  // NOLINT: a literal is meant to convert
+    for (std::size_t at = 0; at + 1 < size; ++m_size) {
+      const char tag[] = {text[at], text[at + 1], text[at + 2], text[at + 3], 0};
+      m_types[m_size] = IljFieldTypeOf(tag);
+      at += 4;
+      m_isRequired[m_size] = text[at] == '!';
+      at += m_isRequired[m_size] ? 2 : 1;
+    }
+  }
+
+  constexpr std::size_t Size() const { return m_size; }
+  constexpr IljFieldType Type(std::size_t index) const { return m_types[index]; }
+  constexpr bool IsRequired(std::size_t index) const { return m_isRequired[index]; }
+  /// The place of a field; -1 if it isn't in the list.
+  constexpr int Find(IljFieldType type) const {
+    for (std::size_t i = 0; i < m_size; ++i) {
+      if (m_types[i] == type) return static_cast<int>(i);
+    }
+    return -1;
+  }
+
+ private:
+  std::array<IljFieldType, kMaxSize> m_types = {};
+  std::array<bool, kMaxSize> m_isRequired = {};
+  std::size_t m_size = 0;
 };
-inline constexpr CMoskoJobRecordMap kIljRecordMap;
+
+/// Fields that a record needs when its field `decider` holds one of some integers.
+struct IljCondition {
+  static constexpr std::size_t kMaxValues = 9;
+
+  template <std::size_t size>
+  consteval IljCondition(IljTag tag, const std::int32_t (&list)[size], IljFieldList needed)
+      : decider(IljFieldTypeOf(tag)), count(size), fields(needed) {
+    for (std::size_t i = 0; i < size; ++i) values[i] = list[i];
+  }
+
+  IljFieldType decider;
+  std::array<std::int32_t, kMaxValues> values = {};
+  std::size_t count;
+  IljFieldList fields;
+};
+
+/// A record's fields in the order in which they are written, and what makes it valid.
+struct IljRecordLayout {
+  IljTag tag;
+  IljFieldList fields = "";
+  std::span<const IljCondition> conditions = {};
+  bool (*rule)(const CMoskoJobRecord&) = nullptr;
+};
 
 namespace ilj {
 
@@ -101,260 +90,219 @@ inline constexpr std::int32_t kVerticalPlane = 1;
 inline constexpr std::int32_t kVerticalGeoid = 2;
 inline constexpr std::int32_t kVerticalPlaneAndGeoid = 3;
 inline constexpr std::int32_t kVerticalNone = 4;
+/// FITY: a file of data to be processed later, and one that has numbers.
+inline constexpr std::int32_t kSurveyData = 2;
+inline constexpr std::int32_t kFileWithNumbers = 5;
 /// MPTY: a plane along a skew axis, whose azimuth stands in place of the first standard parallel.
 constexpr bool HasSkewAxis(std::int32_t plane) {
   return plane == 2056 || plane == 2067;
 }
 
-struct FieldUse {
-  IljFieldType type = IljFieldType::None;
-  bool required = false;
+inline constexpr IljCondition kSupportFileConditions[] = {
+    {"FITY", {kFileWithNumbers}, "NUMI NUMB"},
 };
-
-/// The fields of a record, out of their text in the table above.
-struct FieldOrder {
-  static constexpr std::size_t kMaxFields = 20;
-  std::array<FieldUse, kMaxFields> uses = {};
-  std::size_t count = 0;
-
-  constexpr explicit FieldOrder(std::string_view text) {
-    while (!text.empty()) {
-      wchar_t tag[kIljTagLength] = {};
-      for (std::size_t i = 0; i < kIljTagLength; ++i) tag[i] = static_cast<wchar_t>(text[i]);
-      text.remove_prefix(kIljTagLength);
-      FieldUse& use = uses[count++];
-      use.type = static_cast<IljFieldType>(kIljFieldMap.GetType({tag, kIljTagLength}));
-      use.required = !text.empty() && text.front() == '!';
-      if (use.required) text.remove_prefix(1);
-      if (!text.empty()) text.remove_prefix(1);
-    }
-  }
+inline constexpr IljCondition kDatumConditions[] = {
+    {"PJDT", {kDatumShifts, kDatumSevenParameters}, "HDST NUMR TRAX TRAY TRAZ"},
+    {"PJDT", {kDatumSevenParameters}, "ROTX ROTY ROTZ SCPP"},
+    {"PJDT", {kDatumGridFile}, "PJDN"},
 };
-
-inline constexpr FieldOrder kFieldOrders[] = {FieldOrder(""),
-#define ILJ_RECORD_FIELDS(number, tag, name, fields) FieldOrder(fields),
-                                              ILJ_RECORDS(ILJ_RECORD_FIELDS)
-#undef ILJ_RECORD_FIELDS
+inline constexpr IljCondition kVerticalAdjustConditions[] = {
+    {"PJVA", {kVerticalPlane, kVerticalPlaneAndGeoid}, "NRTH EAST TRAZ TINO TIEA"},
+    {"PJVA", {kVerticalGeoid, kVerticalPlaneAndGeoid}, "PJRE"},
 };
+inline constexpr IljCondition kMappingPlaneConditions[] = {
+    {"MPTY", {2050, 2052, 2053, 2055, 2056, 2057, 2059, 2062, 2067}, "SCAL"},
+    {"MPTY", {2049, 2051, 2056, 2067}, "LAT1"},
+    {"MPTY", {2066}, "LAT1 LAT2"},
+    {"MPTY", {2056, 2067}, "PJCT PJAF NUMB"},
+    {"MPTY", {2064}, "PJAE"},
+    {"MPTY", {2063}, "FIL1 FIL2"},
+};
+/// A point holds a position of a kind it names, or only attributes and then at least one.
+bool IsWholePoint(const CMoskoJobRecord& point);
 
-constexpr const FieldOrder& OrderOf(IljRecordType type) {
-  return kFieldOrders[static_cast<std::size_t>(type)];
-}
-
-// A misspelled tag in the table has no number.
-static_assert([] {
-  for (const FieldOrder& order : kFieldOrders) {
-    for (std::size_t i = 0; i < order.count; ++i) {
-      if (order.uses[i].type == IljFieldType::None) return false;
-    }
-  }
-  return true;
-}());
-
-/// By field number: where the field stands in the record, or -1.
-using FieldIndices = std::array<std::int8_t, std::size(kIljFieldTags)>;
-constexpr FieldIndices IndicesOf(const FieldOrder& order) {
-  FieldIndices indices = {};
-  for (std::int8_t& index : indices) index = -1;
-  for (std::size_t i = 0; i < order.count; ++i) {
-    indices[static_cast<std::size_t>(order.uses[i].type)] = static_cast<std::int8_t>(i);
-  }
-  return indices;
-}
+/// By the number of the record.
+inline constexpr IljRecordLayout kRecords[] = {
+    {},  // no record
+    {"JOBMO", "DATE! TIME! UNDI! UNAN! DESC!"},
+    {"JOBFI", "DATE! TIME! FILE! FITY! NUMI NUMB", kSupportFileConditions},
+    {"UNOTE", "DATE! TIME! NOTE!"},
+    {"SNOTE", "DATE! TIME! NOTE!"},
+    {"POINT",
+     "DATE! TIME! DERV! PTNM! DESC NRTH EAST ELEV LATI LONG HGHT CDTY CDOR CDCL",
+     {},
+     IsWholePoint},
+    {"SUSTR", "DATE! TIME! DERV! EQTY! EQSN! LODT LOEC! LOIN! FILE! DAST TIST DAEN TIEN"},
+    {"SUSEN", "DATE! TIME! DERV! EQSN! FILE! DAEN TIEN"},
+    {"SUSTN", "DATE! TIME! DERV! EQSN! FILE! PTNM! DESC"},
+    {"SUMCT", "DATE! TIME! DERV! EQSN! FILE! LOMC!"},
+    {"SUKDI", "DATE! TIME! DERV! EQSN! FILE! FIL2 PTNM! HDST! VDST! ROTZ"},
+    {"SUEND", "DATE! TIME! DERV! EQSN! FILE!"},
+    {"ANTEN", "DATE! TIME! DERV! EQSN! FILE! ANTY! EQTY! ANSN ANMK! DESC! HTIN! HDST VDST!"},
+    {"SUGQC",
+     "DATE! TIME! DERV! EQSN! FILE! PTNM! NUMI NUMB! PDOP! HDOP! VDOP! NUMR! EPCT! HDST! VDST! "
+     "GPWS! GPSS! GPWE! GPSE! IMON!"},
+    {"OSTGD", "DATE! TIME! DERV! OCPT! PTNM! DESC SDST! ANGV! ANGA CDOR! CDCL!"},
+    {"OSTGV", "DATE! TIME! DERV! OCPT! PTNM! DESC ANGA HDST! VDST! CDOR! CDCL!"},
+    {"OSTOC", "DATE! TIME! DERV! OCPT!"},
+    {"OSTHI", "DATE! TIME! DERV! HTIN!"},
+    {"OSTLA", "DATE! TIME! DERV! PTNM! DESC SDST! ANGV! ANGA ANGD CDOR! CDCL!"},
+    {"OSTHR", "DATE! TIME! DERV! HTTG!"},
+    {"PRJCS", "DATE! TIME! PJCO! PJZG! PJRE! PJDN!"},
+    {"PRJDT", "DATE! TIME! PJDT! PJDN HDST NUMR ROTX ROTY ROTZ TRAX TRAY TRAZ SCPP",
+     kDatumConditions},
+    {"PRJEL", "DATE! TIME! PJRE! HDST! NUMR!"},
+    {"PRJHA", "DATE! TIME! NRTH EAST TRAY TRAX ROTZ SCAL"},
+    {"PRJVA", "DATE! TIME! PJVA! NRTH EAST TRAZ TINO TIEA PJRE", kVerticalAdjustConditions},
+    {"PRJMP",
+     "DATE! TIME! MPTY! LATI! LONG! HGHT NRTH! EAST! ELEV SCAL LAT1 LAT2 PJCT PJAF NUMB PJAE FIL1 "
+     "FIL2",
+     kMappingPlaneConditions},
+    {"PRJST", "DATE! TIME! LATI LONG HGHT SCAL! TRAY! TRAX!"},
+    {"PRJCG", "DATE TIME PJAZ! PJGO!"},
+};
 
 }  // namespace ilj
 
-/// One record. Its fields are its own and live as long as it does.
+/// The number of a record: its place in the table.
+enum class IljRecordType : std::int32_t { None = 0 };
+inline constexpr std::size_t kIljRecordTypes = std::size(ilj::kRecords);
+
+/// From a record's tag to its number: 0 for an unknown tag.
+class CMoskoJobRecordMap : public IljTagMap {
+ public:
+  constexpr CMoskoJobRecordMap() : IljTagMap(ilj::kRecords) {}
+};
+inline constexpr CMoskoJobRecordMap kIljRecordMap;
+
+constexpr const IljRecordLayout& IljLayoutOf(IljRecordType type) {
+  return ilj::kRecords[static_cast<std::size_t>(type)];
+}
+/// A tag that no record has doesn't compile.
+constexpr IljRecordType IljRecordTypeOf(IljTag tag) {
+  const std::int32_t number = kIljRecordMap.GetType(tag.View());
+  if (number == 0) throw "no record has this tag";
+  return static_cast<IljRecordType>(number);
+}
+
+/// One record: a type and its fields. It can be filled again and again, as another type as well:
+/// its texts keep their memory.
 class CMoskoJobRecord {
  public:
-  virtual ~CMoskoJobRecord() = default;
+  explicit CMoskoJobRecord(IljRecordType type = IljRecordType::None) { Restart(type); }
+
+  IljRecordType GetRecordType() const { return m_recordType; }
+  /// Another type, and no field set.
+  void Restart(IljRecordType type);
+  void ClearFields();
+
+  /// The field at that place of the record's order; null past the last.
+  CMoskoJobRecordField* GetField(int index);
+  const CMoskoJobRecordField* GetField(int index) const {
+    return const_cast<CMoskoJobRecord*>(this)->GetField(index);
+  }
+  /// True if all of these are fields of the record and valid.
+  bool HasAll(const IljFieldList& fields) const;
+  /// True if one of them is.
+  bool HasAny(const IljFieldList& fields) const;
+  /// What an integer field of the record holds.
+  std::int32_t GetInteger(IljFieldType type) const;
+  /// True if the record may be written, or carried over.
+  bool IsValid() const;
 
   /// Stores one "TAG:value"; false, with nothing changed, if the tag is none of the record's.
   /// Throws ConversionFailure as the field's SetText does.
   bool ParseField(std::wstring_view text);
-  /// True if the record may be written, or carried over.
-  virtual bool IsValid() const = 0;
-  /// The field at that place of the record's order; null past the last.
-  virtual CMoskoJobRecordField* GetField(int index) = 0;
-  const CMoskoJobRecordField* GetField(int index) const {
-    return const_cast<CMoskoJobRecord*>(this)->GetField(index);
-  }
-
-  virtual void ClearFields() = 0;
-  /// Appends the record's line: its tag and a tab, then the valid fields. A tab stands behind each
-  /// of them but the last of the order, so that a line whose last field isn't valid ends in a tab.
-  virtual void AppendText(std::wstring& line) const = 0;
-  std::wstring ToText() const;
   /// Reads what follows the first tab of a line. Unknown tags are passed over, and the last of two
   /// like fields counts. The result is IsValid.
   bool ParseText(std::wstring_view text);
   /// Reads only the dates and times of such a text.
   void ParseMoments(std::wstring_view text);
+  /// Appends the record's line: its tag and a tab, then the valid fields. A tab stands behind each
+  /// of them but the last of the order, so that a line whose last field isn't valid ends in a tab.
+  void AppendText(std::wstring& line) const;
+  std::wstring ToText() const;
 
-  IljRecordType GetRecordType() const { return m_recordType; }
   /// Seconds by the local calendar (see CivilTime.h); 0 unless date and time are both valid.
   void SetDateTime(std::int64_t moment);
   std::int64_t GetDateTime() const;
 
- protected:
-  CMoskoJobRecord(IljRecordType type, const ilj::FieldIndices& indices)
-      : m_recordType(type), m_pIndices(&indices) {}
-  CMoskoJobRecord(const CMoskoJobRecord&) = default;
-  CMoskoJobRecord& operator=(const CMoskoJobRecord&) = default;
-
-  CMoskoJobRecordFieldDate m_date;
-  CMoskoJobRecordFieldTime m_time;
-
  private:
-  IljRecordType m_recordType;
-  const ilj::FieldIndices* m_pIndices;
+  const IljRecordLayout& Layout() const { return IljLayoutOf(m_recordType); }
+  const CMoskoJobRecordField* Find(IljFieldType type) const {
+    return GetField(Layout().fields.Find(type));
+  }
+
+  IljRecordType m_recordType = IljRecordType::None;
+  // The first two fields of every record, and the others.
+  CMoskoJobRecordField m_date{IljFieldTypeOf("DATE")};
+  CMoskoJobRecordField m_time{IljFieldTypeOf("TIME")};
+  std::array<CMoskoJobRecordField, IljFieldList::kMaxSize - 2> m_others;
 };
 
-/// The record of one tag, with the fields that ILJ_RECORDS gives it.
-template <IljRecordType Type>
-class IljRecord final : public CMoskoJobRecord {
+/// A record of a known tag: what it doesn't have can't be asked for. It looks at a CMoskoJobRecord
+/// of that type.
+template <IljTag tag>
+class IljRecord {
  public:
-  IljRecord() : CMoskoJobRecord(Type, kIndices) {}
+  static constexpr IljRecordType kType = IljRecordTypeOf(tag);
 
-  bool IsValid() const override { return HasRequired(kAllFields) && ObeysRule(); }
-  using CMoskoJobRecord::GetField;
-  CMoskoJobRecordField* GetField(int index) override {
-    return index >= 0 && static_cast<std::size_t>(index) < kOrder.count
-               ? kAccess[static_cast<std::size_t>(index)](*this)
-               : nullptr;
-  }
+  explicit IljRecord(CMoskoJobRecord& record) : m_record(record) {}
 
-  void ClearFields() override { Clear(kAllFields); }
-  void AppendText(std::wstring& line) const override {
-    line.append(kIljRecordTags[static_cast<std::size_t>(Type)]);
-    line.push_back(L'\t');
-    AppendFields(line, kAllFields);
+  template <IljTag field>
+  IljField<field> Get() const {
+    constexpr int kIndex = IljLayoutOf(kType).fields.Find(IljFieldTypeOf(field));
+    static_assert(kIndex >= 0);
+    return IljField<field>(*m_record.GetField(kIndex));
   }
-
-  /// A field by its tag, with its own class.
-  template <IljFieldType Field>
-  IljFieldOf<Field>& Get() {
-    if constexpr (Field == IljFieldType::DATE) {
-      return m_date;
-    } else if constexpr (Field == IljFieldType::TIME) {
-      return m_time;
-    } else {
-      return std::get<kIndices[static_cast<std::size_t>(Field)] - kOwnFields>(m_fields);
-    }
+  template <IljTag field>
+  auto Value() const {
+    return Get<field>().GetValue();
   }
-  template <IljFieldType Field>
-  const IljFieldOf<Field>& Get() const {
-    return const_cast<IljRecord*>(this)->template Get<Field>();
+  template <IljTag field>
+  void Set(typename IljField<field>::Value value) const {
+    Get<field>().SetValue(value);
   }
-  template <IljFieldType Field>
-  decltype(auto) Value() const {
-    return Get<Field>().GetValue();
+  template <IljTag... fields>
+  bool HasAll() const {
+    return (Get<fields>().IsValid() && ...);
   }
-  template <IljFieldType Field, class Value>
-  void Set(const Value& value) {
-    Get<Field>().SetValue(value);
-  }
-  template <IljFieldType... Fields>
-  bool HasValid() const {
-    return (Get<Fields>().IsValid() && ...);
-  }
-  template <IljFieldType... Fields>
-  bool HasAnyValid() const {
-    return (Get<Fields>().IsValid() || ...);
+  template <IljTag... fields>
+  bool HasAny() const {
+    return (Get<fields>().IsValid() || ...);
   }
 
  private:
-  static constexpr ilj::FieldOrder kOrder = ilj::OrderOf(Type);
-  static constexpr ilj::FieldIndices kIndices = ilj::IndicesOf(kOrder);
-  static constexpr auto kAllFields = std::make_index_sequence<kOrder.count>();
-  // Every record starts with date and time, which the base holds.
-  static constexpr std::size_t kOwnFields = 2;
-  static_assert(kOrder.uses[0].type == IljFieldType::DATE &&
-                kOrder.uses[1].type == IljFieldType::TIME);
-
-  template <std::size_t... Index>
-  static auto MakeFields(std::index_sequence<Index...>)
-      -> std::tuple<IljFieldOf<kOrder.uses[Index + kOwnFields].type>...>;
-  using Fields = decltype(MakeFields(std::make_index_sequence<kOrder.count - kOwnFields>()));
-
-  using Accessor = CMoskoJobRecordField* (*)(IljRecord&);
-  template <std::size_t... Index>
-  static constexpr std::array<Accessor, kOrder.count> MakeAccess(std::index_sequence<Index...>) {
-    return {[](IljRecord& record) -> CMoskoJobRecordField* {
-      return &record.template Get<kOrder.uses[Index].type>();
-    }...};
-  }
-  static const std::array<Accessor, kOrder.count> kAccess;
-
-  template <std::size_t... Index>
-  bool HasRequired(std::index_sequence<Index...>) const {
-    return ((!kOrder.uses[Index].required || Get<kOrder.uses[Index].type>().IsValid()) && ...);
-  }
-  template <std::size_t... Index>
-  void Clear(std::index_sequence<Index...>) {
-    (Get<kOrder.uses[Index].type>().Clear(), ...);
-  }
-  template <std::size_t... Index>
-  void AppendFields(std::wstring& line, std::index_sequence<Index...>) const {
-    (AppendField<kOrder.uses[Index].type, Index + 1 == kOrder.count>(line), ...);
-  }
-  template <IljFieldType Field, bool IsLast>
-  void AppendField(std::wstring& line) const {
-    if (!Get<Field>().IsValid()) return;
-    Get<Field>().AppendText(line);
-    if (!IsLast) line.push_back(L'\t');
-  }
-  /// What a valid record must keep beyond its required fields.
-  bool ObeysRule() const { return true; }
-
-  Fields m_fields;
+  CMoskoJobRecord& m_record;
 };
 
-template <IljRecordType Type>
-const std::array<typename IljRecord<Type>::Accessor, IljRecord<Type>::kOrder.count>
-    IljRecord<Type>::kAccess = IljRecord<Type>::MakeAccess(IljRecord<Type>::kAllFields);
-
-template <>
-bool IljRecord<IljRecordType::JOBFI>::ObeysRule() const;
-template <>
-bool IljRecord<IljRecordType::POINT>::ObeysRule() const;
-template <>
-bool IljRecord<IljRecordType::PRJDT>::ObeysRule() const;
-template <>
-bool IljRecord<IljRecordType::PRJVA>::ObeysRule() const;
-template <>
-bool IljRecord<IljRecordType::PRJMP>::ObeysRule() const;
-
-#define ILJ_RECORD_CLASS(number, tag, name, fields) \
-  using CMoskoJobRecord##name = IljRecord<IljRecordType::tag>;
-ILJ_RECORDS(ILJ_RECORD_CLASS)
-#undef ILJ_RECORD_CLASS
-
-/// One record of every type, to be filled again and again: their texts keep their memory.
-class IljRecords {
- public:
-  template <IljRecordType Type>
-  IljRecord<Type>& Get() {
-    return std::get<IljRecord<Type>>(m_records);
-  }
-  /// `type` is not None.
-  CMoskoJobRecord& Find(IljRecordType type) {
-    CMoskoJobRecord* found = nullptr;
-    std::apply(
-        [&](auto&... records) {
-          ((records.GetRecordType() == type ? void(found = &records) : void()), ...);
-        },
-        m_records);
-    return *found;
-  }
-
- private:
-  static constexpr std::size_t kCount = std::size(kIljRecordTags) - 1;
-  template <std::size_t... Index>
-  static auto MakeRecords(std::index_sequence<Index...>)
-      -> std::tuple<IljRecord<static_cast<IljRecordType>(Index + 1)>...>;
-
-  decltype(MakeRecords(std::make_index_sequence<kCount>())) m_records;
-};
+// The records by their names.
+using CMoskoJobRecordJobMode = IljRecord<"JOBMO">;
+using CMoskoJobRecordJobSupportFile = IljRecord<"JOBFI">;
+using CMoskoJobRecordUserNote = IljRecord<"UNOTE">;
+using CMoskoJobRecordSystemNote = IljRecord<"SNOTE">;
+using CMoskoJobRecordPoint = IljRecord<"POINT">;
+using CMoskoJobRecordSurveyStart = IljRecord<"SUSTR">;
+using CMoskoJobRecordSurveySetTimeEnd = IljRecord<"SUSEN">;
+using CMoskoJobRecordSurveyStation = IljRecord<"SUSTN">;
+using CMoskoJobRecordSurveyMotionControl = IljRecord<"SUMCT">;
+using CMoskoJobRecordSurveyKdi = IljRecord<"SUKDI">;
+using CMoskoJobRecordSurveyEnd = IljRecord<"SUEND">;
+using CMoskoJobRecordAntenna = IljRecord<"ANTEN">;
+using CMoskoJobRecordSurveyGpsQC = IljRecord<"SUGQC">;
+using CMoskoJobRecordOffsetGroundObservation = IljRecord<"OSTGD">;
+using CMoskoJobRecordOffsetGroundVector = IljRecord<"OSTGV">;
+using CMoskoJobRecordOffsetOccupyPoint = IljRecord<"OSTOC">;
+using CMoskoJobRecordOffsetHeightInstrument = IljRecord<"OSTHI">;
+using CMoskoJobRecordOffsetLaserObservation = IljRecord<"OSTLA">;
+using CMoskoJobRecordOffsetHeightTarget = IljRecord<"OSTHR">;
+using CMoskoJobRecordProjectionSystemName = IljRecord<"PRJCS">;
+using CMoskoJobRecordProjectionDatum = IljRecord<"PRJDT">;
+using CMoskoJobRecordProjectionEllipsoid = IljRecord<"PRJEL">;
+using CMoskoJobRecordProjectionHorizontalAdjust = IljRecord<"PRJHA">;
+using CMoskoJobRecordProjectionVerticalAdjust = IljRecord<"PRJVA">;
+using CMoskoJobRecordProjectionMappingPlane = IljRecord<"PRJMP">;
+using CMoskoJobRecordProjectionLocalSite = IljRecord<"PRJST">;
+using CMoskoJobRecordProjectionCogoSettings = IljRecord<"PRJCG">;
 
 }  // namespace zelconvert

@@ -4,6 +4,7 @@
 
 #include "convert/ConversionBase.h"
 #include "io/CivilTime.h"
+#include "io/Numbers.h"
 #include "io/Strings.h"
 
 namespace zelconvert {
@@ -24,28 +25,7 @@ void RequireRange(int value, int low, int high) {
   if (value < low || value > high) throw ConversionFailure();
 }
 
-}  // namespace
-
-std::wstring CMoskoJobRecordField::GetText() const {
-  std::wstring text;
-  AppendText(text);
-  return text;
-}
-
-bool CMoskoJobRecordFieldList::HasField(IljFieldType type) const {
-  return std::any_of(begin(), end(), [type](const auto* one) { return one->GetType() == type; });
-}
-
-namespace ilj {
-
-bool IsPointName(std::wstring_view name) {
-  constexpr std::size_t kMaxLength = 16;
-  return !name.empty() && name.size() <= kMaxLength &&
-         std::all_of(name.begin(), name.end(),
-                     [](wchar_t c) { return IsAsciiAlnum(c) || c == L'_'; }) &&
-         name.find_first_not_of(L'0') != std::wstring_view::npos;
-}
-
+// Year, month and day of "YYYYMMDD"; 0 if one of them is 0.
 std::int64_t ParseDate(std::wstring_view text) {
   const auto [year, month, day] = SplitDigits(text, 4);
   if (year == 0 || month == 0 || day == 0) return 0;
@@ -54,6 +34,7 @@ std::int64_t ParseDate(std::wstring_view text) {
   return CivilSeconds(year, month, day);
 }
 
+// "HHMMSS".
 std::int64_t ParseTime(std::wstring_view text) {
   const auto [hour, minute, second] = SplitDigits(text, 2);
   RequireRange(hour, 0, 23);
@@ -77,11 +58,105 @@ void AppendTime(std::wstring& line, std::int64_t moment) {
   AppendTwoDigits(line, time.second);
 }
 
+// The integer part of the number at the start of a text; the smallest integer if it is too large.
 std::int32_t ParseTruncated(std::wstring_view text) {
   const double value = ToReal(text);
   return value > ilj::kMin && value < ilj::kMax + 1.0 ? static_cast<std::int32_t>(value)
                                                       : ilj::kMin;
 }
 
-}  // namespace ilj
+// 1 to 16 letters A to Z of either case, digits and "_"; not a run of zeros alone.
+bool IsPointName(std::wstring_view name) {
+  constexpr std::size_t kMaxLength = 16;
+  return !name.empty() && name.size() <= kMaxLength &&
+         std::all_of(name.begin(), name.end(),
+                     [](wchar_t c) { return IsAsciiAlnum(c) || c == L'_'; }) &&
+         name.find_first_not_of(L'0') != std::wstring_view::npos;
+}
+
+}  // namespace
+
+void CMoskoJobRecordField::Restart(IljFieldType type) {
+  m_type = type;
+  m_decimals = Form().decimals;
+  Clear();
+}
+
+void CMoskoJobRecordField::Clear() {
+  m_number = Form().unset;
+  m_string.clear();
+}
+
+bool CMoskoJobRecordField::IsValid() const {
+  const IljFieldForm& form = Form();
+  switch (form.kind) {
+    case IljFieldKind::Text:
+      return !m_string.empty();
+    case IljFieldKind::PointName:
+      return IsPointName(m_string);
+    case IljFieldKind::Date:
+    case IljFieldKind::Time:
+      return m_number != 0;
+    case IljFieldKind::Real:
+      return form.accepts(m_number);
+    default:
+      return m_number >= form.low && m_number <= form.high &&
+             m_number != static_cast<double>(form.except);
+  }
+}
+
+void CMoskoJobRecordField::SetText(std::wstring_view value) {
+  switch (Form().kind) {
+    case IljFieldKind::Text:
+      return SetString(value);
+    case IljFieldKind::PointName:
+      return SetString(value.substr(0, value.find_last_not_of(L' ') + 1));
+    case IljFieldKind::Date:
+      return SetNumber(static_cast<double>(ParseDate(value)));
+    case IljFieldKind::Time:
+      return SetNumber(static_cast<double>(ParseTime(value)));
+    case IljFieldKind::Integer:
+      return SetNumber(ToInteger(value));
+    case IljFieldKind::TruncatedReal:
+      return SetNumber(ParseTruncated(value));
+    case IljFieldKind::Real:
+      return SetNumber(ToReal(value));
+  }
+}
+
+void CMoskoJobRecordField::AppendText(std::wstring& line) const {
+  const IljFieldKind kind = Form().kind;
+  const bool isMoment = kind == IljFieldKind::Date || kind == IljFieldKind::Time;
+  if (isMoment && m_number == 0) return;
+  line.append(IljLayoutOf(m_type).tag.View());
+  line.push_back(L':');
+  switch (kind) {
+    case IljFieldKind::Text:
+    case IljFieldKind::PointName:
+      line.append(m_string);
+      break;
+    case IljFieldKind::Date:
+      AppendDate(line, static_cast<std::int64_t>(m_number));
+      break;
+    case IljFieldKind::Time:
+      AppendTime(line, static_cast<std::int64_t>(m_number));
+      break;
+    case IljFieldKind::Real:
+      AppendFixed(line, m_number, m_decimals);
+      break;
+    default:
+      AppendInteger(line, static_cast<std::int32_t>(m_number));
+  }
+}
+
+std::wstring CMoskoJobRecordField::GetText() const {
+  std::wstring text;
+  AppendText(text);
+  return text;
+}
+
+bool CMoskoJobRecordFieldList::HasField(IljFieldType type) const {
+  return std::any_of(begin(), end(), [type](const auto* one) { return one->GetType() == type; });
+}
+
 }  // namespace zelconvert

@@ -1,21 +1,33 @@
-// From the short tags of an ILJ file to their numbers.
+// The short tags of an ILJ file, and the numbers that they have.
 #pragma once
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <span>
 #include <string_view>
 
 namespace zelconvert {
 
+/// A tag as a literal: four characters name a field, five a record.
+struct IljTag {
+  wchar_t text[6] = {};
+
+  consteval IljTag() = default;
+  template <std::size_t size>
+  consteval IljTag(const char (&tag)[size]) {  // NOLINT: a literal is meant to convert
+    for (std::size_t i = 0; i + 1 < size; ++i) text[i] = static_cast<wchar_t>(tag[i]);
+  }
+  constexpr std::wstring_view View() const { return text; }
+};
+
 /// A fixed hash of tags of one to eight ASCII characters. Exact: case and blanks count.
 class IljTagMap {
  public:
-  /// The number of a tag is its index in `tags`, where index 0 is the empty tag.
-  constexpr explicit IljTagMap(std::span<const std::wstring_view> tags) {
-    for (std::size_t i = 1; i < tags.size(); ++i) {
-      const std::uint64_t key = Pack(tags[i]);
+  /// The number of a tag is its place in `rows`, whose first one is nobody's.
+  template <class Row, std::size_t size>
+  constexpr explicit IljTagMap(const Row (&rows)[size]) {
+    for (std::size_t i = 1; i < size; ++i) {
+      const std::uint64_t key = Pack(rows[i].tag.View());
       std::size_t slot = Slot(key);
       while (m_slots[slot].key != 0) slot = (slot + 1) % kSlots;
       m_slots[slot] = {key, static_cast<std::int32_t>(i)};

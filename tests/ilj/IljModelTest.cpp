@@ -1,0 +1,226 @@
+// The fields and records of an ILJ file, and that docs/formats/ilj.md shows their tables.
+#include <gtest/gtest.h>
+
+#include <cctype>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "CaseFile.h"
+#include "convert/ConversionBase.h"
+#include "ilj/CMoskoJobRecord.h"
+#include "io/CivilTime.h"
+
+namespace zelconvert {
+namespace {
+
+CMoskoJobRecordField FieldOf(std::wstring_view tag) {
+  return CMoskoJobRecordField(static_cast<IljFieldType>(kIljFieldMap.GetType(tag)));
+}
+
+CMoskoJobRecord RecordOf(std::wstring_view tag) {
+  return CMoskoJobRecord(static_cast<IljRecordType>(kIljRecordMap.GetType(tag)));
+}
+
+TEST(IljFieldTest, TagsMapToNumbers) {
+  ASSERT_EQ(std::size(ilj::kFields), 81u);
+  for (std::int32_t i = 1; i <= 80; ++i) {
+    EXPECT_EQ(kIljFieldMap.GetType(ilj::kFields[i].tag.View()), i);
+  }
+  for (const wchar_t* tag : {L"", L"derv", L"DERV ", L"DER", L"XXXX", L"DERVDERVD", L"\u0444ERV"}) {
+    EXPECT_EQ(kIljFieldMap.GetType(tag), 0) << tag;
+  }
+  EXPECT_EQ(kIljFieldMap.GetType(std::wstring(L"DERV\0", 5)), 0);
+  for (const wchar_t* tag : {L"", L"point", L"POINT "}) EXPECT_EQ(kIljRecordMap.GetType(tag), 0);
+}
+
+// Every field before anything is set, and after Clear.
+TEST(IljFieldTest, IsUnset) {
+  for (std::int32_t i = 1; i <= 80; ++i) {
+    const std::wstring tag(ilj::kFields[i].tag.View());
+    SCOPED_TRACE(i);
+    CMoskoJobRecordField field(static_cast<IljFieldType>(i));
+    const std::wstring unset = field.GetText();
+    // A count is valid from the start, and so is the mapping plane that stands for none.
+    const bool valid = tag == L"GPSS" || tag == L"GPSE" || tag == L"EPCT" || tag == L"MPTY";
+    EXPECT_EQ(field.IsValid(), valid);
+    field.SetText(L"20010203");
+    field.Clear();
+    EXPECT_EQ(field.GetText(), unset);
+    EXPECT_EQ(field.IsValid(), valid);
+  }
+}
+
+TEST(IljFieldTest, ReadsJudgesAndWrites) {
+  for (const CaseFields& texts : ReadCases("tests/golden-lines/ilj-fields.txt")) {
+    SCOPED_TRACE(testing::PrintToString(texts));
+    CMoskoJobRecordField field = FieldOf(texts[0]);
+    if (texts[2] == L"refused") {
+      EXPECT_THROW(field.SetText(texts[1]), ConversionFailure);
+      continue;
+    }
+    field.SetText(texts[1]);
+    const bool valid = texts[2] == L"valid";
+    EXPECT_EQ(field.IsValid(), valid);
+    const bool isDate = IljLayoutOf(field.GetType()).form.kind == IljFieldKind::Date;
+    EXPECT_EQ(field.GetText(), isDate && !valid ? L"" : texts[0] + L":" + texts.at(3));
+  }
+}
+
+TEST(IljFieldTest, PrecisionIsTheOwners) {
+  CMoskoJobRecordField field = FieldOf(L"NUMR");
+  const CMoskoJobRecordFieldNumberReal number(field);
+  number.SetDecimals(11);
+  number.SetValue(298.2572221010);
+  EXPECT_EQ(field.GetText(), L"NUMR:298.25722210100");
+  number.Clear();
+  EXPECT_FALSE(number.IsValid());
+  field.SetText(L"1");
+  EXPECT_EQ(field.GetText(), L"NUMR:1.00000000000");
+  field.Restart(field.GetType());
+  EXPECT_EQ(CMoskoJobRecordFieldList{&field}.HasField(field.GetType()), true);
+  EXPECT_EQ(CMoskoJobRecordFieldList{&field}.HasField(IljFieldType::None), false);
+  field.SetText(L"1");
+  EXPECT_EQ(field.GetText(), L"NUMR:1.000000");
+}
+
+// "TAG:" of the fields of a case, in the order of the file or backwards, without one.
+std::wstring Fields(const CaseFields& parts, std::size_t missing, bool backwards) {
+  std::wstring line;
+  for (std::size_t i = 1; i < parts.size(); ++i) {
+    const std::size_t index = backwards ? parts.size() - i : i;
+    if (index == missing) continue;
+    std::wstring field = parts[index];
+    field[4] = L':';
+    line += (line.empty() ? L"" : L"\t") + field;
+  }
+  return line;
+}
+
+TEST(IljRecordTest, ReadsAndWritesEachRecord) {
+  std::int32_t number = 0;
+  for (const CaseFields& parts : ReadCases("tests/golden-lines/ilj-complete.txt", ' ')) {
+    SCOPED_TRACE(parts[0]);
+    CMoskoJobRecord record = RecordOf(parts[0]);
+    EXPECT_EQ(static_cast<std::int32_t>(record.GetRecordType()), ++number);
+    EXPECT_TRUE(record.ParseText(Fields(parts, 0, false)));
+    EXPECT_EQ(record.ToText(), parts[0] + L"\t" + Fields(parts, 0, false));
+    for (std::size_t missing = 1; missing < parts.size(); ++missing) {
+      SCOPED_TRACE(testing::Message() << L"without " << parts[missing]);
+      // The order of the fields doesn't matter.
+      EXPECT_EQ(record.ParseText(Fields(parts, missing, true)), parts[missing][4] != L'!');
+    }
+    record.ClearFields();
+    EXPECT_FALSE(record.IsValid());
+  }
+  EXPECT_EQ(number, 27);
+}
+
+TEST(IljRecordTest, ObeysRules) {
+  for (const CaseFields& texts : ReadCases("tests/golden-lines/ilj-rules.txt")) {
+    SCOPED_TRACE(testing::PrintToString(texts));
+    std::wstring fields = texts[0].substr(5);
+    for (wchar_t& c : fields) c = c == L' ' ? L'\t' : c;
+    CMoskoJobRecord record = RecordOf(texts[0].substr(0, 5));
+    EXPECT_EQ(record.ParseText(L"DATE:20010101\tTIME:101010" + fields), texts.at(1) == L"valid");
+    EXPECT_EQ(record.IsValid(), texts.at(1) == L"valid");
+    EXPECT_FALSE(record.ParseText(fields));  // without a moment
+  }
+}
+
+TEST(IljRecordTest, ReadsLinesOfOthers) {
+  for (const CaseFields& texts : ReadCases("tests/golden-lines/ilj-lines.txt")) {
+    SCOPED_TRACE(testing::PrintToString(texts));
+    CMoskoJobRecord record = RecordOf(texts[0]);
+    record.ParseText(L"DATE:19990101\tTIME:101010\tNOTE:left over\tPTNM:B");
+    EXPECT_EQ(record.ParseText(texts[1]), texts[2] == L"valid");
+    EXPECT_EQ(record.ToText(), texts.at(3));
+  }
+}
+
+TEST(IljRecordTest, AcceptsItsOwnFieldsAlone) {
+  CMoskoJobRecord note = RecordOf(L"UNOTE");
+  for (const wchar_t* text : {L"NOTE:x", L"NOTE"}) EXPECT_TRUE(note.ParseField(text)) << text;
+  for (const wchar_t* text : {L"PTNM:x", L"", L":NOTE"}) EXPECT_FALSE(note.ParseField(text));
+  EXPECT_EQ(note.GetField(3), nullptr);
+  EXPECT_EQ(note.GetField(-1), nullptr);
+}
+
+TEST(IljRecordTest, KeepsDateAndTime) {
+  CMoskoJobRecord point = RecordOf(L"POINT");
+  EXPECT_EQ(point.GetDateTime(), 0);
+  const std::int64_t moment = CivilSeconds(2026, 3, 13, 14, 15, 16);
+  point.SetDateTime(moment);
+  EXPECT_EQ(point.GetDateTime(), moment);
+  point.ParseField(L"TIME:235959");
+  EXPECT_EQ(point.GetDateTime(), CivilSeconds(2026, 3, 13, 23, 59, 59));
+  point.ParseField(L"DATE:19680229");
+  EXPECT_EQ(point.GetDateTime(), CivilSeconds(1968, 2, 29, 23, 59, 59));
+  point.ParseField(L"DATE:0");
+  EXPECT_EQ(point.GetDateTime(), 0);
+}
+
+std::string Narrow(std::wstring_view text) {
+  return std::string(text.begin(), text.end());
+}
+
+std::string RangeName(const IljFieldForm& form) {
+  if (form.low == ilj::kMin && form.high == ilj::kMax) return form.except == 0 ? ", not 0" : "";
+  if (form.high == ilj::kMax) {
+    return form.low == 0 ? " from 0" : ", above " + std::to_string(form.low - 1);
+  }
+  const std::string range = ' ' + std::to_string(form.low) + " to " + std::to_string(form.high);
+  return form.except > form.low ? range + ", not " + std::to_string(form.except) : range;
+}
+
+std::string RealName(const IljFieldForm& form) {
+  std::string name = std::to_string(form.decimals) + " decimals";
+  if (form.accepts == ilj::WithinTurn) name += ", -2 pi to 2 pi";
+  if (form.accepts == ilj::WithinHalfTurn) name += ", 0 to pi";
+  if (form.accepts == ilj::Positive) name += ", more than 0";
+  if (form.accepts == ilj::Factor) name += ", not 0";
+  return name;
+}
+
+std::string FormName(const IljFieldForm& form) {
+  constexpr const char* kNames[] = {"text", "point name", "date", "time", "integer", "truncated"};
+  if (form.kind == IljFieldKind::Real) return RealName(form);
+  const bool isInteger =
+      form.kind == IljFieldKind::Integer || form.kind == IljFieldKind::TruncatedReal;
+  return kNames[static_cast<std::size_t>(form.kind)] + (isInteger ? RangeName(form) : "");
+}
+
+std::string FieldsName(const IljFieldList& fields) {
+  std::string name;
+  for (std::size_t i = 0; i < fields.Size(); ++i) {
+    const std::string tag = Narrow(IljLayoutOf(fields.Type(i)).tag.View());
+    name += (i > 0 ? " " : "") + (fields.IsRequired(i) ? "**" + tag + "**" : tag);
+  }
+  return name;
+}
+
+TEST(IljDocsTest, PageShowsTheTables) {
+  std::vector<std::string> expected;
+  const auto expect = [&](std::size_t number, const IljTag& tag, const std::string& text) {
+    expected.push_back("| " + std::to_string(number) + " | " + Narrow(tag.View()) + " | " + text +
+                       " | ");
+  };
+  for (std::size_t i = 1; i < std::size(ilj::kFields); ++i) {
+    expect(i, ilj::kFields[i].tag, FormName(ilj::kFields[i].form));
+  }
+  for (std::size_t i = 1; i < kIljRecordTypes; ++i) {
+    expect(i, ilj::kRecords[i].tag, FieldsName(ilj::kRecords[i].fields));
+  }
+  std::vector<std::string> found;
+  std::istringstream page(ReadBytes("docs/formats/ilj.md"));
+  for (std::string line; std::getline(page, line) && line != "## To DC";) {
+    if (line.size() < 3 || !line.starts_with("| ") || !std::isdigit(line[2])) continue;
+    std::size_t end = 0;
+    for (int bars = 0; bars < 4; ++end) bars += line[end] == '|';
+    found.push_back(line.substr(0, end + 1));
+  }
+  EXPECT_EQ(found, expected);
+}
+
+}  // namespace
+}  // namespace zelconvert
