@@ -10,6 +10,7 @@ import math
 import pathlib
 import re
 
+import dc_lines
 from case_files import settle
 
 ROADS = pathlib.Path(__file__).resolve().parents[2] / "tests" / "roads"
@@ -74,9 +75,7 @@ class Alignments:
             self.lines = self.roads[name + ".RD5"] = []
             self.walk, self.curved = Walk(0, 0, 0), False
         elif self.roads and hasattr(self, "on_" + kind):
-            numbers = [float(record[at:at + 16].strip() or 0) for at in (4, 20, 36, 52)
-                       if kind != "B3" or at < 36]
-            getattr(self, "on_" + kind)(*numbers, record[36:37] == "1")
+            getattr(self, "on_" + kind)(*[field or 0 for field in dc_lines.read(record)])
 
     def place(self, c1, c2):
         return (c2, c1) if self.east_first else (c1, c2)
@@ -89,15 +88,15 @@ class Alignments:
         value = (azimuth + (math.pi if self.south else 0)) * turn / (2 * math.pi) % turn
         return f"{value % (turn - 5e-6):.5f}" if self.gons else dms(value)
 
-    def on_84(self, _station, azimuth, c1, c2, _):
+    def on_84(self, _station, azimuth, c1, c2, _elevation):
         self.walk = Walk(*self.place(c1, c2), self.radians(azimuth))
 
-    def on_30(self, c1, c2, *_):
+    def on_30(self, c1, c2):
         length = self.walk.tie(*self.place(c1, c2))
         self.curved = False
         self.lines.append(f"HL,{self.shown(self.walk.azimuth)},{length:.3f}")
 
-    def on_31(self, azimuth, length, *_):
+    def on_31(self, azimuth, length):
         self.walk.straight(self.radians(azimuth), length)
         self.curved = False
         if abs(length) >= 0.001:
@@ -108,18 +107,18 @@ class Alignments:
         side = "L" if radius < 0 else "R"
         self.lines.append(f"{tag},-1.00000,{abs(radius):.3f},{length:.3f},{side}{joins}")
 
-    def on_32(self, length, radius, *_):
+    def on_32(self, length, radius):
         self.walk.run(length, 1 / radius, 1 / radius)
         self.curved = True
         self.curve("HC", radius, length)
 
     def on_B3(self, radius, length, is_right):
-        self.on_32(length, abs(radius) if is_right else -abs(radius))
+        self.on_32(length, abs(radius) if is_right == "1" else -abs(radius))
 
-    def on_B4(self, radius, deflection, *_):
+    def on_B4(self, radius, deflection):
         self.on_32(abs(radius) * math.radians(deflection * (0.9 if self.gons else 1)), radius)
 
-    def on_33(self, length, radius, *_):
+    def on_33(self, length, radius):
         ends = (1 / radius, 0) if self.curved else (0, 1 / radius)
         self.walk.run(length, *ends)
         self.curve("HS", radius, length, ",C" if self.curved else ",T")
