@@ -123,6 +123,12 @@ class IljToDc {
   bool CarryLocalSite();
   bool CarryCogoSettings();
 
+  /// True: a record that can't be written shows at the end of the run.
+  template <class Record, class... Subtype>
+  bool Write(const Record& record, Subtype... subtype) {
+    m_dc.Write(record, subtype...);
+    return true;
+  }
   template <class Note>
   bool WriteNote(Note record, std::wstring_view subtype);
   bool WriteDataFile(std::wstring_view path);
@@ -256,7 +262,7 @@ void IljToDc::TakeUnits() {
   if (origin == 2) m_fromEast = 3 * kPi / 2;
 }
 
-// Header, and two records without which some readers take the file for none of theirs.
+// Header, receiver and antenna height, which every DC file of this route begins with.
 void IljToDc::WriteHead() {
   tDC_HEADERRecord header;
   header.version = L"FX V10";
@@ -322,8 +328,7 @@ template <class Note>
 bool IljToDc::WriteNote(Note record, std::wstring_view subtype) {
   tDC_NOTERecord note;
   note.text = record.template Value<"NOTE">();
-  m_dc.Write(note, subtype);
-  return true;
+  return Write(note, subtype);
 }
 
 bool IljToDc::CarryPoint() {
@@ -348,8 +353,7 @@ bool IljToDc::WriteGeodetic(Position& position, CMoskoJobRecordPoint point) {
   position.coord2 = Degrees(point.Value<"LONG">());
   position.coord3 = DistanceOut(point.Value<"HGHT">());
   FillDescription(position, point);
-  m_dc.Write(position);
-  return true;
+  return Write(position);
 }
 
 // Here the description must fit its column; that of the other positions is cut.
@@ -362,8 +366,7 @@ bool IljToDc::WriteGrid(CMoskoJobRecordPoint point) {
   position.east = DistanceOut(point.Value<"EAST">());
   position.elevation = DistanceOut(point.Value<"ELEV">());
   FillDescription(position, point);
-  m_dc.Write(position);
-  return true;
+  return Write(position);
 }
 
 // Tells where the data of a survey lies. A file of the first kind is left out when the start of its
@@ -382,8 +385,7 @@ bool IljToDc::WriteDataFile(std::wstring_view path) {
   if (name.size() > kFileNameLength) return false;
   tDC_POST_PROCESSRecord file;
   file.text = name;
-  m_dc.Write(file);
-  return true;
+  return Write(file);
 }
 
 // Start week and end second, end week and start second: the pairs are crossed in this route. The
@@ -405,8 +407,7 @@ bool IljToDc::CarryGpsQuality() {
   quality.number3 = record.Value<"GPWE">();
   quality.value8 = record.Value<"GPSS">();
   Mapper::MapInitMonitor(quality.digit, record.Get<"IMON">(), Mapper::kToDc);
-  m_dc.Write(quality);
-  return true;
+  return Write(quality);
 }
 
 bool IljToDc::CarryGroundObservation() {
@@ -419,8 +420,7 @@ bool IljToDc::CarryGroundObservation() {
   observation.angle1 = AzimuthOut(record.Get<"ANGA">());
   observation.angle2 = ZenithOut(record.Value<"ANGV">());
   FillDescription(observation, record);
-  m_dc.Write(observation);
-  return true;
+  return Write(observation);
 }
 
 bool IljToDc::CarryGroundVector() {
@@ -432,22 +432,19 @@ bool IljToDc::CarryGroundVector() {
   vector.horizontalDistance = DistanceOut(record.Value<"HDST">());
   vector.verticalDistance = DistanceOut(record.Value<"VDST">());
   FillDescription(vector, record);
-  m_dc.Write(vector);
-  return true;
+  return Write(vector);
 }
 
 bool IljToDc::CarryOccupiedPoint() {
   tDC_NAMERecord occupied;
   occupied.name = CMoskoJobRecordOffsetOccupyPoint(m_record).Value<"OCPT">();
-  m_dc.Write(occupied);
-  return true;
+  return Write(occupied);
 }
 
 bool IljToDc::CarryInstrumentHeight() {
   tDC_STATION_HEIGHTRecord height;
   height.height = DistanceOut(CMoskoJobRecordOffsetHeightInstrument(m_record).Value<"HTIN">());
-  m_dc.Write(height);
-  return true;
+  return Write(height);
 }
 
 // Whether there is a declination goes by the azimuth, not by the declination's own field: without
@@ -461,8 +458,7 @@ bool IljToDc::CarryLaserObservation() {
   observation.distance = DistanceOut(record.Value<"SDST">());
   observation.height = record.HasAll<"ANGA">() ? AzimuthOut(record.Value<"ANGD">()) : DC_NULL;
   FillDescription(observation, record);
-  m_dc.Write(observation);
-  return true;
+  return Write(observation);
 }
 
 // Unlike the instrument's, a target height is written only when it changes.
@@ -473,8 +469,7 @@ bool IljToDc::CarryTargetHeight() {
   m_lastTargetHeight = metres;
   tDC_TARGET_HEIGHTRecord height;
   height.height = DistanceOut(metres);
-  m_dc.Write(height);
-  return true;
+  return Write(height);
 }
 
 bool IljToDc::CarrySystemName() {
@@ -485,8 +480,7 @@ bool IljToDc::CarrySystemName() {
   system.zoneName = BareName(record.Value<"PJRE">());
   system.datumName = BareName(record.Value<"PJDN">());
   if (!AreLongNames({system.zoneGroupName, system.zoneName, system.datumName})) return false;
-  m_dc.Write(system);
-  return true;
+  return Write(system);
 }
 
 bool IljToDc::CarryDatum() {
@@ -506,16 +500,14 @@ bool IljToDc::CarryDatum() {
   datum.rotationY = AngleOut(turned ? record.Value<"ROTY">() : 0);
   datum.rotationZ = AngleOut(turned ? record.Value<"ROTZ">() : 0);
   datum.scale = ScaleOutPpm(turned ? record.Value<"SCPP">() : 0);
-  m_dc.Write(datum);
-  return true;
+  return Write(datum);
 }
 
 bool IljToDc::WriteDatumGrid(CMoskoJobRecordProjectionDatum datum) {
   tDC_DATUM_GRIDRecord grid;
   grid.fileName = datum.Value<"PJDN">();
   if (!AreLongNames({grid.fileName})) return false;
-  m_dc.Write(grid);
-  return true;
+  return Write(grid);
 }
 
 bool IljToDc::CarryEllipsoid() {
@@ -523,8 +515,7 @@ bool IljToDc::CarryEllipsoid() {
   tDC_ELLIPSOIDRecord ellipsoid;
   ellipsoid.semiMajorAxis = DistanceOut(record.Value<"HDST">());
   ellipsoid.inverseFlattening = record.Value<"NUMR">();
-  m_dc.Write(ellipsoid);
-  return true;
+  return Write(ellipsoid);
 }
 
 bool IljToDc::CarryHorizontalAdjust() {
@@ -536,8 +527,7 @@ bool IljToDc::CarryHorizontalAdjust() {
   adjust.translateEast = DistanceOut(record.Value<"TRAX">());
   adjust.rotation = AngleOut(record.Value<"ROTZ">());
   adjust.scale = record.Value<"SCAL">();
-  m_dc.Write(adjust);
-  return true;
+  return Write(adjust);
 }
 
 bool IljToDc::CarryVerticalAdjust() {
@@ -558,8 +548,7 @@ bool IljToDc::CarryVerticalAdjust() {
   }
   if (kind == ilj::kVerticalNone) adjust.geoidFileName.clear();
   if (!AreLongNames({adjust.geoidFileName})) return false;
-  m_dc.Write(adjust);
-  return true;
+  return Write(adjust);
 }
 
 bool IljToDc::CarryMappingPlane() {
@@ -567,8 +556,7 @@ bool IljToDc::CarryMappingPlane() {
   if (!record.HasAny<"FIL2", "FIL1", "NUMB", "PJCT", "PJAF", "PJAE">()) {
     tDC_PROJECTIONRecord projection;
     FillProjection(projection, record);
-    m_dc.Write(projection);
-    return true;
+    return Write(projection);
   }
   tDC_PROJECTION_EXTRecord projection;
   FillProjection(projection, record);
@@ -579,8 +567,7 @@ bool IljToDc::CarryMappingPlane() {
   projection.gridFileName = BareName(record.Value<"FIL1">());
   projection.shiftFileName = BareName(record.Value<"FIL2">());
   if (!AreLongNames({projection.gridFileName, projection.shiftFileName})) return false;
-  m_dc.Write(projection);
-  return true;
+  return Write(projection);
 }
 
 template <class Projection>
@@ -609,8 +596,7 @@ bool IljToDc::CarryLocalSite() {
   site.scale = record.Value<"SCAL">();
   site.north = DistanceOut(record.Value<"TRAY">());
   site.east = DistanceOut(record.Value<"TRAX">());
-  m_dc.Write(site);
-  return true;
+  return Write(site);
 }
 
 bool IljToDc::CarryCogoSettings() {
@@ -618,8 +604,7 @@ bool IljToDc::CarryCogoSettings() {
   tDC_COGORecord settings;
   Mapper::MapAzimuthOrigin(settings.azimuthOrigin, record.Get<"PJAZ">(), Mapper::kToDc);
   Mapper::MapGridOrientation(settings.gridOrientation, record.Get<"PJGO">(), Mapper::kToDc);
-  m_dc.Write(settings);
-  return true;
+  return Write(settings);
 }
 
 double IljToDc::DistanceOut(double metres) const {
