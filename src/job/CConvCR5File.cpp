@@ -4,11 +4,14 @@
 #include <cstring>
 #include <optional>
 
+#include "convert/CConvertProgress.h"
 #include "io/BinaryFields.h"
 #include "io/CQuickSort.h"
 #include "io/Numbers.h"
 #include "io/Strings.h"
 #include "io/Units.h"
+#include "job/Cr5Records.h"
+#include "job/JobUnits.h"
 #include "platform/Platform.h"
 
 namespace zelconvert {
@@ -32,7 +35,13 @@ constexpr std::size_t kMaxDigits = 7;
 /// What stands in a job for an elevation that the units made of a null value.
 constexpr double kLostElevation = -9.99e9;
 
-using HeaderBlock = std::array<std::byte, CR5_HEADER::kLength>;
+using Cr5HeaderBlock = std::array<std::byte, CR5_HEADER::kLength>;
+
+/// `value` times `factor`, which is that of a unit. Only these two are no value here: what lies
+/// below the second is a length, as it always was in these files.
+double Scaled(double value, double factor) {
+  return value == DC_NULL || value == kNullLimit ? value : value * factor;
+}
 
 void Pack(const CoordinateRecord& record, Cr5RecordBlock& block) {
   const BinaryWriter writer(block);
@@ -100,8 +109,8 @@ std::vector<RecordPointer> PointersTo(const std::vector<Cr5RecordBlock>& records
   return pointers;
 }
 
-// Ascending by number. Any sort gives that as long as no number is there twice; the order of points
-// that share a number is the one that CQuickSort leaves them in, which readers are used to.
+// Ascending by number. Any sort gives that as long as no number is there twice; points that share a
+// number stand in the order that CQuickSort leaves them in.
 std::vector<RecordPointer> Sort(const std::vector<Cr5RecordBlock>& records) {
   std::vector<RecordPointer> sorted = PointersTo(records);
   if (!std::is_sorted(sorted.begin(), sorted.end(), IsBelow)) {
@@ -113,185 +122,230 @@ std::vector<RecordPointer> Sort(const std::vector<Cr5RecordBlock>& records) {
   return sorted;
 }
 
-}  // namespace
+/// One run from a CR5 file to a job.
+class Cr5ToJob {
+ public:
+  /// units: those of the CR5 file, as the job's settings name them.
+  Cr5ToJob(CFileCE& cr5, CJobFile& job, std::uint16_t units)
+      : m_Cr5(cr5), m_Job(job), m_nUnits(units) {}
 
-// CR5 to job
+  bool Convert() { return ReadHeader() && PrepareJob() && CopyRecords(); }
 
-bool CConvCR5File::ConvertToNative(Report& /*report*/) {
-  if (!ReadCr5Header() || !PrepareJob()) return false;
-  CConvertProgress progress;
-  progress.Start();
-  return CopyRecords(progress);
-}
+ private:
+  bool ReadHeader();
+  bool PrepareJob();
+  bool CopyRecords();
+  void FillPoint(const CoordinateRecord& record);
 
-bool CConvCR5File::ReadCr5Header() {
-  HeaderBlock block;
-  if (!m_pFile1->Read(block.data(), block.size())) return false;
-  CR5_HEADER header;
-  const BinaryReader reader(block);
-  CR5_HEADER::Walk(reader, header);
-  m_bSequential = header.firstPoint != CR5_HEADER::kNotSequential;
-  m_nFirstPoint = m_bSequential ? header.firstPoint : 1;
-  return true;
+  CFileCE& m_Cr5;
+  CJobFile& m_Job;
+  std::uint16_t m_nUnits;
+  JOB_POINT m_Point;
+};
+
+// What it says is for programs that look for a record by its number.
+bool Cr5ToJob::ReadHeader() {
+  Cr5HeaderBlock block;
+  return m_Cr5.Read(block.data(), block.size());
 }
 
 // An old job has no place for the layer that its points lie on.
-bool CConvCR5File::PrepareJob() {
+bool Cr5ToJob::PrepareJob() {
   JOB_HEADER header;
-  if (!m_pFile2->ReadJobHeader(header)) return false;
+  if (!m_Job.ReadJobHeader(header)) return false;
   header.distanceUnit = m_nUnits;
-  return m_pFile2->WriteJobHeader(header) && m_pFile2->SeekToFirstRecord() &&
-         (m_pFile2->GetVersion() != kJobVersion || m_pFile2->WriteLayer(DefaultLayer()));
+  return m_Job.WriteJobHeader(header) && m_Job.SeekToFirstRecord() &&
+         (m_Job.GetVersion() != kJobVersion || m_Job.WriteLayer(DefaultLayer()));
 }
 
 // A last record that was cut off counts if its number came; what is missing has the initial values.
-bool CConvCR5File::CopyRecords(CConvertProgress& progress) {
+bool Cr5ToJob::CopyRecords() {
+  CConvertProgress progress;
+  progress.Start();
   const Cr5RecordBlock kFresh = UnusedRecord();
-  const std::int64_t fileLength = m_pFile1->GetLength();
-  JOB_POINT point;
-  point.layer = kDefaultLayerId;
+  const std::int64_t fileLength = m_Cr5.GetLength();
+  m_Point.layer = kDefaultLayerId;
   for (std::size_t bytes = CoordinateRecord::kLength; bytes == CoordinateRecord::kLength;) {
-    progress.SetPosition(m_pFile1->GetPosition(), fileLength);
+    progress.SetPosition(m_Cr5.GetPosition(), fileLength);
     Cr5RecordBlock block = kFresh;
-    if (!m_pFile1->Read(block.data(), block.size(), &bytes)) return false;
+    if (!m_Cr5.Read(block.data(), block.size(), &bytes)) return false;
     const CoordinateRecord record = Unpack(block);
     if (bytes < kNumberLength || record.number == CoordinateRecord::kUnused) continue;
-    FillPoint(point, record);
-    if (!m_pFile2->WritePoint(point)) return false;
+    FillPoint(record);
+    if (!m_Job.WritePoint(m_Point)) return false;
   }
   return true;
 }
 
-void CConvCR5File::FillPoint(JOB_POINT& point, const CoordinateRecord& record) const {
-  point.name.clear();
-  AppendInteger(point.name, record.number);
-  point.description.clear();
-  platform::AppendWide(point.description, DescriptionOf(record));
-  point.east = MetresFromUnits(record.east, m_nUnits);
-  point.north = MetresFromUnits(record.north, m_nUnits);
-  point.elevation = MetresFromUnits(record.elevation, m_nUnits);
-  if (point.elevation < kNullLimit) point.elevation = kLostElevation;
+void Cr5ToJob::FillPoint(const CoordinateRecord& record) {
+  m_Point.name.clear();
+  AppendInteger(m_Point.name, record.number);
+  m_Point.description.clear();
+  platform::AppendWide(m_Point.description, DescriptionOf(record));
+  const double factor = ToMetres(1.0, LinearUnitOfJob(m_nUnits));
+  m_Point.east = Scaled(record.east, factor);
+  m_Point.north = Scaled(record.north, factor);
+  m_Point.elevation = Scaled(record.elevation, factor);
+  if (m_Point.elevation < kNullLimit) m_Point.elevation = kLostElevation;
 }
 
-// Job to CR5
+/// One run from a job to a CR5 file.
+class JobToCr5 {
+ public:
+  JobToCr5(CJobFile& job, CFileCE& cr5, bool sequential, StringList& messages)
+      : m_Job(job), m_Cr5(cr5), m_bSequential(sequential), m_Messages(messages) {}
 
-bool CConvCR5File::ConvertFromNative(Report& report) {
+  bool Convert();
+
+ private:
+  template <class Handler>
+  bool ForEachPoint(int pass, Handler readPoint);
+  bool CountPoints();
+  void TakeNumber(std::int32_t number);
+  bool WriteHeader();
+  bool CollectRecords();
+  void AddRecord(const JOB_POINT& point, std::int32_t number);
+  bool WritePlain(const std::vector<RecordPointer>& records);
+  bool WriteSequential(const std::vector<RecordPointer>& records);
+  bool WriteRecord(const Cr5RecordBlock& record) {
+    return m_Cr5.Write(record.data(), record.size());
+  }
+
+  CJobFile& m_Job;
+  CFileCE& m_Cr5;
+  bool m_bSequential;
+  StringList& m_Messages;
+  CConvertProgress m_Progress;
+  double m_UnitsPerMetre = 1;
+  std::size_t m_nPoints = 0;
+  std::int32_t m_nAlphanumeric = 0;   // names that are no numbers
+  std::int32_t m_nFirstPoint = 0;     // lowest number, 0: none yet
+  std::int32_t m_nLastPoint = 0;      // highest number, likewise
+  std::int32_t m_nRenumberStart = 0;  // the number that the first such name would get
+  std::vector<Cr5RecordBlock> m_Records;
+  std::string m_strDescription;  // of the point at hand, kept for its memory
+};
+
+bool JobToCr5::Convert() {
   JOB_HEADER header;
-  if (!m_pFile2->ReadJobHeader(header)) return false;
-  CConvertProgress progress;
-  progress.Start();
+  if (!m_Job.ReadJobHeader(header)) return false;
+  m_UnitsPerMetre = FromMetres(1.0, LinearUnitOfJob(header.distanceUnit));
+  m_Progress.Start();
 
-  Totals totals;
-  if (!CountPoints(progress, totals) || !WriteCr5Header(totals)) return false;
-  Records records;
-  records.reserve(totals.points);
-  if (!CollectRecords(progress, header.distanceUnit, records, report.messages)) return false;
-  const SortedRecords sorted = Sort(records);
+  if (!CountPoints() || !WriteHeader()) return false;
+  m_Records.reserve(m_nPoints);
+  if (!CollectRecords()) return false;
+  const std::vector<RecordPointer> sorted = Sort(m_Records);
   if (!(m_bSequential ? WriteSequential(sorted) : WritePlain(sorted))) return false;
 
   // Unreachable as long as such points are refused above.
-  if (totals.alphanumeric > 0) {
-    report.messages.push_back(FormatText(kRenumberedText, m_nRenumberStart));
-  }
+  if (m_nAlphanumeric > 0) m_Messages.push_back(FormatText(kRenumberedText, m_nRenumberStart));
   return true;
 }
 
-// readPoint: called behind the head of each point of either kind; false ends the walk with false.
+// readPoint: called after the head of each point of either kind; false ends the walk with false.
 template <class Handler>
-bool CConvCR5File::ForEachPoint(CConvertProgress& progress, int pass, Handler readPoint) {
-  const std::int64_t fileLength = m_pFile2->GetFile().GetLength();
-  if (!m_pFile2->SeekToFirstRecord()) return false;
+bool JobToCr5::ForEachPoint(int pass, Handler readPoint) {
+  const std::int64_t fileLength = m_Job.GetFile().GetLength();
+  if (!m_Job.SeekToFirstRecord()) return false;
   JobKind kind;
   std::int64_t position;
   std::uint32_t length;
-  while (m_pFile2->ReadNextRecordHead(kind, position, length)) {
-    progress.SetPosition(pass * fileLength + position, kPasses * fileLength);
-    if (!(IsPoint(kind) ? readPoint() : m_pFile2->SkipRecord())) return false;
+  while (m_Job.ReadNextRecordHead(kind, position, length)) {
+    m_Progress.SetPosition(pass * fileLength + position, kPasses * fileLength);
+    if (!(IsPoint(kind) ? readPoint() : m_Job.SkipRecord())) return false;
   }
-  return !m_pFile2->GetFile().HasReadFailed();
+  return !m_Job.GetFile().HasReadFailed();
 }
 
-bool CConvCR5File::CountPoints(CConvertProgress& progress, Totals& totals) {
+bool JobToCr5::CountPoints() {
   std::wstring name;
-  const bool complete = ForEachPoint(progress, 0, [&] {
-    if (!m_pFile2->ReadPointName(name)) return false;
-    ++totals.points;
+  const bool complete = ForEachPoint(0, [&] {
+    if (!m_Job.ReadPointName(name)) return false;
+    ++m_nPoints;
     if (const auto number = PointNumber(name)) {
       TakeNumber(*number);
     } else {
-      ++totals.alphanumeric;
+      ++m_nAlphanumeric;
     }
     return true;
   });
-  if (m_nRenumberStart == 0) m_nRenumberStart = m_nLastPoint + 1;
+  m_nRenumberStart = m_nLastPoint + 1;
   return complete;
 }
 
 // A point number 0 never counts as the lowest.
-void CConvCR5File::TakeNumber(std::int32_t number) {
+void JobToCr5::TakeNumber(std::int32_t number) {
   if (number != 0 && (m_nFirstPoint == 0 || number < m_nFirstPoint)) m_nFirstPoint = number;
   if (number > m_nLastPoint) m_nLastPoint = number;
 }
 
-bool CConvCR5File::WriteCr5Header(const Totals& totals) {
+bool JobToCr5::WriteHeader() {
   CR5_HEADER header;
-  header.maxPoint = m_nLastPoint + static_cast<std::int32_t>(totals.alphanumeric);
+  header.maxPoint = m_nLastPoint + m_nAlphanumeric;
   if (m_bSequential) header.firstPoint = m_nFirstPoint;
-  HeaderBlock block{};
+  Cr5HeaderBlock block{};
   const BinaryWriter writer(block);
   writer.Bytes(0, std::as_bytes(std::span(CR5_HEADER::kSignature)));
   CR5_HEADER::Walk(writer, header);
-  return m_pFile1->SeekToBegin() && m_pFile1->Write(block.data(), block.size());
+  return m_Cr5.SeekToBegin() && m_Cr5.Write(block.data(), block.size());
 }
 
-bool CConvCR5File::CollectRecords(CConvertProgress& progress, int distanceUnit, Records& records,
-                                  StringList& messages) {
+bool JobToCr5::CollectRecords() {
   JOB_POINT_EX point;
-  std::string description;
-  return ForEachPoint(progress, 1, [&] {
+  return ForEachPoint(1, [&] {
     // Of the two readers the one whose kind it isn't reads nothing.
-    if (!m_pFile2->ReadPoint(point) || !m_pFile2->ReadPointEx(point)) return false;
+    if (!m_Job.ReadPoint(point) || !m_Job.ReadPointEx(point)) return false;
     const auto number = PointNumber(point.name);
     if (!number) {
-      messages.emplace_back(kInvalidNumbersText);
+      m_Messages.emplace_back(kInvalidNumbersText);
       return false;
     }
-    CoordinateRecord record;
-    record.number = *number;
-    record.east = UnitsFromMetres(point.east, distanceUnit);
-    record.north = UnitsFromMetres(point.north, distanceUnit);
-    record.elevation = UnitsFromMetres(point.elevation, distanceUnit);
-    description.clear();
-    platform::AppendNarrow(description, point.description);
-    std::memcpy(record.description.data(), description.data(),
-                std::min(description.size(), record.description.size()));
-    Pack(record, records.emplace_back());
+    AddRecord(point, *number);
     return true;
   });
 }
 
-bool CConvCR5File::WritePlain(const SortedRecords& records) {
-  return std::all_of(records.begin(), records.end(),
-                     [this](RecordPointer record) { return WriteCr5Record(*record); });
+void JobToCr5::AddRecord(const JOB_POINT& point, std::int32_t number) {
+  CoordinateRecord record;
+  record.number = number;
+  record.east = Scaled(point.east, m_UnitsPerMetre);
+  record.north = Scaled(point.north, m_UnitsPerMetre);
+  record.elevation = Scaled(point.elevation, m_UnitsPerMetre);
+  m_strDescription.clear();
+  platform::AppendNarrow(m_strDescription, point.description);
+  std::memcpy(record.description.data(), m_strDescription.data(),
+              std::min(m_strDescription.size(), record.description.size()));
+  Pack(record, m_Records.emplace_back());
+}
+
+bool JobToCr5::WritePlain(const std::vector<RecordPointer>& records) {
+  return std::ranges::all_of(records, [this](RecordPointer each) { return WriteRecord(*each); });
 }
 
 // One record for every number, unless numbers are there twice: then the walk runs ahead of the
 // records, no gap is filled any more until they catch up, and it ends at the highest number.
-bool CConvCR5File::WriteSequential(const SortedRecords& records) {
+bool JobToCr5::WriteSequential(const std::vector<RecordPointer>& records) {
   const Cr5RecordBlock kUnused = UnusedRecord();
   const std::int32_t last = NumberOf(records.at(records.size() - 1));
   std::size_t i = 0;
   for (std::int32_t expected = NumberOf(records.front()); expected <= last; ++expected, ++i) {
     for (; expected < NumberOf(records[i]); ++expected) {
-      if (!WriteCr5Record(kUnused)) return false;
+      if (!WriteRecord(kUnused)) return false;
     }
-    if (!WriteCr5Record(*records[i])) return false;
+    if (!WriteRecord(*records[i])) return false;
   }
   return true;
 }
 
-bool CConvCR5File::WriteCr5Record(const Cr5RecordBlock& record) {
-  return m_pFile1->Write(record.data(), record.size());
+}  // namespace
+
+bool CConvCR5File::ConvertToNative(Report& /*report*/) {
+  return Cr5ToJob(*m_pFile1, *m_pFile2, m_nUnits).Convert();
+}
+
+bool CConvCR5File::ConvertFromNative(Report& report) {
+  return JobToCr5(*m_pFile2, *m_pFile1, m_bSequential, report.messages).Convert();
 }
 
 }  // namespace zelconvert
