@@ -1,5 +1,23 @@
 # Settings for people who work on zelconvert; someone who only uses the package meets none of them.
 
+# The sources of each folder are compiled as one, if this is a build that only checks: that takes a
+# fraction of the time. So no two files of a folder may have one name in their unnamed namespaces.
+function(zel_unity target)
+  if(NOT ZELCONVERT_UNITY)
+    return()
+  endif()
+  get_target_property(sources ${target} SOURCES)
+  get_target_property(base ${target} SOURCE_DIR)
+  foreach(source IN LISTS sources)
+    cmake_path(ABSOLUTE_PATH source BASE_DIRECTORY ${base})
+    cmake_path(GET source PARENT_PATH folder)
+    cmake_path(RELATIVE_PATH folder BASE_DIRECTORY ${PROJECT_SOURCE_DIR})
+    string(MAKE_C_IDENTIFIER ${folder} group)
+    set_source_files_properties(${source} TARGET_DIRECTORY ${target} PROPERTIES UNITY_GROUP ${group})
+  endforeach()
+  set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_MODE GROUP)
+endfunction()
+
 function(zel_developer_settings target)
   if(ZELCONVERT_STRICT)
     target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror
