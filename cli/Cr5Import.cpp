@@ -6,6 +6,7 @@
 #include "cli/Host.h"
 #include "cli/platform/Host.h"
 #include "job/CConvCR5File.h"
+#include "job/Cr5Records.h"
 
 namespace zelconvert::cli {
 
