@@ -145,7 +145,7 @@ class RawToDc {
       m_pass.NextRecord();
       progress.SetPosition(m_raw.GetPosition(), length);
       const Outcome outcome = ConvertRecord();
-      if (outcome == Outcome::BadRecord) m_pass.Say(FormatText(kBadRecord, m_pass.line));
+      if (outcome == Outcome::BadRecord) m_pass.Say(FormatText(kBadRawRecordText, m_pass.line));
       if (outcome != Outcome::Done) return false;
     }
     return Finish(writeUnusedPoints);
@@ -167,7 +167,7 @@ class RawToDc {
   bool Finish(bool writeUnusedPoints) {
     m_subjects.stakeOut.Finish();
     if (!m_pass.mode.isSet) {
-      m_pass.Say(std::wstring(kNoMode));
+      m_pass.Say(kNoMode);
       return false;
     }
     if (writeUnusedPoints) m_pass.WriteUnusedPoints();

@@ -98,7 +98,7 @@ Outcome Gps::OnEquipment() {
       g_bGpsSecurityInDcConversions && HasRover() && m_pass.previousKind == RawRecordType::RX;
   if (isTested && !TestGpsSignature(m_roverRecord, record)) {
     m_receiver = Receiver::Other;
-    m_pass.Say(std::wstring(kNotSigned));
+    m_pass.Say(kNotSigned);
     return Outcome::Done;
   }
   EQ_RECORD equipment;

@@ -21,10 +21,10 @@ Outcome Job::OnMode(const MO_RECORD& mode) {
     if (!WriteHeader(mode)) return Outcome::Failed;
     WriteJob(mode);
   } else if (!m_isConflictReported) {
-    m_pass.Say(std::wstring(kConflictingModes));
+    m_pass.Say(kConflictingModes);
     m_isConflictReported = true;
   }
-  WriteCogo(mode.azimuthOrigin == 1 ? 2 : 1, 1);
+  WriteCogo(mode.azimuthOrigin == kFromSouth ? 2 : 1, 1);
   if (isFirst && !m_pass.index.HasLocalization()) WriteNoCoordinateSystem(m_pass.dc, first.scale);
   return Outcome::Done;
 }

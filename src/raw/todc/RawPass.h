@@ -62,7 +62,7 @@ class RawPass {
 
   /// Takes `record` as the next one.
   void NextRecord();
-  void Say(std::wstring text) { m_messages.push_back(std::move(text)); }
+  void Say(std::wstring_view text) { m_messages.emplace_back(text); }
 
   /// Once the index is built: from here on names are marked that a record asks for, or that end the
   /// file if nothing wrote them.

@@ -1,12 +1,10 @@
-// What the reduction of a log tells its user.
+// What the reduction of a log tells its user, beside kBadRawRecordText.
 #pragma once
 
 #include <string_view>
 
 namespace zelconvert {
 
-inline constexpr std::wstring_view kBadRecord =
-    L"Bad raw data record found at line %ld. The conversion is aborted.";
 inline constexpr std::wstring_view kNoMode = L"Bad ZEL raw data file.";
 inline constexpr std::wstring_view kJobNotRead =
     L"Warning: The points of the job %s could not be read.";
