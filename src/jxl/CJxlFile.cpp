@@ -128,22 +128,16 @@ constexpr XmlField<SC_RECORD> kScan[] = {
     {"VerticalStep", &SC_RECORD::verticalStep},
 };
 
-void AppendTwoDigits(std::wstring& text, wchar_t before, int value) {
-  text += before;
-  text += static_cast<wchar_t>(L'0' + value / 10 % 10);
-  text += static_cast<wchar_t>(L'0' + value % 10);
-}
-
 // "%Y-%m-%dT%H:%M:%S"
 std::wstring FormatTimeStamp(const platform::LocalTime& time) {
   std::wstring text;
-  std::wstring year = FormatInteger(time.year);
-  text.append(year.size() < 4 ? 4 - year.size() : 0, L'0').append(year);
-  AppendTwoDigits(text, L'-', time.month);
-  AppendTwoDigits(text, L'-', time.day);
-  AppendTwoDigits(text, L'T', time.hour);
-  AppendTwoDigits(text, L':', time.minute);
-  AppendTwoDigits(text, L':', time.second);
+  AppendTwoDigits(text, time.year / 100);
+  AppendTwoDigits(text, time.year % 100);
+  AppendTwoDigits(text += L'-', time.month);
+  AppendTwoDigits(text += L'-', time.day);
+  AppendTwoDigits(text += L'T', time.hour);
+  AppendTwoDigits(text += L':', time.minute);
+  AppendTwoDigits(text += L':', time.second);
   return text;
 }
 

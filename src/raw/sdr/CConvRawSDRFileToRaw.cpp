@@ -30,10 +30,6 @@ constexpr std::size_t kHeaderSize = 45;
 /// Lengths that are as good as none, in file units.
 constexpr double kNegligible = 0.001;
 
-std::wstring TwoDigits(int value) {
-  return {static_cast<wchar_t>(L'0' + value / 10 % 10), static_cast<wchar_t>(L'0' + value % 10)};
-}
-
 class SdrToRaw {
  public:
   SdrToRaw(CFileCE& sdr, CRawFile& raw, const SdrLayout& layout, StringList& messages)
@@ -46,8 +42,12 @@ class SdrToRaw {
     FindCollimation();
     if (!ReadSettings()) return false;
     const platform::LocalTime now = CurrentLocalTime();
-    m_date = TwoDigits(now.month) + L"-" + TwoDigits(now.day) + L"-" + FormatInteger(now.year);
-    m_time = TwoDigits(now.hour) + L":" + TwoDigits(now.minute) + L":" + TwoDigits(now.second);
+    AppendTwoDigits(m_date, now.month);
+    AppendTwoDigits(m_date += L'-', now.day);
+    AppendInteger(m_date += L'-', now.year);
+    AppendTwoDigits(m_time, now.hour);
+    AppendTwoDigits(m_time += L':', now.minute);
+    AppendTwoDigits(m_time += L':', now.second);
 
     const std::int64_t length = m_sdr.GetLength();
     m_sdr.SeekToBegin();
@@ -110,16 +110,11 @@ bool SdrToRaw::CheckSdrKind() {
 // Points of SDR2 are numbers of four digits.
 bool SdrToRaw::HasGoodNames(int code) const {
   if (m_layout.named) return true;
-  switch (code) {
-    case kSdrCode<SdrStation>:
-      return SdrNamesAreNumbers<SdrStation>(m_line, m_layout);
-    case kSdrCode<SdrCoordinates>:
-      return SdrNamesAreNumbers<SdrCoordinates>(m_line, m_layout);
-    case kSdrCode<SdrObservation>:
-      return SdrNamesAreNumbers<SdrObservation>(m_line, m_layout);
-    default:
-      return true;
-  }
+  if (code == kSdrCode<SdrStation>) return !IsNonNumeric(Read<SdrStation>().name);
+  if (code == kSdrCode<SdrCoordinates>) return !IsNonNumeric(Read<SdrCoordinates>().name);
+  if (code != kSdrCode<SdrObservation>) return true;
+  const auto shot = Read<SdrObservation>();
+  return !IsNonNumeric(shot.station) && !IsNonNumeric(shot.target);
 }
 
 void SdrToRaw::FindCollimation() {

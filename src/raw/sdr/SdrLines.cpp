@@ -18,20 +18,12 @@ constexpr std::wstring_view kDerivations[] = {
     L"RS", L"SC", L"SO", L"SR", L"TP", L"TS", L"TV", L"NM", L"IC", L"FC",
     L"KM", L"OS", L"RO", L"TL", L"GE", L"IP", L"FD", L"IM", L"TA"};
 
-void CutTo(std::wstring& line, std::size_t size) {
-  if (line.size() > size) line.resize(size);
-}
-
-void Pad(std::wstring& line, std::size_t start, std::size_t width) {
-  if (line.size() < start + width) line.append(start + width - line.size(), L' ');
-}
-
 // "%-*.*f": a longer number stays whole.
 void AppendWhole(std::wstring& line, double value, std::size_t width, int decimals) {
   if (IsNull(value)) return AppendBlanks(line, width);
   const std::size_t start = line.size();
   AppendFixed(line, value, decimals);
-  Pad(line, start, width);
+  line.resize(std::max(line.size(), start + width), L' ');
 }
 
 }  // namespace
@@ -44,14 +36,13 @@ namespace sdr {
 void FormatReal(std::wstring& line, double value, std::size_t width, int decimals) {
   const std::size_t start = line.size();
   AppendWhole(line, value, width, decimals);
-  CutTo(line, start + width);
+  line.resize(start + width);
 }
 
 void FormatInteger(std::wstring& line, std::int32_t value, std::size_t width) {
   const std::size_t start = line.size();
   AppendInteger(line, value);
-  Pad(line, start, width);
-  CutTo(line, start + width);
+  line.resize(start + width, L' ');
 }
 
 void FormatPointNumber(std::wstring& line, std::int32_t number) {
@@ -59,7 +50,7 @@ void FormatPointNumber(std::wstring& line, std::int32_t number) {
   const std::wstring digits = zelconvert::FormatInteger(number);
   if (digits.size() < kNumberWidth) line.append(kNumberWidth - digits.size(), L'0');
   line += digits;
-  CutTo(line, start + kNumberWidth);
+  line.resize(start + kNumberWidth);
 }
 
 void FormatName(std::wstring& line, std::wstring_view name) {

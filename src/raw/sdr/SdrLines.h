@@ -194,18 +194,6 @@ Record ReadSdr(std::wstring_view line, const SdrLayout& layout) {
   return record;
 }
 
-/// Every name in a line is a number, or empty.
-template <class Record>
-bool SdrNamesAreNumbers(std::wstring_view line, const SdrLayout& layout) {
-  std::size_t start = Record::kCode.size();
-  for (const SdrColumn<Record>& column : Record::kColumns) {
-    const std::wstring_view field = Mid(line, start, column.Width(layout));
-    start += column.Width(layout);
-    if (column.form == SdrForm::Name && IsNonNumeric(field)) return false;
-  }
-  return true;
-}
-
 // The header, 00NM: its units stand in these columns.
 inline constexpr std::size_t kSdrAngleUnitColumn = 40;
 inline constexpr std::size_t kSdrLengthUnitColumn = 41;
