@@ -17,7 +17,7 @@ namespace {
 
 constexpr std::wstring_view kNotSdr2Text = L"This SDR file is not in SDR2X format.";
 constexpr std::wstring_view kNotSdr33Text = L"This SDR file is not in SDR33 format.";
-constexpr std::wstring_view kAlphanumericText =
+constexpr std::wstring_view kNamedPointsText =
     L"SDR2X format does not support alphanumeric point names. This is not a valid SDR2X file.";
 constexpr std::wstring_view kNoHeaderText =
     L"This SDR file does not have a header record and can not be converted.\n";
@@ -102,7 +102,7 @@ bool SdrToRaw::CheckSdrKind() {
         Mid(m_line, kFirstColumn, m_layout.headerName.size()) != m_layout.headerName) {
       return Refuse(m_layout.named ? kNotSdr33Text : kNotSdr2Text);
     }
-    if (!HasGoodNames(code)) return Refuse(kAlphanumericText);
+    if (!HasGoodNames(code)) return Refuse(kNamedPointsText);
   }
   return true;
 }
