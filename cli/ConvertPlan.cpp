@@ -55,7 +55,8 @@ const TypeInfo& TypeOfOutput(const std::string& asked, const fs::path& output) {
 
 std::string TellOutputs(const TypeInfo& from) {
   const std::string name(from.name);
-  if (!from.outputs.empty()) return name + " converts to " + std::string(from.outputs);
+  const std::string outputs = OutputNames(from);
+  if (!outputs.empty()) return name + " converts to " + outputs;
   if (!from.command.empty()) return "see zelconvert help " + std::string(from.command);
   return "nothing is made from " + name;
 }

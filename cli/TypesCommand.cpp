@@ -35,7 +35,7 @@ std::string ListTypes() {
       Padded("TYPE", 7) + Padded("FILE", 4) + Padded("DESCRIPTION", 30) + "CONVERTS TO\n";
   for (const TypeInfo& info : kTypes) {
     std::string line = Padded(std::string(info.name), 7) + Padded(GetExtension(info.type), 4) +
-                       Padded(GetDescription(info.type), 30) + std::string(info.outputs);
+                       Padded(GetDescription(info.type), 30) + OutputNames(info);
     if (!info.command.empty()) line += "(zelconvert " + std::string(info.command) + ")";
     line.erase(line.find_last_not_of(' ') + 1);
     text += line + "\n";
