@@ -65,7 +65,8 @@ TEST(Routes, AgreeOnTraverses) {
     SCOPED_TRACE(seed);
     std::mt19937 random(seed);
     const auto pick = [&](int low, int high) {  // in thousandths
-      return (low * 1000 + static_cast<int>(random() % (1000u * (high - low)))) / 1000.0;
+      return low +
+             static_cast<double>(random() % (1000u * static_cast<unsigned>(high - low))) / 1000;
     };
     const auto oneOf = [&](unsigned count) { return random() % count == 0; };
     const Units units{static_cast<int>(seed % 3), static_cast<int>(seed / 3 % 2),

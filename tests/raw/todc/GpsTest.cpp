@@ -37,8 +37,8 @@ double Field(const std::string& line, const std::string& tag) {
 
 double FromDms(double value) {
   const long long ticks = std::llround(std::fabs(value) * 1e10);  // DDDMMSSssssss
-  const double degrees = static_cast<double>(ticks / 10000000000) +
-                         static_cast<double>(ticks / 100000000 % 100) / 60 +
+  const long long whole = ticks / 10000000000, minutes = ticks / 100000000 % 100;
+  const double degrees = static_cast<double>(whole) + static_cast<double>(minutes) / 60 +
                          static_cast<double>(ticks % 100000000) / 3600e6;
   return value < 0 ? -degrees : degrees;
 }

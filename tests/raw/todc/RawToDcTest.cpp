@@ -44,7 +44,7 @@ void TraverseTheLoop(const Units& units) {
       ++form;
       ++shots;
     }
-    const std::string next = kLoop[(i + 1) % kLoop.size()];
+    const std::string& next = kLoop[(i + 1) % kLoop.size()];
     field.Heights(1.5 + 0.01 * static_cast<double>(i), 2);
     field.Shoot("TR", next, form, form);
     field.Advance(next);
