@@ -6,110 +6,88 @@
 #include <cstdio>
 #include <functional>
 #include <limits>
-#include <map>
+#include <set>
 #include <sstream>
 #include <string>
 #include <string_view>
-#include <type_traits>
 #include <vector>
 
 #include "CaseFile.h"
 #include "DcRecordList.h"
-#include "convert/ConversionBase.h"
 #include "dc/CDcFile.h"
 #include "dc/ProjectionCodes.h"
 
 namespace zelconvert {
 namespace {
 
-// Calls `use` with each member that a table names, in the order of the columns.
-template <class R, std::size_t N, class Use>
-void ForEachMember(const std::array<Column<R>, N>& columns, Use use) {
-  for (const Column<R>& column : columns) {
-    std::visit(
-        [&](auto member) {
-          if constexpr (!std::is_same_v<decltype(member), std::monostate>) use(member);
-        },
-        column.member);
-  }
+using Fields = std::vector<FieldRef>;
+
+const RecordKind& KindOfName(const std::wstring& name) {
+  const auto& kinds = RecordKinds();
+  const auto found = std::find_if(kinds.begin(), kinds.end(),
+                                  [&](const RecordKind& kind) { return kind.name == name; });
+  EXPECT_NE(found, kinds.end()) << ToNarrow(name);
+  return *found;
 }
 
 // ------------------------------------------------------------------------------------- Writing
 
-void Set(std::wstring& value, const std::wstring& text) {
-  value = text == L"''" ? L"" : text;
-}
-void Set(double& value, const std::wstring& text) {
-  value = text == L"null"  ? DC_NULL
-          : text == L"nan" ? std::numeric_limits<double>::quiet_NaN()
-                           : ToReal(text);
-}
-void Set(std::int32_t& value, const std::wstring& text) {
-  value = ToInteger(text);
-}
-void Set(wchar_t& value, const std::wstring& text) {
-  value = text[0];
-}
-void Set(bool& value, const std::wstring& text) {
-  value = text == L"yes";
+void Set(const FieldRef& field, const std::wstring& text) {
+  if (const auto* value = std::get_if<std::wstring*>(&field)) **value = text == L"''" ? L"" : text;
+  if (const auto* value = std::get_if<double*>(&field)) {
+    **value = text == L"null"  ? DC_NULL
+              : text == L"nan" ? std::numeric_limits<double>::quiet_NaN()
+                               : ToReal(text);
+  }
+  if (const auto* value = std::get_if<std::int32_t*>(&field)) **value = ToInteger(text);
+  if (const auto* value = std::get_if<wchar_t*>(&field)) **value = text[0];
+  if (const auto* value = std::get_if<bool*>(&field)) **value = text == L"yes";
 }
 
-using Writer = std::function<void(CDcFile&, const CaseFields&)>;
-
-// subtype: of a record that is written with several.
-template <class R>
-Writer MakeWriter(std::wstring_view subtype = {}) {
-  return [=](CDcFile& file, const CaseFields& fields) {
-    R record;
-    std::size_t next = 1;
-    const auto set = [&](auto& value) {
-      if (!fields.at(next).empty()) Set(value, fields[next]);
-      ++next;
-    };
-    set(record.subtype);
-    const void* last = nullptr;  // the members stand in the order of the columns
-    ForEachMember(kColumns<R>, [&](auto member) {
-      EXPECT_TRUE(std::less<>()(last, static_cast<const void*>(&(record.*member))));
-      last = &(record.*member);
-      set(record.*member);
-    });
-    EXPECT_EQ(next + 1, fields.size());
-    subtype.empty() ? file.Write(record) : file.Write(record, subtype);
-  };
+// The members of a structure stand in the order of its columns.
+bool StandsBefore(const FieldRef& one, const FieldRef& other) {
+  const auto address = [](auto field) { return static_cast<const void*>(field); };
+  return std::less<>()(std::visit(address, one), std::visit(address, other));
 }
 
 TEST(DcWriters, WriteEveryRecord) {
-  std::map<std::wstring, Writer> writers = {
-#define WRITER(record, name) {L"" #name, MakeWriter<record>()},
-      ZEL_DC_RECORDS(WRITER)
-#undef WRITER
-          {L"NoteKeyed", MakeWriter<tDC_NOTERecord>(L"KI")},
-      {L"NoteTime", MakeWriter<tDC_NOTERecord>(L"TM")},
-  };
+  std::set<std::wstring> names = {L"NoteKeyed", L"NoteTime"};
+  for (const RecordKind& kind : RecordKinds()) names.insert(kind.name);
   const std::vector<CaseFields> cases = ReadCases("tests/golden-lines/dc-written.txt");
   TempDir folder;
   CDcFile file;
   ASSERT_TRUE(file.OpenForWrite(folder.Path(L"out.dc")));
   StringList told, expected;
   file.SetMessages(&told);
-  for (const CaseFields& fields : cases) {
-    SCOPED_TRACE(testing::PrintToString(fields));
-    writers.at(fields[0])(file, fields);
+  for (const CaseFields& texts : cases) {
+    SCOPED_TRACE(testing::PrintToString(texts));
+    const bool keyed = texts[0] == L"NoteKeyed", time = texts[0] == L"NoteTime";
+    const RecordKind& kind = KindOfName(keyed || time ? L"Note" : texts[0]);
+    const wchar_t* subtypeGiven = keyed ? L"KI" : time ? L"TM" : L"";
+    kind.write(file, subtypeGiven, [&](auto& subtype, const Fields& fields) {
+      if (!texts.at(1).empty()) Set(&subtype, texts[1]);
+      EXPECT_TRUE(std::is_sorted(fields.begin(), fields.end(), StandsBefore));
+      std::size_t next = 2;
+      for (const FieldRef& field : fields) {
+        if (!texts.at(next++).empty()) Set(field, texts[next - 1]);
+      }
+      EXPECT_EQ(next + 1, texts.size());
+    });
+    names.erase(texts[0]);
   }
   ASSERT_TRUE(file.Close() && !file.HasWriteFailed());
+  EXPECT_TRUE(names.empty()) << "no case of " << testing::PrintToString(*names.begin());
   for (const CaseFields& text : ReadCases("tests/golden-lines/dc-cut-names.txt")) {
     expected.push_back(text[0]);
   }
   EXPECT_EQ(told, expected);
   std::istringstream lines(folder.Read(L"out.dc"));
   std::string line;
-  for (const CaseFields& fields : cases) {
+  for (const CaseFields& texts : cases) {
     ASSERT_TRUE(std::getline(lines, line));
-    EXPECT_EQ(line, ToNarrow(fields.back()) + '\r') << testing::PrintToString(fields[0]);
-    writers.erase(fields[0]);
+    EXPECT_EQ(line, ToNarrow(texts.back()) + '\r') << testing::PrintToString(texts[0]);
   }
   EXPECT_FALSE(std::getline(lines, line));
-  EXPECT_TRUE(writers.empty()) << "no case of " << testing::PrintToString(writers.begin()->first);
 }
 
 TEST(DcWriters, NumbersOfTheirOwn) {
@@ -123,31 +101,34 @@ TEST(DcWriters, NumbersOfTheirOwn) {
 
 // ------------------------------------------------------------------------------------- Reading
 
-std::wstring Show(const std::wstring& value) {
-  return value;
-}
-std::wstring Show(double value) {
-  if (value == DC_NULL) return L"null";
+std::wstring Show(const FieldRef& field) {
+  if (const auto* value = std::get_if<std::wstring*>(&field)) return **value;
+  if (const auto* value = std::get_if<std::int32_t*>(&field)) return std::to_wstring(**value);
+  if (const auto* value = std::get_if<wchar_t*>(&field)) {
+    return **value == L'\0' ? L"NUL" : std::wstring(1, **value);
+  }
+  if (const auto* value = std::get_if<bool*>(&field)) return **value ? L"yes" : L"no";
+  const double real = *std::get<double*>(field);
   char text[32];
-  std::snprintf(text, sizeof text, "%.13g", value);
-  return ToWide(text);
-}
-std::wstring Show(std::int32_t value) {
-  return std::to_wstring(value);
-}
-std::wstring Show(wchar_t value) {
-  return value == L'\0' ? L"NUL" : std::wstring(1, value);
-}
-std::wstring Show(bool value) {
-  return value ? L"yes" : L"no";
+  std::snprintf(text, sizeof text, "%.13g", real);
+  return real == DC_NULL ? L"null" : ToWide(text);
 }
 
-// The fields of a record in the order of their columns, a bar behind each.
-template <class R, std::size_t N>
-std::wstring ShowFields(const std::array<Column<R>, N>& columns, const R& record) {
+// A bar after each.
+std::wstring ShowFields(const Fields& fields) {
   std::wstring text;
-  ForEachMember(columns, [&](auto member) { text += Show(record.*member) + L'|'; });
+  for (const FieldRef& field : fields) text += Show(field) + L'|';
   return text;
+}
+
+std::wstring ReadFields(const std::wstring& name, const std::wstring& line) {
+  std::wstring shown;
+  const auto show = [&](const std::wstring& subtype, const Fields& fields) {
+    EXPECT_EQ(subtype, line.substr(std::min<std::size_t>(2, line.size()), 2));
+    shown = ShowFields(fields);
+  };
+  EXPECT_EQ(KindOfName(name).read(line, show), 0);
+  return shown;
 }
 
 // The first `count` fields of one text, the rest of another.
@@ -160,62 +141,25 @@ std::wstring Mixed(const std::wstring& first, const std::wstring& second, std::s
   return first.substr(0, front) + second.substr(rest);
 }
 
-using Reader = std::function<void(const CaseFields&)>;
-
-// The fields of a full line, of one with nothing behind its head, and of one full of "x". A line
-// cut at the border of a field has the fields in front of it as they were and the rest as if the
-// line were empty.
-template <class R>
-Reader MakeReader() {
-  return [](const CaseFields& texts) {
-    const auto fieldsOf = [&](const std::wstring& line) {
-      R record;
-      CDcFile::Read(line, record);
-      EXPECT_EQ(record.type, R::kType);
-      EXPECT_EQ(record.subtype, line.substr(std::min<std::size_t>(2, line.size()), 2));
-      return ShowFields(kColumns<R>, record);
-    };
+// The fields of a full line, of one with nothing after its head, and of one full of "x". A line cut
+// at the border of a field has the fields before it as they were and the rest as if the line were
+// empty.
+TEST(DcReaders, ReadEveryField) {
+  const std::vector<CaseFields> cases = ReadCases("tests/golden-lines/dc-read.txt", '\t');
+  EXPECT_EQ(cases.size(), 19u);
+  for (const CaseFields& texts : cases) {
+    SCOPED_TRACE(testing::PrintToString(texts[1]));
+    const auto fieldsOf = [&](const std::wstring& line) { return ReadFields(texts[0], line); };
     const std::wstring &full = texts[1], &fields = texts[2], &empty = texts[3];
     EXPECT_EQ(fieldsOf(full), fields);
     EXPECT_EQ(fieldsOf(full.substr(0, 4)), empty);
     EXPECT_EQ(fieldsOf(full.substr(0, 4) + std::wstring(250, L'x')), texts[4]);
-    for (std::size_t kept = 0; kept < std::size(kColumns<R>); ++kept) {
-      const std::wstring cut = full.substr(0, static_cast<std::size_t>(kColumns<R>[kept].start));
+    const std::vector<AnyColumn>& columns = KindOfName(texts[0]).columns;
+    for (std::size_t kept = 0; kept < columns.size(); ++kept) {
+      const std::wstring cut = full.substr(0, static_cast<std::size_t>(columns[kept].start));
       EXPECT_EQ(fieldsOf(cut), Mixed(fields, empty, kept)) << "cut at " << cut.size();
     }
-  };
-}
-
-TEST(DcReaders, ReadEveryField) {
-  std::map<std::wstring, Reader> readers = {
-#define READER(record, name) {L"" #name, MakeReader<record>()}
-      READER(tDC_JOBRecord, Job),
-      READER(tDC_NOTERecord, Note),
-      READER(tDC_POST_PROCESSRecord, PostProcess),
-      READER(tDC_COGORecord, Cogo),
-      READER(tDC_COGO_OLDRecord, CogoOld),
-      READER(tDC_GRID_POSITIONRecord, GridPosition),
-      READER(tDC_GPS_POSITIONRecord, GpsPosition),
-      READER(tDC_LOCAL_POSITIONRecord, LocalPosition),
-      READER(tDC_ELLIPSOIDRecord, Ellipsoid),
-      READER(tDC_LOCAL_SITERecord, LocalSite),
-      READER(tDC_HORIZONTAL_ADJUSTRecord, HorizontalAdjust),
-      READER(tDC_VERTICAL_ADJUSTRecord, VerticalAdjust),
-      READER(tDC_COORDINATE_SYSTEMRecord, CoordinateSystem),
-      READER(tDC_ZONE_LABELRecord, ZoneLabel),
-      READER(tDC_DATUM_GRIDRecord, DatumGrid),
-      READER(tDC_PROJECTIONRecord, Projection),
-      READER(tDC_DATUMRecord, Datum),
-      READER(tDC_PROJECTION_EXTRecord, ProjectionExt),
-      READER(tDC_SETUP_Record, Setup),
-#undef READER
-  };
-  for (const CaseFields& texts : ReadCases("tests/golden-lines/dc-read.txt", '\t')) {
-    SCOPED_TRACE(testing::PrintToString(texts[1]));
-    readers.at(texts[0])(texts);
-    readers.erase(texts[0]);
   }
-  EXPECT_TRUE(readers.empty());
 }
 
 TEST(DcReaders, Header) {
@@ -228,9 +172,7 @@ TEST(DcReaders, Header) {
        {Case{L"111111", L"1|1|1|1|1|1|"}, Case{L"222222", L"2|2|2|2|2|2|"},
         Case{L"333333", L"3|3|3|2|1|1|"}, Case{L"44444", L"4|1|3|2|1|1|"},
         Case{L"      ", L"4|1|3|2|1|1|"}, Case{L"000002 trailing", L"4|1|3|2|1|2|"}}) {
-    tDC_HEADERRecord record;
-    CDcFile::Read(front + digits, record);
-    EXPECT_EQ(ShowFields(kColumns<tDC_HEADERRecord>, record),
+    EXPECT_EQ(ReadFields(L"Header", front + digits),
               L"FX V10-70       |12|03-13-2026 14:15|" + std::wstring(fields));
   }
   tDC_HEADERRecord record;

@@ -1,63 +1,47 @@
-// The records of DC files: X(structure, name), where CDcFile::Write<name> writes one by
-// k<name>Columns.
+// Every record of a DC file but those of roads, without its type: what the tests do with one they
+// do with all.
 #pragma once
 
-#define ZEL_DC_RECORDS(X)                               \
-  X(tDC_HEADERRecord, Header)                           \
-  X(tDC_JOBRecord, Job)                                 \
-  X(tDC_NOTERecord, Note)                               \
-  X(tDC_POST_PROCESSRecord, PostProcess)                \
-  X(tDC_SCALERecord, Scale)                             \
-  X(tDC_COGORecord, Cogo)                               \
-  X(tDC_COGO_OLDRecord, CogoOld)                        \
-  X(tDC_STATIONRecord, Station)                         \
-  X(tDC_STATION_EXTRecord, StationExt)                  \
-  X(tDC_BACKSIGHTRecord, Backsight)                     \
-  X(tDC_BACKSIGHT_EXTRecord, BacksightExt)              \
-  X(tDC_GRID_POSITIONRecord, GridPosition)              \
-  X(tDC_GPS_POSITIONRecord, GpsPosition)                \
-  X(tDC_GPS_POSITION2Record, GpsPosition2)              \
-  X(tDC_LOCAL_POSITIONRecord, LocalPosition)            \
-  X(tDC_DELETED_POSITIONRecord, DeletedPosition)        \
-  X(tDC_VECTORRecord, Vector)                           \
-  X(tDC_OBSERVATIONRecord, Observation)                 \
-  X(tDC_OBSERVATION_SIGMARecord, ObservationSigma)      \
-  X(tDC_OBSERVATION_TEXTRecord, ObservationText)        \
-  X(tDC_ANGLE_DISTANCERecord, AngleDistance)            \
-  X(tDC_ANGLE_DISTANCE_KEYEDRecord, AngleDistanceKeyed) \
-  X(tDC_STATION_HEIGHTRecord, StationHeight)            \
-  X(tDC_TARGET_HEIGHTRecord, TargetHeight)              \
-  X(tDC_NAMERecord, Name)                               \
-  X(tDC_PROJECTIONRecord, Projection)                   \
-  X(tDC_PROJECTION_EXTRecord, ProjectionExt)            \
-  X(tDC_ELLIPSOIDRecord, Ellipsoid)                     \
-  X(tDC_LOCAL_SITERecord, LocalSite)                    \
-  X(tDC_DATUMRecord, Datum)                             \
-  X(tDC_DATUM_GRIDRecord, DatumGrid)                    \
-  X(tDC_HORIZONTAL_ADJUSTRecord, HorizontalAdjust)      \
-  X(tDC_VERTICAL_ADJUSTRecord, VerticalAdjust)          \
-  X(tDC_COORDINATE_SYSTEMRecord, CoordinateSystem)      \
-  X(tDC_ZONE_LABELRecord, ZoneLabel)                    \
-  X(tDC_FEATURE_CODERecord, FeatureCode)                \
-  X(tDC_FEATURE_NUMBERRecord, FeatureNumber)            \
-  X(tDC_FEATURE_TEXTRecord, FeatureText)                \
-  X(tDC_FEATURE_LISTRecord, FeatureList)                \
-  X(tDC_FEATURE_MAPRecord, FeatureMap)                  \
-  X(tDC_TARGET_IDRecord, TargetId)                      \
-  X(tDC_TARGET_HEIGHTS_Record, TargetHeights)           \
-  X(tDC_TARGET_NUMBERRecord, TargetNumber)              \
-  X(tDC_TARGET_GRADERecord, TargetGrade)                \
-  X(tDC_ANTENNA_OFFSETRecord, AntennaOffset)            \
-  X(tDC_ANTENNA_MEASUREMENTRecord, AntennaMeasurement)  \
-  X(tDC_STAKED_VALUERecord, StakedValue)                \
-  X(tDC_DESIGN_SLOPERecord, DesignSlope)                \
-  X(tDC_CATCH_POINTRecord, CatchPoint)                  \
-  X(tDC_OFFSET_SETTINGRecord, OffsetSetting)            \
-  X(tDC_ANTENNA_HEIGHTRecord, AntennaHeight)            \
-  X(tDC_VECTOR_SIGMARecord, VectorSigma)                \
-  X(tDC_RECEIVER_Record, Receiver)                      \
-  X(tDC_RECEIVER_EXTRecord, ReceiverExt)                \
-  X(tDC_SETUP_Record, Setup)                            \
-  X(tDC_CB_Record, Cb)                                  \
-  X(tDC_MP_Record, Mp)                                  \
-  X(tDC_MA_Record, Ma)
+#include <functional>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+#include "dc/CDcFile.h"
+
+namespace zelconvert {
+
+/// A field of some record.
+using FieldRef = std::variant<std::wstring*, double*, std::int32_t*, wchar_t*, bool*>;
+
+/// A column of some record. kind: the index of its member, 0 if it has none.
+struct AnyColumn {
+  std::size_t kind;
+  int start, width;
+  TextForm text;
+  int decimals;
+  RealForm real;
+  IntegerForm integer;
+  Choice choice;
+  bool always;
+  std::wstring_view constant;
+};
+
+struct RecordKind {
+  std::wstring name;  ///< in golden-lines/
+  std::string structure;
+  std::wstring_view head;
+  std::vector<AnyColumn> columns;
+
+  /// Gives `fill` the subtype and the fields of a new record, and writes it. subtype: empty for the
+  /// record's own.
+  using Fill = std::function<void(std::wstring& subtype, const std::vector<FieldRef>& fields)>;
+  void (*write)(CDcFile& file, std::wstring_view subtype, const Fill& fill);
+  /// Reads a line and gives `fill` what was read.
+  std::int32_t (*read)(std::wstring_view line, const Fill& fill);
+};
+
+const std::vector<RecordKind>& RecordKinds();
+
+}  // namespace zelconvert
