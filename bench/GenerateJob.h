@@ -19,10 +19,9 @@ inline std::size_t Shuffle(std::size_t i, std::size_t count) {
 template <Order order>
 void MakeJob(const std::string& path, std::size_t points) {
   CJobFile job(true);
-  job.Create(ToText(path), kJobVersion);
-  job.WriteLayer(DefaultLayer());
+  bool isMade = job.Create(ToText(path), kJobVersion) && job.WriteLayer(DefaultLayer());
   JOB_POINT record;
-  for (std::size_t i = 0; i < points; ++i) {
+  for (std::size_t i = 0; isMade && i < points; ++i) {
     const Point point = MakePoint(order == Order::Shuffled ? Shuffle(i, points) : i);
     record.name = std::to_wstring(point.number);
     record.description.assign(point.code.begin(), point.code.end());
@@ -30,7 +29,7 @@ void MakeJob(const std::string& path, std::size_t points) {
     record.north = point.north;
     record.elevation = point.elevation;
     record.layer = kDefaultLayerId;
-    job.WritePoint(record);
+    isMade = job.WritePoint(record);
   }
 }
 

@@ -1,5 +1,7 @@
 // The job reader: everything it can be asked, and a job copied by field, copied again.
 
+#include <tuple>
+
 #include "FuzzFile.h"
 #include "job/CJobFile.h"
 
@@ -24,7 +26,7 @@ struct Records {
 bool CopyRecord(JobKind kind, CJobFile& from, CJobFile& to, Records& records) {
   const auto copy = [&](auto& record) {
     if (!from.Read(record)) return false;
-    to.Write(record);  // refused by versions that don't hold the kind
+    std::ignore = to.Write(record);  // refused by versions that don't hold the kind
     return true;
   };
   switch (kind) {
@@ -50,7 +52,7 @@ bool CopyRecord(JobKind kind, CJobFile& from, CJobFile& to, Records& records) {
       return copy(records.record18);
     case JobKind::Attributes:
       if (!from.ReadGenericRecord(records.generic)) return false;
-      to.WriteGenericRecord(records.generic);
+      std::ignore = to.WriteGenericRecord(records.generic);
       return true;
     case JobKind::Unused:
     case JobKind::Record12:
@@ -86,19 +88,19 @@ void Search(const std::wstring& path, bool brand) {
   if (!job.Open(path, false)) return;
   JOB_GENERIC_RECORD record;
   JOB_OLD_HEADER old;
-  job.ReadOldHeader(old);
+  Require(job.ReadOldHeader(old));
   for (const bool bFirstFree : {false, true}) {
     Require(job.SeekToFirstRecord());
-    job.FindRecord4(1, bFirstFree);
+    std::ignore = job.FindRecord4(1, bFirstFree);
     Require(job.SeekToFirstRecord());
-    job.FindRecord9(1, bFirstFree);
+    std::ignore = job.FindRecord9(1, bFirstFree);
   }
   Require(job.SeekToFirstRecord());
-  job.ReadBlockAtPosition(record);
+  std::ignore = job.ReadBlockAtPosition(record);
   Require(job.SeekToFreeSlot(100));
   Require(job.SeekToFirstRecord());
-  job.DeleteRecord();
-  job.PointExists(L"1");
+  std::ignore = job.DeleteRecord();
+  std::ignore = job.PointExists(L"1");
 }
 
 }  // namespace

@@ -190,9 +190,8 @@ bool CJobFile::WriteNewBlocks() {
          m_File.Write(m_CoordBlock.data(), m_CoordBlock.size());
 }
 
-bool CJobFile::Close() {
+void CJobFile::Close() {
   m_File.Close();
-  return true;
 }
 
 // Header and blocks

@@ -44,12 +44,12 @@ class CJobFile {
 
   /// Reads what stands before the records. Below version 3 that is the signature alone. The
   /// position is then anywhere: go to a record with SeekToFirstRecord. Closed on failure.
-  bool Open(const std::wstring& path, bool bReadOnly);
+  [[nodiscard]] bool Open(const std::wstring& path, bool bReadOnly);
   /// version: kOldJobVersion or kJobVersion. The position is at the first record.
-  bool Create(const std::wstring& path, std::uint16_t version);
-  bool CreateNew(const std::wstring& path) { return Create(path, kJobVersion); }
-  /// Always true: HasWriteFailed tells of lost data.
-  bool Close();
+  [[nodiscard]] bool Create(const std::wstring& path, std::uint16_t version);
+  [[nodiscard]] bool CreateNew(const std::wstring& path) { return Create(path, kJobVersion); }
+  /// HasWriteFailed tells of lost data.
+  void Close();
   bool HasWriteFailed() const { return m_File.HasWriteFailed(); }
   bool IsOpen() const { return m_File.IsOpen(); }
   std::uint16_t GetVersion() const { return m_FileHead.version; }
@@ -57,29 +57,30 @@ class CJobFile {
   CFileCE& GetFile() { return m_File; }
 
   /// The settings, from the old header in a version 3 job. False if no file is open.
-  bool ReadJobHeader(JOB_HEADER& header);
+  [[nodiscard]] bool ReadJobHeader(JOB_HEADER& header);
   /// In place; moves the position. In a version 3 job the coordinate system indices go back to
   /// their initial values, and featureFile and headerExtra stay as they were. Versions other than 3
   /// and 5 have nothing written, and the result is true.
-  bool WriteJobHeader(const JOB_HEADER& header);
-  bool ReadCoordBlock(CoordBlock& block) const;
+  [[nodiscard]] bool WriteJobHeader(const JOB_HEADER& header);
+  [[nodiscard]] bool ReadCoordBlock(CoordBlock& block) const;
   /// In place; moves the position. False below version 5.
-  bool WriteCoordBlock(const CoordBlock& block);
-  bool ReadOldHeader(OldHeaderBlock& block) const;
+  [[nodiscard]] bool WriteCoordBlock(const CoordBlock& block);
+  [[nodiscard]] bool ReadOldHeader(OldHeaderBlock& block) const;
   /// The same by its fields.
-  bool ReadOldHeader(JOB_OLD_HEADER& header) const;
-  bool ReadCreationTime(platform::LocalTime& time);
-  bool WriteCreationTime(const platform::LocalTime& time);
+  [[nodiscard]] bool ReadOldHeader(JOB_OLD_HEADER& header) const;
+  [[nodiscard]] bool ReadCreationTime(platform::LocalTime& time);
+  [[nodiscard]] bool WriteCreationTime(const platform::LocalTime& time);
 
-  bool SeekToFirstRecord();
-  bool SeekTo(std::int64_t position) { return m_File.SeekTo(position); }
-  bool SeekToEnd() { return m_File.SeekToEnd(); }
+  [[nodiscard]] bool SeekToFirstRecord();
+  [[nodiscard]] bool SeekTo(std::int64_t position) { return m_File.SeekTo(position); }
+  [[nodiscard]] bool SeekToEnd() { return m_File.SeekToEnd(); }
   /// position: out, where the head stands. length: out, bytes of payload as the head says; nothing
   /// has compared it with the file. False at the end of the file, cut off heads included.
-  bool ReadNextRecordHead(JobKind& kind, std::int64_t& position, std::uint32_t& length);
+  [[nodiscard]] bool ReadNextRecordHead(JobKind& kind, std::int64_t& position,
+                                        std::uint32_t& length);
   /// Over the payload of the head last read. A length past the end of the file is no failure: the
   /// next head is.
-  bool SkipRecord();
+  [[nodiscard]] bool SkipRecord();
 
   // Readers of the payload after the head last read. They read the fixed length of the kind,
   // whatever length the head gives.
@@ -105,46 +106,46 @@ class CJobFile {
   /// The payload of any kind of fixed length as it stands, in the length of its new form, with
   /// zeros where an old form ends. Of other kinds nothing is read and the result is true.
   using FixedPayload = std::array<std::byte, InfoOf(JobKind::Record18).length>;
-  bool ReadFixedPayload(FixedPayload& payload);
+  [[nodiscard]] bool ReadFixedPayload(FixedPayload& payload);
   /// The payload whole, of any kind. `data` is empty if it can't be read.
-  bool ReadGenericRecord(JOB_GENERIC_RECORD& record);
+  [[nodiscard]] bool ReadGenericRecord(JOB_GENERIC_RECORD& record);
   /// An attribute block of a job below version 5, at the present position: its total length, which
   /// counts the two words in front, a code, which becomes `kind`, and the rest.
-  bool ReadBlockAtPosition(JOB_GENERIC_RECORD& record);
+  [[nodiscard]] bool ReadBlockAtPosition(JOB_GENERIC_RECORD& record);
 
   // Writers of a whole record at the present position, which is the end of a new job.
 
   /// A kind that has an old form: that at version 3, the new one at version 5; other versions fail.
   /// A layer fails below version 4.
   template <class Record>
-  bool Write(const Record& record);
-  bool WritePoint(const JOB_POINT& record) { return Write(record); }
-  bool WritePointEx(const JOB_POINT_EX& record) { return Write(record); }
-  bool WriteRecord15(const JOB_RECORD15& record) { return Write(record); }
-  bool WriteRecord16(const JOB_RECORD16& record) { return Write(record); }
-  bool WriteRecord4(const JOB_RECORD4& record) { return Write(record); }
-  bool WriteRecord7(const JOB_RECORD7& record) { return Write(record); }
-  bool WriteRecord9(const JOB_RECORD9& record) { return Write(record); }
-  bool WriteRecord10(const JOB_RECORD10& record) { return Write(record); }
-  bool WriteRecord18(const JOB_RECORD18& record) { return Write(record); }
-  bool WriteLayer(const JOB_LAYER& record) { return Write(record); }
+  [[nodiscard]] bool Write(const Record& record);
+  [[nodiscard]] bool WritePoint(const JOB_POINT& record) { return Write(record); }
+  [[nodiscard]] bool WritePointEx(const JOB_POINT_EX& record) { return Write(record); }
+  [[nodiscard]] bool WriteRecord15(const JOB_RECORD15& record) { return Write(record); }
+  [[nodiscard]] bool WriteRecord16(const JOB_RECORD16& record) { return Write(record); }
+  [[nodiscard]] bool WriteRecord4(const JOB_RECORD4& record) { return Write(record); }
+  [[nodiscard]] bool WriteRecord7(const JOB_RECORD7& record) { return Write(record); }
+  [[nodiscard]] bool WriteRecord9(const JOB_RECORD9& record) { return Write(record); }
+  [[nodiscard]] bool WriteRecord10(const JOB_RECORD10& record) { return Write(record); }
+  [[nodiscard]] bool WriteRecord18(const JOB_RECORD18& record) { return Write(record); }
+  [[nodiscard]] bool WriteLayer(const JOB_LAYER& record) { return Write(record); }
   /// Fails below version 5, or with no data.
-  bool WriteGenericRecord(const JOB_GENERIC_RECORD& record);
+  [[nodiscard]] bool WriteGenericRecord(const JOB_GENERIC_RECORD& record);
   /// kind: the number as it stands in the file.
-  bool WriteRecord(std::span<const std::byte> payload, std::uint32_t kind);
+  [[nodiscard]] bool WriteRecord(std::span<const std::byte> payload, std::uint32_t kind);
 
   /// From the present position to the end: the record with this id, or with bFirstFree an unused
   /// slot of the same length, whichever comes first. The position is then on its head. At the end
   /// of the file the position is there and the result is bFirstFree.
-  bool FindRecord4(std::uint32_t id, bool bFirstFree);
-  bool FindRecord9(std::uint32_t id, bool bFirstFree);
+  [[nodiscard]] bool FindRecord4(std::uint32_t id, bool bFirstFree);
+  [[nodiscard]] bool FindRecord9(std::uint32_t id, bool bFirstFree);
   /// The head of the first unused slot of exactly `length` bytes, or the end of the file.
-  bool SeekToFreeSlot(std::uint32_t length);
+  [[nodiscard]] bool SeekToFreeSlot(std::uint32_t length);
   /// Makes the record whose head is at the present position an unused slot; the position is behind
   /// it then.
-  bool DeleteRecord();
+  [[nodiscard]] bool DeleteRecord();
   /// Whether a point of either kind has this name. The file is closed afterwards in every case.
-  bool PointExists(std::wstring_view name);
+  [[nodiscard]] bool PointExists(std::wstring_view name);
 
  private:
   /// What the file begins with, and the head of every record.

@@ -256,7 +256,7 @@ std::vector<JOB_POINT> ReadPoints(const std::wstring& path, int& distanceUnit) {
   std::uint32_t length;
   while (job.ReadNextRecordHead(kind, position, length)) {
     if (kind != JobKind::Point) {
-      job.SkipRecord();
+      EXPECT_TRUE(job.SkipRecord());
       continue;
     }
     JOB_POINT point;
