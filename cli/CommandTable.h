@@ -11,7 +11,7 @@
 
 namespace zelconvert::cli {
 
-/// What stands behind an option, or in the place of an argument.
+/// What follows an option, or in the place of an argument.
 enum class Value { None, Path, Choice, Command };
 
 struct OptionInfo {

@@ -13,7 +13,7 @@
 
 namespace zelconvert::cli::platform {
 
-/// The arguments behind the program's name, in UTF-8. (POSIX: the bytes as they are.)
+/// The arguments after the program's name, in UTF-8. (POSIX: the bytes as they are.)
 std::vector<std::string> GetArguments(int argc, char** argv);
 /// Once, first: output takes UTF-8, and a file that may not grow further is a failed write.
 void PrepareProcess();

@@ -1,5 +1,5 @@
 // docs/formats/job.md tells the layout. Of a file of version 1 or 2 only the signature is read:
-// what stood behind it there is not known. Layers, attribute blocks and the kinds without a name
+// what stood after it there is not known. Layers, attribute blocks and the kinds without a name
 // are carried, not understood.
 #include "job/CJobFile.h"
 
@@ -124,7 +124,7 @@ void CJobFile::TakeOldHeader() {
   static_cast<JOB_SETTINGS&>(m_Header) = old;
 }
 
-// Blocks of another length than ours: of a shorter one the reset values stay behind it, of a longer
+// Blocks of another length than ours: of a shorter one the reset values stay after it, of a longer
 // one the rest is passed.
 bool CJobFile::ReadNewBlocks() {
   std::array<std::byte, kBlockSizesLength> sizes{};

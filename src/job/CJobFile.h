@@ -141,7 +141,7 @@ class CJobFile {
   [[nodiscard]] bool FindRecord9(std::uint32_t id, bool bFirstFree);
   /// The head of the first unused slot of exactly `length` bytes, or the end of the file.
   [[nodiscard]] bool SeekToFreeSlot(std::uint32_t length);
-  /// Makes the record whose head is at the present position an unused slot; the position is behind
+  /// Makes the record whose head is at the present position an unused slot; the position is after
   /// it then.
   [[nodiscard]] bool DeleteRecord();
   /// Whether a point of either kind has this name. The file is closed afterwards in every case.

@@ -30,7 +30,7 @@ struct MergeCounts {
 
 /// Copies points (13, 14), lines (15), road elements (16), roads (10) and the kinds 4, 7 and 9,
 /// those of the first job before those of the second, and the layers (11) and the coordinate system
-/// of the first. Old forms become new ones. Attribute blocks and the kinds 12 and 18 stay behind.
+/// of the first. Old forms become new ones. Attribute blocks and the kinds 12 and 18 are left out.
 /// Ids of the second job continue those of the first; all else in a payload stays as it stands, but
 /// for a point's link to its attributes, which is 0, and a layer that the output doesn't have.
 class CJobMerger {

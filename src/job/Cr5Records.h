@@ -39,9 +39,9 @@ struct CoordinateRecord {
   double east = 5000.0;
   double north = 5000.0;
   double elevation = 1000.0;
-  std::array<std::byte, kDescriptionLength> description{};  ///< 8-bit text, zeros behind it
+  std::array<std::byte, kDescriptionLength> description{};  ///< 8-bit text, zeros after it
 
-  /// A zero byte stands behind the description.
+  /// A zero byte stands after the description.
   template <class Io, class Record>
   static void Walk(Io& io, Record& record) {
     io.Field(0, record.number);

@@ -155,11 +155,11 @@ struct JOB_RECORD10 {
 
   std::wstring name;    ///< up to 8 characters
   std::int32_t id = 0;  ///< running number given by the writer
-  double value1 = 0;    ///< metres, like the others
+  double value1 = 0;    ///< station that the road starts at, metres
   std::array<std::byte, 34> reserved{};
-  double value2 = 0;
-  double value3 = 0;
-  double value4 = 0;
+  double value2 = 0;  ///< north of the start, metres
+  double value3 = 0;  ///< east of the start, metres
+  double value4 = 0;  ///< elevation of the start, metres
 
   template <class Io, class Record>
   static void Walk(Io& io, Record& road, JobRecordForm) {
@@ -179,8 +179,8 @@ struct JOB_RECORD16 {
 
   std::uint32_t id = 0;  ///< of its road
   std::array<std::byte, 34> reserved{};
-  double value1 = 0;  ///< metres, like the others
-  std::wstring name;
+  double value1 = 0;  ///< as in JOB_RECORD10, like the other values: the start of the road
+  std::wstring name;  ///< written empty
   double value2 = 0;
   double value3 = 0;
   double value4 = 0;
@@ -253,11 +253,11 @@ void WalkTime(Io& io, std::size_t offset, Time& time) {
   io.Field(offset + 14, time.millisecond);
 }
 
-/// Bits of JOB_HEADER::flags.
+/// Bits of JOB_SETTINGS::flags.
 inline constexpr std::uint32_t kJobFlagScaleOnly = 0x01;
-inline constexpr std::uint32_t kJobFlagSouthAzimuth = 0x02;
-inline constexpr std::uint32_t kJobFlagCurvature = 0x04;
-inline constexpr std::uint32_t kJobGridMask = 0x38;
+inline constexpr std::uint32_t kJobFlagSouthAzimuth = 0x02;  ///< azimuths count from south
+inline constexpr std::uint32_t kJobFlagCurvature = 0x04;     ///< and refraction are corrected
+inline constexpr std::uint32_t kJobGridMask = 0x38;          ///< of these, one of the next or 0
 inline constexpr std::uint32_t kJobGridScaleOnly = 0x08;
 inline constexpr std::uint32_t kJobGridPlain = 0x10;
 inline constexpr std::uint32_t kJobGridProjected = 0x18;
@@ -265,8 +265,8 @@ inline constexpr std::uint32_t kJobGridProjected = 0x18;
 /// What the headers of all versions hold.
 struct JOB_SETTINGS {
   platform::LocalTime creationTime;
-  std::uint32_t flags = 0;
-  double scale = 1.0;
+  std::uint32_t flags = 0;         ///< see kJobFlagScaleOnly and the next ones
+  double scale = 1.0;              ///< a factor
   std::uint16_t distanceUnit = 0;  ///< 0 metres, 1 international feet, 2 US survey feet
   std::uint16_t angleUnit = 0;     ///< 0 degrees, 1 gons
 };
@@ -301,7 +301,7 @@ struct JOB_OLD_HEADER : JOB_SETTINGS {
   std::uint16_t datum = 0;
   std::uint16_t zoneId = kNoZone;
   std::uint16_t hemisphere = 1;
-  double secondFactor = 1.0;
+  double secondFactor = 1.0;  ///< always written as 1
 
   template <class Io, class Header>
   static void Walk(Io& io, Header& header) {

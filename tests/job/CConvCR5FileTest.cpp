@@ -73,7 +73,7 @@ TEST(Cr5ToJob, MakesAPointOfEveryUsedRecord) {
            Row{"nulls", Cr5Bytes(1, kNull, kNull, kNull, "") + Cr5Bytes(2, 0, 0, -9.99e7, ""),
                PointRecord({"1", "", kNull, kNull, -9.99e9}) +
                    PointRecord({"2", "", 0, 0, -9.99e7})},
-           // A last record that was cut off, with the values of a fresh one behind.
+           // A last record that was cut off, with the values of a fresh one after it.
            Row{"3 bytes", seven + seven.substr(0, 3), sevenPoint},
            Row{"4 bytes", seven.substr(0, 4), PointRecord({"7", "", 5000, 5000, 1000})},
            Row{"12 bytes", seven.substr(0, 12), PointRecord({"7", "", 1.5, 5000, 1000})},
@@ -174,7 +174,7 @@ TEST(JobToCr5, LeavesAHeaderBehindANameThatIsNoNumber) {
                                PointRecord({"A", "", 0, 0, 0}) + PointRecord({"B", "", 0, 0, 0}));
   EXPECT_FALSE(made.converted);
   EXPECT_EQ(made.messages.size(), 1u);
-  EXPECT_EQ(made.cr5, Cr5HeaderBytes(43, -1));  // the two names count as numbers behind 41
+  EXPECT_EQ(made.cr5, Cr5HeaderBytes(43, -1));  // the two names count as numbers after 41
 }
 
 TEST(JobToCr5, LeavesNothingBehindAPointThatIsCutOff) {

@@ -68,7 +68,7 @@ constexpr Kind kKinds[] = {
 };
 
 // Bytes that only come back if every field stands where it belongs: unlike ones everywhere, and
-// texts with zeros behind them.
+// texts with zeros after them.
 std::string Payload(std::uint32_t kind, std::size_t length) {
   Block block(length);
   std::string bytes = Pattern(length);
