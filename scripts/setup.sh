@@ -6,7 +6,7 @@ set -euo pipefail
 packages=(cmake ninja-build g++ libcli11-dev nlohmann-json3-dev)
 if [ "${1:-build}" = test ]; then
   packages+=(
-    clang-14 clang-format-14 libclang-rt-14-dev                # fuzz targets, formatting
+    clang-14 clang-format-14 clang-tidy-14 libclang-rt-14-dev  # fuzz targets, formatting, checks
     g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix wine64 # Windows
     libgtest-dev libgmock-dev googletest libbenchmark-dev
     libpugixml-dev                                             # an XML reader that is not ours

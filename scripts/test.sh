@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # scripts/test.sh [STEP...]: every check of the project, from a fresh clone or again.
-# Steps, in their order: format release asan fuzz mingw64 mingw32. Without arguments all of them.
+# Steps, in their order: format release clang asan fuzz mingw64 mingw32. Without arguments all of them.
 # FUZZ_SECONDS (default 10) bounds the run of each fuzz target.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -19,6 +19,11 @@ step_format() {
 step_release() {
   build release
   ctest --preset release -j "$jobs"
+}
+
+# By the other compiler, whose clang-tidy reads along (.clang-tidy says what it looks for).
+step_clang() {
+  build clang
 }
 
 step_asan() {
@@ -61,7 +66,7 @@ step_mingw32() {
 }
 
 scripts/setup.sh test
-for step in ${*:-format release asan fuzz mingw64 mingw32}; do
+for step in ${*:-format release clang asan fuzz mingw64 mingw32}; do
   echo "== $step"
   "step_$step"
 done
