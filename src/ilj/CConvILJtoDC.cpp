@@ -99,6 +99,10 @@ class IljToDc {
   void WriteHead();
   bool CarryLines(CConvertProgress& progress);
   bool CarryLine(IljRecordType type, std::wstring_view fields);
+  /// What the record held before is cleared when it is parsed.
+  void SetRecordType(IljRecordType type) {
+    if (m_record.GetRecordType() != type) m_record.Restart(type);
+  }
 
   // One for each record that is carried over: m_record, which is valid.
   bool CarryJobMode() { return true; }  // its units are the header's
@@ -248,7 +252,7 @@ void IljToDc::ScanRecord(IljRecordType type, std::wstring_view fields) {
   } else if (type == m_cogoSettings.GetRecordType()) {
     if (!m_cogoSettings.ParseText(fields)) m_cogoSettings.ClearFields();
   } else if (RowOf(type).scan == kScanned) {
-    m_record.Restart(type);
+    SetRecordType(type);
     m_record.ParseMoments(fields);
   }
 }
@@ -301,7 +305,7 @@ bool IljToDc::CarryLine(IljRecordType type, std::wstring_view fields) {
   const Row& row = RowOf(type);
   if (row.carry == nullptr) return true;
   if (type == IljRecordType::None) type = CMoskoJobRecordJobMode::kType;
-  m_record.Restart(type);
+  SetRecordType(type);
   const bool isValid = m_record.ParseText(fields);
   if (isValid && (this->*row.carry)()) return true;
   const std::wstring_view label = IljLayoutOf(type).tag.View();

@@ -19,6 +19,11 @@ IljFieldType TypeOf(std::wstring_view tag) {
   return static_cast<IljFieldType>(kIljFieldMap.GetType(tag));
 }
 
+bool IsMoment(IljFieldType type) {
+  const IljFieldKind kind = IljLayoutOf(type).form.kind;
+  return kind == IljFieldKind::Date || kind == IljFieldKind::Time;
+}
+
 }  // namespace
 
 bool ilj::IsWholePoint(const CMoskoJobRecord& point) {
@@ -38,6 +43,7 @@ bool ilj::IsWholePoint(const CMoskoJobRecord& point) {
 }
 
 void CMoskoJobRecord::Restart(IljRecordType type) {
+  if (type == m_recordType) return ClearFields();
   m_recordType = type;
   const IljFieldList& fields = Layout().fields;
   for (std::size_t i = 0; i < fields.Size(); ++i) {
@@ -47,12 +53,6 @@ void CMoskoJobRecord::Restart(IljRecordType type) {
 
 void CMoskoJobRecord::ClearFields() {
   for (int i = 0; CMoskoJobRecordField* field = GetField(i); ++i) field->Clear();
-}
-
-CMoskoJobRecordField* CMoskoJobRecord::GetField(int index) {
-  if (index < 0 || static_cast<std::size_t>(index) >= Layout().fields.Size()) return nullptr;
-  if (index == 0) return &m_date;
-  return index == 1 ? &m_time : &m_others[static_cast<std::size_t>(index) - 2];
 }
 
 bool CMoskoJobRecord::HasAll(const IljFieldList& fields) const {
@@ -89,9 +89,10 @@ bool CMoskoJobRecord::IsValid() const {
   return layout.rule == nullptr || layout.rule(*this);
 }
 
-bool CMoskoJobRecord::ParseField(std::wstring_view text) {
-  const std::wstring_view tag = TakeUntil(text, L':');
-  CMoskoJobRecordField* field = GetField(Layout().fields.Find(TypeOf(tag)));
+bool CMoskoJobRecord::ParseField(std::wstring_view text, bool momentsAlone) {
+  const IljFieldType type = TypeOf(TakeUntil(text, L':'));
+  if (momentsAlone && !IsMoment(type)) return false;
+  CMoskoJobRecordField* field = GetField(Layout().Find(type));
   if (field == nullptr) return false;
   field->SetText(text);
   return true;
@@ -104,11 +105,7 @@ bool CMoskoJobRecord::ParseText(std::wstring_view text) {
 }
 
 void CMoskoJobRecord::ParseMoments(std::wstring_view text) {
-  while (!text.empty()) {
-    const std::wstring_view field = TakeUntil(text, L'\t');
-    const IljFieldKind kind = IljLayoutOf(TypeOf(field.substr(0, field.find(L':')))).form.kind;
-    if (kind == IljFieldKind::Date || kind == IljFieldKind::Time) ParseField(field);
-  }
+  while (!text.empty()) ParseField(TakeUntil(text, L'\t'), true);
 }
 
 void CMoskoJobRecord::AppendText(std::wstring& line) const {

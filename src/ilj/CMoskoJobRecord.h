@@ -5,6 +5,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <iterator>
 #include <span>
 #include <string>
 #include <string_view>
@@ -25,7 +26,8 @@ class IljFieldList {
   consteval IljFieldList(const char (&text)[size]) {  // NOLINT: a literal is meant to convert
     for (std::size_t at = 0; at + 1 < size; ++m_size) {
       const char tag[] = {text[at], text[at + 1], text[at + 2], text[at + 3], 0};
-      m_types[m_size] = IljFieldTypeOf(tag);
+      const IljFieldType type = IljFieldTypeOf(tag);
+      m_types[m_size] = static_cast<std::uint8_t>(type);
       at += 4;
       m_isRequired[m_size] = text[at] == '!';
       at += m_isRequired[m_size] ? 2 : 1;
@@ -33,20 +35,15 @@ class IljFieldList {
   }
 
   constexpr std::size_t Size() const { return m_size; }
-  constexpr IljFieldType Type(std::size_t index) const { return m_types[index]; }
-  constexpr bool IsRequired(std::size_t index) const { return m_isRequired[index]; }
-  /// The place of a field; -1 if it isn't in the list.
-  constexpr int Find(IljFieldType type) const {
-    for (std::size_t i = 0; i < m_size; ++i) {
-      if (m_types[i] == type) return static_cast<int>(i);
-    }
-    return -1;
+  constexpr IljFieldType Type(std::size_t index) const {
+    return static_cast<IljFieldType>(m_types[index]);
   }
+  constexpr bool IsRequired(std::size_t index) const { return m_isRequired[index]; }
 
  private:
-  std::array<IljFieldType, kMaxSize> m_types = {};
+  std::array<std::uint8_t, kMaxSize> m_types = {};
   std::array<bool, kMaxSize> m_isRequired = {};
-  std::size_t m_size = 0;
+  std::uint8_t m_size = 0;
 };
 
 /// Fields that a record needs when its field `decider` holds one of some integers.
@@ -67,10 +64,24 @@ struct IljCondition {
 
 /// A record's fields in the order in which they are written, and what makes it valid.
 struct IljRecordLayout {
+  using Rule = bool (*)(const CMoskoJobRecord&);
+
+  consteval IljRecordLayout(IljTag t = {}, IljFieldList f = "",
+                            std::span<const IljCondition> c = {}, Rule r = nullptr)
+      : tag(t), fields(f), conditions(c), rule(r) {
+    places.fill(-1);
+    for (std::size_t i = 0; i < fields.Size(); ++i) {
+      places[static_cast<std::size_t>(fields.Type(i))] = static_cast<std::int8_t>(i);
+    }
+  }
+  /// The place of a field; -1 if it isn't one of the record's.
+  constexpr int Find(IljFieldType type) const { return places[static_cast<std::size_t>(type)]; }
+
   IljTag tag;
-  IljFieldList fields = "";
-  std::span<const IljCondition> conditions = {};
-  bool (*rule)(const CMoskoJobRecord&) = nullptr;
+  IljFieldList fields;
+  std::array<std::int8_t, std::size(ilj::kFields)> places;  // by field
+  std::span<const IljCondition> conditions;
+  Rule rule;
 };
 
 namespace ilj {
@@ -192,12 +203,16 @@ class CMoskoJobRecord {
   explicit CMoskoJobRecord(IljRecordType type = IljRecordType::None) { Restart(type); }
 
   IljRecordType GetRecordType() const { return m_recordType; }
-  /// Another type, and no field set.
+  /// Another type or the same, and no field set.
   void Restart(IljRecordType type);
   void ClearFields();
 
   /// The field at that place of the record's order; null past the last.
-  CMoskoJobRecordField* GetField(int index);
+  CMoskoJobRecordField* GetField(int index) {
+    if (index < 0 || static_cast<std::size_t>(index) >= Layout().fields.Size()) return nullptr;
+    if (index == 0) return &m_date;
+    return index == 1 ? &m_time : &m_others[static_cast<std::size_t>(index) - 2];
+  }
   const CMoskoJobRecordField* GetField(int index) const {
     return const_cast<CMoskoJobRecord*>(this)->GetField(index);
   }
@@ -211,12 +226,12 @@ class CMoskoJobRecord {
   bool IsValid() const;
 
   /// Stores one "TAG:value"; false, with nothing changed, if the tag is none of the record's.
-  /// Throws ConversionFailure as the field's SetText does.
-  bool ParseField(std::wstring_view text);
+  /// Throws ConversionFailure as the field's SetText does. momentsAlone: only a date or a time.
+  bool ParseField(std::wstring_view text, bool momentsAlone = false);
   /// Reads what follows the first tab of a line. Unknown tags are passed over, and the last of two
   /// like fields counts. The result is IsValid.
   bool ParseText(std::wstring_view text);
-  /// Reads only the dates and times of such a text.
+  /// Reads only the dates and times of such a text, and clears nothing.
   void ParseMoments(std::wstring_view text);
   /// Appends the record's line: its tag and a tab, then the valid fields. A tab stands behind each
   /// of them but the last of the order, so that a line whose last field isn't valid ends in a tab.
@@ -230,7 +245,7 @@ class CMoskoJobRecord {
  private:
   const IljRecordLayout& Layout() const { return IljLayoutOf(m_recordType); }
   const CMoskoJobRecordField* Find(IljFieldType type) const {
-    return GetField(Layout().fields.Find(type));
+    return GetField(Layout().Find(type));
   }
 
   IljRecordType m_recordType = IljRecordType::None;
@@ -251,7 +266,7 @@ class IljRecord {
 
   template <IljTag field>
   IljField<field> Get() const {
-    constexpr int kIndex = IljLayoutOf(kType).fields.Find(IljFieldTypeOf(field));
+    constexpr int kIndex = IljLayoutOf(kType).Find(IljFieldTypeOf(field));
     static_assert(kIndex >= 0);
     return IljField<field>(*m_record.GetField(kIndex));
   }

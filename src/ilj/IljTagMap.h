@@ -11,13 +11,14 @@ namespace zelconvert {
 /// A tag as a literal: four characters name a field, five a record.
 struct IljTag {
   wchar_t text[6] = {};
+  std::size_t size = 0;
 
-  consteval IljTag() = default;
-  template <std::size_t size>
-  consteval IljTag(const char (&tag)[size]) {  // NOLINT: a literal is meant to convert
-    for (std::size_t i = 0; i + 1 < size; ++i) text[i] = static_cast<wchar_t>(tag[i]);
+  constexpr IljTag() = default;
+  template <std::size_t length>
+  constexpr IljTag(const char (&tag)[length]) : size(length - 1) {  // NOLINT: a literal converts
+    for (std::size_t i = 0; i < size; ++i) text[i] = static_cast<wchar_t>(tag[i]);
   }
-  constexpr std::wstring_view View() const { return text; }
+  constexpr std::wstring_view View() const { return {text, size}; }
 };
 
 /// A fixed hash of tags of one to eight ASCII characters. Exact: case and blanks count.

@@ -26,9 +26,9 @@ struct ROAD_HEADER {
 /// file: open for reading; read from its first line, twice if there are roads; left anywhere.
 /// report: its messages say why roads were left out and which files have other names than their
 /// roads or templates, in the order of the file, then why the run failed; `beside` gets the paths
-/// of the road files as they are made, also before an exception leaves. roads: each road met that
-/// isn't refused, in the order of the file, appended when its RD5 file has been made; after a
-/// failure those up to the failing one, with that one's start as well.
+/// of the road files as they are made, also before an exception leaves.
+/// roads: each road met that isn't refused, in the order of the file, appended when its RD5 file
+/// has been made; after a failure those up to the failing one, with that one's start as well.
 ///
 /// Returns false when a road failed on the way or a road file can't be written: every file in
 /// `beside` is deleted again. Refused roads alone are no failure.
