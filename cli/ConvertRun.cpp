@@ -9,6 +9,7 @@
 #include "cli/StagingFolder.h"
 #include "cli/platform/Host.h"
 #include "raw/CRawFile.h"
+#include "raw/RawUnits.h"
 
 namespace zelconvert::cli {
 namespace {
@@ -50,8 +51,9 @@ int UnitsOfLog(const fs::path& log) {
   std::wstring line;
   raw.Open(platform::ToLibrary(log), zelconvert::platform::kOpenReadOnly);
   if (raw.FindRecord(L"MO", line)) CRawFile::Parse(line, mode);
-  const bool isInFeet = mode.distanceUnit == kRawInternationalFeet;
-  return isInFeet ? 1 : mode.distanceUnit == kRawUsSurveyFeet ? 2 : 0;
+  const std::optional<LinearUnit> unit = LinearUnitOfRaw(mode.distanceUnit);
+  const bool isInFeet = unit == LinearUnit::InternationalFoot;
+  return isInFeet ? 1 : unit == LinearUnit::UsSurveyFoot ? 2 : 0;
 }
 
 // A list that can't be read leaves no job, which is for the conversion to tell.

@@ -16,7 +16,7 @@ class NameSet {
   bool Insert(std::wstring_view name);
   /// The number of a name that is there.
   std::optional<std::size_t> Find(std::wstring_view name) const;
-  std::size_t Size() const { return m_Ends.size(); }
+  std::size_t Size() const { return m_ends.size(); }
 
  private:
   void Encode(std::wstring_view name) const;
@@ -24,10 +24,10 @@ class NameSet {
   std::size_t FindSlot(std::string_view key) const;
   void Grow();
 
-  std::string m_Pool;                // the names in a byte form, one after the other
-  std::vector<std::size_t> m_Ends;   // where each name ends in the pool
-  std::vector<std::size_t> m_Slots;  // open addressing; 0 is free, else 1 + the name's index
-  mutable std::string m_Key;         // the byte form of the name that is looked for
+  std::string m_pool;                // the names in a byte form, one after the other
+  std::vector<std::size_t> m_ends;   // where each name ends in the pool
+  std::vector<std::size_t> m_slots;  // open addressing; 0 is free, else 1 + the name's index
+  mutable std::string m_key;         // the byte form of the name that is looked for
 };
 
 }  // namespace zelconvert

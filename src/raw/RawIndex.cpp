@@ -35,7 +35,7 @@ void RawIndex::Build(CRawFile& raw) {
 
 void RawIndex::Add(std::wstring_view record) {
   const RawRecordType kind = CRawFile::GetRecordType(record);
-  m_Kinds.push_back(kind);
+  m_kinds.push_back(kind);
   const std::int64_t line = LineCount();
   AddHeights(kind, line, record);
   switch (kind) {
@@ -44,29 +44,29 @@ void RawIndex::Add(std::wstring_view record) {
       break;
     case RawRecordType::LM:
     case RawRecordType::LH:
-      m_bHasLocalization = true;
+      m_hasLocalization = true;
       break;
     case RawRecordType::DP:
       if (NAME_RECORD name; CRawFile::Parse(record, name)) {
-        m_DeletedPoints.insert_or_assign(std::wstring(name.name), line);
+        m_deletedPoints.insert_or_assign(std::wstring(name.name), line);
       }
       break;
     case RawRecordType::OC:
       AddOccupied(line, record);
       break;
     case RawRecordType::RP:
-      m_AskedNames.Insert(NameOf(record, L"PN", L"PN"));
+      m_askedNames.Insert(NameOf(record, L"PN", L"PN"));
       break;
     case RawRecordType::BL:
-      m_bVectorOpen = true;
+      m_isVectorOpen = true;
       break;
     case RawRecordType::GP:
-      if (m_bVectorOpen) AddGpsPoint(line, record);
-      m_bVectorOpen = false;
+      if (m_isVectorOpen) AddGpsPoint(line, record);
+      m_isVectorOpen = false;
       break;
     case RawRecordType::GS:
     case RawRecordType::GK:
-      m_bVectorOpen = false;
+      m_isVectorOpen = false;
       break;
     default:
       break;
@@ -76,41 +76,41 @@ void RawIndex::Add(std::wstring_view record) {
 void RawIndex::AddMode(std::wstring_view record) {
   MO_RECORD mode;
   const bool isGood = CRawFile::Parse(record, mode);
-  if (isGood && !m_bHasMode) m_FirstMode = mode;
+  if (isGood && !m_hasMode) m_firstMode = mode;
   if (isGood) {
     m_unit = LinearUnitOfRaw(mode.distanceUnit);
-    m_nModeLine = LineCount();
+    m_modeLine = LineCount();
   }
-  m_bHasMode = true;
+  m_hasMode = true;
 }
 
 /// Keeps what an LS says if a setup may look for it.
 void RawIndex::AddHeights(RawRecordType kind, std::int64_t line, std::wstring_view record) {
-  if (kind == RawRecordType::LS && m_bSetupOpen) {
+  if (kind == RawRecordType::LS && m_isSetupOpen) {
     LS_RECORD heights;
     const bool isWhole = CRawFile::Parse(record, heights);
     if (isWhole || CRawFile::GetDoubleField(record, L"HI", heights.instrumentHeight)) {
-      m_Heights.push_back({line, heights, isWhole, m_unit, m_nModeLine});
+      m_heights.push_back({line, heights, isWhole, m_unit, m_modeLine});
     }
   }
   if (kSetupKinds.Contains(kind)) {
-    m_bSetupOpen = true;
+    m_isSetupOpen = true;
   } else if (kind == RawRecordType::LS || kShotKinds.Contains(kind)) {
-    m_bSetupOpen = false;
+    m_isSetupOpen = false;
   }
 }
 
 void RawIndex::AddOccupied(std::int64_t line, std::wstring_view record) {
   const std::wstring name = NameOf(record, L"OP", L"PN");
-  m_AskedNames.Insert(name);
-  m_Occupied.push_back({line, static_cast<std::uint32_t>(*m_AskedNames.Find(name))});
+  m_askedNames.Insert(name);
+  m_occupied.push_back({line, static_cast<std::uint32_t>(*m_askedNames.Find(name))});
 }
 
 /// Keeps what a GP says if a vector may ask for it.
 void RawIndex::AddGpsPoint(std::int64_t line, std::wstring_view record) {
   GP_RECORD point;
   const bool valid = CRawFile::Parse(record, point);
-  m_GpsPoints.push_back({line, valid, point.kind, std::wstring(point.name)});
+  m_gpsPoints.push_back({line, valid, point.kind, std::wstring(point.name)});
 }
 
 std::int64_t RawIndex::Search::Next(const std::vector<RawRecordType>& lines, std::int64_t line) {
@@ -124,21 +124,21 @@ std::int64_t RawIndex::Search::Next(const std::vector<RawRecordType>& lines, std
 }
 
 bool RawIndex::IsDeleted(std::wstring_view name, std::int64_t line) const {
-  if (m_DeletedPoints.empty()) return false;
-  const auto found = m_DeletedPoints.find(name);
-  return found != m_DeletedPoints.end() && line < found->second;
+  if (m_deletedPoints.empty()) return false;
+  const auto found = m_deletedPoints.find(name);
+  return found != m_deletedPoints.end() && line < found->second;
 }
 
 bool RawIndex::OccupyIsSuperseded(std::int64_t line) {
-  return m_NextOccupy.Next(m_Kinds, line) < m_NextShot.Next(m_Kinds, line);
+  return m_nextOccupy.Next(m_kinds, line) < m_nextShot.Next(m_kinds, line);
 }
 
 bool RawIndex::BacksightIsSuperseded(std::int64_t line) {
-  return m_NextSetup.Next(m_Kinds, line) < m_NextShot.Next(m_Kinds, line);
+  return m_nextSetup.Next(m_kinds, line) < m_nextShot.Next(m_kinds, line);
 }
 
 bool RawIndex::TraverseContinues(std::int64_t line) {
-  return m_NextShot.Next(m_Kinds, line) < m_NextOccupy.Next(m_Kinds, line);
+  return m_nextShot.Next(m_kinds, line) < m_nextOccupy.Next(m_kinds, line);
 }
 
 bool RawIndex::NextIsStakeDetail(std::int64_t line) const {
@@ -150,12 +150,12 @@ bool RawIndex::NextIsStakeDetail(std::int64_t line) const {
 const HeightsAhead* RawIndex::FindHeights(std::int64_t line, RawRecordType type,
                                           std::wstring_view name) {
   for (;;) {
-    line = m_NextHeights.Next(m_Kinds, line);
+    line = m_nextHeights.Next(m_kinds, line);
     if (line > LineCount()) return nullptr;
     const RawRecordType kind = KindAt(line);
-    if (kind == RawRecordType::LS) return EntryOf(m_Heights, line);
+    if (kind == RawRecordType::LS) return EntryOf(m_heights, line);
     if (kind != RawRecordType::OC || type != RawRecordType::TR ||
-        m_AskedNames.Find(name) != EntryOf(m_Occupied, line)->name) {
+        m_askedNames.Find(name) != EntryOf(m_occupied, line)->name) {
       return nullptr;
     }
   }
@@ -163,9 +163,9 @@ const HeightsAhead* RawIndex::FindHeights(std::int64_t line, RawRecordType type,
 
 bool RawIndex::FindGpsPointKind(std::int64_t line, std::wstring_view name, bool& isControl) {
   isControl = false;
-  line = m_NextGpsPoint.Next(m_Kinds, line);
+  line = m_nextGpsPoint.Next(m_kinds, line);
   if (line > LineCount() || KindAt(line) != RawRecordType::GP) return true;
-  const GpsPoint* point = EntryOf(m_GpsPoints, line);
+  const GpsPoint* point = EntryOf(m_gpsPoints, line);
   if (point == nullptr || !point->valid || point->name != name) return false;
   isControl = point->kind == GpsPointKind::Control;
   return true;

@@ -54,14 +54,14 @@ class RawIndex {
   /// Reads the whole file and goes back to its start.
   void Build(CRawFile& raw);
 
-  std::int64_t LineCount() const { return static_cast<std::int64_t>(m_Kinds.size()); }
+  std::int64_t LineCount() const { return static_cast<std::int64_t>(m_kinds.size()); }
   /// The first MO; defaults if there is none or it is bad.
-  const MO_RECORD& FirstMode() const { return m_FirstMode; }
+  const MO_RECORD& FirstMode() const { return m_firstMode; }
   /// The log has an LM or LH somewhere.
-  bool HasLocalization() const { return m_bHasLocalization; }
+  bool HasLocalization() const { return m_hasLocalization; }
   /// The names of which an OC, an RP or a caller asks whether they have been written already.
-  const NameSet& AskedNames() const { return m_AskedNames; }
-  void AskFor(std::wstring_view name) { m_AskedNames.Insert(name); }
+  const NameSet& AskedNames() const { return m_askedNames; }
+  void AskFor(std::wstring_view name) { m_askedNames.Insert(name); }
   /// A DP after `line` deletes the point. Of several DP of a name the last counts.
   bool IsDeleted(std::wstring_view name, std::int64_t line) const;
 
@@ -96,7 +96,7 @@ class RawIndex {
   };
   struct Occupied {
     std::int64_t line;
-    std::uint32_t name;  // its number in m_AskedNames
+    std::uint32_t name;  // its number in m_askedNames
   };
   struct GpsPoint {
     std::int64_t line;
@@ -117,29 +117,29 @@ class RawIndex {
   void AddOccupied(std::int64_t line, std::wstring_view record);
   void AddGpsPoint(std::int64_t line, std::wstring_view record);
   RawRecordType KindAt(std::int64_t line) const {
-    return m_Kinds[static_cast<std::size_t>(line - 1)];
+    return m_kinds[static_cast<std::size_t>(line - 1)];
   }
 
-  std::vector<RawRecordType> m_Kinds;
-  std::vector<HeightsAhead> m_Heights;
-  std::vector<Occupied> m_Occupied;
-  std::vector<GpsPoint> m_GpsPoints;
-  std::unordered_map<std::wstring, std::int64_t, NameHash, std::equal_to<>> m_DeletedPoints;
-  NameSet m_AskedNames;
-  MO_RECORD m_FirstMode;
+  std::vector<RawRecordType> m_kinds;
+  std::vector<HeightsAhead> m_heights;
+  std::vector<Occupied> m_occupied;
+  std::vector<GpsPoint> m_gpsPoints;
+  std::unordered_map<std::wstring, std::int64_t, NameHash, std::equal_to<>> m_deletedPoints;
+  NameSet m_askedNames;
+  MO_RECORD m_firstMode;
   std::optional<LinearUnit> m_unit;  // of the latest good MO
-  std::int64_t m_nModeLine = 0;      // its line
-  bool m_bHasMode = false;
-  bool m_bSetupOpen = false;   // an OC, BK or TR, and neither LS nor shot since
-  bool m_bVectorOpen = false;  // a BL, and no GP, GS or GK since
-  bool m_bHasLocalization = false;
+  std::int64_t m_modeLine = 0;       // its line
+  bool m_hasMode = false;
+  bool m_isSetupOpen = false;   // an OC, BK or TR, and neither LS nor shot since
+  bool m_isVectorOpen = false;  // a BL, and no GP, GS or GK since
+  bool m_hasLocalization = false;
 
-  Search m_NextShot{kShotKinds};
-  Search m_NextOccupy{{RawRecordType::OC}};
-  Search m_NextSetup{{RawRecordType::OC, RawRecordType::BK}};
-  Search m_NextHeights{{RawRecordType::OC, RawRecordType::LS, RawRecordType::SS, RawRecordType::TR,
+  Search m_nextShot{kShotKinds};
+  Search m_nextOccupy{{RawRecordType::OC}};
+  Search m_nextSetup{{RawRecordType::OC, RawRecordType::BK}};
+  Search m_nextHeights{{RawRecordType::OC, RawRecordType::LS, RawRecordType::SS, RawRecordType::TR,
                         RawRecordType::SK, RawRecordType::OB}};
-  Search m_NextGpsPoint{{RawRecordType::GP, RawRecordType::GS, RawRecordType::GK}};
+  Search m_nextGpsPoint{{RawRecordType::GP, RawRecordType::GS, RawRecordType::GK}};
 };
 
 }  // namespace zelconvert

@@ -80,11 +80,6 @@ enum class RawRecordType : std::uint8_t {
 };
 inline constexpr int kRawRecordTypes = 73;
 
-/// Distance units of a log (UN), other than those of job and DC files.
-inline constexpr std::int32_t kRawInternationalFeet = 0;
-inline constexpr std::int32_t kRawMetres = 1;
-inline constexpr std::int32_t kRawUsSurveyFeet = 2;
-
 struct JB_RECORD {
   std::wstring_view name;
   std::wstring_view date;  ///< month-day-year, such as "09-14-2026"
