@@ -76,17 +76,6 @@ bool IsPointName(std::wstring_view name) {
 
 }  // namespace
 
-void CMoskoJobRecordField::Restart(IljFieldType type) {
-  m_type = type;
-  m_decimals = Form().decimals;
-  Clear();
-}
-
-void CMoskoJobRecordField::Clear() {
-  m_number = Form().unset;
-  m_string.clear();
-}
-
 bool CMoskoJobRecordField::IsValid() const {
   const IljFieldForm& form = Form();
   switch (form.kind) {

@@ -199,9 +199,16 @@ class CMoskoJobRecordField {
 
   IljFieldType GetType() const { return m_type; }
   /// Another type, and unset.
-  void Restart(IljFieldType type);
+  void Restart(IljFieldType type) {
+    m_type = type;
+    m_decimals = Form().decimals;
+    Clear();
+  }
   /// Back to the unset value.
-  void Clear();
+  void Clear() {
+    m_number = Form().unset;
+    m_string.clear();
+  }
   bool IsValid() const;
   /// Appends "TAG:value", valid or not; nothing for a date or time that is unset.
   void AppendText(std::wstring& line) const;
