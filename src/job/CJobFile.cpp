@@ -245,20 +245,6 @@ bool CJobFile::ReadOldHeader(JOB_OLD_HEADER& header) const {
   return IsOpen();
 }
 
-bool CJobFile::ReadCreationTime(platform::LocalTime& time) {
-  JOB_HEADER header;
-  if (!ReadJobHeader(header)) return false;
-  time = header.creationTime;
-  return true;
-}
-
-bool CJobFile::WriteCreationTime(const platform::LocalTime& time) {
-  JOB_HEADER header;
-  if (!ReadJobHeader(header)) return false;
-  header.creationTime = time;
-  return WriteJobHeader(header);
-}
-
 // Moving over the records
 
 bool CJobFile::SeekToFirstRecord() {
@@ -360,7 +346,21 @@ bool CJobFile::WriteGenericRecord(const JOB_GENERIC_RECORD& record) {
   return WriteRecord(record.data, record.kind);
 }
 
-// Searching and deleting
+// What no conversion calls
+
+bool CJobFile::ReadCreationTime(platform::LocalTime& time) {
+  JOB_HEADER header;
+  if (!ReadJobHeader(header)) return false;
+  time = header.creationTime;
+  return true;
+}
+
+bool CJobFile::WriteCreationTime(const platform::LocalTime& time) {
+  JOB_HEADER header;
+  if (!ReadJobHeader(header)) return false;
+  header.creationTime = time;
+  return WriteJobHeader(header);
+}
 
 bool CJobFile::FindRecord4(std::uint32_t id, bool bFirstFree) {
   return FindRecord(JOB_RECORD4::kInfo, id, bFirstFree);

@@ -68,8 +68,6 @@ class CJobFile {
   [[nodiscard]] bool ReadOldHeader(OldHeaderBlock& block) const;
   /// The same by its fields.
   [[nodiscard]] bool ReadOldHeader(JOB_OLD_HEADER& header) const;
-  [[nodiscard]] bool ReadCreationTime(platform::LocalTime& time);
-  [[nodiscard]] bool WriteCreationTime(const platform::LocalTime& time);
 
   [[nodiscard]] bool SeekToFirstRecord();
   [[nodiscard]] bool SeekTo(std::int64_t position) { return m_File.SeekTo(position); }
@@ -134,6 +132,10 @@ class CJobFile {
   /// kind: the number as it stands in the file.
   [[nodiscard]] bool WriteRecord(std::span<const std::byte> payload, std::uint32_t kind);
 
+  // For programs that work in a job: no conversion calls these.
+
+  [[nodiscard]] bool ReadCreationTime(platform::LocalTime& time);
+  [[nodiscard]] bool WriteCreationTime(const platform::LocalTime& time);
   /// From the present position to the end: the record with this id, or with bFirstFree an unused
   /// slot of the same length, whichever comes first. The position is then on its head. At the end
   /// of the file the position is there and the result is bFirstFree.
