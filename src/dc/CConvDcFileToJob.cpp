@@ -3,7 +3,7 @@
 //
 // The records of the coordinate system fill one CGlkProjectionRecord in the order of the file,
 // later ones over earlier ones; it is written when the file has been read. Lengths become metres by
-// the unit of the header, so a record in front of the header counts as metres.
+// the unit of the header, so a record before the header counts as metres.
 #include <array>
 #include <cmath>
 #include <cstdint>
@@ -137,7 +137,7 @@ class DcToJob {
   bool m_bEastFirst = false;      // order of the coordinates in 69
   std::int32_t m_nAzmDir = 0;     // 0 north, 1 south
   bool m_bPlainGridMode = false;  // the grid of a 64 without projection
-  PointNameSet m_PointNames;      // the point "1" in front of a road isn't among them
+  PointNameSet m_PointNames;      // the point "1" before a road isn't among them
   bool m_bAnyPoint = false;       // the point "1" included
   std::vector<ROAD_HEADER> m_Roads;
   std::size_t m_nRoads = 0;              // how many of them have come

@@ -37,7 +37,7 @@ bool CDcFile::OpenForRead(const std::wstring& path) {
   return Open(path, platform::kOpenReadWrite) && Rewind();
 }
 
-// Editors put the mark in front of text that is 8-bit all the same.
+// Editors put the mark before text that is 8-bit all the same.
 bool CDcFile::Rewind() {
   constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
   char start[kUtf8Mark.size()];

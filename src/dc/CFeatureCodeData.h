@@ -1,4 +1,4 @@
-// The feature library of a job: what gives the attribute block behind a point its meaning.
+// The feature library of a job: what gives the attribute block of a point its meaning.
 #pragma once
 
 #include <cstddef>

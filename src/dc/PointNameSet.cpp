@@ -42,7 +42,7 @@ PointNameSet::Key PointNameSet::Pack(std::wstring_view name) {
 }
 
 // Points are mostly numbered in the order of their file. So that the next name lies near the last
-// one in memory, only what stands in front of its last character is scattered.
+// one in memory, only what stands before its last character is scattered.
 std::size_t PointNameSet::Home(Key key) {
   std::uint64_t& lastHalf = key.back != 0 ? key.back : key.front;
   const int lastShift = (63 - std::countl_zero(lastHalf)) / 8 * 8;

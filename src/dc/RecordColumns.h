@@ -39,7 +39,7 @@ namespace zelconvert {
 /// How a text sits in its column. Without flags: right-justified; too long: the first characters
 /// stay, or all of them in the last column of a table; read as it stands.
 using TextForm = unsigned;
-inline constexpr TextForm kLeft = 1;       ///< blanks behind the text instead of before it
+inline constexpr TextForm kLeft = 1;       ///< blanks after the text instead of before it
 inline constexpr TextForm kKeepFirst = 2;  ///< too long: the first characters stay anywhere
 inline constexpr TextForm kKeepLast = 4;   ///< too long: the last characters stay
 inline constexpr TextForm kTrimmed = 8;    ///< read without white space at both ends
@@ -187,7 +187,7 @@ void ReadColumns(std::wstring_view line, const Table& table, R& record) {
   }
 }
 
-/// Appends the columns of `record` to `line`, which already holds everything in front of them.
+/// Appends the columns of `record` to `line`, which already holds everything before them.
 /// cut: hears of the names that don't fit.
 template <class R, std::size_t N>
 void WriteColumns(std::wstring& line, const std::array<Column<R>, N>& table, const R& record,

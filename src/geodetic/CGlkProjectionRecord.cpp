@@ -9,7 +9,7 @@ constexpr std::size_t kNameUnits = 33;   // terminator included
 constexpr std::size_t kFileUnits = 261;  // likewise
 constexpr std::size_t kReal = 8;
 
-// Doubles that stand one behind the other.
+// Doubles that stand one after the other.
 template <class Io, class... Doubles>
 void Reals(Io& io, std::size_t offset, Doubles&... values) {
   ((io.Field(offset, values), offset += kReal), ...);

@@ -1,5 +1,5 @@
 // A whole coordinate system: projection, local site, datum, adjustments and the names of all of
-// them. A job of version 5 holds it as the 4018-byte block behind its header, at the offsets that
+// them. A job of version 5 holds it as the 4018-byte block after its header, at the offsets that
 // CGlkProjectionRecord.cpp states; docs/formats/coordinate-system.md tells what each field means.
 #pragma once
 

@@ -15,6 +15,7 @@
 #include "geodetic/CGlkProjectionRecord.h"
 #include "io/Strings.h"
 #include "job/CJobFile.h"
+#include "job/JobUnits.h"
 
 namespace zelconvert {
 namespace {
@@ -294,7 +295,8 @@ TEST(DcToJob, KeepsPointsAndSystemOfAJob) {
     const auto points = ReadPoints(job, unit), pointsBack = ReadPoints(back, unitBack);
     ASSERT_EQ(points.size(), pointsBack.size());
     ASSERT_EQ(unit, unitBack);
-    const double tolerance = unit == kMetres ? 0 : 0.51e-5 * kMetresPerUsFoot;
+    const double tolerance =
+        LinearUnitOfJob(unit) == LinearUnit::Metre ? 0 : 0.51e-5 * kMetresPerUsFoot;
     for (std::size_t i = 0; i < points.size(); ++i) {
       EXPECT_EQ(pointsBack[i].name, points[i].name);
       EXPECT_EQ(pointsBack[i].description, points[i].description);

@@ -1,4 +1,4 @@
-// Feature codes of the position in front of them.
+// Feature codes of the position before them.
 #pragma once
 
 #include <array>
@@ -62,7 +62,7 @@ struct tDC_FEATURE_LISTRecord : DcRecord<"92FC", tDC_FEATURE_LISTRecord> {
   }
 };
 
-/// 95. Without a text the line is blank behind its head.
+/// 95. Without a text the line is blank after its head.
 struct tDC_FEATURE_MAPRecord : DcRecord<"95FC", tDC_FEATURE_MAPRecord> {
   std::wstring text;
   bool flag = false;

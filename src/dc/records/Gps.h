@@ -23,16 +23,16 @@ struct tDC_ANTENNA_HEIGHTRecord : DcRecord<"57KI", tDC_ANTENNA_HEIGHTRecord, kOw
   }
 };
 
-/// 59: covariances of the vector in front of it.
+/// 59: covariances of the vector before it.
 struct tDC_VECTOR_SIGMARecord : DcRecord<"59KI", tDC_VECTOR_SIGMARecord, kOwnSubtype> {
-  std::int32_t flag = 0;
-  double value1 = 0;
-  double value2 = 0;
-  double value3 = 0;
-  double value4 = 0;
-  double value5 = 0;
-  double value6 = 0;
-  double value7 = 0;
+  std::int32_t flag = 0;  ///< satellites
+  double value1 = 0;      ///< scalar
+  double value2 = 0;      ///< covariances as the receiver gives them: XX
+  double value3 = 0;      ///< XY
+  double value4 = 0;      ///< XZ
+  double value5 = 0;      ///< YY
+  double value6 = 0;      ///< YZ
+  double value7 = 0;      ///< ZZ
 
   static constexpr auto Columns() {
     return std::to_array<Column<Self>>({
@@ -48,7 +48,8 @@ struct tDC_VECTOR_SIGMARecord : DcRecord<"59KI", tDC_VECTOR_SIGMARecord, kOwnSub
   }
 };
 
-/// 61
+/// 61: stands in DC files made of interlock files, with "Fake" in both texts; what the other fields
+/// mean isn't known.
 struct tDC_RECEIVER_Record : DcRecord<"61KI", tDC_RECEIVER_Record, kOwnSubtype> {
   std::wstring text1;
   std::wstring text2;
@@ -77,15 +78,15 @@ struct tDC_RECEIVER_Record : DcRecord<"61KI", tDC_RECEIVER_Record, kOwnSubtype> 
 
 /// E2: receiver and antenna, and the antenna's lengths.
 struct tDC_RECEIVER_EXTRecord : DcRecord<"E2KI", tDC_RECEIVER_EXTRecord, kOwnSubtype> {
-  std::wstring text1;
-  std::wstring text2;
-  std::int32_t number1 = 0;
-  std::int32_t number2 = 0;
-  std::wstring text3;
-  std::wstring text4;
-  double value1 = 0;
-  double value2 = 0;
-  double value3 = 0;
+  std::wstring text1;        ///< receiver
+  std::wstring text2;        ///< its serial number
+  std::int32_t number1 = 0;  ///< number of the antenna
+  std::int32_t number2 = 0;  ///< id of the antenna
+  std::wstring text3;        ///< type of the antenna
+  std::wstring text4;        ///< its serial number
+  double value1 = 0;         ///< tape adjustment
+  double value2 = 0;         ///< offset, horizontal
+  double value3 = 0;         ///< offset, vertical
 
   static constexpr auto Columns() {
     return std::to_array<Column<Self>>({
@@ -102,22 +103,22 @@ struct tDC_RECEIVER_EXTRecord : DcRecord<"E2KI", tDC_RECEIVER_EXTRecord, kOwnSub
   }
 };
 
-/// C6: quality of the GPS position in front of it.
+/// C6: quality of the GPS position before it.
 struct tDC_SETUP_Record : DcRecord<"C6KI", tDC_SETUP_Record, kOwnSubtype> {
-  std::int32_t flag = 0;  ///< satellites
-  bool relative = false;  ///< written 2 when true; read as true for "1"
-  double value1 = 0;      ///< position, horizontal and vertical dilution
-  double value2 = 0;
-  double value3 = 0;
-  double value4 = 0;
-  std::int32_t number1 = 0;
-  double value5 = 0;
-  double value6 = 0;
-  std::int32_t number2 = 0;
-  double value7 = 0;
-  std::int32_t number3 = 0;
-  double value8 = 0;
-  std::int32_t digit = 0;
+  std::int32_t flag = 0;     ///< satellites
+  bool relative = false;     ///< written 2 when true; read as true for "1"
+  double value1 = 0;         ///< dilution of precision: position
+  double value2 = 0;         ///< horizontal
+  double value3 = 0;         ///< vertical
+  double value4 = 0;         ///< root mean square
+  std::int32_t number1 = 0;  ///< epochs
+  double value5 = 0;         ///< horizontal precision
+  double value6 = 0;         ///< vertical precision
+  std::int32_t number2 = 0;  ///< GPS week of the start
+  double value7 = 0;         ///< its seconds
+  std::int32_t number3 = 0;  ///< GPS week of the end
+  double value8 = 0;         ///< its seconds
+  std::int32_t digit = 0;    ///< initialisation
 
   static constexpr auto Columns() {
     return std::to_array<Column<Self>>({

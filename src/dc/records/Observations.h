@@ -201,12 +201,12 @@ struct tDC_NAMERecord : DcRecord<"93KI", tDC_NAMERecord> {
 
 /// B1
 struct tDC_CB_Record : DcRecord<"B1CB", tDC_CB_Record> {
-  std::wstring text1;
-  std::wstring text2;
-  std::int32_t digit = 0;
-  double value1 = 0;
-  double value2 = 0;
-  double value3 = 0;
+  std::wstring text1;      ///< control point with its prefix
+  std::wstring text2;      ///< control point
+  std::int32_t digit = 0;  ///< its dimension
+  double value1 = 0;       ///< horizontal precision
+  double value2 = 0;       ///< vertical precision
+  double value3 = 0;       ///< both
 
   static constexpr auto Columns() {
     return std::to_array<Column<Self>>({
@@ -222,14 +222,14 @@ struct tDC_CB_Record : DcRecord<"B1CB", tDC_CB_Record> {
 
 /// B7: the mean of two faces.
 struct tDC_MP_Record : DcRecord<"B7MP", tDC_MP_Record> {
-  std::wstring text1;
-  std::wstring text2;
-  double value1 = 0;
-  double value2 = 0;
-  double value3 = 0;
-  double value4 = 0;
-  double value5 = 0;
-  double value6 = 0;
+  std::wstring text1;  ///< station
+  std::wstring text2;  ///< target
+  double value1 = 0;   ///< direction, first face
+  double value2 = 0;   ///< direction, second face
+  double value3 = 0;   ///< zenith angle, first face
+  double value4 = 0;   ///< zenith angle, second face
+  double value5 = 0;   ///< distance, first face
+  double value6 = 0;   ///< distance, second face
   std::wstring code;
   wchar_t classification = L'1';
 
@@ -251,17 +251,17 @@ struct tDC_MP_Record : DcRecord<"B7MP", tDC_MP_Record> {
 
 /// C4: the mean of a set.
 struct tDC_MA_Record : DcRecord<"C4MA", tDC_MA_Record> {
-  std::wstring text1;
-  std::wstring text2;
-  std::wstring text3;
-  double value1 = 0;
-  double value2 = 0;
-  double value3 = 0;
-  double value4 = 0;
-  double value5 = 0;
-  double value6 = 0;
-  std::int32_t number1 = 0;
-  std::int32_t number2 = 0;
+  std::wstring text1;        ///< station
+  std::wstring text2;        ///< target
+  std::wstring text3;        ///< reference
+  double value1 = 0;         ///< mean direction from the reference
+  double value2 = 0;         ///< mean zenith angle
+  double value3 = 0;         ///< mean distance
+  double value4 = 0;         ///< standard error of the directions
+  double value5 = 0;         ///< standard error of the zenith angles
+  double value6 = 0;         ///< standard error of the distances
+  std::int32_t number1 = 0;  ///< pairs
+  std::int32_t number2 = 0;  ///< distances
 
   static constexpr auto Columns() {
     return std::to_array<Column<Self>>({

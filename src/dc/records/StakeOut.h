@@ -28,8 +28,8 @@ struct tDC_TARGET_IDRecord : DcRecord<"A0KI", tDC_TARGET_IDRecord> {
 struct tDC_TARGET_HEIGHTS_Record : DcRecord<"A1KI", tDC_TARGET_HEIGHTS_Record> {
   std::wstring name;
   std::wstring flag = L";";
-  double value1 = 0;
-  double value2 = 0;
+  double value1 = 0;  ///< station
+  double value2 = 0;  ///< offset
 
   static constexpr auto Columns() {
     return std::to_array<Column<Self>>({
@@ -74,9 +74,9 @@ struct tDC_TARGET_GRADERecord : DcRecord<"A2KI", tDC_TARGET_GRADERecord> {
 
 /// A5: differences north, east and up between design and stake.
 struct tDC_ANTENNA_OFFSETRecord : DcRecord<"A5KI", tDC_ANTENNA_OFFSETRecord> {
-  double value1 = 0;
-  double value2 = 0;
-  double value3 = 0;
+  double value1 = 0;  ///< north
+  double value2 = 0;  ///< east
+  double value3 = 0;  ///< up
 
   static constexpr auto Columns() {
     return std::to_array<Column<Self>>({
@@ -89,10 +89,10 @@ struct tDC_ANTENNA_OFFSETRecord : DcRecord<"A5KI", tDC_ANTENNA_OFFSETRecord> {
 
 /// A7
 struct tDC_ANTENNA_MEASUREMENTRecord : DcRecord<"A7KI", tDC_ANTENNA_MEASUREMENTRecord> {
-  double value1 = 0;
-  double value2 = 0;
-  double value3 = 0;
-  double value4 = 0;
+  double value1 = 0;  ///< station of a slope stake
+  double value2 = 0;  ///< error of the offset
+  double value3 = 0;  ///< height of the design above the stake
+  double value4 = 0;  ///< offset of a slope stake
 
   static constexpr auto Columns() {
     return std::to_array<Column<Self>>({
@@ -137,12 +137,12 @@ struct tDC_DESIGN_SLOPERecord : DcRecord<"C9KI", tDC_DESIGN_SLOPERecord> {
 
 /// D3: the catch point of a slope stake.
 struct tDC_CATCH_POINTRecord : DcRecord<"D3KI", tDC_CATCH_POINTRecord> {
-  double value1 = 0;
-  double value2 = 0;
-  double value3 = 0;
+  double value1 = 0;  ///< shift of the station
+  double value2 = 0;  ///< horizontal distance of the catch point
+  double value3 = 0;  ///< elevation
   double horizontal = 0;
   double vertical = 0;
-  double slope = 0;  ///< written as the slope distance of the two in front of it
+  double slope = 0;  ///< written as the slope distance of the two before it
 
   static constexpr auto Columns() {
     return std::to_array<Column<Self>>({
