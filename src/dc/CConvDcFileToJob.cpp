@@ -57,11 +57,11 @@ constexpr bool IsPointCharacter(wchar_t c) {
 
 class DcToJob {
  public:
-  DcToJob(CDcFile& dc, CJobFile& job, Report& report) : m_Dc(dc), m_Job(job), m_Report(report) {}
+  DcToJob(CDcFile& dc, CJobFile& job, Report& report) : m_dc(dc), m_job(job), m_report(report) {}
 
   bool Convert() {
-    m_Progress.Start();
-    return m_Job.ReadJobHeader(m_Settings) && m_Job.SeekToFirstRecord() && WriteLayer() &&
+    m_progress.Start();
+    return m_job.ReadJobHeader(m_settings) && m_job.SeekToFirstRecord() && WriteLayer() &&
            ConvertRoads() && ConvertLines() && WriteCoordinateSystem() && CheckPoints();
   }
 
@@ -108,43 +108,43 @@ class DcToJob {
   template <class Record>
   void TakeRoadStart(Record& record) const;
 
-  bool IsNewJob() const { return m_Job.GetVersion() >= kJobVersion; }
+  bool IsNewJob() const { return m_job.GetVersion() >= kJobVersion; }
   void SetGridFlags(std::uint32_t bits) { SetFlags(kJobGridMask, bits); }
   void SetFlags(std::uint32_t mask, std::uint32_t bits) {
-    m_Settings.flags = (m_Settings.flags & ~mask) | bits;
+    m_settings.flags = (m_settings.flags & ~mask) | bits;
   }
   // In place; the next record goes after the last one all the same.
-  bool StoreSettings() { return m_Job.WriteJobHeader(m_Settings) && m_Job.SeekToEnd(); }
+  bool StoreSettings() { return m_job.WriteJobHeader(m_settings) && m_job.SeekToEnd(); }
   bool Refuse(Text text) {
     Say(text);
     return false;
   }
-  void Say(Text text) { m_Report.messages.emplace_back(kTexts[static_cast<std::size_t>(text)]); }
+  void Say(Text text) { m_report.messages.emplace_back(kTexts[static_cast<std::size_t>(text)]); }
 
   // Of the header, if it has come.
   DisplayUnits Units() const {
-    return {LinearUnitOfJob(m_Settings.distanceUnit), AngularUnitOfJob(m_Settings.angleUnit)};
+    return {LinearUnitOfJob(m_settings.distanceUnit), AngularUnitOfJob(m_settings.angleUnit)};
   }
   double Metres(double value) const { return ToMetres(value, Units().length); }
 
-  CDcFile& m_Dc;
-  CJobFile& m_Job;
-  Report& m_Report;
-  CConvertProgress m_Progress;
+  CDcFile& m_dc;
+  CJobFile& m_job;
+  Report& m_report;
+  CConvertProgress m_progress;
 
-  JOB_HEADER m_Settings;  // as they stand in the job
-  CGlkProjectionRecord m_System;
+  JOB_HEADER m_settings;  // as they stand in the job
+  CGlkProjectionRecord m_system;
   bool m_bEastFirst = false;      // order of the coordinates in 69
   std::int32_t m_nAzmDir = 0;     // 0 north, 1 south
   bool m_bPlainGridMode = false;  // the grid of a 64 without projection
-  PointNameSet m_PointNames;      // the point "1" before a road isn't among them
+  PointNameSet m_pointNames;      // the point "1" before a road isn't among them
   bool m_bAnyPoint = false;       // the point "1" included
-  std::vector<ROAD_HEADER> m_Roads;
+  std::vector<ROAD_HEADER> m_roads;
   std::size_t m_nRoads = 0;              // how many of them have come
   const ROAD_HEADER* m_pRoad = nullptr;  // of the last 28, null if it wasn't converted
 
-  tDC_GRID_POSITIONRecord m_Position;  // these two are reused, point after point
-  JOB_POINT m_Point;
+  tDC_GRID_POSITIONRecord m_position;  // these two are reused, point after point
+  JOB_POINT m_point;
 };
 
 // False ends the conversion.
@@ -177,23 +177,23 @@ bool DcToJob::On(std::wstring_view line) {
 }
 
 bool DcToJob::WriteLayer() {
-  m_Point.layer = kDefaultLayerId;
-  return !IsNewJob() || m_Job.WriteLayer(DefaultLayer());
+  m_point.layer = kDefaultLayerId;
+  return !IsNewJob() || m_job.WriteLayer(DefaultLayer());
 }
 
 // Roads go into files of their own beside the job. A road that fails there doesn't stop the job: it
 // takes the roads that were met.
 bool DcToJob::ConvertRoads() {
-  static_cast<void>(ConvertDcRoads(m_Dc, m_Report, m_Roads, GetFolder(m_Job.GetFile().GetPath())));
-  return m_Dc.Rewind();
+  static_cast<void>(ConvertDcRoads(m_dc, m_report, m_roads, GetFolder(m_job.GetFile().GetPath())));
+  return m_dc.Rewind();
 }
 
 bool DcToJob::ConvertLines() {
-  const std::int64_t length = m_Dc.GetLength();
+  const std::int64_t length = m_dc.GetLength();
   std::wstring line;
-  while (m_Dc.ReadLine(line)) {
+  while (m_dc.ReadLine(line)) {
     if (CDcFile::IsBlank(line)) continue;
-    m_Progress.SetPosition(m_Dc.GetPosition(), length);
+    m_progress.SetPosition(m_dc.GetPosition(), length);
     if (!CDcFile::IsDeleted(line) && !ConvertLine(line)) return false;
   }
   return true;
@@ -206,12 +206,12 @@ bool DcToJob::ConvertLine(std::wstring_view line) {
 }
 
 bool DcToJob::WriteCoordinateSystem() {
-  m_System.horizontalType = 1;
-  m_System.secondType = 0;
+  m_system.horizontalType = 1;
+  m_system.secondType = 0;
   if (!IsNewJob()) return true;
   CoordBlock block;
-  m_System.Pack(block);
-  return m_Job.WriteCoordBlock(block);
+  m_system.Pack(block);
+  return m_job.WriteCoordBlock(block);
 }
 
 bool DcToJob::CheckPoints() {
@@ -223,9 +223,9 @@ bool DcToJob::Take(const tDC_HEADERRecord& header) {
   if (version.find(L"V10") == version.npos && version.find(L"v10") == version.npos) {
     Say(Text::NotV10);
   }
-  m_Settings.distanceUnit = static_cast<std::uint16_t>(header.distanceUnit - 1);
+  m_settings.distanceUnit = static_cast<std::uint16_t>(header.distanceUnit - 1);
   if (header.angleUnit != 1 && header.angleUnit != 2) return Refuse(Text::Mils);
-  m_Settings.angleUnit = static_cast<std::uint16_t>(header.angleUnit - 1);
+  m_settings.angleUnit = static_cast<std::uint16_t>(header.angleUnit - 1);
   m_bEastFirst = header.coordinateOrder == 2;
   return StoreSettings();
 }
@@ -238,8 +238,8 @@ bool DcToJob::Take(const tDC_JOBRecord& job) {
 
 bool DcToJob::Take(const tDC_COGORecord& cogo) {
   m_nAzmDir = cogo.azimuthOrigin == 2 ? 1 : 0;
-  if (m_nAzmDir == 1) m_Settings.flags |= kJobFlagSouthAzimuth;
-  m_System.southAzimuth = static_cast<std::uint8_t>(m_nAzmDir);
+  if (m_nAzmDir == 1) m_settings.flags |= kJobFlagSouthAzimuth;
+  m_system.southAzimuth = static_cast<std::uint8_t>(m_nAzmDir);
   return TakeGridOrientation(cogo.gridOrientation) && StoreSettings();
 }
 
@@ -247,12 +247,12 @@ bool DcToJob::Take(const tDC_COGORecord& cogo) {
 bool DcToJob::TakeGridOrientation(std::int32_t gridOrientation) {
   switch (gridOrientation) {
     case 1:
-      m_System.gridOrientation1 = m_System.gridOrientation2 = 0;
+      m_system.gridOrientation1 = m_system.gridOrientation2 = 0;
       return true;
     case 2:
       if (m_nAzmDir == 0) return Refuse(Text::SouthWestGrid);
       SetFlags(kJobFlagSouthAzimuth, 0);
-      m_System.gridOrientation1 = m_System.gridOrientation2 = 1;
+      m_system.gridOrientation1 = m_system.gridOrientation2 = 1;
       return true;
     case 3:
     case 4:
@@ -263,8 +263,8 @@ bool DcToJob::TakeGridOrientation(std::int32_t gridOrientation) {
 }
 
 bool DcToJob::Take(const tDC_ELLIPSOIDRecord& ellipsoid) {
-  m_System.semiMajorAxis = Metres(ellipsoid.semiMajorAxis);
-  m_System.inverseFlattening = ellipsoid.inverseFlattening;
+  m_system.semiMajorAxis = Metres(ellipsoid.semiMajorAxis);
+  m_system.inverseFlattening = ellipsoid.inverseFlattening;
   return true;
 }
 
@@ -273,9 +273,9 @@ bool DcToJob::Take(const tDC_LOCAL_SITERecord& site) {
   const bool noSite = site.scale == 1.0 && site.east == 0.0 && site.north == 0.0 &&
                       (site.latitude == 0.0 || IsLeftBlank(site.latitude));
   if (noSite) return true;
-  m_System.verticalType = kLocalSiteSystem;
-  ToSystem(system_fields::kSite, Units(), site, m_System.site);
-  if (IsLeftBlank(site.height)) m_System.site.height = 0;
+  m_system.verticalType = kLocalSiteSystem;
+  ToSystem(system_fields::kSite, Units(), site, m_system.site);
+  if (IsLeftBlank(site.height)) m_system.site.height = 0;
   return true;
 }
 
@@ -291,13 +291,13 @@ bool DcToJob::Take(const tDC_PROJECTIONRecord& projection) {
 bool DcToJob::Take(const tDC_PROJECTION_EXTRecord& projection) {
   if (!TakeProjectionId(projection.projectionCode)) return true;
   TakeProjection(projection);
-  m_System.flagA = projection.flagA == L'1' ? 0 : 1;
-  m_System.flagB = projection.flagB == L'1' ? 1 : 0;
-  m_System.flagC = projection.flagC == 1 ? 0 : 1;
+  m_system.flagA = projection.flagA == L'1' ? 0 : 1;
+  m_system.flagB = projection.flagB == L'1' ? 1 : 0;
+  m_system.flagC = projection.flagC == 1 ? 0 : 1;
   const bool isArea = projection.flagD >= L'1' && projection.flagD <= L'3';
-  m_System.flagD = static_cast<std::uint16_t>(isArea ? projection.flagD - L'0' : 4);
-  m_System.gridFileName = projection.gridFileName;
-  m_System.shiftFileName = projection.shiftFileName;
+  m_system.flagD = static_cast<std::uint16_t>(isArea ? projection.flagD - L'0' : 4);
+  m_system.gridFileName = projection.gridFileName;
+  m_system.shiftFileName = projection.shiftFileName;
   return true;
 }
 
@@ -305,101 +305,101 @@ bool DcToJob::Take(const tDC_PROJECTION_EXTRecord& projection) {
 bool DcToJob::TakeProjectionId(wchar_t code) {
   const std::uint16_t id = ProjectionIdFromCode(code);
   if (id == kNoProjection) {
-    m_System.projectionId = m_System.verticalType = 0;
+    m_system.projectionId = m_system.verticalType = 0;
     return false;
   }
-  m_System.projectionId = id;
-  if (m_System.verticalType != kLocalSiteSystem) m_System.verticalType = id;
+  m_system.projectionId = id;
+  if (m_system.verticalType != kLocalSiteSystem) m_system.verticalType = id;
   return true;
 }
 
 bool DcToJob::TakeScaleWithoutProjection(double scale) {
-  if (!IsLeftBlank(scale)) m_Settings.scale = scale;
+  if (!IsLeftBlank(scale)) m_settings.scale = scale;
   SetFlags(kJobFlagScaleOnly, 0);
   SetGridFlags(0);
   if (m_bPlainGridMode) {
     SetGridFlags(kJobGridPlain);
-  } else if (!(std::fabs(m_Settings.scale - 1.0) < 1e-12)) {
-    m_Settings.flags |= kJobFlagScaleOnly | kJobGridScaleOnly;
+  } else if (!(std::fabs(m_settings.scale - 1.0) < 1e-12)) {
+    m_settings.flags |= kJobFlagScaleOnly | kJobGridScaleOnly;
   }
   return StoreSettings();
 }
 
 void DcToJob::TakeProjection(const tDC_PROJECTION_FIELDS& projection) {
-  ToSystem(system_fields::kProjection, Units(), projection, m_System);
-  if (HasSkewAxis(m_System.projectionId)) m_System.parallel2 = DC_NULL;
+  ToSystem(system_fields::kProjection, Units(), projection, m_system);
+  if (HasSkewAxis(m_system.projectionId)) m_system.parallel2 = DC_NULL;
   if (projection.projectionCode == L'<' || projection.projectionCode == L'=') {
     const double pole = projection.projectionCode == L'<' ? kPolarLatitude : -kPolarLatitude;
-    m_System.originLatitude = Units().FromDisplay(pole, Quantity::Degrees);
-    m_System.originLongitude = 0;
-    m_System.falseNorthing = m_System.falseEasting = kPolarFalseOrigin;
-    m_System.scale = kPolarScale;
+    m_system.originLatitude = Units().FromDisplay(pole, Quantity::Degrees);
+    m_system.originLongitude = 0;
+    m_system.falseNorthing = m_system.falseEasting = kPolarFalseOrigin;
+    m_system.scale = kPolarScale;
   }
 }
 
 // The ellipsoid of the record is WGS 84's, not the local one, and isn't taken.
 bool DcToJob::Take(const tDC_DATUMRecord& datum) {
-  if (datum.datumCode == L'1' || datum.datumCode == L'3') m_System.datumKind = kDatumShifts;
-  if (datum.datumCode == L'2') m_System.datumKind = kDatumSevenParameters;
-  ToSystem(system_fields::kDatum, Units(), datum, m_System);
-  m_System.datumScale = datum.scale;
+  if (datum.datumCode == L'1' || datum.datumCode == L'3') m_system.datumKind = kDatumShifts;
+  if (datum.datumCode == L'2') m_system.datumKind = kDatumSevenParameters;
+  ToSystem(system_fields::kDatum, Units(), datum, m_system);
+  m_system.datumScale = datum.scale;
   return true;
 }
 
 bool DcToJob::Take(const tDC_DATUM_GRIDRecord& grid) {
-  m_System.datumName = grid.fileName;
-  m_System.datumKind = kDatumGridFiles;
+  m_system.datumName = grid.fileName;
+  m_system.datumKind = kDatumGridFiles;
   return true;
 }
 
 bool DcToJob::Take(const tDC_HORIZONTAL_ADJUSTRecord& adjust) {
   const DisplayUnits units = IsLeftBlank(adjust.originNorth) ? DisplayUnits() : Units();
-  ToSystem(system_fields::kHorizontal, units, adjust, m_System.horizontalAdjust);
+  ToSystem(system_fields::kHorizontal, units, adjust, m_system.horizontalAdjust);
   return true;
 }
 
 bool DcToJob::Take(const tDC_VERTICAL_ADJUSTRecord& adjust) {
-  m_System.geoidFileName = adjust.geoidFileName;
-  m_System.verticalAdjust = {};
+  m_system.geoidFileName = adjust.geoidFileName;
+  m_system.verticalAdjust = {};
   if (adjust.method != L'2') {
-    ToSystem(system_fields::kVertical, Units(), adjust, m_System.verticalAdjust);
+    ToSystem(system_fields::kVertical, Units(), adjust, m_system.verticalAdjust);
   }
   return true;
 }
 
 bool DcToJob::Take(const tDC_COORDINATE_SYSTEMRecord& names) {
   const bool isKind = names.systemKind >= 1 && names.systemKind <= 4;
-  m_System.projectionKind = static_cast<std::int16_t>(isKind ? names.systemKind : 4);
-  m_System.zoneGroupName = names.zoneGroupName;
-  m_System.zoneName = names.zoneName;
-  m_System.datumName = names.datumName;
+  m_system.projectionKind = static_cast<std::int16_t>(isKind ? names.systemKind : 4);
+  m_system.zoneGroupName = names.zoneGroupName;
+  m_system.zoneName = names.zoneName;
+  m_system.datumName = names.datumName;
   return true;
 }
 
 bool DcToJob::Take(const tDC_ZONE_LABELRecord& label) {
-  if (!label.name.empty()) m_System.shiftFileName = label.name;
+  if (!label.name.empty()) m_system.shiftFileName = label.name;
   return true;
 }
 
 bool DcToJob::OnGridPosition(std::wstring_view line) {
-  CDcFile::Read(line, m_Position);
+  CDcFile::Read(line, m_position);
   // Deleted and superseded positions.
-  if (m_Position.classification >= L'6' && m_Position.classification <= L':') return true;
-  if (IsLeftBlank(m_Position.north) || IsLeftBlank(m_Position.east)) return true;
+  if (m_position.classification >= L'6' && m_position.classification <= L':') return true;
+  if (IsLeftBlank(m_position.north) || IsLeftBlank(m_position.east)) return true;
 
-  TakePointName(m_Position.name);
-  m_Point.description = m_Position.code;
-  m_Point.north = Metres(m_bEastFirst ? m_Position.east : m_Position.north);
-  m_Point.east = Metres(m_bEastFirst ? m_Position.north : m_Position.east);
-  m_Point.elevation = Metres(m_Position.elevation);
-  if (!m_PointNames.Insert(m_Point.name)) return Refuse(Text::DuplicatePoints);
+  TakePointName(m_position.name);
+  m_point.description = m_position.code;
+  m_point.north = Metres(m_bEastFirst ? m_position.east : m_position.north);
+  m_point.east = Metres(m_bEastFirst ? m_position.north : m_position.east);
+  m_point.elevation = Metres(m_position.elevation);
+  if (!m_pointNames.Insert(m_point.name)) return Refuse(Text::DuplicatePoints);
   m_bAnyPoint = true;
-  return m_Job.WritePoint(m_Point);
+  return m_job.WritePoint(m_point);
 }
 
 void DcToJob::TakePointName(std::wstring_view name) {
-  m_Point.name.assign(Left(Trim(name), kJobNameLength));
-  for (wchar_t& c : m_Point.name) {
+  m_point.name.assign(Left(Trim(name), kJobNameLength));
+  for (wchar_t& c : m_point.name) {
     if (!IsPointCharacter(c)) c = L'_';
   }
 }
@@ -410,13 +410,13 @@ bool DcToJob::OnRoad(std::wstring_view line) {
   tDC_ROAD_HEADERRecord road;
   CDcFile::Read(line, road);
   m_pRoad = nullptr;
-  if (m_nRoads == m_Roads.size() || m_Roads[m_nRoads].name != road.name) return true;
-  m_pRoad = &m_Roads[m_nRoads++];
+  if (m_nRoads == m_roads.size() || m_roads[m_nRoads].name != road.name) return true;
+  m_pRoad = &m_roads[m_nRoads++];
   JOB_RECORD10 record;
   record.name = m_pRoad->fileName;
   record.id = RoadId();
   TakeRoadStart(record);
-  return m_Job.WriteRecord10(record);
+  return m_job.WriteRecord10(record);
 }
 
 // The record itself has been read by the conversion of the roads.
@@ -427,14 +427,14 @@ bool DcToJob::OnRoadAlignment(std::wstring_view /*line*/) {
   TakeRoadStart(element);
   if (!m_bAnyPoint) {
     // Field software opens no job without a point.
-    m_Point.name = L"1";
-    m_Point.north = element.value2;
-    m_Point.east = element.value3;
-    m_Point.elevation = element.value4;
+    m_point.name = L"1";
+    m_point.north = element.value2;
+    m_point.east = element.value3;
+    m_point.elevation = element.value4;
     m_bAnyPoint = true;
-    if (!m_Job.WritePoint(m_Point)) return false;
+    if (!m_job.WritePoint(m_point)) return false;
   }
-  return m_Job.WriteRecord16(element);
+  return m_job.WriteRecord16(element);
 }
 
 template <class Record>

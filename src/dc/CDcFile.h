@@ -96,14 +96,14 @@ class CDcFile : public CFileCE {
   void Write(const R& record, std::wstring_view subtype);
 
   /// Where names that a column cuts are told of, each once; the list stays the caller's.
-  void SetMessages(StringList* messages) { m_CutNames.SetMessages(messages); }
+  void SetMessages(StringList* messages) { m_cutNames.SetMessages(messages); }
 
  private:
   template <DcRecordType R>
   void AppendFields(const R& record);
 
   std::wstring m_strLine;  // the line being written; its memory is reused
-  CutNames m_CutNames;
+  CutNames m_cutNames;
 };
 
 template <DcRecordType R>
@@ -137,7 +137,7 @@ void CDcFile::AppendFields(const R& record) {
       return AppendBlanks(m_strLine, End(kColumns<R>) - m_strLine.size());
     }
   }
-  WriteColumns(m_strLine, kWrittenColumns<R>, record, m_CutNames);
+  WriteColumns(m_strLine, kWrittenColumns<R>, record, m_cutNames);
 }
 
 }  // namespace zelconvert

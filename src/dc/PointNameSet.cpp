@@ -23,7 +23,7 @@ bool PointNameSet::Insert(std::wstring_view name) {
     m_bHasEmptyName = true;
     return isNew;
   }
-  if (2 * (m_nUsed + 1) > m_Slots.size()) Grow();
+  if (2 * (m_nUsed + 1) > m_slots.size()) Grow();
   const Key key = Pack(name);
   Key& slot = FindSlot(key);
   if (slot == key) return false;
@@ -52,15 +52,15 @@ std::size_t PointNameSet::Home(Key key) {
 }
 
 PointNameSet::Key& PointNameSet::FindSlot(const Key& key) {
-  const std::size_t mask = m_Slots.size() - 1;
+  const std::size_t mask = m_slots.size() - 1;
   std::size_t index = Home(key) & mask;
-  while (m_Slots[index] != Key{} && m_Slots[index] != key) index = (index + 1) & mask;
-  return m_Slots[index];
+  while (m_slots[index] != Key{} && m_slots[index] != key) index = (index + 1) & mask;
+  return m_slots[index];
 }
 
 void PointNameSet::Grow() {
-  const std::vector<Key> names = std::move(m_Slots);
-  m_Slots.assign(names.empty() ? kFirstSize : names.size() * 2, Key{});
+  const std::vector<Key> names = std::move(m_slots);
+  m_slots.assign(names.empty() ? kFirstSize : names.size() * 2, Key{});
   for (const Key& name : names) {
     if (name != Key{}) FindSlot(name) = name;
   }

@@ -27,7 +27,7 @@ class PointNameSet {
   void Grow();
 
   // Open addressing; a slot of zeros is free, so the empty name is kept apart.
-  std::vector<Key> m_Slots;
+  std::vector<Key> m_slots;
   std::size_t m_nUsed = 0;
   bool m_bHasEmptyName = false;
 };

@@ -15,14 +15,14 @@ struct Range {
 class Sorter {
  public:
   Sorter(std::size_t elementSize, CQuickSort::Compare compare)
-      : m_nSize(elementSize), m_Compare(compare) {}
+      : m_nSize(elementSize), m_compare(compare) {}
 
   void SelectionSort(Range range) const {
     for (; range.count > 1; --range.count) {
       char* const last = At(range, range.count - 1);
       char* largest = range.first;
       for (char* element = Next(largest); element <= last; element = Next(element)) {
-        if (m_Compare(element, largest) > 0) largest = element;
+        if (m_compare(element, largest) > 0) largest = element;
       }
       Swap(largest, last);
     }
@@ -38,10 +38,10 @@ class Sorter {
     for (;;) {
       do {
         up = Next(up);
-      } while (up < end && m_Compare(up, pivot) <= 0);
+      } while (up < end && m_compare(up, pivot) <= 0);
       do {
         down -= m_nSize;
-      } while (down > pivot && m_Compare(down, pivot) >= 0);
+      } while (down > pivot && m_compare(down, pivot) >= 0);
       if (down < up) break;
       Swap(up, down);
     }
@@ -58,7 +58,7 @@ class Sorter {
   }
 
   std::size_t m_nSize;
-  CQuickSort::Compare m_Compare;
+  CQuickSort::Compare m_compare;
 };
 
 }  // namespace

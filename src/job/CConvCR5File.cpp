@@ -127,7 +127,7 @@ class Cr5ToJob {
  public:
   /// units: those of the CR5 file, as the job's settings name them.
   Cr5ToJob(CFileCE& cr5, CJobFile& job, std::uint16_t units)
-      : m_Cr5(cr5), m_Job(job), m_nUnits(units) {}
+      : m_cr5(cr5), m_job(job), m_nUnits(units) {}
 
   bool Convert() { return ReadHeader() && PrepareJob() && CopyRecords(); }
 
@@ -137,25 +137,25 @@ class Cr5ToJob {
   bool CopyRecords();
   void FillPoint(const CoordinateRecord& record);
 
-  CFileCE& m_Cr5;
-  CJobFile& m_Job;
+  CFileCE& m_cr5;
+  CJobFile& m_job;
   std::uint16_t m_nUnits;
-  JOB_POINT m_Point;
+  JOB_POINT m_point;
 };
 
 // What it says is for programs that look for a record by its number.
 bool Cr5ToJob::ReadHeader() {
   Cr5HeaderBlock block;
-  return m_Cr5.Read(block.data(), block.size());
+  return m_cr5.Read(block.data(), block.size());
 }
 
 // An old job has no place for the layer that its points lie on.
 bool Cr5ToJob::PrepareJob() {
   JOB_HEADER header;
-  if (!m_Job.ReadJobHeader(header)) return false;
+  if (!m_job.ReadJobHeader(header)) return false;
   header.distanceUnit = m_nUnits;
-  return m_Job.WriteJobHeader(header) && m_Job.SeekToFirstRecord() &&
-         (m_Job.GetVersion() != kJobVersion || m_Job.WriteLayer(DefaultLayer()));
+  return m_job.WriteJobHeader(header) && m_job.SeekToFirstRecord() &&
+         (m_job.GetVersion() != kJobVersion || m_job.WriteLayer(DefaultLayer()));
 }
 
 // A last record that was cut off counts if its number came; what is missing has the initial values.
@@ -163,37 +163,37 @@ bool Cr5ToJob::CopyRecords() {
   CConvertProgress progress;
   progress.Start();
   const Cr5RecordBlock kFresh = UnusedRecord();
-  const std::int64_t fileLength = m_Cr5.GetLength();
-  m_Point.layer = kDefaultLayerId;
+  const std::int64_t fileLength = m_cr5.GetLength();
+  m_point.layer = kDefaultLayerId;
   for (std::size_t bytes = CoordinateRecord::kLength; bytes == CoordinateRecord::kLength;) {
-    progress.SetPosition(m_Cr5.GetPosition(), fileLength);
+    progress.SetPosition(m_cr5.GetPosition(), fileLength);
     Cr5RecordBlock block = kFresh;
-    if (!m_Cr5.Read(block.data(), block.size(), &bytes)) return false;
+    if (!m_cr5.Read(block.data(), block.size(), &bytes)) return false;
     const CoordinateRecord record = Unpack(block);
     if (bytes < kNumberLength || record.number == CoordinateRecord::kUnused) continue;
     FillPoint(record);
-    if (!m_Job.WritePoint(m_Point)) return false;
+    if (!m_job.WritePoint(m_point)) return false;
   }
   return true;
 }
 
 void Cr5ToJob::FillPoint(const CoordinateRecord& record) {
-  m_Point.name.clear();
-  AppendInteger(m_Point.name, record.number);
-  m_Point.description.clear();
-  platform::AppendWide(m_Point.description, DescriptionOf(record));
+  m_point.name.clear();
+  AppendInteger(m_point.name, record.number);
+  m_point.description.clear();
+  platform::AppendWide(m_point.description, DescriptionOf(record));
   const double factor = ToMetres(1.0, LinearUnitOfJob(m_nUnits));
-  m_Point.east = Scaled(record.east, factor);
-  m_Point.north = Scaled(record.north, factor);
-  m_Point.elevation = Scaled(record.elevation, factor);
-  if (m_Point.elevation < kNullLimit) m_Point.elevation = kLostElevation;
+  m_point.east = Scaled(record.east, factor);
+  m_point.north = Scaled(record.north, factor);
+  m_point.elevation = Scaled(record.elevation, factor);
+  if (m_point.elevation < kNullLimit) m_point.elevation = kLostElevation;
 }
 
 /// One run from a job to a CR5 file.
 class JobToCr5 {
  public:
   JobToCr5(CJobFile& job, CFileCE& cr5, bool sequential, StringList& messages)
-      : m_Job(job), m_Cr5(cr5), m_bSequential(sequential), m_Messages(messages) {}
+      : m_job(job), m_cr5(cr5), m_bSequential(sequential), m_messages(messages) {}
 
   bool Convert();
 
@@ -208,60 +208,60 @@ class JobToCr5 {
   bool WritePlain(const std::vector<RecordPointer>& records);
   bool WriteSequential(const std::vector<RecordPointer>& records);
   bool WriteRecord(const Cr5RecordBlock& record) {
-    return m_Cr5.Write(record.data(), record.size());
+    return m_cr5.Write(record.data(), record.size());
   }
 
-  CJobFile& m_Job;
-  CFileCE& m_Cr5;
+  CJobFile& m_job;
+  CFileCE& m_cr5;
   bool m_bSequential;
-  StringList& m_Messages;
-  CConvertProgress m_Progress;
-  double m_UnitsPerMetre = 1;
+  StringList& m_messages;
+  CConvertProgress m_progress;
+  double m_unitsPerMetre = 1;
   std::size_t m_nPoints = 0;
   std::int32_t m_nAlphanumeric = 0;   // names that are no numbers
   std::int32_t m_nFirstPoint = 0;     // lowest number, 0: none yet
   std::int32_t m_nLastPoint = 0;      // highest number, likewise
   std::int32_t m_nRenumberStart = 0;  // the number that the first such name would get
-  std::vector<Cr5RecordBlock> m_Records;
+  std::vector<Cr5RecordBlock> m_records;
   std::string m_strDescription;  // of the point at hand, kept for its memory
 };
 
 bool JobToCr5::Convert() {
   JOB_HEADER header;
-  if (!m_Job.ReadJobHeader(header)) return false;
-  m_UnitsPerMetre = FromMetres(1.0, LinearUnitOfJob(header.distanceUnit));
-  m_Progress.Start();
+  if (!m_job.ReadJobHeader(header)) return false;
+  m_unitsPerMetre = FromMetres(1.0, LinearUnitOfJob(header.distanceUnit));
+  m_progress.Start();
 
   if (!CountPoints() || !WriteHeader()) return false;
-  m_Records.reserve(m_nPoints);
+  m_records.reserve(m_nPoints);
   if (!CollectRecords()) return false;
-  const std::vector<RecordPointer> sorted = Sort(m_Records);
+  const std::vector<RecordPointer> sorted = Sort(m_records);
   if (!(m_bSequential ? WriteSequential(sorted) : WritePlain(sorted))) return false;
 
   // Unreachable as long as such points are refused above.
-  if (m_nAlphanumeric > 0) m_Messages.push_back(FormatText(kRenumberedText, m_nRenumberStart));
+  if (m_nAlphanumeric > 0) m_messages.push_back(FormatText(kRenumberedText, m_nRenumberStart));
   return true;
 }
 
 // readPoint: called after the head of each point of either kind; false ends the walk with false.
 template <class Handler>
 bool JobToCr5::ForEachPoint(int pass, Handler readPoint) {
-  const std::int64_t fileLength = m_Job.GetFile().GetLength();
-  if (!m_Job.SeekToFirstRecord()) return false;
+  const std::int64_t fileLength = m_job.GetFile().GetLength();
+  if (!m_job.SeekToFirstRecord()) return false;
   JobKind kind;
   std::int64_t position;
   std::uint32_t length;
-  while (m_Job.ReadNextRecordHead(kind, position, length)) {
-    m_Progress.SetPosition(pass * fileLength + position, kPasses * fileLength);
-    if (!(IsPoint(kind) ? readPoint() : m_Job.SkipRecord())) return false;
+  while (m_job.ReadNextRecordHead(kind, position, length)) {
+    m_progress.SetPosition(pass * fileLength + position, kPasses * fileLength);
+    if (!(IsPoint(kind) ? readPoint() : m_job.SkipRecord())) return false;
   }
-  return !m_Job.GetFile().HasReadFailed();
+  return !m_job.GetFile().HasReadFailed();
 }
 
 bool JobToCr5::CountPoints() {
   std::wstring name;
   const bool complete = ForEachPoint(0, [&] {
-    if (!m_Job.ReadPointName(name)) return false;
+    if (!m_job.ReadPointName(name)) return false;
     ++m_nPoints;
     if (const auto number = PointNumber(name)) {
       TakeNumber(*number);
@@ -288,17 +288,17 @@ bool JobToCr5::WriteHeader() {
   const BinaryWriter writer(block);
   writer.Bytes(0, std::as_bytes(std::span(CR5_HEADER::kSignature)));
   CR5_HEADER::Walk(writer, header);
-  return m_Cr5.SeekToBegin() && m_Cr5.Write(block.data(), block.size());
+  return m_cr5.SeekToBegin() && m_cr5.Write(block.data(), block.size());
 }
 
 bool JobToCr5::CollectRecords() {
   JOB_POINT_EX point;
   return ForEachPoint(1, [&] {
     // Of the two readers the one whose kind it isn't reads nothing.
-    if (!m_Job.ReadPoint(point) || !m_Job.ReadPointEx(point)) return false;
+    if (!m_job.ReadPoint(point) || !m_job.ReadPointEx(point)) return false;
     const auto number = PointNumber(point.name);
     if (!number) {
-      m_Messages.emplace_back(kInvalidNumbersText);
+      m_messages.emplace_back(kInvalidNumbersText);
       return false;
     }
     AddRecord(point, *number);
@@ -309,14 +309,14 @@ bool JobToCr5::CollectRecords() {
 void JobToCr5::AddRecord(const JOB_POINT& point, std::int32_t number) {
   CoordinateRecord record;
   record.number = number;
-  record.east = Scaled(point.east, m_UnitsPerMetre);
-  record.north = Scaled(point.north, m_UnitsPerMetre);
-  record.elevation = Scaled(point.elevation, m_UnitsPerMetre);
+  record.east = Scaled(point.east, m_unitsPerMetre);
+  record.north = Scaled(point.north, m_unitsPerMetre);
+  record.elevation = Scaled(point.elevation, m_unitsPerMetre);
   m_strDescription.clear();
   platform::AppendNarrow(m_strDescription, point.description);
   std::memcpy(record.description.data(), m_strDescription.data(),
               std::min(m_strDescription.size(), record.description.size()));
-  Pack(record, m_Records.emplace_back());
+  Pack(record, m_records.emplace_back());
 }
 
 bool JobToCr5::WritePlain(const std::vector<RecordPointer>& records) {

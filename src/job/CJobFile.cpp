@@ -69,16 +69,16 @@ FoundKind FindKind(std::uint32_t kind) {
 
 CJobFile::CJobFile(bool bBrand) : m_bBrand(bBrand) {
   Reset();
-  m_Scratch.resize(kScratchStep);
+  m_scratch.resize(kScratchStep);
 }
 
 void CJobFile::Reset() {
-  m_FileHead = {};
+  m_fileHead = {};
   m_nJobHeaderSize = 0;
   m_nCoordBlockSize = 0;
-  m_Header = {};
-  m_RecordHead = {};
-  CGlkProjectionRecord().Pack(m_CoordBlock);
+  m_header = {};
+  m_recordHead = {};
+  CGlkProjectionRecord().Pack(m_coordBlock);
 }
 
 std::span<const std::byte> CJobFile::Signature() const {
@@ -103,25 +103,25 @@ bool CJobFile::ReadBlocks() {
   std::array<std::byte, kFileHeadLength> block{};
   if (!m_File.Read(block.data(), block.size())) return false;
   const BinaryReader reader(block);
-  WalkFileHead(reader, m_FileHead);
-  if (!std::ranges::equal(m_FileHead.signature, Signature())) return false;
-  if (m_FileHead.version < kOldJobVersion) return true;
-  return m_FileHead.version < kJobVersion ? ReadOldBlocks() : ReadNewBlocks();
+  WalkFileHead(reader, m_fileHead);
+  if (!std::ranges::equal(m_fileHead.signature, Signature())) return false;
+  if (m_fileHead.version < kOldJobVersion) return true;
+  return m_fileHead.version < kJobVersion ? ReadOldBlocks() : ReadNewBlocks();
 }
 
 bool CJobFile::ReadOldBlocks() {
-  if (!m_File.Read(m_OldHeader.data(), m_OldHeader.size())) return false;
+  if (!m_File.Read(m_oldHeader.data(), m_oldHeader.size())) return false;
   TakeOldHeader();
-  const BinaryReader reader(m_OldHeader);
-  JOB_OLD_HEADER::WalkCarried(reader, m_Header);
+  const BinaryReader reader(m_oldHeader);
+  JOB_OLD_HEADER::WalkCarried(reader, m_header);
   return true;
 }
 
 void CJobFile::TakeOldHeader() {
   JOB_OLD_HEADER old;
-  const BinaryReader reader(m_OldHeader);
+  const BinaryReader reader(m_oldHeader);
   JOB_OLD_HEADER::Walk(reader, old);
-  static_cast<JOB_SETTINGS&>(m_Header) = old;
+  static_cast<JOB_SETTINGS&>(m_header) = old;
 }
 
 // Blocks of another length than ours: of a shorter one the reset values stay after it, of a longer
@@ -133,11 +133,11 @@ bool CJobFile::ReadNewBlocks() {
   sizeReader.Field(0, m_nJobHeaderSize);
   sizeReader.Field(4, m_nCoordBlockSize);
 
-  HeaderBlock header = Pack(m_Header);
+  HeaderBlock header = Pack(m_header);
   if (!ReadSizedBlock(header, m_nJobHeaderSize)) return false;
   const BinaryReader reader(header);
-  JOB_HEADER::Walk(reader, m_Header);
-  return ReadSizedBlock(m_CoordBlock, m_nCoordBlockSize);
+  JOB_HEADER::Walk(reader, m_header);
+  return ReadSizedBlock(m_coordBlock, m_nCoordBlockSize);
 }
 
 bool CJobFile::ReadSizedBlock(std::span<std::byte> block, std::uint32_t size) {
@@ -160,22 +160,22 @@ bool CJobFile::Create(const std::wstring& path, std::uint16_t version) {
 
 bool CJobFile::WriteBlocks(std::uint16_t version) {
   const bool isOld = version == kOldJobVersion;
-  std::ranges::copy(Signature(), m_FileHead.signature.begin());
-  m_FileHead.version = version;
-  m_FileHead.firstRecordOffset = isOld ? kOldFirstRecordOffset : kFirstRecordOffset;
-  m_Header.creationTime = CurrentLocalTime();
+  std::ranges::copy(Signature(), m_fileHead.signature.begin());
+  m_fileHead.version = version;
+  m_fileHead.firstRecordOffset = isOld ? kOldFirstRecordOffset : kFirstRecordOffset;
+  m_header.creationTime = CurrentLocalTime();
 
   std::array<std::byte, kFileHeadLength> block{};
   const BinaryWriter writer(block);
-  WalkFileHead(writer, m_FileHead);
+  WalkFileHead(writer, m_fileHead);
   if (!m_File.Write(block.data(), block.size())) return false;
   return isOld ? WriteOldBlocks() : WriteNewBlocks();
 }
 
 bool CJobFile::WriteOldBlocks() {
-  m_OldHeader = {};
-  PutOldHeader(m_Header);
-  return m_File.Write(m_OldHeader.data(), m_OldHeader.size());
+  m_oldHeader = {};
+  PutOldHeader(m_header);
+  return m_File.Write(m_oldHeader.data(), m_oldHeader.size());
 }
 
 bool CJobFile::WriteNewBlocks() {
@@ -185,9 +185,9 @@ bool CJobFile::WriteNewBlocks() {
   const BinaryWriter writer(sizes);
   writer.Field(0, m_nJobHeaderSize);
   writer.Field(4, m_nCoordBlockSize);
-  const HeaderBlock header = Pack(m_Header);
+  const HeaderBlock header = Pack(m_header);
   return m_File.Write(sizes.data(), sizes.size()) && m_File.Write(header.data(), header.size()) &&
-         m_File.Write(m_CoordBlock.data(), m_CoordBlock.size());
+         m_File.Write(m_coordBlock.data(), m_coordBlock.size());
 }
 
 void CJobFile::Close() {
@@ -198,19 +198,19 @@ void CJobFile::Close() {
 
 bool CJobFile::ReadJobHeader(JOB_HEADER& header) {
   if (!IsOpen()) return false;
-  if (m_FileHead.version == kOldJobVersion) TakeOldHeader();
-  header = m_Header;
+  if (m_fileHead.version == kOldJobVersion) TakeOldHeader();
+  header = m_header;
   return true;
 }
 
 bool CJobFile::WriteJobHeader(const JOB_HEADER& header) {
   if (!IsOpen()) return false;
-  if (m_FileHead.version == kOldJobVersion) {
+  if (m_fileHead.version == kOldJobVersion) {
     PutOldHeader(header);
-    return m_File.SeekTo(kOldHeaderOffset) && m_File.Write(m_OldHeader.data(), m_OldHeader.size());
+    return m_File.SeekTo(kOldHeaderOffset) && m_File.Write(m_oldHeader.data(), m_oldHeader.size());
   }
-  if (m_FileHead.version != kJobVersion) return true;
-  m_Header = header;
+  if (m_fileHead.version != kJobVersion) return true;
+  m_header = header;
   const HeaderBlock block = Pack(header);
   return m_File.SeekTo(kJobHeaderOffset) && m_File.Write(block.data(), block.size());
 }
@@ -219,28 +219,28 @@ bool CJobFile::WriteJobHeader(const JOB_HEADER& header) {
 void CJobFile::PutOldHeader(const JOB_HEADER& header) {
   JOB_OLD_HEADER old;  // with the initial coordinate system
   static_cast<JOB_SETTINGS&>(old) = header;
-  const BinaryWriter writer(m_OldHeader);
+  const BinaryWriter writer(m_oldHeader);
   JOB_OLD_HEADER::Walk(writer, old);
 }
 
 bool CJobFile::ReadCoordBlock(CoordBlock& block) const {
-  block = m_CoordBlock;
+  block = m_coordBlock;
   return IsOpen();
 }
 
 bool CJobFile::WriteCoordBlock(const CoordBlock& block) {
-  if (m_FileHead.version < kJobVersion) return false;
-  m_CoordBlock = block;
+  if (m_fileHead.version < kJobVersion) return false;
+  m_coordBlock = block;
   return m_File.SeekTo(kCoordBlockOffset) && m_File.Write(block.data(), block.size());
 }
 
 bool CJobFile::ReadOldHeader(OldHeaderBlock& block) const {
-  block = m_OldHeader;
+  block = m_oldHeader;
   return IsOpen();
 }
 
 bool CJobFile::ReadOldHeader(JOB_OLD_HEADER& header) const {
-  const BinaryReader reader(m_OldHeader);
+  const BinaryReader reader(m_oldHeader);
   JOB_OLD_HEADER::Walk(reader, header);
   return IsOpen();
 }
@@ -248,33 +248,33 @@ bool CJobFile::ReadOldHeader(JOB_OLD_HEADER& header) const {
 // Moving over the records
 
 bool CJobFile::SeekToFirstRecord() {
-  return m_File.SeekTo(m_FileHead.firstRecordOffset);
+  return m_File.SeekTo(m_fileHead.firstRecordOffset);
 }
 
 bool CJobFile::ReadHead() {
   std::array<std::byte, kRecordHeadLength> block;
   if (!m_File.Read(block.data(), block.size())) return false;
   const BinaryReader reader(block);
-  WalkRecordHead(reader, m_RecordHead);
+  WalkRecordHead(reader, m_recordHead);
   return true;
 }
 
 bool CJobFile::ReadNextRecordHead(JobKind& kind, std::int64_t& position, std::uint32_t& length) {
   position = m_File.GetPosition();
   if (!ReadHead()) return false;
-  length = m_RecordHead.length;
-  kind = FindKind(m_RecordHead.kind).kind;
+  length = m_recordHead.length;
+  kind = FindKind(m_recordHead.kind).kind;
   return true;
 }
 
 bool CJobFile::SkipRecord() {
-  return m_File.Seek(m_RecordHead.length, platform::SeekFrom::Current);
+  return m_File.Seek(m_recordHead.length, platform::SeekFrom::Current);
 }
 
 // Reading records
 
 bool CJobFile::ReadPointName(std::wstring& name) {
-  const FoundKind found = FindKind(m_RecordHead.kind);
+  const FoundKind found = FindKind(m_recordHead.kind);
   if (!IsPoint(found.kind)) return true;
   std::array<std::byte, JOB_POINT_EX::kInfo.length> block;
   if (!m_File.Read(block.data(), found.length)) return false;
@@ -284,7 +284,7 @@ bool CJobFile::ReadPointName(std::wstring& name) {
 }
 
 bool CJobFile::ReadFixedPayload(FixedPayload& payload) {
-  const FoundKind found = FindKind(m_RecordHead.kind);
+  const FoundKind found = FindKind(m_recordHead.kind);
   if (!m_File.Read(payload.data(), found.length)) return false;
   std::fill(payload.begin() + found.length, payload.begin() + InfoOf(found.kind).length,
             std::byte{0});
@@ -292,13 +292,13 @@ bool CJobFile::ReadFixedPayload(FixedPayload& payload) {
 }
 
 bool CJobFile::ReadGenericRecord(JOB_GENERIC_RECORD& record) {
-  record.kind = m_RecordHead.kind;
-  record.length = m_RecordHead.length;
+  record.kind = m_recordHead.kind;
+  record.length = m_recordHead.length;
   return ReadData(record);
 }
 
 bool CJobFile::ReadBlockAtPosition(JOB_GENERIC_RECORD& record) {
-  if (m_FileHead.version >= kJobVersion) return false;
+  if (m_fileHead.version >= kJobVersion) return false;
   constexpr std::uint32_t kFrontLength = 8;
   std::array<std::byte, kFrontLength> front;
   if (!m_File.Read(front.data(), front.size())) return false;
@@ -322,7 +322,7 @@ bool CJobFile::ReadData(JOB_GENERIC_RECORD& record) {
 // Writing records
 
 bool CJobFile::IsVersionFor(const JobKindInfo& info) const {
-  const std::uint16_t version = m_FileHead.version;
+  const std::uint16_t version = m_fileHead.version;
   if (info.oldKind != 0) return version == kOldJobVersion || version == kJobVersion;
   return info.kind != JobKind::Layer || version > kOldJobVersion;
 }
@@ -331,18 +331,18 @@ bool CJobFile::WriteRecord(std::span<const std::byte> payload, std::uint32_t kin
   constexpr std::size_t kMaxLength = 0xFFFFFFFFu - kRecordHeadLength;
   if (payload.size() > kMaxLength) return false;
   const std::size_t size = payload.size() + kRecordHeadLength;
-  if (size > m_Scratch.size()) {
-    m_Scratch.resize((size + kScratchStep - 1) / kScratchStep * kScratchStep);
+  if (size > m_scratch.size()) {
+    m_scratch.resize((size + kScratchStep - 1) / kScratchStep * kScratchStep);
   }
   const RecordHead head{kind, static_cast<std::uint32_t>(payload.size())};
-  const BinaryWriter writer(m_Scratch);
+  const BinaryWriter writer(m_scratch);
   WalkRecordHead(writer, head);
   writer.Bytes(kRecordHeadLength, payload);
-  return m_File.Write(m_Scratch.data(), size);
+  return m_File.Write(m_scratch.data(), size);
 }
 
 bool CJobFile::WriteGenericRecord(const JOB_GENERIC_RECORD& record) {
-  if (m_FileHead.version < kJobVersion || record.data.empty()) return false;
+  if (m_fileHead.version < kJobVersion || record.data.empty()) return false;
   return WriteRecord(record.data, record.kind);
 }
 
@@ -372,7 +372,7 @@ bool CJobFile::FindRecord9(std::uint32_t id, bool bFirstFree) {
 // An unused slot is one of kind 0 alone: a kind that we don't know may mean something to others.
 bool CJobFile::FindRecord(const JobKindInfo& info, std::uint32_t id, bool bFirstFree) {
   for (std::int64_t position = m_File.GetPosition(); ReadHead();) {
-    const auto [kind, length] = m_RecordHead;
+    const auto [kind, length] = m_recordHead;
     if (bFirstFree && kind == 0 && length == info.length) return SeekTo(position);
     std::array<std::byte, 4> front;
     if (kind == static_cast<std::uint32_t>(info.kind) && length >= front.size()) {
@@ -388,7 +388,7 @@ bool CJobFile::FindRecord(const JobKindInfo& info, std::uint32_t id, bool bFirst
 bool CJobFile::SeekToFreeSlot(std::uint32_t length) {
   if (!SeekToFirstRecord()) return false;
   for (std::int64_t position = m_File.GetPosition(); ReadHead(); position = m_File.GetPosition()) {
-    if (m_RecordHead.kind == 0 && m_RecordHead.length == length) return SeekTo(position);
+    if (m_recordHead.kind == 0 && m_recordHead.length == length) return SeekTo(position);
     if (!SkipRecord()) return false;
   }
   return SeekToEnd();
@@ -397,10 +397,10 @@ bool CJobFile::SeekToFreeSlot(std::uint32_t length) {
 bool CJobFile::DeleteRecord() {
   const std::int64_t position = m_File.GetPosition();
   if (!ReadHead()) return false;
-  m_RecordHead.kind = 0;
+  m_recordHead.kind = 0;
   std::array<std::byte, kRecordHeadLength> block;
   const BinaryWriter writer(block);
-  WalkRecordHead(writer, m_RecordHead);
+  WalkRecordHead(writer, m_recordHead);
   return SeekTo(position) && m_File.Write(block.data(), block.size()) && SkipRecord();
 }
 

@@ -52,7 +52,7 @@ class CJobFile {
   void Close();
   bool HasWriteFailed() const { return m_File.HasWriteFailed(); }
   bool IsOpen() const { return m_File.IsOpen(); }
-  std::uint16_t GetVersion() const { return m_FileHead.version; }
+  std::uint16_t GetVersion() const { return m_fileHead.version; }
   /// For its position, length and path.
   CFileCE& GetFile() { return m_File; }
 
@@ -180,21 +180,21 @@ class CJobFile {
 
   CFileCE m_File;
   bool m_bBrand;
-  FileHead m_FileHead;
+  FileHead m_fileHead;
   std::uint32_t m_nJobHeaderSize = 0;
   std::uint32_t m_nCoordBlockSize = 0;
-  JOB_HEADER m_Header;
-  OldHeaderBlock m_OldHeader{};
-  CoordBlock m_CoordBlock{};         // its bytes, so that a block comes back as it was read
-  RecordHead m_RecordHead;           // the one last read
-  std::vector<std::byte> m_Scratch;  // a record on its way to the file
+  JOB_HEADER m_header;
+  OldHeaderBlock m_oldHeader{};
+  CoordBlock m_coordBlock{};         // its bytes, so that a block comes back as it was read
+  RecordHead m_recordHead;           // the one last read
+  std::vector<std::byte> m_scratch;  // a record on its way to the file
 };
 
 template <class Record>
 bool CJobFile::Read(Record& record) {
   constexpr JobKindInfo kInfo = Record::kInfo;
-  const bool isOld = kInfo.oldKind != 0 && m_RecordHead.kind == kInfo.oldKind;
-  const bool isNew = m_RecordHead.kind == static_cast<std::uint32_t>(kInfo.kind);
+  const bool isOld = kInfo.oldKind != 0 && m_recordHead.kind == kInfo.oldKind;
+  const bool isNew = m_recordHead.kind == static_cast<std::uint32_t>(kInfo.kind);
   if (kInfo.oldKind != 0 && !isOld && !isNew) return true;
   std::array<std::byte, kInfo.length> block;
   if (!m_File.Read(block.data(), isOld ? kInfo.oldLength : kInfo.length)) return false;
@@ -207,7 +207,7 @@ template <class Record>
 bool CJobFile::Write(const Record& record) {
   constexpr JobKindInfo kInfo = Record::kInfo;
   if (!IsVersionFor(kInfo)) return false;
-  const bool isOld = kInfo.oldKind != 0 && m_FileHead.version == kOldJobVersion;
+  const bool isOld = kInfo.oldKind != 0 && m_fileHead.version == kOldJobVersion;
   std::array<std::byte, kInfo.length> block;
   const BinaryWriter writer(block);
   Record::Walk(writer, record, isOld ? JobRecordForm::Old : JobRecordForm::New);

@@ -35,22 +35,22 @@ std::uint32_t LoadId(JobKind kind, std::span<const std::byte> payload) {
 
 MergeResult CJobMerger::Merge(CJobFile& output) {
   JOB_HEADER first, second;
-  if (!m_First.ReadJobHeader(first) || !m_Second.ReadJobHeader(second)) {
+  if (!m_first.ReadJobHeader(first) || !m_second.ReadJobHeader(second)) {
     return MergeResult::RecordUnreadable;
   }
   if (first.scale != second.scale) return MergeResult::ScalesDiffer;
   const bool copied =
       CopyHeader(output, first) && FindIds() &&
-      (!m_Layers.insert(kDefaultLayerId).second || output.WriteLayer(DefaultLayer())) &&
-      CopyRecords(m_First, output, &CJobMerger::PrepareFirst) &&
-      CopyRecords(m_Second, output, &CJobMerger::PrepareSecond);
+      (!m_layers.insert(kDefaultLayerId).second || output.WriteLayer(DefaultLayer())) &&
+      CopyRecords(m_first, output, &CJobMerger::PrepareFirst) &&
+      CopyRecords(m_second, output, &CJobMerger::PrepareSecond);
   return copied ? MergeResult::Merged : MergeResult::RecordUnreadable;
 }
 
 // An old job has no block: then it is that of a new one.
 bool CJobMerger::CopyHeader(CJobFile& output, const JOB_HEADER& header) {
   CoordBlock block;
-  return output.WriteJobHeader(header) && m_First.ReadCoordBlock(block) &&
+  return output.WriteJobHeader(header) && m_first.ReadCoordBlock(block) &&
          output.WriteCoordBlock(block) && output.SeekToEnd();
 }
 
@@ -78,25 +78,25 @@ bool CJobMerger::ForEachRecord(CJobFile& job, Handler handle) {
 // An element names its road by the road's id, and may stand in front of it. So the roads of the
 // second job get their ids before anything is written.
 bool CJobMerger::FindIds() {
-  const bool first = ForEachRecord(m_First, [this](JobKind kind, Payload payload) {
+  const bool first = ForEachRecord(m_first, [this](JobKind kind, Payload payload) {
     if (HasId(kind)) FindIdOfFirst(kind, LoadId(kind, payload));
     return true;
   });
   Id road = m_nLastRoad;
-  return first && ForEachRecord(m_Second, [&](JobKind kind, Payload payload) {
+  return first && ForEachRecord(m_second, [&](JobKind kind, Payload payload) {
            if (kind != JobKind::Record10) return true;
-           m_RoadOfSecond.try_emplace(LoadId(kind, payload), ++road);
-           m_Roads.insert(road);
+           m_roadOfSecond.try_emplace(LoadId(kind, payload), ++road);
+           m_roads.insert(road);
            return true;
          });
 }
 
 void CJobMerger::FindIdOfFirst(JobKind kind, Id id) {
-  if (kind == JobKind::Layer) m_Layers.insert(id);
+  if (kind == JobKind::Layer) m_layers.insert(id);
   if (kind == JobKind::Record15) m_nLastLine = std::max(m_nLastLine, id);
   if (kind == JobKind::Record16) m_nLastElement = std::max(m_nLastElement, id);
   if (kind != JobKind::Record10) return;
-  m_Roads.insert(id);
+  m_roads.insert(id);
   const auto number = static_cast<std::int32_t>(id);  // with a sign
   if (number > static_cast<std::int32_t>(m_nLastRoad)) m_nLastRoad = id;
 }
@@ -105,7 +105,7 @@ void CJobMerger::FindIdOfFirst(JobKind kind, Id id) {
 bool CJobMerger::CopyRecords(CJobFile& job, CJobFile& output,
                              void (CJobMerger::*prepare)(JobKind, Payload)) {
   return ForEachRecord(job, [&](JobKind kind, Payload payload) {
-    if (kind == JobKind::Layer && &job == &m_Second) return true;
+    if (kind == JobKind::Layer && &job == &m_second) return true;
     (this->*prepare)(kind, payload);
     return output.WriteRecord(payload, static_cast<std::uint32_t>(kind));
   });
@@ -117,18 +117,18 @@ CJobMerger::POINT_DATA CJobMerger::PreparePoint(JobKind kind, Payload payload) {
   const BinaryWriter writer(payload);
   Id layer = 0;
   reader.Field(JOB_POINT::kLayerOffset, layer);
-  if (!m_Layers.contains(layer)) writer.Field(JOB_POINT::kLayerOffset, kDefaultLayerId);
+  if (!m_layers.contains(layer)) writer.Field(JOB_POINT::kLayerOffset, kDefaultLayerId);
   writer.Field(kind == JobKind::Point ? JOB_POINT::kLinkOffset : JOB_POINT_EX::kLinkOffset, Id{0});
-  JOB_POINT::WalkHead(reader, m_Point);
+  JOB_POINT::WalkHead(reader, m_point);
   m_strName.clear();
-  platform::AppendNarrow(m_strName, m_Point.name);
-  return {m_Point.east, m_Point.north, m_Point.elevation};
+  platform::AppendNarrow(m_strName, m_point.name);
+  return {m_point.east, m_point.north, m_point.elevation};
 }
 
 void CJobMerger::PrepareFirst(JobKind kind, Payload payload) {
   if (!IsPoint(kind)) return;
   const POINT_DATA point = PreparePoint(kind, payload);
-  m_Points.try_emplace(m_strName, point);
+  m_points.try_emplace(m_strName, point);
 }
 
 // Points of a name that is there already are written all the same: which of two surveys is right is
@@ -140,21 +140,21 @@ void CJobMerger::PrepareSecond(JobKind kind, Payload payload) {
   }
   if (!IsPoint(kind)) return;
   const POINT_DATA point = PreparePoint(kind, payload);
-  const auto known = m_Points.find(m_strName);
-  if (known == m_Points.end()) return;
-  ++m_Counts.repeated;
-  if (known->second != point) ++m_Counts.moved;
+  const auto known = m_points.find(m_strName);
+  if (known == m_points.end()) return;
+  ++m_counts.repeated;
+  if (known->second != point) ++m_counts.moved;
 }
 
 // Of two roads with one id an element has the one in front of it. An element without a road must
 // not come to have one.
 CJobMerger::Id CJobMerger::NewId(JobKind kind, Id id) {
   if (kind == JobKind::Record15) return ++m_nLastLine;
-  if (kind == JobKind::Record10) return m_RoadOfSecond[id] = ++m_nLastRoad;
-  const auto road = m_RoadOfSecond.find(id);
-  if (road != m_RoadOfSecond.end()) return road->second;
+  if (kind == JobKind::Record10) return m_roadOfSecond[id] = ++m_nLastRoad;
+  const auto road = m_roadOfSecond.find(id);
+  if (road != m_roadOfSecond.end()) return road->second;
   do ++m_nLastElement;
-  while (m_Roads.contains(m_nLastElement));
+  while (m_roads.contains(m_nLastElement));
   return m_nLastElement;
 }
 

@@ -36,13 +36,13 @@ struct MergeCounts {
 class CJobMerger {
  public:
   /// Both open; they stay the caller's.
-  CJobMerger(CJobFile& first, CJobFile& second) : m_First(first), m_Second(second) {}
+  CJobMerger(CJobFile& first, CJobFile& second) : m_first(first), m_second(second) {}
 
   /// output: a new job of version 5, which takes the header of the first. Unless it is Merged it
   /// holds what had been written until then. The scales of the jobs must be exactly equal. Whether
   /// a write failed is for the output to tell.
   [[nodiscard]] MergeResult Merge(CJobFile& output);
-  const MergeCounts& GetCounts() const { return m_Counts; }
+  const MergeCounts& GetCounts() const { return m_counts; }
 
  private:
   /// A point of the first job; found by its name in 8-bit text.
@@ -64,17 +64,17 @@ class CJobMerger {
   void PrepareSecond(JobKind kind, Payload payload);
   Id NewId(JobKind kind, Id id);
 
-  CJobFile& m_First;
-  CJobFile& m_Second;
-  std::unordered_map<std::string, POINT_DATA> m_Points;
-  std::unordered_set<Id> m_Layers;            // of the output
-  std::unordered_set<Id> m_Roads;             // of the output
-  std::unordered_map<Id, Id> m_RoadOfSecond;  // its new id
+  CJobFile& m_first;
+  CJobFile& m_second;
+  std::unordered_map<std::string, POINT_DATA> m_points;
+  std::unordered_set<Id> m_layers;            // of the output
+  std::unordered_set<Id> m_roads;             // of the output
+  std::unordered_map<Id, Id> m_roadOfSecond;  // its new id
   Id m_nLastRoad = 0;                         // given so far, like the others
   Id m_nLastLine = 0;
   Id m_nLastElement = 0;
-  MergeCounts m_Counts;
-  JOB_POINT m_Point;  // the one at hand, kept for its memory
+  MergeCounts m_counts;
+  JOB_POINT m_point;  // the one at hand, kept for its memory
   std::string m_strName;
 };
 
