@@ -20,7 +20,7 @@
 namespace zelconvert {
 namespace {
 
-using Lines = std::vector<std::string>;
+using LineList = std::vector<std::string>;
 
 const std::string kHeader = "00NMFX V10-70           03-13-2026 14:15111111";
 
@@ -29,7 +29,7 @@ std::string Point(const std::string& name) {
          "         1.00000         2.00000         3.00000                11";
 }
 
-std::string Join(const Lines& lines) {
+std::string Join(const LineList& lines) {
   std::string text;
   for (const std::string& line : lines) text += line + "\r\n";
   return text;
@@ -48,7 +48,7 @@ TEST(DcToJob, RefusalsAndWarnings) {
   for (const CaseFields& texts : ReadCases("tests/golden-lines/dc-to-job.txt")) {
     SCOPED_TRACE(testing::PrintToString(texts));
     const bool converted = texts[1] == L"converted";
-    Lines lines;
+    LineList lines;
     for (std::size_t i = 3; i < texts.size(); ++i) lines.push_back(ToNarrow(texts[i]));
     const TempDir folder;
     const std::wstring input = folder.Write(L"in.dc", Join(lines));
@@ -74,7 +74,7 @@ TEST(DcToJob, RefusalsAndWarnings) {
 }
 
 TEST(DcToJob, DuplicatesAreFoundAmongThousands) {
-  Lines lines = {kHeader};
+  LineList lines = {kHeader};
   for (int i = 0; i < 20000; ++i) lines.push_back(Point("a long name" + std::to_string(i)));
   const TempDir folder;
   const auto convert = [&] {
