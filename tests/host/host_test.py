@@ -253,6 +253,8 @@ class PosixTest(HostTest):
         os.close(leader)
         self.assertEqual(result.returncode, 0)
         self.assertIn(b" %", shown)
+        bars = [bar for bar in shown.split(b"\r") if bar]
+        self.assertEqual(len(bars), len(set(bars)))  # one a percent at most
         self.assertTrue(shown.endswith(b" \r"), shown[-20:])
         self.assertNotIn(b"%", result.stdout)
 
