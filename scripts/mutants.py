@@ -127,13 +127,14 @@ class Build:
     def __init__(self, mutants, jobs):
         subprocess.run(["cmake", "-S", COPY, "-B", BUILD, *CONFIGURE], check=True, stdout=subprocess.DEVNULL)
         tests = {test.partition(":")[0] for mutant in mutants for test in mutant.tests}
-        subprocess.run(["ninja", "-C", BUILD, f"-j{jobs}", "--quiet", *({CORE, HOST} | programs_of(tests))],
-                       check=True)
+        programs = {CORE, HOST} | programs_of(tests)
+        subprocess.run(["ninja", "-C", BUILD, f"-j{jobs}", "--quiet", *programs], check=True)
+        self.programs = {test: {CORE, HOST} | programs_of({test}) for test in tests}
         listed = json.loads(output_of("ctest", "--show-only=json-v1", cwd=BUILD))
         self.tests = {each["name"]: each for each in listed["tests"] if each["name"] in tests}
         self.times = {}  # seconds of each test on the code as it is
         self.links = {output: output_of("ninja", "-C", BUILD, "-t", "commands", "-s", output).splitlines()[-1]
-                      for output in (CORE, HOST)}
+                      for output in programs}
         self.compiles = {}  # by object: what makes it
         for each in json.loads((BUILD / "compile_commands.json").read_text()):
             self.compiles[re.search(r" -o (\S+)", each["command"])[1]] = each
@@ -196,10 +197,13 @@ class Build:
         broken = folder / "broken" / mutant.path
         broken.parent.mkdir(parents=True)
         broken.write_text(mutant.source(COPY), encoding="utf-8")
-        users = self.users.get(str(COPY / mutant.path))
+        # A test has a copy of its own of what a header defines.
+        programs = set().union(*(self.programs[test.partition(":")[0]] for test in mutant.tests))
+        links = {program: self.links[program] for program in programs}
+        users = [made for made in self.users.get(str(COPY / mutant.path), ())
+                 if any(f" {made} " in link for link in links.values())]
         if not users:
             raise Unusable("nothing here is made of this file")
-        links = dict(self.links)
         for number, made in enumerate(users):
             includes = "".join(f" -I{folder}/broken/{each}" for each in ("include", "src", ""))
             compile_it = self.compiles[made]["command"].replace(" ", includes + " ", 1)
