@@ -22,6 +22,14 @@ CMoskoJobRecord RecordOf(std::wstring_view tag) {
   return CMoskoJobRecord(static_cast<IljRecordType>(kIljRecordMap.GetType(tag)));
 }
 
+// A tag is packed into bytes, and 504F stands for "PO" there.
+TEST(IljTags, AreAsciiAlone) {
+  EXPECT_NE(kIljRecordMap.GetType(L"POINT"), 0);
+  EXPECT_EQ(kIljRecordMap.GetType(L"\x504F"
+                                  L"INT"),
+            0);
+}
+
 TEST(IljFieldTest, TagsMapToNumbers) {
   ASSERT_EQ(std::size(ilj::kFields), 81u);
   for (std::int32_t i = 1; i <= 80; ++i) {
