@@ -59,7 +59,7 @@ class CConvFile {
  protected:
   File1* m_pFile1 = nullptr;
   File2* m_pFile2 = nullptr;
-  bool m_bDirection = true;  // nothing reads it: a conversion has a function each way
+  bool m_bDirection = true;  // with its setter, a name alone: a conversion has a function each way
 };
 
 /// Base of the conversions of a raw log.

@@ -239,9 +239,8 @@ bool JobToDc(const ConvertRequest& request, Report& report) {
   return FromJob(
       request, report, dc, [&] { return dc.OpenForWrite(request.output); },
       [&](CJobFile& job) {
-        CConvDcFile conversion(&dc, &job, Find(kDcDialects, request.outputType).fromJob);
-        conversion.SetDirection(false);
-        return conversion.ConvertFromNative(report);
+        return CConvDcFile(&dc, &job, Find(kDcDialects, request.outputType).fromJob)
+            .ConvertFromNative(report);
       });
 }
 
@@ -250,9 +249,8 @@ bool JobToCr5(const ConvertRequest& request, Report& report) {
   return FromJob(
       request, report, file, [&] { return file.Open(request.output, kCreateOutput); },
       [&](CJobFile& job) {
-        CConvCR5File conversion(&file, &job, request.outputType == FT_SEQ_CR5);
-        conversion.SetDirection(false);
-        return conversion.ConvertFromNative(report);
+        return CConvCR5File(&file, &job, request.outputType == FT_SEQ_CR5)
+            .ConvertFromNative(report);
       });
 }
 

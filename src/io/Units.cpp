@@ -3,15 +3,6 @@
 #include <cmath>
 
 namespace zelconvert {
-namespace {
-
-// Only the two exact values are spared: data that was scaled once may hold other null values.
-bool PassesUnchanged(double value) {
-  return value == kNullLimit || value == DC_NULL;
-}
-
-}  // namespace
-
 double DegreesFromDms(double value) {
   if (value == 0 || IsNull(value)) return value;
   const double dms = std::fabs(value);
@@ -31,20 +22,6 @@ double ToRadians(double value, AngularUnit unit) {
 double FromRadians(double value, AngularUnit unit) {
   if (IsNull(value) || unit == AngularUnit::Radian) return value;
   return value * (FullCircle(unit) / 2) / kPi;
-}
-
-double MetresFromUnits(double value, int unit) {
-  if (PassesUnchanged(value)) return value;
-  if (unit == kInternationalFeet) return value * kMetresPerFoot;
-  if (unit == kUsSurveyFeet) return value * kMetresPerUsFoot;
-  return value;
-}
-
-double UnitsFromMetres(double value, int unit) {
-  if (PassesUnchanged(value)) return value;
-  if (unit == kInternationalFeet) return value * kFeetPerMetre;
-  if (unit == kUsSurveyFeet) return value * kUsFeetPerMetre;
-  return value;
 }
 
 }  // namespace zelconvert

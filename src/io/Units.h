@@ -33,11 +33,6 @@ constexpr double NullToZero(double value) {
   return IsNull(value) ? 0.0 : value;
 }
 
-/// Codes of a linear unit: 0 metres, 1 international feet, 2 US survey feet.
-inline constexpr int kMetres = 0;
-inline constexpr int kInternationalFeet = 1;
-inline constexpr int kUsSurveyFeet = 2;
-
 /// International foot: 0.3048 m exactly. US survey foot: 1200/3937 m.
 inline constexpr double kMetresPerFoot = 0.3048;
 inline constexpr double kMetresPerUsFoot = 0.30480060960121924;
@@ -75,9 +70,5 @@ double ToRadians(double value, AngularUnit unit);
 /// `value`, an angle in radians, in `unit`, which isn't DegreesMinutesSeconds: nothing writes these
 /// from radians. Null stays as it is.
 double FromRadians(double value, AngularUnit unit);
-
-/// Other codes, and values of exactly -9.99e7 or -9.99e27, leave the value as it is.
-double MetresFromUnits(double value, int unit);
-double UnitsFromMetres(double value, int unit);
 
 }  // namespace zelconvert

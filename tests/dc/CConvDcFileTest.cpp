@@ -79,7 +79,6 @@ Outcome Convert(const TempDir& folder, const std::wstring& path, int version,
   EXPECT_TRUE(file.OpenForWrite(folder.Path(L"out.dc")));
   Report report;
   CConvDcFile conversion(&file, &job, version);
-  conversion.SetDirection(false);
   if (features) conversion.SetFeatureData(std::move(features));
   const bool done = conversion.ConvertFromNative(report);
   EXPECT_TRUE(file.Close());
