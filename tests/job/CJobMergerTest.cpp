@@ -16,17 +16,8 @@ bool IsOld(const std::string& form) {
   return form.starts_with("old");
 }
 
-// Settings and coordinate system are all of one byte, but for the scale and the end of a text.
 std::string Job(const std::string& form, char fill, const std::string& records, double scale = 1) {
-  const bool isOld = IsOld(form);
-  const std::uint32_t size = isOld ? 2158 : 4618;
-  Block front = Block(size, fill).Put(28, std::uint16_t(isOld ? 3 : 5)).Put(30, size);
-  if (!isOld) front.Put(34, std::uint32_t{558}).Put(38, std::uint32_t{4018});
-  front.Put(isOld ? 34 + 1082 : 42 + 20, scale).Put(isOld ? 34 + 1628 : 42 + 552, u'\0');
-  const bool brand = form.ends_with("job");
-  return std::string(front).replace(
-             0, 28, brand ? "Zelmont Geodata Ltd Job File" : "Corvane Surveying Job File  ") +
-         records;
+  return JobBytes(IsOld(form) ? 3 : 5, records, form.ends_with("job"), fill, scale);
 }
 
 // A record in the words of tests/golden-lines/merges.txt.

@@ -6,6 +6,7 @@
 #include <cstring>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace zelconvert {
 
@@ -13,6 +14,7 @@ namespace zelconvert {
 class Block {
  public:
   explicit Block(std::size_t size, char fill = '\0') : m_bytes(size, fill) {}
+  explicit Block(std::string bytes) : m_bytes(std::move(bytes)) {}
   template <class Value>
   Block& Put(std::size_t offset, Value value) {
     std::memcpy(&m_bytes.at(offset), &value, sizeof value);
@@ -34,6 +36,21 @@ class Block {
 inline std::string RecordBytes(std::uint32_t kind, std::string_view payload) {
   return std::string(Block(8).Put(0, kind).Put(4, static_cast<std::uint32_t>(payload.size())))
       .append(payload);
+}
+
+/// A job of the first or the second brand, in the form of version 5 or, below, the old one.
+/// Settings and coordinate system are all of one byte, but for the scale and the end of a text.
+inline std::string JobBytes(std::uint16_t version, std::string_view records,
+                            bool isFirstBrand = true, char fill = '\0', double scale = 1) {
+  const bool isOld = version < 5;
+  const std::uint32_t size = isOld ? 2158 : 4618;
+  Block front = Block(size, fill).Put(28, version).Put(30, size);
+  if (!isOld) front.Put(34, std::uint32_t{558}).Put(38, std::uint32_t{4018});
+  front.Put(isOld ? 34 + 1082 : 42 + 20, scale).Put(isOld ? 34 + 1628 : 42 + 552, u'\0');
+  return std::string(front)
+      .replace(0, 28,
+               isFirstBrand ? "Zelmont Geodata Ltd Job File" : "Corvane Surveying Job File  ")
+      .append(records);
 }
 
 struct PointBytes {
