@@ -7,9 +7,12 @@
 #include <string>
 #include <vector>
 
+#include "CaseFile.h"
 #include "HostLists.h"
 #include "TempDir.h"
+#include "cli/FileTypes.h"
 #include "convert/CConvertProgress.h"
+#include "front/CFileTypeManager.h"
 #include "io/Clock.h"
 #include "zelconvert/zelconvert.h"
 
@@ -120,29 +123,21 @@ std::vector<Message> Told(const std::string& bytes, std::size_t passes, std::siz
 }
 
 TEST(Progress, TellsHowFarEveryRouteHasRead) {
-  struct Case {
-    int from;
-    const wchar_t* input;
-    const char* example;
-    int to;
-    std::size_t passes = 1, skipped = 0;
-  };
-  for (const Case& each : {Case{FT_JOB, L"in.job", "boundary.job", FT_DC},
-                           Case{FT_JOB, L"in.job", "boundary.job", FT_CR5, 2},
-                           Case{FT_PW_JOB, L"in.pwj", "boundary.pwj", FT_SEQ_CR5, 2},
-                           Case{FT_DC, L"in.dc", "ridge-road.dc", FT_JOB},
-                           Case{FT_DC, L"in.dc", "ridge-control.dc", FT_ILJ},
-                           Case{FT_ILJ, L"in.ilj", "grenze.ilj", FT_DC},
-                           Case{FT_RAW, L"in.raw", "mill-creek-simple.raw", FT_DC},
-                           Case{FT_RAW, L"in.raw", "mill-creek-simple.raw", FT_SDR33},
-                           Case{FT_RAW, L"in.raw", "mill-creek-simple.raw", FT_JXL, 1, 1}}) {
-    SCOPED_TRACE(testing::Message() << each.example << " to " << each.to);
-    const TempDir dir;
-    const std::string bytes = ReadBytes(std::filesystem::path("examples") / each.example);
-    const std::wstring input = dir.Write(each.input, bytes);
-    const Host host;
-    EXPECT_TRUE(HostLists().Convert(each.from, input, each.to, dir.Path(L"out")));
-    EXPECT_EQ(host.messages, Told(bytes, each.passes, each.skipped));
+  int from = 0;
+  for (const CaseFields& pairs : ReadCases("tests/golden-lines/pairs.txt")) {
+    const std::string bytes = ReadBytes(std::filesystem::path("examples") / ToPath(pairs[1]));
+    const bool isPair = cli::FindType(from)->name.find('+') != std::string_view::npos;
+    for (int to = 0; to < kFileTypeCount && !isPair; ++to) {
+      if (pairs[2].at(static_cast<std::size_t>(to)) != L'C') continue;
+      SCOPED_TRACE(testing::Message() << from << " to " << to);
+      const TempDir dir;
+      const std::wstring input = dir.Write(pairs[0], bytes);
+      const Host host;
+      EXPECT_TRUE(HostLists().Convert(from, input, to, dir.Path(L"out")));
+      const bool readsTwice = to == FT_CR5 || to == FT_SEQ_CR5;
+      EXPECT_EQ(host.messages, Told(bytes, readsTwice ? 2 : 1, to == FT_JXL ? 1 : 0));
+    }
+    ++from;
   }
 }
 

@@ -81,7 +81,6 @@ TEST(FileTypes, HaveTextsAndLists) {
     EXPECT_TRUE(CFileTypeManager().GetSupportedOutputTypes(type, row));
     EXPECT_EQ(row, rows[static_cast<std::size_t>(type)]);
   }
-  EXPECT_EQ(ListOf(cZelGetSupportedInputTypes, FT_RAW), Types{FT_JXL});
 }
 
 TEST(FileTypes, RefusesWhatIsNone) {

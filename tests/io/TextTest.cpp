@@ -3,6 +3,7 @@
 
 #include <ctime>
 
+#include "CaseFile.h"
 #include "TempDir.h"
 #include "io/CivilTime.h"
 #include "io/Clock.h"
@@ -54,16 +55,10 @@ TEST(Text, EncodesUtf8) {
 }
 
 TEST(Paths, SplitAtBothSeparators) {
-  struct Case {
-    const wchar_t *path, *directory, *folder, *name;
-  };
-  for (const auto& [path, directory, folder, name] :
-       {Case{L"C:\\jobs/a.job", L"C:\\jobs/", L"C:\\jobs/", L"a.job"},
-        Case{L"a.job", L"a.job", L".", L"a.job"}, Case{L"/jobs\\", L"/jobs\\", L"/jobs\\", L""},
-        Case{L"jobs\\a.job", L"jobs\\", L"jobs\\", L"a.job"}, Case{L"", L"", L".", L""}}) {
-    EXPECT_EQ(GetDirectory(path), directory);
-    EXPECT_EQ(GetFolder(path), folder);
-    EXPECT_EQ(GetFileName(path), name);
+  for (const CaseFields& texts : ReadCases("tests/golden-lines/path-parts.txt")) {
+    EXPECT_EQ(GetDirectory(texts[0]), texts[1]);
+    EXPECT_EQ(GetFolder(texts[0]), texts[2]);
+    EXPECT_EQ(GetFileName(texts[0]), texts.at(3));
   }
   std::wstring folder = L"jobs\\";
   EnsureSeparator(folder);
@@ -71,17 +66,10 @@ TEST(Paths, SplitAtBothSeparators) {
 }
 
 TEST(Paths, ChangeExtensions) {
-  struct Case {
-    const wchar_t *path, *extension, *result;
-  };
-  for (const auto& [path, extension, result] :
-       {Case{L"a.job", L"raw", L"a.raw"}, Case{L"a.job", L".raw", L"a.raw"},
-        Case{L"a.jobs", L"raw", L"a.jobs.raw"}, Case{L"a.b.c", L"raw", L"a.b.c.raw"},
-        Case{L"a", L"raw", L"a.raw"}, Case{L"job", L".", L"job."}, Case{L"a.job", L"", L"a.job"},
-        Case{L"", L"raw", L".raw"}}) {
-    std::wstring changed = path;
-    SetExtension(changed, extension);
-    EXPECT_EQ(changed, result);
+  for (const CaseFields& texts : ReadCases("tests/golden-lines/path-extensions.txt")) {
+    std::wstring changed = texts[0];
+    SetExtension(changed, texts[1]);
+    EXPECT_EQ(changed, texts.at(2));
   }
   EXPECT_EQ(RemoveExtension(L"a.b/c"), L"a");
   EXPECT_EQ(RemoveExtension(L"ab"), L"ab");

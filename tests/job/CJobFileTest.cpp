@@ -118,31 +118,30 @@ TEST(CJobFile, ReadsOldFormsIntoTheFrontOfARecord) {
                               RecordBytes(3, Payload(15, 80)) + RecordBytes(8, Payload(16, 104));
   ASSERT_TRUE(job.Open(temp.Write(L"a.job", JobBytes(3, records)), false) &&
               job.SeekToFirstRecord());
-  Head head;
+  const auto read = [&job](auto& record) { return Head().Next(job) && job.Read(record); };
   JOB_POINT point;
   point.layer = 5;
   point.attributeLink = 6;
-  ASSERT_TRUE(head.Next(job) && job.ReadPoint(point));
+  ASSERT_TRUE(read(point));
   EXPECT_EQ(point.name, L"POINT 16 LETTERS");
   EXPECT_TRUE(point.layer == 5 && point.attributeLink == 6);
 
   JOB_POINT_EX pointEx;
   pointEx.attributeLink = 6;
   pointEx.further.fill(std::byte{0xEE});
-  ASSERT_TRUE(head.Next(job) && job.ReadPointEx(pointEx));
+  ASSERT_TRUE(read(pointEx));
   EXPECT_EQ(AsString(pointEx.further), Pattern(124).substr(96) + "\xEE\xEE\xEE\xEE");
   EXPECT_EQ(pointEx.attributeLink, 6u);
 
   JOB_RECORD15 line;
   line.body.fill(std::byte{0xEE});
-  ASSERT_TRUE(head.Next(job) && job.ReadRecord15(line));
+  ASSERT_TRUE(read(line));
   EXPECT_EQ(AsString(line.body), Pattern(80).substr(4) + std::string(8, '\xEE'));
 
   JOB_RECORD16 element;
   element.reservedTail.fill(std::byte{0xEE});
-  ASSERT_TRUE(head.Next(job));
-  ASSERT_TRUE(job.ReadPoint(point) && job.ReadRecord15(line));  // of other kinds: nothing is read
-  ASSERT_TRUE(job.ReadRecord16(element));
+  ASSERT_TRUE(read(point) && job.Read(line));  // of other kinds: nothing is read
+  ASSERT_TRUE(job.Read(element));
   EXPECT_EQ(AsString(element.reservedTail), std::string(8, '\xEE'));
 }
 

@@ -2,11 +2,9 @@
 #include <gtest/gtest.h>
 
 #include <pugixml.hpp>
-#include <set>
 #include <string>
 #include <vector>
 
-#include "HostLists.h"
 #include "TempDir.h"
 #include "io/Strings.h"
 #include "jxl/CJxlFile.h"
@@ -59,33 +57,6 @@ TEST(Jxl, HoldsEveryTextWellFormed) {
     ++next;
   }
   EXPECT_EQ(next, held.size());
-}
-
-// A record may be told of by those behind it alone, and ids grow through the whole document.
-TEST(Jxl, NumbersItsRecordsInOrder) {
-  const TempDir folder;
-  const std::wstring in = folder.Write(L"in.raw", ReadBytes("examples/mill-creek-simple.raw"));
-  const std::wstring out = folder.Path(L"out.jxl");
-  HostLists lists;
-  ASSERT_TRUE(lists.Convert(FT_RAW, in, FT_JXL, out));
-  pugi::xml_document document;
-  const std::string bytes = folder.Read(L"out.jxl");
-  ASSERT_TRUE(document.load_buffer(bytes.data(), bytes.size()));
-  std::set<std::string> ids;
-  const auto job = document.child("JOBFile");
-  for (const char* container : {"FieldBook", "Reductions"}) {
-    for (const auto& record : job.child(container)) {
-      for (const char* reference : {"StationID", "BackBearingID", "TargetID", "StationRecordID"}) {
-        const std::string id = record.child(reference).text().get();
-        EXPECT_TRUE(id.empty() || ids.contains(id)) << record.name() << " " << reference;
-      }
-      const std::string id = record.attribute("ID").value();
-      EXPECT_EQ(id.size(), 8u);
-      EXPECT_TRUE(ids.empty() || *ids.rbegin() < id) << id;
-      ids.insert(id);
-    }
-  }
-  EXPECT_GT(ids.size(), 30u);
 }
 
 }  // namespace
