@@ -2,14 +2,32 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <cctype>
 #include <exception>
 #include <type_traits>
 #include <variant>
 
 #include "cli/CommandTable.h"
+#include "cli/Json.h"
+#include "cli/NearMisses.h"
 
 namespace zelconvert::cli {
 namespace {
+
+std::string Lower(std::string_view text) {
+  std::string lower(text);
+  for (char& c : lower) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  return lower;
+}
+
+// The choices stand in the footer or in the option's own text.
+CLI::Validator OneOf(const OptionInfo& info) {
+  const auto find = [&info](const std::string& word) -> std::string {
+    if (std::ranges::find(info.choices, word) != info.choices.end()) return {};
+    throw HostFailure(kWrongUsage, TellUnknown(Lower(info.valueName), word, info.choices));
+  };
+  return CLI::Validator(find, "");
+}
 
 void AddOption(CLI::App& command, const OptionInfo& info, Options& options) {
   const std::string name(info.name), help(info.help);
@@ -23,16 +41,15 @@ void AddOption(CLI::App& command, const OptionInfo& info, Options& options) {
   CLI::Option* option = std::visit(add, info.target);
   option->required(info.IsRequired());
   if (info.value != Value::None) option->type_name(std::string(info.valueName));
-  if (info.value != Value::Choice) return;
-  // The choices stand in the footer or in the option's own text.
-  const std::vector<std::string> choices(info.choices.begin(), info.choices.end());
-  option->check(CLI::IsMember(choices).description(""));
+  if (info.value == Value::Choice) option->check(OneOf(info));
 }
 
 void AddCommand(CLI::App& app, const CommandInfo& info, Options& options) {
   CLI::App& command = *app.add_subcommand(std::string(info.name), std::string(info.help));
   for (const OptionInfo& option : info.options) AddOption(command, option, options);
+  for (const OptionInfo& option : GetCommonOptions()) AddOption(command, option, options);
   if (!info.footer.empty()) command.footer(std::string(info.footer));
+  command.allow_extras();  // which are told in words of the host's own
 }
 
 void AddCommands(CLI::App& app, Options& options) {
@@ -43,9 +60,35 @@ void AddCommands(CLI::App& app, Options& options) {
   for (const CommandInfo& info : GetCommands()) AddCommand(app, info, options);
 }
 
+std::string TellUnknownCommand(std::string_view name) {
+  std::vector<std::string_view> names;
+  for (const CommandInfo& info : GetCommands()) names.push_back(info.name);
+  return TellUnknown("command", name, names);
+}
+
+std::string TellExtra(const CommandInfo& command, const std::string& word) {
+  if (!word.starts_with('-')) return "'" + word + "' is one argument too many";
+  std::vector<std::string_view> names = {"--help"};
+  for (const auto& options : {command.options, GetCommonOptions()}) {
+    for (const OptionInfo& option : options) {
+      if (!option.IsArgument()) names.push_back(option.name);
+    }
+  }
+  return TellUnknown("option", word.substr(0, word.find('=')), names);
+}
+
+// What stands on the command line and belongs nowhere comes before what is missing.
+std::string TellExtras(const CLI::App& app) {
+  for (const CLI::App* command : app.get_subcommands()) {
+    const std::vector<std::string> words = command->remaining();
+    if (!words.empty()) return TellExtra(*FindCommand(command->get_name()), words.front());
+  }
+  return {};
+}
+
 ExitCode Help(CLI::App& app, const std::string& name) {
   if (!name.empty() && FindCommand(name) == nullptr) {
-    throw HostFailure(kWrongUsage, "there is no command " + name);
+    throw HostFailure(kWrongUsage, TellUnknownCommand(name));
   }
   const CLI::App* subject = name.empty() ? &app : app.get_subcommand(name);
   PrintOut(app.get_formatter()->make_help(
@@ -53,16 +96,28 @@ ExitCode Help(CLI::App& app, const std::string& name) {
   return kConverted;
 }
 
-ExitCode FailByUsage(const std::string& text) {
-  return Fail(kWrongUsage, text + "\nRun \"zelconvert help\" for usage.");
+// Prints help or version, or throws a HostFailure.
+ExitCode Explain(CLI::App& app, const CLI::ParseError& error) {
+  const std::string extra = TellExtras(app);
+  if (error.get_exit_code() != 0) {
+    throw HostFailure(kWrongUsage, extra.empty() ? error.what() : extra);
+  }
+  app.exit(error);
+  return kConverted;
 }
 
-}  // namespace
+ExitCode Run(CLI::App& app, const Options& options) {
+  const std::string extra = TellExtras(app);
+  if (!extra.empty()) throw HostFailure(kWrongUsage, extra);
+  if (options.quiet) SetQuiet();
+  const CommandInfo& command = *FindCommand(app.get_subcommands().front()->get_name());
+  return command.run == nullptr ? Help(app, options.subject) : command.run(options);
+}
 
-ExitCode RunCommandLine(std::vector<std::string> arguments) {
-  if (!arguments.empty() && !arguments.front().starts_with('-') &&
-      FindCommand(arguments.front()) == nullptr) {
-    return FailByUsage("there is no command " + arguments.front());
+ExitCode ParseAndRun(std::vector<std::string> arguments) {
+  const bool namesCommand = !arguments.empty() && !arguments.front().starts_with('-');
+  if (namesCommand && FindCommand(arguments.front()) == nullptr) {
+    throw HostFailure(kWrongUsage, TellUnknownCommand(arguments.front()));
   }
   Options options;
   CLI::App app(std::string(kHostHelp), "zelconvert");
@@ -70,16 +125,30 @@ ExitCode RunCommandLine(std::vector<std::string> arguments) {
   try {
     std::reverse(arguments.begin(), arguments.end());  // as the parser takes them
     app.parse(std::move(arguments));
-    const CommandInfo& command = *FindCommand(app.get_subcommands().front()->get_name());
-    return command.run == nullptr ? Help(app, options.subject) : command.run(options);
   } catch (const CLI::ParseError& error) {
-    if (error.get_exit_code() != 0) return FailByUsage(error.what());
-    app.exit(error);  // prints help or version
-    return kConverted;
+    return Explain(app, error);
+  }
+  return Run(app, options);
+}
+
+ExitCode TellFailure(ExitCode code, const std::string& text, bool asJson) {
+  if (asJson) {
+    PrintOut(ToLines(Json::Object{{"exitCode", static_cast<int>(code)}, {"error", text}}));
+    return code;
+  }
+  return Fail(code, code == kWrongUsage ? text + "\nRun \"zelconvert help\" for usage." : text);
+}
+
+}  // namespace
+
+ExitCode RunCommandLine(std::vector<std::string> arguments) {
+  const bool asJson = std::ranges::find(arguments, "--json") != arguments.end();
+  try {
+    return ParseAndRun(std::move(arguments));
   } catch (const HostFailure& failure) {
-    return Fail(failure.GetCode(), failure.what());
+    return TellFailure(failure.GetCode(), failure.what(), asJson);
   } catch (const std::exception& error) {
-    return Fail(kFailed, error.what());
+    return TellFailure(kFailed, error.what(), asJson);
   }
 }
 

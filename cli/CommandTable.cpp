@@ -10,12 +10,16 @@ namespace zelconvert::cli {
 namespace {
 
 constexpr OptionInfo kForce{"--force", Value::None, &Options::force, "Replace a file that exists"};
-constexpr OptionInfo kJson{"--json", Value::None, &Options::json, "Print one JSON object"};
+constexpr OptionInfo kCommonOptions[] = {
+    {"--json", Value::None, &Options::json, "Print one JSON object"},
+    {"--quiet", Value::None, &Options::quiet, "Print errors and what was asked for alone"},
+};
 constexpr OptionInfo kInput{"IN", Value::Path, &Options::input, "A file to read"};
 constexpr OptionInfo kOutput{"OUT", Value::Path, &Options::output, "The file to make"};
 
 constexpr std::string_view kJobTypes[] = {"job", "pwj", "oldjob"};
-constexpr std::string_view kSdrTypes[] = {"sdr2", "sdr33"};
+constexpr std::string_view kNewJobTypes[] = {"job", "pwj"};
+constexpr std::string_view kSdrTypes[] = {"sdr33", "sdr2"};
 
 constexpr OptionInfo kConvertOptions[] = {
     {"IN", Value::Path, &Options::input, "The file to convert"},
@@ -26,13 +30,10 @@ constexpr OptionInfo kConvertOptions[] = {
      kTypeNames},
     {"--job", Value::Path, &Options::job, "Job whose points a raw log knows", "FILE"},
     {"--force", Value::None, &Options::force, "Replace files that exist"},
-    kJson,
 };
 constexpr OptionInfo kDetectOptions[] = {
     {"FILE", Value::Path, &Options::files, "Files to look at"},
-    kJson,
 };
-constexpr OptionInfo kTypesOptions[] = {kJson};
 constexpr OptionInfo kImportCr5Options[] = {
     kInput,
     kOutput,
@@ -54,6 +55,9 @@ constexpr OptionInfo kMergeOptions[] = {
     {"B", Value::Path, &Options::second, "A file to read"},
     kOutput,
     kForce,
+    {"--from", Value::Choice, &Options::from, "job or pwj, of standard input", "TYPE",
+     kNewJobTypes},
+    {"--to", Value::Choice, &Options::to, "job or pwj, of standard output", "TYPE", kNewJobTypes},
 };
 constexpr OptionInfo kHelpOptions[] = {
     {"COMMAND", Value::Command, &Options::subject, "The command"},
@@ -69,7 +73,7 @@ constexpr CommandInfo kCommands[] = {
      "The paths of the files made go to standard output, the library's texts to standard error.",
      &RunConvert},
     {"detect", "Tell the type of files by name and contents", kDetectOptions, {}, &RunDetect},
-    {"types", "List the file types and what they convert to", kTypesOptions, {}, &RunTypes},
+    {"types", "List the file types and what they convert to", {}, {}, &RunTypes},
     {"import-cr5", "Make a job of a coordinate list", kImportCr5Options,
      "Units are m (metres), ft (international feet) and usft (US survey feet).\n"
      "Carried over: number (as the name), description, and coordinates, which become metres. The\n"
@@ -100,6 +104,10 @@ constexpr CommandInfo kCommands[] = {
 
 std::span<const CommandInfo> GetCommands() {
   return kCommands;
+}
+
+std::span<const OptionInfo> GetCommonOptions() {
+  return kCommonOptions;
 }
 
 const CommandInfo* FindCommand(std::string_view name) {

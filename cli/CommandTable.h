@@ -45,6 +45,8 @@ inline constexpr std::string_view kHostFooter =
     "4 an output can't be written.";
 
 std::span<const CommandInfo> GetCommands();
+/// Those that every command has beside its own.
+std::span<const OptionInfo> GetCommonOptions();
 /// Null if there is none.
 const CommandInfo* FindCommand(std::string_view name);
 

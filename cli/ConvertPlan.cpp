@@ -10,6 +10,7 @@
 #include "cli/FileNames.h"
 #include "cli/FileTypes.h"
 #include "cli/Host.h"
+#include "cli/Outcome.h"
 #include "cli/platform/Host.h"
 
 namespace zelconvert::cli {
@@ -96,15 +97,13 @@ fs::path JobOfPoints(const Options& options, const TypeInfo& from, const TypeInf
   return job;
 }
 
-void AddWarning(ConvertPlan& plan, const std::string& text) {
-  if (!text.empty()) plan.warnings.push_back(text);
-}
-
 }  // namespace
 
-ConvertPlan MakePlan(const Options& options) {
-  const fs::path input = Absolute(options.input);
-  const fs::path output = Absolute(options.output);
+bool IsPair(FileType type) {
+  return FindPair(type) != nullptr;
+}
+
+ConvertPlan MakePlan(const fs::path& input, const fs::path& output, const Options& options) {
   const TypeInfo& from = TypeOfInput(options.from, input);
   CheckNoFolder(output);
   const TypeInfo& to = TypeOfOutput(options.to, output);
@@ -117,11 +116,19 @@ ConvertPlan MakePlan(const Options& options) {
   CheckReadable(asked.read);
   for (const fs::path& each : {input, asked.read, asked.job}) CheckDistinct(output, each);
   CheckOutput(output, options.force);
-  AddWarning(plan, WarnOfInputName(from.type, input));
-  if (!asked.job.empty()) AddWarning(plan, WarnOfJobName(asked.job));
-  AddWarning(plan, WarnOfOutputName(to.type, output));
-  if (from.type == FT_CR5_RW5) AddWarning(plan, WarnOfContents(input));
+  AddWarning(plan.warnings, WarnOfInputName(from.type, input));
+  if (!asked.job.empty()) AddWarning(plan.warnings, WarnOfJobName(asked.job));
+  AddWarning(plan.warnings, WarnOfOutputName(to.type, output));
+  if (from.type == FT_CR5_RW5) AddWarning(plan.warnings, WarnOfContents(input));
   return plan;
+}
+
+Json::Object Describe(const Conversion& conversion, const std::string& input,
+                      const std::string& output) {
+  return {{"input", input},
+          {"from", std::string(FindType(conversion.from)->name)},
+          {"output", output},
+          {"to", std::string(FindType(conversion.to)->name)}};
 }
 
 }  // namespace zelconvert::cli

@@ -2,9 +2,11 @@
 // refused before anything is made.
 #pragma once
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
+#include "cli/Json.h"
 #include "cli/Library.h"
 #include "cli/Options.h"
 
@@ -15,7 +17,16 @@ struct ConvertPlan {
   std::vector<std::string> warnings;  ///< a line each
 };
 
+/// Whether a file of this type stands beside another, which is what is read.
+bool IsPair(FileType type);
+
+/// Of `options` the types, the job and whether files are replaced count. Both paths are absolute.
 /// Throws a HostFailure.
-ConvertPlan MakePlan(const Options& options);
+ConvertPlan MakePlan(const std::filesystem::path& input, const std::filesystem::path& output,
+                     const Options& options);
+
+/// For those who print JSON, by the names that the user knows.
+Json::Object Describe(const Conversion& conversion, const std::string& input,
+                      const std::string& output);
 
 }  // namespace zelconvert::cli

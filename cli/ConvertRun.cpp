@@ -19,17 +19,8 @@ using platform::ToText;
 
 Result ConvertWithProgress(const Conversion& conversion) {
   std::optional<ProgressBar> bar;
-  if (platform::IsErrorATerminal()) bar.emplace();
+  if (ShowsProgress()) bar.emplace();
   return Convert(conversion);
-}
-
-// What a text calls by a name that the user doesn't know.
-void Rename(std::vector<std::string>& texts, const std::string& name, const std::string& known) {
-  for (std::string& text : texts) {
-    for (std::size_t at = 0; (at = text.find(name, at)) != std::string::npos; at += known.size()) {
-      text.replace(at, name.size(), known);
-    }
-  }
 }
 
 // DC files and coordinate lists meet in a job. The library would make it by itself, but keep the
@@ -106,7 +97,6 @@ void RunPlan(const ConvertPlan& plan, bool force, Outcome& outcome) {
   outcome.files = staging.MoveFiles(force);
   std::stable_partition(outcome.files.begin(), outcome.files.end(),
                         [&](const fs::path& file) { return file == asked.output; });
-  outcome.code = kConverted;
 }
 
 }  // namespace zelconvert::cli

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "cli/Commands.h"
+#include "cli/FileNames.h"
 #include "cli/FileTypes.h"
 #include "cli/Json.h"
 #include "cli/Library.h"
@@ -15,27 +16,31 @@ struct Detected {
   std::string file;
   ExitCode code;
   const TypeInfo* type;  // null unless the code is kConverted
+  std::string reason;
 };
 
 Detected Detect(const std::string& file) {
   const std::filesystem::path path = platform::ToPath(file);
   std::error_code ignored;
   if (!std::filesystem::is_regular_file(path, ignored) || !platform::IsReadable(path)) {
-    return {platform::ToText(path), kNoInput, nullptr};
+    return {platform::ToText(path), kNoInput, nullptr, "it can't be read"};
   }
-  const TypeInfo* type = FindType(DetectType(path));
-  return {platform::ToText(path), type == nullptr ? kFailed : kConverted, type};
+  const int number = DetectType(path);
+  const TypeInfo* type = FindType(number);
+  return {platform::ToText(path), type == nullptr ? kFailed : kConverted, type,
+          ReasonOfType(number, path)};
 }
 
 void PrintAsText(const Detected& detected) {
   if (detected.code == kNoInput) {
     PrintNote(detected.file + " can't be read");
   } else if (detected.type == nullptr) {
-    PrintOut(detected.file + ": unknown\n");
+    PrintOut(detected.file + ": unknown: " + detected.reason + "\n");
   } else {
     std::string description = GetDescription(detected.type->type);
     description.erase(description.find_last_not_of(' ') + 1);  // one of them ends in a blank
-    PrintOut(detected.file + ": " + std::string(detected.type->name) + " (" + description + ")\n");
+    PrintOut(detected.file + ": " + std::string(detected.type->name) + " (" + description +
+             "): " + detected.reason + "\n");
   }
 }
 
@@ -44,7 +49,8 @@ Json::Object ToJson(const Detected& detected) {
   return {{"file", detected.file},
           {"readable", detected.code != kNoInput},
           {"type", type == nullptr ? Json(nullptr) : Json(std::string(type->name))},
-          {"number", type == nullptr ? -1 : static_cast<int>(type->type)}};
+          {"number", type == nullptr ? -1 : static_cast<int>(type->type)},
+          {"reason", detected.reason}};
 }
 
 }  // namespace

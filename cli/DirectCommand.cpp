@@ -1,8 +1,13 @@
 #include "cli/DirectCommand.h"
 
+#include <algorithm>
 #include <filesystem>
+#include <optional>
+#include <utility>
 
 #include "cli/FileChecks.h"
+#include "cli/GivenFiles.h"
+#include "cli/ProgressBar.h"
 #include "cli/StagingFolder.h"
 #include "cli/platform/Host.h"
 #include "io/Strings.h"
@@ -10,32 +15,63 @@
 namespace zelconvert::cli {
 
 namespace fs = std::filesystem;
+using platform::ToText;
 
-ExitCode RunDirect(const Options& options, const std::vector<std::string>& inputs,
-                   const DirectConversion& convert) {
-  const fs::path output = Absolute(options.output);
+namespace {
+
+void RunIntoPlace(const Options& options, const std::vector<InputFile>& inputs,
+                  const fs::path& output, const DirectConversion& convert, Outcome& outcome) {
   DirectFiles files;
-  for (const std::string& argument : inputs) {
-    const fs::path input = Absolute(argument);
-    CheckReadable(input);
-    CheckDistinct(output, input);
-    files.inputs.push_back(platform::ToLibrary(input));
+  for (const InputFile& input : inputs) {
+    CheckReadable(input.GetPath());
+    CheckDistinct(output, input.GetPath());
+    files.inputs.push_back(platform::ToLibrary(input.GetPath()));
   }
   CheckOutput(output, options.force);
-
   const StagingFolder staging(output.parent_path());
   files.output = platform::ToLibrary(staging.GetPath() / output.filename());
-  convert(files);
-  for (const fs::path& file : staging.MoveFiles(options.force)) {
-    PrintOut(platform::ToText(file) + "\n");
+  {
+    std::optional<ProgressBar> bar;
+    if (ShowsProgress()) bar.emplace();
+    convert(files, outcome);
   }
-  return kConverted;
+  outcome.files = staging.MoveFiles(options.force);
 }
 
-void PrintTexts(const std::vector<std::wstring>& texts) {
-  std::vector<std::string> messages(texts.size());
-  for (std::size_t i = 0; i < texts.size(); ++i) AppendUtf8(messages[i], texts[i]);
-  PrintMessages(messages);
+void CheckStreams(const Options& options, const std::vector<DirectInput>& inputs) {
+  if (std::ranges::count(inputs, "-", &DirectInput::argument) > 1) {
+    throw HostFailure(kWrongUsage, "standard input is one file");
+  }
+  if (options.json && IsStandardStream(options.output)) {
+    throw HostFailure(kWrongUsage, "standard output can't take both OUT and what --json prints");
+  }
+}
+
+}  // namespace
+
+ExitCode RunDirect(const Options& options, const std::vector<DirectInput>& inputs,
+                   const std::string& extension, const DirectConversion& convert) {
+  Outcome outcome;
+  Attempt(outcome, [&] {
+    CheckStreams(options, inputs);
+    const OutputFile output(options.output, extension);
+    std::vector<InputFile> files;
+    for (const auto& [argument, ofInput] : inputs) files.emplace_back(argument, ofInput);
+    Json::List names;
+    for (const InputFile& file : files) names.emplace_back(file.GetName());
+    outcome.about = {{"inputs", std::move(names)}, {"output", output.GetName()}};
+    Attempt(outcome, [&] {
+      RunIntoPlace(options, files, output.GetPath(), convert, outcome);
+      output.Send(outcome);
+    });
+    for (const InputFile& file : files) file.RenameIn(outcome);
+    output.RenameIn(outcome);
+  });
+  return Tell(outcome, options.json);
+}
+
+void AddMessages(Outcome& outcome, const std::vector<std::wstring>& texts) {
+  for (const std::wstring& text : texts) AppendUtf8(outcome.messages.emplace_back(), text);
 }
 
 }  // namespace zelconvert::cli

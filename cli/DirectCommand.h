@@ -8,8 +8,15 @@
 
 #include "cli/Host.h"
 #include "cli/Options.h"
+#include "cli/Outcome.h"
 
 namespace zelconvert::cli {
+
+/// A file to read as it was given, and the extension of a standard input in its place.
+struct DirectInput {
+  std::string argument;
+  std::string extension;
+};
 
 /// Paths as the core takes them; the output is one of a staging folder, with its later name.
 struct DirectFiles {
@@ -17,15 +24,15 @@ struct DirectFiles {
   std::wstring output;
 };
 
-/// Makes the output, or throws a HostFailure.
-using DirectConversion = std::function<void(const DirectFiles& files)>;
+/// Makes the output, or throws a HostFailure. Warnings and texts go into the outcome.
+using DirectConversion = std::function<void(const DirectFiles& files, Outcome& outcome)>;
 
-/// Checks the files, converts, and moves what was made into place. inputs: as they were given.
-/// Returns kConverted or throws a HostFailure.
-ExitCode RunDirect(const Options& options, const std::vector<std::string>& inputs,
-                   const DirectConversion& convert);
+/// Checks the files, converts, moves what was made into place, and tells the user. extension: of a
+/// standard output.
+ExitCode RunDirect(const Options& options, const std::vector<DirectInput>& inputs,
+                   const std::string& extension, const DirectConversion& convert);
 
-/// As PrintMessages does.
-void PrintTexts(const std::vector<std::wstring>& texts);
+/// The texts of the core.
+void AddMessages(Outcome& outcome, const std::vector<std::wstring>& texts);
 
 }  // namespace zelconvert::cli

@@ -4,6 +4,7 @@
 
 #include "cli/Library.h"
 #include "cli/platform/Host.h"
+#include "job/CJobFile.h"
 
 namespace zelconvert::cli {
 namespace {
@@ -47,6 +48,20 @@ const TypeInfo* TypeNamed(const fs::path& path) {
     return type.namedByExtension && extension == GetExtension(type.type);
   });
   return found == std::end(kTypes) ? nullptr : found;
+}
+
+std::string ReasonOfType(int type, const fs::path& path) {
+  const std::string extension = ToText(path.extension());
+  if (extension.empty()) return "the name has no extension";
+  if (type < 0) return "no type has the extension " + extension;
+  const std::string named = "extension " + extension;
+  const auto begins = [&](std::string_view signature) {
+    return named + ", first bytes \"" + std::string(signature) + "\"";
+  };
+  if (type == FT_JOB) return begins(kJobSignature);
+  if (type == FT_PW_JOB) return begins(kPwJobSignature);
+  if (type == FT_JOB_RAW || type == FT_PW_JOB_RAW) return named + ", first bytes of no such job";
+  return named;
 }
 
 std::string WarnOfInputName(FileType type, const fs::path& input) {

@@ -11,6 +11,10 @@ namespace zelconvert::cli {
 /// The type that a new file of this name is made as; null if its extension belongs to none.
 const TypeInfo* TypeNamed(const std::filesystem::path& path);
 
+/// Why DetectType tells `type` of a file, or -1: by the extension of its name, and by the first
+/// bytes where types share one.
+std::string ReasonOfType(int type, const std::filesystem::path& path);
+
 // Each is one line for the user, empty if all is well.
 
 /// The library would take the input for one of the other brand, since jobs and logs are told by

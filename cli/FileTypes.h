@@ -18,7 +18,8 @@ struct TypeInfo {
   std::string_view command = {};  ///< that makes something of it where "convert" doesn't
 };
 
-// Extensions and descriptions come from the library.
+// Extensions and descriptions come from the library. Of the types with one extension that which it
+// makes comes first.
 inline constexpr TypeInfo kTypes[] = {
     {FT_JOB, "job", true},
     {FT_OLD_JOB, "oldjob", false},
@@ -35,8 +36,8 @@ inline constexpr TypeInfo kTypes[] = {
     {FT_JOB_RAW, "job+raw", false},
     {FT_PW_JOB_RAW, "pwj+pwr", false},
     {FT_CR5_RW5, "cr5+rw5", false},
-    {FT_SDR2, "sdr2", false, "import-sdr"},
     {FT_SDR33, "sdr33", true, "import-sdr"},
+    {FT_SDR2, "sdr2", false, "import-sdr"},
     {FT_ILJ, "ilj", true},
     {FT_JXL, "jxl", true},
 };

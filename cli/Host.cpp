@@ -1,8 +1,43 @@
 #include "cli/Host.h"
 
 #include <cstdio>
+#include <cstdlib>
+
+#include "cli/platform/Host.h"
 
 namespace zelconvert::cli {
+namespace {
+
+bool g_isQuiet = false;
+
+constexpr const char* kRed = "31";
+constexpr const char* kYellow = "33";
+
+bool UsesColour() {
+  const char* noColour = std::getenv("NO_COLOR");
+  return (noColour == nullptr || *noColour == '\0') && platform::ErrorShowsColour();
+}
+
+void PrintLabelled(const char* label, const char* colour, const std::string& text) {
+  static const bool usesColour = UsesColour();
+  const std::string shown = "zelconvert: " + std::string(label);
+  PrintError((usesColour ? "\033[1;" + std::string(colour) + "m" + shown + "\033[0m" : shown) +
+             text + "\n");
+}
+
+}  // namespace
+
+void SetQuiet() {
+  g_isQuiet = true;
+}
+
+bool IsQuiet() {
+  return g_isQuiet;
+}
+
+bool ShowsProgress() {
+  return !g_isQuiet && platform::IsErrorATerminal();
+}
 
 void PrintOut(const std::string& text) {
   std::fwrite(text.data(), 1, text.size(), stdout);
@@ -18,11 +53,11 @@ void PrintMessages(const std::vector<std::string>& messages) {
 }
 
 void PrintNote(const std::string& text) {
-  PrintError("zelconvert: " + text + "\n");
+  PrintLabelled("", kRed, text);
 }
 
 void PrintWarning(const std::string& text) {
-  if (!text.empty()) PrintNote("warning: " + text);
+  if (!text.empty() && !g_isQuiet) PrintLabelled("warning: ", kYellow, text);
 }
 
 ExitCode Fail(ExitCode code, const std::string& text) {

@@ -25,14 +25,21 @@ class HostFailure : public std::runtime_error {
   ExitCode m_code;
 };
 
+/// For the rest of the process: no warnings and no bar.
+void SetQuiet();
+bool IsQuiet();
+/// Whether there is somebody to see how a run gets on.
+bool ShowsProgress();
+
 /// UTF-8 text to standard output and standard error.
 void PrintOut(const std::string& text);
 void PrintError(const std::string& text);
 /// Texts of a conversion, each on a line of its own, to standard error.
 void PrintMessages(const std::vector<std::string>& messages);
-/// The host's own words, on a line of standard error.
+/// The host's own words, on a line of standard error, in colour if that is a terminal that shows it
+/// and NO_COLOR isn't set.
 void PrintNote(const std::string& text);
-/// Likewise; nothing for an empty text.
+/// Likewise; nothing for an empty text or when quiet.
 void PrintWarning(const std::string& text);
 /// Prints the note and returns the code.
 ExitCode Fail(ExitCode code, const std::string& text);

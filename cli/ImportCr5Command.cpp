@@ -7,6 +7,7 @@
 #include "cli/DirectCommand.h"
 #include "cli/FileNames.h"
 #include "cli/Host.h"
+#include "cli/Library.h"
 #include "cli/platform/Host.h"
 
 namespace zelconvert::cli {
@@ -21,24 +22,25 @@ const TypeInfo& TypeOf(const std::string& asked, const fs::path& output) {
   throw HostFailure(kWrongUsage, "OUT is no .job or .pwj file; --to says what it is to be");
 }
 
-void Import(const DirectFiles& files, const Options& options) {
+void Import(const DirectFiles& files, const Options& options, Outcome& outcome) {
   const fs::path list = platform::FromLibrary(files.inputs.front());
   const fs::path job = platform::FromLibrary(files.output);
   const FileType type = TypeOf(options.to, job).type;
-  PrintWarning(WarnOfContents(list));
-  PrintWarning(WarnOfOutputName(type, job));
+  AddWarning(outcome.warnings, WarnOfContents(list));
+  AddWarning(outcome.warnings, WarnOfOutputName(type, job));
   ImportCr5(list, job, type, UnitsNamed(options.units));
   if (options.units.empty()) {
-    PrintNote("the coordinates of " + platform::ToText(list) +
-              " were taken to be metres; --units says otherwise");
+    AddWarning(outcome.warnings, "the coordinates of " + platform::ToText(list) +
+                                     " were taken to be metres; --units says otherwise");
   }
 }
 
 }  // namespace
 
 ExitCode RunImportCr5(const Options& options) {
-  return RunDirect(options, {options.input},
-                   [&](const DirectFiles& files) { Import(files, options); });
+  return RunDirect(
+      options, {{options.input, GetExtension(FT_CR5)}}, ExtensionNamed(options.to),
+      [&](const DirectFiles& files, Outcome& outcome) { Import(files, options, outcome); });
 }
 
 }  // namespace zelconvert::cli

@@ -5,6 +5,7 @@
 #include "cli/Commands.h"
 #include "cli/DirectCommand.h"
 #include "cli/Host.h"
+#include "cli/Library.h"
 #include "cli/platform/Host.h"
 #include "io/Strings.h"
 #include "raw/sdr/CConvRawSDRFile.h"
@@ -22,7 +23,7 @@ SdrVersion FindVersion(CFileCE& sdr) {
   return SdrVersion::Sdr33;
 }
 
-void ImportSdr(const DirectFiles& files, const std::string& from) {
+void ImportSdr(const DirectFiles& files, const std::string& from, Outcome& outcome) {
   const std::wstring& input = files.inputs.front();
   const std::string shown = platform::ToText(platform::FromLibrary(input));
   CFileCE sdr;
@@ -38,7 +39,7 @@ void ImportSdr(const DirectFiles& files, const std::string& from) {
                                              : FindVersion(sdr));
   const bool converted = created && conversion.ConvertToRaw(report);
   raw.Close();
-  PrintTexts(report.messages);
+  AddMessages(outcome, report.messages);
   if (!created || raw.HasWriteFailed()) throw HostFailure(kNoOutput, "OUT can't be written");
   if (sdr.HasReadFailed()) throw HostFailure(kFailed, shown + " can't be read to its end");
   if (!converted) throw HostFailure(kFailed, shown + " was not converted");
@@ -47,8 +48,9 @@ void ImportSdr(const DirectFiles& files, const std::string& from) {
 }  // namespace
 
 ExitCode RunImportSdr(const Options& options) {
-  return RunDirect(options, {options.input},
-                   [&](const DirectFiles& files) { ImportSdr(files, options.from); });
+  return RunDirect(
+      options, {{options.input, GetExtension(FT_SDR33)}}, GetExtension(FT_RAW),
+      [&](const DirectFiles& files, Outcome& outcome) { ImportSdr(files, options.from, outcome); });
 }
 
 }  // namespace zelconvert::cli

@@ -1,5 +1,6 @@
 #include "cli/Library.h"
 
+#include "cli/FileTypes.h"
 #include "cli/platform/Host.h"
 #include "front/DriverRun.h"
 #include "front/FileDetection.h"
@@ -40,6 +41,10 @@ std::string GetDescription(FileType type) {
 
 std::string GetExtension(FileType type) {
   return GetTypeText(cZelGetExtension, type);
+}
+
+std::string ExtensionNamed(const std::string& type) {
+  return type.empty() ? "" : GetExtension(FindType(type)->type);
 }
 
 std::string GetFilter(FileType type) {

@@ -13,6 +13,8 @@ namespace zelconvert::cli {
 std::string GetDescription(FileType type);
 /// With the leading point.
 std::string GetExtension(FileType type);
+/// Of a type's short name; empty for an empty one.
+std::string ExtensionNamed(const std::string& type);
 std::string GetFilter(FileType type);
 /// A FileType, or -1: by the file's own name and contents, whatever its folders are called.
 int DetectType(const std::filesystem::path& path);

@@ -5,6 +5,7 @@
 #include "cli/DirectCommand.h"
 #include "cli/FileNames.h"
 #include "cli/Host.h"
+#include "cli/Library.h"
 #include "cli/platform/Host.h"
 #include "io/Paths.h"
 #include "job/CJobMerger.h"
@@ -34,25 +35,27 @@ std::string WarnOfRepeated(const MergeCounts& counts) {
          std::to_string(counts.moved) + " of them at other coordinates; OUT holds both";
 }
 
-void Merge(const DirectFiles& files) {
+void Merge(const DirectFiles& files, Outcome& outcome) {
   if (zelconvert::platform::IsSameFile(files.inputs[0], files.inputs[1])) {
     throw HostFailure(kWrongUsage, "A and B are the same file");
   }
-  PrintWarning(WarnOfOutputName(HasExtension(files.output, L".job") ? FT_JOB : FT_PW_JOB,
-                                platform::FromLibrary(files.output)));
+  const FileType type = HasExtension(files.output, L".job") ? FT_JOB : FT_PW_JOB;
+  AddWarning(outcome.warnings, WarnOfOutputName(type, platform::FromLibrary(files.output)));
   Report report;
   MergeCounts counts;
   const MergeResult result =
       MergeJobs(files.inputs[0], files.inputs[1], files.output, report, &counts);
-  PrintTexts(report.messages);
+  AddMessages(outcome, report.messages);
   if (result != MergeResult::Merged) Refuse(result, files);
-  PrintWarning(WarnOfRepeated(counts));
+  AddWarning(outcome.warnings, WarnOfRepeated(counts));
 }
 
 }  // namespace
 
 ExitCode RunMerge(const Options& options) {
-  return RunDirect(options, {options.input, options.second}, Merge);
+  const std::string extension = ExtensionNamed(options.from);
+  return RunDirect(options, {{options.input, extension}, {options.second, extension}},
+                   ExtensionNamed(options.to), Merge);
 }
 
 }  // namespace zelconvert::cli

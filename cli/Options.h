@@ -17,7 +17,8 @@ struct Options {
   std::string units;               ///< name of a unit; empty: not said
   std::optional<std::string> job;  ///< whose points a log is given
   bool force = false;              ///< an output that exists is replaced
-  bool json = false;
+  bool json = false;               ///< of every command: output is one JSON object
+  bool quiet = false;              ///< of every command: errors and what was asked for alone
 };
 
 }  // namespace zelconvert::cli

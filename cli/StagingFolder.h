@@ -6,18 +6,17 @@
 #include <filesystem>
 #include <vector>
 
+#include "cli/TemporaryFolder.h"
+
 namespace zelconvert::cli {
 
 class StagingFolder {
  public:
   /// Throws a HostFailure if `parent` can't be written.
-  explicit StagingFolder(const std::filesystem::path& parent);
-  /// Removes the folder with all that is left in it.
-  ~StagingFolder();
-  StagingFolder(const StagingFolder&) = delete;
-  StagingFolder& operator=(const StagingFolder&) = delete;
+  explicit StagingFolder(const std::filesystem::path& parent)
+      : m_parent(parent), m_folder(parent) {}
 
-  const std::filesystem::path& GetPath() const { return m_path; }
+  const std::filesystem::path& GetPath() const { return m_folder.GetPath(); }
 
   /// Moves all files into the parent and returns their paths there, in the order of their names.
   /// If one may not be replaced none is moved. Throws a HostFailure.
@@ -25,7 +24,7 @@ class StagingFolder {
 
  private:
   std::filesystem::path m_parent;
-  std::filesystem::path m_path;
+  TemporaryFolder m_folder;
 };
 
 /// Throws a HostFailure if `path` exists and may not be replaced by a new file.

@@ -8,6 +8,7 @@ int main(int argc, char** argv) {
   using namespace zelconvert::cli;
   platform::PrepareProcess();
   const ExitCode exitCode = RunCommandLine(platform::GetArguments(argc, argv));
-  if (std::fflush(stdout) != 0) return Fail(kNoOutput, "standard output can't be written");
+  const bool isFull = std::fflush(stdout) != 0;
+  if (isFull && exitCode == kConverted) return Fail(kNoOutput, "standard output can't be written");
   return exitCode;
 }

@@ -18,6 +18,10 @@ std::vector<std::string> GetArguments(int argc, char** argv);
 /// Once, first: output takes UTF-8, and a file that may not grow further is a failed write.
 void PrepareProcess();
 bool IsErrorATerminal();
+/// Whether standard error is a terminal that takes escape sequences.
+bool ErrorShowsColour();
+/// From now on the bytes of standard input and output are what a program reads and writes.
+void UseBinaryStreams();
 
 /// A path as an argument gives it; "/" and "\" both separate, as in the library.
 std::filesystem::path ToPath(std::string_view argument);
@@ -30,7 +34,8 @@ std::string ToText(const std::filesystem::path& path);
 /// Whether the file opens for reading.
 bool IsReadable(const std::filesystem::path& path);
 
-/// Receives the library's progress while it lives. `receive` gets the percentage; -1: the
+/// Receives the progress of conversions while it lives, of those of the library and of those of the
+/// core that the host is linked to. `receive` gets the percentage; -1: the
 /// conversion has ended.
 class ProgressWindow {
  public:
@@ -44,12 +49,15 @@ class ProgressWindow {
   std::unique_ptr<Window> m_pWindow;
 };
 
-// What a run that the user breaks off doesn't leave. Each for once per process.
+// What a run that the user breaks off doesn't leave.
 
-/// Makes a folder for files that goes away with them. False if there is an entry of this name, or
-/// with `error`.
+/// Makes a folder for files that goes away with them, whose owner alone may look into it. False if
+/// there is an entry of this name, or with `error`.
 bool MakeTemporaryFolder(const std::filesystem::path& path, std::error_code& error);
-/// Gives a file that is read-only now that attribute back. To be called before the folder is made.
+/// Removes one that was made so, with all that is in it.
+void RemoveTemporaryFolder(const std::filesystem::path& path);
+/// Gives a file that is read-only now that attribute back. One file at a time; to be called before
+/// the folder is made.
 void KeepReadOnly(const std::filesystem::path& file);
 
 }  // namespace zelconvert::cli::platform

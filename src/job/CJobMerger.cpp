@@ -39,6 +39,8 @@ MergeResult CJobMerger::Merge(CJobFile& output) {
     return MergeResult::RecordUnreadable;
   }
   if (first.scale != second.scale) return MergeResult::ScalesDiffer;
+  m_nWalkLength = 2 * (m_first.GetFile().GetLength() + m_second.GetFile().GetLength());
+  m_progress.Start();
   const bool copied =
       CopyHeader(output, first) && FindIds() &&
       (!m_layers.insert(kDefaultLayerId).second || output.WriteLayer(DefaultLayer())) &&
@@ -65,6 +67,7 @@ bool CJobMerger::ForEachRecord(CJobFile& job, Handler handle) {
   std::uint32_t length;
   CJobFile::FixedPayload payload;
   while (job.ReadNextRecordHead(kind, position, length)) {
+    m_progress.SetPosition(m_nWalked + position, m_nWalkLength);
     if (!IsCopied(kind)) {
       if (!job.SkipRecord()) return false;
       continue;
@@ -72,6 +75,7 @@ bool CJobMerger::ForEachRecord(CJobFile& job, Handler handle) {
     if (!job.ReadFixedPayload(payload)) return false;
     if (!handle(kind, std::span(payload).first(InfoOf(kind).length))) return false;
   }
+  m_nWalked += job.GetFile().GetLength();
   return !job.GetFile().HasReadFailed();
 }
 

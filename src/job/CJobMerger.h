@@ -8,6 +8,7 @@
 #include <unordered_map>
 #include <unordered_set>
 
+#include "convert/CConvertProgress.h"
 #include "convert/ConversionBase.h"
 #include "job/CJobFile.h"
 
@@ -55,7 +56,7 @@ class CJobMerger {
 
   bool CopyHeader(CJobFile& output, const JOB_HEADER& header);
   template <class Handler>
-  static bool ForEachRecord(CJobFile& job, Handler handle);
+  bool ForEachRecord(CJobFile& job, Handler handle);
   bool FindIds();
   void FindIdOfFirst(JobKind kind, Id id);
   bool CopyRecords(CJobFile& job, CJobFile& output, void (CJobMerger::*prepare)(JobKind, Payload));
@@ -74,7 +75,10 @@ class CJobMerger {
   Id m_nLastLine = 0;
   Id m_nLastElement = 0;
   MergeCounts m_counts;
-  JOB_POINT m_point;  // the one at hand, kept for its memory
+  CConvertProgress m_progress;
+  std::int64_t m_nWalked = 0;      // bytes of the walks that are over
+  std::int64_t m_nWalkLength = 1;  // of all walks: each job is walked twice
+  JOB_POINT m_point;               // the one at hand, kept for its memory
   std::string m_strName;
 };
 

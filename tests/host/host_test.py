@@ -83,7 +83,7 @@ class HostTest(unittest.TestCase):
 
     def check(self, arguments, code, files, texts, **options):
         result = self.run_host(arguments, **options)
-        output = (result.stdout + result.stderr).decode("utf-8").replace("\r\n", "\n")
+        output = (result.stdout + result.stderr).decode("utf-8", "replace").replace("\r\n", "\n")
         self.assertEqual(result.returncode, code, output)
         self.assertEqual(self.made(), sorted(files), output)
         written = b"".join(pathlib.Path(self.folder, file).read_bytes() for file in files)
@@ -101,8 +101,11 @@ class HostTest(unittest.TestCase):
                 continue
             with self.subTest(arguments):
                 self.setUp()
+                arguments, _, source = arguments.partition("< ")
                 words = [word.strip('"') for word in arguments.split()]
-                self.check(words, code, files, texts, **({"preexec_fn": limit_files} if where == "limit" else {}))
+                options = {"preexec_fn": limit_files} if where == "limit" else {}
+                with open(os.path.join(self.folder, source or os.devnull), "rb") as options["stdin"]:
+                    self.check(words, code, files, texts, **options)
                 self.doCleanups()
         self.setUp()
 
@@ -111,6 +114,18 @@ class HostTest(unittest.TestCase):
         folder = pathlib.Path(self.folder).resolve().as_posix()
         self.check(["convert", folder + "/a.job", folder + "/out.cr5"], 0, ["out.cr5"], [])
         self.check(["import-cr5", folder + "/list.cr5", folder + "/out.job"], 0, ["out.cr5", "out.job"], [])
+
+    # Not a byte more or less: of a system that has line ends of its own, too.
+    def test_standard_streams(self):
+        made = self.before["list.cr5"]
+        self.assertRegex(made, b"[\n\x1a]")
+        with open(os.path.join(self.folder, "a.job"), "rb") as job:
+            result = self.run_host(["convert", "-", "-", "--from", "job", "--to", "cr5"], stdin=job)
+        self.assertEqual([result.stdout, result.stderr], [made, b""])
+        roads = self.run_host(["convert", "road.dc", "-", "--to", "job"])
+        self.assertTrue(roads.stdout.startswith(b"Zelmont Geodata"))
+        self.assertEqual(roads.stderr.count(b"is left out"), 2)
+        self.assertEqual(self.made(), [])
 
     # Everything of the job but its time and its coordinate system.
     def test_import_cr5(self):
@@ -170,7 +185,7 @@ class PosixTest(HostTest):
             self.skipTest("POSIX alone")
         super().setUp()
 
-    test_cases = test_json = None  # run once
+    test_cases = test_json = test_standard_streams = None  # run once
 
     def test_full_output(self):
         with open("/dev/full", "wb") as full:
@@ -238,12 +253,17 @@ class PosixTest(HostTest):
         host.send_signal(signal.SIGHUP)
         self.assertEqual(host.wait(), 0)
 
-    def test_bar_on_a_terminal(self):
+    def run_on_terminal(self, arguments, **variables):
+        """Its exit code, standard output, and what a terminal shows of standard error."""
         import pty
 
         leader, follower = pty.openpty()
         result = subprocess.run(
-            HOST + ["convert", "a.job", "out.dc"], cwd=self.folder, stdout=subprocess.PIPE, stderr=follower
+            HOST + arguments,
+            cwd=self.folder,
+            stdout=subprocess.PIPE,
+            stderr=follower,
+            env={"TERM": "xterm", "PATH": os.environ["PATH"], **variables},
         )
         os.close(follower)
         shown = b""
@@ -251,12 +271,34 @@ class PosixTest(HostTest):
             while piece := os.read(leader, 65536):
                 shown += piece
         os.close(leader)
-        self.assertEqual(result.returncode, 0)
-        self.assertIn(b" %", shown)
-        bars = [bar for bar in shown.split(b"\r") if bar]
-        self.assertEqual(len(bars), len(set(bars)))  # one a percent at most
-        self.assertTrue(shown.endswith(b" \r"), shown[-20:])
-        self.assertNotIn(b"%", result.stdout)
+        return result.returncode, result.stdout, shown
+
+    def test_bar_on_a_terminal(self):
+        for arguments in (
+            ["convert", "a.job", "out.dc"],
+            ["merge", "a.job", "b.pwj", "out.job"],
+            ["import-cr5", "list.cr5", "out.job", "--units", "m"],
+            ["import-sdr", "s.sdr", "out.raw"],
+        ):
+            code, out, shown = self.run_on_terminal([*arguments, "--force"])
+            self.assertEqual(code, 0)
+            self.assertIn(b" %", shown, arguments)
+            shown = shown.partition(b"\033")[0]  # the warning of a merge
+            bars = [bar for bar in shown.split(b"\r") if bar]
+            self.assertEqual(len(bars), len(set(bars)))  # one a percent at most
+            self.assertTrue(shown.endswith(b" \r"), shown[-20:])
+            self.assertNotIn(b"%", out)
+        self.assertEqual(self.run_on_terminal([*arguments, "--force", "--quiet"]), (0, b"", b""))
+
+    def test_colours(self):
+        for is_coloured, variables in (
+            (True, {}),
+            (True, {"NO_COLOR": ""}),
+            (False, {"NO_COLOR": "1"}),
+            (False, {"TERM": "dumb"}),
+        ):
+            shown = self.run_on_terminal(["convert", "absent.job", "out.dc"], **variables)[2]
+            self.assertEqual(b"\033[1;31mzelconvert: \033[0m" in shown, is_coloured, variables)
 
 
 def main():

@@ -6,8 +6,11 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
+#include <cstdlib>
 #include <utility>
 
+#include "convert/CConvertProgress.h"
 #include "io/Strings.h"
 #include "platform/posix/Paths.h"
 #include "zelconvert/zelconvert.h"
@@ -25,6 +28,13 @@ void PrepareProcess() {
 bool IsErrorATerminal() {
   return isatty(STDERR_FILENO) != 0;
 }
+
+bool ErrorShowsColour() {
+  const char* kind = std::getenv("TERM");
+  return IsErrorATerminal() && kind != nullptr && std::string_view(kind) != "dumb";
+}
+
+void UseBinaryStreams() {}
 
 std::filesystem::path ToPath(std::string_view argument) {
   std::string bytes(argument);
@@ -61,70 +71,120 @@ struct ProgressWindow::Window : ZelWindow {
   std::function<void(int)> receive;
 };
 
+namespace {
+
+void SetWindow(ZelWindowHandle window) {
+  cZelSetupZelConvertDLLCallBack(window);
+  CZelConvertApp::Get().SetWindow(window);
+}
+
+}  // namespace
+
 ProgressWindow::ProgressWindow(std::function<void(int)> receive)
     : m_pWindow(new Window{{&Window::Receive}, std::move(receive)}) {
-  cZelSetupZelConvertDLLCallBack(m_pWindow.get());
+  SetWindow(m_pWindow.get());
 }
 
 ProgressWindow::~ProgressWindow() {
-  cZelSetupZelConvertDLLCallBack(nullptr);
+  SetWindow(nullptr);
 }
 
 namespace {
 
+struct LeftBehindFolder {
+  std::string path;
+  DIR* entries = nullptr;  // for reading once
+};
+
 // For the handler, which can't ask for memory: it may have interrupted whoever hands it out. Never
 // destroyed, as a signal may come while the program ends.
 struct LeftBehind {
-  std::string folder;
-  DIR* entries = nullptr;  // of the folder, for reading once
-  std::string file;        // that was read-only; empty: none
+  std::vector<LeftBehindFolder> folders;  // one in another comes later
+  std::string file;                       // that was read-only; empty: none
   mode_t mode = 0;
 };
 LeftBehind& g_leftBehind = *new LeftBehind;
 
 // The run stands still meanwhile: there is no other thread.
 void CleanUp(int number) {
-  while (g_leftBehind.entries != nullptr) {
-    const dirent* entry = readdir(g_leftBehind.entries);
-    if (entry == nullptr) break;
-    unlinkat(dirfd(g_leftBehind.entries), entry->d_name, 0);
+  for (std::size_t i = g_leftBehind.folders.size(); i-- > 0;) {
+    const auto& [path, entries] = g_leftBehind.folders[i];
+    while (entries != nullptr) {
+      const dirent* entry = readdir(entries);
+      if (entry == nullptr) break;
+      unlinkat(dirfd(entries), entry->d_name, 0);
+    }
+    rmdir(path.c_str());
   }
-  rmdir(g_leftBehind.folder.c_str());
   if (!g_leftBehind.file.empty()) chmod(g_leftBehind.file.c_str(), g_leftBehind.mode);
   _exit(128 + number);
 }
 
+constexpr int kSignals[] = {SIGINT, SIGTERM, SIGHUP, SIGPIPE};
+
+sigset_t SignalsHandled() {
+  sigset_t signals;
+  sigemptyset(&signals);
+  for (const int number : kSignals) sigaddset(&signals, number);
+  return signals;
+}
+
 // One that the starter has set aside, as nohup does, stays aside.
-void CleanUpOn(int number, const sigset_t& blocked) {
+void CleanUpOn(int number) {
   struct sigaction action {};
   if (sigaction(number, nullptr, &action) != 0 || action.sa_handler == SIG_IGN) return;
   action.sa_handler = CleanUp;
-  action.sa_mask = blocked;
+  action.sa_mask = SignalsHandled();
   sigaction(number, &action, nullptr);
 }
+
+// While one lives no handler runs, so that what is left behind can be changed.
+class SignalsHeld {
+ public:
+  SignalsHeld() {
+    const sigset_t signals = SignalsHandled();
+    sigprocmask(SIG_BLOCK, &signals, &m_before);
+  }
+  ~SignalsHeld() { sigprocmask(SIG_SETMASK, &m_before, nullptr); }
+  SignalsHeld(const SignalsHeld&) = delete;
+  SignalsHeld& operator=(const SignalsHeld&) = delete;
+
+ private:
+  sigset_t m_before;
+};
 
 }  // namespace
 
 bool MakeTemporaryFolder(const std::filesystem::path& path, std::error_code& error) {
-  constexpr int kSignals[] = {SIGINT, SIGTERM, SIGHUP};
-  sigset_t signals, before;
-  sigemptyset(&signals);
-  for (const int number : kSignals) sigaddset(&signals, number);
-  sigprocmask(SIG_BLOCK, &signals, &before);
-  const bool made = std::filesystem::create_directory(path, error);
-  if (made) {
-    g_leftBehind.folder = path;
-    g_leftBehind.entries = opendir(path.c_str());
-    for (const int number : kSignals) CleanUpOn(number, signals);
+  const SignalsHeld held;
+  if (mkdir(path.c_str(), S_IRWXU) != 0) {
+    if (errno != EEXIST) error.assign(errno, std::generic_category());
+    return false;
   }
-  sigprocmask(SIG_SETMASK, &before, nullptr);
-  return made;
+  g_leftBehind.folders.push_back({path, opendir(path.c_str())});
+  static const bool isHandled = [] {
+    for (const int number : kSignals) CleanUpOn(number);
+    return true;
+  }();
+  return isHandled;
+}
+
+void RemoveTemporaryFolder(const std::filesystem::path& path) {
+  const SignalsHeld held;
+  std::error_code ignored;
+  std::filesystem::remove_all(path, ignored);
+  std::erase_if(g_leftBehind.folders, [&](const LeftBehindFolder& each) {
+    if (each.path != path.native()) return false;
+    if (each.entries != nullptr) closedir(each.entries);
+    return true;
+  });
 }
 
 void KeepReadOnly(const std::filesystem::path& file) {
+  const SignalsHeld held;
   struct stat found {};
-  if (stat(file.c_str(), &found) != 0 || (found.st_mode & S_IWUSR) != 0) return;
-  g_leftBehind.file = file;
+  const bool isReadOnly = stat(file.c_str(), &found) == 0 && (found.st_mode & S_IWUSR) == 0;
+  g_leftBehind.file = isReadOnly ? file.native() : "";
   g_leftBehind.mode = found.st_mode & 07777;
 }
 

@@ -6,8 +6,15 @@
 #include <shellapi.h>
 // clang-format on
 
+#include <fcntl.h>
+#include <io.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <mutex>
 #include <utility>
 
+#include "convert/CConvertProgress.h"
 #include "io/Strings.h"
 #include "zelconvert/zelconvert.h"
 
@@ -22,13 +29,15 @@ std::string Utf8(std::wstring_view text) {
   return utf8;
 }
 
+// Changed by the run, read by the thread of CleanUp.
 struct LeftBehind {
-  fs::path folder;
-  fs::path file;  // that was read-only; empty: none
+  std::mutex guard;
+  std::vector<fs::path> folders;  // one in another comes later
+  fs::path file;                  // that was read-only; empty: none
 };
 
 LeftBehind& GetLeftBehind() {
-  static LeftBehind leftBehind;
+  static LeftBehind& leftBehind = *new LeftBehind;
   return leftBehind;
 }
 
@@ -45,14 +54,21 @@ void Empty(const fs::path& folder) {
 
 // On a thread of its own, while the run goes on: it may make another file in the folder before that
 // is gone.
-BOOL WINAPI CleanUp(DWORD) {
+void Remove(const fs::path& folder) {
   constexpr int kTries = 100;
-  const LeftBehind& left = GetLeftBehind();
   std::error_code error;
-  for (int i = 0; i < kTries && fs::exists(left.folder, error); ++i) {
-    Empty(left.folder);
-    fs::remove(left.folder, error);
+  for (int i = 0; i < kTries && fs::exists(folder, error); ++i) {
+    Empty(folder);
+    fs::remove(folder, error);
   }
+}
+
+// The guard stays locked: the run ends here.
+BOOL WINAPI CleanUp(DWORD) {
+  LeftBehind& left = GetLeftBehind();
+  left.guard.lock();
+  std::for_each(left.folders.rbegin(), left.folders.rend(), Remove);
+  std::error_code error;
   if (!left.file.empty()) {
     fs::permissions(left.file, fs::perms::owner_write, fs::perm_options::remove, error);
   }
@@ -77,6 +93,18 @@ void PrepareProcess() {
 bool IsErrorATerminal() {
   DWORD mode = 0;
   return GetConsoleMode(GetStdHandle(STD_ERROR_HANDLE), &mode) != 0;
+}
+
+bool ErrorShowsColour() {
+  const HANDLE error = GetStdHandle(STD_ERROR_HANDLE);
+  DWORD mode = 0;
+  return GetConsoleMode(error, &mode) != 0 &&
+         SetConsoleMode(error, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING) != 0;
+}
+
+void UseBinaryStreams() {
+  _setmode(_fileno(stdin), _O_BINARY);
+  _setmode(_fileno(stdout), _O_BINARY);
 }
 
 std::filesystem::path ToPath(std::string_view argument) {
@@ -118,6 +146,15 @@ struct ProgressWindow::Window {
   HWND handle = nullptr;
 };
 
+namespace {
+
+void SetWindow(ZelWindowHandle window) {
+  cZelSetupZelConvertDLLCallBack(window);
+  CZelConvertApp::Get().SetWindow(window);
+}
+
+}  // namespace
+
 ProgressWindow::ProgressWindow(std::function<void(int)> receive)
     : m_pWindow(new Window{std::move(receive)}) {
   WNDCLASSW windowClass{};
@@ -129,25 +166,38 @@ ProgressWindow::ProgressWindow(std::function<void(int)> receive)
                                       HWND_MESSAGE, nullptr, windowClass.hInstance, nullptr);
   if (m_pWindow->handle == nullptr) return;
   SetWindowLongPtrW(m_pWindow->handle, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(m_pWindow.get()));
-  cZelSetupZelConvertDLLCallBack(m_pWindow->handle);
+  SetWindow(m_pWindow->handle);
 }
 
 ProgressWindow::~ProgressWindow() {
-  cZelSetupZelConvertDLLCallBack(nullptr);
+  SetWindow(nullptr);
   if (m_pWindow->handle != nullptr) DestroyWindow(m_pWindow->handle);
 }
 
+// The folder is the user's own where profiles are, in which the system's temporary folder lies.
 bool MakeTemporaryFolder(const std::filesystem::path& path, std::error_code& error) {
-  if (std::filesystem::exists(path, error) || error) return false;
-  GetLeftBehind().folder = path;
-  SetConsoleCtrlHandler(&CleanUp, TRUE);
-  return std::filesystem::create_directory(path, error);
+  LeftBehind& left = GetLeftBehind();
+  const std::lock_guard held(left.guard);
+  if (fs::exists(path, error) || error || !fs::create_directory(path, error)) return false;
+  left.folders.push_back(path);
+  static const bool isHandled = SetConsoleCtrlHandler(&CleanUp, TRUE) != 0;
+  return isHandled;
+}
+
+void RemoveTemporaryFolder(const std::filesystem::path& path) {
+  LeftBehind& left = GetLeftBehind();
+  const std::lock_guard held(left.guard);
+  std::error_code ignored;
+  fs::remove_all(path, ignored);
+  std::erase(left.folders, path);
 }
 
 void KeepReadOnly(const std::filesystem::path& file) {
   const DWORD attributes = GetFileAttributesW(file.c_str());
   const bool isThere = attributes != INVALID_FILE_ATTRIBUTES;
-  if (isThere && (attributes & FILE_ATTRIBUTE_READONLY) != 0) GetLeftBehind().file = file;
+  LeftBehind& left = GetLeftBehind();
+  const std::lock_guard held(left.guard);
+  left.file = isThere && (attributes & FILE_ATTRIBUTE_READONLY) != 0 ? file : fs::path();
 }
 
 }  // namespace zelconvert::cli::platform

@@ -1,0 +1,37 @@
+#include "cli/TemporaryFolder.h"
+
+#include <random>
+#include <string>
+#include <system_error>
+
+#include "cli/Host.h"
+#include "cli/platform/Host.h"
+
+namespace zelconvert::cli {
+namespace fs = std::filesystem;
+namespace {
+
+constexpr const char* kNameStart = ".zelconvert-";
+
+std::string RandomName() {
+  return kNameStart + std::to_string(std::random_device()());
+}
+
+}  // namespace
+
+TemporaryFolder::TemporaryFolder(const fs::path& parent) {
+  std::error_code error;
+  do {
+    m_path = parent / RandomName();
+  } while (!platform::MakeTemporaryFolder(m_path, error) && !error);
+  if (error) {
+    throw HostFailure(kNoOutput, "the folder " + platform::ToText(parent) +
+                                     " can't be written: " + error.message());
+  }
+}
+
+TemporaryFolder::~TemporaryFolder() {
+  platform::RemoveTemporaryFolder(m_path);
+}
+
+}  // namespace zelconvert::cli

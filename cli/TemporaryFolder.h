@@ -1,0 +1,23 @@
+// A folder that goes away with all that is in it, also when the run is broken off.
+#pragma once
+
+#include <filesystem>
+
+namespace zelconvert::cli {
+
+class TemporaryFolder {
+ public:
+  /// A new one inside `parent`, which nobody else may look into. Throws a HostFailure if `parent`
+  /// can't be written.
+  explicit TemporaryFolder(const std::filesystem::path& parent);
+  ~TemporaryFolder();
+  TemporaryFolder(const TemporaryFolder&) = delete;
+  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+  const std::filesystem::path& GetPath() const { return m_path; }
+
+ private:
+  std::filesystem::path m_path;
+};
+
+}  // namespace zelconvert::cli
