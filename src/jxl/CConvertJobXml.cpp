@@ -1,6 +1,7 @@
 #include "jxl/CConvertJobXml.h"
 
 #include <optional>
+#include <type_traits>
 
 #include "convert/CConvertProgress.h"
 #include "io/HandlerTable.h"
@@ -83,12 +84,8 @@ bool ParseTime(const JB_RECORD& job, platform::LocalTime& time) {
     day -= DaysInMonth(year, month);
     ++month;
   }
-  time.year = static_cast<std::uint16_t>(year);
-  time.month = static_cast<std::uint16_t>(month);
-  time.day = static_cast<std::uint16_t>(day);
-  time.hour = static_cast<std::uint16_t>(hour);
-  time.minute = static_cast<std::uint16_t>(minute);
-  time.second = static_cast<std::uint16_t>(second);
+  const auto word = [](std::int32_t value) { return static_cast<std::uint16_t>(value); };
+  time = {word(year), word(month), 0, word(day), word(hour), word(minute), word(second), 0};
   return true;
 }
 
@@ -127,21 +124,23 @@ class RawToJxl {
   void Finish();
 
   // One for each kind of record that has an effect; false for a bad record.
-  bool OnBacksight(std::wstring_view line);
+  template <auto handle>
+  bool Give(std::wstring_view line);
   bool OnSecondJob(std::wstring_view /*line*/) { return false; }
-  bool OnHeights(std::wstring_view line);
-  bool OnMode(std::wstring_view line);
-  bool OnOccupy(std::wstring_view line);
-  bool OnStoredPoint(std::wstring_view line);
-  bool OnSideshot(std::wstring_view line) { return OnShot(line, false); }
-  bool OnTraverse(std::wstring_view line) { return OnShot(line, true); }
   bool OnComment(std::wstring_view line);
-  bool OnDelete(std::wstring_view line);
-  bool OnScan(std::wstring_view line);
-  bool OnCamera(std::wstring_view line);
-  bool OnImage(std::wstring_view line);
+  void OnBacksight(const BK_RECORD& backsight);
+  void OnHeights(const LS_RECORD& heights);
+  void OnMode(const MO_RECORD& mode);
+  void OnOccupy(const OC_RECORD& point);
+  void OnStoredPoint(const POINT_RECORD& point);
+  bool OnSideshot(const SHOT_RECORD& shot) { return OnShot(shot, false); }
+  bool OnTraverse(const SHOT_RECORD& shot) { return OnShot(shot, true); }
+  void OnDelete(const NAME_RECORD& point);
+  void OnScan(SC_RECORD& scan);
+  void OnCamera(CR_RECORD& camera);
+  void OnImage(IM_RECORD& image);
 
-  bool OnShot(std::wstring_view line, bool traverse);
+  bool OnShot(const SHOT_RECORD& shot, bool traverse);
   JxlInstrument::Heights FindHeights(std::wstring_view station);
   void FlushPendingShot();
   void JoinOccupiedPoint();
@@ -217,21 +216,34 @@ bool RawToJxl::BeginDocument(std::wstring_view line, std::wstring_view version) 
   return true;
 }
 
+/// Parses the record that `handle` takes and hands it over.
+template <auto handle>
+bool RawToJxl::Give(std::wstring_view line) {
+  const auto give = [&]<class Result, class Record>(Result (RawToJxl::*)(Record&)) {
+    std::remove_const_t<Record> record;
+    if (!CRawFile::Parse(line, record)) return false;
+    if constexpr (std::is_same_v<Result, bool>) return (this->*handle)(record);
+    (this->*handle)(record);
+    return true;
+  };
+  return give(handle);
+}
+
 bool RawToJxl::ConvertRecord(std::wstring_view line) {
   static constexpr auto kHandlers = MakeHandlerTable<kRawRecordTypes, RawRecordType, Handler>({
-      {RawRecordType::SS, &RawToJxl::OnSideshot},
-      {RawRecordType::TR, &RawToJxl::OnTraverse},
-      {RawRecordType::LS, &RawToJxl::OnHeights},
+      {RawRecordType::SS, &RawToJxl::Give<&RawToJxl::OnSideshot>},
+      {RawRecordType::TR, &RawToJxl::Give<&RawToJxl::OnTraverse>},
+      {RawRecordType::LS, &RawToJxl::Give<&RawToJxl::OnHeights>},
       {RawRecordType::Comment, &RawToJxl::OnComment},
-      {RawRecordType::SP, &RawToJxl::OnStoredPoint},
-      {RawRecordType::BK, &RawToJxl::OnBacksight},
-      {RawRecordType::OC, &RawToJxl::OnOccupy},
-      {RawRecordType::MO, &RawToJxl::OnMode},
+      {RawRecordType::SP, &RawToJxl::Give<&RawToJxl::OnStoredPoint>},
+      {RawRecordType::BK, &RawToJxl::Give<&RawToJxl::OnBacksight>},
+      {RawRecordType::OC, &RawToJxl::Give<&RawToJxl::OnOccupy>},
+      {RawRecordType::MO, &RawToJxl::Give<&RawToJxl::OnMode>},
       {RawRecordType::JB, &RawToJxl::OnSecondJob},
-      {RawRecordType::DP, &RawToJxl::OnDelete},
-      {RawRecordType::SC, &RawToJxl::OnScan},
-      {RawRecordType::CR, &RawToJxl::OnCamera},
-      {RawRecordType::IM, &RawToJxl::OnImage},
+      {RawRecordType::DP, &RawToJxl::Give<&RawToJxl::OnDelete>},
+      {RawRecordType::SC, &RawToJxl::Give<&RawToJxl::OnScan>},
+      {RawRecordType::CR, &RawToJxl::Give<&RawToJxl::OnCamera>},
+      {RawRecordType::IM, &RawToJxl::Give<&RawToJxl::OnImage>},
   });
   const RawRecordType type = CRawFile::GetRecordType(line);
   if (m_shot.isPending && type != RawRecordType::BK) FlushPendingShot();
@@ -248,46 +260,32 @@ void RawToJxl::Finish() {
   m_jxl.WriteDocument();
 }
 
-bool RawToJxl::OnMode(std::wstring_view line) {
-  MO_RECORD mode;
-  if (!CRawFile::Parse(line, mode)) return false;
+void RawToJxl::OnMode(const MO_RECORD& mode) {
   m_units = {LinearUnitOfRaw(mode.distanceUnit), AngularUnitOfCode(mode.angleUnit)};
   m_southAzimuths = mode.azimuthOrigin == kFromSouth;
-  if (!m_firstMode) return true;
+  if (!m_firstMode) return;
   m_firstMode = false;
   m_scale = mode.scale;
   m_jxl.AddUnitsRecord(m_units);
   m_jxl.AddCorrectionsRecord(m_southAzimuths);
   m_jxl.AddDisplaySettings(m_units);
-  return true;
 }
 
-bool RawToJxl::OnHeights(std::wstring_view line) {
-  LS_RECORD heights;
-  if (!CRawFile::Parse(line, heights)) return false;
+void RawToJxl::OnHeights(const LS_RECORD& heights) {
   m_instrument.SetHeights({Metres(heights.instrumentHeight), Metres(heights.rodHeight)});
-  return true;
 }
 
-bool RawToJxl::OnOccupy(std::wstring_view line) {
-  OC_RECORD point;
-  if (!CRawFile::Parse(line, point)) return false;
+void RawToJxl::OnOccupy(const OC_RECORD& point) {
   m_occupied = {true, std::wstring(point.name), std::wstring(point.note), Metres(point)};
-  return true;
 }
 
-bool RawToJxl::OnStoredPoint(std::wstring_view line) {
-  POINT_RECORD point;
-  if (!CRawFile::Parse(line, point)) return false;
+void RawToJxl::OnStoredPoint(const POINT_RECORD& point) {
   const JxlPosition position = Metres(point);
   m_lastPointRecord = m_jxl.AddCoordinates(point.name, point.note, position);
   m_points.Add(point.name, point.note, position);
-  return true;
 }
 
-bool RawToJxl::OnBacksight(std::wstring_view line) {
-  BK_RECORD backsight;
-  if (!CRawFile::Parse(line, backsight)) return false;
+void RawToJxl::OnBacksight(const BK_RECORD& backsight) {
   // A shot right before it that is to the backsight point was made for the orientation.
   const bool toBacksight =
       m_shot.isPending && ComparedName(m_shot.name) == ComparedName(backsight.backsight);
@@ -303,7 +301,6 @@ bool RawToJxl::OnBacksight(std::wstring_view line) {
       FindHeights(backsight.station), takesShot ? m_shot.readings.horizontal : circle,
       takesShot ? m_shot.position : JxlPosition{});
   JoinOccupiedPoint();
-  return true;
 }
 
 /// What the line of sight before the next shot says, or else the latest one.
@@ -320,9 +317,8 @@ void RawToJxl::JoinOccupiedPoint() {
   m_occupied.isPending = false;
 }
 
-bool RawToJxl::OnShot(std::wstring_view line, bool traverse) {
-  SHOT_RECORD shot;
-  if (!CRawFile::Parse(line, shot) || shot.horizontalKind != HorizontalKind::AngleRight ||
+bool RawToJxl::OnShot(const SHOT_RECORD& shot, bool traverse) {
+  if (shot.horizontalKind != HorizontalKind::AngleRight ||
       shot.verticalKind != VerticalKind::Zenith) {
     return false;
   }
@@ -352,40 +348,28 @@ bool RawToJxl::OnComment(std::wstring_view line) {
   return true;
 }
 
-bool RawToJxl::OnDelete(std::wstring_view line) {
-  NAME_RECORD point;
-  if (!CRawFile::Parse(line, point)) return false;
+void RawToJxl::OnDelete(const NAME_RECORD& point) {
   m_jxl.DeletePoint(point.name);
   m_points.Delete(point.name);
-  return true;
 }
 
-bool RawToJxl::OnScan(std::wstring_view line) {
-  SC_RECORD scan;
-  if (!CRawFile::Parse(line, scan)) return false;
+void RawToJxl::OnScan(SC_RECORD& scan) {
   scan.horizontalStep = Degrees(scan.horizontalStep);
   scan.verticalStep = Degrees(scan.verticalStep);
   m_jxl.AddScanningRecord(m_instrument.Records(), scan);
-  return true;
 }
 
-bool RawToJxl::OnCamera(std::wstring_view line) {
-  CR_RECORD camera;
-  if (!CRawFile::Parse(line, camera)) return false;
+void RawToJxl::OnCamera(CR_RECORD& camera) {
   camera.kappa = Degrees(camera.kappa);
   camera.phi = Degrees(camera.phi);
   camera.omega = Degrees(camera.omega);
   m_camera = m_jxl.AddCameraRecord(camera);
-  return true;
 }
 
-bool RawToJxl::OnImage(std::wstring_view line) {
-  IM_RECORD image;
-  if (!CRawFile::Parse(line, image)) return false;
+void RawToJxl::OnImage(IM_RECORD& image) {
   image.horizontalAngle = Degrees(image.horizontalAngle);
   image.verticalAngle = Degrees(image.verticalAngle);
   m_jxl.AddImageRecord(m_instrument.Records(), m_camera, m_lastPointRecord, image);
-  return true;
 }
 
 double RawToJxl::Degrees(double angle) const {

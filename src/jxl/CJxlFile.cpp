@@ -143,14 +143,6 @@ std::wstring FormatTimeStamp(const platform::LocalTime& time) {
 
 }  // namespace
 
-bool JxlReadings::AreUsable() const {
-  return !IsNull(horizontal) && !IsNull(vertical) && !IsNull(distance);
-}
-
-CJxlFile::CJxlFile(bool bNative) : CFileCE(false), m_bNative(bNative) {}
-
-CJxlFile::~CJxlFile() = default;
-
 bool CJxlFile::Create(const std::wstring& path) {
   if (!Open(path, platform::kCreateOutput)) return false;
   WriteLine(L"<?xml version=\"1.0\" encoding=\"UTF-8\"?>");
@@ -160,7 +152,7 @@ bool CJxlFile::Create(const std::wstring& path) {
 void CJxlFile::BeginDocument(std::wstring_view jobName, std::wstring_view productVersion,
                              const platform::LocalTime& time) {
   m_records.clear();
-  m_lastIndexed = {};
+  m_newPointRecords.clear();
   m_tree = std::make_unique<CXmlTree>("JOBFile");
   m_root = m_tree->Root();
   m_root.AddAttribute("jobName", jobName);
@@ -277,30 +269,21 @@ template <class Fill>
 std::uint32_t CJxlFile::AddPointRecord(const XmlText& name, const XmlText& code,
                                        const PointForm& form, Fill fill) {
   return AddRecord("PointRecord", [&](CXmlElement record) {
-    record.AddChild("Name", name);
+    const CXmlElement nameElement = record.AddChild("Name", name);
     record.AddChild("Code", code);
     record.AddFixedChildren(form);
-    record.AddChild("Deleted", "false");
+    const CXmlElement deleted = record.AddChild("Deleted", "false");
+    m_newPointRecords.emplace_back(nameElement.Index(), deleted.Index());
     fill(record);
   });
 }
 
-/// Adds what has come since the last call.
-void CJxlFile::IndexPointRecords() {
-  CXmlElement record = m_lastIndexed ? m_lastIndexed.NextSibling() : m_fieldBook.FirstChild();
-  for (; record; record = record.NextSibling()) {
-    m_lastIndexed = record;
-    if (record.Name() != "PointRecord") continue;
-    const CXmlElement name = record.FirstChild();
-    CXmlElement deleted = name;
-    while (deleted.Name() != "Deleted") deleted = deleted.NextSibling();
-    m_records[name.Text()].deletedElements.push_back(deleted.Index());
-  }
-}
-
 void CJxlFile::DeletePoint(std::wstring_view name) {
   if (!m_fieldBook) return;
-  IndexPointRecords();
+  for (const auto& [nameElement, deleted] : m_newPointRecords) {
+    m_records[m_tree->Element(nameElement).Text()].deletedElements.push_back(deleted);
+  }
+  m_newPointRecords.clear();
   std::string utf8;
   AppendXmlCharacters(utf8, name);
   const auto entry = m_records.find(utf8);

@@ -12,6 +12,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -44,7 +45,7 @@ struct JxlReadings {
   double vertical = DC_NULL;
   double distance = DC_NULL;
 
-  bool AreUsable() const;
+  bool AreUsable() const { return !IsNull(horizontal) && !IsNull(vertical) && !IsNull(distance); }
 };
 
 /// Ids of the records that a shot was made with; 0 for none.
@@ -64,8 +65,7 @@ struct XmlField {
 class CJxlFile : public CFileCE {
  public:
   /// bNative: the source is a ".raw" or ".rw5" file, which decides the product's name.
-  explicit CJxlFile(bool bNative);
-  ~CJxlFile() override;
+  explicit CJxlFile(bool bNative) : CFileCE(false), m_bNative(bNative) {}
 
   /// Creates the file and writes its first line; false if it can't be created.
   [[nodiscard]] bool Create(const std::wstring& path);
@@ -125,7 +125,6 @@ class CJxlFile : public CFileCE {
   void AddFields(CXmlElement parent, const XmlField<Record> (&table)[count], const Record& record);
   void AddCircle(CXmlElement record, const JxlReadings& readings, const char* face,
                  std::span<const XmlFixedChild> rest);
-  void IndexPointRecords();
   void AddSetup(CXmlElement record, const JxlSetup& setup);
   void AddGrid(CXmlElement parent, const char* name, const JxlPosition& grid);
   void AddId(CXmlElement parent, const char* name, std::uint32_t id);
@@ -147,10 +146,10 @@ class CJxlFile : public CFileCE {
   std::uint32_t m_nextId = 0;
   bool m_bNative;
 
-  // For deletions: the point records of each name, which lives in the tree, up to m_lastIndexed.
-  // Most logs never need it.
+  // For deletions: the point records of each name, which lives in the tree, but for those that have
+  // come since the last one, by their elements "Name" and "Deleted". Most logs have none.
   std::unordered_map<std::string_view, NamedRecords> m_records;
-  CXmlElement m_lastIndexed;
+  std::vector<std::pair<std::uint32_t, std::uint32_t>> m_newPointRecords;
   std::wstring m_number;  // reused
 };
 

@@ -153,22 +153,8 @@ void CXmlElement::SetText(XmlText text) {
   m_tree->m_nodes[m_index].m_text = m_tree->Keep(text);
 }
 
-std::string_view CXmlElement::Name() const {
-  const char* name = m_tree->m_nodes[m_index].m_name;
-  return name == nullptr ? std::string_view() : name;
-}
-
 std::string_view CXmlElement::Text() const {
-  return Name().empty() ? std::string_view() : m_tree->m_nodes[m_index].m_text;
-}
-
-CXmlElement CXmlElement::FirstChild() const {
-  if (Name().empty()) return {};
-  return m_tree->ElementOrNone(m_tree->m_nodes[m_index].m_firstChild);
-}
-
-CXmlElement CXmlElement::NextSibling() const {
-  return m_tree->ElementOrNone(m_tree->m_nodes[m_index].m_nextSibling);
+  return m_tree->m_nodes[m_index].m_text;
 }
 
 void CXmlElement::Write(CFileCE& file, int depth) const {

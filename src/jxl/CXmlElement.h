@@ -66,11 +66,7 @@ class CXmlElement {
   /// Replaces the text.
   void SetText(XmlText text);
   /// As UTF-8, alive as long as the tree.
-  std::string_view Name() const;
   std::string_view Text() const;
-  /// None after the last one. Children from a table count as one that has no name.
-  CXmlElement FirstChild() const;
-  CXmlElement NextSibling() const;
   /// What CXmlTree::Element takes: a handle in four bytes.
   std::uint32_t Index() const { return m_index; }
   /// Writes the element and what is beneath it as lines, indented by four blanks for each step of
@@ -126,9 +122,6 @@ class CXmlTree {
     const char* value;
   };
   const char* Keep(const XmlText& text);
-  CXmlElement ElementOrNone(std::uint32_t index) {
-    return index == kNone ? CXmlElement() : Element(index);
-  }
   std::uint32_t Append(std::uint32_t parent, const Node& node);
   void AppendTo(std::string& out, std::uint32_t index, int depth, CFileCE& file) const;
 
