@@ -18,18 +18,10 @@ constexpr std::size_t kHeldBackLimit = 64 * 1024;
 constexpr char16_t kEndMark = 0x1A;
 
 char16_t CharacterAt(const char* bytes, std::size_t size, bool bBigEndian) {
-  const auto byte = [bytes](std::size_t i) { return static_cast<unsigned char>(bytes[i]); };
-  if (size == 1) return byte(0);
-  return static_cast<char16_t>(bBigEndian ? byte(0) << 8 | byte(1) : byte(1) << 8 | byte(0));
+  return size == 1 ? static_cast<unsigned char>(*bytes) : Utf16UnitAt(bytes, bBigEndian);
 }
 
 }  // namespace
-
-CFileCE::CFileCE(bool bUnicode) : m_bUnicode(bUnicode) {}
-
-CFileCE::~CFileCE() {
-  Close();
-}
 
 bool CFileCE::Open(const std::wstring& path, std::uint32_t flags) {
   if (IsOpen()) return false;
@@ -51,14 +43,6 @@ bool CFileCE::Close() {
   const bool closed = m_File.Close();
   m_bWriteFailed = m_bWriteFailed || !closed;
   return flushed && closed;
-}
-
-bool CFileCE::IsOpen() const {
-  return m_File.IsOpen();
-}
-
-const std::wstring& CFileCE::GetPath() const {
-  return m_strPath;
 }
 
 void CFileCE::SetBufferSize(std::uint32_t kilobytes) {
@@ -97,14 +81,6 @@ bool CFileCE::Write(const void* buffer, std::size_t count) {
   if (count > kHeldBackLimit) return WritePlatform(buffer, count);
   m_strHeldBack.append(static_cast<const char*>(buffer), count);
   return true;
-}
-
-bool CFileCE::HasWriteFailed() const {
-  return m_bWriteFailed;
-}
-
-bool CFileCE::HasReadFailed() const {
-  return m_bReadFailed;
 }
 
 bool CFileCE::ReadLine(std::wstring& text) {
@@ -175,18 +151,6 @@ bool CFileCE::Seek(std::int64_t offset, platform::SeekFrom from) {
   const auto position = m_File.Seek(target, platform::SeekFrom::Begin);
   m_nCachedPos = position.value_or(kUnknown);
   return position.has_value();
-}
-
-bool CFileCE::SeekToBegin() {
-  return SeekTo(0);
-}
-
-bool CFileCE::SeekToEnd() {
-  return Seek(0, platform::SeekFrom::End);
-}
-
-bool CFileCE::SeekTo(std::int64_t position) {
-  return Seek(position, platform::SeekFrom::Begin);
 }
 
 std::int64_t CFileCE::GetLength() {
@@ -275,9 +239,7 @@ void CFileCE::Widen(std::wstring& text, std::string_view line) const {
   if (!m_bUnicode) return platform::AppendWide(text, line);
   std::u16string units(line.size() / 2, u'\0');
   for (std::size_t i = 0; i < units.size(); ++i) {
-    const auto low = static_cast<unsigned char>(line[2 * i]);
-    const auto high = static_cast<unsigned char>(line[2 * i + 1]);
-    units[i] = static_cast<char16_t>(low | (high << 8));
+    units[i] = Utf16UnitAt(line.data() + 2 * i, false);
   }
   AssignUtf16(text, units);
 }
@@ -293,12 +255,7 @@ bool CFileCE::PrepareWrite() {
 
 void CFileCE::AppendForFile(std::wstring_view text) {
   if (!m_bUnicode) return platform::AppendNarrow(m_strHeldBack, text);
-  std::u16string units(2 * text.size(), u'\0');
-  units.resize(EncodeUtf16(text, units));
-  for (const char16_t unit : units) {
-    m_strHeldBack.push_back(static_cast<char>(unit & 0xFF));
-    m_strHeldBack.push_back(static_cast<char>(unit >> 8));
-  }
+  AppendUtf16(m_strHeldBack, text, false);
 }
 
 bool CFileCE::WritePlatform(const void* buffer, std::size_t count) {

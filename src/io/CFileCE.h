@@ -18,8 +18,8 @@ namespace zelconvert {
 class CFileCE {
  public:
   /// bUnicode: lines are UTF-16LE in the file, else 8-bit text of the platform.
-  explicit CFileCE(bool bUnicode = false);
-  virtual ~CFileCE();
+  explicit CFileCE(bool bUnicode = false) : m_bUnicode(bUnicode) {}
+  virtual ~CFileCE() { Close(); }
   CFileCE(const CFileCE&) = delete;
   CFileCE& operator=(const CFileCE&) = delete;
 
@@ -27,9 +27,9 @@ class CFileCE {
   bool Open(const std::wstring& path, std::uint32_t flags);
   /// True if not open. False if the close, or a write that was still held back, failed.
   bool Close();
-  [[nodiscard]] bool IsOpen() const;
+  [[nodiscard]] bool IsOpen() const { return m_File.IsOpen(); }
   /// The path of the last successful Open.
-  const std::wstring& GetPath() const;
+  const std::wstring& GetPath() const { return m_strPath; }
   /// Replaces the read-ahead buffer; 0 reads without one.
   void SetBufferSize(std::uint32_t kilobytes);
 
@@ -47,9 +47,9 @@ class CFileCE {
   /// blocks: a full disk may show at a later call, at Close, and in HasWriteFailed.
   bool Write(const void* buffer, std::size_t count);
   /// True once any write, flush or close has failed since Open.
-  bool HasWriteFailed() const;
+  bool HasWriteFailed() const { return m_bWriteFailed; }
   /// True once the system has failed a read since Open; the reader above saw the end of the file.
-  bool HasReadFailed() const;
+  bool HasReadFailed() const { return m_bReadFailed; }
 
   /// The next line without its line end (LF or CR LF), in `text`, whose memory is reused. False at
   /// the end mark or the end of the file; a last line without line end is a line, and keeps a CR at
@@ -67,9 +67,9 @@ class CFileCE {
   /// False, with the position as it was, for a target below 0. Past the end is no error.
   bool Seek(std::int64_t offset, platform::SeekFrom from);
   /// Shorter words for Seek.
-  bool SeekToBegin();
-  bool SeekToEnd();
-  bool SeekTo(std::int64_t position);
+  bool SeekToBegin() { return SeekTo(0); }
+  bool SeekToEnd() { return Seek(0, platform::SeekFrom::End); }
+  bool SeekTo(std::int64_t position) { return Seek(position, platform::SeekFrom::Begin); }
   /// Bytes, with those held back; 0 if not open.
   std::int64_t GetLength();
 

@@ -55,11 +55,10 @@ bool CParser::GetInt(std::int32_t& value) {
 }
 
 bool CParser::GetInt16(std::int16_t& value) {
-  if (!GetField(m_strField)) return false;
-  std::int32_t wide = 0;
-  const bool ok = ReadSigned(m_strField, wide);
+  std::int32_t wide = value;
+  const bool ok = GetInt(wide);
   value = static_cast<std::int16_t>(wide);
-  return Check(ok);
+  return ok;
 }
 
 bool CParser::GetUnsigned(std::uint32_t& value) {
@@ -67,11 +66,10 @@ bool CParser::GetUnsigned(std::uint32_t& value) {
 }
 
 bool CParser::GetUnsigned16(std::uint16_t& value) {
-  if (!GetField(m_strField)) return false;
-  std::uint32_t wide = 0;
-  const bool ok = ReadUnsigned(m_strField, wide);
+  std::uint32_t wide = value;
+  const bool ok = GetUnsigned(wide);
   value = static_cast<std::uint16_t>(wide);
-  return Check(ok);
+  return ok;
 }
 
 bool CParser::TakeField(std::wstring_view& field) {

@@ -31,7 +31,7 @@ std::string_view Mark(CTextFile::Encoding encoding) {
 }
 
 // In UTF-16 units whatever the platform's characters are.
-void AppendUnits(std::wstring& out, char32_t character) {
+void AppendCharacter(std::wstring& out, char32_t character) {
   if (character >= 0x10000) {
     out.push_back(static_cast<wchar_t>(0xD800 + ((character - 0x10000) >> 10)));
     character = 0xDC00 + ((character - 0x10000) & 0x3FF);
@@ -58,18 +58,8 @@ void AppendDecodedUtf8(std::wstring& out, std::string_view bytes) {
     bytes.remove_prefix(plain);
     if (bytes.empty()) return;
     const platform::Utf8Character next = platform::DecodeUtf8(bytes);
-    AppendUnits(out, next.character);
+    AppendCharacter(out, next.character);
     bytes.remove_prefix(next.length);
-  }
-}
-
-void AppendEncodedUtf16(std::string& out, std::wstring_view text, bool bBigEndian) {
-  std::u16string units(2 * text.size(), u'\0');
-  units.resize(EncodeUtf16(text, units));
-  for (const char16_t unit : units) {
-    const char bytes[] = {static_cast<char>(unit & 0xFF), static_cast<char>(unit >> 8)};
-    out.push_back(bytes[bBigEndian]);
-    out.push_back(bytes[!bBigEndian]);
   }
 }
 
@@ -240,7 +230,7 @@ void CTextFile::AppendChunk(std::string_view chunk) {
       return AppendDecodedUtf8(m_strBuffer, chunk);
     case kUtf16LittleEndian:
     case kUtf16BigEndian:
-      return AppendUtf16(chunk);
+      return AppendUnits(chunk);
     default:
       return AppendAnsi(chunk);
   }
@@ -256,12 +246,9 @@ void CTextFile::AppendAnsi(std::string_view chunk) {
 }
 
 // An odd byte at the end of the file is dropped.
-void CTextFile::AppendUtf16(std::string_view chunk) {
-  const std::size_t low = m_Encoding == kUtf16BigEndian ? 1 : 0;
+void CTextFile::AppendUnits(std::string_view chunk) {
   for (std::size_t i = 0; i + 1 < chunk.size(); i += 2) {
-    const auto lowByte = static_cast<unsigned char>(chunk[i + low]);
-    const auto highByte = static_cast<unsigned char>(chunk[i + 1 - low]);
-    m_strBuffer.push_back(static_cast<wchar_t>(lowByte | (highByte << 8)));
+    m_strBuffer.push_back(Utf16UnitAt(chunk.data() + i, m_Encoding == kUtf16BigEndian));
   }
 }
 
@@ -297,7 +284,7 @@ void CTextFile::WriteEncoded(std::wstring_view text) {
       return AppendUtf8(m_strWrite, text);
     case kUtf16LittleEndian:
     case kUtf16BigEndian:
-      return AppendEncodedUtf16(m_strWrite, text, m_Encoding == kUtf16BigEndian);
+      return AppendUtf16(m_strWrite, text, m_Encoding == kUtf16BigEndian);
     default:
       return platform::AppendNarrow(m_strWrite, text);
   }

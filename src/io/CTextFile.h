@@ -80,7 +80,7 @@ class CTextFile {
   bool ReadChunk();
   void AppendChunk(std::string_view chunk);
   void AppendAnsi(std::string_view chunk);
-  void AppendUtf16(std::string_view chunk);
+  void AppendUnits(std::string_view chunk);
   std::size_t WholeSequences(std::string_view chunk) const;
   void WriteLines(std::wstring_view piece, bool bSplit);
   void WriteEncoded(std::wstring_view text);

@@ -212,12 +212,8 @@ ParsedInteger ParseInteger(std::wstring_view text, int base) {
     if (!saturated) value = value * radix + digit;
   }
   if (at == first) return {};
-  if (saturated) {
-    return {negative ? std::numeric_limits<std::int64_t>::min()
-                     : std::numeric_limits<std::int64_t>::max(),
-            at};
-  }
-  return {negative ? -static_cast<std::int64_t>(value) : static_cast<std::int64_t>(value), at};
+  const auto magnitude = static_cast<std::int64_t>(saturated ? kMax : value);
+  return {negative ? -magnitude : magnitude, at};
 }
 
 double ToReal(std::wstring_view text) {
@@ -228,10 +224,6 @@ std::int32_t ToInteger(std::wstring_view text, int base) {
   using Limits = std::numeric_limits<std::int32_t>;
   const std::int64_t value = ParseInteger(text, base).value;
   return static_cast<std::int32_t>(std::clamp<std::int64_t>(value, Limits::min(), Limits::max()));
-}
-
-void AppendFixed(std::wstring& out, double value, int decimals) {
-  WithFixed(value, decimals, [&](std::string_view digits) { AppendAscii(out, digits); });
 }
 
 void AppendFixed(std::wstring& out, double value, int decimals, std::size_t width) {

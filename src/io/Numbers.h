@@ -16,7 +16,7 @@ struct ParsedReal {
   bool overflow = false;     ///< value is then plus or minus infinity's stand-in, HUGE_VAL
 };
 struct ParsedInteger {
-  std::int64_t value = 0;  ///< not saturated to 32 bits yet; saturated to 64
+  std::int64_t value = 0;  ///< saturated to plus or minus the largest of 64 bits
   std::size_t consumed = 0;
 };
 
@@ -31,10 +31,9 @@ double ToReal(std::wstring_view text);
 /// Likewise, saturated to 32 bits.
 std::int32_t ToInteger(std::wstring_view text, int base = 10);
 
-/// Appends what printf("%.*f") gives, all digits of a large value included.
-void AppendFixed(std::wstring& out, double value, int decimals);
-/// Appends what printf("%*.*f") gives: right-justified in `width`, longer if it has to be.
-void AppendFixed(std::wstring& out, double value, int decimals, std::size_t width);
+/// Appends what printf("%*.*f") gives, all digits of a large value included: right-justified in
+/// `width`, longer if it has to be.
+void AppendFixed(std::wstring& out, double value, int decimals, std::size_t width = 0);
 /// Appends what printf("%lld") gives.
 void AppendInteger(std::wstring& out, std::int64_t value);
 /// Appends the value, 0 to 99, as two digits.

@@ -119,6 +119,16 @@ std::size_t EncodeUtf16(std::wstring_view text, std::span<char16_t> units) {
   return used;
 }
 
+void AppendUtf16(std::string& out, std::wstring_view text, bool bBigEndian) {
+  std::u16string units(2 * text.size(), u'\0');
+  units.resize(EncodeUtf16(text, units));
+  for (const char16_t unit : units) {
+    const char bytes[] = {static_cast<char>(unit & 0xFF), static_cast<char>(unit >> 8)};
+    out.push_back(bytes[bBigEndian]);
+    out.push_back(bytes[!bBigEndian]);
+  }
+}
+
 void AssignUtf16(std::wstring& text, std::u16string_view units) {
   text.clear();
   for (std::size_t i = 0; i < units.size(); ++i) {

@@ -92,7 +92,15 @@ void AppendUtf8(std::string& out, std::wstring_view text);
 /// Wide text as UTF-16 units: as many as fit in `units` without ending inside a surrogate pair.
 /// A code point outside Unicode becomes U+FFFD. Returns the number of units.
 std::size_t EncodeUtf16(std::wstring_view text, std::span<char16_t> units);
-/// The other way. Pairs are joined where wchar_t has 32 bits; a lone surrogate is kept.
+/// The same as bytes, all of it.
+void AppendUtf16(std::string& out, std::wstring_view text, bool bBigEndian);
+/// The unit that stands in two bytes.
+constexpr char16_t Utf16UnitAt(const char* bytes, bool bBigEndian) {
+  const auto low = static_cast<unsigned char>(bytes[bBigEndian ? 1 : 0]);
+  const auto high = static_cast<unsigned char>(bytes[bBigEndian ? 0 : 1]);
+  return static_cast<char16_t>(high << 8 | low);
+}
+/// From units. Pairs are joined where wchar_t has 32 bits; a lone surrogate is kept.
 void AssignUtf16(std::wstring& text, std::u16string_view units);
 
 }  // namespace zelconvert

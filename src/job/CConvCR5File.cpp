@@ -95,13 +95,6 @@ int CompareNumbers(const void* a, const void* b) {
   return left == right ? 0 : left > right ? 1 : -1;
 }
 
-bool IsBelow(RecordPointer a, RecordPointer b) {
-  return NumberOf(a) < NumberOf(b);
-}
-bool IsEqual(RecordPointer a, RecordPointer b) {
-  return NumberOf(a) == NumberOf(b);
-}
-
 std::vector<RecordPointer> PointersTo(const std::vector<Cr5RecordBlock>& records) {
   std::vector<RecordPointer> pointers(records.size());
   std::transform(records.begin(), records.end(), pointers.begin(),
@@ -113,10 +106,8 @@ std::vector<RecordPointer> PointersTo(const std::vector<Cr5RecordBlock>& records
 // number stand in the order that CQuickSort leaves them in.
 std::vector<RecordPointer> Sort(const std::vector<Cr5RecordBlock>& records) {
   std::vector<RecordPointer> sorted = PointersTo(records);
-  if (!std::is_sorted(sorted.begin(), sorted.end(), IsBelow)) {
-    std::sort(sorted.begin(), sorted.end(), IsBelow);
-  }
-  if (std::adjacent_find(sorted.begin(), sorted.end(), IsEqual) == sorted.end()) return sorted;
+  if (!std::ranges::is_sorted(sorted, {}, NumberOf)) std::ranges::sort(sorted, {}, NumberOf);
+  if (std::ranges::adjacent_find(sorted, {}, NumberOf) == sorted.end()) return sorted;
   sorted = PointersTo(records);
   CQuickSort::Sort(sorted.data(), sorted.size(), sizeof(RecordPointer), CompareNumbers);
   return sorted;
