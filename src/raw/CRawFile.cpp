@@ -1,5 +1,6 @@
 #include "raw/CRawFile.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <initializer_list>
@@ -13,32 +14,14 @@
 namespace zelconvert {
 namespace {
 
-struct RawTag {
-  RawRecordType type;
-  wchar_t tag[3];
-};
-constexpr RawTag kTags[] = {
-    {RawRecordType::AA, L"AA"}, {RawRecordType::BK, L"BK"}, {RawRecordType::CF, L"CF"},
-    {RawRecordType::JB, L"JB"}, {RawRecordType::LS, L"LS"}, {RawRecordType::MD, L"MD"},
-    {RawRecordType::MO, L"MO"}, {RawRecordType::OC, L"OC"}, {RawRecordType::OF, L"OF"},
-    {RawRecordType::RD, L"RD"}, {RawRecordType::RS, L"RS"}, {RawRecordType::SK, L"SK"},
-    {RawRecordType::SP, L"SP"}, {RawRecordType::SS, L"SS"}, {RawRecordType::SU, L"SU"},
-    {RawRecordType::TR, L"TR"}, {RawRecordType::RE, L"RE"}, {RawRecordType::GS, L"GS"},
-    {RawRecordType::BP, L"BP"}, {RawRecordType::LH, L"LH"}, {RawRecordType::EP, L"EP"},
-    {RawRecordType::CV, L"CV"}, {RawRecordType::RF, L"RF"}, {RawRecordType::RB, L"RB"},
-    {RawRecordType::SL, L"SL"}, {RawRecordType::SR, L"SR"}, {RawRecordType::RX, L"RX"},
-    {RawRecordType::EQ, L"EQ"}, {RawRecordType::AH, L"AH"}, {RawRecordType::BL, L"BL"},
-    {RawRecordType::GP, L"GP"}, {RawRecordType::GO, L"GO"}, {RawRecordType::ES, L"ES"},
-    {RawRecordType::ST, L"ST"}, {RawRecordType::PJ, L"PJ"}, {RawRecordType::PE, L"PE"},
-    {RawRecordType::DT, L"DT"}, {RawRecordType::DG, L"DG"}, {RawRecordType::HA, L"HA"},
-    {RawRecordType::VA, L"VA"}, {RawRecordType::CS, L"CS"}, {RawRecordType::LM, L"LM"},
-    {RawRecordType::CT, L"CT"}, {RawRecordType::AP, L"AP"}, {RawRecordType::SD, L"SD"},
-    {RawRecordType::OE, L"OE"}, {RawRecordType::DP, L"DP"}, {RawRecordType::DE, L"DE"},
-    {RawRecordType::GK, L"GK"}, {RawRecordType::OB, L"OB"}, {RawRecordType::CG, L"CG"},
-    {RawRecordType::EE, L"EE"}, {RawRecordType::RP, L"RP"}, {RawRecordType::SC, L"SC"},
-    {RawRecordType::CR, L"CR"}, {RawRecordType::IM, L"IM"}, {RawRecordType::GQ, L"GQ"},
-    {RawRecordType::SG, L"SG"},
-};
+/// By RawRecordType; empty for the types that no two letters tell.
+constexpr wchar_t kTags[kRawRecordTypes][3] = {
+    L"AA", L"BK", L"CF", L"",   L"JB", L"LS", L"MD", L"MO", L"",   L"OC", L"OF", L"RD", L"RS",
+    L"SK", L"SP", L"SS", L"SU", L"TR", L"",   L"RE", L"",   L"",   L"",   L"",   L"GS", L"BP",
+    L"",   L"",   L"LH", L"",   L"EP", L"",   L"",   L"",   L"CV", L"RF", L"RB", L"SL", L"SR",
+    L"RX", L"EQ", L"AH", L"BL", L"GP", L"GO", L"",   L"",   L"ES", L"ST", L"PJ", L"PE", L"DT",
+    L"DG", L"HA", L"VA", L"CS", L"LM", L"CT", L"AP", L"SD", L"OE", L"DP", L"DE", L"GK", L"OB",
+    L"CG", L"EE", L"RP", L"SC", L"CR", L"IM", L"GQ", L"SG"};
 
 constexpr std::size_t kLetters = 26;
 
@@ -53,7 +36,10 @@ constexpr std::size_t LetterPair(wchar_t first, wchar_t second) {
 constexpr auto kTypeOfLetters = [] {
   std::array<RawRecordType, kLetters * kLetters> types{};
   for (RawRecordType& type : types) type = RawRecordType::Other;
-  for (const RawTag& tag : kTags) types[LetterPair(tag.tag[0], tag.tag[1])] = tag.type;
+  for (std::size_t type = 0; type < std::size(kTags); ++type) {
+    const auto [first, second, end] = kTags[type];
+    if (first != L'\0') types[LetterPair(first, second)] = static_cast<RawRecordType>(type);
+  }
   return types;
 }();
 
@@ -89,30 +75,9 @@ bool ReadVertical(const RawFields& fields, SHOT_RECORD& shot) {
 /// Readers of the logs take a line into a buffer of 512 characters.
 constexpr std::size_t kLongestRecord = 511;
 
-/// One place of a format: "%", an optional "0", a width, a type of one or two letters.
-struct Place {
-  bool zeros = false;
-  std::size_t width = 0;
-};
-
-/// Skips the place at the start of `format`, which begins with "%".
-Place TakePlace(std::wstring_view& format) {
-  Place place;
-  format.remove_prefix(1);
-  while (!format.empty() && IsDigit(format.front())) {
-    if (format.front() == L'0' && place.width == 0) {
-      place.zeros = true;
-    } else {
-      place.width = place.width * 10 + static_cast<std::size_t>(format.front() - L'0');
-    }
-    format.remove_prefix(1);
-  }
-  if (!format.empty() && format.front() == L'l') format.remove_prefix(1);
-  if (!format.empty()) format.remove_prefix(1);
-  return place;
-}
-
-void AppendArgument(std::wstring& line, const Place& place, const RawArgument& argument) {
+/// `place`: what stands between "%" and the last letter of its type; an integer's is its width,
+/// with "0" in front to be filled up with zeros.
+void AppendArgument(std::wstring& line, std::wstring_view place, const RawArgument& argument) {
   if (const auto* text = std::get_if<std::wstring_view>(&argument)) {
     line += *text;
   } else if (const auto* real = std::get_if<double>(&argument)) {
@@ -121,23 +86,24 @@ void AppendArgument(std::wstring& line, const Place& place, const RawArgument& a
     line += *character;
   } else {
     const std::wstring digits = FormatInteger(std::get<std::int32_t>(argument));
-    if (place.zeros && digits.size() < place.width) line.append(place.width - digits.size(), L'0');
-    AppendRight(line, digits, place.zeros ? 0 : place.width);
+    const auto width = static_cast<std::size_t>(ToInteger(place));
+    const wchar_t fill = place.starts_with(L'0') ? L'0' : L' ';
+    line.append(width - std::min(width, digits.size()), fill).append(digits);
   }
 }
 
 std::wstring FormatRecord(std::wstring_view format, std::initializer_list<RawArgument> arguments) {
   std::wstring line;
-  const RawArgument* next = arguments.begin();
-  while (!format.empty()) {
-    const std::size_t percent = format.find(L'%');
-    line += format.substr(0, percent);
-    if (percent == std::wstring_view::npos) break;
-    format.remove_prefix(percent);
-    const Place place = TakePlace(format);
-    if (next != arguments.end()) AppendArgument(line, place, *next++);
+  std::size_t start = 0;
+  for (const RawArgument& argument : arguments) {
+    const std::size_t place = format.find(L'%', start);
+    if (place == std::wstring_view::npos) break;
+    const std::size_t type = format.find_first_of(L"scfd", place);
+    line += format.substr(start, place - start);
+    AppendArgument(line, format.substr(place + 1, type - place - 1), argument);
+    start = type + 1;
   }
-  return line;
+  return line.append(format.substr(start));
 }
 
 /// A scale factor: at most six decimals, at least one ("0.99987", "1.0").
@@ -266,10 +232,10 @@ bool CRawFile::Parse(std::wstring_view line, GP_RECORD& point) {
   const RawFields fields(line);
   std::wstring_view kind;
   if (!fields.Find(L"PN", point.name) || !fields.Find(L"PT", kind)) return false;
-  point.kind = GpsPointKind::Control;
-  for (const GpsPointKindText& known : kGpsPointKinds) {
-    if (known.text == kind) point.kind = known.kind;
-  }
+  const auto* found = std::find(std::begin(kGpsPointKinds), std::end(kGpsPointKinds), kind);
+  const bool isKnown = !kind.empty() && found != std::end(kGpsPointKinds);
+  point.kind = isKnown ? static_cast<GpsPointKind>(found - std::begin(kGpsPointKinds))
+                       : GpsPointKind::Control;
   return true;
 }
 

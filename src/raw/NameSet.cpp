@@ -1,18 +1,14 @@
 #include "raw/NameSet.h"
 
-#include <cstdint>
 #include <functional>
+
+#include "io/Strings.h"
 
 namespace zelconvert {
 
-/// Seven bits a byte, the lowest first; all but the last byte of a character have the high bit.
 void NameSet::Encode(std::wstring_view name) const {
   m_key.clear();
-  for (const wchar_t c : name) {
-    auto rest = static_cast<std::uint32_t>(c);
-    for (; rest >= 0x80; rest >>= 7) m_key += static_cast<char>((rest & 0x7F) | 0x80);
-    m_key += static_cast<char>(rest);
-  }
+  AppendUtf8(m_key, name);
 }
 
 std::string_view NameSet::Name(std::size_t index) const {

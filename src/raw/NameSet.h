@@ -24,10 +24,10 @@ class NameSet {
   std::size_t FindSlot(std::string_view key) const;
   void Grow();
 
-  std::string m_pool;                // the names in a byte form, one after the other
+  std::string m_pool;                // the names in UTF-8, one after the other
   std::vector<std::size_t> m_ends;   // where each name ends in the pool
   std::vector<std::size_t> m_slots;  // open addressing; 0 is free, else 1 + the name's index
-  mutable std::string m_key;         // the byte form of the name that is looked for
+  mutable std::string m_key;         // the name in UTF-8 that is looked for
 };
 
 }  // namespace zelconvert

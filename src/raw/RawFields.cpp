@@ -15,21 +15,21 @@ bool RawFields::IsTagAt(std::size_t comma, FieldTag tag) const {
          m_record[comma + 2] == tag[1];
 }
 
+/// The comma after `comma`, which is the i-th; npos after the last.
+std::size_t RawFields::NextComma(std::size_t i, std::size_t comma) const {
+  if (i + 1 < m_count) return m_commas[i + 1];
+  return m_count < kIndexed ? std::wstring_view::npos : m_record.find(L',', comma + 1);
+}
+
 bool RawFields::Find(FieldTag tag, std::wstring_view& value) const {
-  for (std::size_t i = 0; i < m_count; ++i) {
-    if (!IsTagAt(m_commas[i], tag)) continue;
-    const std::size_t start = m_commas[i] + 3;
-    const std::size_t end = i + 1 < m_count ? m_commas[i + 1] : m_record.find(L',', start);
-    value = m_record.substr(start, end == std::wstring_view::npos ? end : end - start);
-    return true;
-  }
-  if (m_count < kIndexed) return false;
-  for (std::size_t comma = m_record.find(L',', m_commas.back() + 1);
-       comma != std::wstring_view::npos; comma = m_record.find(L',', comma + 1)) {
-    if (!IsTagAt(comma, tag)) continue;
-    const std::size_t start = comma + 3;
-    value = m_record.substr(start, m_record.find(L',', start) - start);
-    return true;
+  std::size_t comma = m_count == 0 ? std::wstring_view::npos : m_commas[0];
+  for (std::size_t i = 0; comma != std::wstring_view::npos; ++i) {
+    const std::size_t next = NextComma(i, comma);
+    if (IsTagAt(comma, tag)) {
+      value = m_record.substr(comma + 3, next - comma - 3);
+      return true;
+    }
+    comma = next;
   }
   return false;
 }

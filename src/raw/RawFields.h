@@ -33,6 +33,7 @@ class RawFields {
 
  private:
   bool IsTagAt(std::size_t comma, FieldTag tag) const;
+  std::size_t NextComma(std::size_t i, std::size_t comma) const;
 
   /// More than any record has; commas beyond are looked for when they are needed.
   static constexpr std::size_t kIndexed = 24;

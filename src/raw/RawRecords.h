@@ -505,20 +505,10 @@ enum class GpsPointKind : std::uint8_t {
   StakeOut = 6,
   UserInput = 8,
 };
-struct GpsPointKindText {
-  std::wstring_view text;
-  GpsPointKind kind;
-};
-inline constexpr GpsPointKindText kGpsPointKinds[] = {
-    {L"USER_INPUT", GpsPointKind::UserInput},
-    {L"CONTROL", GpsPointKind::Control},
-    {L"CHECK", GpsPointKind::Check},
-    {L"DATA", GpsPointKind::Data},
-    {L"OFFSET", GpsPointKind::Offset},
-    {L"FEATURE", GpsPointKind::Feature},
-    {L"REMOTE_ELEV", GpsPointKind::RemoteElevation},
-    {L"STAKE_OUT", GpsPointKind::StakeOut},
-};
+/// By GpsPointKind; 7 has no text.
+inline constexpr std::wstring_view kGpsPointKinds[] = {L"CONTROL",   L"CHECK",   L"DATA",
+                                                       L"OFFSET",    L"FEATURE", L"REMOTE_ELEV",
+                                                       L"STAKE_OUT", {},         L"USER_INPUT"};
 
 struct GP_RECORD {
   std::wstring_view name;

@@ -2,9 +2,21 @@
 
 #include <cmath>
 
-#include "io/Units.h"
-
 namespace zelconvert {
+
+double ToldAzimuth(HorizontalKind kind, double value, double backsight, AngularUnit unit) {
+  const double ahead = backsight + FullCircle(unit) / 2;
+  switch (kind) {
+    case HorizontalKind::AngleLeft:
+      return backsight - value;
+    case HorizontalKind::DeflectionRight:
+      return ahead + value;
+    case HorizontalKind::DeflectionLeft:
+      return ahead - value;
+    default:
+      return value;
+  }
+}
 
 ReducedShot ReduceShot(double stationNorth, double stationEast, const PolarShot& shot) {
   const auto& [azimuth, zenith, slopeDistance, scale] = shot;

@@ -1,6 +1,9 @@
 // Where a shot leads from its station, as far as the routes from raw logs agree on it.
 #pragma once
 
+#include "io/Units.h"
+#include "raw/RawRecords.h"
+
 namespace zelconvert {
 
 /// Angles in radians, the azimuth from north; DC_NULL for what isn't known.
@@ -17,6 +20,10 @@ struct ReducedShot {
   double east;
   double rise;  ///< from the instrument to the target
 };
+
+/// The azimuth that a shot of some other kind than AngleRight tells by `value`, both reckoned in
+/// `unit` and nothing wrapped. `backsight`: the azimuth of the backsight.
+double ToldAzimuth(HorizontalKind kind, double value, double backsight, AngularUnit unit);
 
 /// Of a shot from a station at these coordinates, of which both count: one alone is as good as
 /// none.

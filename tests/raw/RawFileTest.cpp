@@ -388,7 +388,7 @@ TEST_F(RawWriters, WriteEveryRecord) {
 }
 
 TEST_F(RawWriters, FormatPlaces) {
-  raw.WriteRecord(L"%s|%ld|%02d|%10d|%c|%lf|%s", {std::wstring_view(L"text"), 7, 7, 7, L'c', 1.5});
+  raw.WriteRecord(L"%s|%ld|%02d|%10d|%c|%lf|", {std::wstring_view(L"text"), 7, 7, 7, L'c', 1.5});
   EXPECT_EQ(Written(), "text|7|07|         7|c|1.500000|\r\n");
 }
 

@@ -29,6 +29,18 @@ constexpr double kInchesPerFoot = 12;
 constexpr std::size_t kNoteLength = 16;
 constexpr std::size_t kFigureNameLength = 9;
 
+/// What a mark appends to the next point's note, or the line that it becomes.
+struct MarkEffect {
+  NoteMark mark;
+  std::wstring_view suffix;
+  std::wstring_view line;
+};
+constexpr MarkEffect kMarkEffects[] = {
+    {NoteMark::BEG, L" ST", {}},  {NoteMark::C2, L" PC", {}},     {NoteMark::C3, L" PC", {}},
+    {NoteMark::JN, L" JP", {}},   {NoteMark::JP, L" ST JPT", {}}, {NoteMark::JFS, {}, L" JFS"},
+    {NoteMark::JNS, {}, L" JNS"}, {NoteMark::JT, {}, L" JPT"},
+};
+
 // A field that the record lacks: no text of a log reads as NaN.
 constexpr double kUnread = std::numeric_limits<double>::quiet_NaN();
 bool WasRead(double value) {
@@ -265,43 +277,17 @@ bool RawToSdr::OnStored(std::wstring_view record) {
 bool RawToSdr::OnComment(std::wstring_view record) {
   const std::wstring_view text = Mid(record, 2);
   std::wstring_view value;
-  std::wstring line;
-  switch (ParseNoteMark(text, value)) {
-    case NoteMark::BEG:
-      m_pendingSuffix = L" ST";
-      break;
-    case NoteMark::C2:
-      m_pendingSuffix = L" PC";
-      m_curveCountdown = value.empty() ? 2 : ToInteger(value);
-      break;
-    case NoteMark::C3:
-      m_pendingSuffix = L" PC";
-      m_curveCountdown = 3;
-      break;
-    case NoteMark::JFS:
-      line = L" JFS";
-      break;
-    case NoteMark::JN:
-      m_pendingSuffix = L" JP";
-      break;
-    case NoteMark::JNS:
-      line = L" JNS";
-      break;
-    case NoteMark::JP:
-      m_pendingSuffix = L" ST JPT";
-      m_pendingSuffix += Left(value, kFigureNameLength);
-      break;
-    case NoteMark::JT:
-      line = L" JPT";
-      line += Left(value, kFigureNameLength);
-      break;
-    case NoteMark::SS:
-      m_joinCountdown = 2;
-      break;
-    default:
-      break;
+  const NoteMark mark = ParseNoteMark(text, value);
+  const std::wstring_view figure = Left(value, kFigureNameLength);
+  for (const MarkEffect& effect : kMarkEffects) {
+    if (effect.mark != mark) continue;
+    if (!effect.suffix.empty()) m_pendingSuffix = effect.suffix;
+    if (!effect.line.empty()) m_sdr.WriteLine(std::wstring(effect.line).append(figure));
   }
-  if (!line.empty()) m_sdr.WriteLine(line);
+  if (mark == NoteMark::JP) m_pendingSuffix += figure;
+  if (mark == NoteMark::C2) m_curveCountdown = value.empty() ? 2 : ToInteger(value);
+  if (mark == NoteMark::C3) m_curveCountdown = 3;
+  if (mark == NoteMark::SS) m_joinCountdown = 2;
   return Put(SdrNote{text});
 }
 
@@ -332,31 +318,19 @@ bool RawToSdr::ConvertShot(std::wstring_view record, RawRecordType type) {
 // All kinds but the circle reading itself give an azimuth first; the circle then counts from the
 // backsight.
 void RawToSdr::ReadHorizontal(std::wstring_view record, const SHOT_RECORD& shot) {
+  const HorizontalKind kind = shot.horizontalKind;
   const bool read = WasRead(shot.horizontal);
   const double value = read ? Angle(shot.horizontal) : 0;
-  double azimuth = 0;
-  switch (shot.horizontalKind) {
-    case HorizontalKind::AngleRight:
-      m_horizontal = value;
-      return;
-    case HorizontalKind::Azimuth:
-      azimuth = read ? NorthAzimuth(value) : 0;
-      break;
-    case HorizontalKind::Bearing: {
-      std::wstring_view bearing;
-      CRawFile::GetField(record, L"BR", bearing);
-      azimuth = ParseBearing(bearing, m_angles);
-      break;
-    }
-    case HorizontalKind::AngleLeft:
-      azimuth = m_backsightAzimuth - value;
-      break;
-    case HorizontalKind::DeflectionRight:
-      azimuth = m_backsightAzimuth + HalfCircle() + value;
-      break;
-    case HorizontalKind::DeflectionLeft:
-      azimuth = m_backsightAzimuth + HalfCircle() - value;
-      break;
+  if (kind == HorizontalKind::AngleRight) {
+    m_horizontal = value;
+    return;
+  }
+  double azimuth = ToldAzimuth(kind, value, m_backsightAzimuth, m_angles);
+  if (kind == HorizontalKind::Azimuth && read) azimuth = NorthAzimuth(value);
+  if (kind == HorizontalKind::Bearing) {
+    std::wstring_view bearing;
+    CRawFile::GetField(record, L"BR", bearing);
+    azimuth = ParseBearing(bearing, m_angles);
   }
   m_circle = 0;
   m_horizontal = Computed(azimuth - m_backsightAzimuth, azimuth, m_backsightAzimuth, value);

@@ -1,42 +1,37 @@
 #include "raw/sdr/NoteMarks.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "io/Strings.h"
 
 namespace zelconvert {
 namespace {
 
-struct MarkName {
-  std::wstring_view text;
-  NoteMark mark;
-};
-constexpr MarkName kMarks[] = {
-    {L"BEG", NoteMark::BEG}, {L"END", NoteMark::END}, {L"CP1", NoteMark::CP1},
-    {L"CP2", NoteMark::CP2}, {L"CP3", NoteMark::CP3}, {L"JFS", NoteMark::JFS},
-    {L"JNS", NoteMark::JNS}, {L"BC", NoteMark::BC},   {L"EC", NoteMark::EC},
-    {L"C2", NoteMark::C2},   {L"C3", NoteMark::C3},   {L"JN", NoteMark::JN},
-    {L"JP", NoteMark::JP},   {L"JT", NoteMark::JT},   {L"R3", NoteMark::R3},
-    {L"SS", NoteMark::SS},
-};
-constexpr MarkName kMarksWithValue[] = {
-    {L"C2", NoteMark::C2}, {L"JP", NoteMark::JP}, {L"JT", NoteMark::JT}};
+/// By NoteMark, from BEG on.
+constexpr std::wstring_view kMarks[] = {L"BEG", L"BC",  L"END", L"EC",  L"C2", L"C3",
+                                        L"CP1", L"CP2", L"CP3", L"JFS", L"JN", L"JNS",
+                                        L"JP",  L"JT",  L"R3",  L"SS"};
+
+NoteMark MarkOf(std::wstring_view text) {
+  const auto* found = std::find(std::begin(kMarks), std::end(kMarks), text);
+  return found == std::end(kMarks) ? NoteMark::None
+                                   : static_cast<NoteMark>(1 + (found - std::begin(kMarks)));
+}
 
 }  // namespace
 
 NoteMark ParseNoteMark(std::wstring_view text, std::wstring_view& value) {
   text = Trim(text);
   value = {};
-  if (text.size() >= 4) {
-    for (const MarkName& name : kMarksWithValue) {
-      if (!text.starts_with(name.text)) continue;
-      value = text.substr(name.text.size());
-      return name.mark;
-    }
-    return NoteMark::None;
+  const NoteMark mark = MarkOf(Left(text, 2));
+  if (text.size() < 4) {
+    const NoteMark whole = MarkOf(text);
+    return whole == NoteMark::None ? mark : whole;
   }
-  for (const MarkName& name : kMarks) {
-    if (text.starts_with(name.text)) return name.mark;
-  }
-  return NoteMark::None;
+  if (mark != NoteMark::C2 && mark != NoteMark::JP && mark != NoteMark::JT) return NoteMark::None;
+  value = text.substr(2);
+  return mark;
 }
 
 }  // namespace zelconvert

@@ -214,8 +214,8 @@ void Gps::WriteResult(std::wstring_view name, std::wstring_view description,
   if (asPosition) {
     WritePosition(SubtypeOf(m_role), name, description, result);
   } else {
-    WriteVector(SubtypeOf(m_role), name, description, VectorBetween(m_basePosition, ToEcef(result)),
-                result);
+    Write(m_vectorRecord, VectorBetween(m_basePosition, ToEcef(result)), SubtypeOf(m_role), name,
+          description, result);
   }
   WriteWaitingQuality();
   MarkMeasured(name, result);
@@ -245,27 +245,19 @@ EcefPosition Gps::ToEcef(const Position& position) const {
 
 void Gps::WritePosition(std::wstring_view subtype, std::wstring_view name,
                         std::wstring_view description, const Position& position) {
-  m_positionRecord.coord1 = position.latitude;
-  m_positionRecord.coord2 = position.longitude;
-  m_positionRecord.coord3 = position.height;
-  Write(m_positionRecord, subtype, name, description, position);
+  Write(m_positionRecord, {position.latitude, position.longitude, position.height}, subtype, name,
+        description, position);
 }
 
-void Gps::WriteVector(std::wstring_view subtype, std::wstring_view name,
-                      std::wstring_view description, const EcefPosition& difference,
-                      const Position& position) {
-  m_vectorRecord.coord1 = difference.x;
-  m_vectorRecord.coord2 = difference.y;
-  m_vectorRecord.coord3 = difference.z;
-  Write(m_vectorRecord, subtype, name, description, position);
-}
-
-/// What both records tell beside the coordinates.
+/// A position or a vector, and what both records tell beside the coordinates.
 template <class Record>
-void Gps::Write(Record& record, std::wstring_view subtype, std::wstring_view name,
-                std::wstring_view description, const Position& position) {
+void Gps::Write(Record& record, const EcefPosition& coordinates, std::wstring_view subtype,
+                std::wstring_view name, std::wstring_view description, const Position& position) {
   record.subtype = subtype;
   record.name = name;
+  record.coord1 = coordinates.x;
+  record.coord2 = coordinates.y;
+  record.coord3 = coordinates.z;
   record.code = description;
   record.method = position.method;
   record.classification = ClassCharacter(position.classification);
@@ -301,9 +293,9 @@ Outcome Gps::OnVector(const BL_RECORD& vector) {
   if (m_pass.IsDeleted(vector.name)) {
     m_position.classification = RaiseClass(m_position.classification, kDeletedClassStep);
   }
-  WriteVector(SubtypeOf(vector.role), name, vector.note,
-              {mode.Length(vector.deltaX), mode.Length(vector.deltaY), mode.Length(vector.deltaZ)},
-              m_position);
+  Write(m_vectorRecord,
+        {mode.Length(vector.deltaX), mode.Length(vector.deltaY), mode.Length(vector.deltaZ)},
+        SubtypeOf(vector.role), name, vector.note, m_position);
   WriteWaitingQuality();
   m_shot = Shot::Vector;
   MarkMeasured(name, m_position);

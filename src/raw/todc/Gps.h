@@ -83,11 +83,9 @@ class Gps {
   void MarkMeasured(std::wstring_view name, const Position& position);
   void WritePosition(std::wstring_view subtype, std::wstring_view name,
                      std::wstring_view description, const Position& position);
-  void WriteVector(std::wstring_view subtype, std::wstring_view name, std::wstring_view description,
-                   const EcefPosition& difference, const Position& position);
   template <class Record>
-  void Write(Record& record, std::wstring_view subtype, std::wstring_view name,
-             std::wstring_view description, const Position& position);
+  void Write(Record& record, const EcefPosition& coordinates, std::wstring_view subtype,
+             std::wstring_view name, std::wstring_view description, const Position& position);
   void WriteStoredPosition(std::wstring_view name);
   EcefPosition ToEcef(const Position& position) const;
 

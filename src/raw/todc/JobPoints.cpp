@@ -24,8 +24,8 @@ bool ReadJobPoints(const std::wstring& path, std::optional<LinearUnit> unit, Poi
                                                  : job.SkipRecord();
     if (!done) return false;
     if (!IsPoint(kind)) continue;
-    found.try_emplace(point.name, point.name, length(point.north), length(point.east),
-                      length(point.elevation), point.description);
+    found.try_emplace(point.name, CZelPoint{point.name, length(point.north), length(point.east),
+                                            length(point.elevation), point.description});
   }
   if (job.GetFile().HasReadFailed()) return false;
   points.merge(found);

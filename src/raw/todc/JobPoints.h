@@ -13,8 +13,8 @@ namespace zelconvert {
 bool IsJobPath(std::wstring_view path);
 
 /// Adds the points of the job at `path`, which IsJobPath has taken for one; of several of a name
-/// the first. Lengths are in `unit`, or metres without one. False,
-/// with `points` as it was, if the job can't be read to its end.
+/// the first. Lengths are in `unit`, or metres without one. False, with `points` as it was, if the
+/// job can't be read to its end.
 bool ReadJobPoints(const std::wstring& path, std::optional<LinearUnit> unit, PointMap& points);
 
 }  // namespace zelconvert

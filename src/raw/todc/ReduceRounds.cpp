@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numeric>
+#include <utility>
 
 #include "raw/Angles.h"
 
@@ -26,12 +27,11 @@ struct Pointing {
 /// Writes one set: its pairs as they come, its means at the end.
 class SetWriter {
  public:
-  SetWriter(CDcFile& dc, AngularUnit angleUnit) : m_dc(dc), m_angleUnit(angleUnit) {}
-
-  void SetNames(const std::wstring& station, const std::wstring& target) {
-    m_station = station;
-    m_target = target;
-  }
+  SetWriter(CDcFile& dc, AngularUnit angleUnit, std::wstring station, std::wstring target)
+      : m_dc(dc),
+        m_angleUnit(angleUnit),
+        m_station(std::move(station)),
+        m_target(std::move(target)) {}
 
   void WriteRodHeight(double height) {
     tDC_SCALERecord rod;
@@ -49,6 +49,12 @@ class SetWriter {
     observation.angle2 = pointing.direction;
     observation.code = note;
     m_dc.Write(observation);
+  }
+
+  void WriteFaces(const Pointing& one, const Pointing& two, const std::wstring& note) {
+    WriteObservation(L"F1", one, note);
+    WriteObservation(L"F2", two, note);
+    WritePair(one, two, note);
   }
 
   /// The mean record of a pair, whose values join those of the set.
@@ -118,14 +124,6 @@ Pointing PointingOf(const ROUND_SHOT& shot) {
   return {shot.horizontal, shot.zenith, shot.slopeDistance};
 }
 
-/// A shot without one in the other face: its reverse direction makes it a pair.
-void WriteSingleFace(SetWriter& set, const ROUND_SHOT& shot, double reverse) {
-  const Pointing other{reverse, DC_NULL, DC_NULL};
-  set.WriteObservation(L"F1", PointingOf(shot), shot.note);
-  set.WriteObservation(L"F2", other, shot.note);
-  set.WritePair(PointingOf(shot), other, shot.note);
-}
-
 void WriteBothFaces(SetWriter& set, const ROUND_SHOT& first, const ROUND_SHOT& second) {
   set.WriteObservation(L"F1", PointingOf(second), second.note);
   const ROUND_SHOT& one = first.faceOne ? first : second;
@@ -137,11 +135,12 @@ void ReduceShots(CDcFile& dc, std::span<const ROUND_SHOT> shots,
                  std::span<const RD_RECORD> directions, DirectionKind reverse,
                  RoundsReference& reference, AngularUnit angleUnit) {
   if (shots.empty()) return;
-  SetWriter set(dc, angleUnit);
-  set.SetNames(shots[0].station, shots[0].target);
+  SetWriter set(dc, angleUnit, shots[0].station, shots[0].target);
   set.WriteRodHeight(shots[0].rodHeight);
-  const auto reverseOf = [&](std::size_t index) {
-    return index < directions.size() ? directions[index][reverse] : DC_NULL;
+  // A shot without one in the other face: its reverse direction makes it a pair.
+  const auto writeSingleFace = [&](std::size_t i) {
+    const double other = i < directions.size() ? directions[i][reverse] : DC_NULL;
+    set.WriteFaces(PointingOf(shots[i]), {other}, shots[i].note);
   };
   for (std::size_t i = 0; i < shots.size(); i += 2) {
     const bool last = i + 1 == shots.size();
@@ -149,32 +148,25 @@ void ReduceShots(CDcFile& dc, std::span<const ROUND_SHOT> shots,
       WriteBothFaces(set, shots[i], shots[i + 1]);
       continue;
     }
-    WriteSingleFace(set, shots[i], reverseOf(i));
-    if (!last) WriteSingleFace(set, shots[i + 1], reverseOf(i + 1));
+    writeSingleFace(i);
+    if (!last) writeSingleFace(i + 1);
   }
   set.WriteMeans(reference);
 }
 
 void ReduceDirections(CDcFile& dc, std::span<const RD_RECORD> directions, bool backsight,
                       RoundsReference& reference, AngularUnit angleUnit, const RoundsNames& names) {
-  SetWriter set(dc, angleUnit);
-  set.SetNames(names.station, backsight ? names.backsight : names.foresight);
+  using enum DirectionKind;
+  SetWriter set(dc, angleUnit, names.station, backsight ? names.backsight : names.foresight);
   for (const RD_RECORD& entry : directions) {
-    Pointing direct;
-    Pointing reverse;
-    if (backsight) {
-      direct.direction = entry[DirectionKind::BacksightDirect];
-      reverse.direction = entry[DirectionKind::BacksightReverse];
-    } else {
-      direct = {entry[DirectionKind::ForesightDirect], entry[DirectionKind::ZenithDirect],
-                entry.distances[0]};
-      reverse = {entry[DirectionKind::ForesightReverse], entry[DirectionKind::ZenithReverse],
-                 entry.distances[1]};
+    Pointing direct{entry[BacksightDirect]};
+    Pointing reverse{entry[BacksightReverse]};
+    if (!backsight) {
+      direct = {entry[ForesightDirect], entry[ZenithDirect], entry.distances[0]};
+      reverse = {entry[ForesightReverse], entry[ZenithReverse], entry.distances[1]};
     }
     if (IsNull(direct.direction) && IsNull(reverse.direction)) continue;
-    set.WriteObservation(L"F1", direct, {});
-    set.WriteObservation(L"F2", reverse, {});
-    set.WritePair(direct, reverse, {});
+    set.WriteFaces(direct, reverse, {});
   }
   set.WriteMeans(reference);
 }

@@ -4,6 +4,7 @@
 
 #include "raw/Angles.h"
 #include "raw/CRawFile.h"
+#include "raw/ReduceShot.h"
 
 namespace zelconvert {
 namespace {
@@ -41,33 +42,17 @@ Outcome Shots::OnShot(const SHOT_RECORD& shot, bool isTraverse) {
 bool Shots::ReduceHorizontal(const SHOT_RECORD& shot, double& circle) const {
   const Mode& mode = m_pass.mode;
   const double backsight = m_setup.BacksightAzimuth();
-  const double halfCircle = FullCircle(mode.firstAngleUnit) / 2;
   double value = mode.Angle(shot.horizontal);
-  double azimuth = 0;
-  switch (shot.horizontalKind) {
-    case HorizontalKind::AngleRight:
-      circle = value;
-      return true;
-    case HorizontalKind::Azimuth:
-      azimuth = value;
-      break;
-    case HorizontalKind::Bearing: {
-      std::wstring_view bearing;
-      if (!CRawFile::GetField(m_pass.record, L"BR", bearing)) return false;
-      value = mode.ToFirstAngleUnit(ParseBearing(bearing, mode.angleUnit));
-      azimuth = value;
-      break;
-    }
-    case HorizontalKind::AngleLeft:
-      azimuth = backsight - value;
-      break;
-    case HorizontalKind::DeflectionRight:
-      azimuth = backsight + halfCircle + value;
-      break;
-    case HorizontalKind::DeflectionLeft:
-      azimuth = backsight + halfCircle - value;
-      break;
+  if (shot.horizontalKind == HorizontalKind::AngleRight) {
+    circle = value;
+    return true;
   }
+  if (shot.horizontalKind == HorizontalKind::Bearing) {
+    std::wstring_view bearing;
+    if (!CRawFile::GetField(m_pass.record, L"BR", bearing)) return false;
+    value = mode.ToFirstAngleUnit(ParseBearing(bearing, mode.angleUnit));
+  }
+  const double azimuth = ToldAzimuth(shot.horizontalKind, value, backsight, mode.firstAngleUnit);
   circle = Computed(azimuth - backsight + m_setup.Circle(), value, backsight, m_setup.Circle());
   return true;
 }

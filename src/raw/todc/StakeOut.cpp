@@ -1,8 +1,9 @@
 #include "raw/todc/StakeOut.h"
 
 #include <cmath>
+#include <utility>
 
-#include "raw/todc/OffsetNote.h"
+#include "io/Numbers.h"
 
 namespace zelconvert {
 namespace {
@@ -14,6 +15,24 @@ constexpr RawKinds kStakeKinds = {RawRecordType::CF, RawRecordType::SK, RawRecor
 
 /// The name column of a station on a line.
 constexpr std::wstring_view kNoName = L" ";
+
+/// A design offset as the note of a staked station tells it.
+struct OffsetNote {
+  int side = -1;  ///< 2 left, 1 right, 0 centre line, -1 none
+  double value = DC_NULL;
+};
+
+/// The letters L, R and C are tried in this order. The first occurrence of one counts if it isn't
+/// the first character of the note; the offset is the number after it:
+///   "sta R 3.25" right 3.25   "1+00 L2" left 2   "a Line R5" left 0   "L5" none   "left 5" none
+OffsetNote ParseOffsetNote(std::wstring_view note) {
+  for (const auto& [letter, side] : {std::pair(L'L', 2), {L'R', 1}, {L'C', 0}}) {
+    const std::size_t at = note.find(letter);
+    if (at == std::wstring_view::npos || at == 0) continue;
+    return {side, ToReal(note.substr(at + 1))};
+  }
+  return {};
+}
 
 }  // namespace
 
