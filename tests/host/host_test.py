@@ -263,7 +263,7 @@ class PosixTest(HostTest):
             cwd=self.folder,
             stdout=subprocess.PIPE,
             stderr=follower,
-            env={"TERM": "xterm", "PATH": os.environ["PATH"], **variables},
+            env={**os.environ, "TERM": "xterm", "NO_COLOR": "", **variables},
         )
         os.close(follower)
         shown = b""
