@@ -3,13 +3,17 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cctype>
 #include <cstdio>
 #include <functional>
 #include <limits>
+#include <map>
 #include <set>
 #include <sstream>
 #include <string>
 #include <string_view>
+#include <type_traits>
+#include <variant>
 #include <vector>
 
 #include "CaseFile.h"
@@ -20,14 +24,70 @@
 namespace zelconvert {
 namespace {
 
-using Fields = std::vector<FieldRef>;
+/// A field of some record.
+using FieldRef = std::variant<std::wstring*, double*, std::int32_t*, wchar_t*, bool*>;
+using Fields = std::vector<FieldRef>;  // in the order of the columns
 
-const RecordKind& KindOfName(const std::wstring& name) {
-  const auto& kinds = RecordKinds();
-  const auto found = std::find_if(kinds.begin(), kinds.end(),
-                                  [&](const RecordKind& kind) { return kind.name == name; });
-  EXPECT_NE(found, kinds.end()) << ToNarrow(name);
-  return *found;
+struct RecordKind {
+  std::vector<int> starts;  // of the columns
+  /// Gives `fill` the subtype and the fields of a new record, and writes it. subtype: empty for the
+  /// record's own.
+  using Fill = std::function<void(std::wstring& subtype, const Fields& fields)>;
+  void (*write)(CDcFile& file, std::wstring_view subtype, const Fill& fill);
+  /// Reads a line and gives `fill` what was read; the difference to the type it should have.
+  std::int32_t (*read)(std::wstring_view line, const Fill& fill);
+};
+
+template <class R>
+Fields FieldsOf(R& record) {
+  Fields fields;
+  for (const Column<R>& column : kColumns<R>) {
+    const auto add = [&](auto member) {
+      if constexpr (!std::is_same_v<decltype(member), std::monostate>) {
+        fields.emplace_back(&(record.*member));
+      }
+    };
+    std::visit(add, column.member);
+  }
+  return fields;
+}
+
+template <class R>
+RecordKind KindOf() {
+  RecordKind kind;
+  for (const Column<R>& column : kColumns<R>) kind.starts.push_back(column.start);
+  kind.write = [](CDcFile& file, std::wstring_view subtype, const RecordKind::Fill& fill) {
+    R record;
+    fill(record.subtype, FieldsOf(record));
+    subtype.empty() ? file.Write(record) : file.Write(record, subtype);
+  };
+  kind.read = [](std::wstring_view line, const RecordKind::Fill& fill) {
+    R record;
+    CDcFile::Read(line, record);
+    fill(record.subtype, FieldsOf(record));
+    return record.type - R::kType;
+  };
+  return kind;
+}
+
+// In golden-lines/ "GridPosition" stands for "tDC_GRID_POSITIONRecord".
+std::wstring ShortName(const std::string& structure) {
+  std::wstring name;
+  bool isFirst = true;
+  for (const char c : structure.substr(4, structure.find("Record") - 4)) {
+    if (c != '_') name += static_cast<wchar_t>(isFirst ? c : std::tolower(c));
+    isFirst = c == '_';
+  }
+  return name;
+}
+
+const std::map<std::wstring, RecordKind>& RecordKinds() {
+  static const auto kinds = [] {
+    std::map<std::wstring, RecordKind> made;
+    ForEachDcRecord([&]<class R>() { made[ShortName(StructureName<R>())] = KindOf<R>(); });
+    return made;
+  }();
+  return kinds;
 }
 
 // ------------------------------------------------------------------------------------- Writing
@@ -52,7 +112,7 @@ bool StandsBefore(const FieldRef& one, const FieldRef& other) {
 
 TEST(DcWriters, WriteEveryRecord) {
   std::set<std::wstring> names = {L"NoteKeyed", L"NoteTime"};
-  for (const RecordKind& kind : RecordKinds()) names.insert(kind.name);
+  for (const auto& [name, kind] : RecordKinds()) names.insert(name);
   const std::vector<CaseFields> cases = ReadCases("tests/golden-lines/dc-written.txt");
   TempDir folder;
   CDcFile file;
@@ -62,7 +122,7 @@ TEST(DcWriters, WriteEveryRecord) {
   for (const CaseFields& texts : cases) {
     SCOPED_TRACE(testing::PrintToString(texts));
     const bool keyed = texts[0] == L"NoteKeyed", time = texts[0] == L"NoteTime";
-    const RecordKind& kind = KindOfName(keyed || time ? L"Note" : texts[0]);
+    const RecordKind& kind = RecordKinds().at(keyed || time ? L"Note" : texts[0]);
     const wchar_t* subtypeGiven = keyed ? L"KI" : time ? L"TM" : L"";
     kind.write(file, subtypeGiven, [&](auto& subtype, const Fields& fields) {
       if (!texts.at(1).empty()) Set(&subtype, texts[1]);
@@ -127,7 +187,7 @@ std::wstring ReadFields(const std::wstring& name, const std::wstring& line) {
     EXPECT_EQ(subtype, line.substr(std::min<std::size_t>(2, line.size()), 2));
     shown = ShowFields(fields);
   };
-  EXPECT_EQ(KindOfName(name).read(line, show), 0);
+  EXPECT_EQ(RecordKinds().at(name).read(line, show), 0);
   return shown;
 }
 
@@ -154,9 +214,9 @@ TEST(DcReaders, ReadEveryField) {
     EXPECT_EQ(fieldsOf(full), fields);
     EXPECT_EQ(fieldsOf(full.substr(0, 4)), empty);
     EXPECT_EQ(fieldsOf(full.substr(0, 4) + std::wstring(250, L'x')), texts[4]);
-    const std::vector<AnyColumn>& columns = KindOfName(texts[0]).columns;
-    for (std::size_t kept = 0; kept < columns.size(); ++kept) {
-      const std::wstring cut = full.substr(0, static_cast<std::size_t>(columns[kept].start));
+    const std::vector<int>& starts = RecordKinds().at(texts[0]).starts;
+    for (std::size_t kept = 0; kept < starts.size(); ++kept) {
+      const std::wstring cut = full.substr(0, static_cast<std::size_t>(starts[kept]));
       EXPECT_EQ(fieldsOf(cut), Mixed(fields, empty, kept)) << "cut at " << cut.size();
     }
   }

@@ -55,8 +55,10 @@ std::string IntegerFormName(IntegerForm form, Choice choice) {
          std::to_string(choice.otherwise);
 }
 
-std::string FormName(const AnyColumn& column) {
-  const bool real = column.kind == 2, integer = column.kind == 3;
+template <class R>
+std::string FormName(const Column<R>& column) {
+  const bool real = std::holds_alternative<double R::*>(column.member);
+  const bool integer = std::holds_alternative<std::int32_t R::*>(column.member);
   if (column.always) {
     const std::string text =
         column.constant.empty() ? "blank" : '"' + Narrow(column.constant) + '"';
@@ -64,8 +66,8 @@ std::string FormName(const AnyColumn& column) {
   }
   if (real) return RealFormName(column.real, column.decimals);
   if (integer) return IntegerFormName(column.integer, column.choice);
-  if (column.kind == 4) return "character";
-  if (column.kind == 5) return "flag";
+  if (std::holds_alternative<wchar_t R::*>(column.member)) return "character";
+  if (std::holds_alternative<bool R::*>(column.member)) return "flag";
   return TextFormName(column.text, std::to_string(column.width));
 }
 
@@ -93,17 +95,17 @@ std::map<std::string, Rows> RowsOnPage() {
 
 TEST(DcDocs, ColumnsOfEveryRecord) {
   std::map<std::string, Rows> page = RowsOnPage();
-  for (const RecordKind& kind : RecordKinds()) {
+  ForEachDcRecord([&]<class R>() {
     Rows expected;
-    for (const AnyColumn& column : kind.columns) {
+    for (const Column<R>& column : kColumns<R>) {
       std::string place = std::to_string(column.start);
       if (column.width > 1) place += '-' + std::to_string(column.start + column.width - 1);
       expected.push_back(place + ": " + FormName(column));
     }
-    const std::string key = Narrow(kind.head).substr(0, 2) + " " + kind.structure;
+    const std::string key = Narrow(R::kHead).substr(0, 2) + " " + StructureName<R>();
     EXPECT_EQ(page[key], expected) << key;
     page.erase(key);
-  }
+  });
   EXPECT_TRUE(page.empty()) << page.begin()->first << " is no record";
 }
 

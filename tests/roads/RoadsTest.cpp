@@ -247,17 +247,6 @@ TEST(Roads, FilesThatCannotBeWritten) {
   }
 }
 
-// Windows keeps some names for devices, in every folder: no file can bear them, and none is lost.
-TEST(Roads, NamesOfDevices) {
-  for (const char* name : {"NUL", "AUX", "CON", "COM1"}) {
-    SCOPED_TRACE(name);
-    Sandbox sandbox(Dc({Road(name), "=good"}));
-    const bool made = sandbox.Convert();
-    EXPECT_EQ(sandbox.report.messages.size(), made ? 0u : 1u);
-    EXPECT_EQ(sandbox.Made().size(), made ? 2u : 0u);
-  }
-}
-
 // A disk that fills up is no success.
 TEST(Roads, FullDisk) {
   if (!fs::exists("/dev/full")) GTEST_SKIP() << "no device that is always full";
