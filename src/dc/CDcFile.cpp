@@ -49,6 +49,10 @@ bool CDcFile::Rewind() {
 // What a line is
 
 std::int32_t CDcFile::GetRecordType(std::wstring_view line) {
+  // Asked of every line: two digits or capitals, as nearly all have, need no parser.
+  if (line.size() >= 2 && DcHead::IsDigit(line[0]) && DcHead::IsDigit(line[1])) {
+    return DcHead::Digit(line[0]) * 36 + DcHead::Digit(line[1]);
+  }
   return ToInteger(Left(line, 2), 36);
 }
 
@@ -62,7 +66,7 @@ std::wstring_view CDcFile::GetSubtypeString(int index) {
 }
 
 bool CDcFile::IsBlank(std::wstring_view line) {
-  return line.find_first_not_of(L" \t") == std::wstring_view::npos;
+  return std::all_of(line.begin(), line.end(), [](wchar_t c) { return c == L' ' || c == L'\t'; });
 }
 
 bool CDcFile::IsDeleted(std::wstring_view line) {

@@ -31,7 +31,6 @@ constexpr std::wstring_view kEllipsoidName = L"DcEllipsoid";
 // What a user is told, beside the text of a record that can't be carried over.
 constexpr std::wstring_view kBadPointName =
     L"The point record name \"%s\" is invalid for a ZEL interlock job file.";
-constexpr std::wstring_view kNameBlanks = L" \t\n\b\f\v\a";
 
 // What programs write into notes of subtype "NM"; a note without any of these is a person's.
 constexpr std::wstring_view kSystemNoteMarkers[] = {
@@ -78,10 +77,14 @@ double PpmToFactor(double ppm) {
   return 1;
 }
 
-std::wstring_view TrimName(std::wstring_view name) {
-  const std::size_t first = name.find_first_not_of(kNameBlanks);
-  if (first == std::wstring_view::npos) return {};
-  return name.substr(first, name.find_last_not_of(kNameBlanks) + 1 - first);
+constexpr bool IsNameBlank(wchar_t c) {
+  return c == L' ' || (c >= L'\a' && c <= L'\f');  // a carriage return isn't one
+}
+
+constexpr std::wstring_view TrimName(std::wstring_view name) {
+  while (!name.empty() && IsNameBlank(name.front())) name.remove_prefix(1);
+  while (!name.empty() && IsNameBlank(name.back())) name.remove_suffix(1);
+  return name;
 }
 
 // One run.
@@ -135,6 +138,7 @@ class DcToIlj {
 
   template <class Position>
   CMoskoJobRecordPoint StartPoint(Position& position, std::int32_t coordinates);
+  bool WritePoint(CMoskoJobRecordPoint point);
   template <class Position>
   bool CarryGeodetic(Position& position, std::int32_t coordinates);
   /// Nothing for a projection that the file says is missing.
@@ -203,8 +207,9 @@ bool DcToIlj::Run() {
   CConvertProgress progress;
   progress.Start();
   m_dc.Rewind();
+  const std::int64_t length = m_dc.GetLength();
   while (m_dc.ReadLine(m_line)) {
-    progress.SetPosition(m_dc.GetPosition(), m_dc.GetLength());
+    progress.SetPosition(m_dc.GetPosition(), length);
     if (CDcFile::IsBlank(m_line) || CDcFile::IsDeleted(m_line)) continue;
     const Row* row = FindRow(CDcFile::GetRecordType(m_line));
     if (row != nullptr && !CarryLine(*row)) return false;
@@ -262,7 +267,7 @@ bool DcToIlj::CarryGeodetic(Position& position, std::int32_t coordinates) {
   point.Set<"LATI">(Radians(position.coord1));
   point.Set<"LONG">(Radians(position.coord2));
   point.Set<"HGHT">(DistanceIn(position.coord3));
-  return Write();
+  return WritePoint(point);
 }
 
 bool DcToIlj::CarryRecord(tDC_GRID_POSITIONRecord& position) {
@@ -272,11 +277,10 @@ bool DcToIlj::CarryRecord(tDC_GRID_POSITIONRecord& position) {
   point.Set<"NRTH">(DistanceIn(eastFirst ? position.east : position.north));
   point.Set<"EAST">(DistanceIn(eastFirst ? position.north : position.east));
   point.Set<"ELEV">(DistanceIn(position.elevation));
-  return Write();
+  return WritePoint(point);
 }
 
-// What all positions have in common. A name that ILJ files don't allow has a text of its own; the
-// point isn't valid then, and the conversion ends.
+// What all positions have in common.
 template <class Position>
 CMoskoJobRecordPoint DcToIlj::StartPoint(Position& position, std::int32_t coordinates) {
   const auto point = Start<CMoskoJobRecordPoint>();
@@ -286,10 +290,16 @@ CMoskoJobRecordPoint DcToIlj::StartPoint(Position& position, std::int32_t coordi
   point.Set<"CDTY">(coordinates);
   Mapper::MapOrigin(position.method, point.Get<"CDOR">(), Mapper::kFromDc);
   Mapper::MapClass(position.classification, point.Get<"CDCL">(), Mapper::kFromDc);
+  return point;
+}
+
+// A name that ILJ files don't allow has a text of its own: the conversion ends with it.
+bool DcToIlj::WritePoint(CMoskoJobRecordPoint point) {
+  if (Write()) return true;
   if (!point.HasAll<"PTNM">()) {
     m_messages.push_back(FormatText(kBadPointName, point.Value<"PTNM">()));
   }
-  return point;
+  return false;
 }
 
 bool DcToIlj::CarryRecord(const tDC_POST_PROCESSRecord& file) {

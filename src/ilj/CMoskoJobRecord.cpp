@@ -3,13 +3,14 @@
 #include <algorithm>
 
 #include "io/CivilTime.h"
+#include "io/Strings.h"
 
 namespace zelconvert {
 namespace {
 
-// Takes what stands before the first separator off `rest`, and the separator with it.
-std::wstring_view TakeUntil(std::wstring_view& rest, wchar_t separator) {
-  const std::size_t at = rest.find(separator);
+// Takes what stands before the first tab off `rest`, and the tab with it.
+std::wstring_view TakeField(std::wstring_view& rest) {
+  const std::size_t at = rest.find(L'\t');
   const std::wstring_view taken = rest.substr(0, at);
   rest.remove_prefix(at == std::wstring_view::npos ? rest.size() : at + 1);
   return taken;
@@ -46,13 +47,11 @@ void CMoskoJobRecord::Restart(IljRecordType type) {
   if (type == m_recordType) return ClearFields();
   m_recordType = type;
   const IljFieldList& fields = Layout().fields;
-  for (std::size_t i = 0; i < fields.Size(); ++i) {
-    GetField(static_cast<int>(i))->Restart(fields.Type(i));
-  }
+  for (std::size_t i = 0; i < fields.Size(); ++i) m_fields[i].Restart(fields.Type(i));
 }
 
 void CMoskoJobRecord::ClearFields() {
-  for (int i = 0; CMoskoJobRecordField* field = GetField(i); ++i) field->Clear();
+  for (CMoskoJobRecordField& field : Fields()) field.Clear();
 }
 
 bool CMoskoJobRecord::HasAll(const IljFieldList& fields) const {
@@ -78,7 +77,7 @@ std::int32_t CMoskoJobRecord::GetInteger(IljFieldType type) const {
 bool CMoskoJobRecord::IsValid() const {
   const IljRecordLayout& layout = Layout();
   for (std::size_t i = 0; i < layout.fields.Size(); ++i) {
-    if (layout.fields.IsRequired(i) && !GetField(static_cast<int>(i))->IsValid()) return false;
+    if (layout.fields.IsRequired(i) && !m_fields[i].IsValid()) return false;
   }
   for (const IljCondition& condition : layout.conditions) {
     const auto end = condition.values.begin() + static_cast<std::ptrdiff_t>(condition.count);
@@ -90,31 +89,32 @@ bool CMoskoJobRecord::IsValid() const {
 }
 
 bool CMoskoJobRecord::ParseField(std::wstring_view text, bool momentsAlone) {
-  const IljFieldType type = TypeOf(TakeUntil(text, L':'));
+  if (text.size() > kIljFieldTagLength && text[kIljFieldTagLength] != L':') return false;
+  const IljFieldType type = TypeOf(Left(text, kIljFieldTagLength));
   if (momentsAlone && !IsMoment(type)) return false;
   CMoskoJobRecordField* field = GetField(Layout().Find(type));
   if (field == nullptr) return false;
-  field->SetText(text);
+  field->SetText(Mid(text, kIljFieldTagLength + 1));
   return true;
 }
 
 bool CMoskoJobRecord::ParseText(std::wstring_view text) {
   ClearFields();
-  while (!text.empty()) ParseField(TakeUntil(text, L'\t'));
+  while (!text.empty()) ParseField(TakeField(text));
   return IsValid();
 }
 
 void CMoskoJobRecord::ParseMoments(std::wstring_view text) {
-  while (!text.empty()) ParseField(TakeUntil(text, L'\t'), true);
+  while (!text.empty()) ParseField(TakeField(text), true);
 }
 
 void CMoskoJobRecord::AppendText(std::wstring& line) const {
-  line.append(Layout().tag.View());
-  line.push_back(L'\t');
-  for (int i = 0; const CMoskoJobRecordField* field = GetField(i); ++i) {
-    if (!field->IsValid()) continue;
-    field->AppendText(line);
-    if (GetField(i + 1) != nullptr) line.push_back(L'\t');
+  line.append(Layout().tag.text, kIljRecordTagLength + 1);
+  const std::span fields = Fields();
+  for (const CMoskoJobRecordField& field : fields) {
+    if (!field.IsValid()) continue;
+    field.AppendText(line);
+    if (&field != &fields.back()) line.push_back(L'\t');
   }
 }
 
@@ -125,14 +125,14 @@ std::wstring CMoskoJobRecord::ToText() const {
 }
 
 void CMoskoJobRecord::SetDateTime(std::int64_t moment) {
-  m_date.SetNumber(static_cast<double>(moment));
-  m_time.SetNumber(static_cast<double>(moment));
+  m_fields[kDate].SetNumber(static_cast<double>(moment));
+  m_fields[kTime].SetNumber(static_cast<double>(moment));
 }
 
 std::int64_t CMoskoJobRecord::GetDateTime() const {
-  if (!m_date.IsValid() || !m_time.IsValid()) return 0;
-  const CivilTime date = ToCivilTime(static_cast<std::int64_t>(m_date.GetNumber()));
-  const CivilTime time = ToCivilTime(static_cast<std::int64_t>(m_time.GetNumber()));
+  if (!m_fields[kDate].IsValid() || !m_fields[kTime].IsValid()) return 0;
+  const CivilTime date = ToCivilTime(static_cast<std::int64_t>(m_fields[kDate].GetNumber()));
+  const CivilTime time = ToCivilTime(static_cast<std::int64_t>(m_fields[kTime].GetNumber()));
   return CivilSeconds(date.year, static_cast<int>(date.month), static_cast<int>(date.day),
                       time.hour, time.minute, time.second);
 }

@@ -209,9 +209,8 @@ class CMoskoJobRecord {
 
   /// The field at that place of the record's order; null past the last.
   CMoskoJobRecordField* GetField(int index) {
-    if (index < 0 || static_cast<std::size_t>(index) >= Layout().fields.Size()) return nullptr;
-    if (index == 0) return &m_date;
-    return index == 1 ? &m_time : &m_others[static_cast<std::size_t>(index) - 2];
+    const auto place = static_cast<std::size_t>(index);
+    return place < Layout().fields.Size() ? &m_fields[place] : nullptr;
   }
   const CMoskoJobRecordField* GetField(int index) const {
     return const_cast<CMoskoJobRecord*>(this)->GetField(index);
@@ -243,16 +242,24 @@ class CMoskoJobRecord {
   std::int64_t GetDateTime() const;
 
  private:
+  template <IljTag tag>
+  friend class IljRecord;
+
   const IljRecordLayout& Layout() const { return IljLayoutOf(m_recordType); }
   const CMoskoJobRecordField* Find(IljFieldType type) const {
     return GetField(Layout().Find(type));
   }
 
+  std::span<CMoskoJobRecordField> Fields() {
+    return std::span(m_fields).first(Layout().fields.Size());
+  }
+  std::span<const CMoskoJobRecordField> Fields() const {
+    return std::span(m_fields).first(Layout().fields.Size());
+  }
+  static constexpr std::size_t kDate = 0, kTime = 1;  // every record begins with these
+
   IljRecordType m_recordType = IljRecordType::None;
-  // The first two fields of every record, and the others.
-  CMoskoJobRecordField m_date{IljFieldTypeOf("DATE")};
-  CMoskoJobRecordField m_time{IljFieldTypeOf("TIME")};
-  std::array<CMoskoJobRecordField, IljFieldList::kMaxSize - 2> m_others;
+  std::array<CMoskoJobRecordField, IljFieldList::kMaxSize> m_fields;  // as many as the type has
 };
 
 /// A record of a known tag: what it doesn't have can't be asked for. It looks at a CMoskoJobRecord
@@ -268,7 +275,7 @@ class IljRecord {
   IljField<field> Get() const {
     constexpr int kIndex = IljLayoutOf(kType).Find(IljFieldTypeOf(field));
     static_assert(kIndex >= 0);
-    return IljField<field>(*m_record.GetField(kIndex));
+    return IljField<field>(m_record.m_fields[kIndex]);
   }
   template <IljTag field>
   auto Value() const {

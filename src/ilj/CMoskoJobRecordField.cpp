@@ -117,8 +117,7 @@ void CMoskoJobRecordField::AppendText(std::wstring& line) const {
   const IljFieldKind kind = Form().kind;
   const bool isMoment = kind == IljFieldKind::Date || kind == IljFieldKind::Time;
   if (isMoment && m_number == 0) return;
-  line.append(IljLayoutOf(m_type).tag.View());
-  line.push_back(L':');
+  line.append(IljLayoutOf(m_type).tag.text, kIljFieldTagLength + 1);
   switch (kind) {
     case IljFieldKind::Text:
     case IljFieldKind::PointName:

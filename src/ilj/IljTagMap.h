@@ -8,15 +8,20 @@
 
 namespace zelconvert {
 
-/// A tag as a literal: four characters name a field, five a record.
+inline constexpr std::size_t kIljFieldTagLength = 4;
+inline constexpr std::size_t kIljRecordTagLength = 5;
+
+/// A tag as a literal, of a field or a record.
 struct IljTag {
-  wchar_t text[6] = {};
+  wchar_t text[kIljRecordTagLength + 1] = {};  ///< with what follows it in a line: ":" or a tab
   std::size_t size = 0;
 
   constexpr IljTag() = default;
   template <std::size_t length>
   constexpr IljTag(const char (&tag)[length]) : size(length - 1) {  // NOLINT: a literal converts
+    static_assert(length == kIljFieldTagLength + 1 || length == kIljRecordTagLength + 1);
     for (std::size_t i = 0; i < size; ++i) text[i] = static_cast<wchar_t>(tag[i]);
+    text[size] = size == kIljFieldTagLength ? L':' : L'\t';
   }
   constexpr std::wstring_view View() const { return {text, size}; }
 };

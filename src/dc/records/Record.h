@@ -21,10 +21,11 @@ struct DcHead {
   /// The record type as a base-36 number: the first character times 36 plus the second.
   constexpr std::int32_t Type() const { return Digit(text[0]) * 36 + Digit(text[1]); }
 
- private:
-  static constexpr std::int32_t Digit(wchar_t c) {
-    return c >= L'0' && c <= L'9' ? c - L'0' : c - L'A' + 10;
+  /// A digit or a capital, and what it counts.
+  static constexpr bool IsDigit(wchar_t c) {
+    return (c >= L'0' && c <= L'9') || (c >= L'A' && c <= L'Z');
   }
+  static constexpr std::int32_t Digit(wchar_t c) { return c <= L'9' ? c - L'0' : c - L'A' + 10; }
 };
 
 /// The type of a record by its two characters, for records without a structure: DcType("28").
