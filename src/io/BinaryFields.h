@@ -125,4 +125,18 @@ class BinaryWriter {
   std::span<std::byte> m_block;
 };
 
+/// A whole record from its block, and a block with nothing but the fields of a record.
+template <class Record>
+void Unpack(std::span<const std::byte> block, Record& record) {
+  const BinaryReader reader(block);
+  Record::Walk(reader, record);
+}
+template <class Block, class Record>
+Block Packed(const Record& record) {
+  Block block{};
+  const BinaryWriter writer(block);
+  Record::Walk(writer, record);
+  return block;
+}
+
 }  // namespace zelconvert

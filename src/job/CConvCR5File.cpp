@@ -43,25 +43,6 @@ double Scaled(double value, double factor) {
   return value == DC_NULL || value == kNullLimit ? value : value * factor;
 }
 
-void Pack(const CoordinateRecord& record, Cr5RecordBlock& block) {
-  const BinaryWriter writer(block);
-  CoordinateRecord::Walk(writer, record);
-}
-
-/// An unused slot of a sequential file.
-Cr5RecordBlock UnusedRecord() {
-  Cr5RecordBlock block{};
-  Pack(CoordinateRecord(), block);
-  return block;
-}
-
-CoordinateRecord Unpack(const Cr5RecordBlock& block) {
-  CoordinateRecord record;
-  const BinaryReader reader(block);
-  CoordinateRecord::Walk(reader, record);
-  return record;
-}
-
 /// Up to the first zero byte.
 std::string_view DescriptionOf(const CoordinateRecord& record) {
   const auto end = std::find(record.description.begin(), record.description.end(), std::byte{0});
@@ -113,7 +94,7 @@ std::vector<RecordPointer> Sort(const std::vector<Cr5RecordBlock>& records) {
   return sorted;
 }
 
-/// One run from a CR5 file to a job.
+/// One run from a CR5 file to a job. A record with the initial values is an unused slot.
 class Cr5ToJob {
  public:
   /// units: those of the CR5 file, as the job's settings name them.
@@ -153,14 +134,15 @@ bool Cr5ToJob::PrepareJob() {
 bool Cr5ToJob::CopyRecords() {
   CConvertProgress progress;
   progress.Start();
-  const Cr5RecordBlock kFresh = UnusedRecord();
+  const auto kFresh = Packed<Cr5RecordBlock>(CoordinateRecord());
   const std::int64_t fileLength = m_cr5.GetLength();
   m_point.layer = kDefaultLayerId;
   for (std::size_t bytes = CoordinateRecord::kLength; bytes == CoordinateRecord::kLength;) {
     progress.SetPosition(m_cr5.GetPosition(), fileLength);
     Cr5RecordBlock block = kFresh;
     if (!m_cr5.Read(block.data(), block.size(), &bytes)) return false;
-    const CoordinateRecord record = Unpack(block);
+    CoordinateRecord record;
+    Unpack(block, record);
     if (bytes < kNumberLength || record.number == CoordinateRecord::kUnused) continue;
     FillPoint(record);
     if (!m_job.WritePoint(m_point)) return false;
@@ -238,15 +220,10 @@ bool JobToCr5::Convert() {
 template <class Handler>
 bool JobToCr5::ForEachPoint(int pass, Handler readPoint) {
   const std::int64_t fileLength = m_job.GetFile().GetLength();
-  if (!m_job.SeekToFirstRecord()) return false;
-  JobKind kind;
-  std::int64_t position;
-  std::uint32_t length;
-  while (m_job.ReadNextRecordHead(kind, position, length)) {
+  return m_job.ForEachRecord([&](JobKind kind, std::int64_t position) {
     m_progress.SetPosition(pass * fileLength + position, kPasses * fileLength);
-    if (!(IsPoint(kind) ? readPoint() : m_job.SkipRecord())) return false;
-  }
-  return !m_job.GetFile().HasReadFailed();
+    return IsPoint(kind) ? readPoint() : m_job.SkipRecord();
+  });
 }
 
 bool JobToCr5::CountPoints() {
@@ -275,10 +252,8 @@ bool JobToCr5::WriteHeader() {
   CR5_HEADER header;
   header.maxPoint = m_nLastPoint + m_nAlphanumeric;
   if (m_bSequential) header.firstPoint = m_nFirstPoint;
-  Cr5HeaderBlock block{};
-  const BinaryWriter writer(block);
-  writer.Bytes(0, std::as_bytes(std::span(CR5_HEADER::kSignature)));
-  CR5_HEADER::Walk(writer, header);
+  auto block = Packed<Cr5HeaderBlock>(header);
+  BinaryWriter(block).Bytes(0, std::as_bytes(std::span(CR5_HEADER::kSignature)));
   return m_cr5.SeekToBegin() && m_cr5.Write(block.data(), block.size());
 }
 
@@ -307,7 +282,7 @@ void JobToCr5::AddRecord(const JOB_POINT& point, std::int32_t number) {
   platform::AppendNarrow(m_strDescription, point.description);
   std::memcpy(record.description.data(), m_strDescription.data(),
               std::min(m_strDescription.size(), record.description.size()));
-  Pack(record, m_records.emplace_back());
+  m_records.push_back(Packed<Cr5RecordBlock>(record));
 }
 
 bool JobToCr5::WritePlain(const std::vector<RecordPointer>& records) {
@@ -317,7 +292,7 @@ bool JobToCr5::WritePlain(const std::vector<RecordPointer>& records) {
 // One record for every number, unless numbers are there twice: then the walk runs ahead of the
 // records, no gap is filled any more until they catch up, and it ends at the highest number.
 bool JobToCr5::WriteSequential(const std::vector<RecordPointer>& records) {
-  const Cr5RecordBlock kUnused = UnusedRecord();
+  const auto kUnused = Packed<Cr5RecordBlock>(CoordinateRecord());
   const std::int32_t last = NumberOf(records.at(records.size() - 1));
   std::size_t i = 0;
   for (std::int32_t expected = NumberOf(records.front()); expected <= last; ++expected, ++i) {

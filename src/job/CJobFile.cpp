@@ -11,7 +11,6 @@
 namespace zelconvert {
 namespace {
 
-constexpr std::size_t kFileHeadLength = 34;
 constexpr std::size_t kBlockSizesLength = 8;
 constexpr std::int64_t kOldHeaderOffset = 34;
 constexpr std::int64_t kJobHeaderOffset = 42;
@@ -23,33 +22,12 @@ static_assert(kJobHeaderOffset + JOB_HEADER::kLength == kCoordBlockOffset);
 static_assert(kCoordBlockOffset + kCoordBlockLength == kFirstRecordOffset);
 static_assert(kCoordBlockLength == CGlkProjectionRecord::kBlockSize);
 
-constexpr std::size_t kRecordHeadLength = 8;
 constexpr std::size_t kScratchStep = 1024;
 
 /// A job is read from front to back, and conversions read it twice.
 constexpr std::uint32_t kReadAheadKilobytes = 128;
 
-template <class Io, class Head>
-void WalkFileHead(Io& io, Head& head) {
-  io.Bytes(0, head.signature);
-  io.Field(28, head.version);
-  io.Field(30, head.firstRecordOffset);
-}
-
-template <class Io, class Head>
-void WalkRecordHead(Io& io, Head& head) {
-  io.Field(0, head.kind);
-  io.Field(4, head.length);
-}
-
 using HeaderBlock = std::array<std::byte, JOB_HEADER::kLength>;
-
-HeaderBlock Pack(const JOB_HEADER& header) {
-  HeaderBlock block{};
-  const BinaryWriter writer(block);
-  JOB_HEADER::Walk(writer, header);
-  return block;
-}
 
 /// What a kind in the file stands for, and the payload bytes that its reader takes.
 struct FoundKind {
@@ -74,8 +52,6 @@ CJobFile::CJobFile(bool bBrand) : m_bBrand(bBrand) {
 
 void CJobFile::Reset() {
   m_fileHead = {};
-  m_nJobHeaderSize = 0;
-  m_nCoordBlockSize = 0;
   m_header = {};
   m_recordHead = {};
   CGlkProjectionRecord().Pack(m_coordBlock);
@@ -100,10 +76,9 @@ bool CJobFile::Open(const std::wstring& path, bool bReadOnly) {
 }
 
 bool CJobFile::ReadBlocks() {
-  std::array<std::byte, kFileHeadLength> block{};
+  FileHeadBlock block{};
   if (!m_File.Read(block.data(), block.size())) return false;
-  const BinaryReader reader(block);
-  WalkFileHead(reader, m_fileHead);
+  Unpack(block, m_fileHead);
   if (!std::ranges::equal(m_fileHead.signature, Signature())) return false;
   if (m_fileHead.version < kOldJobVersion) return true;
   return m_fileHead.version < kJobVersion ? ReadOldBlocks() : ReadNewBlocks();
@@ -119,8 +94,7 @@ bool CJobFile::ReadOldBlocks() {
 
 void CJobFile::TakeOldHeader() {
   JOB_OLD_HEADER old;
-  const BinaryReader reader(m_oldHeader);
-  JOB_OLD_HEADER::Walk(reader, old);
+  Unpack(m_oldHeader, old);
   static_cast<JOB_SETTINGS&>(m_header) = old;
 }
 
@@ -129,15 +103,10 @@ void CJobFile::TakeOldHeader() {
 bool CJobFile::ReadNewBlocks() {
   std::array<std::byte, kBlockSizesLength> sizes{};
   if (!m_File.Read(sizes.data(), sizes.size())) return false;
-  const BinaryReader sizeReader(sizes);
-  sizeReader.Field(0, m_nJobHeaderSize);
-  sizeReader.Field(4, m_nCoordBlockSize);
-
-  HeaderBlock header = Pack(m_header);
-  if (!ReadSizedBlock(header, m_nJobHeaderSize)) return false;
-  const BinaryReader reader(header);
-  JOB_HEADER::Walk(reader, m_header);
-  return ReadSizedBlock(m_coordBlock, m_nCoordBlockSize);
+  HeaderBlock header = Packed<HeaderBlock>(m_header);
+  if (!ReadSizedBlock(header, LoadLittleEndian<std::uint32_t>(sizes.data()))) return false;
+  Unpack(header, m_header);
+  return ReadSizedBlock(m_coordBlock, LoadLittleEndian<std::uint32_t>(sizes.data() + 4));
 }
 
 bool CJobFile::ReadSizedBlock(std::span<std::byte> block, std::uint32_t size) {
@@ -165,9 +134,7 @@ bool CJobFile::WriteBlocks(std::uint16_t version) {
   m_fileHead.firstRecordOffset = isOld ? kOldFirstRecordOffset : kFirstRecordOffset;
   m_header.creationTime = CurrentLocalTime();
 
-  std::array<std::byte, kFileHeadLength> block{};
-  const BinaryWriter writer(block);
-  WalkFileHead(writer, m_fileHead);
+  const auto block = Packed<FileHeadBlock>(m_fileHead);
   if (!m_File.Write(block.data(), block.size())) return false;
   return isOld ? WriteOldBlocks() : WriteNewBlocks();
 }
@@ -179,19 +146,12 @@ bool CJobFile::WriteOldBlocks() {
 }
 
 bool CJobFile::WriteNewBlocks() {
-  m_nJobHeaderSize = JOB_HEADER::kLength;
-  m_nCoordBlockSize = kCoordBlockLength;
   std::array<std::byte, kBlockSizesLength> sizes{};
-  const BinaryWriter writer(sizes);
-  writer.Field(0, m_nJobHeaderSize);
-  writer.Field(4, m_nCoordBlockSize);
-  const HeaderBlock header = Pack(m_header);
+  StoreLittleEndian<std::uint32_t>(sizes.data(), JOB_HEADER::kLength);
+  StoreLittleEndian<std::uint32_t>(sizes.data() + 4, kCoordBlockLength);
+  const HeaderBlock header = Packed<HeaderBlock>(m_header);
   return m_File.Write(sizes.data(), sizes.size()) && m_File.Write(header.data(), header.size()) &&
          m_File.Write(m_coordBlock.data(), m_coordBlock.size());
-}
-
-void CJobFile::Close() {
-  m_File.Close();
 }
 
 // Header and blocks
@@ -211,7 +171,7 @@ bool CJobFile::WriteJobHeader(const JOB_HEADER& header) {
   }
   if (m_fileHead.version != kJobVersion) return true;
   m_header = header;
-  const HeaderBlock block = Pack(header);
+  const HeaderBlock block = Packed<HeaderBlock>(header);
   return m_File.SeekTo(kJobHeaderOffset) && m_File.Write(block.data(), block.size());
 }
 
@@ -240,22 +200,16 @@ bool CJobFile::ReadOldHeader(OldHeaderBlock& block) const {
 }
 
 bool CJobFile::ReadOldHeader(JOB_OLD_HEADER& header) const {
-  const BinaryReader reader(m_oldHeader);
-  JOB_OLD_HEADER::Walk(reader, header);
+  Unpack(m_oldHeader, header);
   return IsOpen();
 }
 
 // Moving over the records
 
-bool CJobFile::SeekToFirstRecord() {
-  return m_File.SeekTo(m_fileHead.firstRecordOffset);
-}
-
 bool CJobFile::ReadHead() {
-  std::array<std::byte, kRecordHeadLength> block;
+  RecordHeadBlock block;
   if (!m_File.Read(block.data(), block.size())) return false;
-  const BinaryReader reader(block);
-  WalkRecordHead(reader, m_recordHead);
+  Unpack(block, m_recordHead);
   return true;
 }
 
@@ -328,16 +282,16 @@ bool CJobFile::IsVersionFor(const JobKindInfo& info) const {
 }
 
 bool CJobFile::WriteRecord(std::span<const std::byte> payload, std::uint32_t kind) {
-  constexpr std::size_t kMaxLength = 0xFFFFFFFFu - kRecordHeadLength;
+  constexpr std::size_t kMaxLength = 0xFFFFFFFFu - RecordHead::kLength;
   if (payload.size() > kMaxLength) return false;
-  const std::size_t size = payload.size() + kRecordHeadLength;
+  const std::size_t size = payload.size() + RecordHead::kLength;
   if (size > m_scratch.size()) {
     m_scratch.resize((size + kScratchStep - 1) / kScratchStep * kScratchStep);
   }
   const RecordHead head{kind, static_cast<std::uint32_t>(payload.size())};
   const BinaryWriter writer(m_scratch);
-  WalkRecordHead(writer, head);
-  writer.Bytes(kRecordHeadLength, payload);
+  RecordHead::Walk(writer, head);
+  writer.Bytes(RecordHead::kLength, payload);
   return m_File.Write(m_scratch.data(), size);
 }
 
@@ -379,7 +333,7 @@ bool CJobFile::FindRecord(const JobKindInfo& info, std::uint32_t id, bool bFirst
       if (!m_File.Read(front.data(), front.size())) return false;
       if (LoadLittleEndian<std::uint32_t>(front.data()) == id) return SeekTo(position);
     }
-    position += static_cast<std::int64_t>(kRecordHeadLength) + length;
+    position += static_cast<std::int64_t>(RecordHead::kLength) + length;
     if (!SeekTo(position)) return false;
   }
   return SeekToEnd() && bFirstFree;
@@ -398,9 +352,7 @@ bool CJobFile::DeleteRecord() {
   const std::int64_t position = m_File.GetPosition();
   if (!ReadHead()) return false;
   m_recordHead.kind = 0;
-  std::array<std::byte, kRecordHeadLength> block;
-  const BinaryWriter writer(block);
-  WalkRecordHead(writer, m_recordHead);
+  const auto block = Packed<RecordHeadBlock>(m_recordHead);
   return SeekTo(position) && m_File.Write(block.data(), block.size()) && SkipRecord();
 }
 

@@ -49,7 +49,7 @@ class CJobFile {
   [[nodiscard]] bool Create(const std::wstring& path, std::uint16_t version);
   [[nodiscard]] bool CreateNew(const std::wstring& path) { return Create(path, kJobVersion); }
   /// HasWriteFailed tells of lost data.
-  void Close();
+  void Close() { m_File.Close(); }
   bool HasWriteFailed() const { return m_File.HasWriteFailed(); }
   bool IsOpen() const { return m_File.IsOpen(); }
   std::uint16_t GetVersion() const { return m_fileHead.version; }
@@ -69,13 +69,17 @@ class CJobFile {
   /// The same by its fields.
   [[nodiscard]] bool ReadOldHeader(JOB_OLD_HEADER& header) const;
 
-  [[nodiscard]] bool SeekToFirstRecord();
+  [[nodiscard]] bool SeekToFirstRecord() { return SeekTo(m_fileHead.firstRecordOffset); }
   [[nodiscard]] bool SeekTo(std::int64_t position) { return m_File.SeekTo(position); }
   [[nodiscard]] bool SeekToEnd() { return m_File.SeekToEnd(); }
   /// position: out, where the head stands. length: out, bytes of payload as the head says; nothing
   /// has compared it with the file. False at the end of the file, cut off heads included.
   [[nodiscard]] bool ReadNextRecordHead(JobKind& kind, std::int64_t& position,
                                         std::uint32_t& length);
+  /// handle: called with the kind and the position of every record's head, from the first on; it
+  /// reads or skips the payload. False if it was false, or a read failed.
+  template <class Handler>
+  [[nodiscard]] bool ForEachRecord(Handler handle);
   /// Over the payload of the head last read. A length past the end of the file is no failure: the
   /// next head is.
   [[nodiscard]] bool SkipRecord();
@@ -155,11 +159,28 @@ class CJobFile {
     std::array<std::byte, kJobSignatureLength> signature{};
     std::uint16_t version = 0;
     std::uint32_t firstRecordOffset = 0;
+
+    static constexpr std::size_t kLength = 34;
+    template <class Io, class Head>
+    static void Walk(Io& io, Head& head) {
+      io.Bytes(0, head.signature);
+      io.Field(28, head.version);
+      io.Field(30, head.firstRecordOffset);
+    }
   };
   struct RecordHead {
     std::uint32_t kind = 0;  // as it stands in the file
     std::uint32_t length = 0;
+
+    static constexpr std::size_t kLength = 8;
+    template <class Io, class Head>
+    static void Walk(Io& io, Head& head) {
+      io.Field(0, head.kind);
+      io.Field(4, head.length);
+    }
   };
+  using FileHeadBlock = std::array<std::byte, FileHead::kLength>;
+  using RecordHeadBlock = std::array<std::byte, RecordHead::kLength>;
 
   void Reset();
   std::span<const std::byte> Signature() const;
@@ -181,14 +202,24 @@ class CJobFile {
   CFileCE m_File;
   bool m_bBrand;
   FileHead m_fileHead;
-  std::uint32_t m_nJobHeaderSize = 0;
-  std::uint32_t m_nCoordBlockSize = 0;
   JOB_HEADER m_header;
   OldHeaderBlock m_oldHeader{};
   CoordBlock m_coordBlock{};         // its bytes, so that a block comes back as it was read
   RecordHead m_recordHead;           // the one last read
   std::vector<std::byte> m_scratch;  // a record on its way to the file
 };
+
+template <class Handler>
+bool CJobFile::ForEachRecord(Handler handle) {
+  if (!SeekToFirstRecord()) return false;
+  JobKind kind;
+  std::int64_t position;
+  std::uint32_t length;
+  while (ReadNextRecordHead(kind, position, length)) {
+    if (!handle(kind, position)) return false;
+  }
+  return !m_File.HasReadFailed();
+}
 
 template <class Record>
 bool CJobFile::Read(Record& record) {

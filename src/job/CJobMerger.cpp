@@ -61,22 +61,15 @@ bool CJobMerger::CopyHeader(CJobFile& output, const JOB_HEADER& header) {
 // all these kinds are read in all walks.
 template <class Handler>
 bool CJobMerger::ForEachRecord(CJobFile& job, Handler handle) {
-  if (!job.SeekToFirstRecord()) return false;
-  JobKind kind;
-  std::int64_t position;
-  std::uint32_t length;
   CJobFile::FixedPayload payload;
-  while (job.ReadNextRecordHead(kind, position, length)) {
+  const bool walked = job.ForEachRecord([&](JobKind kind, std::int64_t position) {
     m_progress.SetPosition(m_nWalked + position, m_nWalkLength);
-    if (!IsCopied(kind)) {
-      if (!job.SkipRecord()) return false;
-      continue;
-    }
-    if (!job.ReadFixedPayload(payload)) return false;
-    if (!handle(kind, std::span(payload).first(InfoOf(kind).length))) return false;
-  }
+    if (!IsCopied(kind)) return job.SkipRecord();
+    return job.ReadFixedPayload(payload) &&
+           handle(kind, std::span(payload).first(InfoOf(kind).length));
+  });
   m_nWalked += job.GetFile().GetLength();
-  return !job.GetFile().HasReadFailed();
+  return walked;
 }
 
 // An element names its road by the road's id, and may stand in front of it. So the roads of the
