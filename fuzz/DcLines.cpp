@@ -30,7 +30,7 @@ template <class R>
 bool HasFullNumber(std::wstring_view line) {
   return std::any_of(std::begin(kColumns<R>), std::end(kColumns<R>),
                      [line](const Column<R>& column) {
-                       return std::holds_alternative<double R::*>(column.member) &&
+                       return column.member.kind == MemberKind::Real &&
                               Mid(line, static_cast<std::size_t>(column.start), 1) != L" ";
                      });
 }

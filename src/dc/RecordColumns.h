@@ -26,7 +26,6 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <variant>
 
 #include "dc/CutNames.h"
 #include "io/Columns.h"
@@ -78,15 +77,35 @@ struct Always {
 };
 inline constexpr Always kBlank{L""};
 
+enum class MemberKind : std::uint8_t { None, Text, Real, Integer, Character, Flag };
+
+/// A member of R that a column is read into, or none. (A std::variant for each record would double
+/// the time that a file including them takes to compile.)
+template <class R>
+struct Member {
+  MemberKind kind = MemberKind::None;
+  union {
+    std::wstring R::*text = nullptr;
+    double R::*real;
+    std::int32_t R::*integer;
+    wchar_t R::*character;
+    bool R::*flag;
+  };
+
+  constexpr Member() {}
+  constexpr Member(std::wstring R::*m) : kind(MemberKind::Text), text(m) {}
+  constexpr Member(double R::*m) : kind(MemberKind::Real), real(m) {}
+  constexpr Member(std::int32_t R::*m) : kind(MemberKind::Integer), integer(m) {}
+  constexpr Member(wchar_t R::*m) : kind(MemberKind::Character), character(m) {}
+  constexpr Member(bool R::*m) : kind(MemberKind::Flag), flag(m) {}
+};
+
 /// One column of a record of type R.
 template <class R>
 struct Column {
-  using Member = std::variant<std::monostate, std::wstring R::*, double R::*, std::int32_t R::*,
-                              wchar_t R::*, bool R::*>;
-
   int start;
   int width;
-  Member member;  // none: nothing is read
+  Member<R> member;
   TextForm text = 0;
   int decimals = 0;
   RealForm real = RealForm::Nullable;
@@ -173,16 +192,16 @@ void ReadColumns(std::wstring_view line, const Table& table, R& record) {
   for (const Column<R>& c : table) {
     const std::wstring_view field =
         Mid(line, static_cast<std::size_t>(c.start), static_cast<std::size_t>(c.width));
-    if (const auto* text = std::get_if<std::wstring R::*>(&c.member)) {
-      columns::ReadText(field, c.text, record.**text);
-    } else if (const auto* real = std::get_if<double R::*>(&c.member)) {
-      record.** real = columns::ReadReal(field, c.real);
-    } else if (const auto* integer = std::get_if<std::int32_t R::*>(&c.member)) {
-      record.** integer = columns::ReadInteger(field, c.integer, c.choice);
-    } else if (const auto* character = std::get_if<wchar_t R::*>(&c.member)) {
-      record.** character = field.empty() ? L'\0' : field.front();
-    } else if (const auto* flag = std::get_if<bool R::*>(&c.member)) {
-      record.** flag = field == L"1";
+    if (c.member.kind == MemberKind::Text) {
+      columns::ReadText(field, c.text, record.*c.member.text);
+    } else if (c.member.kind == MemberKind::Real) {
+      record.*c.member.real = columns::ReadReal(field, c.real);
+    } else if (c.member.kind == MemberKind::Integer) {
+      record.*c.member.integer = columns::ReadInteger(field, c.integer, c.choice);
+    } else if (c.member.kind == MemberKind::Character) {
+      record.*c.member.character = field.empty() ? L'\0' : field.front();
+    } else if (c.member.kind == MemberKind::Flag) {
+      record.*c.member.flag = field == L"1";
     }
   }
 }
@@ -195,17 +214,18 @@ void WriteColumns(std::wstring& line, const std::array<Column<R>, N>& table, con
   for (const Column<R>& c : table) {
     if (c.always) {
       AppendRight(line, c.constant, static_cast<std::size_t>(c.width));
-    } else if (const auto* text = std::get_if<std::wstring R::*>(&c.member)) {
+    } else if (c.member.kind == MemberKind::Text) {
       const bool isLast = &c == &table.back();
-      columns::WriteText(line, record.**text, isLast ? c.text : c.text | kKeepFirst, c.width, cut);
-    } else if (const auto* real = std::get_if<double R::*>(&c.member)) {
-      columns::WriteReal(line, record.**real, c.decimals, c.real, c.width);
-    } else if (const auto* integer = std::get_if<std::int32_t R::*>(&c.member)) {
-      columns::WriteInteger(line, record.**integer, c.integer, c.width);
-    } else if (const auto* character = std::get_if<wchar_t R::*>(&c.member)) {
-      line.push_back(record.**character);
-    } else if (const auto* flag = std::get_if<bool R::*>(&c.member)) {
-      line.push_back(record.**flag ? L'2' : L'1');
+      columns::WriteText(line, record.*c.member.text, isLast ? c.text : c.text | kKeepFirst,
+                         c.width, cut);
+    } else if (c.member.kind == MemberKind::Real) {
+      columns::WriteReal(line, record.*c.member.real, c.decimals, c.real, c.width);
+    } else if (c.member.kind == MemberKind::Integer) {
+      columns::WriteInteger(line, record.*c.member.integer, c.integer, c.width);
+    } else if (c.member.kind == MemberKind::Character) {
+      line.push_back(record.*c.member.character);
+    } else if (c.member.kind == MemberKind::Flag) {
+      line.push_back(record.*c.member.flag ? L'2' : L'1');
     }
   }
 }

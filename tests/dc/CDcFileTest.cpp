@@ -42,12 +42,12 @@ template <class R>
 Fields FieldsOf(R& record) {
   Fields fields;
   for (const Column<R>& column : kColumns<R>) {
-    const auto add = [&](auto member) {
-      if constexpr (!std::is_same_v<decltype(member), std::monostate>) {
-        fields.emplace_back(&(record.*member));
-      }
-    };
-    std::visit(add, column.member);
+    const Member<R>& member = column.member;
+    if (member.kind == MemberKind::Text) fields.emplace_back(&(record.*member.text));
+    if (member.kind == MemberKind::Real) fields.emplace_back(&(record.*member.real));
+    if (member.kind == MemberKind::Integer) fields.emplace_back(&(record.*member.integer));
+    if (member.kind == MemberKind::Character) fields.emplace_back(&(record.*member.character));
+    if (member.kind == MemberKind::Flag) fields.emplace_back(&(record.*member.flag));
   }
   return fields;
 }

@@ -57,8 +57,8 @@ std::string IntegerFormName(IntegerForm form, Choice choice) {
 
 template <class R>
 std::string FormName(const Column<R>& column) {
-  const bool real = std::holds_alternative<double R::*>(column.member);
-  const bool integer = std::holds_alternative<std::int32_t R::*>(column.member);
+  const bool real = column.member.kind == MemberKind::Real;
+  const bool integer = column.member.kind == MemberKind::Integer;
   if (column.always) {
     const std::string text =
         column.constant.empty() ? "blank" : '"' + Narrow(column.constant) + '"';
@@ -66,8 +66,8 @@ std::string FormName(const Column<R>& column) {
   }
   if (real) return RealFormName(column.real, column.decimals);
   if (integer) return IntegerFormName(column.integer, column.choice);
-  if (std::holds_alternative<wchar_t R::*>(column.member)) return "character";
-  if (std::holds_alternative<bool R::*>(column.member)) return "flag";
+  if (column.member.kind == MemberKind::Character) return "character";
+  if (column.member.kind == MemberKind::Flag) return "flag";
   return TextFormName(column.text, std::to_string(column.width));
 }
 
