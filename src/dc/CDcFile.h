@@ -44,10 +44,12 @@ class CDcFile : public CFileCE {
   ~CDcFile() override;
 
   /// Creates or empties the file.
-  bool OpenForWrite(const std::wstring& path);
-  bool OpenForRead(const std::wstring& path);
+  [[nodiscard]] bool OpenForWrite(const std::wstring& path);
+  /// An existing file, at its first line.
+  [[nodiscard]] bool OpenForRead(const std::wstring& path);
   /// Back to the first line, after a UTF-8 mark.
   bool Rewind();
+  /// Without a dot.
   static std::wstring GetDefaultExtension() { return L"DC"; }
 
   using CFileCE::Read;
@@ -62,9 +64,9 @@ class CDcFile : public CFileCE {
   /// `index` is below 98.
   static std::wstring_view GetSubtypeString(int index);
   /// Empty, or blanks and tabs alone: no record, passed over by every conversion.
-  static bool IsBlank(std::wstring_view line);
+  [[nodiscard]] static bool IsBlank(std::wstring_view line);
   /// Subtype "DL": skipped by every conversion before its type is looked at.
-  static bool IsDeleted(std::wstring_view line);
+  [[nodiscard]] static bool IsDeleted(std::wstring_view line);
 
   // Records. Their structures tell the columns; dc/records/Record.h what they have in common.
 

@@ -35,7 +35,8 @@ class CFeatureCodeData {
  public:
   virtual ~CFeatureCodeData() = default;
   /// What the attribute block of a point says; false if the library doesn't know the feature.
-  virtual bool Decode(std::span<const std::byte> /*block*/, FEATURE_SET& /*features*/) const {
+  [[nodiscard]] virtual bool Decode(std::span<const std::byte> /*block*/,
+                                    FEATURE_SET& /*features*/) const {
     return false;
   }
 };

@@ -14,6 +14,7 @@ constexpr LinearUnit LinearUnitOfDc(std::int32_t digit) {
          : digit == 3 ? LinearUnit::UsSurveyFoot
                       : LinearUnit::Metre;
 }
+/// 1 metres, 2 international feet, 3 US survey feet.
 constexpr std::int32_t DcDigit(LinearUnit unit) {
   return unit == LinearUnit::UsSurveyFoot ? 3 : unit == LinearUnit::InternationalFoot ? 2 : 1;
 }

@@ -13,7 +13,7 @@ class PointNameSet {
   static constexpr std::size_t kMaxLength = 16;
 
   /// False if the name is there already. name: at most 16 characters of ASCII other than NUL.
-  bool Insert(std::wstring_view name);
+  [[nodiscard]] bool Insert(std::wstring_view name);
 
  private:
   struct Key {

@@ -12,6 +12,6 @@ std::uint16_t ProjectionIdFromCode(wchar_t code);
 /// '1' for an unknown id. 2059 gives '<', its northern form; '=' is the southern one.
 wchar_t ProjectionCodeFromId(std::uint16_t id);
 /// True for the ids that are written as D0 instead of 64.
-bool IsExtendedProjection(std::uint16_t id);
+[[nodiscard]] bool IsExtendedProjection(std::uint16_t id);
 
 }  // namespace zelconvert

@@ -49,7 +49,7 @@ inline constexpr TextForm kName = 16;      ///< too long: the user is told
 enum class RealForm : std::uint8_t {
   Nullable,  ///< blank is read as null
   Plain,     ///< blank is read as 0
-  Marked,    ///< "3" in front of the number, "0" in front of the blanks of null; not read
+  Marked,    ///< "3" before the number, "0" before the blanks of null; not read
 };
 inline constexpr RealForm kPlain = RealForm::Plain;
 
@@ -175,10 +175,12 @@ wchar_t MethodCharacter(std::int32_t method);
 
 namespace columns {
 
+/// One field of a line, as its form says. field: its columns, fewer where the line ends.
 void ReadText(std::wstring_view field, TextForm form, std::wstring& value);
 std::int32_t ReadInteger(std::wstring_view field, IntegerForm form, Choice choice);
 double ReadReal(std::wstring_view field, RealForm form);
 
+/// Appends `width` columns; a text that may stand in full, more.
 void WriteText(std::wstring& line, std::wstring_view value, TextForm form, int width,
                CutNames& cut);
 void WriteInteger(std::wstring& line, std::int32_t value, IntegerForm form, int width);

@@ -21,6 +21,7 @@ struct DisplayUnits {
   LinearUnit length = LinearUnit::Metre;
   AngularUnit angle = AngularUnit::Radian;
 
+  /// From radians or metres; null stays null.
   double ToDisplay(double value, Quantity quantity) const {
     switch (quantity) {
       case Quantity::Degrees:
@@ -34,6 +35,7 @@ struct DisplayUnits {
     }
     return value;
   }
+  /// To radians or metres; null stays null.
   double FromDisplay(double value, Quantity quantity) const {
     switch (quantity) {
       case Quantity::Degrees:
@@ -49,6 +51,7 @@ struct DisplayUnits {
   }
 };
 
+/// A number of a DC record and the one of the system that it is.
 template <class Record, class System>
 struct SystemField {
   double Record::*inRecord;
@@ -56,6 +59,7 @@ struct SystemField {
   Quantity quantity;
 };
 
+/// Copies all `fields`, in the units of the DC file or back in radians and metres.
 template <class Fields, class Record, class System>
 void ToRecord(const Fields& fields, const DisplayUnits& units, const System& system,
               Record& record) {

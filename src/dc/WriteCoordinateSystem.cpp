@@ -31,15 +31,14 @@ class SystemWriter {
         m_isCalibratedSite(system.horizontalType == 0),
         m_file(file) {}
 
-  bool Write() {
+  void Write() {
     WriteLabel();
     WriteEllipsoid();
     WriteSite();
-    if (!WriteProjection() || !WriteDatum()) return false;
+    if (!WriteProjection() || !WriteDatum()) return;
     WriteHorizontalAdjust();
     WriteVerticalAdjust();
     WriteNames();
-    return true;
   }
 
  private:
@@ -219,9 +218,9 @@ void SystemWriter::WriteNames() {
 
 }  // namespace
 
-bool WriteCoordinateSystem(const CGlkProjectionRecord& system, LinearUnit lengthUnit,
+void WriteCoordinateSystem(const CGlkProjectionRecord& system, LinearUnit lengthUnit,
                            AngularUnit angleUnit, CDcFile& file) {
-  return SystemWriter(system, {lengthUnit, angleUnit}, file).Write();
+  SystemWriter(system, {lengthUnit, angleUnit}, file).Write();
 }
 
 }  // namespace zelconvert

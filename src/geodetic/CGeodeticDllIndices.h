@@ -31,13 +31,19 @@ class CGeodeticDllIndices {
   CGeodeticDllIndices& operator=(const CGeodeticDllIndices&) = default;
   virtual ~CGeodeticDllIndices() = default;
 
+  /// customName, customId: of a custom zone, else empty and 0.
   void Set(std::int32_t method, std::int32_t coordSystem, std::int32_t datum, std::int32_t zone,
            std::int32_t hemisphere, const std::wstring& customName, std::uint32_t customId);
 
+  /// A Method.
   std::int32_t GetMethod() const { return m_nMethod; }
+  /// A CoordSystem or a MolodenskySystem, as the method says.
   std::int32_t GetCoordSystem() const { return m_nCoordSystem; }
+  /// A Datum, kWgs72Form or a row of the shift table, as method and system say.
   std::int32_t GetDatum() const { return m_nDatum; }
+  /// A row of the zone table, a UTM zone or kNoZone.
   std::int32_t GetZone() const { return m_nZone; }
+  /// 0 north, anything else south.
   std::int32_t GetHemisphere() const { return m_nHemisphere; }
   const std::wstring& GetCustomName() const { return m_strCustomName; }
   std::uint32_t GetCustomId() const { return m_nCustomId; }
@@ -80,6 +86,7 @@ class CGeodeticDllSystem : public CGeodeticDllIndices {
  public:
   CGeodeticDllSystem() { m_record.zoneGroupName = kZoneGroupName; }
 
+  /// False, with the record as it was, where FillProjectionRecord is.
   bool Fill() { return FillProjectionRecord(*this, m_record); }
   const CGlkProjectionRecord& GetRecord() const { return m_record; }
 

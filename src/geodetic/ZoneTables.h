@@ -1,5 +1,6 @@
-// The published numbers behind the indices of a coordinate system: State Plane zones, ellipsoids
-// and datum shifts. tables/README.md tells the order of the rows, their units and their sources.
+// The published numbers that the indices of a coordinate system stand for: State Plane zones,
+// ellipsoids and datum shifts. tables/README.md tells the order of the rows, their units and their
+// sources.
 #pragma once
 
 #include <cstdint>

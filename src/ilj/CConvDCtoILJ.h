@@ -9,8 +9,7 @@ namespace zelconvert {
 class CDcFile;
 class CTextFile;
 
-/// The units of the first header hold for the whole file; what stands in front of it has no
-/// lengths.
+/// The units of the first header hold for the whole file; what stands before it has no lengths.
 class CConvDCtoILJ {
  public:
   /// Both files open. False, with a text, at the first record that has no ILJ form and without

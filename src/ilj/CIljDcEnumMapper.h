@@ -44,6 +44,7 @@ struct Map {
 };
 
 inline constexpr Pair kSame[] = {{1, 1}, {2, 2}, {3, 3}, {4, 4}};
+/// Numbers from 1 to `last`, at most 4, that are the same in both.
 constexpr std::span<const Pair> SameUpTo(std::size_t last) {
   return std::span(kSame).first(last);
 }

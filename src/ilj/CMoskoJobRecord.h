@@ -17,7 +17,7 @@ namespace zelconvert {
 
 class CMoskoJobRecord;
 
-/// Fields by their tags, blanks between them; "!" behind a tag marks one that is required.
+/// Fields by their tags, blanks between them; "!" after a tag marks one that is required.
 class IljFieldList {
  public:
   static constexpr std::size_t kMaxSize = 20;
@@ -205,6 +205,7 @@ class CMoskoJobRecord {
   IljRecordType GetRecordType() const { return m_recordType; }
   /// Another type or the same, and no field set.
   void Restart(IljRecordType type);
+  /// Every field unset.
   void ClearFields();
 
   /// The field at that place of the record's order; null past the last.
@@ -232,9 +233,10 @@ class CMoskoJobRecord {
   bool ParseText(std::wstring_view text);
   /// Reads only the dates and times of such a text, and clears nothing.
   void ParseMoments(std::wstring_view text);
-  /// Appends the record's line: its tag and a tab, then the valid fields. A tab stands behind each
+  /// Appends the record's line: its tag and a tab, then the valid fields. A tab stands after each
   /// of them but the last of the order, so that a line whose last field isn't valid ends in a tab.
   void AppendText(std::wstring& line) const;
+  /// The line as text of its own.
   std::wstring ToText() const;
 
   /// Seconds by the local calendar (see CivilTime.h); 0 unless date and time are both valid.
@@ -271,24 +273,29 @@ class IljRecord {
 
   explicit IljRecord(CMoskoJobRecord& record) : m_record(record) {}
 
+  /// The field, which stays the record's.
   template <IljTag field>
   IljField<field> Get() const {
     constexpr int kIndex = IljLayoutOf(kType).Find(IljFieldTypeOf(field));
     static_assert(kIndex >= 0);
     return IljField<field>(m_record.m_fields[kIndex]);
   }
+  /// Its value, valid or not.
   template <IljTag field>
   auto Value() const {
     return Get<field>().GetValue();
   }
+  /// Checks nothing.
   template <IljTag field>
   void Set(typename IljField<field>::Value value) const {
     Get<field>().SetValue(value);
   }
+  /// True if all of these are valid.
   template <IljTag... fields>
   bool HasAll() const {
     return (Get<fields>().IsValid() && ...);
   }
+  /// True if one of them is.
   template <IljTag... fields>
   bool HasAny() const {
     return (Get<fields>().IsValid() || ...);

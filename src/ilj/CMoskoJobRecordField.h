@@ -20,7 +20,7 @@ namespace zelconvert {
 /// What follows the colon.
 enum class IljFieldKind : std::uint8_t {
   Text,
-  PointName,      ///< a text without the blanks behind it
+  PointName,      ///< a text without the blanks after it
   Date,           ///< YYYYMMDD
   Time,           ///< HHMMSS
   Integer,        ///< read as strtol does
@@ -209,11 +209,13 @@ class CMoskoJobRecordField {
     m_number = Form().unset;
     m_string.clear();
   }
+  /// By the rule of the field's row in ilj::kFields.
   bool IsValid() const;
   /// Appends "TAG:value", valid or not; nothing for a date or time that is unset.
   void AppendText(std::wstring& line) const;
+  /// What AppendText appends.
   std::wstring GetText() const;
-  /// Stores what stands behind the colon. Text that is no number gives 0. Throws
+  /// Stores what stands after the colon. Text that is no number gives 0. Throws
   /// ConversionFailure for a date or time that no calendar or clock has.
   void SetText(std::wstring_view value);
 
@@ -362,6 +364,7 @@ class CMoskoJobRecordFieldList : public std::vector<const CMoskoJobRecordField*>
  public:
   using std::vector<const CMoskoJobRecordField*>::vector;
 
+  /// True if one of them is of that type.
   bool HasField(IljFieldType type) const;
 };
 

@@ -15,6 +15,7 @@ struct RoadStation {
   std::int32_t number = 0;  ///< station / 100, truncated, saturated to 32 bits
   double offset = 0;        ///< remainder of the station, with its sign
 };
+/// station: in the unit of lengths.
 RoadStation SplitStation(double station);
 
 /// A value that changes evenly from one station to another: a slope in percent, or a widening.
@@ -49,7 +50,9 @@ class CRd5File : public CFileCE {
   /// joins: what the spiral starts from, "C" a curve, "T" a tangent.
   void WriteHS(double azimuth, double radius, double length, std::wstring_view direction,
                std::wstring_view joins);
+  /// A straight of the profile; grade in percent.
   void WriteVG(double length, double grade);
+  /// A parabola from one grade to the other, in percent.
   void WriteVC(double length, double gradeIn, double gradeOut);
 
   // The right side and the left side. startHingeOn: 1 when the pavement turns about the edge of

@@ -65,7 +65,7 @@ class RoadCheck {
     double startStation = 0;
     bool hasVertical = false;
     bool hasTemplate = false;
-    Template current;  // before the first template: what stands in front of it
+    Template current;  // until the first template: what stands before it
   };
   bool m_foundAnything = false;
   bool m_isRoadOpen = false;

@@ -25,7 +25,9 @@ struct Turn {
 /// A curve whose side is the sign of its radius: negative to the left.
 Turn TurnOfSignedRadius(double radius);
 
+/// azimuth: radians, clockwise from north.
 AlignmentPoint StraightEnd(const AlignmentPoint& start, double azimuth, double length);
+/// length: along the arc.
 AlignmentPoint ArcEnd(const AlignmentPoint& start, const Turn& turn, double length);
 /// A clothoid between a tangent and a curve of the turn's radius, in either order.
 AlignmentPoint SpiralEnd(const AlignmentPoint& start, const Turn& turn, double length,

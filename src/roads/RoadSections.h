@@ -30,6 +30,7 @@ class CRoadSide {
     std::wstring name;
   };
 
+  /// The template from that station on; in the order of the file.
   void Add(double station, const std::wstring& templateName);
   const std::vector<Position>& GetPositions() const { return m_positions; }
 

@@ -60,7 +60,7 @@ class OneFeature : public CFeatureCodeData {
                            {kAttributeList, L"State", L"sound", L"", 0, 3},
                            {kAttributeList, L"Place", L"park", L"edge", 0, 12},
                            {kAttributesEnd, L"", L"", L"", 0, 0},
-                           {kAttributeText, L"Behind the end", L"", L"", 0, 0}};
+                           {kAttributeText, L"After the end", L"", L"", 0, 0}};
     return true;
   }
 };

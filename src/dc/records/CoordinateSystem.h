@@ -50,7 +50,7 @@ struct tDC_PROJECTION_EXTRecord : DcRecord<"D0KI", tDC_PROJECTION_EXTRecord>,
   std::int32_t flagC = 1;  ///< the job's 0 is 1, its 1 is 2
   wchar_t flagD = L'1';    ///< area, the job's 1 to 4
   std::wstring gridFileName;
-  std::wstring shiftFileName;
+  std::wstring shiftFileName;  ///< also the label of the zone
 
   static constexpr auto Columns() {
     return std::to_array<Column<Self>>({
@@ -111,7 +111,7 @@ struct tDC_LOCAL_SITERecord : DcRecord<"D5KI", tDC_LOCAL_SITERecord> {
 /// 49
 struct tDC_DATUMRecord : DcRecord<"49KI", tDC_DATUMRecord> {
   wchar_t datumCode = L'1';  ///< '1' three parameters, '2' seven parameters, '3' none
-  double semiMajorAxis = 0;
+  double semiMajorAxis = 0;  ///< of WGS 84 when it is written, as is the next
   double inverseFlattening = 0;
   double rotationX = 0;
   double rotationY = 0;

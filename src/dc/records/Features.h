@@ -23,7 +23,7 @@ struct tDC_FEATURE_CODERecord : DcRecord<"87FC", tDC_FEATURE_CODERecord> {
 
 /// 88
 struct tDC_FEATURE_NUMBERRecord : DcRecord<"88FC", tDC_FEATURE_NUMBERRecord> {
-  std::wstring name;
+  std::wstring name;  ///< of the attribute, with "?" after it
   double value = 0;
 
   static constexpr auto Columns() {
@@ -36,7 +36,7 @@ struct tDC_FEATURE_NUMBERRecord : DcRecord<"88FC", tDC_FEATURE_NUMBERRecord> {
 
 /// 89
 struct tDC_FEATURE_TEXTRecord : DcRecord<"89FC", tDC_FEATURE_TEXTRecord> {
-  std::wstring name;
+  std::wstring name;  ///< of the attribute, with "?" after it
   std::wstring value;
 
   static constexpr auto Columns() {
@@ -49,9 +49,9 @@ struct tDC_FEATURE_TEXTRecord : DcRecord<"89FC", tDC_FEATURE_TEXTRecord> {
 
 /// 92
 struct tDC_FEATURE_LISTRecord : DcRecord<"92FC", tDC_FEATURE_LISTRecord> {
-  std::wstring name;
-  std::wstring value;
-  std::int32_t index = 0;
+  std::wstring name;       ///< of the attribute, with "?" after it
+  std::wstring value;      ///< the chosen entry; its parts joined by "/"
+  std::int32_t index = 0;  ///< of the entry
 
   static constexpr auto Columns() {
     return std::to_array<Column<Self>>({

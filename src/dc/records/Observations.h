@@ -35,14 +35,19 @@ struct tDC_VECTORRecord : DcRecord<"70KI", tDC_VECTORRecord> {
   }
 };
 
-/// 79: distance, zenith angle and circle reading.
-struct tDC_OBSERVATIONRecord : DcRecord<"79F1", tDC_OBSERVATIONRecord, kOwnSubtype> {
-  std::wstring from;
-  std::wstring to;
-  double distance = 0;
-  double angle1 = 0;
-  double angle2 = 0;
+/// What the observations 79, D9 and 80 begin with.
+struct tDC_OBSERVATION_FIELDS {
+  std::wstring from;    ///< station
+  std::wstring to;      ///< target
+  double distance = 0;  ///< slope distance
+  double angle1 = 0;    ///< of 79 and D9 the zenith angle, of 80 the azimuth
+  double angle2 = 0;    ///< of 79 and D9 the circle reading, of 80 the zenith angle
   std::wstring code;
+};
+
+/// 79: distance, zenith angle and circle reading.
+struct tDC_OBSERVATIONRecord : DcRecord<"79F1", tDC_OBSERVATIONRecord, kOwnSubtype>,
+                               tDC_OBSERVATION_FIELDS {
   wchar_t classification = L'1';
 
   static constexpr auto Columns() {
@@ -59,13 +64,8 @@ struct tDC_OBSERVATIONRecord : DcRecord<"79F1", tDC_OBSERVATIONRecord, kOwnSubty
 };
 
 /// D9: the same with standard errors.
-struct tDC_OBSERVATION_SIGMARecord : DcRecord<"D9F1", tDC_OBSERVATION_SIGMARecord, kOwnSubtype> {
-  std::wstring from;
-  std::wstring to;
-  double distance = 0;
-  double angle1 = 0;
-  double angle2 = 0;
-  std::wstring code;
+struct tDC_OBSERVATION_SIGMARecord : DcRecord<"D9F1", tDC_OBSERVATION_SIGMARecord, kOwnSubtype>,
+                                     tDC_OBSERVATION_FIELDS {
   wchar_t classification = L'1';
   double sigmaDistance = 0.001;
   double sigmaAngle1 = 0.0003;
@@ -89,11 +89,11 @@ struct tDC_OBSERVATION_SIGMARecord : DcRecord<"D9F1", tDC_OBSERVATION_SIGMARecor
 
 /// D9 in its fixed form: the caller has prepared the texts of the observation.
 struct tDC_OBSERVATION_TEXTRecord : DcRecord<"D9F1", tDC_OBSERVATION_TEXTRecord> {
-  std::wstring from;
-  std::wstring to;
-  std::wstring distance;
-  std::wstring angle1;
-  std::wstring angle2;
+  std::wstring from;      ///< station
+  std::wstring to;        ///< target
+  std::wstring distance;  ///< slope distance
+  std::wstring angle1;    ///< zenith angle
+  std::wstring angle2;    ///< circle reading
   std::wstring code;
   wchar_t classification = L'1';
   double sigmaDistance = 0.001;
@@ -117,13 +117,8 @@ struct tDC_OBSERVATION_TEXTRecord : DcRecord<"D9F1", tDC_OBSERVATION_TEXTRecord>
 };
 
 /// 80
-struct tDC_ANGLE_DISTANCERecord : DcRecord<"80NM", tDC_ANGLE_DISTANCERecord, kOwnSubtype> {
-  std::wstring from;
-  std::wstring to;
-  double distance = 0;
-  double angle1 = 0;
-  double angle2 = 0;
-  std::wstring code;
+struct tDC_ANGLE_DISTANCERecord : DcRecord<"80NM", tDC_ANGLE_DISTANCERecord, kOwnSubtype>,
+                                  tDC_OBSERVATION_FIELDS {
   std::int32_t method = 1;
   wchar_t classification = L'1';
 
@@ -144,10 +139,10 @@ struct tDC_ANGLE_DISTANCERecord : DcRecord<"80NM", tDC_ANGLE_DISTANCERecord, kOw
 /// 85: an observation that was typed in.
 struct tDC_ANGLE_DISTANCE_KEYEDRecord : DcRecord<"85KI", tDC_ANGLE_DISTANCE_KEYEDRecord> {
   std::wstring name;
-  double angle1 = 0;
-  double angle2 = 0;
+  double angle1 = 0;  ///< azimuth
+  double angle2 = 0;  ///< zenith angle
   double distance = 0;
-  double height = 0;
+  double height = 0;  ///< declination
   std::wstring code;
   std::int32_t method = 1;
   wchar_t classification = L'1';

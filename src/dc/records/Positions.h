@@ -34,8 +34,8 @@ struct tDC_STATIONRecord : DcRecord<"02NM", tDC_STATIONRecord> {
 /// E0: station and instrument height.
 struct tDC_STATION_EXTRecord : DcRecord<"E0NM", tDC_STATION_EXTRecord> {
   std::wstring name;
-  double height = 0;
-  double scale = 1;  ///< written "1.0" whatever it holds
+  double height = 0;  ///< of the instrument
+  double scale = 1;   ///< written "1.0" whatever it holds
   std::int32_t flag = 1;
 
   static constexpr auto Columns() {
@@ -67,8 +67,8 @@ struct tDC_BACKSIGHTRecord : DcRecord<"07KI", tDC_BACKSIGHTRecord> {
 
 /// E1
 struct tDC_BACKSIGHT_EXTRecord : DcRecord<"E1KI", tDC_BACKSIGHT_EXTRecord> {
-  std::wstring from;
-  std::wstring to;
+  std::wstring from;  ///< station
+  std::wstring to;    ///< backsight
   double angle1 = 0;  ///< azimuth
   double angle2 = 0;  ///< circle reading
   double angle3 = 0;  ///< not written
@@ -91,7 +91,7 @@ struct tDC_GRID_POSITIONRecord : DcRecord<"69NM", tDC_GRID_POSITIONRecord, kOwnS
   double east = 0;   ///< the second coordinate
   double elevation = 0;
   std::wstring code;
-  std::int32_t method = 1;
+  std::int32_t method = 1;        ///< where it came from
   wchar_t classification = L'1';  ///< '1' a normal point, '3' staked out, '6' to ':' deleted ones
 
   static constexpr auto Columns() {
@@ -107,15 +107,20 @@ struct tDC_GRID_POSITIONRecord : DcRecord<"69NM", tDC_GRID_POSITIONRecord, kOwnS
   }
 };
 
-/// 66: a geodetic position in the GPS datum.
-struct tDC_GPS_POSITIONRecord : DcRecord<"66KI", tDC_GPS_POSITIONRecord, kOwnSubtype> {
+/// What the positions 66 to 68 begin with.
+struct tDC_GPS_FIELDS {
   std::wstring name;
-  double coord1 = 0;  ///< latitude
+  double coord1 = 0;  ///< latitude; in 67 the geocentric difference X, then Y and Z
   double coord2 = 0;  ///< longitude
   double coord3 = 0;  ///< height
   std::wstring code;
   std::int32_t method = 0;
   wchar_t classification = L'1';
+};
+
+/// 66: a geodetic position in the GPS datum.
+struct tDC_GPS_POSITIONRecord : DcRecord<"66KI", tDC_GPS_POSITIONRecord, kOwnSubtype>,
+                                tDC_GPS_FIELDS {
   double sigma1 = 0;  ///< horizontal precision
   double sigma2 = 0;  ///< vertical precision
 
@@ -135,16 +140,10 @@ struct tDC_GPS_POSITIONRecord : DcRecord<"66KI", tDC_GPS_POSITIONRecord, kOwnSub
 };
 
 /// 67: a GPS vector from the base.
-struct tDC_GPS_POSITION2Record : DcRecord<"67KI", tDC_GPS_POSITION2Record, kOwnSubtype> {
-  std::wstring name;
-  double coord1 = 0;  ///< geocentric differences X, Y, Z
-  double coord2 = 0;
-  double coord3 = 0;
-  std::wstring code;
-  std::int32_t method = 0;
-  wchar_t classification = L'1';
-  double sigma1 = 0;
-  double sigma2 = 0;
+struct tDC_GPS_POSITION2Record : DcRecord<"67KI", tDC_GPS_POSITION2Record, kOwnSubtype>,
+                                 tDC_GPS_FIELDS {
+  double sigma1 = 0;  ///< as in 66
+  double sigma2 = 0;  ///< vertical precision
 
   static constexpr auto Columns() {
     return std::to_array<Column<Self>>({
@@ -162,15 +161,8 @@ struct tDC_GPS_POSITION2Record : DcRecord<"67KI", tDC_GPS_POSITION2Record, kOwnS
 };
 
 /// 68: a geodetic position in the local datum.
-struct tDC_LOCAL_POSITIONRecord : DcRecord<"68KI", tDC_LOCAL_POSITIONRecord, kOwnSubtype> {
-  std::wstring name;
-  double coord1 = 0;  ///< latitude
-  double coord2 = 0;  ///< longitude
-  double coord3 = 0;  ///< height
-  std::wstring code;
-  std::int32_t method = 0;
-  wchar_t classification = L'1';
-
+struct tDC_LOCAL_POSITIONRecord : DcRecord<"68KI", tDC_LOCAL_POSITIONRecord, kOwnSubtype>,
+                                  tDC_GPS_FIELDS {
   static constexpr auto Columns() {
     return std::to_array<Column<Self>>({
         {4, 16, &Self::name, kName},

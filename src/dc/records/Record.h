@@ -1,8 +1,10 @@
 // What every record of a DC file begins with.
 //
 // Unless a field says otherwise, lengths are in the header's distance unit, angles in its angle
-// unit, latitudes and longitudes in decimal degrees, and DC_NULL stands for "no value". What each
-// record means to a surveyor is in docs/formats/dc.md.
+// unit, latitudes and longitudes in decimal degrees, and DC_NULL stands for "no value". `name`,
+// `from` and `to` are points, `code` is the description of one; `method` tells how it was measured
+// or came to be, from 1 to 10, and `classification` what it is, by the characters of record 69.
+// What each record means to a surveyor is in docs/formats/dc.md.
 #pragma once
 
 #include <cstddef>
@@ -38,8 +40,8 @@ inline constexpr std::size_t kDcTypeCount = 36 * 36;
 
 /// Common head of all DC records.
 struct tDC_RECORD {
-  std::int32_t type = 509;
-  std::wstring subtype = L"NM";
+  std::int32_t type = 509;       ///< the first two characters in base 36
+  std::wstring subtype = L"NM";  ///< the next two, fewer in a line that ends there
 };
 
 /// For records that are written with the subtype that they hold.

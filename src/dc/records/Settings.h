@@ -49,7 +49,7 @@ struct tDC_HEADERRecord : DcRecord<"00NM", tDC_HEADERRecord> {
 
 /// 10
 struct tDC_JOBRecord : DcRecord<"10NM", tDC_JOBRecord> {
-  std::wstring name;
+  std::wstring name;           ///< of the job
   std::int32_t digit1 = 1;     ///< written 1
   std::int32_t digit2 = 1;     ///< written 2
   std::int32_t digit3 = 1;     ///< written 1
@@ -83,7 +83,7 @@ struct tDC_NOTERecord : DcRecord<"13NM", tDC_NOTERecord> {
 
 /// 72, the file of data to be processed later.
 struct tDC_POST_PROCESSRecord : DcRecord<"72KI", tDC_POST_PROCESSRecord, kOwnSubtype> {
-  std::wstring text;
+  std::wstring text;  ///< name of the file of logged data
 
   static constexpr auto Columns() {
     return std::to_array<Column<Self>>({
@@ -123,9 +123,9 @@ struct tDC_COGORecord : DcRecord<"78NM", tDC_COGORecord> {
 
 /// D4, which older collectors have in place of 78.
 struct tDC_COGO_OLDRecord : DcRecord<"D4NM", tDC_COGO_OLDRecord> {
-  std::int32_t azimuthOrigin = 1;
-  std::int32_t gridOrientation = 1;
-  double value = 0;  ///< written blank
+  std::int32_t azimuthOrigin = 1;    ///< as in 78
+  std::int32_t gridOrientation = 1;  ///< as in 78
+  double value = 0;                  ///< written blank
 
   static constexpr auto Columns() {
     return std::to_array<Column<Self>>({

@@ -13,7 +13,7 @@ namespace zelconvert {
 
 /// A0
 struct tDC_TARGET_IDRecord : DcRecord<"A0KI", tDC_TARGET_IDRecord> {
-  std::wstring name;
+  std::wstring name;  ///< design point
   std::wstring flag = L"1";
 
   static constexpr auto Columns() {
@@ -119,7 +119,7 @@ struct tDC_STAKED_VALUERecord : DcRecord<"A8KI", tDC_STAKED_VALUERecord> {
 struct tDC_DESIGN_SLOPERecord : DcRecord<"C9KI", tDC_DESIGN_SLOPERecord> {
   std::wstring name;         ///< what is noted of the slope
   std::wstring side = L"1";  ///< "1" or "2"
-  double slope = 0;
+  double slope = 0;          ///< percent
   double value = 0;
 
   static constexpr auto Columns() {
