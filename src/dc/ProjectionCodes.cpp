@@ -12,7 +12,7 @@ namespace {
 struct ProjectionCode {
   std::uint16_t id;
   wchar_t written;
-  wchar_t read[3];  // NUL: no more
+  wchar_t read[3];  // NUL: no more; as a code it is found in the first row, no projection
 };
 
 constexpr ProjectionCode kProjectionCodes[] = {
@@ -31,8 +31,7 @@ constexpr std::uint16_t kExtendedProjections[] = {2056, 2063, 2064, 2069};
 
 std::uint16_t ProjectionIdFromCode(wchar_t code) {
   for (const ProjectionCode& row : kProjectionCodes) {
-    if (code != L'\0' &&
-        std::find(std::begin(row.read), std::end(row.read), code) != std::end(row.read)) {
+    if (std::find(std::begin(row.read), std::end(row.read), code) != std::end(row.read)) {
       return row.id;
     }
   }

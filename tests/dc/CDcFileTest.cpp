@@ -150,15 +150,6 @@ TEST(DcWriters, WriteEveryRecord) {
   EXPECT_FALSE(std::getline(lines, line));
 }
 
-TEST(DcWriters, NumbersOfTheirOwn) {
-  EXPECT_EQ(FormatDcNumber(-9.98e7, 5), L" -99800000.00000");
-  for (double null : {DC_NULL, -9.99e7, -1e8, -std::numeric_limits<double>::infinity(),
-                      std::numeric_limits<double>::quiet_NaN()}) {
-    EXPECT_EQ(FormatDcNumber(null, 5), L" ");
-  }
-  EXPECT_EQ(FormatDcNumber(-12345678.9, 9), L"-12345678.900000");
-}
-
 // ------------------------------------------------------------------------------------- Reading
 
 std::wstring Show(const FieldRef& field) {
@@ -280,19 +271,6 @@ TEST(DcLines, TypesAndSubtypes) {
   for (int i = 0; i < kDcSubtypeCount; ++i) {
     EXPECT_EQ(CDcFile::GetRecordSubtype(L"69" + std::wstring(CDcFile::GetSubtypeString(i))), i);
   }
-}
-
-TEST(DcLines, OpenReadWrite) {
-  TempDir folder;
-  CDcFile file;
-  EXPECT_FALSE(file.OpenForRead(folder.Path(L"absent.dc")));
-  EXPECT_FALSE(file.OpenForWrite(folder.Path(L"no folder/out.dc")));
-  EXPECT_EQ(CDcFile::GetDefaultExtension(), L"DC");
-  ASSERT_TRUE(file.OpenForRead(folder.Write(L"a.dc", "00NM\r\n\r\n69KI\n13NMx\r")));
-  std::wstring line;
-  std::vector<std::wstring> lines;
-  while (file.ReadLine(line)) lines.push_back(line);
-  EXPECT_EQ(lines, (std::vector<std::wstring>{L"00NM", L"", L"69KI", L"13NMx\r"}));
 }
 
 TEST(DcProjectionCodes, BothDirections) {

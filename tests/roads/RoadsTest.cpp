@@ -272,20 +272,6 @@ TEST(Roads, InputIsNoOutput) {
   EXPECT_EQ(FilesIn(dir.Folder()), (Files{{L"ROAD.RD5", dc}}));
 }
 
-TEST(Roads, Headers) {
-  Sandbox sandbox(Dc({"00NMFX V10-70           09-16-2026 10:05111121", Road(" ONE "), "=good",
-                      Road("TWO"), "84KI              1.              2.", "=good"}));
-  ASSERT_TRUE(sandbox.Convert());
-  ASSERT_EQ(sandbox.roads.size(), 2u);
-  for (const ROAD_HEADER& road : sandbox.roads) {  // of the last record 84
-    EXPECT_EQ(road.name, &road == &sandbox.roads[0] ? L"ONE" : L"TWO");
-    EXPECT_EQ(road.startStation, 100);
-    EXPECT_EQ(road.north, 2000);  // the second coordinate: east comes first
-    EXPECT_EQ(road.east, 1000);
-    EXPECT_EQ(road.elevation, 50);
-  }
-}
-
 // The run ends there; what had been written by then is the caller's to delete.
 TEST(Roads, ShortHeaderLine) {
   Sandbox sandbox(Dc({Road("FIRST"), "=good", Road("ROAD"), "=hal", "00NM", "=good"}));
