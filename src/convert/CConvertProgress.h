@@ -20,6 +20,7 @@ class CZelConvertApp {
 
   /// Null: nobody is told. The window stays the host's.
   void SetWindow(ZelWindowHandle window) { m_hConvertCallbackWnd = window; }
+  /// A window is set, alive or not.
   bool HasWindow() const { return m_hConvertCallbackWnd != nullptr; }
   // Each returns when the host has handled the message; nothing without a living window.
   // `text` is copied; percent: 0 to 100.

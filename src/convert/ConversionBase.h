@@ -62,7 +62,8 @@ class CConvFile {
   bool m_bDirection = true;  // with its setter, a name alone: a conversion has a function each way
 };
 
-/// Base of the conversions of a raw log.
+/// Base of the conversions of a raw log. Both append to the report, and are false for a conversion
+/// that isn't whole.
 class CConvRawFile {
  public:
   virtual ~CConvRawFile() = default;
@@ -73,7 +74,8 @@ class CConvRawFile {
 /// Deletes the files at these paths, which a run has made, and forgets them.
 void RemoveFiles(StringList& paths);
 
-/// "Could not read %ith record: %s." and its twin.
+/// "Could not read %ith record: %s." and its twin. n: the number of the record, from 0; text: what
+/// it is called.
 std::wstring FormatRecordReadError(int n, std::wstring_view text);
 std::wstring FormatRecordParseError(int n, std::wstring_view text);
 

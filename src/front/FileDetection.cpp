@@ -33,7 +33,7 @@ bool StartsWith(const std::wstring& path, std::string_view signature) {
 }
 
 // The first occurrence of the extension decides: it has to lie in the last four characters, and
-// behind at least one. So ".dc" fits "a.dcx" and doesn't fit "a.dc.dc".
+// after at least one. So ".dc" fits "a.dcx" and doesn't fit "a.dc.dc".
 bool NameFits(std::wstring_view foldedName, std::wstring_view extension) {
   const std::size_t position = foldedName.find(extension);
   return position != std::wstring_view::npos && position > 0 && foldedName.size() - position < 5;

@@ -28,7 +28,7 @@
 
 namespace zelconvert {
 
-// From the file's order of bytes to the machine's, or back.
+/// From the file's order of bytes to the machine's, or back.
 template <class Unsigned>
 Unsigned LittleEndian(Unsigned value) {
   static_assert(std::is_unsigned_v<Unsigned>);
@@ -40,6 +40,7 @@ Unsigned LittleEndian(Unsigned value) {
   return value;
 }
 
+/// The number in the first sizeof(Unsigned) bytes, at any alignment.
 template <class Unsigned>
 Unsigned LoadLittleEndian(const std::byte* bytes) {
   Unsigned value;
@@ -47,6 +48,7 @@ Unsigned LoadLittleEndian(const std::byte* bytes) {
   return LittleEndian(value);
 }
 
+/// Puts a number there.
 template <class Unsigned>
 void StoreLittleEndian(std::byte* bytes, Unsigned value) {
   const Unsigned ordered = LittleEndian(value);
@@ -56,6 +58,7 @@ void StoreLittleEndian(std::byte* bytes, Unsigned value) {
 /// Fills a record from a block.
 class BinaryReader {
  public:
+  /// The block stays the caller's and must outlive the reader.
   explicit BinaryReader(std::span<const std::byte> block) : m_block(block) {}
 
   /// A NaN is no value.
@@ -63,6 +66,7 @@ class BinaryReader {
     value = std::bit_cast<double>(LoadLittleEndian<std::uint64_t>(At(offset)));
     if (std::isnan(value)) value = DC_NULL;
   }
+  /// Of any width; signed ones in two's complement.
   template <class Integer>
   void Field(std::size_t offset, Integer& value) const {
     static_assert(std::is_integral_v<Integer>);
@@ -82,6 +86,7 @@ class BinaryReader {
     for (std::size_t i = 0; i < used; ++i) text[i] = static_cast<wchar_t>(unit(i));
     if (hasSurrogates) AssignUtf16(text, std::u16string(text.begin(), text.end()));
   }
+  /// As many as `bytes` takes, as they stand.
   void Bytes(std::size_t offset, std::span<std::byte> bytes) const {
     if (!bytes.empty()) std::memcpy(bytes.data(), At(offset), bytes.size());
   }
@@ -97,11 +102,14 @@ class BinaryReader {
 /// Fills a block from a record.
 class BinaryWriter {
  public:
+  /// The block stays the caller's and must outlive the writer. What no field covers is left alone.
   explicit BinaryWriter(std::span<std::byte> block) : m_block(block) {}
 
+  /// Null values as they are.
   void Field(std::size_t offset, const double& value) const {
     StoreLittleEndian(At(offset), std::bit_cast<std::uint64_t>(value));
   }
+  /// Of any width; signed ones in two's complement.
   template <class Integer>
   void Field(std::size_t offset, const Integer& value) const {
     static_assert(std::is_integral_v<Integer>);
@@ -116,6 +124,7 @@ class BinaryWriter {
       StoreLittleEndian(At(offset + 2 * i), static_cast<std::uint16_t>(buffer[i]));
     }
   }
+  /// As they stand.
   void Bytes(std::size_t offset, std::span<const std::byte> bytes) const {
     if (!bytes.empty()) std::memcpy(At(offset), bytes.data(), bytes.size());
   }

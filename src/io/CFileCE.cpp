@@ -179,8 +179,8 @@ bool CFileCE::FillBuffer() {
   return got.has_value();
 }
 
-// Transfer programs close a text with a byte 1A or several, and some with a line end behind them. A
-// 1A with text behind it is a character like others.
+// Transfer programs close a text with a byte 1A or several, and some with a line end after them. A
+// 1A with text after it is a character like others.
 std::int64_t CFileCE::FindEndMark(std::size_t characterSize, bool bBigEndian) {
   constexpr std::int64_t kBlock = 256;
   char block[kBlock];

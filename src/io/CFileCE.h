@@ -1,5 +1,5 @@
 // The binary file under every format: boolean results instead of exceptions, read-ahead and
-// write-behind buffers, a line reader and a line writer.
+// write buffers, a line reader and a line writer.
 #pragma once
 
 #include <cstddef>
@@ -19,6 +19,7 @@ class CFileCE {
  public:
   /// bUnicode: lines are UTF-16LE in the file, else 8-bit text of the platform.
   explicit CFileCE(bool bUnicode = false) : m_bUnicode(bUnicode) {}
+  /// Closes; a failure is lost.
   virtual ~CFileCE() { Close(); }
   CFileCE(const CFileCE&) = delete;
   CFileCE& operator=(const CFileCE&) = delete;
@@ -27,6 +28,7 @@ class CFileCE {
   bool Open(const std::wstring& path, std::uint32_t flags);
   /// True if not open. False if the close, or a write that was still held back, failed.
   bool Close();
+  /// Between a successful Open and Close.
   [[nodiscard]] bool IsOpen() const { return m_File.IsOpen(); }
   /// The path of the last successful Open.
   const std::wstring& GetPath() const { return m_strPath; }

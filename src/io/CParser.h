@@ -19,6 +19,7 @@ class CParseException : public std::exception {
 class CParser {
  public:
   CParser() = default;
+  /// The same as SetText, SetSeparators and SetThrowOnError.
   explicit CParser(std::wstring_view text, std::wstring_view separators = L",",
                    bool bThrowOnError = false);
   virtual ~CParser() = default;

@@ -42,8 +42,8 @@ void AppendCharacter(std::wstring& out, char32_t character) {
 // Whether a cut at the piece's length would part the two halves of a character.
 bool EndsInsidePair(std::wstring_view text) {
   const wchar_t before = text[kPieceLength - 1];
-  const wchar_t behind = text[kPieceLength];
-  return before >= 0xD800 && before <= 0xDBFF && behind >= 0xDC00 && behind <= 0xDFFF;
+  const wchar_t after = text[kPieceLength];
+  return before >= 0xD800 && before <= 0xDBFF && after >= 0xDC00 && after <= 0xDFFF;
 }
 
 bool IsAscii(char byte) {
@@ -163,7 +163,7 @@ void CTextFile::Detect() {
   m_nEndMark = m_File.FindEndMark(characterSize, m_Encoding == kUtf16BigEndian);
 }
 
-// Leaves the position behind the mark; of an unmarked UTF-16 file behind its first character.
+// Leaves the position after the mark; of an unmarked UTF-16 file after its first character.
 // False if the file is too short to tell: all stays as it is.
 bool CTextFile::DetectEncoding() {
   std::uint8_t first[2];
@@ -253,7 +253,7 @@ void CTextFile::AppendUnits(std::string_view chunk) {
 }
 
 // How much of a block ends with a whole sequence. A full block that ends inside of one, or with a
-// sequence at all, gives back what stands behind its last ASCII byte or from its last lead byte on.
+// sequence at all, gives back what stands after its last ASCII byte or from its last lead byte on.
 std::size_t CTextFile::WholeSequences(std::string_view chunk) const {
   if (chunk.size() < kChunkBytes || IsAscii(chunk.back())) return chunk.size();
   for (std::size_t i = chunk.size() - 1; i > 0; --i) {
@@ -264,7 +264,7 @@ std::size_t CTextFile::WholeSequences(std::string_view chunk) const {
   return 0;
 }
 
-// bSplit: the text goes on behind this piece, so its last line has no end yet.
+// bSplit: the text goes on after this piece, so its last line has no end yet.
 void CTextFile::WriteLines(std::wstring_view piece, bool bSplit) {
   m_strWrite.clear();
   while (!piece.empty()) {

@@ -24,12 +24,14 @@ class CTextFile {
   /// bStripNulls: zero bytes of 8-bit text are dropped. Without it each block of 256 bytes, counted
   /// from where reading began, ends at its first zero byte.
   CTextFile(bool bUnicode, bool bStripNulls);
+  /// The encoding of a file that is made, and of one that doesn't say; zero bytes end a block.
   explicit CTextFile(Encoding encoding);
   CTextFile(const CTextFile&) = delete;
   CTextFile& operator=(const CTextFile&) = delete;
 
   /// False, with no change, unless the file is open.
   bool SetEncoding(Encoding encoding);
+  /// The same with little-endian UTF-16, or else 8-bit text.
   bool SetUnicode(bool bUnicode);
   /// Lets this object open a file that turns out to be no 8-bit text.
   void SetAllowUnicode(bool bAllowUnicode) { m_bAllowUnicode = bAllowUnicode; }
@@ -41,10 +43,13 @@ class CTextFile {
   /// well; the reader takes both the two and the usual three.) False if the system refuses, or if
   /// the file isn't 8-bit text and that isn't allowed.
   bool Open(const std::wstring& path, std::uint32_t flags);
+  /// The same after the encoding and SetAllowUnicode have been set.
   bool Open(const std::wstring& path, std::uint32_t flags, Encoding encoding, bool bAllowUnicode);
+  /// As CFileCE has them: false if a write that was held back failed; the path last opened.
   bool Close() { return m_File.Close(); }
   bool IsOpen() const { return m_File.IsOpen(); }
   const std::wstring& GetPath() const { return m_File.GetPath(); }
+  /// Of the file that is open, found in it or set.
   Encoding GetEncoding() const { return m_Encoding; }
   /// Bytes at the start of the file that are not text.
   std::int32_t GetBomSize() const { return m_nBomSize; }

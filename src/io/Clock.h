@@ -15,6 +15,7 @@ std::uint32_t CurrentTickCount();
 /// Fixes the clock while it lives. For tests and golden files; nothing of it is exported.
 class ScopedClock {
  public:
+  /// The tick count starts at `ticks` milliseconds and grows by 1 with each look; the time stands.
   ScopedClock(const platform::LocalTime& time, std::uint32_t ticks);
   ~ScopedClock();
   ScopedClock(const ScopedClock&) = delete;

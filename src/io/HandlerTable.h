@@ -20,6 +20,7 @@ class HandlerTable {
  public:
   using Entry = HandlerEntry<Kind, Row>;
 
+  /// A kind past kindCount, or one that comes twice, doesn't compile.
   explicit consteval HandlerTable(const Entry (&entries)[rowCount]) {
     m_rowOf.fill(kNone);
     for (std::size_t i = 0; i < rowCount; ++i) {

@@ -16,8 +16,8 @@ namespace {
 
 // The extent of a decimal number in a text: positions in it, and where its magnitude lies.
 struct RealShape {
-  std::size_t first = 0;  // behind white space and sign
-  std::size_t end = 0;    // behind the longest valid prefix; equal to `first` without a digit
+  std::size_t first = 0;  // after white space and sign
+  std::size_t end = 0;    // after the longest valid prefix; equal to `first` without a digit
   bool negative = false;
 };
 

@@ -12,6 +12,7 @@ namespace zelconvert {
 constexpr bool IsSpace(wchar_t c) {
   return c == L' ' || (c >= L'\t' && c <= L'\r');
 }
+/// 0 to 9; no digits of other scripts.
 constexpr bool IsDigit(wchar_t c) {
   return c >= L'0' && c <= L'9';
 }

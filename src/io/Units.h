@@ -11,6 +11,7 @@ inline constexpr double DC_NULL = -9.99e27;
 /// Readers and writers of numbers take anything not greater than this for null, and NaN.
 inline constexpr double kNullLimit = -9.99e7;
 
+/// True for NaN as well.
 constexpr bool IsNull(double value) {
   return !(value > kNullLimit);
 }
@@ -19,6 +20,7 @@ template <class... Values>
 constexpr double Computed(double result, Values... values) {
   return (IsNull(values) || ...) ? DC_NULL : result;
 }
+/// Null if a or b is.
 constexpr double Sum(double a, double b) {
   return Computed(a + b, a, b);
 }

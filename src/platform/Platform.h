@@ -39,12 +39,15 @@ enum class SeekFrom { Begin = 0, Current = 1, End = 2 };
 class File {
  public:
   File();
+  /// Closes; a failure is lost.
   ~File();
   File(const File&) = delete;
   File& operator=(const File&) = delete;
 
   /// False, with nothing changed on disk, if already open or refused by the system.
   bool Open(const std::wstring& path, std::uint32_t access);
+  /// Between a successful Open and Close; otherwise Read, Write, Seek and Length
+  /// fail.
   bool IsOpen() const;
   /// Bytes read, fewer than `count` only at the end of the file; nullopt on an error.
   std::optional<std::size_t> Read(void* buffer, std::size_t count);
@@ -52,6 +55,7 @@ class File {
   bool Write(const void* buffer, std::size_t count);
   /// The new position from the start, or nullopt (a position below 0 is refused).
   std::optional<std::int64_t> Seek(std::int64_t offset, SeekFrom from);
+  /// Bytes, or nullopt.
   std::optional<std::int64_t> Length() const;
   /// True if not open. False if the system reported a late write error; the file is closed anyway.
   bool Close();
@@ -86,6 +90,7 @@ struct LocalTime {
   std::uint16_t year = 0, month = 0, dayOfWeek = 0, day = 0;  ///< month 1-12, Sunday 0, day 1-31
   std::uint16_t hour = 0, minute = 0, second = 0, millisecond = 0;
 };
+/// Now.
 LocalTime SystemLocalTime();
 
 /// Folder of the running executable with a separator at its end; empty if unknown.

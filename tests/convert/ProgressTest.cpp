@@ -93,7 +93,7 @@ TEST(Progress, ReachesNoWindowThatIsGone) {
   progress.SetPosition(1, 2);
 }
 
-// How far these bytes have been read at each of their records: behind a line, in front of the head
+// How far these bytes have been read at each of their records: after a line, before the head
 // of a job's record.
 std::vector<std::size_t> Places(const std::string& bytes) {
   std::vector<std::size_t> places;

@@ -166,7 +166,7 @@ TEST(CJobFile, StampsANewJobWithTheTime) {
   }
 }
 
-TEST(CJobFile, KeepsTheResetValuesBehindShortBlocks) {
+TEST(CJobFile, KeepsTheResetValuesAfterShortBlocks) {
   const std::string job = Block(std::string(kJobSignature) + std::string(40, '\x01'))
                               .Put(28, std::uint16_t{5})
                               .Put(30, std::uint32_t{68})

@@ -125,7 +125,7 @@ TEST(MergeJobs, FailsOnDamage) {
 }
 
 // A layer is read at its own length, whatever its head says; so is one that isn't copied.
-TEST(MergeJobs, GoesOnBehindALayerOfWrongLength) {
+TEST(MergeJobs, GoesOnAfterALayerOfWrongLength) {
   std::string records = Records(L"11:101a 13:1/101b");
   records.replace(4, 4, "\xff\xff\x01\x00", 4);
   const Outcome made = Merge(Job("job", 'A', records), Job("job", 'B', records));
