@@ -68,6 +68,16 @@ bool Refuse(Report& report) {
   return false;
 }
 
+bool CreateOutput(CFileCE& file, const std::wstring& path) {
+  return file.Open(path, kCreateOutput);
+}
+bool CreateOutput(CDcFile& file, const std::wstring& path) {
+  return file.OpenForWrite(path);
+}
+bool CreateOutput(CJxlFile& file, const std::wstring& path) {
+  return file.Create(path);
+}
+
 // Raw logs
 
 /// By the name alone, in lower case: other logs are those of the second brand.
@@ -81,31 +91,30 @@ bool IsSameJob(const ConvertRequest& request) {
          platform::IsSameFile(request.featureFile, request.output);
 }
 
-/// convert: called with the open log.
-template <class Output, class Create, class Convert>
-bool FromRaw(const ConvertRequest& request, Report& report, Output& output, Create create,
-             Convert convert) {
+/// convert: called with the open log. mayCreate: false if the output would harm another file.
+template <class Output, class Convert>
+bool FromRaw(const ConvertRequest& request, Report& report, Output& output, Convert convert,
+             bool mayCreate = true) {
   CRawFile raw;
-  return Execute(request, report,
-                 {
-                     .missing = DriverText::RawFileMissing,
-                     .openInput = [&] { return raw.Open(request.input, kOpenReadWrite); },
-                     .createOutput = create,
-                     .convert = [&] { return convert(raw); },
-                     .closing = {Closer(raw), Closer(output)},
-                 });
+  return Execute(
+      request, report,
+      {
+          .missing = DriverText::RawFileMissing,
+          .openInput = [&] { return raw.Open(request.input, kOpenReadWrite); },
+          .createOutput = [&] { return mayCreate && CreateOutput(output, request.output); },
+          .convert = [&] { return convert(raw); },
+          .closing = {Closer(raw), Closer(output)},
+      });
 }
 
 /// isPaired: a job of the same name stands beside the log.
 bool ReduceRaw(const ConvertRequest& request, Report& report, bool isPaired) {
   CDcFile dc;
-  return FromRaw(
-      request, report, dc, [&] { return !IsSameJob(request) && dc.OpenForWrite(request.output); },
-      [&](CRawFile& raw) {
-        return CConvRawDCFile(&raw, &dc, isPaired, Find(kDcDialects, request.outputType).fromRaw,
-                              request.featureFile)
-            .ConvertFromRaw(report);
-      });
+  const int dialect = Find(kDcDialects, request.outputType).fromRaw;
+  const auto convert = [&](CRawFile& raw) {
+    return CConvRawDCFile(&raw, &dc, isPaired, dialect, request.featureFile).ConvertFromRaw(report);
+  };
+  return FromRaw(request, report, dc, convert, !IsSameJob(request));
 }
 
 /// A failure takes away what stood at the output, even if it wasn't made here; only a file of the
@@ -130,29 +139,36 @@ bool PairToDc(const ConvertRequest& pair, std::wstring_view extension, Report& r
 // Jobs
 
 /// convert: called with the open job, of the brand that the exact extension ".job" stands for.
-template <class Output, class Create, class Convert>
-bool FromJob(const ConvertRequest& request, Report& report, Output& output, Create create,
-             Convert convert) {
+template <class Output, class Convert>
+bool FromJob(const ConvertRequest& request, Report& report, Output& output, Convert convert) {
   CJobFile job(HasExtension(request.input, L".job"));
   return Execute(request, report,
                  {
                      .openInput = [&] { return job.Open(request.input, false); },
-                     .createOutput = create,
+                     .createOutput = [&] { return CreateOutput(output, request.output); },
                      .convert = [&] { return convert(job); },
                      .closing = {Closer(job.GetFile()), Closer(output)},
                  });
 }
 
+bool OpenInput(CDcFile& file, const std::wstring& path) {
+  return file.OpenForRead(path);
+}
+/// Of a CR5 file, which no route opens.
+bool OpenInput(CFileCE& /*file*/, const std::wstring& /*path*/) {
+  return true;
+}
+
 /// convert: called with the job that was made.
-template <class Input, class Open, class Convert>
-bool ToJob(const ConvertRequest& asked, Report& report, Input& input, Open open, Convert convert) {
+template <class Input, class Convert>
+bool ToJob(const ConvertRequest& asked, Report& report, Input& input, Convert convert) {
   ConvertRequest request = asked;
   if (request.output.empty()) request.output = GetTempJobName(nullptr);
   const JobOutput& form = Find(kJobOutputs, request.outputType);
   CJobFile job(form.brand);
   return Execute(request, report,
                  {
-                     .openInput = open,
+                     .openInput = [&] { return OpenInput(input, request.input); },
                      .createOutput = [&] { return job.Create(request.output, form.version); },
                      .convert = [&] { return convert(job); },
                      .closing = {Closer(job.GetFile()), Closer(input)},
@@ -201,29 +217,22 @@ bool RawToDc(const ConvertRequest& request, Report& report) {
 
 bool RawToSdr(const ConvertRequest& request, Report& report) {
   CFileCE file;
-  return FromRaw(
-      request, report, file, [&] { return file.Open(request.output, kCreateOutput); },
-      [&](CRawFile& raw) {
-        CConvRawSDRFile conversion(&raw, &file);
-        conversion.SetSdrVersion(request.outputType == FT_SDR2 ? SdrVersion::Sdr2
-                                                               : SdrVersion::Sdr33);
-        return conversion.ConvertFromRaw(report);
-      });
+  return FromRaw(request, report, file, [&](CRawFile& raw) {
+    CConvRawSDRFile conversion(&raw, &file);
+    conversion.SetSdrVersion(request.outputType == FT_SDR2 ? SdrVersion::Sdr2 : SdrVersion::Sdr33);
+    return conversion.ConvertFromRaw(report);
+  });
 }
 
 bool RawToJxl(const ConvertRequest& request, Report& report) {
-  const bool isNative = IsNative(request.input);
-  CJxlFile jxl(isNative);
-  return FromRaw(
-      request, report, jxl, [&] { return jxl.Create(request.output); },
-      [&](CRawFile& raw) { return CConvertJobXml().Convert(raw, jxl, report); });
+  CJxlFile jxl(IsNative(request.input));
+  return FromRaw(request, report, jxl,
+                 [&](CRawFile& raw) { return CConvertJobXml().Convert(raw, jxl, report); });
 }
 
 bool RefuseRaw(const ConvertRequest& request, Report& report) {
   CFileCE file;
-  return FromRaw(
-      request, report, file, [&] { return file.Open(request.output, kCreateOutput); },
-      [&](CRawFile&) { return Refuse(report); });
+  return FromRaw(request, report, file, [&](CRawFile&) { return Refuse(report); });
 }
 
 bool JobRawToDc(const ConvertRequest& request, Report& report) {
@@ -236,59 +245,46 @@ bool Cr5Rw5ToDc(const ConvertRequest& request, Report& report) {
 
 bool JobToDc(const ConvertRequest& request, Report& report) {
   CDcFile dc;
-  return FromJob(
-      request, report, dc, [&] { return dc.OpenForWrite(request.output); },
-      [&](CJobFile& job) {
-        return CConvDcFile(&dc, &job, Find(kDcDialects, request.outputType).fromJob)
-            .ConvertFromNative(report);
-      });
+  return FromJob(request, report, dc, [&](CJobFile& job) {
+    return CConvDcFile(&dc, &job, Find(kDcDialects, request.outputType).fromJob)
+        .ConvertFromNative(report);
+  });
 }
 
 bool JobToCr5(const ConvertRequest& request, Report& report) {
   CFileCE file;
-  return FromJob(
-      request, report, file, [&] { return file.Open(request.output, kCreateOutput); },
-      [&](CJobFile& job) {
-        return CConvCR5File(&file, &job, request.outputType == FT_SEQ_CR5)
-            .ConvertFromNative(report);
-      });
+  return FromJob(request, report, file, [&](CJobFile& job) {
+    return CConvCR5File(&file, &job, request.outputType == FT_SEQ_CR5).ConvertFromNative(report);
+  });
 }
 
 bool RefuseJob(const ConvertRequest& request, Report& report) {
   CFileCE file;
-  return FromJob(
-      request, report, file, [&] { return file.Open(request.output, kCreateOutput); },
-      [&](CJobFile&) { return Refuse(report); });
+  return FromJob(request, report, file, [&](CJobFile&) { return Refuse(report); });
 }
 
 bool DcToJob(const ConvertRequest& request, Report& report) {
   CDcFile dc;
-  return ToJob(
-      request, report, dc, [&] { return dc.OpenForRead(request.input); },
-      [&](CJobFile& job) {
-        return CConvDcFile(&dc, &job, kNewestDialect).ConvertToNative(report);
-      });
+  return ToJob(request, report, dc, [&](CJobFile& job) {
+    return CConvDcFile(&dc, &job, kNewestDialect).ConvertToNative(report);
+  });
 }
 
 bool Cr5ToJob(const ConvertRequest& request, Report& report) {
   CFileCE file;
-  return ToJob(
-      request, report, file, [] { return true; },
-      [&](CJobFile& job) {
-        CConvCR5File conversion(&file, &job, false);
-        conversion.SetUnits(request.units);
-        return conversion.ConvertToNative(report);
-      });
+  return ToJob(request, report, file, [&](CJobFile& job) {
+    CConvCR5File conversion(&file, &job, false);
+    conversion.SetUnits(request.units);
+    return conversion.ConvertToNative(report);
+  });
 }
 
 bool MakeEmptyJob(const ConvertRequest& request, Report& report) {
   CFileCE file;
-  return ToJob(
-      request, report, file, [] { return true; },
-      [&](CJobFile&) {
-        Refuse(report);
-        return true;
-      });
+  return ToJob(request, report, file, [&](CJobFile&) {
+    Refuse(report);
+    return true;
+  });
 }
 
 bool DcToIlj(const ConvertRequest& request, Report& report) {

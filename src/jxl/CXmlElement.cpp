@@ -62,15 +62,20 @@ void AppendEscaped(std::string& out, std::string_view text) {
   }
 }
 
-void AppendFixedChild(std::string& out, const XmlFixedChild& child, std::size_t indent) {
-  out.append(indent, ' ').append("<").append(child.name);
-  if (*child.text == '\0') {
+/// What follows the name and the attributes of an element without children.
+void AppendText(std::string& out, const char* name, const char* text) {
+  if (*text == '\0') {
     out += "/>\r\n";
     return;
   }
   out += '>';
-  AppendEscapedText(out, child.text);
-  out.append("</").append(child.name).append(">\r\n");
+  AppendEscapedText(out, text);
+  out.append("</").append(name).append(">\r\n");
+}
+
+void AppendFixedChild(std::string& out, const XmlFixedChild& child, std::size_t indent) {
+  out.append(indent, ' ').append("<").append(child.name);
+  AppendText(out, child.name, child.text);
 }
 
 // What an XML 1.0 document can't hold, be it as a reference. Halves of pairs fall to AppendUtf8.
@@ -184,27 +189,20 @@ void CXmlTree::AppendTo(std::string& out, std::uint32_t index, int depth, CFileC
     AppendEscapedText(out, attribute.value);
     out += '"';
   }
-  if (!hasText && !hasChildren) {
-    out += "/>\r\n";
-    return;
+  if (!hasChildren && !(hasText && node.m_bNewLine)) {
+    return AppendText(out, node.m_name, node.m_text);
   }
-  out += '>';
-  if (hasChildren || node.m_bNewLine) {
-    out += "\r\n";
-    if (hasText) {
-      out.append(indent + kIndent, ' ');
-      AppendEscapedText(out, node.m_text);
-      out += "\r\n";
-    }
-    for (std::uint32_t child = node.m_firstChild; child != kNone;
-         child = m_nodes[child].m_nextSibling) {
-      AppendTo(out, child, depth + 1, file);
-    }
-    out.append(indent, ' ');
-  } else {
+  out += ">\r\n";
+  if (hasText) {
+    out.append(indent + kIndent, ' ');
     AppendEscapedText(out, node.m_text);
+    out += "\r\n";
   }
-  out.append("</").append(node.m_name).append(">\r\n");
+  for (std::uint32_t child = node.m_firstChild; child != kNone;
+       child = m_nodes[child].m_nextSibling) {
+    AppendTo(out, child, depth + 1, file);
+  }
+  out.append(indent, ' ').append("</").append(node.m_name).append(">\r\n");
   if (out.size() >= kBlock) {
     file.Write(out.data(), out.size());
     out.clear();
