@@ -12,9 +12,6 @@
 namespace zelconvert::platform {
 namespace {
 
-constexpr std::uint32_t kReadWrite = kOpenReadWrite;
-constexpr std::uint32_t kReadOnly = kOpenReadOnly;
-
 TEST(File, DeniesWritersByAnyName) {
   const TempDir dir;
   const std::wstring path = dir.Write(L"in.job", "content");
@@ -26,9 +23,9 @@ TEST(File, DeniesWritersByAnyName) {
     bool opens;
   };
   for (const auto& [first, second, opens] :
-       {Case{kReadOnly, kReadOnly, true}, Case{kReadOnly, kReadWrite, false},
-        Case{kReadOnly, kCreateOutput, false}, Case{kReadWrite, kReadOnly, false},
-        Case{kReadWrite, kCreateOutput, false}}) {
+       {Case{kOpenReadOnly, kOpenReadOnly, true}, Case{kOpenReadOnly, kOpenReadWrite, false},
+        Case{kOpenReadOnly, kCreateOutput, false}, Case{kOpenReadWrite, kOpenReadOnly, false},
+        Case{kOpenReadWrite, kCreateOutput, false}}) {
     for (const std::wstring& name : {path, link, roundabout}) {
       SCOPED_TRACE(testing::Message() << first << " " << second << " " << name);
       File held, other;
@@ -39,7 +36,7 @@ TEST(File, DeniesWritersByAnyName) {
     }
   }
   File again;
-  EXPECT_TRUE(again.Open(link, kReadWrite));
+  EXPECT_TRUE(again.Open(link, kOpenReadWrite));
 }
 
 TEST(File, ReadsWhatMayNotBeWritten) {
@@ -48,7 +45,7 @@ TEST(File, ReadsWhatMayNotBeWritten) {
   std::filesystem::permissions(ToPath(path), std::filesystem::perms(0444));
   std::filesystem::permissions(dir.Folder(), std::filesystem::perms::all);
   const Unprivileged nobody;
-  for (const std::uint32_t access : {kReadWrite, kOpenText}) {
+  for (const std::uint32_t access : {kOpenReadWrite, kOpenText}) {
     File file, other;
     char byte = 0;
     ASSERT_TRUE(file.Open(path, access));
@@ -63,13 +60,13 @@ TEST(File, ReadsWhatMayNotBeWritten) {
 TEST(File, RefusesWhatIsNoFile) {
   const TempDir dir;
   File file;
-  for (const std::uint32_t access : {kReadOnly, kReadWrite, kCreateOutput}) {
+  for (const std::uint32_t access : {kOpenReadOnly, kOpenReadWrite, kCreateOutput}) {
     EXPECT_FALSE(file.Open(ToText(dir.Folder()), access));
     EXPECT_FALSE(file.Open(L"", access));
     EXPECT_FALSE(file.Open(dir.Path(L"missing") + L"/a.job", access));
     EXPECT_FALSE(file.Open(dir.Path(L"a") + std::wstring(L"\0b", 2), access));
   }
-  EXPECT_FALSE(file.Open(dir.Path(L"missing"), kReadWrite));
+  EXPECT_FALSE(file.Open(dir.Path(L"missing"), kOpenReadWrite));
   EXPECT_TRUE(std::filesystem::is_empty(dir.Folder()));
 }
 
@@ -87,7 +84,7 @@ TEST(File, IsDeletedWhileOpen) {
 #if !defined(_WIN32)
   ASSERT_EQ(mkfifo((dir.Folder() / "pipe").c_str(), 0600), 0);
   EXPECT_FALSE(RemoveFile(dir.Path(L"pipe")));
-  EXPECT_FALSE(file.Open(dir.Path(L"pipe"), kReadWrite));
+  EXPECT_FALSE(file.Open(dir.Path(L"pipe"), kOpenReadWrite));
 #endif
 }
 
@@ -95,8 +92,8 @@ TEST(File, ReadsWritesAndSeeks) {
   const TempDir dir;
   const std::wstring path = dir.Write(L"a", "0123456789");
   File file;
-  ASSERT_TRUE(file.Open(path, kReadWrite));
-  EXPECT_FALSE(file.Open(path, kReadOnly));
+  ASSERT_TRUE(file.Open(path, kOpenReadWrite));
+  EXPECT_FALSE(file.Open(path, kOpenReadOnly));
   char bytes[20];
   EXPECT_EQ(file.Seek(-3, SeekFrom::End), 7);
   EXPECT_EQ(file.Read(bytes, sizeof(bytes)), 3u);
