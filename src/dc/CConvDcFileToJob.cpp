@@ -14,9 +14,7 @@
 #include "convert/CConvertProgress.h"
 #include "dc/CConvDcFile.h"
 #include "dc/PointNameSet.h"
-#include "dc/ProjectionCodes.h"
-#include "dc/SystemFields.h"
-#include "geodetic/CGlkProjectionRecord.h"
+#include "dc/ReadCoordinateSystem.h"
 #include "io/HandlerTable.h"
 #include "io/Paths.h"
 #include "io/Strings.h"
@@ -40,16 +38,6 @@ constexpr std::wstring_view kTexts[] = {
     L"No points were found in the DC file.",
 };
 static_assert(std::size(kTexts) == static_cast<std::size_t>(Text::Count));
-
-// Universal Polar Stereographic, which its codes '<' (north) and '=' (south) stand for.
-constexpr double kPolarLatitude = 90.0;  // degrees
-constexpr double kPolarFalseOrigin = 2000000.0;
-constexpr double kPolarScale = 0.994;
-
-// An empty field. A number as low as any null value would be one that somebody wrote down.
-constexpr bool IsLeftBlank(double value) {
-  return value == DC_NULL;
-}
 
 constexpr bool IsPointCharacter(wchar_t c) {
   return IsAsciiAlnum(c) || c == L'_';
@@ -83,16 +71,13 @@ class DcToJob {
   bool Take(const tDC_HEADERRecord& header);
   bool Take(const tDC_JOBRecord& job);
   bool Take(const tDC_COGORecord& cogo);
-  bool Take(const tDC_ELLIPSOIDRecord& ellipsoid);
-  bool Take(const tDC_LOCAL_SITERecord& site);
   bool Take(const tDC_PROJECTIONRecord& projection);
-  bool Take(const tDC_PROJECTION_EXTRecord& projection);
-  bool Take(const tDC_DATUMRecord& datum);
-  bool Take(const tDC_DATUM_GRIDRecord& grid);
-  bool Take(const tDC_HORIZONTAL_ADJUSTRecord& adjust);
-  bool Take(const tDC_VERTICAL_ADJUSTRecord& adjust);
-  bool Take(const tDC_COORDINATE_SYSTEMRecord& names);
-  bool Take(const tDC_ZONE_LABELRecord& label);
+  /// Of the coordinate system alone.
+  template <class Record>
+  bool Take(const Record& record) {
+    m_system.Take(record, Units());
+    return true;
+  }
   template <class Record>
   bool On(std::wstring_view line);
   bool OnGridPosition(std::wstring_view line);
@@ -100,9 +85,7 @@ class DcToJob {
   bool OnRoadAlignment(std::wstring_view line);
 
   bool TakeGridOrientation(std::int32_t gridOrientation);
-  bool TakeProjectionId(wchar_t code);
   bool TakeScaleWithoutProjection(double scale);
-  void TakeProjection(const tDC_PROJECTION_FIELDS& projection);
   void TakePointName(std::wstring_view name);
   std::int32_t RoadId() const { return static_cast<std::int32_t>(m_nRoads); }
   template <class Record>
@@ -133,7 +116,7 @@ class DcToJob {
   CConvertProgress m_progress;
 
   JOB_HEADER m_settings;  // as they stand in the job
-  CGlkProjectionRecord m_system;
+  DcSystemReader m_system;
   bool m_bEastFirst = false;      // order of the coordinates in 69
   std::int32_t m_nAzmDir = 0;     // 0 north, 1 south
   bool m_bPlainGridMode = false;  // the grid of a 64 without projection
@@ -206,11 +189,12 @@ bool DcToJob::ConvertLine(std::wstring_view line) {
 }
 
 bool DcToJob::WriteCoordinateSystem() {
-  m_system.horizontalType = 1;
-  m_system.secondType = 0;
+  CGlkProjectionRecord& system = m_system.Record();
+  system.horizontalType = 1;
+  system.secondType = 0;
   if (!IsNewJob()) return true;
   CoordBlock block;
-  m_system.Pack(block);
+  system.Pack(block);
   return m_job.WriteCoordBlock(block);
 }
 
@@ -239,20 +223,21 @@ bool DcToJob::Take(const tDC_JOBRecord& job) {
 bool DcToJob::Take(const tDC_COGORecord& cogo) {
   m_nAzmDir = cogo.azimuthOrigin == 2 ? 1 : 0;
   if (m_nAzmDir == 1) m_settings.flags |= kJobFlagSouthAzimuth;
-  m_system.southAzimuth = static_cast<std::uint8_t>(m_nAzmDir);
+  m_system.Record().southAzimuth = static_cast<std::uint8_t>(m_nAzmDir);
   return TakeGridOrientation(cogo.gridOrientation) && StoreSettings();
 }
 
 // A job's grid grows north and east, or south and west with azimuths from south.
 bool DcToJob::TakeGridOrientation(std::int32_t gridOrientation) {
+  CGlkProjectionRecord& system = m_system.Record();
   switch (gridOrientation) {
     case 1:
-      m_system.gridOrientation1 = m_system.gridOrientation2 = 0;
+      system.gridOrientation1 = system.gridOrientation2 = 0;
       return true;
     case 2:
       if (m_nAzmDir == 0) return Refuse(Text::SouthWestGrid);
       SetFlags(kJobFlagSouthAzimuth, 0);
-      m_system.gridOrientation1 = m_system.gridOrientation2 = 1;
+      system.gridOrientation1 = system.gridOrientation2 = 1;
       return true;
     case 3:
     case 4:
@@ -262,55 +247,10 @@ bool DcToJob::TakeGridOrientation(std::int32_t gridOrientation) {
   }
 }
 
-bool DcToJob::Take(const tDC_ELLIPSOIDRecord& ellipsoid) {
-  m_system.semiMajorAxis = Metres(ellipsoid.semiMajorAxis);
-  m_system.inverseFlattening = ellipsoid.inverseFlattening;
-  return true;
-}
-
-bool DcToJob::Take(const tDC_LOCAL_SITERecord& site) {
-  if (IsLeftBlank(site.scale) || IsLeftBlank(site.east) || IsLeftBlank(site.north)) return true;
-  const bool noSite = site.scale == 1.0 && site.east == 0.0 && site.north == 0.0 &&
-                      (site.latitude == 0.0 || IsLeftBlank(site.latitude));
-  if (noSite) return true;
-  m_system.verticalType = kLocalSiteSystem;
-  ToSystem(system_fields::kSite, Units(), site, m_system.site);
-  if (IsLeftBlank(site.height)) m_system.site.height = 0;
-  return true;
-}
-
 bool DcToJob::Take(const tDC_PROJECTIONRecord& projection) {
-  if (!TakeProjectionId(projection.projectionCode)) {
-    return TakeScaleWithoutProjection(projection.scale);
-  }
+  if (!m_system.Take(projection, Units())) return TakeScaleWithoutProjection(projection.scale);
   SetGridFlags(kJobGridProjected);
-  TakeProjection(projection);
   return StoreSettings();
-}
-
-bool DcToJob::Take(const tDC_PROJECTION_EXTRecord& projection) {
-  if (!TakeProjectionId(projection.projectionCode)) return true;
-  TakeProjection(projection);
-  m_system.flagA = projection.flagA == L'1' ? 0 : 1;
-  m_system.flagB = projection.flagB == L'1' ? 1 : 0;
-  m_system.flagC = projection.flagC == 1 ? 0 : 1;
-  const bool isArea = projection.flagD >= L'1' && projection.flagD <= L'3';
-  m_system.flagD = static_cast<std::uint16_t>(isArea ? projection.flagD - L'0' : 4);
-  m_system.gridFileName = projection.gridFileName;
-  m_system.shiftFileName = projection.shiftFileName;
-  return true;
-}
-
-// False if the code stands for no projection.
-bool DcToJob::TakeProjectionId(wchar_t code) {
-  const std::uint16_t id = ProjectionIdFromCode(code);
-  if (id == kNoProjection) {
-    m_system.projectionId = m_system.verticalType = 0;
-    return false;
-  }
-  m_system.projectionId = id;
-  if (m_system.verticalType != kLocalSiteSystem) m_system.verticalType = id;
-  return true;
 }
 
 bool DcToJob::TakeScaleWithoutProjection(double scale) {
@@ -323,62 +263,6 @@ bool DcToJob::TakeScaleWithoutProjection(double scale) {
     m_settings.flags |= kJobFlagScaleOnly | kJobGridScaleOnly;
   }
   return StoreSettings();
-}
-
-void DcToJob::TakeProjection(const tDC_PROJECTION_FIELDS& projection) {
-  ToSystem(system_fields::kProjection, Units(), projection, m_system);
-  if (HasSkewAxis(m_system.projectionId)) m_system.parallel2 = DC_NULL;
-  if (projection.projectionCode == L'<' || projection.projectionCode == L'=') {
-    const double pole = projection.projectionCode == L'<' ? kPolarLatitude : -kPolarLatitude;
-    m_system.originLatitude = Units().FromDisplay(pole, Quantity::Degrees);
-    m_system.originLongitude = 0;
-    m_system.falseNorthing = m_system.falseEasting = kPolarFalseOrigin;
-    m_system.scale = kPolarScale;
-  }
-}
-
-// The ellipsoid of the record is WGS 84's, not the local one, and isn't taken.
-bool DcToJob::Take(const tDC_DATUMRecord& datum) {
-  if (datum.datumCode == L'1' || datum.datumCode == L'3') m_system.datumKind = kDatumShifts;
-  if (datum.datumCode == L'2') m_system.datumKind = kDatumSevenParameters;
-  ToSystem(system_fields::kDatum, Units(), datum, m_system);
-  m_system.datumScale = datum.scale;
-  return true;
-}
-
-bool DcToJob::Take(const tDC_DATUM_GRIDRecord& grid) {
-  m_system.datumName = grid.fileName;
-  m_system.datumKind = kDatumGridFiles;
-  return true;
-}
-
-bool DcToJob::Take(const tDC_HORIZONTAL_ADJUSTRecord& adjust) {
-  const DisplayUnits units = IsLeftBlank(adjust.originNorth) ? DisplayUnits() : Units();
-  ToSystem(system_fields::kHorizontal, units, adjust, m_system.horizontalAdjust);
-  return true;
-}
-
-bool DcToJob::Take(const tDC_VERTICAL_ADJUSTRecord& adjust) {
-  m_system.geoidFileName = adjust.geoidFileName;
-  m_system.verticalAdjust = {};
-  if (adjust.method != L'2') {
-    ToSystem(system_fields::kVertical, Units(), adjust, m_system.verticalAdjust);
-  }
-  return true;
-}
-
-bool DcToJob::Take(const tDC_COORDINATE_SYSTEMRecord& names) {
-  const bool isKind = names.systemKind >= 1 && names.systemKind <= 4;
-  m_system.projectionKind = static_cast<std::int16_t>(isKind ? names.systemKind : 4);
-  m_system.zoneGroupName = names.zoneGroupName;
-  m_system.zoneName = names.zoneName;
-  m_system.datumName = names.datumName;
-  return true;
-}
-
-bool DcToJob::Take(const tDC_ZONE_LABELRecord& label) {
-  if (!label.name.empty()) m_system.shiftFileName = label.name;
-  return true;
 }
 
 bool DcToJob::OnGridPosition(std::wstring_view line) {
