@@ -29,6 +29,7 @@ struct ProjectionRow {
 struct ZoneRow {
   ZoneKind kind;
   ProjectionRow row;
+  std::int32_t epsg = 0;  ///< code of the projected system; 0: none on the zone's datum
 };
 
 struct Ellipsoid {

@@ -1,8 +1,10 @@
 #!/usr/bin/env python3
-"""check_includes.py: includes in src/ point one way, and one folder alone knows the system.
+"""check_includes.py: includes in src/ and tools/ point one way, and one folder alone knows the system.
 
 A folder includes those before it in FOLDERS. Conversions may also include later formats, but no
 other conversion, save those of CALLS. Anything of the operating system stands in src/platform/.
+tools/ includes any of them and itself; nothing of src/ includes tools/. A library that is not ours is
+known to the one file that OUTSIDE names.
 """
 
 import pathlib
@@ -12,6 +14,8 @@ import sys
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 FOLDERS = ["platform", "io", "convert", "geodetic", "job", "dc", "roads", "raw", "ilj", "jxl", "front"]
 CALLS = {"dc/CConvDcFileToJob.cpp": ["roads/ConvertDcRoads.h"]}  # a job's roads become files beside it
+
+OUTSIDE = {"tools/Json.cpp": ["nlohmann/json.hpp"], "tools/proj/Wgs84.cpp": ["proj.h", "dlfcn.h"]}
 
 INCLUDE = re.compile(r'^\s*#\s*include\s+(?:"([^"]+)"|<([^>]+)>)', re.M)
 PLATFORM_TEST = re.compile(r"^\s*#.*\b(_WIN32|_WIN64|__linux__|__unix__|__APPLE__|_MSC_VER|__MINGW)", re.M)
@@ -36,32 +40,39 @@ def faults_of_include(path, included):
     return [] if FOLDERS.index(target) < FOLDERS.index(folder) else ["is a later folder"]
 
 
-def faults_of_file(path, text):
+def faults_of_tool_include(included):
+    return [] if included.split("/")[0] in FOLDERS + ["tools", "zelconvert"] else ["is neither of src/ nor of tools/"]
+
+
+def faults_of_file(path, text, root):
     faults = []
+    is_border = root == "src" and path.startswith("platform/")
     for quoted, system in INCLUDE.findall(text):
         if quoted:
-            faults += [f"{quoted} {fault}" for fault in faults_of_include(path, quoted)]
-        elif re.search(r"[./]", system) and not path.startswith("platform/"):
-            faults.append(f"<{system}> is a system header")
-    if not path.startswith("platform/"):
+            of_include = faults_of_include(path, quoted) if root == "src" else faults_of_tool_include(quoted)
+            faults += [f"{quoted} {fault}" for fault in of_include]
+        elif re.search(r"[./]", system) and not is_border and system not in OUTSIDE.get(f"{root}/{path}", []):
+            faults.append(f"<{system}> is a header from outside")
+    if not is_border:
         faults += [f"{name} asks for the platform" for name in PLATFORM_TEST.findall(text)]
     if path.endswith(".cpp"):
-        own = path[:-4] + ".h"
+        own = path[:-4] + ".h" if root == "src" else f"tools/{path[:-4]}.h"
         first = next((quoted for quoted, _ in INCLUDE.findall(text)), None)
-        if (ROOT / "src" / own).exists() and first != own:
+        if (ROOT / root / f"{path[:-4]}.h").exists() and first != own:
             faults.append(f"{own} is not its first include")
     return faults
 
 
 def main():
-    files = sorted((ROOT / "src").rglob("*.h")) + sorted((ROOT / "src").rglob("*.cpp"))
-    assert len(files) > 50, "found no source"
-    found = 0
-    for file in files:
-        path = file.relative_to(ROOT / "src").as_posix()
-        for fault in faults_of_file(path, file.read_text()):
-            print(f"src/{path}: {fault}")
-            found += 1
+    found = files = 0
+    for root in ("src", "tools"):
+        for file in sorted((ROOT / root).rglob("*.h")) + sorted((ROOT / root).rglob("*.cpp")):
+            files += 1
+            path = file.relative_to(ROOT / root).as_posix()
+            for fault in faults_of_file(path, file.read_text(), root):
+                print(f"{root}/{path}: {fault}")
+                found += 1
+    assert files > 50, "found no source"
     return found != 0
 
 

@@ -10,6 +10,7 @@ import pathlib
 import sys
 
 FOLDER = pathlib.Path(__file__).resolve().parent
+COMPARED_ONLY = "32655"  # on another datum than the zone
 KINDS = {"0": "TransverseMercator", "1": "ObliqueMercator", "2": "LambertTwoParallels"}
 
 
@@ -33,10 +34,11 @@ def real(text):
 def zones(name, count):
     for index, row in enumerate(read(name, count)):
         if row is None:
-            yield f"{{ZoneKind::None, {{}}}},  // {index} spare"
+            yield f"{{ZoneKind::None, {{}}, 0}},  // {index} spare"
             continue
         values = ", ".join(real(row[f"v{i}"] or "0.0") for i in range(1, 7))
-        yield f"{{ZoneKind::{KINDS[row['kind']]}, {{{values}}}}},  // {index} {row['state_zone']}"
+        epsg = 0 if row["epsg"] == COMPARED_ONLY else int(row["epsg"])
+        yield f"{{ZoneKind::{KINDS[row['kind']]}, {{{values}}}, {epsg}}},  // {index} {row['state_zone']}"
 
 
 def ellipsoids(name, count):

@@ -177,9 +177,9 @@ struct SdrNote {
   static constexpr SdrColumn<SdrNote> kColumns[] = {{&SdrNote::text, SdrForm::Text, 60}};
 };
 
-/// The fields of a line.
+/// The fields of a line. A real without a character is `blank`.
 template <class Record>
-Record ReadSdr(std::wstring_view line, const SdrLayout& layout) {
+Record ReadSdr(std::wstring_view line, const SdrLayout& layout, double blank = 0) {
   Record record;
   std::size_t start = Record::kCode.size();
   for (const SdrColumn<Record>& column : Record::kColumns) {
@@ -188,7 +188,7 @@ Record ReadSdr(std::wstring_view line, const SdrLayout& layout) {
     if (const auto* text = std::get_if<0>(&column.member)) {
       record.** text = field;
     } else {
-      record.**std::get_if<1>(&column.member) = ToReal(field);
+      record.**std::get_if<1>(&column.member) = Trim(field).empty() ? blank : ToReal(field);
     }
   }
   return record;

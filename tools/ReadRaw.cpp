@@ -1,0 +1,289 @@
+#include "tools/ReadRaw.h"
+
+#include <cmath>
+#include <optional>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+
+#include "io/Strings.h"
+#include "raw/GpsSignature.h"
+#include "raw/RawUnits.h"
+#include "tools/Dates.h"
+#include "tools/RecordCounts.h"
+
+namespace zelconvert::tools {
+namespace {
+
+constexpr std::wstring_view kDateComment = L"Date:";
+
+class LogReader {
+ public:
+  LogReader(CRawFile& log, Survey& survey) : m_log(log), m_survey(survey) {}
+
+  LogFacts Read();
+
+ private:
+  void ReadRecord(RawRecordType kind);
+  void OnJob();
+  void OnMode();
+  void OnComment();
+  void OnOccupied();
+  void OnBacksight();
+  template <class Record>
+  void OnShot(std::wstring_view Record::*target);
+  void OnTraverse();
+  void OnPoint();
+  void OnBase();
+  void OnGpsPoint();
+  void OnReceiver();
+  void OnEquipment();
+  void OnPosition();
+  void OnVector();
+  void OnQuality();
+  void OnDeleted();
+  void MarkDeleted();
+
+  double Metres(double length) const {
+    const double metres = m_unit ? ToMetres(length, *m_unit) : length;
+    return std::isfinite(metres) ? metres : DC_NULL;
+  }
+  GridPosition Grid(const POINT_RECORD& point) const {
+    return {Metres(point.north), Metres(point.east), Metres(point.elevation)};
+  }
+  template <class Record>
+  GeodeticPosition Geodetic(const Record& position) const;
+  SourceMark Here() const { return {m_line, m_scale, m_signature, {}}; }
+
+  CRawFile& m_log;
+  Survey& m_survey;
+  LogFacts m_facts;
+  std::wstring m_record;  // the line at hand
+  std::int64_t m_line = 0;
+
+  bool m_hasMode = false;
+  std::optional<LinearUnit> m_unit = LinearUnit::Metre;
+  double m_scale = 1;
+  std::wstring m_occupied;
+
+  bool m_isAfterReceiver = false;
+  std::wstring m_rover;  // the RX of a rover; empty: another receiver
+  Signature m_signature = Signature::NotAsked;
+  GeodeticPosition m_position;  // of the latest EP, until a point is stored
+  std::wstring m_vectorTarget;  // of the latest BL, likewise
+  std::unordered_map<std::wstring, std::int64_t> m_deletions;  // the last of each name
+};
+
+LogFacts LogReader::Read() {
+  RecordCounter counter(RecordFormat::Raw, m_survey.counts);
+  m_log.SeekToBegin();
+  while (m_log.ReadRecord(m_record)) {
+    ++m_line;
+    if (Trim(m_record).empty()) continue;
+    counter.Count(Left(m_record, 2));
+    const RawRecordType kind = CRawFile::GetRecordType(m_record);
+    ReadRecord(kind);
+    m_isAfterReceiver = kind == RawRecordType::RX;
+  }
+  MarkDeleted();
+  return std::move(m_facts);
+}
+
+void LogReader::ReadRecord(RawRecordType kind) {
+  switch (kind) {
+    case RawRecordType::Comment:
+      return OnComment();
+    case RawRecordType::JB:
+      return OnJob();
+    case RawRecordType::MO:
+      return OnMode();
+    case RawRecordType::OC:
+      return OnOccupied();
+    case RawRecordType::BK:
+      return OnBacksight();
+    case RawRecordType::TR:
+      return OnTraverse();
+    case RawRecordType::SS:
+      return OnShot(&SHOT_RECORD::foresight);
+    case RawRecordType::SK:
+      return OnShot(&STAKE_SHOT_RECORD::foresight);
+    case RawRecordType::GO:
+      return OnShot(&GO_RECORD::name);
+    case RawRecordType::SP:
+    case RawRecordType::RP:
+      return OnPoint();
+    case RawRecordType::BP:
+      return OnBase();
+    case RawRecordType::GS:
+      return OnGpsPoint();
+    case RawRecordType::RX:
+      return OnReceiver();
+    case RawRecordType::EQ:
+      return OnEquipment();
+    case RawRecordType::EP:
+      return OnPosition();
+    case RawRecordType::BL:
+      return OnVector();
+    case RawRecordType::GQ:
+      return OnQuality();
+    case RawRecordType::DP:
+      return OnDeleted();
+    default:
+      return;
+  }
+}
+
+// ---- Job and mode
+
+void LogReader::OnJob() {
+  JB_RECORD job;
+  CRawFile::Parse(m_record, job);
+  if (m_survey.job.empty()) m_survey.job = Trim(job.name);
+  TakeDate(m_survey, ParseDate(job.date));
+}
+
+void LogReader::OnMode() {
+  MO_RECORD mode;
+  if (!CRawFile::Parse(m_record, mode)) return;
+  const std::optional<LinearUnit> unit = LinearUnitOfRaw(mode.distanceUnit);
+  const AngularUnit angles = AngularUnitOfRaw(mode.angleUnit);
+  if (m_hasMode && (unit != m_unit || angles != m_survey.angleUnit)) {
+    m_survey.unitChanges.push_back({unit.value_or(LinearUnit::Metre), angles, m_line});
+  }
+  m_hasMode = true;
+  m_unit = unit;
+  m_survey.angleUnit = angles;  // the latest, until the DC file tells the first
+  m_scale = std::isfinite(mode.scale) ? NullToOne(mode.scale) : 1;
+}
+
+void LogReader::OnComment() {
+  const std::wstring_view text = Trim(std::wstring_view(m_record).substr(2));
+  if (text.starts_with(kDateComment)) {
+    TakeDate(m_survey, ParseDate(text.substr(kDateComment.size())));
+  }
+  m_survey.notes.push_back({std::wstring(text), m_line});
+}
+
+// ---- Setups and shots
+
+void LogReader::OnOccupied() {
+  OC_RECORD point;
+  if (!CRawFile::Parse(m_record, point)) return;
+  SourceMark mark = Here();
+  mark.position = Grid(point);
+  m_facts.source.stations.Add(point.name, mark);
+  m_facts.source.points.Add(point.name, mark);
+  m_occupied = Trim(point.name);
+}
+
+void LogReader::OnBacksight() {
+  BK_RECORD backsight;
+  if (!CRawFile::Parse(m_record, backsight) || Trim(backsight.station) == m_occupied) return;
+  m_facts.source.stations.Add(backsight.station, Here());
+}
+
+template <class Record>
+void LogReader::OnShot(std::wstring_view Record::*target) {
+  Record shot;
+  if (CRawFile::Parse(m_record, shot)) m_facts.source.shots.Add(shot.*target, Here());
+}
+
+void LogReader::OnTraverse() {
+  SHOT_RECORD shot;
+  if (!CRawFile::Parse(m_record, shot)) return;
+  m_facts.source.shots.Add(shot.foresight, Here());
+  m_facts.source.stations.Add(shot.foresight, Here());
+}
+
+void LogReader::OnPoint() {
+  POINT_RECORD point;
+  if (CRawFile::Parse(m_record, point)) m_facts.source.points.Add(point.name, Here());
+}
+
+// ---- GPS
+
+void LogReader::OnReceiver() {
+  RX_RECORD receiver;
+  if (!CRawFile::Parse(m_record, receiver)) return;
+  m_signature = Signature::NotAsked;
+  m_position = {};
+  m_vectorTarget.clear();
+  m_rover = receiver.role == L"ROVER" ? m_record : L"";
+}
+
+// The equipment right after a rover's receiver is signed.
+void LogReader::OnEquipment() {
+  if (!m_isAfterReceiver || m_rover.empty()) return;
+  std::wstring_view equipment = m_record;
+  m_signature = TestGpsSignature(m_rover, equipment) ? Signature::Signed : Signature::Missing;
+  if (m_signature == Signature::Missing) m_survey.unsignedLines.push_back(m_line);
+}
+
+template <class Record>
+GeodeticPosition LogReader::Geodetic(const Record& position) const {
+  constexpr AngularUnit kDms = AngularUnit::DegreesMinutesSeconds;
+  return {ToRadians(position.latitude, kDms), ToRadians(position.longitude, kDms),
+          Metres(position.height), true};
+}
+
+// The DC file has the place of its antenna.
+void LogReader::OnBase() {
+  BP_RECORD base;
+  if (!CRawFile::Parse(m_record, base)) return;
+  m_facts.source.points.Add(base.name, Here());
+  m_facts.gpsPoints.push_back(
+      {std::wstring(Trim(base.name)), {}, {}, Geodetic(base), false, m_line});
+}
+
+void LogReader::OnPosition() {
+  EP_RECORD position;
+  m_position = CRawFile::Parse(m_record, position) ? Geodetic(position) : GeodeticPosition();
+}
+
+void LogReader::OnVector() {
+  BL_RECORD vector;
+  if (!CRawFile::Parse(m_record, vector)) return;
+  m_vectorTarget = Trim(vector.name);
+  m_facts.source.vectors.Add(vector.name, Here());
+}
+
+void LogReader::OnGpsPoint() {
+  POINT_RECORD point;
+  if (!CRawFile::Parse(m_record, point)) return;
+  const std::wstring name(Trim(point.name));
+  if (name != m_vectorTarget) m_facts.source.vectors.Add(name, Here());
+  m_facts.source.points.Add(name, Here());
+  m_facts.gpsPoints.push_back(
+      {name, std::wstring(Trim(point.note)), Grid(point), m_position, false, m_line});
+  m_position = {};
+  m_vectorTarget.clear();
+}
+
+void LogReader::OnQuality() {
+  GQ_RECORD quality;
+  if (!CRawFile::Parse(m_record, quality)) return;
+  TakeDate(m_survey, DateOfGpsWeek(quality.startWeek, quality.startSeconds));
+  TakeDate(m_survey, DateOfGpsWeek(quality.endWeek, quality.endSeconds));
+}
+
+// ---- Deletions
+
+void LogReader::OnDeleted() {
+  NAME_RECORD deleted;
+  if (CRawFile::Parse(m_record, deleted)) m_deletions[std::wstring(Trim(deleted.name))] = m_line;
+}
+
+void LogReader::MarkDeleted() {
+  for (GpsPoint& point : m_facts.gpsPoints) {
+    const auto found = m_deletions.find(point.name);
+    point.isDeleted = found != m_deletions.end() && point.line < found->second;
+  }
+}
+
+}  // namespace
+
+LogFacts ReadLog(CRawFile& log, Survey& survey) {
+  return LogReader(log, survey).Read();
+}
+
+}  // namespace zelconvert::tools

@@ -1,0 +1,29 @@
+// Any readable file as a survey.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "convert/ConversionBase.h"
+#include "tools/Survey.h"
+#include "zelconvert/zelconvert.h"
+
+namespace zelconvert::tools {
+
+/// What a file doesn't tell of itself.
+struct ReadOptions {
+  std::optional<LinearUnit> listUnit;  ///< of a coordinate list; none: not known
+  std::wstring job = {};  ///< ".job" or ".pwj" whose points a log refers to; may be empty
+};
+
+/// Every type but FT_JXL, which is only written. Of a pair of files `path` is the coordinates' one.
+/// The file is opened for reading alone and stays as it is; files are made on the way in a folder
+/// of the system's for such files and are gone afterwards. Takes memory and time in proportion to
+/// the file. One call at a time, as with conversions.
+///
+/// messages: warnings, and on failure why, as the library words them; appended.
+/// Nothing on failure. No exception leaves but std::bad_alloc.
+std::optional<Survey> ReadSurvey(const std::wstring& path, FileType type, StringList& messages,
+                                 const ReadOptions& options = {});
+
+}  // namespace zelconvert::tools
