@@ -28,8 +28,7 @@ constexpr bool IsDeletedClass(wchar_t classification) {
 template <class Record>
 bool IsBlankIn(std::wstring_view line, double Record::*member) {
   for (const Column<Record>& column : kColumns<Record>) {
-    const auto* real = std::get_if<double Record::*>(&column.member);
-    if (real == nullptr || *real != member) continue;
+    if (column.member.kind != MemberKind::Real || column.member.real != member) continue;
     const auto start = static_cast<std::size_t>(column.start);
     return Trim(Mid(line, start, static_cast<std::size_t>(column.width))).empty();
   }
