@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cctype>
+#include <cstdlib>
 #include <exception>
 #include <type_traits>
 #include <variant>
@@ -29,6 +30,18 @@ CLI::Validator OneOf(const OptionInfo& info) {
   return CLI::Validator(find, "");
 }
 
+CLI::Validator Count(const OptionInfo& info) {
+  const auto check = [&info](const std::string& word) -> std::string {
+    constexpr std::size_t kMostDigits = 9;
+    const bool isNumber = word.find_first_not_of("0123456789") == std::string::npos &&
+                          word.size() <= kMostDigits && std::atoi(word.c_str()) > 0;
+    if (isNumber) return {};
+    throw HostFailure(kWrongUsage,
+                      std::string(info.name) + " takes a number from 1 up, not '" + word + "'");
+  };
+  return CLI::Validator(check, "");
+}
+
 void AddOption(CLI::App& command, const OptionInfo& info, Options& options) {
   const std::string name(info.name), help(info.help);
   const auto add = [&](auto target) {
@@ -42,14 +55,16 @@ void AddOption(CLI::App& command, const OptionInfo& info, Options& options) {
   option->required(info.IsRequired());
   if (info.value != Value::None) option->type_name(std::string(info.valueName));
   if (info.value == Value::Choice) option->check(OneOf(info));
+  if (info.value == Value::Number) option->check(Count(info));
 }
 
-void AddCommand(CLI::App& app, const CommandInfo& info, Options& options) {
+CLI::App& AddCommand(CLI::App& app, const CommandInfo& info, Options& options) {
   CLI::App& command = *app.add_subcommand(std::string(info.name), std::string(info.help));
   for (const OptionInfo& option : info.options) AddOption(command, option, options);
   for (const OptionInfo& option : GetCommonOptions()) AddOption(command, option, options);
   if (!info.footer.empty()) command.footer(std::string(info.footer));
   command.allow_extras();  // which are told in words of the host's own
+  return command;
 }
 
 void AddCommands(CLI::App& app, Options& options) {
@@ -58,6 +73,7 @@ void AddCommands(CLI::App& app, Options& options) {
   app.allow_windows_style_options(false);  // "/data/a.job" and "//server/a.job" are paths
   app.footer(std::string(kHostFooter));
   for (const CommandInfo& info : GetCommands()) AddCommand(app, info, options);
+  for (const CommandInfo& info : GetHiddenCommands()) AddCommand(app, info, options).group("");
 }
 
 std::string TellUnknownCommand(std::string_view name) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "cli/BatchWorker.h"
 #include "cli/Cr5Import.h"
 #include "cli/FileTypes.h"
 
@@ -29,6 +30,29 @@ constexpr OptionInfo kConvertOptions[] = {
     {"--to", Value::Choice, &Options::to, "Type of OUT, if its name doesn't tell it", "TYPE",
      kTypeNames},
     {"--job", Value::Path, &Options::job, "Job whose points a raw log knows", "FILE"},
+    {"--force", Value::None, &Options::force, "Replace files that exist"},
+};
+constexpr OptionInfo kBatchOptions[] = {
+    {"FILE", Value::Path, &Options::files, "Files to convert", {}, {}, Need::Optional},
+    {"--to", Value::Choice, &Options::to, "Type of what is made", "TYPE", kTypeNames,
+     Need::Required},
+    {"--out-dir",
+     Value::Folder,
+     &Options::outDir,
+     "Folder for what is made",
+     "DIR",
+     {},
+     Need::Required},
+    {"--from", Value::Choice, &Options::from,
+     "Type of the files, if names and contents don't tell it", "TYPE", kTypeNames},
+    {"--files-from", Value::Path, &Options::filesFrom,
+     "Take the names of the files from the lines of FILE, or of standard input (-)", "FILE"},
+    {"--jobs", Value::Number, &Options::jobs,
+     "Processes that convert at the same time; without it one for each processor", "N"},
+    {"--keep-going", Value::None, &Options::keepGoing, "Go on after a file that fails"},
+    {"--skip-existing", Value::None, &Options::skipExisting,
+     "Leave out files whose output is there and no older; replace older ones"},
+    {"--report", Value::Path, &Options::report, "Write a line of JSON for every file", "FILE"},
     {"--force", Value::None, &Options::force, "Replace files that exist"},
 };
 constexpr OptionInfo kDetectOptions[] = {
@@ -60,7 +84,7 @@ constexpr OptionInfo kMergeOptions[] = {
     {"--to", Value::Choice, &Options::to, "job or pwj, of standard output", "TYPE", kNewJobTypes},
 };
 constexpr OptionInfo kHelpOptions[] = {
-    {"COMMAND", Value::Command, &Options::subject, "The command"},
+    {"COMMAND", Value::Command, &Options::subject, "The command", {}, {}, Need::Optional},
 };
 
 // In the order of the help.
@@ -72,6 +96,15 @@ constexpr CommandInfo kCommands[] = {
      "job+raw, pwj+pwr and cr5+rw5 take them from the coordinates beside the log.\n"
      "The paths of the files made go to standard output, the library's texts to standard error.",
      &RunConvert},
+    {"batch", "Convert many files", kBatchOptions,
+     "The output of a/b.raw is a/b.dc inside DIR: the folders of a name are kept, but for the "
+     "root\n"
+     "and \"..\". If two files would become one, nothing is run.\n"
+     "A file appears under its name when it is whole. A run that was broken off goes on with\n"
+     "--skip-existing. Without --keep-going the first failure ends the run. A process that dies\n"
+     "while it converts a file is the failure of that file alone.\n"
+     "Exit codes: 0 all files are converted or left out, 1 one isn't, or as for every command.",
+     &RunBatch},
     {"detect", "Tell the type of files by name and contents", kDetectOptions, {}, &RunDetect},
     {"types", "List the file types and what they convert to", {}, {}, &RunTypes},
     {"import-cr5", "Make a job of a coordinate list", kImportCr5Options,
@@ -100,10 +133,18 @@ constexpr CommandInfo kCommands[] = {
     {"help", "Tell how to use a command", kHelpOptions, {}},
 };
 
+constexpr CommandInfo kHiddenCommands[] = {
+    {kBatchWorkerCommand, "Convert what standard input says, for batch", {}, {}, &RunBatchWorker},
+};
+
 }  // namespace
 
 std::span<const CommandInfo> GetCommands() {
   return kCommands;
+}
+
+std::span<const CommandInfo> GetHiddenCommands() {
+  return kHiddenCommands;
 }
 
 std::span<const OptionInfo> GetCommonOptions() {
@@ -111,8 +152,11 @@ std::span<const OptionInfo> GetCommonOptions() {
 }
 
 const CommandInfo* FindCommand(std::string_view name) {
-  const auto* found = std::ranges::find(kCommands, name, &CommandInfo::name);
-  return found == std::end(kCommands) ? nullptr : found;
+  for (const std::span<const CommandInfo> commands : {GetCommands(), GetHiddenCommands()}) {
+    const auto found = std::ranges::find(commands, name, &CommandInfo::name);
+    if (found != commands.end()) return &*found;
+  }
+  return nullptr;
 }
 
 }  // namespace zelconvert::cli

@@ -12,12 +12,15 @@
 namespace zelconvert::cli {
 
 /// What follows an option, or in the place of an argument.
-enum class Value { None, Path, Choice, Command };
+enum class Value { None, Path, Folder, Choice, Number, Command };
+
+/// Whether the command can do without. Usual: it can without an option, not without an argument.
+enum class Need { Usual, Required, Optional };
 
 struct OptionInfo {
   using Target =
-      std::variant<bool Options::*, std::string Options::*, std::optional<std::string> Options::*,
-                   std::vector<std::string> Options::*>;
+      std::variant<bool Options::*, int Options::*, std::string Options::*,
+                   std::optional<std::string> Options::*, std::vector<std::string> Options::*>;
 
   std::string_view name;  ///< "--to"; of an argument without dashes, "OUT"
   Value value;
@@ -26,9 +29,12 @@ struct OptionInfo {
   std::string_view valueName = {};  ///< as help calls the value of an option
   std::span<const std::string_view> choices = {};
 
+  Need need = Need::Usual;
+
   constexpr bool IsArgument() const { return !name.starts_with('-'); }
-  /// All arguments but that of "help".
-  constexpr bool IsRequired() const { return IsArgument() && value == Value::Path; }
+  constexpr bool IsRequired() const {
+    return need == Need::Required || (need == Need::Usual && IsArgument());
+  }
 };
 
 struct CommandInfo {
@@ -44,10 +50,13 @@ inline constexpr std::string_view kHostFooter =
     "Exit codes: 0 done, 1 the conversion failed, 2 wrong usage, 3 an input can't be read,\n"
     "4 an output can't be written.";
 
+/// Those that a user is told of.
 std::span<const CommandInfo> GetCommands();
+/// Those that the host itself runs.
+std::span<const CommandInfo> GetHiddenCommands();
 /// Those that every command has beside its own.
 std::span<const OptionInfo> GetCommonOptions();
-/// Null if there is none.
+/// Also one that a user isn't told of. Null if there is none.
 const CommandInfo* FindCommand(std::string_view name);
 
 }  // namespace zelconvert::cli

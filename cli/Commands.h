@@ -7,6 +7,7 @@
 namespace zelconvert::cli {
 
 ExitCode RunConvert(const Options& options);
+ExitCode RunBatch(const Options& options);
 ExitCode RunDetect(const Options& options);
 ExitCode RunTypes(const Options& options);
 ExitCode RunImportCr5(const Options& options);

@@ -68,20 +68,6 @@ void CheckRoute(const TypeInfo& from, const TypeInfo& to) {
                                      std::string(to.name) + "; " + TellOutputs(from));
 }
 
-// The file that the library will read. Of the two job types it is the spelling that decides there,
-// not the type.
-fs::path FileRead(FileType from, const fs::path& input) {
-  const Pair* pair = FindPair(from);
-  if (pair == nullptr) return input;
-  constexpr std::size_t kReplaced = 4;  // with the point, and whatever they are
-  if (platform::ToLibrary(input.extension()).size() != kReplaced) {
-    throw HostFailure(kWrongUsage, ToText(input) + " is not named as a " + GetExtension(from) +
-                                       " file with a log beside it");
-  }
-  if (from != FT_CR5_RW5) pair = FindPair(input.extension() == ".job" ? FT_JOB_RAW : FT_PW_JOB_RAW);
-  return fs::path(input).replace_extension(pair->log);
-}
-
 // Whose points the log is given. Those of a coordinate list have to become a job first.
 fs::path JobOfPoints(const Options& options, const TypeInfo& from, const TypeInfo& to,
                      const fs::path& input) {
@@ -101,6 +87,19 @@ fs::path JobOfPoints(const Options& options, const TypeInfo& from, const TypeInf
 
 bool IsPair(FileType type) {
   return FindPair(type) != nullptr;
+}
+
+// Of the two job types it is the spelling that decides in the library, not the type.
+fs::path FileRead(FileType from, const fs::path& input) {
+  const Pair* pair = FindPair(from);
+  if (pair == nullptr) return input;
+  constexpr std::size_t kReplaced = 4;  // with the point, and whatever they are
+  if (platform::ToLibrary(input.extension()).size() != kReplaced) {
+    throw HostFailure(kWrongUsage, ToText(input) + " is not named as a " + GetExtension(from) +
+                                       " file with a log beside it");
+  }
+  if (from != FT_CR5_RW5) pair = FindPair(input.extension() == ".job" ? FT_JOB_RAW : FT_PW_JOB_RAW);
+  return fs::path(input).replace_extension(pair->log);
 }
 
 ConvertPlan MakePlan(const fs::path& input, const fs::path& output, const Options& options) {

@@ -20,6 +20,10 @@ struct ConvertPlan {
 /// Whether a file of this type stands beside another, which is what is read.
 bool IsPair(FileType type);
 
+/// What is read for an input of this type: of a pair the log. Throws a HostFailure for a name that
+/// has none beside it.
+std::filesystem::path FileRead(FileType from, const std::filesystem::path& input);
+
 /// Of `options` the types, the job and whether files are replaced count. Both paths are absolute.
 /// Throws a HostFailure.
 ConvertPlan MakePlan(const std::filesystem::path& input, const std::filesystem::path& output,

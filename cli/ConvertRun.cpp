@@ -77,7 +77,7 @@ Result ConvertStaged(const Conversion& staged, const fs::path& job) {
 }  // namespace
 
 // The library takes a read-only attribute off its input while it reads.
-void RunPlan(const ConvertPlan& plan, bool force, Outcome& outcome) {
+void RunPlan(const ConvertPlan& plan, bool force, Outcome& outcome, const Approve& approve) {
   const Conversion& asked = plan.conversion;
   platform::KeepReadOnly(asked.read);
   const StagingFolder staging(asked.output.parent_path());
@@ -94,9 +94,9 @@ void RunPlan(const ConvertPlan& plan, bool force, Outcome& outcome) {
                           (result.messages.empty() ? "; the library gives no reason" : ""));
   }
   fs::remove(job);
-  outcome.files = staging.MoveFiles(force);
-  std::stable_partition(outcome.files.begin(), outcome.files.end(),
-                        [&](const fs::path& file) { return file == asked.output; });
+  const Paths targets = staging.GetTargets();
+  const Paths kept = approve && targets.size() > 1 ? approve(targets) : Paths();
+  outcome.files = staging.MoveFiles(targets, asked.output, force, kept);
 }
 
 }  // namespace zelconvert::cli

@@ -35,7 +35,7 @@ void RunIntoPlace(const Options& options, const std::vector<InputFile>& inputs,
     if (ShowsProgress()) bar.emplace();
     convert(files, outcome);
   }
-  outcome.files = staging.MoveFiles(options.force);
+  outcome.files = staging.MoveFiles(staging.GetTargets(), output, options.force);
 }
 
 void CheckStreams(const Options& options, const std::vector<DirectInput>& inputs) {

@@ -30,6 +30,10 @@ ordered_json Convert(const Json& json) {
 
 }  // namespace
 
+std::string ToLine(const Json& json) {
+  return Convert(json).dump() + "\n";
+}
+
 std::string ToLines(const Json& json) {
   constexpr int kIndent = 2;
   return Convert(json).dump(kIndent) + "\n";

@@ -19,6 +19,8 @@ struct Json {
   std::variant<std::nullptr_t, bool, int, std::string, List, Object> m_value;
 };
 
+/// On one line, ended.
+std::string ToLine(const Json& json);
 /// On several lines, the last one ended.
 std::string ToLines(const Json& json);
 

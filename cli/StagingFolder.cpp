@@ -1,6 +1,8 @@
 #include "cli/StagingFolder.h"
 
 #include <algorithm>
+#include <fstream>
+#include <iterator>
 #include <string>
 #include <system_error>
 
@@ -10,21 +12,51 @@
 namespace zelconvert::cli {
 namespace fs = std::filesystem;
 
-std::vector<fs::path> StagingFolder::MoveFiles(bool replace) const {
+namespace {
+
+bool HaveSameBytes(const fs::path& a, const fs::path& b) {
+  std::error_code ignored;
+  if (!fs::is_regular_file(b, ignored)) return false;
+  std::ifstream first(a, std::ios::binary), second(b, std::ios::binary);
+  using Bytes = std::istreambuf_iterator<char>;
+  return first && second && std::equal(Bytes(first), Bytes(), Bytes(second), Bytes());
+}
+
+void Move(const fs::path& from, const fs::path& to) {
+  std::error_code error;
+  fs::rename(from, to, error);
+  if (!error) return;
+  throw HostFailure(kNoOutput, platform::ToText(to) + " can't be written: " + error.message());
+}
+
+}  // namespace
+
+std::vector<fs::path> StagingFolder::GetTargets() const {
   std::vector<fs::path> targets;
   for (const auto& entry : fs::directory_iterator(GetPath())) {
     targets.push_back(m_parent / entry.path().filename());
   }
   std::sort(targets.begin(), targets.end());
-  for (const fs::path& target : targets) CheckReplaceable(target, replace);
+  return targets;
+}
+
+std::vector<fs::path> StagingFolder::MoveFiles(std::vector<fs::path> targets,
+                                               const fs::path& output, bool replace,
+                                               const std::vector<fs::path>& kept) const {
+  std::stable_partition(targets.begin(), targets.end(),
+                        [&](const fs::path& target) { return target == output; });
+  std::vector<fs::path> moved;
   for (const fs::path& target : targets) {
-    std::error_code error;
-    fs::rename(GetPath() / target.filename(), target, error);
-    if (error) {
-      throw HostFailure(kNoOutput,
-                        platform::ToText(target) + " can't be written: " + error.message());
+    if (target != output && HaveSameBytes(GetPath() / target.filename(), target)) continue;
+    CheckReplaceable(target, replace);
+    if (std::ranges::find(kept, target) != kept.end()) {
+      throw HostFailure(kNoOutput, platform::ToText(target) +
+                                       " has just been made of another file, with other contents");
     }
+    moved.push_back(target);
   }
+  std::for_each(moved.rbegin(), moved.rend(),
+                [&](const fs::path& target) { Move(GetPath() / target.filename(), target); });
   return targets;
 }
 

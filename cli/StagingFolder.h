@@ -18,9 +18,14 @@ class StagingFolder {
 
   const std::filesystem::path& GetPath() const { return m_folder.GetPath(); }
 
-  /// Moves all files into the parent and returns their paths there, in the order of their names.
-  /// If one may not be replaced none is moved. Throws a HostFailure.
-  std::vector<std::filesystem::path> MoveFiles(bool replace) const;
+  /// Where the files in it go, in the order of their names.
+  std::vector<std::filesystem::path> GetTargets() const;
+  /// Moves the files to these places, and returns them, `output` first. That is moved last: where
+  /// it stands the others do. Of the others one that is there with the same bytes is left as it is.
+  /// If one may not be replaced, as none of `kept` may, none is moved. Throws a HostFailure.
+  std::vector<std::filesystem::path> MoveFiles(
+      std::vector<std::filesystem::path> targets, const std::filesystem::path& output, bool replace,
+      const std::vector<std::filesystem::path>& kept = {}) const;
 
  private:
   std::filesystem::path m_parent;

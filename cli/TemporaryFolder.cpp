@@ -9,6 +9,7 @@
 
 namespace zelconvert::cli {
 namespace fs = std::filesystem;
+using platform::ToText;
 namespace {
 
 constexpr const char* kNameStart = ".zelconvert-";
@@ -25,13 +26,21 @@ TemporaryFolder::TemporaryFolder(const fs::path& parent) {
     m_path = parent / RandomName();
   } while (!platform::MakeTemporaryFolder(m_path, error) && !error);
   if (error) {
-    throw HostFailure(kNoOutput, "the folder " + platform::ToText(parent) +
-                                     " can't be written: " + error.message());
+    throw HostFailure(kNoOutput,
+                      "the folder " + ToText(parent) + " can't be written: " + error.message());
   }
 }
 
 TemporaryFolder::~TemporaryFolder() {
   platform::RemoveTemporaryFolder(m_path);
+}
+
+void RemoveAbandonedFolders(const fs::path& parent) {
+  std::error_code error;
+  for (fs::directory_iterator at(parent, error), end; at != end; at.increment(error)) {
+    const bool isOurs = ToText(at->path().filename()).starts_with(kNameStart);
+    if (isOurs) platform::RemoveIfAbandoned(at->path());
+  }
 }
 
 }  // namespace zelconvert::cli

@@ -20,4 +20,7 @@ class TemporaryFolder {
   std::filesystem::path m_path;
 };
 
+/// Removes those inside `parent` that a killed run has left.
+void RemoveAbandonedFolders(const std::filesystem::path& parent);
+
 }  // namespace zelconvert::cli

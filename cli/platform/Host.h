@@ -25,11 +25,16 @@ void UseBinaryStreams();
 
 /// A path as an argument gives it; "/" and "\" both separate, as in the library.
 std::filesystem::path ToPath(std::string_view argument);
+/// The argument that gives the path.
+std::string ToArgument(const std::filesystem::path& path);
 /// A path as the library takes it and gives it.
 std::wstring ToLibrary(const std::filesystem::path& path);
 std::filesystem::path FromLibrary(const std::wstring& path);
 /// A path for the user's eyes.
 std::string ToText(const std::filesystem::path& path);
+
+/// Equal for two spellings that the system takes for one name.
+std::filesystem::path::string_type NameKey(const std::filesystem::path& path);
 
 /// Whether the file opens for reading.
 bool IsReadable(const std::filesystem::path& path);
@@ -56,6 +61,8 @@ class ProgressWindow {
 bool MakeTemporaryFolder(const std::filesystem::path& path, std::error_code& error);
 /// Removes one that was made so, with all that is in it.
 void RemoveTemporaryFolder(const std::filesystem::path& path);
+/// Removes one whose process was killed; nothing if that lives.
+void RemoveIfAbandoned(const std::filesystem::path& path);
 /// Gives a file that is read-only now that attribute back. One file at a time; to be called before
 /// the folder is made.
 void KeepReadOnly(const std::filesystem::path& file);

@@ -6,6 +6,7 @@ cases.txt is one call in a folder with a few inputs; what it doesn't expect on d
 """
 
 import contextlib
+import itertools
 import json
 import os
 import pathlib
@@ -86,7 +87,7 @@ class HostTest(unittest.TestCase):
         output = (result.stdout + result.stderr).decode("utf-8", "replace").replace("\r\n", "\n")
         self.assertEqual(result.returncode, code, output)
         self.assertEqual(self.made(), sorted(files), output)
-        written = b"".join(pathlib.Path(self.folder, file).read_bytes() for file in files)
+        written = b"".join(contents(self.folder)[file] or b"" for file in files)
         for text in texts:
             if text[0] == "=":
                 self.assertIn(text[1:].encode(), written)
@@ -126,6 +127,66 @@ class HostTest(unittest.TestCase):
         self.assertTrue(roads.stdout.startswith(b"Zelmont Geodata"))
         self.assertEqual(roads.stderr.count(b"is left out"), 2)
         self.assertEqual(self.made(), [])
+
+    def make_many(self, count):
+        """Jobs in folders of a tree, and what a batch is asked for that converts them."""
+        names = [f"many/{i % 7}/{i}.job" for i in range(count)]
+        for name in names:
+            os.makedirs(os.path.join(self.folder, os.path.dirname(name)), exist_ok=True)
+            shutil.copyfile(EXAMPLES / "boundary.job", os.path.join(self.folder, name))
+        pathlib.Path(self.folder, "names.txt").write_text("\n".join(names), encoding="utf-8")
+        return ["batch", "--to", "cr5", "--files-from", "names.txt", "--out-dir"]
+
+    def test_batch_any_jobs(self):
+        batch = self.make_many(40)
+        pathlib.Path(self.folder, "many/3/3.job").write_bytes(self.before["names.job"])
+        for jobs in "1", "2", "7":
+            arguments = [*batch, jobs, "--jobs", jobs, "--keep-going", "--report", "-"]
+            result = self.run_host(arguments)
+            self.assertEqual(result.returncode, 1)
+            lines = result.stdout.decode().splitlines()
+            inputs = [pathlib.Path(json.loads(line)["input"]).stem for line in lines]
+            self.assertEqual(inputs, [str(i) for i in range(40)])
+            self.assertEqual([i for i, line in enumerate(lines) if "Invalid point" in line], [3])
+            made = contents(os.path.join(self.folder, jobs))
+            self.assertEqual(len([name for name in made if name.endswith(".cr5")]), 39)
+            self.assertEqual(made, contents(os.path.join(self.folder, "1")))
+
+    # Of two files that make one road file the first has it, though it takes longer.
+    def test_batch_roads(self):
+        road = self.before["road.dc"]
+        first = road.replace(b"28KI", b"13NMnote\r\n" * 1_000_000 + b"28KI", 1)
+        other = road.replace(b"97KI1        50.0", b"97KI1        51.0")
+        self.assertNotEqual(road, other)
+        for name, text in ("r1.dc", first), ("r2.dc", other), ("r3.dc", road):
+            pathlib.Path(self.folder, name).write_bytes(text)
+        for jobs in "1", "3":
+            arguments = ["batch", "--to", "job", "--out-dir", jobs, "r1.dc", "r2.dc", "r3.dc", "--keep-going"]
+            result = self.run_host([*arguments, "--jobs", jobs, "--force"])
+            self.assertEqual(result.returncode, 1)
+            self.assertIn(b"has just been made of another file", result.stderr)
+            made = contents(os.path.join(self.folder, jobs))
+            self.assertEqual(sorted(made), ["RIDGE_RO.RD5", "RURAL_2L.tp5", "r1.job", "r3.job"])
+
+    def test_batch_again(self):
+        batch = [*self.make_many(3), "out", "--report", "report"]
+        self.assertEqual(self.run_host(batch).returncode, 0)
+        newer, older, gone = (os.path.join(self.folder, f"out/many/{i}/{i}.cr5") for i in range(3))
+        before = contents(self.folder)
+        os.utime(older, (0, 0))
+        os.remove(gone)
+        kept = os.stat(newer).st_mtime_ns
+        self.assertEqual(self.run_host(batch).returncode, 4)  # the report is there
+        result = self.run_host([*batch, "--skip-existing"])
+        self.assertIn(b"3 files: 2 converted, 1 skipped", result.stderr)
+        report = pathlib.Path(self.folder, "report").read_text(encoding="utf-8")
+        self.assertEqual(
+            [json.loads(line)["status"] for line in report.splitlines()], ["skipped", "converted", "converted"]
+        )
+        self.assertEqual(os.stat(newer).st_mtime_ns, kept)
+        self.assertGreater(os.stat(older).st_mtime_ns, 0)
+        after = contents(self.folder)
+        self.assertEqual({**after, "report": b""}, {**before, "report": b""})
 
     # Everything of the job but its time and its coordinate system.
     def test_import_cr5(self):
@@ -185,7 +246,7 @@ class PosixTest(HostTest):
             self.skipTest("POSIX alone")
         super().setUp()
 
-    test_cases = test_json = test_standard_streams = None  # run once
+    test_cases = test_json = test_standard_streams = test_batch_any_jobs = test_batch_roads = test_batch_again = None  # run once
 
     def test_full_output(self):
         with open("/dev/full", "wb") as full:
@@ -253,6 +314,46 @@ class PosixTest(HostTest):
         host.send_signal(signal.SIGHUP)
         self.assertEqual(host.wait(), 0)
 
+    def start(self, arguments):
+        return subprocess.Popen(HOST + arguments, cwd=self.folder, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+
+    # As by the user, by the system, and by who is in a hurry: in all of them no piece of a file is left.
+    def test_batch_broken_off(self):
+        batch = self.make_many(150)
+        self.assertEqual(self.run_host([*batch, "all"]).returncode, 0)
+        whole = contents(os.path.join(self.folder, "all"))
+        for number, wait in itertools.product((signal.SIGINT, signal.SIGTERM, signal.SIGKILL), (5, 20, 60)):
+            with self.start([*batch, "out", "--jobs", "3"]) as host:
+                time.sleep(wait / 1000)
+                host.send_signal(number)
+                self.assertEqual(host.stderr.read(), b"" if host.wait() else b"150 files: 150 converted\n")
+            if number != signal.SIGKILL:
+                self.assertIn(host.returncode, [0, -number, 128 + number])
+            for name, data in contents(os.path.join(self.folder, "out")).items():
+                if number != signal.SIGKILL or ".zelconvert-" not in name:
+                    self.assertEqual(data, whole[name])
+            self.assertEqual(self.run_host([*batch, "out", "--skip-existing"]).returncode, 0)
+            self.assertEqual(contents(os.path.join(self.folder, "out")), whole, number)
+            shutil.rmtree(os.path.join(self.folder, "out"))
+
+    def test_worker_dies(self):
+        self.start_long(stdout=subprocess.DEVNULL).wait()
+        os.makedirs(os.path.join(self.folder, "out/.zelconvert-1"))  # of a run that was killed
+        arguments = ["batch", "--to", "dc", "--out-dir", "out", "a.job", "big.job", "p.job", "--keep-going"]
+        host = self.start([*arguments, "--jobs", "1", "--report", "-"])
+        while not os.path.exists(os.path.join(self.folder, "out/a.dc")):
+            time.sleep(0.001)
+        while not [name for name in os.listdir(os.path.join(self.folder, "out")) if name.startswith(".")]:
+            time.sleep(0.001)
+        worker = pathlib.Path(f"/proc/{host.pid}/task/{host.pid}/children").read_text().split()[0]
+        os.kill(int(worker), signal.SIGKILL)
+        out, err = host.communicate()
+        self.assertEqual(host.returncode, 1)
+        lines = [json.loads(line) for line in out.splitlines()]
+        self.assertEqual([line["status"] for line in lines], ["converted", "failed", "converted"])
+        self.assertIn(b"big.job: the process that converted it ended by signal 9", err)
+        self.assertEqual(sorted(os.listdir(os.path.join(self.folder, "out"))), ["a.dc", "p.dc"])
+
     def run_on_terminal(self, arguments, **variables):
         """Its exit code, standard output, and what a terminal shows of standard error."""
         import pty
@@ -289,6 +390,14 @@ class PosixTest(HostTest):
             self.assertTrue(shown.endswith(b" \r"), shown[-20:])
             self.assertNotIn(b"%", out)
         self.assertEqual(self.run_on_terminal([*arguments, "--force", "--quiet"]), (0, b"", b""))
+
+    def test_batch_on_a_terminal(self):
+        arguments = ["batch", "--to", "cr5", "--out-dir", "out", "a.job", "b.pwj", "names.job"]
+        code, out, shown = self.run_on_terminal([*arguments, "--jobs", "1"])
+        self.assertRegex(shown, rb"^\r1 of 3: 1 converted, 0:0\d left\r *\r")
+        self.assertRegex(shown, rb"\r3 files: 2 converted, 1 failed\r\n$")
+        self.assertNotIn(b"left", out)
+        self.assertEqual(out.count(b"\n"), 2)
 
     def test_colours(self):
         for is_coloured, variables in (

@@ -2,6 +2,7 @@
 
 #include <dirent.h>
 #include <signal.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -42,6 +43,10 @@ std::filesystem::path ToPath(std::string_view argument) {
   return bytes;
 }
 
+std::string ToArgument(const std::filesystem::path& path) {
+  return path.native();
+}
+
 std::wstring ToLibrary(const std::filesystem::path& path) {
   return zelconvert::platform::FromSystemPath(path.native());
 }
@@ -54,6 +59,10 @@ std::string ToText(const std::filesystem::path& path) {
   std::string text;
   AppendUtf8(text, ToLibrary(path));
   return text;
+}
+
+std::filesystem::path::string_type NameKey(const std::filesystem::path& path) {
+  return path.native();
 }
 
 bool IsReadable(const std::filesystem::path& path) {
@@ -155,6 +164,7 @@ class SignalsHeld {
 
 }  // namespace
 
+// A lock on the folder says that its process lives. Where there are no locks none is abandoned.
 bool MakeTemporaryFolder(const std::filesystem::path& path, std::error_code& error) {
   const SignalsHeld held;
   if (mkdir(path.c_str(), S_IRWXU) != 0) {
@@ -162,6 +172,8 @@ bool MakeTemporaryFolder(const std::filesystem::path& path, std::error_code& err
     return false;
   }
   g_leftBehind.folders.push_back({path, opendir(path.c_str())});
+  DIR* entries = g_leftBehind.folders.back().entries;
+  if (entries != nullptr) flock(dirfd(entries), LOCK_EX | LOCK_NB);
   static const bool isHandled = [] {
     for (const int number : kSignals) CleanUpOn(number);
     return true;
@@ -172,12 +184,20 @@ bool MakeTemporaryFolder(const std::filesystem::path& path, std::error_code& err
 void RemoveTemporaryFolder(const std::filesystem::path& path) {
   const SignalsHeld held;
   std::error_code ignored;
-  std::filesystem::remove_all(path, ignored);
+  if (rmdir(path.c_str()) != 0) std::filesystem::remove_all(path, ignored);
   std::erase_if(g_leftBehind.folders, [&](const LeftBehindFolder& each) {
     if (each.path != path.native()) return false;
     if (each.entries != nullptr) closedir(each.entries);
     return true;
   });
+}
+
+void RemoveIfAbandoned(const std::filesystem::path& path) {
+  DIR* entries = opendir(path.c_str());
+  if (entries == nullptr) return;
+  std::error_code ignored;
+  if (flock(dirfd(entries), LOCK_EX | LOCK_NB) == 0) std::filesystem::remove_all(path, ignored);
+  closedir(entries);
 }
 
 void KeepReadOnly(const std::filesystem::path& file) {

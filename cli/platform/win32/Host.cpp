@@ -29,16 +29,26 @@ std::string Utf8(std::wstring_view text) {
   return utf8;
 }
 
+struct LeftBehindFolder {
+  fs::path path;
+  HANDLE handle;  // open as long as this process lives
+};
+
 // Changed by the run, read by the thread of CleanUp.
 struct LeftBehind {
   std::mutex guard;
-  std::vector<fs::path> folders;  // one in another comes later
-  fs::path file;                  // that was read-only; empty: none
+  std::vector<LeftBehindFolder> folders;  // one in another comes later
+  fs::path file;                          // that was read-only; empty: none
 };
 
 LeftBehind& GetLeftBehind() {
   static LeftBehind& leftBehind = *new LeftBehind;
   return leftBehind;
+}
+
+HANDLE OpenFolder(const fs::path& path, DWORD sharing) {
+  return CreateFileW(path.c_str(), FILE_LIST_DIRECTORY, sharing, nullptr, OPEN_EXISTING,
+                     FILE_FLAG_BACKUP_SEMANTICS, nullptr);
 }
 
 // A file that is still open keeps its folder, though deleted. Beside the folder it goes when the
@@ -54,8 +64,10 @@ void Empty(const fs::path& folder) {
 
 // On a thread of its own, while the run goes on: it may make another file in the folder before that
 // is gone.
-void Remove(const fs::path& folder) {
+void Remove(const LeftBehindFolder& leftBehind) {
   constexpr int kTries = 100;
+  const fs::path& folder = leftBehind.path;
+  CloseHandle(leftBehind.handle);
   std::error_code error;
   for (int i = 0; i < kTries && fs::exists(folder, error); ++i) {
     Empty(folder);
@@ -111,6 +123,10 @@ std::filesystem::path ToPath(std::string_view argument) {
   return std::filesystem::path(std::u8string(argument.begin(), argument.end())).make_preferred();
 }
 
+std::string ToArgument(const std::filesystem::path& path) {
+  return Utf8(path.native());
+}
+
 std::wstring ToLibrary(const std::filesystem::path& path) {
   return path.native();
 }
@@ -121,6 +137,12 @@ std::filesystem::path FromLibrary(const std::wstring& path) {
 
 std::string ToText(const std::filesystem::path& path) {
   return Utf8(path.native());
+}
+
+std::filesystem::path::string_type NameKey(const std::filesystem::path& path) {
+  std::wstring key = path.native();
+  CharUpperBuffW(key.data(), static_cast<DWORD>(key.size()));
+  return key;
 }
 
 bool IsReadable(const std::filesystem::path& path) {
@@ -179,7 +201,7 @@ bool MakeTemporaryFolder(const std::filesystem::path& path, std::error_code& err
   LeftBehind& left = GetLeftBehind();
   const std::lock_guard held(left.guard);
   if (fs::exists(path, error) || error || !fs::create_directory(path, error)) return false;
-  left.folders.push_back(path);
+  left.folders.push_back({path, OpenFolder(path, FILE_SHARE_READ | FILE_SHARE_WRITE)});
   static const bool isHandled = SetConsoleCtrlHandler(&CleanUp, TRUE) != 0;
   return isHandled;
 }
@@ -187,9 +209,22 @@ bool MakeTemporaryFolder(const std::filesystem::path& path, std::error_code& err
 void RemoveTemporaryFolder(const std::filesystem::path& path) {
   LeftBehind& left = GetLeftBehind();
   const std::lock_guard held(left.guard);
+  std::erase_if(left.folders, [&](const LeftBehindFolder& each) {
+    if (each.path != path) return false;
+    CloseHandle(each.handle);
+    return true;
+  });
   std::error_code ignored;
   fs::remove_all(path, ignored);
-  std::erase(left.folders, path);
+}
+
+// While its process lives the folder is open, and doesn't open for one alone.
+void RemoveIfAbandoned(const std::filesystem::path& path) {
+  const HANDLE handle = OpenFolder(path, 0);
+  if (handle == INVALID_HANDLE_VALUE) return;
+  CloseHandle(handle);
+  std::error_code ignored;
+  fs::remove_all(path, ignored);
 }
 
 void KeepReadOnly(const std::filesystem::path& file) {
