@@ -92,6 +92,7 @@ void BatchLog::Tell(const BatchFile& file, const Entry& entry) {
     if (m_options.json) m_objects.emplace_back(std::move(object));
   }
   if (!m_options.json) TellAsText(file, entry);
+  std::fflush(stdout);
 }
 
 void BatchLog::TellAsText(const BatchFile& file, const Entry& entry) {

@@ -21,6 +21,26 @@ std::string Lower(std::string_view text) {
   return lower;
 }
 
+// Each paragraph begins a line.
+std::string Wrapped(std::string_view text) {
+  constexpr std::size_t kWidth = 79;
+  std::string wrapped;
+  std::size_t length = 0;
+  for (std::size_t at = 0; at < text.size();) {
+    const std::size_t end = std::min(text.find_first_of(" \n", at), text.size());
+    const bool fits = length + 1 + (end - at) <= kWidth;
+    if (length != 0) wrapped += fits ? ' ' : '\n';
+    length = (fits && length != 0 ? length + 1 : 0) + end - at;
+    wrapped += text.substr(at, end - at);
+    if (end < text.size() && text[end] == '\n') {
+      wrapped += '\n';
+      length = 0;
+    }
+    at = end + 1;
+  }
+  return wrapped;
+}
+
 // The choices stand in the footer or in the option's own text.
 CLI::Validator OneOf(const OptionInfo& info) {
   const auto find = [&info](const std::string& word) -> std::string {
@@ -45,7 +65,9 @@ CLI::Validator Count(const OptionInfo& info) {
 void AddOption(CLI::App& command, const OptionInfo& info, Options& options) {
   const std::string name(info.name), help(info.help);
   const auto add = [&](auto target) {
-    if constexpr (std::is_same_v<decltype(target), bool Options::*>) {
+    if constexpr (std::is_same_v<decltype(target), std::monostate>) {
+      return command.set_help_flag(name, help);
+    } else if constexpr (std::is_same_v<decltype(target), bool Options::*>) {
       return command.add_flag(name, options.*target, help);
     } else {
       return command.add_option(name, options.*target, help);
@@ -60,9 +82,8 @@ void AddOption(CLI::App& command, const OptionInfo& info, Options& options) {
 
 CLI::App& AddCommand(CLI::App& app, const CommandInfo& info, Options& options) {
   CLI::App& command = *app.add_subcommand(std::string(info.name), std::string(info.help));
-  for (const OptionInfo& option : info.options) AddOption(command, option, options);
-  for (const OptionInfo& option : GetCommonOptions()) AddOption(command, option, options);
-  if (!info.footer.empty()) command.footer(std::string(info.footer));
+  for (const OptionInfo* option : OptionsOf(info)) AddOption(command, *option, options);
+  command.footer(Wrapped(info.details));
   command.allow_extras();  // which are told in words of the host's own
   return command;
 }
@@ -71,7 +92,9 @@ void AddCommands(CLI::App& app, Options& options) {
   app.set_version_flag("--version", "zelconvert " ZELCONVERT_VERSION);
   app.require_subcommand(1);
   app.allow_windows_style_options(false);  // "/data/a.job" and "//server/a.job" are paths
-  app.footer(std::string(kHostFooter));
+  for (const Section& section : GetSections()) {
+    if (section.title == "Exit codes") app.footer("Exit codes:\n" + Wrapped(section.text));
+  }
   for (const CommandInfo& info : GetCommands()) AddCommand(app, info, options);
   for (const CommandInfo& info : GetHiddenCommands()) AddCommand(app, info, options).group("");
 }
@@ -84,11 +107,9 @@ std::string TellUnknownCommand(std::string_view name) {
 
 std::string TellExtra(const CommandInfo& command, const std::string& word) {
   if (!word.starts_with('-')) return "'" + word + "' is one argument too many";
-  std::vector<std::string_view> names = {"--help"};
-  for (const auto& options : {command.options, GetCommonOptions()}) {
-    for (const OptionInfo& option : options) {
-      if (!option.IsArgument()) names.push_back(option.name);
-    }
+  std::vector<std::string_view> names;
+  for (const OptionInfo* option : OptionsOf(command)) {
+    if (!option->IsArgument()) names.push_back(Spellings(option->name).back());
   }
   return TellUnknown("option", word.substr(0, word.find('=')), names);
 }
@@ -102,10 +123,33 @@ std::string TellExtras(const CLI::App& app) {
   return {};
 }
 
-ExitCode Help(CLI::App& app, const std::string& name) {
-  if (!name.empty() && FindCommand(name) == nullptr) {
-    throw HostFailure(kWrongUsage, TellUnknownCommand(name));
+Json::Object ToJson(const OptionInfo& info) {
+  Json::List spellings, choices;
+  for (const std::string_view each : Spellings(info.name))
+    spellings.emplace_back(std::string(each));
+  for (const std::string_view each : info.choices) choices.emplace_back(std::string(each));
+  return {{"names", std::move(spellings)},
+          {"help", std::string(info.help)},
+          {"value", std::string(info.valueName)},
+          {"choices", std::move(choices)},
+          {"required", info.IsRequired()}};
+}
+
+ExitCode PrintTable(const std::string& subject) {
+  Json::List commands;
+  for (const CommandInfo& info : GetCommands()) {
+    if (!subject.empty() && info.name != subject) continue;
+    Json::List options;
+    for (const OptionInfo* option : OptionsOf(info)) options.emplace_back(ToJson(*option));
+    commands.emplace_back(Json::Object{{"name", std::string(info.name)},
+                                       {"help", std::string(info.help)},
+                                       {"options", std::move(options)}});
   }
+  PrintOut(ToLines(Json::Object{{"commands", std::move(commands)}}));
+  return kConverted;
+}
+
+ExitCode Help(CLI::App& app, const std::string& name) {
   const CLI::App* subject = name.empty() ? &app : app.get_subcommand(name);
   PrintOut(app.get_formatter()->make_help(
       subject, name.empty() ? "zelconvert" : "zelconvert " + name, CLI::AppFormatMode::Normal));
@@ -127,7 +171,12 @@ ExitCode Run(CLI::App& app, const Options& options) {
   if (!extra.empty()) throw HostFailure(kWrongUsage, extra);
   if (options.quiet) SetQuiet();
   const CommandInfo& command = *FindCommand(app.get_subcommands().front()->get_name());
-  return command.run == nullptr ? Help(app, options.subject) : command.run(options);
+  if (command.run != nullptr) return command.run(options);
+  const std::string& subject = options.subject;
+  if (!subject.empty() && FindCommand(subject) == nullptr) {
+    throw HostFailure(kWrongUsage, TellUnknownCommand(subject));
+  }
+  return options.json ? PrintTable(subject) : Help(app, subject);
 }
 
 ExitCode ParseAndRun(std::vector<std::string> arguments) {

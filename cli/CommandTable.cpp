@@ -12,6 +12,7 @@ namespace {
 
 constexpr OptionInfo kForce{"--force", Value::None, &Options::force, "Replace a file that exists"};
 constexpr OptionInfo kCommonOptions[] = {
+    {"-h,--help", Value::None, std::monostate(), "Tell how to use the command"},
     {"--json", Value::None, &Options::json, "Print one JSON object"},
     {"--quiet", Value::None, &Options::quiet, "Print errors and what was asked for alone"},
 };
@@ -83,58 +84,128 @@ constexpr OptionInfo kMergeOptions[] = {
      kNewJobTypes},
     {"--to", Value::Choice, &Options::to, "job or pwj, of standard output", "TYPE", kNewJobTypes},
 };
+constexpr std::string_view kPageNames[] = {"man", "bash", "zsh", "fish"};
+constexpr OptionInfo kGenerateOptions[] = {
+    {"PAGE", Value::Choice, &Options::subject, "man, bash, zsh or fish", "PAGE", kPageNames},
+};
 constexpr OptionInfo kHelpOptions[] = {
     {"COMMAND", Value::Command, &Options::subject, "The command", {}, {}, Need::Optional},
 };
 
+constexpr std::string_view kConvertExamples[] = {
+    "convert monday.job monday.dc",
+    "convert monday.raw monday.dc --to dc77",
+    "convert monday.raw monday.dc --job design.job",
+    "convert monday.job monday.dc --from job+raw",
+    "convert - - --from job --to cr5 < monday.job > monday.cr5",
+};
+constexpr std::string_view kBatchExamples[] = {
+    "batch --to dc --out-dir converted *.raw",
+    "batch --to dc --out-dir converted --files-from names.txt --keep-going --report report.jsonl",
+};
+constexpr std::string_view kDetectExamples[] = {"detect *.job"};
+constexpr std::string_view kTypesExamples[] = {"types"};
+constexpr std::string_view kImportCr5Examples[] = {"import-cr5 monday.cr5 monday.job --units usft"};
+constexpr std::string_view kImportSdrExamples[] = {"import-sdr monday.sdr monday.raw"};
+constexpr std::string_view kMergeExamples[] = {"merge monday.job tuesday.job week.job"};
+constexpr std::string_view kHelpExamples[] = {"help convert"};
+
 // In the order of the help.
 constexpr CommandInfo kCommands[] = {
     {"convert", "Convert a file into another", kConvertOptions,
-     "Types are those of \"zelconvert types\".\n"
-     "Without --to a .dc file becomes type dc, .job job, .cr5 cr5 and .sdr sdr33.\n"
-     "With --job the DC file of a log has the design points and descriptions of a job; the types\n"
-     "job+raw, pwj+pwr and cr5+rw5 take them from the coordinates beside the log.\n"
-     "The paths of the files made go to standard output, the library's texts to standard error.",
-     &RunConvert},
+     "The types of both files are told by their own names, whatever their folders are called, that "
+     "of a job by its first bytes as well; options say otherwise. Without --to a name in .dc makes "
+     "the type dc, .job job, .cr5 cr5 and .sdr sdr33.\n"
+     "What is made is written into a folder of its own inside the folder of OUT and moved into "
+     "place when all went well, so a run that fails costs no file that was there. Road files that "
+     "a data collector file holds are made beside the job.\n"
+     "The job of --job, .job or .pwj, tells a raw log that becomes a data collector file the "
+     "design "
+     "of what was staked out, the descriptions of points measured by satellite, and the names that "
+     "are taken. The types job+raw, pwj+pwr and cr5+rw5 are logs that stand beside a file of "
+     "coordinates and take them from there; the file that is named is the one of coordinates. "
+     "Those of a coordinate list are taken to be in the unit of the log. Without them the log is "
+     "converted all the same, with a warning.\n"
+     "The paths of the files made go to standard output, the library's texts to standard error. "
+     "--json prints converted, exitCode, input, from, output, to, files, messages, and where there "
+     "are any warning and error.",
+     kConvertExamples, &RunConvert},
     {"batch", "Convert many files", kBatchOptions,
-     "The output of a/b.raw is a/b.dc inside DIR: the folders of a name are kept, but for the "
-     "root\n"
-     "and \"..\". If two files would become one, nothing is run.\n"
-     "A file appears under its name when it is whole. A run that was broken off goes on with\n"
-     "--skip-existing. Without --keep-going the first failure ends the run. A process that dies\n"
-     "while it converts a file is the failure of that file alone.\n"
-     "Exit codes: 0 all files are converted or left out, 1 one isn't, or as for every command.",
-     &RunBatch},
-    {"detect", "Tell the type of files by name and contents", kDetectOptions, {}, &RunDetect},
-    {"types", "List the file types and what they convert to", {}, {}, &RunTypes},
+     "The output of a/b.raw is a/b.dc inside DIR: the folders of a name are kept, but for the root "
+     "and \"..\". If two files would become one, or a file take the place of an input, nothing is "
+     "run.\n"
+     "A file appears under its name when it is whole. A run that was broken off goes on with "
+     "--skip-existing, and ends with the same files. Without --keep-going the first failure ends "
+     "the run. A process that dies while it converts a file is the failure of that file alone.\n"
+     "What is made doesn't depend on --jobs. If two files make a road file of one name the first "
+     "of them has it, and the other fails unless both are the same.\n"
+     "The line of --report holds status (converted, skipped, failed or not run) and what convert "
+     "prints with --json. The lines stand in the order of the files. --json prints them all at the "
+     "end, with their numbers.\n"
+     "Exit codes: 0 all files are converted or left out, 1 some aren't, or as of every command.",
+     kBatchExamples, &RunBatch},
+    {"detect", "Tell the type of files by name and contents", kDetectOptions,
+     "The type of each file is told by its own name, that of .job and .pwj files also by their "
+     "first bytes. The reason stands after it. Exit code 1 means that a type isn't known.",
+     kDetectExamples, &RunDetect},
+    {"types", "List the file types and what they convert to", {}, "", kTypesExamples, &RunTypes},
     {"import-cr5", "Make a job of a coordinate list", kImportCr5Options,
-     "Units are m (metres), ft (international feet) and usft (US survey feet).\n"
-     "Carried over: number (as the name), description, and coordinates, which become metres. The\n"
+     "Units are m (metres), ft (international feet) and usft (US survey feet); a list doesn't tell "
+     "its own. Without --units they are taken to be metres, and a warning says so.\n"
+     "Carried over: number (as the name), description, and coordinates, which become metres. The "
      "job shows the unit that --units names. Unused numbers of a sequential list make no point.\n"
      "Not in a coordinate list, so not in the job: units, scale and coordinate system, "
      "attributes.\n"
      "The points lie on the layer POINTS; an old job has no layers.",
-     &RunImportCr5},
+     kImportCr5Examples, &RunImportCr5},
     {"import-sdr", "Make a raw log of an SDR file", kImportSdrOptions,
-     "Carried over: job names, units, scale, collimation (on or off), atmosphere, prism, and the\n"
+     "Carried over: job names, units, scale, collimation (on or off), atmosphere, prism, and the "
      "notes; all but the first three become comments. The log gets the date and time of now.\n"
      "Left out: points, stations, backsights and observations.",
-     &RunImportSdr},
+     kImportSdrExamples, &RunImportSdr},
     {"merge", "Join two jobs in a new one", kMergeOptions,
-     "OUT has the settings, coordinate system and layers of A, then the points, lines and roads "
-     "of A,\n"
-     "then those of B. The scales of both jobs must be equal. Points of one name are both "
-     "written.\n"
-     "Lines and roads of B are numbered on. Points on a layer that A lacks go to the layer "
-     "POINTS.\n"
+     "OUT has the settings, coordinate system and layers of A, then the points, lines and roads of "
+     "A, then those of B. The scales of both jobs must be equal. Points of one name are both "
+     "written. Lines and roads of B are numbered on. Points on a layer that A lacks go to the "
+     "layer POINTS.\n"
      "Left out: attributes of points.\n"
      "A job is of the first brand if its name ends in .job in lower case, else of the second.",
-     &RunMerge},
-    {"help", "Tell how to use a command", kHelpOptions, {}},
+     kMergeExamples, &RunMerge},
+    {"help", "Tell how to use a command", kHelpOptions,
+     "With --json: the command with its options, or all of them.", kHelpExamples},
+};
+
+constexpr Section kSections[] = {
+    {"Output",
+     "The paths of the files made go to standard output, one a line. The library's texts go to "
+     "standard error as it gave them; on success they are warnings. On a terminal standard error "
+     "shows a bar while a conversion runs. --quiet leaves errors and what was asked for. No file "
+     "is replaced without --force. A run that is broken off leaves nothing behind."},
+    {"Standard input and output",
+     "- in the place of a file to read or to make is standard input or output. Neither has a name "
+     "that tells a type, so --from and --to do. What is made is all that goes to standard output "
+     "then; of several files it is the first."},
+    {"Exit codes",
+     "0: converted, or whatever else was asked for is done.\n"
+     "1: the conversion failed, or an input broke off while it was read; for detect, a file is of "
+     "no known type.\n"
+     "2: the command line asks for what there isn't.\n"
+     "3: an input can't be read.\n"
+     "4: an output can't be written."},
+    {"Environment", "NO_COLOR: if set and not empty, nothing is coloured on a terminal."},
+    {"Notes",
+     "The brand of a job or a raw log is told by its extension in lower case: SURVEY.RAW is taken "
+     "for a log of the second brand, with a warning."},
 };
 
 constexpr CommandInfo kHiddenCommands[] = {
-    {kBatchWorkerCommand, "Convert what standard input says, for batch", {}, {}, &RunBatchWorker},
+    {kBatchWorkerCommand,
+     "Convert what standard input says, for batch",
+     {},
+     {},
+     {},
+     &RunBatchWorker},
+    {"generate", "Print man page or completion", kGenerateOptions, {}, {}, &RunGenerate},
 };
 
 }  // namespace
@@ -143,12 +214,30 @@ std::span<const CommandInfo> GetCommands() {
   return kCommands;
 }
 
+std::span<const Section> GetSections() {
+  return kSections;
+}
+
 std::span<const CommandInfo> GetHiddenCommands() {
   return kHiddenCommands;
 }
 
 std::span<const OptionInfo> GetCommonOptions() {
   return kCommonOptions;
+}
+
+std::vector<const OptionInfo*> OptionsOf(const CommandInfo& command) {
+  std::vector<const OptionInfo*> options;
+  for (const std::span<const OptionInfo> each : {command.options, GetCommonOptions()}) {
+    for (const OptionInfo& option : each) options.push_back(&option);
+  }
+  return options;
+}
+
+std::vector<std::string_view> Spellings(std::string_view name) {
+  const std::size_t comma = name.find(',');
+  if (comma == std::string_view::npos) return {name};
+  return {name.substr(0, comma), name.substr(comma + 1)};
 }
 
 const CommandInfo* FindCommand(std::string_view name) {

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 #include <variant>
+#include <vector>
 
 #include "cli/Commands.h"
 
@@ -18,11 +19,12 @@ enum class Value { None, Path, Folder, Choice, Number, Command };
 enum class Need { Usual, Required, Optional };
 
 struct OptionInfo {
+  /// monostate: whoever reads the command line handles it.
   using Target =
-      std::variant<bool Options::*, int Options::*, std::string Options::*,
+      std::variant<std::monostate, bool Options::*, int Options::*, std::string Options::*,
                    std::optional<std::string> Options::*, std::vector<std::string> Options::*>;
 
-  std::string_view name;  ///< "--to"; of an argument without dashes, "OUT"
+  std::string_view name;  ///< "--to" or "-h,--help"; of an argument without dashes, "OUT"
   Value value;
   Target target;
   std::string_view help;
@@ -41,21 +43,30 @@ struct CommandInfo {
   std::string_view name;
   std::string_view help;
   std::span<const OptionInfo> options;
-  std::string_view footer;                    ///< empty: that of the host
-  ExitCode (*run)(const Options&) = nullptr;  ///< null: "help", for whoever reads the command line
+  std::string_view details;                    ///< paragraphs, a line each
+  std::span<const std::string_view> examples;  ///< arguments of calls
+  ExitCode (*run)(const Options&) = nullptr;   ///< null: "help", for whoever reads the command line
+};
+
+/// What isn't about a command of its own.
+struct Section {
+  std::string_view title;
+  std::string_view text;  ///< paragraphs, a line each
 };
 
 inline constexpr std::string_view kHostHelp = "Converts land-survey field data between file types.";
-inline constexpr std::string_view kHostFooter =
-    "Exit codes: 0 done, 1 the conversion failed, 2 wrong usage, 3 an input can't be read,\n"
-    "4 an output can't be written.";
 
+std::span<const Section> GetSections();
 /// Those that a user is told of.
 std::span<const CommandInfo> GetCommands();
 /// Those that the host itself runs.
 std::span<const CommandInfo> GetHiddenCommands();
 /// Those that every command has beside its own.
 std::span<const OptionInfo> GetCommonOptions();
+/// Its own and the common ones.
+std::vector<const OptionInfo*> OptionsOf(const CommandInfo& command);
+/// "-h" and "--help" of "-h,--help".
+std::vector<std::string_view> Spellings(std::string_view name);
 /// Also one that a user isn't told of. Null if there is none.
 const CommandInfo* FindCommand(std::string_view name);
 

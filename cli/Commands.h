@@ -9,6 +9,7 @@ namespace zelconvert::cli {
 ExitCode RunConvert(const Options& options);
 ExitCode RunBatch(const Options& options);
 ExitCode RunDetect(const Options& options);
+ExitCode RunGenerate(const Options& options);
 ExitCode RunTypes(const Options& options);
 ExitCode RunImportCr5(const Options& options);
 ExitCode RunImportSdr(const Options& options);

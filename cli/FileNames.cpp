@@ -56,6 +56,7 @@ std::string ReasonOfType(int type, const fs::path& path) {
   if (type < 0) return "no type has the extension " + extension;
   const std::string named = "extension " + extension;
   const auto begins = [&](std::string_view signature) {
+    signature.remove_suffix(signature.size() - 1 - signature.find_last_not_of(' '));
     return named + ", first bytes \"" + std::string(signature) + "\"";
   };
   if (type == FT_JOB) return begins(kJobSignature);

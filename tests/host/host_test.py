@@ -6,10 +6,13 @@ cases.txt is one call in a folder with a few inputs; what it doesn't expect on d
 """
 
 import contextlib
+import glob
 import itertools
 import json
 import os
 import pathlib
+import re
+import shlex
 import shutil
 import signal
 import struct
@@ -19,7 +22,8 @@ import tempfile
 import time
 import unittest
 
-EXAMPLES = pathlib.Path(__file__).resolve().parents[2] / "examples"
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+EXAMPLES = ROOT / "examples"
 HOST = []
 ON_WINDOWS = False
 
@@ -236,6 +240,98 @@ class HostTest(unittest.TestCase):
         self.assertEqual([each["type"] for each in detected["files"]], ["pwj", None, None])
         self.assertEqual([each["readable"] for each in detected["files"]], [True, True, False])
         self.assertEqual(detected["exitCode"], 3)
+
+
+class PagesTest(unittest.TestCase):
+    """What is installed beside the host, and the help, against the table of commands."""
+
+    PAGES = {"man": "zelconvert.1", "bash": "zelconvert.bash", "zsh": "_zelconvert", "fish": "zelconvert.fish"}
+
+    def ask(self, *arguments):
+        result = subprocess.run(HOST + list(arguments), stdout=subprocess.PIPE, check=True, timeout=60)
+        return result.stdout.decode("utf-8").replace("\r\n", "\n")
+
+    # "cmake --build --preset release --target host_pages" makes them anew.
+    def test_pages_are_made_of_the_table(self):
+        for page, name in self.PAGES.items():
+            text = (ROOT / "cli/pages" / name).read_text(encoding="utf-8")
+            self.assertEqual(self.ask("generate", page), text, name)
+
+    def section(self, page, text, command):
+        """What a page says of a command."""
+        start, end = {
+            "man": (f"\n.SS {command}\n", r"\n\.S[SH] "),
+            "bash": (f"\n        '{command}') options=", r"\n"),
+            "zsh": (f"\n        {command})\n", r"\n            ;;"),
+            "fish": ("", r"$(?!\n)"),
+        }[page]
+        text = text.replace("\\-", "-")
+        self.assertIn(start, text)
+        text = re.split(end, text.partition(start)[2] if start else text)[0]
+        if page != "fish":
+            return text
+        lines = [line for line in text.splitlines() if f"from {command}'" in line]
+        return "\n".join(re.sub(r" -l (\S+)", r" --\1", line) for line in lines)
+
+    def test_all_name_the_same_options(self):
+        texts = {page: (ROOT / "cli/pages" / name).read_text(encoding="utf-8") for page, name in self.PAGES.items()}
+        common = texts["man"].replace("\\-", "-").partition(".SH OPTIONS OF EVERY COMMAND")[2].partition(".SH")[0]
+        commands = json.loads(self.ask("help", "--json"))["commands"]
+        self.assertGreater(len(commands), 7)
+        for command in commands:
+            names = {option["names"][-1] for option in command["options"]}
+            names = {name for name in names if name.startswith("-")}
+            pages = {page: self.section(page, text, command["name"]) for page, text in texts.items()}
+            defined = {
+                "help": re.findall(r"^  (?:-\w,)?(--[a-z-]+)", self.ask("help", command["name"]), re.M),
+                "man": re.findall(r"^\.TP\n.*?(--[a-z-]+)", pages["man"] + common, re.M),
+                "bash": re.findall(r"--[a-z-]+", pages["bash"]),
+                "zsh": re.findall(r"'(--[a-z-]+)\[", pages["zsh"]),
+                "fish": re.findall(r"' .*?(--[a-z-]+)", pages["fish"]),
+            }
+            for page, found in defined.items():
+                self.assertEqual(set(found), names, (page, command["name"]))
+
+    @unittest.skipUnless(shutil.which("bash") and os.name == "posix", "needs bash")
+    def test_bash_completes(self):
+        for words, expected in {
+            "mer": "merge",
+            "convert --fo": "--force",
+            "convert a --from sd": "sdr33 sdr2",
+            "convert a --from = sd": "sdr33 sdr2",
+            "import-cr5 a b --units u": "usft",
+            "help im": "import-cr5 import-sdr",
+            "convert a": "",
+            "convert --job a": "",
+        }.items():
+            script = f"""source {ROOT}/cli/pages/zelconvert.bash; COMP_WORDS=(zelconvert {words})
+                COMP_CWORD=$((${{#COMP_WORDS[@]}} - 1)); _zelconvert; echo "${{COMPREPLY[@]}}" """
+            self.assertEqual(subprocess.check_output(["bash", "-c", script], text=True).strip(), expected, words)
+
+    # Every call that a page on a command shows gives what stands there.
+    def test_pages_show_what_happens(self):
+        for page in sorted((ROOT / "docs/commands").glob("*.md")):
+            with tempfile.TemporaryDirectory() as folder:
+                for example in EXAMPLES.iterdir():
+                    shutil.copy(example, folder)
+                shown = re.findall(r"```console\n(.*?)```", page.read_text(encoding="utf-8"), re.S)
+                self.assertTrue(shown, page)
+                for call in re.split(r"^\$ ", "".join(shown), flags=re.M)[1:]:
+                    line, _, expected = call.partition("\n")
+                    with self.subTest(f"{page.name}: {line}"):
+                        self.assertEqual(self.run_line(line, folder), expected)
+
+    def run_line(self, line, folder):
+        program, *words = shlex.split(line)
+        self.assertEqual(program, "zelconvert")
+        words = [name for word in words for name in (sorted(glob.glob(word, root_dir=folder)) or [word])]
+        with tempfile.TemporaryFile() as out:
+            subprocess.run(HOST + words, cwd=folder, stdout=out, stderr=subprocess.STDOUT, timeout=60)
+            out.seek(0)
+            text = out.read().decode("utf-8").replace("\r\n", "\n")
+        if ON_WINDOWS:
+            text = text.replace("\\", "/")
+        return re.sub(r"(?:[A-Z]:)?" + re.escape(str(pathlib.Path(folder).resolve())), "/survey", text)
 
 
 class PosixTest(HostTest):

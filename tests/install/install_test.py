@@ -28,6 +28,8 @@ def check_files(prefix, windows):
     host = "bin/zelconvert.exe" if windows else "bin/zelconvert"
     files = [library, host, "include/zelconvert/zelconvert.h", "share/man/man1/zelconvert.1"]
     files += ["lib/cmake/zelconvert/zelconvertConfig.cmake", "lib/pkgconfig/zelconvert.pc"]
+    files += ["share/bash-completion/completions/zelconvert", "share/zsh/site-functions/_zelconvert"]
+    files += ["share/fish/vendor_completions.d/zelconvert.fish"]
     for name in files:
         assert (prefix / name).exists(), name
     return prefix / host

@@ -1,0 +1,40 @@
+# Completes command lines of zelconvert in bash. Made by "zelconvert generate bash".
+_zelconvert() {
+    local cur=${COMP_WORDS[COMP_CWORD]} prev=${COMP_WORDS[COMP_CWORD - 1]}
+    local key values= words= options=
+    if [[ $cur == = ]]; then cur=; fi
+    if [[ $prev == = ]]; then prev=${COMP_WORDS[COMP_CWORD - 2]}; fi
+    COMPREPLY=()
+    if ((COMP_CWORD == 1)); then
+        COMPREPLY=($(compgen -W 'convert batch detect types import-cr5 import-sdr merge help --help --version' -- "$cur"))
+        return
+    fi
+    case ${COMP_WORDS[1]} in
+        'convert') options='--from --to --job --force -h --help --json --quiet' ;;
+        'batch') options='--to --out-dir --from --files-from --jobs --keep-going --skip-existing --report --force -h --help --json --quiet' ;;
+        'detect') options='-h --help --json --quiet' ;;
+        'types') options='-h --help --json --quiet' ;;
+        'import-cr5') options='--force --units --to -h --help --json --quiet' ;;
+        'import-sdr') options='--force --from -h --help --json --quiet' ;;
+        'merge') options='--force --from --to -h --help --json --quiet' ;;
+        'help') options='-h --help --json --quiet' ;;
+    esac
+    for key in "${COMP_WORDS[1]}" "${COMP_WORDS[1]} $prev"; do
+        case $key in
+        'convert --from') values='job oldjob pwj cr5 seqcr5 dc dc77 dc1000 dc1070 raw rw5 pwr job+raw pwj+pwr cr5+rw5 sdr33 sdr2 ilj jxl' ;;
+        'convert --to') values='job oldjob pwj cr5 seqcr5 dc dc77 dc1000 dc1070 raw rw5 pwr job+raw pwj+pwr cr5+rw5 sdr33 sdr2 ilj jxl' ;;
+        'batch --to') values='job oldjob pwj cr5 seqcr5 dc dc77 dc1000 dc1070 raw rw5 pwr job+raw pwj+pwr cr5+rw5 sdr33 sdr2 ilj jxl' ;;
+        'batch --from') values='job oldjob pwj cr5 seqcr5 dc dc77 dc1000 dc1070 raw rw5 pwr job+raw pwj+pwr cr5+rw5 sdr33 sdr2 ilj jxl' ;;
+        'import-cr5 --units') values='m ft usft' ;;
+        'import-cr5 --to') values='job pwj oldjob' ;;
+        'import-sdr --from') values='sdr33 sdr2' ;;
+        'merge --from') values='job pwj' ;;
+        'merge --to') values='job pwj' ;;
+        'help') words='convert batch detect types import-cr5 import-sdr merge help' ;;
+        esac
+    done
+    if [[ $cur == -* ]]; then words=$options; fi
+    if [[ $values ]]; then words=$values; fi
+    COMPREPLY=($(compgen -W "$words" -- "$cur"))
+}
+complete -o default -F _zelconvert zelconvert
