@@ -1,0 +1,345 @@
+// Plans of surveys whose sheet coordinates were worked out by hand, beside each case.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "tools/Plot.h"
+#include "tools/PlotGeometry.h"
+#include "tools/PlotLabels.h"
+#include "tools/PlotPanel.h"
+#include "tools/PlotUnits.h"
+
+namespace zelconvert::tools {
+namespace {
+
+using namespace plot;
+
+std::size_t Count(std::string_view text, std::string_view part) {
+  std::size_t count = 0;
+  for (std::size_t at = text.find(part); at != text.npos; at = text.find(part, at + 1)) ++count;
+  return count;
+}
+
+bool Has(const Plot& plot, std::string_view part) {
+  return plot.svg.find(part) != plot.svg.npos;
+}
+
+SurveyPoint PointAt(std::wstring name, double north, double east,
+                    PointSource source = PointSource::Stated) {
+  SurveyPoint point;
+  point.name = std::move(name);
+  point.grid = {north, east, 12.5};
+  point.source = source;
+  return point;
+}
+
+// 100 by 150 m have room at 1 : 600 on the 244 by 284 mm of a map in landscape (1 : 750 in
+// portrait). One metre is 166.67 units; N 1050, E 2075 is the middle of the map, x 17200, y 14500.
+Survey Triangle() {
+  Survey survey;
+  survey.lengthUnit = LinearUnit::Metre;
+  survey.points = {PointAt(L"A", 1000, 2000), PointAt(L"B", 1100, 2000, PointSource::Shot),
+                   PointAt(L"C", 1000, 2150, PointSource::Gps)};
+  return survey;
+}
+
+TEST(PlotGeometry, TakesRoundScales) {
+  struct Case {
+    double metres;
+    int units;
+    bool isInFeet;
+    double scale;
+  };
+  for (const auto& [metres, units, isInFeet, scale] : {
+           Case{100, 28400, false, 400},      // 352 are needed
+           Case{100, 28400, true, 360},       // 30 feet to the inch
+           Case{100, 20000, false, 500},      // as needed
+           Case{1000, 10000, false, 10000},   // as needed
+           Case{1001, 10000, false, 12500},   //
+           Case{760, 10000, false, 10000},    // after 7500
+           Case{0.001, 28400, false, 10},     // the largest
+           Case{100000, 28400, true, 360000}  // 29343 feet to the inch are needed
+       }) {
+    EXPECT_DOUBLE_EQ(RoundScale(metres, units, isInFeet), scale) << metres;
+  }
+}
+
+TEST(PlotGeometry, FitsTheBulk) {
+  struct Case {
+    std::vector<double> easts;
+    double width;
+  };
+  for (const auto& [easts, width] : {
+           Case{{0, 1e6}, 1e6},                             // neither is far from the other
+           Case{{0, 10, 100}, 100},                         // as far as nine times
+           Case{{0, 10, 1e6}, 10},                          //
+           Case{{0, 0, 0, 1e6}, 1e6},                       // no measure of what is far
+           Case{{0, 1, 2, 1000, 1001, 1002}, 1002},         // halves
+           Case{{0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 1e6}, 9},    // one in ten may be far
+           Case{{0, 1, 2, 3, 4, 5, 6, 1e6, 1e6}, 1e6},      // not two in nine
+           Case{{-1e6, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10}, 9},  //
+       }) {
+    std::vector<Place> places;
+    for (const double east : easts) places.push_back({500, east});
+    EXPECT_EQ(FitBulk(places).Width(), width) << easts.size();
+    EXPECT_EQ(FitBulk(places).Height(), 0);
+  }
+  EXPECT_TRUE(FitBulk({}).IsEmpty());
+}
+
+TEST(PlotGeometry, CutsLinesAtTheEdges) {
+  constexpr SheetRect kRect = {0, 0, 100, 50};
+  struct Case {
+    SheetPlace from, to;
+    bool isSeen;
+    SheetPlace cutFrom, cutTo;
+  };
+  for (const auto& [from, to, isSeen, cutFrom, cutTo] : {
+           Case{{10, 10}, {20, 20}, true, {10, 10}, {20, 20}},
+           Case{{-100, 25}, {200, 25}, true, {0, 25}, {100, 25}},
+           Case{{50, 25}, {50, 1e9}, true, {50, 25}, {50, 50}},
+           Case{{-50, 0}, {50, 100}, true, {0, 50}, {0, 50}},  // touches a corner
+           Case{{-60, 0}, {50, 110}, false, {}, {}},
+           Case{{-10, 60}, {200, 60}, false, {}, {}},
+       }) {
+    SheetPlace a = from, b = to;
+    ASSERT_EQ(ClipLine(kRect, a, b), isSeen) << from.x << " " << from.y;
+    if (!isSeen) continue;
+    EXPECT_NEAR(std::hypot(a.x - cutFrom.x, a.y - cutFrom.y), 0, 1e-9) << from.x << " " << from.y;
+    EXPECT_NEAR(std::hypot(b.x - cutTo.x, b.y - cutTo.y), 0, 1e-9) << from.x << " " << from.y;
+  }
+}
+
+TEST(PlotUnits, SpellsNumbersAsPlansDo) {
+  const DisplayUnit metre = DisplayUnitOf(LinearUnit::Metre);
+  const DisplayUnit foot = DisplayUnitOf(LinearUnit::UsSurveyFoot);
+  const DisplayUnit none = DisplayUnitOf(std::nullopt);
+  for (const auto& [text, expected] : std::vector<std::pair<std::wstring, std::wstring>>{
+           {FormatStation(1250.5, 1, 1000), L"1+250.5"},
+           {FormatStation(1250, 0, 100), L"12+50"},
+           {FormatStation(999.999, 2, 1000), L"1+000.00"},
+           {FormatStation(-12.3, 1, 1000), L"-0+012.3"},
+           {FormatSeconds(173250, 0, L"NS"), L"48\u00b007'30\"N"},
+           {FormatSeconds(-59.96, 1, L"EW"), L"0\u00b001'00.0\"W"},
+           {FormatScale(600, metre), L"1 : 600"},
+           {FormatScale(600, foot), L"1 in = 50 ft (1 : 600)"},
+           {FormatScale(12.5, none), L"1 mm = 0.0125"},
+           {FormatLength(20000, 1, metre), L"20 km"},
+           {FormatLength(0.5, 1, foot), L"0.5 ft"},
+           {FormatLength(200, 0, none), L"200"},
+       }) {
+    EXPECT_EQ(text, expected);
+  }
+}
+
+TEST(PlotLabels, StandWhereNothingIs) {
+  LabelPlacer labels({0, 0, 10000, 10000});
+  std::vector<SheetRect> boxes;
+  labels.Take({4920, 4920, 5080, 5080});
+  for (int i = 0; i < 4; ++i) {  // at its corners; those there cover the other places
+    const auto place = labels.PlaceBeside({5000, 5000}, 80, 400, 200);
+    ASSERT_TRUE(place) << i;
+    const int left = place->at.x - (place->anchor == Anchor::End      ? 400
+                                    : place->anchor == Anchor::Middle ? 200
+                                                                      : 0);
+    const SheetRect box = {left, place->at.y - 150, left + 400, place->at.y + 40};
+    EXPECT_TRUE(box.right < 4920 || box.left > 5080 || box.bottom < 4920 || box.top > 5080) << i;
+    for (const SheetRect& other : boxes) {
+      EXPECT_TRUE(box.right < other.left || box.left > other.right || box.bottom < other.top ||
+                  box.top > other.bottom)
+          << i;
+    }
+    boxes.push_back(box);
+  }
+  EXPECT_EQ(boxes.front().left, 5105);
+  // Not over the edge: at the lower right corner a text has room on the upper left alone.
+  const auto corner = labels.PlaceBeside({9990, 9990}, 80, 400, 200);
+  ASSERT_TRUE(corner);
+  EXPECT_EQ(corner->anchor, Anchor::End);
+  EXPECT_LT(corner->at.y, 9990);
+  EXPECT_FALSE(labels.PlaceBeside({9990, 9990}, 80, 400, 200));
+}
+
+TEST(PlotPanel, BreaksLinesAtBlanks) {
+  const std::vector<std::wstring> lines = WrapText(L"one two three fourteenletters", 700, 100);
+  EXPECT_EQ(lines, (std::vector<std::wstring>{L"one two", L"three", L"fourteenlett", L"ers"}));
+  EXPECT_EQ(WrapText(L"", 700, 100).size(), 0u);
+}
+
+TEST(Plot, PutsPointsWhereTheyAre) {
+  const Plot plot = DrawPlot(Triangle(), L"t.dc");
+  EXPECT_EQ(plot.summary.scale, 600);
+  EXPECT_FALSE(plot.summary.isPortrait);
+  EXPECT_EQ(plot.summary.points, 3u);
+  EXPECT_EQ(plot.summary.names, 3u);
+  EXPECT_TRUE(Has(plot, "href=\"#saltire\" x=\"4700\" y=\"22833\"><title>A"));
+  EXPECT_TRUE(Has(plot, "href=\"#shot\" x=\"4700\" y=\"6167\"><title>B"));
+  EXPECT_TRUE(Has(plot, "href=\"#gps\" x=\"29700\" y=\"22833\"><title>C"));
+  EXPECT_TRUE(Has(plot, "N 1000.000\nE 2150.000\nElevation 12.500") ||
+              Has(plot, "N 1000.000&#x00a;E 2150.000&#x00a;Elevation 12.500"));
+  EXPECT_TRUE(Has(plot, ">1 : 600 on A3 paper<"));
+  // The grid: 50 m are 8333 units, more than 40 mm. E 2000 is left of A by nothing.
+  EXPECT_TRUE(Has(plot, "x=\"4700\" y=\"28330\">E 2000</text>"));
+  EXPECT_TRUE(Has(plot, "translate(1570 14500) rotate(-90)\">N 1050</text>"));
+  EXPECT_TRUE(TellLeftOut(plot.summary).empty());
+}
+
+TEST(Plot, DrawsLinesOfEachKind) {
+  Survey survey = Triangle();
+  survey.setups = {{L"A", {1000, 2000}, 1.5, L"C"}};
+  Shot shot;
+  shot.setup = 0;
+  shot.station = L"A";
+  shot.target = L"B";
+  shot.position = {1100, 2000};
+  Shot back = shot;
+  back.target = L"C";
+  back.kind = ShotKind::Backsight;
+  back.position = {};
+  Shot lost = back;
+  lost.target = L"unknown";
+  Shot deleted = shot;
+  deleted.isDeleted = true;
+  Shot stake = shot;
+  stake.kind = ShotKind::StakeOut;
+  stake.position = {1050, 2075};
+  survey.shots = {shot, back, lost, deleted, stake};
+  GpsVector vector;
+  vector.base = L"B";
+  vector.rover = L"C";
+  survey.vectors = {vector};
+  const Plot plot = DrawPlot(survey, L"t.raw");
+  EXPECT_TRUE(Has(plot, "\"sight\" d=\"M4700 22833L4700 6167M4700 22833L29700 22833\""));
+  EXPECT_TRUE(Has(plot, "class=\"stake\" d=\"M17200 14500h0\""));
+  EXPECT_TRUE(Has(plot, "class=\"vector\" d=\"M4700 6167L29700 22833\""));
+  EXPECT_EQ(plot.summary.sights, 3u);
+  EXPECT_EQ(plot.summary.vectors, 1u);
+  EXPECT_EQ(plot.summary.unplacedLines, 1u);
+  // Where an instrument, a backsight or a base stood.
+  EXPECT_EQ(Count(plot.svg, "<use class=\"control\""), 4u);  // and the legend's
+}
+
+TEST(Plot, DrawsRoadsWithTheirStations) {
+  Survey survey = Triangle();
+  Road road;
+  road.name = L"ROAD 1";
+  road.alignment = {{100, 1050, 2000, kPi / 2}, {250, 1050, 2150, kPi / 2}};
+  Road start;
+  start.alignment = {{0, 1000, 2000, 0}};
+  survey.roads = {road, start};
+  const Plot plot = DrawPlot(survey, L"t.dc");
+  EXPECT_EQ(plot.summary.roads, 1u);
+  EXPECT_EQ(plot.summary.unplacedRoads, 1u);
+  EXPECT_TRUE(Has(plot, "class=\"road\" d=\"M4700 14500L29700 14500\""));
+  // Every 10 m, 16.7 mm: 0+150 is 50 m from the start, 8333 units.
+  EXPECT_TRUE(Has(plot, "class=\"station\" d=\"M13033 14630L13033 14370\""));
+  EXPECT_TRUE(Has(plot, ">0+150</text>"));
+  EXPECT_TRUE(Has(plot, ">0+100.00</text>"));
+  EXPECT_TRUE(Has(plot, ">0+250.00</text>"));
+  EXPECT_FALSE(Has(plot, ">0+100</text>"));
+  EXPECT_EQ(Count(plot.svg, "class=\"station\""), 16u);
+}
+
+TEST(Plot, TellsOfWhatItLeavesOut) {
+  Survey survey = Triangle();
+  survey.points.push_back(PointAt(L"far", 1050, 1002075));
+  survey.points.push_back(PointAt(L"null", DC_NULL, 5));
+  survey.points.push_back(PointAt(L"huge", 1e30, 5));
+  survey.points.push_back(PointAt(L"deleted", 1050, 2075));
+  survey.points.back().isDeleted = true;
+  const Plot plot = DrawPlot(survey, L"t.dc");
+  EXPECT_EQ(plot.summary.scale, 600);
+  EXPECT_EQ(plot.summary.points, 3u);
+  EXPECT_EQ(plot.summary.outsidePoints, 1u);
+  EXPECT_EQ(plot.summary.unplacedPoints, 2u);
+  EXPECT_EQ(plot.summary.deletedPoints, 1u);
+  EXPECT_FALSE(Has(plot, "<title>deleted"));
+  // The arrow points east from the middle of the right edge, 1.5 mm inside.
+  EXPECT_TRUE(Has(plot, "d=\"M32550 14500L32130 14650L32130 14350Z\""));
+  EXPECT_TRUE(Has(plot, ">1 point outside, 1000 km</text>"));
+  EXPECT_EQ(TellLeftOut(plot.summary),
+            (std::vector<std::wstring>{L"1 point far from the others",
+                                       L"2 points without coordinates", L"1 deleted point"}));
+}
+
+TEST(Plot, IsASheetEvenOfNothing) {
+  Survey survey;
+  const Plot nothing = DrawPlot(survey, L"t.dc");
+  EXPECT_EQ(nothing.summary.scale, 0);
+  EXPECT_TRUE(Has(nothing, "nothing that has a place in plan"));
+  for (int i = 0; i < 20; ++i) survey.points.push_back(PointAt(L"P", 7, 8));
+  survey.lengthUnit = LinearUnit::InternationalFoot;
+  const Plot same = DrawPlot(survey, L"t.dc");
+  EXPECT_EQ(same.summary.scale, 600);
+  EXPECT_EQ(same.summary.points, 20u);
+  EXPECT_EQ(same.summary.names + same.summary.unplacedNames, 20u);
+  EXPECT_GE(same.summary.names, 4u);
+  EXPECT_EQ(Count(same.svg, "x=\"17200\" y=\"14500\"><title>P"), 20u);
+}
+
+TEST(Plot, HoldsAnyName) {
+  Survey survey = Triangle();
+  survey.points[0].name = std::wstring(L"<&>\"\x01", 5) + wchar_t{0xD800};
+  survey.points[1].name = std::wstring(100000, L'W');
+  survey.job = L"J</title>";
+  const Plot plot = DrawPlot(survey, L"t.dc");
+  EXPECT_TRUE(Has(plot, "\">&lt;&amp;&gt;&quot;\xEF\xBF\xBD\xEF\xBF\xBD</text>"));
+  EXPECT_TRUE(Has(plot, std::string(39, 'W') + "\xE2\x80\xA6</text>"));
+  EXPECT_TRUE(Has(plot, "<title>Plan of J&lt;/title&gt;</title>"));
+}
+
+TEST(Plot, ProjectsGeographicPositions) {
+  Survey survey;
+  const double minute = kPi / 10800, latitude = kPi / 4, longitude = -kPi + minute / 4;
+  for (const auto& [north, east] : {std::pair{0.0, 0.0}, {1.0, 0.0}, {0.0, 1.0}, {0.0, -1.0}}) {
+    SurveyPoint point;
+    point.geodetic = {latitude + north * minute, longitude + east * minute, 50};
+    survey.points.push_back(point);
+  }
+  const Plot plot = DrawPlot(survey, L"t.raw");
+  EXPECT_TRUE(plot.summary.isGeographic);
+  // At 45 degrees a minute of latitude has 1852.2 m, one of longitude 1314.1 m. 2628.3 m by 1852.2
+  // have room at 1 : 10000: the first point is 92.61 mm below the top, the third 131.41 mm to the
+  // right, across the 180th meridian.
+  EXPECT_EQ(plot.summary.scale, 10000);
+  EXPECT_TRUE(Has(plot, "x=\"17200\" y=\"23761\""));
+  EXPECT_TRUE(Has(plot, "x=\"17200\" y=\"5239\""));
+  EXPECT_TRUE(Has(plot, "x=\"30341\" y=\"23761\""));
+  EXPECT_TRUE(Has(plot, "x=\"4059\" y=\"23761\""));
+  EXPECT_TRUE(Has(plot, "\">45\u00b001&apos;00&quot;N</text>"));
+}
+
+TEST(Plot, RanksCodes) {
+  Survey survey = Triangle();
+  for (int i = 0; i < 30; ++i) {
+    survey.points.push_back(PointAt(L"", 1050, 2000 + i));
+    if (i != 0) survey.points.back().code = L"C" + std::to_wstring(i % 15);  // 2 each, 0 has 1
+  }
+  const Plot plot = DrawPlot(survey, L"t.dc");
+  EXPECT_TRUE(Has(plot, ">C1</text>\n<text class=\"grey e\" x=\"41000\" y=\"7700\">2</text>"));
+  EXPECT_TRUE(Has(plot, ">other (3 codes)</text>"));
+  EXPECT_FALSE(Has(plot, ">C9</text>"));  // nor C8: the last ones of two points by their letters
+  EXPECT_TRUE(Has(plot, ">none</text>"));
+}
+
+TEST(Plot, GrowsWithThePointsAndNoFaster) {
+  Survey survey;
+  for (int i = 0; i < 100000; ++i) {
+    survey.points.push_back(PointAt(std::to_wstring(i), std::sqrt(i) * std::cos(i * 2.4),
+                                    std::sqrt(i) * std::sin(i * 2.4), PointSource::Shot));
+  }
+  const Plot plot = DrawPlot(survey, L"t.dc");
+  EXPECT_TRUE(plot.summary.isInDots);
+  EXPECT_EQ(plot.summary.points, 100000u);
+  EXPECT_EQ(Count(plot.svg, "h0"), 100000u + 2);  // and the legend's two
+  EXPECT_LT(plot.svg.size(), 100000u * 16);
+  EXPECT_GT(plot.summary.names, 20u);
+  EXPECT_LT(plot.summary.names, 5000u);
+}
+
+}  // namespace
+}  // namespace zelconvert::tools
