@@ -84,6 +84,16 @@ constexpr OptionInfo kMergeOptions[] = {
      kNewJobTypes},
     {"--to", Value::Choice, &Options::to, "job or pwj, of standard output", "TYPE", kNewJobTypes},
 };
+constexpr OptionInfo kPlotOptions[] = {
+    {"FILE", Value::Path, &Options::input, "The file to draw"},
+    {"OUT", Value::Path, &Options::output, "The plan to make, .svg or .png"},
+    kForce,
+    {"--from", Value::Choice, &Options::from, "Type of FILE, if name and contents don't tell it",
+     "TYPE", kTypeNames},
+    {"--job", Value::Path, &Options::job, "Job whose points a raw log knows", "FILE"},
+    {"--units", Value::Choice, &Options::units, "Unit of a coordinate list: m, ft or usft", "UNIT",
+     kUnitNames},
+};
 constexpr std::string_view kPageNames[] = {"man", "bash", "zsh", "fish"};
 constexpr OptionInfo kGenerateOptions[] = {
     {"PAGE", Value::Choice, &Options::subject, "man, bash, zsh or fish", "PAGE", kPageNames},
@@ -108,6 +118,10 @@ constexpr std::string_view kTypesExamples[] = {"types"};
 constexpr std::string_view kImportCr5Examples[] = {"import-cr5 monday.cr5 monday.job --units usft"};
 constexpr std::string_view kImportSdrExamples[] = {"import-sdr monday.sdr monday.raw"};
 constexpr std::string_view kMergeExamples[] = {"merge monday.job tuesday.job week.job"};
+constexpr std::string_view kPlotExamples[] = {
+    "plot monday.raw monday.svg",
+    "plot monday.cr5 monday.png --units usft",
+};
 constexpr std::string_view kHelpExamples[] = {"help convert"};
 
 // In the order of the help.
@@ -171,6 +185,15 @@ constexpr CommandInfo kCommands[] = {
      "Left out: attributes of points.\n"
      "A job is of the first brand if its name ends in .job in lower case, else of the second.",
      kMergeExamples, &RunMerge},
+    {"plot", "Draw a plan of what a file holds", kPlotOptions,
+     "A sheet of A3 paper at a round scale, north up: points by kind and code with their names, "
+     "lines of sight, GPS vectors, roads with stations, grid, legend and title.\n"
+     "Names that have no room, points far from all others, and deleted ones are left out; the plan "
+     "and the messages count them. More than 5000 points are dots. A file with more geographic "
+     "positions than coordinates is drawn by those, on the plane about their middle.\n"
+     "OUT is an SVG document, also on standard output. A PNG is made of it by the program "
+     "rsvg-convert (in Debian's librsvg2-bin).",
+     kPlotExamples, &RunPlot},
     {"help", "Tell how to use a command", kHelpOptions,
      "With --json: the command with its options, or all of them.", kHelpExamples},
 };

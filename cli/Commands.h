@@ -14,5 +14,6 @@ ExitCode RunTypes(const Options& options);
 ExitCode RunImportCr5(const Options& options);
 ExitCode RunImportSdr(const Options& options);
 ExitCode RunMerge(const Options& options);
+ExitCode RunPlot(const Options& options);
 
 }  // namespace zelconvert::cli

@@ -32,22 +32,6 @@ const Pair* FindPair(FileType type) {
   return pair == std::end(kPairs) ? nullptr : pair;
 }
 
-const TypeInfo& TypeOfInput(const std::string& asked, const fs::path& input) {
-  if (!asked.empty()) return *FindType(asked);
-  CheckReadable(input);
-  const TypeInfo* type = FindType(DetectType(input));
-  if (type == nullptr) {
-    throw HostFailure(kWrongUsage, "the name " + ToText(input) + " tells no type; --from does");
-  }
-  // What is named like a job and doesn't begin like one is taken for its pair with a log.
-  if (const Pair* pair = FindPair(type->type)) {
-    throw HostFailure(kNoInput, ToText(input) + " doesn't begin as a " + GetExtension(pair->type) +
-                                    " file does; to convert the " + pair->log +
-                                    " file beside it use --from " + std::string(type->name));
-  }
-  return *type;
-}
-
 const TypeInfo& TypeOfOutput(const std::string& asked, const fs::path& output) {
   if (!asked.empty()) return *FindType(asked);
   if (const TypeInfo* type = TypeNamed(output)) return *type;
@@ -102,8 +86,26 @@ fs::path FileRead(FileType from, const fs::path& input) {
   return fs::path(input).replace_extension(pair->log);
 }
 
+const TypeInfo& TypeOfInput(const std::string& named, const fs::path& input, const char* option) {
+  if (!named.empty()) return *FindType(named);
+  CheckReadable(input);
+  const TypeInfo* type = FindType(DetectType(input));
+  if (type == nullptr) {
+    throw HostFailure(kWrongUsage,
+                      "the name " + ToText(input) + " tells no type; " + option + " does");
+  }
+  // What is named like a job and doesn't begin like one is taken for its pair with a log.
+  if (const Pair* pair = FindPair(type->type)) {
+    throw HostFailure(kNoInput, ToText(input) + " doesn't begin as a " + GetExtension(pair->type) +
+                                    " file does; to read the " + pair->log +
+                                    " file beside it use " + option + " " +
+                                    std::string(type->name));
+  }
+  return *type;
+}
+
 ConvertPlan MakePlan(const fs::path& input, const fs::path& output, const Options& options) {
-  const TypeInfo& from = TypeOfInput(options.from, input);
+  const TypeInfo& from = TypeOfInput(options.from, input, "--from");
   CheckNoFolder(output);
   const TypeInfo& to = TypeOfOutput(options.to, output);
   CheckRoute(from, to);

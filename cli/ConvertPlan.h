@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "cli/FileTypes.h"
 #include "cli/Json.h"
 #include "cli/Library.h"
 #include "cli/Options.h"
@@ -23,6 +24,11 @@ bool IsPair(FileType type);
 /// What is read for an input of this type: of a pair the log. Throws a HostFailure for a name that
 /// has none beside it.
 std::filesystem::path FileRead(FileType from, const std::filesystem::path& input);
+
+/// Of a file to read: the type named, or else what its name and contents tell. option: what names
+/// it. Throws a HostFailure.
+const TypeInfo& TypeOfInput(const std::string& named, const std::filesystem::path& input,
+                            const char* option);
 
 /// Of `options` the types, the job and whether files are replaced count. Both paths are absolute.
 /// Throws a HostFailure.

@@ -6,7 +6,7 @@ _zelconvert() {
     if [[ $prev == = ]]; then prev=${COMP_WORDS[COMP_CWORD - 2]}; fi
     COMPREPLY=()
     if ((COMP_CWORD == 1)); then
-        COMPREPLY=($(compgen -W 'convert batch detect types import-cr5 import-sdr merge help --help --version' -- "$cur"))
+        COMPREPLY=($(compgen -W 'convert batch detect types import-cr5 import-sdr merge plot help --help --version' -- "$cur"))
         return
     fi
     case ${COMP_WORDS[1]} in
@@ -17,6 +17,7 @@ _zelconvert() {
         'import-cr5') options='--force --units --to -h --help --json --quiet' ;;
         'import-sdr') options='--force --from -h --help --json --quiet' ;;
         'merge') options='--force --from --to -h --help --json --quiet' ;;
+        'plot') options='--force --from --job --units -h --help --json --quiet' ;;
         'help') options='-h --help --json --quiet' ;;
     esac
     for key in "${COMP_WORDS[1]}" "${COMP_WORDS[1]} $prev"; do
@@ -30,7 +31,9 @@ _zelconvert() {
         'import-sdr --from') values='sdr33 sdr2' ;;
         'merge --from') values='job pwj' ;;
         'merge --to') values='job pwj' ;;
-        'help') words='convert batch detect types import-cr5 import-sdr merge help' ;;
+        'plot --from') values='job oldjob pwj cr5 seqcr5 dc dc77 dc1000 dc1070 raw rw5 pwr job+raw pwj+pwr cr5+rw5 sdr33 sdr2 ilj jxl' ;;
+        'plot --units') values='m ft usft' ;;
+        'help') words='convert batch detect types import-cr5 import-sdr merge plot help' ;;
         esac
     done
     if [[ $cur == -* ]]; then words=$options; fi

@@ -1,0 +1,142 @@
+// zelconvert plot FILE OUT: a plan of what a file holds, as SVG, or as PNG through a converter.
+#include <filesystem>
+#include <fstream>
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "cli/Commands.h"
+#include "cli/ConvertPlan.h"
+#include "cli/Cr5Import.h"
+#include "cli/DirectCommand.h"
+#include "cli/FileChecks.h"
+#include "cli/GivenFiles.h"
+#include "cli/Library.h"
+#include "cli/platform/Host.h"
+#include "cli/platform/Program.h"
+#include "io/Paths.h"
+#include "io/Strings.h"
+#include "tools/Plot.h"
+#include "tools/ReadSurvey.h"
+
+namespace zelconvert::cli {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kConverter = "rsvg-convert";
+constexpr const char* kConverterMissing =
+    "a PNG is made by rsvg-convert, which isn't there (Debian has it in librsvg2-bin); an SVG "
+    "needs "
+    "no other program";
+
+bool IsPng(const std::wstring& path) {
+  return HasExtension(path, L".png");
+}
+
+void CheckOutputName(const std::string& output) {
+  if (IsStandardStream(output)) return;
+  const std::wstring path = platform::ToLibrary(platform::ToPath(output));
+  if (!IsPng(path) && !HasExtension(path, L".svg")) {
+    throw HostFailure(kWrongUsage, "the name of OUT ends in .svg or .png");
+  }
+}
+
+std::optional<LinearUnit> ListUnit(const Options& options) {
+  constexpr LinearUnit kUnits[] = {LinearUnit::Metre, LinearUnit::InternationalFoot,
+                                   LinearUnit::UsSurveyFoot};
+  if (options.units.empty()) return std::nullopt;
+  return kUnits[UnitsNamed(options.units)];
+}
+
+tools::Survey Read(const Options& options, const std::wstring& input, Outcome& outcome) {
+  const fs::path path = platform::FromLibrary(input);
+  const TypeInfo& type = TypeOfInput(options.from, path, "--from");
+  tools::ReadOptions how{.listUnit = ListUnit(options)};
+  if (options.job) {
+    const fs::path job = Absolute(*options.job);
+    CheckReadable(job);
+    how.job = platform::ToLibrary(job);
+  }
+  StringList messages;
+  std::optional<tools::Survey> survey = tools::ReadSurvey(input, type.type, messages, how);
+  AddMessages(outcome, messages);
+  if (!survey) throw HostFailure(kNoInput, platform::ToText(path) + " can't be read");
+  return *std::move(survey);
+}
+
+void Write(const fs::path& path, const std::string& svg) {
+  std::ofstream file(path, std::ios::binary);
+  file.write(svg.data(), static_cast<std::streamsize>(svg.size()));
+  file.close();
+  if (!file) throw HostFailure(kNoOutput, "OUT can't be written");
+}
+
+// For a large sheet that is still read easily on a screen.
+constexpr const char* kDotsPerInch = "150";
+
+void WritePng(const fs::path& path, const std::string& svg) {
+  const TemporaryFolder folder(fs::temp_directory_path());
+  const fs::path drawing = folder.GetPath() / "plot.svg";
+  Write(drawing, svg);
+  const std::optional<int> code = platform::RunProgram(
+      kConverter,
+      {"--unlimited", "--dpi-x", kDotsPerInch, "--dpi-y", kDotsPerInch, "--output", path, drawing});
+  if (!code) throw HostFailure(kFailed, kConverterMissing);
+  if (*code != 0) {
+    throw HostFailure(kFailed,
+                      "rsvg-convert makes no PNG: it ended with code " + std::to_string(*code));
+  }
+}
+
+Json::Object Counts(std::initializer_list<std::pair<const char*, std::size_t>> counts) {
+  Json::Object fields;
+  for (const auto& [name, count] : counts) fields.emplace_back(name, static_cast<int>(count));
+  return fields;
+}
+
+void Tell(const tools::PlotSummary& summary, Outcome& outcome) {
+  std::wstring leftOut;
+  for (const std::wstring& each : tools::TellLeftOut(summary)) {
+    leftOut.append(leftOut.empty() ? L"left out: " : L", ").append(each);
+  }
+  if (!leftOut.empty()) AddMessages(outcome, {leftOut});
+  if (summary.scale == 0) {
+    AddWarning(outcome.warnings, "the file holds nothing that has a place in plan");
+  }
+  const auto add = [&outcome](const char* name, Json value) {
+    outcome.about.emplace_back(name, std::move(value));
+  };
+  add("scale", static_cast<int>(summary.scale));
+  add("paper", std::string(summary.isPortrait ? "A3 portrait" : "A3 landscape"));
+  add("geographic", summary.isGeographic);
+  add("dots", summary.isInDots);
+  add("drawn", Counts({{"points", summary.points},
+                       {"names", summary.names},
+                       {"sights", summary.sights},
+                       {"vectors", summary.vectors},
+                       {"roads", summary.roads}}));
+  add("leftOut", Counts({{"names", summary.unplacedNames},
+                         {"farPoints", summary.outsidePoints},
+                         {"pointsWithoutCoordinates", summary.unplacedPoints},
+                         {"deletedPoints", summary.deletedPoints},
+                         {"linesWithoutCoordinates", summary.unplacedLines},
+                         {"roadsWithoutAlignment", summary.unplacedRoads}}));
+}
+
+}  // namespace
+
+ExitCode RunPlot(const Options& options) {
+  CheckOutputName(options.output);
+  const auto draw = [&options](const DirectFiles& files, Outcome& outcome) {
+    const tools::Survey survey = Read(options, files.inputs.front(), outcome);
+    const fs::path name = platform::FromLibrary(files.inputs.front()).filename();
+    const tools::Plot plot = tools::DrawPlot(survey, platform::ToLibrary(name));
+    const fs::path output = platform::FromLibrary(files.output);
+    IsPng(files.output) ? WritePng(output, plot.svg) : Write(output, plot.svg);
+    Tell(plot.summary, outcome);
+  };
+  return RunDirect(options, {{options.input, ExtensionNamed(options.from)}}, ".svg", draw);
+}
+
+}  // namespace zelconvert::cli

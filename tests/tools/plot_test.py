@@ -1,0 +1,206 @@
+#!/usr/bin/env python3
+"""plot_test.py HOST [ARGUMENTS...]: draws plans as a user does and measures them.
+
+HOST and ARGUMENTS are the command to run it. What is measured is taken from the drawing alone: the
+coordinates of a point from its tooltip, its place from its symbol, the room of a name from the number
+of its characters.
+"""
+
+import json
+import os
+import pathlib
+import random
+import re
+import subprocess
+import sys
+import tempfile
+import unittest
+import xml.etree.ElementTree as ElementTree
+
+TOP = pathlib.Path(__file__).resolve().parents[2]
+EXAMPLES = TOP / "examples"
+PICTURE = TOP / "docs" / "commands" / "ridge-road.svg"
+HOST = []
+SVG = "{http://www.w3.org/2000/svg}"
+FEET = {"boundary.job", "boundary-old.job"}  # in US survey feet
+METRES_PER_FOOT = 1200 / 3937
+
+
+def run(*arguments, **options):
+    return subprocess.run([*HOST, "plot", *map(str, arguments)], capture_output=True, **options)
+
+
+class Sheet:
+    """A plan as its elements tell it, in units of 1/100 mm."""
+
+    def __init__(self, svg):
+        root = ElementTree.fromstring(svg)
+        groups = {group.get("class"): group for group in root.iter(SVG + "g")}
+        frame = next(each for each in root.iter(SVG + "rect") if each.get("class") == "frame")
+        left, top, width, height = (int(frame.get(name)) for name in ("x", "y", "width", "height"))
+        self.frame = left, top, left + width, top + height
+        self.box = [int(each) for each in root.get("viewBox").split()]
+        self.texts = ["".join(each.itertext()) for each in root.iter(SVG + "text")]
+        self.symbols = list(groups["points"].iter(SVG + "use")) if "points" in groups else []
+        self.names = list(groups["names"].iter(SVG + "text")) if "names" in groups else []
+
+    def points(self):
+        for use in self.symbols:
+            numbers = re.findall(r"^([NE]) (-?[\d.]+)$", use.find(SVG + "title").text, re.M)
+            yield int(use.get("x")), int(use.get("y")), {axis: float(value) for axis, value in numbers}
+
+    def name_boxes(self):
+        """Of the ink at least: 0.5 of the size for a character, 0.7 above the base line."""
+        for text in self.names:
+            anchor = (text.get("class") or "").split()
+            size = 270 if "control" in anchor else 220
+            width, x, y = 0.5 * size * len(text.text), int(text.get("x")), int(text.get("y"))
+            left = x - width if "e" in anchor else x - width / 2 if "m" in anchor else x
+            yield left, y - 0.7 * size, left + width, y
+
+
+def overlap(a, b):
+    return a[0] < b[2] and b[0] < a[2] and a[1] < b[3] and b[1] < a[3]
+
+
+class PlotTest(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.folder = pathlib.Path(folder.name)
+
+    def draw(self, path):
+        output = self.folder / "plan.svg"
+        done = run("--json", "--force", path, output)
+        self.assertEqual(done.returncode, 0, done)
+        told = json.loads(done.stdout)
+        sheet = Sheet(output.read_bytes())
+        self.assertEqual(len(sheet.names), told["drawn"]["names"])
+        return sheet, told
+
+    def check(self, sheet, told, metres=1.0):
+        left, top, right, bottom = sheet.frame
+        self.assertEqual(len(sheet.symbols), told["drawn"]["points"])
+        places = list(sheet.points())
+        for x, y, _ in places:
+            self.assertTrue(left <= x <= right and top <= y <= bottom)
+        if not told["geographic"]:  # true proportions: the same scale in both directions, to a unit
+            per_unit = told["scale"] / 100000 / metres
+            x0, y0, at0 = places[0]
+            for x, y, at in places:
+                self.assertAlmostEqual((at["E"] - at0["E"]) / per_unit, x - x0, delta=2)
+                self.assertAlmostEqual((at["N"] - at0["N"]) / per_unit, y0 - y, delta=2)
+        boxes = sorted(sheet.name_boxes())
+        for i, box in enumerate(boxes):
+            for other in boxes[i + 1:]:
+                if other[0] >= box[2]:
+                    break
+                self.assertFalse(overlap(box, other), (box, other))
+            self.assertTrue(left <= box[0] and box[2] <= right and top <= box[1] and box[3] <= bottom)
+        inks = [(x - 40, y - 40, x + 40, y + 40) for x, y, _ in places]
+        for box in boxes:  # and none lies on a point
+            self.assertFalse(any(overlap(box, ink) for ink in inks), box)
+
+    def test_examples(self):
+        for path in sorted(EXAMPLES.iterdir()):
+            with self.subTest(path.name):
+                sheet, told = self.draw(path)
+                self.check(sheet, told, METRES_PER_FOOT if path.name in FEET else 1.0)
+                self.assertGreater(told["drawn"]["points"], 1)
+                self.assertTrue(any(f"1 : {told['scale']}" in text for text in sheet.texts))
+
+    def test_examples_hold_what_they_are_known_for(self):
+        for name, drawn in {
+                "mill-creek.raw": {"points": 13, "sights": 14},
+                "prairie-rtk.raw": {"points": 8, "vectors": 9},
+                "ridge-road.dc": {"points": 12, "names": 12, "roads": 1},
+        }.items():
+            with self.subTest(name):
+                _, told = self.draw(EXAMPLES / name)
+                self.assertEqual({key: told["drawn"][key] for key in drawn}, drawn)
+
+    def write_dc(self, points):
+        """The control file with other points: name, north, east."""
+        lines = (EXAMPLES / "ridge-control.dc").read_text().splitlines()
+        lines = [line for line in lines if not line.startswith("69")]
+        lines += [f"69KI{name:>16}{north:16.5f}{east:16.5f}{500:16.5f}{'EP':16}11" for name, north, east in points]
+        path = self.folder / "points.dc"
+        path.write_text("\r\n".join(lines) + "\r\n")
+        return path
+
+    def test_a_thousand_points(self):
+        chance = random.Random(1)
+        points = [(f"P{i}", 5000 + chance.gauss(0, 100), 9000 + chance.gauss(0, 100)) for i in range(1000)]
+        sheet, told = self.draw(self.write_dc(points))
+        self.check(sheet, told)
+        self.assertEqual(told["drawn"]["points"], 1000)
+        self.assertEqual(told["drawn"]["names"] + told["leftOut"]["names"], 1000)
+        self.assertGreater(told["drawn"]["names"], 300)
+
+    def test_a_far_point_is_told(self):
+        points = [(f"P{i}", 5000 + i % 5, 9000 + i // 5) for i in range(25)] + [("FAR", 1005000, 9000)]
+        sheet, told = self.draw(self.write_dc(points))
+        self.check(sheet, told)
+        self.assertEqual((told["drawn"]["points"], told["leftOut"]["farPoints"]), (25, 1))
+        self.assertLessEqual(told["scale"], 50)
+        self.assertIn("1 point outside, 1000 km", sheet.texts)
+
+    def test_names_of_markup(self):
+        sheet, _ = self.draw(self.write_dc([("<&>\"'", 1, 2), ("a\x01b]]>", 30, 50)]))
+        self.assertEqual(sorted(each.text for each in sheet.names), ["<&>\"'", "a\ufffdb]]>"])
+
+    def test_same_bytes_again_and_by_standard_streams(self):
+        path = EXAMPLES / "ridge-road.dc"
+        first, second = (run("--from", "dc", "-", "-", input=path.read_bytes()) for _ in range(2))
+        self.assertEqual(first.returncode, 0, first)
+        self.assertEqual(first.stdout, second.stdout)
+        self.draw(path)
+        made = (self.folder / "plan.svg").read_bytes()
+        self.assertEqual(first.stdout.replace(b"standard input.dc", b"ridge-road.dc"), made)
+
+    def test_refusals(self):
+        there = self.folder / "there.svg"
+        there.write_bytes(b"mine")
+        path = EXAMPLES / "control.job"
+        for arguments, code, text in [
+                ((path, self.folder / "plan.pdf"), 2, b"ends in .svg or .png"),
+                ((path, there), 4, b"--force"),
+                ((self.folder / "none.dc", self.folder / "plan.svg"), 3, b"none.dc"),
+                ((path, self.folder / "no" / "plan.svg"), 4, b""),
+        ]:
+            done = run(*arguments)
+            self.assertEqual(done.returncode, code, done)
+            self.assertIn(text, done.stderr)
+        self.assertEqual([each.name for each in self.folder.iterdir()], ["there.svg"])
+        self.assertEqual(there.read_bytes(), b"mine")
+
+    @unittest.skipIf(os.name == "nt" or sys.platform == "cygwin", "stands in for a program of POSIX")
+    def test_png_by_a_converter(self):
+        if len(HOST) > 1:
+            self.skipTest("the host runs elsewhere")
+        output = self.folder / "plan.png"
+        tools = self.folder / "tools"
+        tools.mkdir()
+        environment = dict(os.environ, PATH=str(tools))
+        for script, code, text in [
+                ("", 1, b"librsvg2-bin"),
+                ("#!/bin/sh\nexit 3\n", 1, b"code 3"),
+                ("#!/bin/sh\nfor last; do :; done\nread line < \"$last\"\necho \"$line\" > \"$7\"\n", 0, b""),
+        ]:
+            if script:
+                (tools / "rsvg-convert").write_text(script)
+                (tools / "rsvg-convert").chmod(0o755)
+            done = run(EXAMPLES / "control.job", output, env=environment)
+            self.assertEqual(done.returncode, code, done)
+            self.assertIn(text, done.stderr)
+            self.assertEqual(output.exists(), code == 0)
+        self.assertIn(b"<?xml", output.read_bytes())
+
+    def test_the_picture_of_the_page_is_drawn_so(self):
+        self.draw(EXAMPLES / "ridge-road.dc")
+        self.assertEqual((self.folder / "plan.svg").read_bytes(), PICTURE.read_bytes())
+
+
+if __name__ == "__main__":
+    HOST = sys.argv[1:]
+    unittest.main(argv=sys.argv[:1])
