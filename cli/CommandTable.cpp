@@ -59,6 +59,35 @@ constexpr OptionInfo kBatchOptions[] = {
 constexpr OptionInfo kDetectOptions[] = {
     {"FILE", Value::Path, &Options::files, "Files to look at"},
 };
+constexpr OptionInfo kFrom{"--from",       Value::Choice,
+                           &Options::from, "Type of FILE, if name and contents don't tell it",
+                           "TYPE",         kTypeNames};
+constexpr OptionInfo kUnits{
+    "--units",       Value::Choice,
+    &Options::units, "Unit of a coordinate list, which doesn't tell it: m, ft or usft",
+    "UNIT",          kUnitNames};
+constexpr OptionInfo kJob{"--job", Value::Path, &Options::job, "Job whose points a raw log knows",
+                          "FILE"};
+constexpr OptionInfo kInfoOptions[] = {
+    {"FILE", Value::Path, &Options::files, "Files to look at"},
+    kFrom,
+    kUnits,
+    kJob,
+};
+constexpr std::string_view kFormats[] = {"csv", "geojson"};
+constexpr std::string_view kSystems[] = {"native", "wgs84"};
+constexpr OptionInfo kPointsOptions[] = {
+    {"FILE", Value::Path, &Options::input, "The file whose points are printed"},
+    {"--format", Value::Choice, &Options::format, "csv (the default) or geojson", "FORMAT",
+     kFormats},
+    {"--crs", Value::Choice, &Options::crs,
+     "native, as in the file (the default), or wgs84, longitude and latitude", "SYSTEM", kSystems},
+    {"-o,--output", Value::Path, &Options::output, "A file to make, - is standard output", "OUT"},
+    kForce,
+    kFrom,
+    kUnits,
+    kJob,
+};
 constexpr OptionInfo kImportCr5Options[] = {
     kInput,
     kOutput,
@@ -115,6 +144,11 @@ constexpr std::string_view kBatchExamples[] = {
 };
 constexpr std::string_view kDetectExamples[] = {"detect *.job"};
 constexpr std::string_view kTypesExamples[] = {"types"};
+constexpr std::string_view kInfoExamples[] = {"info monday.raw", "info --json *.job"};
+constexpr std::string_view kPointsExamples[] = {
+    "points monday.raw > monday.csv",
+    "points monday.dc --format geojson --crs wgs84 -o monday.geojson",
+};
 constexpr std::string_view kImportCr5Examples[] = {"import-cr5 monday.cr5 monday.job --units usft"};
 constexpr std::string_view kImportSdrExamples[] = {"import-sdr monday.sdr monday.raw"};
 constexpr std::string_view kMergeExamples[] = {"merge monday.job tuesday.job week.job"};
@@ -163,6 +197,23 @@ constexpr CommandInfo kCommands[] = {
      "first bytes. The reason stands after it. Exit code 1 means that a type isn't known.",
      kDetectExamples, &RunDetect},
     {"types", "List the file types and what they convert to", {}, "", kTypesExamples, &RunTypes},
+    {"info", "Tell what files hold", kInfoOptions,
+     "Type, units, coordinate system, extents and dates; how many points, setups, shots, vectors "
+     "and "
+     "roads; what a surveyor checks first: points measured again, traverses that close, "
+     "backsights; "
+     "and what looks wrong. Lengths are in the unit of the file.\n"
+     "A coordinate list doesn't tell its unit; --units does. The worst exit code among the files "
+     "counts.",
+     kInfoExamples, &RunInfo},
+    {"points", "Print the points of a file", kPointsOptions,
+     "The format csv has name, north, east, elevation and code in the unit of the file; geojson is "
+     "a "
+     "collection of features, with --crs wgs84 by longitude and latitude. These come of the "
+     "coordinate system that the file holds, through the PROJ library.\n"
+     "Deleted points are left out, and those without a place in the system that is asked for.\n"
+     "Standard output takes the points unless -o names a file.",
+     kPointsExamples, &RunPoints},
     {"import-cr5", "Make a job of a coordinate list", kImportCr5Options,
      "Units are m (metres), ft (international feet) and usft (US survey feet); a list doesn't tell "
      "its own. Without --units they are taken to be metres, and a warning says so.\n"

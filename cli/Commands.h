@@ -11,6 +11,8 @@ ExitCode RunBatch(const Options& options);
 ExitCode RunDetect(const Options& options);
 ExitCode RunGenerate(const Options& options);
 ExitCode RunTypes(const Options& options);
+ExitCode RunInfo(const Options& options);
+ExitCode RunPoints(const Options& options);
 ExitCode RunImportCr5(const Options& options);
 ExitCode RunImportSdr(const Options& options);
 ExitCode RunMerge(const Options& options);

@@ -11,10 +11,11 @@ namespace zelconvert::cli {
 /// names as they were given.
 struct Options {
   std::string input, second, output;
-  std::vector<std::string> files;  ///< of detect and batch
+  std::vector<std::string> files;  ///< of detect, info and batch
   std::string subject;             ///< of help: a command; empty: all of them
   std::string from, to;            ///< short names of types; empty: told by the files
   std::string units;               ///< name of a unit; empty: not said
+  std::string format, crs;         ///< of points; empty: csv, native
   std::optional<std::string> job;  ///< whose points a log is given
   std::string outDir;
   std::optional<std::string> filesFrom;  ///< names of further files

@@ -40,14 +40,6 @@ bool IsNamed(const CGlkProjectionRecord& system, std::wstring_view word) {
          Has(system.zoneName, word);
 }
 
-bool IsMoved(const CGlkProjectionRecord& system) {
-  const HorizontalAdjust& adjust = system.horizontalAdjust;
-  return system.verticalType == kLocalSiteSystem ||
-         !IsSame(adjust.translateNorth, 0, kSameLength) ||
-         !IsSame(adjust.translateEast, 0, kSameLength) || !IsZero(adjust.rotation) ||
-         !IsSame(NullToOne(adjust.scale), 1, kSameRatio);
-}
-
 bool HasNoShift(const CGlkProjectionRecord& system) {
   const bool isKnown = system.datumKind == kDatumShifts || system.datumKind == kDatumNone ||
                        system.datumKind == kDatumSevenParameters;
@@ -138,8 +130,40 @@ std::optional<int> FindStatePlane(const CGlkProjectionRecord& system,
 
 }  // namespace
 
+bool IsMovedFromProjection(const CGlkProjectionRecord& system) {
+  const HorizontalAdjust& adjust = system.horizontalAdjust;
+  return system.verticalType == kLocalSiteSystem ||
+         !IsSame(adjust.translateNorth, 0, kSameLength) ||
+         !IsSame(adjust.translateEast, 0, kSameLength) || !IsZero(adjust.rotation) ||
+         !IsSame(NullToOne(adjust.scale), 1, kSameRatio);
+}
+
+std::optional<int> FindGeographicCode(const CGlkProjectionRecord& system) {
+  switch (DatumOf(system)) {
+    case Datum::Wgs84:
+      return 4326;
+    case Datum::Nad83:
+      return 4269;
+    case Datum::Etrs89:
+      return 4258;
+    case Datum::Nad27:
+      return Has(system.datumName, L"Hawaii")        ? 4135
+             : Has(system.datumName, L"Puerto Rico") ? 4139
+                                                     : 4267;
+    case Datum::None:
+      break;
+  }
+  return std::nullopt;
+}
+
+LinearUnit UnitOfEpsgCode(const CGlkProjectionRecord& system, int code) {
+  const bool isNad27 = DatumOf(system) == Datum::Nad27;
+  return isNad27 && FindUtm(system, Datum::Nad27) != code ? LinearUnit::UsSurveyFoot
+                                                          : LinearUnit::Metre;
+}
+
 std::optional<int> FindEpsgCode(const CGlkProjectionRecord& system) {
-  if (IsMoved(system) || IsNull(system.originLongitude) ||
+  if (IsMovedFromProjection(system) || IsNull(system.originLongitude) ||
       !(std::abs(system.originLongitude) <= 2 * kPi)) {
     return std::nullopt;
   }

@@ -14,4 +14,15 @@ namespace zelconvert::tools {
 /// Source: EPSG dataset v10.076; State Plane rows: src/geodetic/tables/README.md.
 std::optional<int> FindEpsgCode(const CGlkProjectionRecord& system);
 
+/// Of the geographic system under it, of the same datums and the two others of NADCON grids (Old
+/// Hawaiian, Puerto Rico); none if the datum isn't one of them.
+std::optional<int> FindGeographicCode(const CGlkProjectionRecord& system);
+
+/// What the axes of the system of such a code are in: US survey feet for State Plane zones of 1927,
+/// metres for all others.
+LinearUnit UnitOfEpsgCode(const CGlkProjectionRecord& system, int code);
+
+/// A local site or a horizontal adjustment stands between the projection and the grid.
+bool IsMovedFromProjection(const CGlkProjectionRecord& system);
+
 }  // namespace zelconvert::tools

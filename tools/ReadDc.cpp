@@ -20,10 +20,6 @@ constexpr std::wstring_view kBaseSubtype = L"BA";
 constexpr wchar_t kStakeClass = L'3';
 constexpr wchar_t kBacksightClass = L'5';
 
-constexpr bool IsDeletedClass(wchar_t classification) {
-  return classification >= L'6' && classification <= L':';
-}
-
 /// Whether a line has nothing in a column: some numbers are read as 0 then.
 template <class Record>
 bool IsBlankIn(std::wstring_view line, double Record::*member) {

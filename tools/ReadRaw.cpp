@@ -33,6 +33,8 @@ class LogReader {
   template <class Record>
   void OnShot(std::wstring_view Record::*target);
   void OnTraverse();
+  template <class Record>
+  void OnRound();
   void OnPoint();
   void OnBase();
   void OnGpsPoint();
@@ -44,10 +46,8 @@ class LogReader {
   void OnDeleted();
   void MarkDeleted();
 
-  double Metres(double length) const {
-    const double metres = m_unit ? ToMetres(length, *m_unit) : length;
-    return std::isfinite(metres) ? metres : DC_NULL;
-  }
+  static double Finite(double value) { return std::isfinite(value) ? value : DC_NULL; }
+  double Metres(double length) const { return Finite(m_unit ? ToMetres(length, *m_unit) : length); }
   GridPosition Grid(const POINT_RECORD& point) const {
     return {Metres(point.north), Metres(point.east), Metres(point.elevation)};
   }
@@ -109,6 +109,10 @@ void LogReader::ReadRecord(RawRecordType kind) {
       return OnShot(&STAKE_SHOT_RECORD::foresight);
     case RawRecordType::GO:
       return OnShot(&GO_RECORD::name);
+    case RawRecordType::RB:
+      return OnRound<ROUND_BACKSIGHT_RECORD>();
+    case RawRecordType::RF:
+      return OnRound<ROUND_FORESIGHT_RECORD>();
     case RawRecordType::SP:
     case RawRecordType::RP:
       return OnPoint();
@@ -193,6 +197,25 @@ void LogReader::OnTraverse() {
   if (!CRawFile::Parse(m_record, shot)) return;
   m_facts.source.shots.Add(shot.foresight, Here());
   m_facts.source.stations.Add(shot.foresight, Here());
+}
+
+template <class Record>
+void LogReader::OnRound() {
+  Record round;
+  if (!CRawFile::Parse(m_record, round)) return;
+  const AngularUnit angles = m_survey.angleUnit;
+  Shot shot;
+  shot.station = Trim(round.station);
+  shot.target = Trim(round.target);
+  shot.code = Trim(round.note);
+  shot.kind = ShotKind::Round;
+  shot.circle = Finite(ToRadians(round.angleRight, angles));
+  shot.zenith = Finite(ToRadians(round.zenith, angles));
+  shot.slopeDistance = Metres(round.slopeDistance);
+  shot.targetHeight = Metres(round.rodHeight);
+  shot.scale = m_scale;
+  shot.line = m_line;
+  m_facts.rounds.push_back(std::move(shot));
 }
 
 void LogReader::OnPoint() {

@@ -25,6 +25,7 @@ struct GpsPoint {
 struct LogFacts {
   Source source;
   std::vector<GpsPoint> gpsPoints;  ///< in the order of the log
+  std::vector<Shot> rounds;         ///< shots of sets of rounds, in the order of the log; no setup
 };
 
 /// Reads from the first line on. The job's name, dates, notes, counts and changes go into `survey`.

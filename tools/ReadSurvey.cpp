@@ -1,9 +1,12 @@
 #include "tools/ReadSurvey.h"
 
 #include <algorithm>
+#include <cmath>
 #include <filesystem>
 #include <functional>
+#include <unordered_map>
 #include <utility>
+#include <vector>
 
 #include "convert/GpsSecurity.h"
 #include "dc/CConvDcFile.h"
@@ -77,6 +80,7 @@ class SurveyReading {
   bool ReadOpenJob(CJobFile& job);
   bool ReadList();
   bool ReadLog(const std::wstring& path, const std::wstring& job, bool isPaired);
+  void AddRounds(std::vector<Shot>& rounds);
   bool ReadPair();
   bool ReadListAndLog();
   bool ReadSdrFile();
@@ -249,7 +253,34 @@ bool SurveyReading::ReadLog(const std::wstring& path, const std::wstring& job, b
       m_builder.AddGps(about, point.grid, point.geodetic);
     }
   }
+  AddRounds(facts.rounds);
   return !log.HasReadFailed() || Fail(DriverText::CannotConvert, path);
+}
+
+/// Each from the setup on its station that stands before it in the log. Sets have a circle of their
+/// own, whose zero is at the backsight: the first reading to it tells where.
+void SurveyReading::AddRounds(std::vector<Shot>& rounds) {
+  std::unordered_map<std::wstring, std::size_t> setupOf;
+  std::unordered_map<std::size_t, double> zeroOf;
+  std::size_t next = 0;
+  for (Shot& round : rounds) {
+    for (; next < m_survey.setups.size() && m_survey.setups[next].line < round.line; ++next) {
+      setupOf[m_survey.setups[next].station] = next;
+    }
+    const auto found = setupOf.find(round.station);
+    if (found == setupOf.end()) continue;
+    const Setup& setup = m_survey.setups[found->second];
+    if (round.target == setup.backsight) {
+      const bool isFaceTwo = !IsNull(round.zenith) && std::sin(round.zenith) < 0;
+      zeroOf.try_emplace(found->second, Difference(round.circle, isFaceTwo ? kPi : 0));
+    }
+    const auto zero = zeroOf.find(found->second);
+    if (zero == zeroOf.end()) continue;
+    round.setup = found->second;
+    round.instrumentHeight = setup.instrumentHeight;
+    round.azimuth = Sum(setup.backsightAzimuth, Difference(round.circle, zero->second));
+    m_builder.AddShot(std::move(round));
+  }
 }
 
 bool SurveyReading::ReadPair() {

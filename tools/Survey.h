@@ -44,11 +44,17 @@ struct GeodeticPosition {
   bool HasPlan() const { return !IsNull(latitude) && !IsNull(longitude); }
 };
 
+/// Whether a class of a DC record says that it is deleted or superseded.
+constexpr bool IsDeletedClass(wchar_t classification) {
+  return classification >= L'6' && classification <= L':';
+}
+
 /// Where the coordinates of a point come from.
 enum class PointSource : std::uint8_t {
-  Stated,  ///< a record tells them
-  Gps,     ///< a record tells them and GPS measured them
-  Shot,    ///< reduced from the first shot to the point
+  Stated,    ///< a record tells them
+  Gps,       ///< a record tells them and GPS measured them
+  Shot,      ///< reduced from the first shot to the point
+  Occupied,  ///< a setup tells them of its station, to which a shot had led before
 };
 
 /// A point that the file tells of. A name may come twice: two records of one name that both have a
@@ -77,6 +83,7 @@ struct Setup {
 
 enum class ShotKind : std::uint8_t {
   Measured,
+  Round,      ///< likewise, in a set of rounds
   StakeOut,   ///< to where a design point was set out
   Backsight,  ///< the pointing at the backsight that a setup begins with; has no distance
 };

@@ -9,10 +9,6 @@
 namespace zelconvert::tools {
 namespace {
 
-constexpr bool IsDeletedClass(wchar_t classification) {
-  return classification >= L'6' && classification <= L':';
-}
-
 double WithinCircle(double angle) {
   if (IsNull(angle) || !std::isfinite(angle)) return DC_NULL;
   const double reduced = std::fmod(angle, 2 * kPi);
@@ -99,6 +95,9 @@ void SurveyBuilder::BeginSetup(std::wstring_view station, double instrumentHeigh
   setup.instrumentHeight = m_instrumentHeight = instrumentHeight;
   setup.line = line;
   m_setupOf[setup.station] = m_survey.setups.size();
+  if (position.HasPlan() && FindOpen(station) == nullptr) {
+    AddGrid({station, {}, L'1', line}, position);
+  }
   m_survey.setups.push_back(std::move(setup));
 }
 
@@ -134,7 +133,7 @@ void SurveyBuilder::AddShot(Shot shot) {
   shot.target = Trim(shot.target);
   shot.code = Trim(shot.code);
   shot.station = Trim(shot.station);
-  shot.setup = FindSetup(shot.station);
+  if (shot.setup == kNone) shot.setup = FindSetup(shot.station);
   if (shot.setup != kNone) {
     const Setup& setup = m_survey.setups[shot.setup];
     shot.station = setup.station;
@@ -198,11 +197,11 @@ GridPosition SurveyBuilder::KnownPosition(const std::wstring& name) const {
   return known == m_known.end() ? GridPosition() : m_survey.points[known->second].grid;
 }
 
-// A station that a setup gives coordinates is stated by it.
+// A station that a setup gives coordinates has these, also where a shot led to it before.
 void SurveyBuilder::TakeStationsOfSetups() {
   for (const Setup& setup : m_survey.setups) {
     if (!setup.position.HasPlan() || m_known.contains(setup.station)) continue;
-    AddGrid({setup.station, {}, L'1', setup.line}, setup.position);
+    AddGrid({setup.station, {}, L'1', setup.line}, setup.position, PointSource::Occupied);
     m_known.emplace(setup.station, m_latest.at(setup.station));
   }
 }

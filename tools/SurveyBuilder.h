@@ -49,9 +49,9 @@ class SurveyBuilder {
   void SetInstrumentHeight(double height);
   void SetTargetHeight(double height) { m_targetHeight = height; }
 
-  /// An observation from the latest setup on its station, or from the latest of all if it names
-  /// none. Heights that `shot` leaves empty are those that hold here. Adds its target to the
-  /// points.
+  /// An observation from its setup or, if it names none, the latest setup on its station, or from
+  /// the latest of all if it names none. Heights that `shot` leaves empty are those that hold here.
+  /// Adds its target to the points.
   void AddShot(Shot shot);
   void AddVector(GpsVector vector);
 

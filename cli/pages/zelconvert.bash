@@ -14,6 +14,8 @@ _zelconvert() {
         'batch') options='--to --out-dir --from --files-from --jobs --keep-going --skip-existing --report --force -h --help --json --quiet' ;;
         'detect') options='-h --help --json --quiet' ;;
         'types') options='-h --help --json --quiet' ;;
+        'info') options='--from --units --job -h --help --json --quiet' ;;
+        'points') options='--format --crs -o --output --force --from --units --job -h --help --json --quiet' ;;
         'import-cr5') options='--force --units --to -h --help --json --quiet' ;;
         'import-sdr') options='--force --from -h --help --json --quiet' ;;
         'merge') options='--force --from --to -h --help --json --quiet' ;;
@@ -26,6 +28,12 @@ _zelconvert() {
         'convert --to') values='job oldjob pwj cr5 seqcr5 dc dc77 dc1000 dc1070 raw rw5 pwr job+raw pwj+pwr cr5+rw5 sdr33 sdr2 ilj jxl' ;;
         'batch --to') values='job oldjob pwj cr5 seqcr5 dc dc77 dc1000 dc1070 raw rw5 pwr job+raw pwj+pwr cr5+rw5 sdr33 sdr2 ilj jxl' ;;
         'batch --from') values='job oldjob pwj cr5 seqcr5 dc dc77 dc1000 dc1070 raw rw5 pwr job+raw pwj+pwr cr5+rw5 sdr33 sdr2 ilj jxl' ;;
+        'info --from') values='job oldjob pwj cr5 seqcr5 dc dc77 dc1000 dc1070 raw rw5 pwr job+raw pwj+pwr cr5+rw5 sdr33 sdr2 ilj jxl' ;;
+        'info --units') values='m ft usft' ;;
+        'points --format') values='csv geojson' ;;
+        'points --crs') values='native wgs84' ;;
+        'points --from') values='job oldjob pwj cr5 seqcr5 dc dc77 dc1000 dc1070 raw rw5 pwr job+raw pwj+pwr cr5+rw5 sdr33 sdr2 ilj jxl' ;;
+        'points --units') values='m ft usft' ;;
         'import-cr5 --units') values='m ft usft' ;;
         'import-cr5 --to') values='job pwj oldjob' ;;
         'import-sdr --from') values='sdr33 sdr2' ;;

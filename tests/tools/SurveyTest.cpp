@@ -89,7 +89,7 @@ TEST(SurveyOfLog, ReducesEveryKindOfShot) {
     EXPECT_EQ(found->line, point.line);
     EXPECT_EQ(found->isDeleted, found->name == L"105");
   }
-  EXPECT_EQ(survey.points.size(), 14u);
+  EXPECT_EQ(survey.points.size(), 15u);
 }
 
 // The log gives the station of the second setup coordinates; the shot to it keeps where it led.
@@ -103,7 +103,7 @@ TEST(SurveyOfLog, HasSetupsAndShots) {
   EXPECT_NEAR(survey.setups[2].circle, kPi, 1e-10);
   EXPECT_EQ(survey.setups[2].line, 26);
   ExpectGrid(survey.setups[2].position, 4895.21, 5110.538, 100.15);
-  EXPECT_EQ(Find(survey, L"3")->source, PointSource::Stated);
+  EXPECT_EQ(Find(survey, L"3")->source, PointSource::Occupied);
   const auto traverse = std::find_if(survey.shots.begin(), survey.shots.end(),
                                      [](const Shot& shot) { return shot.target == L"3"; });
   ASSERT_NE(traverse, survey.shots.end());

@@ -1,8 +1,8 @@
-#include "cli/Json.h"
+#include "tools/Json.h"
 
 #include <nlohmann/json.hpp>
 
-namespace zelconvert::cli {
+namespace zelconvert::tools {
 namespace {
 
 using nlohmann::ordered_json;
@@ -34,9 +34,13 @@ std::string ToLine(const Json& json) {
   return Convert(json).dump() + "\n";
 }
 
+std::string Quoted(const std::string& text) {
+  return ordered_json(text).dump();
+}
+
 std::string ToLines(const Json& json) {
   constexpr int kIndent = 2;
   return Convert(json).dump(kIndent) + "\n";
 }
 
-}  // namespace zelconvert::cli
+}  // namespace zelconvert::tools

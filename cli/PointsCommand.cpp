@@ -1,0 +1,82 @@
+// zelconvert points FILE: its points as rows, or as features of a map.
+#include <fstream>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "cli/Commands.h"
+#include "cli/FileChecks.h"
+#include "cli/Outcome.h"
+#include "cli/StagingFolder.h"
+#include "cli/SurveyFile.h"
+#include "cli/platform/Host.h"
+#include "tools/PointTable.h"
+
+namespace zelconvert::cli {
+namespace {
+
+namespace fs = std::filesystem;
+
+tools::PointTable MakeTable(const Options& options, const tools::Survey& survey) {
+  std::unique_ptr<tools::Wgs84> wgs84;
+  if (options.crs == "wgs84") {
+    if (options.format != "geojson") {
+      throw HostFailure(kWrongUsage, "--crs wgs84 goes with --format geojson");
+    }
+    std::string why;
+    wgs84 = tools::Wgs84::Make(survey, why);
+    if (wgs84 == nullptr) throw HostFailure(kFailed, why);
+  }
+  return options.format == "geojson" ? tools::PointsAsGeoJson(survey, wgs84.get())
+                                     : tools::PointsAsCsv(survey);
+}
+
+bool WriteTo(const fs::path& path, const std::string& text) {
+  std::ofstream file(path, std::ios::binary | std::ios::trunc);
+  file.write(text.data(), static_cast<std::streamsize>(text.size()));
+  file.close();
+  return file.good();
+}
+
+std::vector<fs::path> Store(const Options& options, const SurveyFile& input,
+                            const std::string& text) {
+  const fs::path output = Absolute(options.output);
+  CheckDistinct(output, input.GetPath());
+  CheckOutput(output, options.force);
+  const StagingFolder staging(output.parent_path());
+  if (!WriteTo(staging.GetPath() / output.filename(), text)) {
+    throw HostFailure(kNoOutput, platform::ToText(output) + " can't be written");
+  }
+  return staging.MoveFiles(staging.GetTargets(), output, options.force);
+}
+
+void Run(const Options& options, Outcome& outcome) {
+  const bool toScreen = options.output.empty() || IsStandardStream(options.output);
+  if (toScreen && options.json) {
+    throw HostFailure(kWrongUsage, "--json needs -o: standard output takes one of both");
+  }
+  const SurveyFile survey(options.input, options, outcome.messages);
+  outcome.about = {{"input", survey.GetName()}};
+  const tools::PointTable table = MakeTable(options, survey.GetSurvey());
+  if (table.leftOut > 0) {
+    AddWarning(outcome.warnings,
+               std::to_string(table.leftOut) +
+                   " of the points have no place in that system and are left out");
+  }
+  outcome.about.emplace_back("points", static_cast<std::int64_t>(table.written));
+  if (toScreen) {
+    PrintOut(table.text);
+  } else {
+    outcome.files = Store(options, survey, table.text);
+  }
+}
+
+}  // namespace
+
+ExitCode RunPoints(const Options& options) {
+  Outcome outcome;
+  Attempt(outcome, [&] { Run(options, outcome); });
+  return Tell(outcome, options.json);
+}
+
+}  // namespace zelconvert::cli
