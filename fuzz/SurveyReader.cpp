@@ -1,8 +1,9 @@
 // Any bytes as a file of any type, and its survey: whatever it says is finite or null, and no view
-// has to fear an index.
+// has to fear an index. Its plan has a place for every point, or tells that it has none.
 #include <cmath>
 
 #include "FuzzFile.h"
+#include "tools/Plot.h"
 #include "tools/ReadSurvey.h"
 
 namespace zelconvert::tools {
@@ -46,6 +47,11 @@ void Check(const Survey& survey) {
   std::size_t records = 0;
   for (const RecordCount& count : survey.counts) records += count.count;
   Require(records > 0 || survey.notes.empty());
+  const Plot plot = DrawPlot(survey, L"plan");
+  const PlotSummary& summary = plot.summary;
+  Require(plot.svg.ends_with("</svg>\n"));
+  Require(summary.points + summary.outsidePoints + summary.unplacedPoints + summary.deletedPoints ==
+          survey.points.size());
 }
 
 }  // namespace

@@ -206,7 +206,7 @@ void CountPoints(const Scene& scene, const PlanView& view, PlotSummary& summary,
     if (!IsOnMap(view, point)) continue;
     ++summary.points;
     ++key.kinds[static_cast<std::size_t>(point.kind)];
-    key.codes.Add(point.point->code);
+    if (point.kind != SymbolKind::Control) key.codes.Add(point.point->code);
   }
   summary.outsidePoints = scene.points.size() - summary.points;
   summary.isInDots = summary.points > kMostSymbols;

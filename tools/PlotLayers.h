@@ -26,7 +26,7 @@ struct MapLayers {
 
 /// What the legend shows of the map.
 struct MapKey {
-  CodeRanks codes;
+  CodeRanks codes;  ///< of all points but stations, which have a colour of their own
   std::size_t kinds[kSymbolKinds] = {};  ///< points that are drawn
   std::size_t lines[kLineKinds] = {};
   std::wstring gridStep;

@@ -93,6 +93,8 @@ void DrawScale(std::string& svg, const SheetRect& rect, const PanelContents& con
 
 // ---- Legend
 
+constexpr int kSampleReach = 250;  // of a line
+
 void AppendSampleSymbol(std::string& svg, std::string_view cssClass, std::string_view id,
                         SheetPoint at) {
   svg.append("<use class=\"").append(cssClass).append("\" xlink:href=\"#").append(id);
@@ -105,7 +107,7 @@ void AppendSampleSymbol(std::string& svg, std::string_view cssClass, std::string
 
 void AppendSampleLine(std::string& svg, std::string_view cssClass, SheetPoint at) {
   SvgPath path(svg, cssClass);
-  path.AddLine({at.x - 250, at.y}, {at.x + 250, at.y});
+  path.AddLine({at.x - kSampleReach, at.y}, {at.x + kSampleReach, at.y});
 }
 
 void AppendSampleDot(std::string& svg, std::string_view cssClass, SheetPoint at) {
@@ -137,6 +139,9 @@ int DrawSymbolLegend(std::string& svg, const SheetRect& rect, const PanelContent
     if (contents.key.lines[kind] == 0) continue;
     const SheetPoint at = column.AddSample(kLines[kind], contents.key.lines[kind]);
     AppendSampleLine(svg, LineClassOf(static_cast<LineKind>(kind)), at);
+    if (static_cast<LineKind>(kind) != LineKind::StakeOut) continue;
+    SvgPath stake(svg, "stake");
+    stake.AddDot({at.x + kSampleReach, at.y});
   }
   if (contents.summary.roads != 0) {
     AppendSampleLine(svg, "road", column.AddSample(L"Road with stations", contents.summary.roads));
@@ -196,14 +201,12 @@ std::wstring DescribeSystem(const PanelContents& contents) {
   std::wstring text;
   if (contents.summary.isGeographic) {
     text = L"latitude and longitude, drawn on the plane about their middle (WGS 84)";
-  } else if (!survey.hasSystem) {
-    text = L"not told by the file";
   }
   AppendPart(text, survey.system.zoneGroupName);
   AppendPart(text, survey.system.zoneName);
   AppendPart(text, survey.system.datumName);
   if (survey.epsg) AppendPart(text, L"EPSG:" + FormatInteger(*survey.epsg));
-  return text;
+  return text.empty() ? L"not told by the file" : text;
 }
 
 std::wstring DescribePoints(const PanelContents& contents) {
@@ -255,14 +258,14 @@ std::vector<TitleLine> TitleLines(const PanelContents& contents, int width) {
 
 /// In a box as high as its contents.
 void DrawTitle(std::string& svg, SheetRect rect, const PanelContents& contents) {
-  constexpr int kPadding = 250, kTitleRow = 550, kLabelWidth = 1250;
+  constexpr int kPadding = 250, kTitleRow = 550, kGap = 100, kLabelWidth = 1250;
   constexpr std::size_t kMostTitleLines = 2, kMostLines = 24;
   const int left = rect.left + kPadding, right = rect.right - kPadding;
   auto titles = WrapText(TitleOf(contents), right - left, kTitleSize * 11 / 10);
   titles.resize(std::min(titles.size(), kMostTitleLines));
   auto lines = TitleLines(contents, right - left - kLabelWidth);
   lines.resize(std::min(lines.size(), kMostLines));
-  const int height = 2 * kPadding + kTitleRow * static_cast<int>(titles.size()) +
+  const int height = 2 * kPadding + kGap + kTitleRow * static_cast<int>(titles.size()) +
                      kRow * static_cast<int>(lines.size());
   (rect.top == 0 ? rect.top = rect.bottom - height : rect.bottom = rect.top + height);
   AppendRect(svg, rect, "thin");
@@ -270,6 +273,7 @@ void DrawTitle(std::string& svg, SheetRect rect, const PanelContents& contents) 
   for (const std::wstring& title : titles) {
     AppendLabel(svg, {{left, y += kTitleRow}}, title, "title");
   }
+  y += kGap;
   for (const auto& [label, text] : lines) {
     y += kRow;
     if (!label.empty()) AppendLabel(svg, {{left, y}}, label, "grey");

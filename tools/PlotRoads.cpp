@@ -33,6 +33,7 @@ class RoadDrawing {
     for (std::size_t i = 0; i + 1 < m_road.places.size(); ++i) {
       Piece piece;
       if (!CutPiece(i, piece)) continue;
+      if (!isSeen || i <= m_road.places.size() / 2) m_nameAt = Rounded(piece.from);
       isSeen = true;
       path.AddLine(Rounded(piece.from), Rounded(piece.to));
       TakeRoom(piece);
@@ -44,7 +45,7 @@ class RoadDrawing {
     const std::vector<RoadPoint>& alignment = m_road.road->alignment;
     for (std::size_t i = 0; i + 1 < alignment.size(); ++i) {
       Piece piece;
-      if (!CutPiece(i, piece) || !(piece.endStation > piece.station)) continue;
+      if (!CutPiece(i, piece) || !HasStations(piece)) continue;
       if (i == 0) AddStation(piece, alignment.front().station, kEndDecimals);
       AddRoundStations(piece);
       if (i + 2 == alignment.size()) AddStation(piece, alignment.back().station, kEndDecimals);
@@ -52,10 +53,10 @@ class RoadDrawing {
   }
 
   void DrawName() {
-    const SheetPoint at = Rounded(m_layers.view.Project(m_road.places[m_road.places.size() / 2]));
     const std::wstring& name = m_road.road->name;
     const int width = WidthOfText(name, kControlNameSize);
-    if (const auto place = m_layers.labels.PlaceBeside(at, kNameReach, width, kControlNameSize)) {
+    if (const auto place =
+            m_layers.labels.PlaceBeside(m_nameAt, kNameReach, width, kControlNameSize)) {
       AppendLabel(m_layers.svg, *place, name, "control");
     }
   }
@@ -78,10 +79,19 @@ class RoadDrawing {
     return true;
   }
 
+  /// Whether its stations grow as it does. A file may say anything of them.
+  bool HasStations(const Piece& piece) const {
+    constexpr double kShortest = 0.01, kMostGrowth = 2, kLastStation = 1e8;
+    const double metres = LengthOnPaper(piece) / m_layers.view.UnitsPerMetre();
+    const double growth = piece.endStation - piece.station;
+    return LengthOnPaper(piece) > kShortest && growth > 0 && growth < kMostGrowth * metres &&
+           std::abs(piece.station) < kLastStation;
+  }
+
   /// So that no label covers the line.
   void TakeRoom(const Piece& piece) const {
     constexpr int kHalfWidth = 20;
-    const double length = std::hypot(piece.to.x - piece.from.x, piece.to.y - piece.from.y);
+    const double length = LengthOnPaper(piece);
     const int steps = static_cast<int>(length / kHalfWidth) + 1;
     for (int i = 0; i <= steps; ++i) {
       const double share = static_cast<double>(i) / steps;
@@ -128,11 +138,16 @@ class RoadDrawing {
     }
   }
 
+  static double LengthOnPaper(const Piece& piece) {
+    return std::hypot(piece.to.x - piece.from.x, piece.to.y - piece.from.y);
+  }
+
   static constexpr double kSlack = 1e-9;
 
   const MapLayers& m_layers;
   const SceneRoad& m_road;
   RoundNumber m_step;  // between stations, of the file's unit
+  SheetPoint m_nameAt;
 };
 
 }  // namespace

@@ -14,7 +14,7 @@ namespace zelconvert::tools::plot {
 namespace {
 
 // Nothing on earth is so far from an origin.
-constexpr double kFarthest = 1e9;
+constexpr double kFarthest = 1e8;
 
 bool IsDrawable(double value, double limit) {
   return !IsNull(value) && std::abs(value) <= limit;  // and neither is infinity

@@ -34,7 +34,7 @@ text{font-family:Arial,Helvetica,"Liberation Sans","DejaVu Sans",sans-serif;font
 .thin{fill:none;stroke:#1a1a1a;stroke-width:18px}
 .ink{fill:#1a1a1a}
 .cross,.tick{fill:none;stroke:#8c8c8c;stroke-width:13px}
-.sight{fill:none;stroke:#b0b0b0;stroke-width:12px}
+.sight{fill:none;stroke:#999;stroke-width:12px}
 .traverse{fill:none;stroke:#595959;stroke-width:28px}
 .vector{fill:none;stroke:#595959;stroke-width:18px;stroke-dasharray:180 110}
 .stake{fill:none;stroke:#595959;stroke-width:100px;stroke-linecap:round}

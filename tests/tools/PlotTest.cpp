@@ -230,9 +230,12 @@ TEST(Plot, DrawsRoadsWithTheirStations) {
   road.alignment = {{100, 1050, 2000, kPi / 2}, {250, 1050, 2150, kPi / 2}};
   Road start;
   start.alignment = {{0, 1000, 2000, 0}};
-  survey.roads = {road, start};
+  Road mad = road;  // nobody walks a million kilometres in 150 m
+  mad.name = L"ROAD 2";
+  mad.alignment[1].station = 1e9;
+  survey.roads = {road, start, mad};
   const Plot plot = DrawPlot(survey, L"t.dc");
-  EXPECT_EQ(plot.summary.roads, 1u);
+  EXPECT_EQ(plot.summary.roads, 2u);
   EXPECT_EQ(plot.summary.unplacedRoads, 1u);
   EXPECT_TRUE(Has(plot, "class=\"road\" d=\"M4700 14500L29700 14500\""));
   // Every 10 m, 16.7 mm: 0+150 is 50 m from the start, 8333 units.
