@@ -68,12 +68,11 @@ std::wstring Describe(const MapLayers& layers, const SurveyPoint& point) {
 }
 
 void DrawSymbol(const MapLayers& layers, const MapKey& key, const ScenePoint& point) {
-  const CodeLook look = LookOf(key.codes.RankOf(point.point->code));
-  const std::string_view id = SymbolOf(point.kind, look);
+  const std::string_view codeClass = CodeClassOf(key.codes.RankOf(point.point->code));
   const SheetPoint at = Rounded(layers.view.Project(point.place));
   std::string& svg = layers.svg;
-  svg.append("<use class=\"").append(point.kind == SymbolKind::Control ? "control" : look.cssClass);
-  svg.append("\" xlink:href=\"#").append(id).append("\" x=\"");
+  svg.append("<use class=\"").append(point.kind == SymbolKind::Control ? "control" : codeClass);
+  svg.append("\" xlink:href=\"#").append(SymbolOf(point.kind)).append("\" x=\"");
   AppendInteger(svg, at.x);
   svg += "\" y=\"";
   AppendInteger(svg, at.y);

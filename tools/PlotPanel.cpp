@@ -132,8 +132,8 @@ int DrawSymbolLegend(std::string& svg, const SheetRect& rect, const PanelContent
       AppendSampleDot(svg, DotClassOf(CodeRanks::kNoCode), at);
       continue;
     }
-    AppendSampleSymbol(svg, symbol == SymbolKind::Control ? "control" : "none",
-                       SymbolOf(symbol, {"none", true}), at);
+    AppendSampleSymbol(svg, symbol == SymbolKind::Control ? "control" : "none", SymbolOf(symbol),
+                       at);
   }
   for (std::size_t kind = 0; kind < kLineKinds; ++kind) {
     if (contents.key.lines[kind] == 0) continue;
@@ -159,11 +159,10 @@ SymbolKind CommonKind(const MapKey& key) {
 
 void AppendCodeSample(std::string& svg, CodeRanks::Rank rank, const PanelContents& contents,
                       SheetPoint at) {
-  const CodeLook look = LookOf(rank);
   if (contents.summary.isInDots) {
     AppendSampleDot(svg, DotClassOf(rank), at);
   } else {
-    AppendSampleSymbol(svg, look.cssClass, SymbolOf(CommonKind(contents.key), look), at);
+    AppendSampleSymbol(svg, CodeClassOf(rank), SymbolOf(CommonKind(contents.key)), at);
   }
 }
 

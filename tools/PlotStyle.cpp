@@ -12,9 +12,8 @@ namespace {
 // (2008), without the yellow, which paper swallows. Neighbours are filled and hollow in turn, and
 // those of one kind differ in lightness, so that the first six stay apart without colour too. The
 // second six have the same colours and the other fill.
-constexpr CodeLook kLooks[kCodesOfSymbols] = {
-    {"c0", true},  {"c1", false}, {"c2", true},  {"c3", false}, {"c4", true},   {"c5", false},
-    {"c6", false}, {"c7", true},  {"c8", false}, {"c9", true},  {"c10", false}, {"c11", true}};
+constexpr std::string_view kCodeClasses[kCodesOfSymbols] = {"c0", "c1", "c2", "c3", "c4",  "c5",
+                                                            "c6", "c7", "c8", "c9", "c10", "c11"};
 constexpr std::string_view kDotClasses[kCodesOfDots] = {"d0", "d1", "d2", "d3", "d4", "d5"};
 
 constexpr std::string_view kStyle = R"(.paper{fill:#fff}
@@ -85,25 +84,25 @@ struct Corner {
   int x, y;  // hundredths of the reach
 };
 
-void AppendShape(std::string& svg, std::string_view id, std::span<const Corner> corners, int reach,
-                 bool isClosed) {
+void AppendShape(std::string& svg, std::string_view id, std::span<const Corner> corners,
+                 int reach) {
   svg.append("<path id=\"").append(id).append("\" d=\"");
-  bool starts = true;
+  char command = 'M';
   for (const auto& [x, y] : corners) {
-    svg += starts ? 'M' : 'L';
+    svg += command;
     AppendInteger(svg, x * reach / 100);
     svg += ' ';
     AppendInteger(svg, y * reach / 100);
-    starts = !isClosed && !starts;  // an open shape is made of single lines
+    command = 'L';
   }
-  svg += isClosed ? "Z\"/>\n" : "\"/>\n";
+  svg += "Z\"/>\n";
 }
 
 }  // namespace
 
-CodeLook LookOf(CodeRanks::Rank rank) {
-  if (rank == CodeRanks::kNoCode) return {"none", true};
-  return rank < kCodesOfSymbols ? kLooks[rank] : CodeLook{"other", true};
+std::string_view CodeClassOf(CodeRanks::Rank rank) {
+  if (rank == CodeRanks::kNoCode) return "none";
+  return rank < kCodesOfSymbols ? kCodeClasses[rank] : "other";
 }
 
 std::string_view DotClassOf(CodeRanks::Rank rank) {
@@ -124,14 +123,14 @@ std::string_view LineClassOf(LineKind kind) {
   return "sight";
 }
 
-std::string_view SymbolOf(SymbolKind kind, CodeLook look) {
+std::string_view SymbolOf(SymbolKind kind) {
   switch (kind) {
     case SymbolKind::Control:
       return "control";
     case SymbolKind::Gps:
       return "gps";
     case SymbolKind::Stated:
-      return look.isFilled ? "saltire" : "plus";
+      return "diamond";
     case SymbolKind::Measured:
       break;
   }
@@ -148,14 +147,12 @@ void AppendStyle(std::string& svg, int dotSize) {
 void AppendSymbols(std::string& svg, int reach) {
   static constexpr Corner kTriangle[] = {{0, -100}, {88, 62}, {-88, 62}};
   static constexpr Corner kSquare[] = {{-80, -80}, {80, -80}, {80, 80}, {-80, 80}};
-  static constexpr Corner kSaltire[] = {{-80, -80}, {80, 80}, {-80, 80}, {80, -80}};
-  static constexpr Corner kPlus[] = {{-100, 0}, {100, 0}, {0, -100}, {0, 100}};
+  static constexpr Corner kDiamond[] = {{0, -115}, {115, 0}, {0, 115}, {-115, 0}};
   svg += "<defs>\n<g id=\"control\">\n";
-  AppendShape(svg, "triangle", kTriangle, ReachOf(SymbolKind::Control, reach), true);
+  AppendShape(svg, "triangle", kTriangle, ReachOf(SymbolKind::Control, reach));
   svg += "<circle class=\"ink\" r=\"15\"/>\n</g>\n";
-  AppendShape(svg, "gps", kSquare, reach, true);
-  AppendShape(svg, "saltire", kSaltire, reach, false);
-  AppendShape(svg, "plus", kPlus, reach, false);
+  AppendShape(svg, "gps", kSquare, reach);
+  AppendShape(svg, "diamond", kDiamond, reach);
   svg += "<circle id=\"shot\" r=\"";
   AppendInteger(svg, reach * 85 / 100);
   svg += "\"/>\n</defs>\n";

@@ -20,16 +20,13 @@ inline constexpr int kControlNameSize = 270;
 inline constexpr int kTextSize = 260;
 inline constexpr int kTitleSize = 450;
 
-struct CodeLook {
-  std::string_view cssClass;
-  bool isFilled = true;
-};
-CodeLook LookOf(CodeRanks::Rank rank);
+/// The class of symbols of this rank: colour and fill.
+std::string_view CodeClassOf(CodeRanks::Rank rank);
 /// The class of dots of this rank.
 std::string_view DotClassOf(CodeRanks::Rank rank);
 std::string_view LineClassOf(LineKind kind);
-/// The name of a symbol, as DefineSymbols defines it.
-std::string_view SymbolOf(SymbolKind kind, CodeLook look);
+/// The name of a symbol, as AppendSymbols defines it.
+std::string_view SymbolOf(SymbolKind kind);
 
 /// reach: from the middle of a symbol to its edges.
 constexpr int ReachOf(SymbolKind kind, int reach) {

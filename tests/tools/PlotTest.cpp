@@ -176,7 +176,7 @@ TEST(Plot, PutsPointsWhereTheyAre) {
   EXPECT_FALSE(plot.summary.isPortrait);
   EXPECT_EQ(plot.summary.points, 3u);
   EXPECT_EQ(plot.summary.names, 3u);
-  EXPECT_TRUE(Has(plot, "href=\"#saltire\" x=\"4700\" y=\"22833\"><title>A"));
+  EXPECT_TRUE(Has(plot, "href=\"#diamond\" x=\"4700\" y=\"22833\"><title>A"));
   EXPECT_TRUE(Has(plot, "href=\"#shot\" x=\"4700\" y=\"6167\"><title>B"));
   EXPECT_TRUE(Has(plot, "href=\"#gps\" x=\"29700\" y=\"22833\"><title>C"));
   EXPECT_TRUE(Has(plot, "N 1000.000\nE 2150.000\nElevation 12.500") ||
