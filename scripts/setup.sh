@@ -1,17 +1,22 @@
 #!/usr/bin/env bash
-# scripts/setup.sh [build|test]: installs the Debian packages that are missing, as root or through
-# sudo. "build" (the default) is what the library and its host need, "test" is everything.
+# scripts/setup.sh [build|docs|test]: installs the Debian packages that are missing, as root or through
+# sudo. "build" (the default) is what the library and its host need, "docs" what makes the site of
+# docs/, "test" is everything.
 set -euo pipefail
 
 packages=(cmake ninja-build g++ libcli11-dev nlohmann-json3-dev libproj-dev)
-if [ "${1:-build}" = test ]; then
+pages=(mkdocs python3)
+if [ "${1:-build}" = docs ]; then
+  packages=("${pages[@]}")
+elif [ "${1:-build}" = test ]; then
   packages+=(
+    "${pages[@]}"
     clang-14 clang-format-14 clang-tidy-14 libclang-rt-14-dev  # fuzz targets, formatting, checks
     g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix wine64 # Windows
     libgtest-dev libgmock-dev googletest libbenchmark-dev
     libpugixml-dev                                             # an XML reader that is not ours
     proj-bin                                                   # positions by the codes of zones
-    git pkg-config python3 binutils locales
+    git pkg-config binutils locales
   )
 fi
 

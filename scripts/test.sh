@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # scripts/test.sh [STEP...]: every check of the project, from a fresh clone or again.
-# Steps, in their order: format release clang asan fuzz mingw64 mingw32. Without arguments all of them.
+# Steps, in their order: format docs release clang asan fuzz mingw64 mingw32. Without arguments all of them.
 # FUZZ_SECONDS (default 10) bounds the run of each fuzz target.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -14,6 +14,12 @@ build() { # preset
 
 step_format() {
   git ls-files '*.cpp' '*.h' '*.c' | xargs clang-format-14 --dry-run --Werror
+}
+
+# The site, without a warning; links and anchors; that it asks no other host for anything.
+step_docs() {
+  mkdocs build --strict --quiet
+  python3 tests/docs/check_pages.py build/site
 }
 
 step_release() {
@@ -66,7 +72,7 @@ step_mingw32() {
 }
 
 scripts/setup.sh test
-for step in ${*:-format release clang asan fuzz mingw64 mingw32}; do
+for step in ${*:-format docs release clang asan fuzz mingw64 mingw32}; do
   echo "== $step"
   "step_$step"
 done
