@@ -66,6 +66,7 @@ SymbolKind KindOf(PointSource source) {
     case PointSource::Shot:
       return SymbolKind::Measured;
     case PointSource::Stated:
+    case PointSource::Occupied:
       break;
   }
   return SymbolKind::Stated;

@@ -6,7 +6,7 @@ _zelconvert() {
     if [[ $prev == = ]]; then prev=${COMP_WORDS[COMP_CWORD - 2]}; fi
     COMPREPLY=()
     if ((COMP_CWORD == 1)); then
-        COMPREPLY=($(compgen -W 'convert batch detect types import-cr5 import-sdr merge plot help --help --version' -- "$cur"))
+        COMPREPLY=($(compgen -W 'convert batch detect types info points import-cr5 import-sdr merge plot help --help --version' -- "$cur"))
         return
     fi
     case ${COMP_WORDS[1]} in
@@ -41,7 +41,7 @@ _zelconvert() {
         'merge --to') values='job pwj' ;;
         'plot --from') values='job oldjob pwj cr5 seqcr5 dc dc77 dc1000 dc1070 raw rw5 pwr job+raw pwj+pwr cr5+rw5 sdr33 sdr2 ilj jxl' ;;
         'plot --units') values='m ft usft' ;;
-        'help') words='convert batch detect types import-cr5 import-sdr merge plot help' ;;
+        'help') words='convert batch detect types info points import-cr5 import-sdr merge plot help' ;;
         esac
     done
     if [[ $cur == -* ]]; then words=$options; fi

@@ -77,7 +77,7 @@ complete -c zelconvert -n '__fish_seen_subcommand_from plot' -s h -l help -d 'Te
 complete -c zelconvert -n '__fish_seen_subcommand_from plot' -l json -d 'Print one JSON object'
 complete -c zelconvert -n '__fish_seen_subcommand_from plot' -l quiet -d 'Print errors and what was asked for alone'
 complete -c zelconvert -n __fish_use_subcommand -f -a help -d 'Tell how to use a command'
-complete -c zelconvert -n '__fish_seen_subcommand_from help' -f -a 'convert batch detect types import-cr5 import-sdr merge plot help'
+complete -c zelconvert -n '__fish_seen_subcommand_from help' -f -a 'convert batch detect types info points import-cr5 import-sdr merge plot help'
 complete -c zelconvert -n '__fish_seen_subcommand_from help' -s h -l help -d 'Tell how to use the command'
 complete -c zelconvert -n '__fish_seen_subcommand_from help' -l json -d 'Print one JSON object'
 complete -c zelconvert -n '__fish_seen_subcommand_from help' -l quiet -d 'Print errors and what was asked for alone'
