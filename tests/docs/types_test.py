@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""types_test.py HOST [ARGUMENTS...]: the tables of types in README.md and docs/routes.md say what the
+"""types_test.py HOST [ARGUMENTS...]: the tables of types in README.md and docs/types.md say what the
 library has. HOST and ARGUMENTS are the command to run the host."""
 
 import json
@@ -43,7 +43,7 @@ class TypesTest(unittest.TestCase):
     def test_pages(self):
         library = types_of_library()
         self.assertEqual(len(library), 19)
-        for page in "README.md", "docs/routes.md":
+        for page in "README.md", "docs/types.md":
             with self.subTest(page):
                 types, names = types_on_page(page, library)
                 self.assertEqual(types, library)

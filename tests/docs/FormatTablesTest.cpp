@@ -1,0 +1,93 @@
+// Tables of docs/formats that show a layout which the code states by a call for each field: what is
+// written stands where the page says, and nothing stands between.
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstring>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "TempDir.h"
+#include "geodetic/CGlkProjectionRecord.h"
+
+namespace zelconvert {
+namespace {
+
+std::vector<std::string> SplitAt(const std::string& text, char separator) {
+  std::vector<std::string> parts;
+  std::istringstream stream(text);
+  for (std::string part; std::getline(stream, part, separator);) {
+    const std::size_t first = part.find_first_not_of(' ');
+    parts.push_back(
+        first == part.npos ? "" : part.substr(first, part.find_last_not_of(' ') + 1 - first));
+  }
+  return parts;
+}
+
+// A row of the page: "| 1534 | 6 reals | null, null, 0, 1, 0, 0 | ..."
+struct Row {
+  std::size_t offset;
+  std::size_t count;
+  std::string type;  // in the singular
+  std::vector<std::string> initial;
+};
+
+std::vector<Row> RowsBelow(const std::string& heading) {
+  std::vector<Row> rows;
+  std::istringstream page(ReadBytes("docs/formats/coordinate-system.md"));
+  std::string line;
+  while (std::getline(page, line) && line != heading) continue;
+  while (std::getline(page, line) && !line.starts_with("#")) {
+    const std::vector<std::string> cells = SplitAt(line, '|');
+    if (cells.size() < 4 || cells[1].empty() || !std::isdigit(cells[1][0])) continue;
+    const std::vector<std::string> type = SplitAt(cells[2], ' ');
+    std::string name = type.back();
+    if (name.ends_with("s")) name.pop_back();
+    rows.push_back({std::stoul(cells[1]), type.size() == 2 ? std::stoul(type[0]) : 1, name,
+                    cells[3].empty() ? std::vector<std::string>{"0"} : SplitAt(cells[3], ',')});
+  }
+  return rows;
+}
+
+// A value as it stands in a file, by its type on the page.
+std::string BytesOf(const std::string& type, const std::string& value) {
+  if (type == "real") {
+    const double real = value == "null" ? -9.99e27 : std::stod(value);
+    std::string bytes(sizeof real, '\0');
+    std::memcpy(bytes.data(), &real, sizeof real);
+    return bytes;
+  }
+  const std::size_t size = type == "u8"     ? 1
+                           : type == "u32"  ? 4
+                           : type == "name" ? 66
+                           : type == "file" ? 522
+                                            : 2;
+  const auto number = static_cast<std::uint64_t>(std::stoll(value, nullptr, 0));
+  std::string bytes;
+  for (std::size_t i = 0; i < size; ++i) {
+    bytes += i < sizeof number ? static_cast<char>(number >> (8 * i)) : '\0';
+  }
+  return bytes;
+}
+
+TEST(FormatTables, CoordinateSystemOfANewJob) {
+  std::string expected;
+  for (const Row& row : RowsBelow("## The block")) {
+    EXPECT_EQ(row.offset, expected.size());
+    for (std::size_t i = 0; i < row.count; ++i) {
+      expected += BytesOf(row.type, row.initial[row.initial.size() == 1 ? 0 : i]);
+    }
+  }
+  std::array<std::byte, CGlkProjectionRecord::kBlockSize> block;
+  block.fill(std::byte{0x55});
+  CGlkProjectionRecord().Pack(block);
+  const std::string packed(reinterpret_cast<const char*>(block.data()), block.size());
+  ASSERT_EQ(packed.size(), expected.size());
+  for (std::size_t at = 0; at < packed.size(); ++at) {
+    ASSERT_EQ(packed[at], expected[at]) << "at " << at;
+  }
+}
+
+}  // namespace
+}  // namespace zelconvert
