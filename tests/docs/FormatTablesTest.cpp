@@ -1,5 +1,6 @@
-// Tables of docs/formats that show a layout which the code states by a call for each field: what is
-// written stands where the page says, and nothing stands between.
+// docs/formats/sdr.md shows the columns that the tables hold. The block of coordinate-system.md has
+// a call for each field instead of a table: what is written stands where the page says, and nothing
+// stands between.
 #include <gtest/gtest.h>
 
 #include <array>
@@ -10,6 +11,8 @@
 
 #include "TempDir.h"
 #include "geodetic/CGlkProjectionRecord.h"
+#include "io/Strings.h"
+#include "raw/sdr/SdrLines.h"
 
 namespace zelconvert {
 namespace {
@@ -87,6 +90,59 @@ TEST(FormatTables, CoordinateSystemOfANewJob) {
   for (std::size_t at = 0; at < packed.size(); ++at) {
     ASSERT_EQ(packed[at], expected[at]) << "at " << at;
   }
+}
+
+const char* NameOf(SdrForm form) {
+  switch (form) {
+    case SdrForm::Name:
+      return "name";
+    case SdrForm::Length:
+      return "real 5, in SDR2 3";
+    case SdrForm::Angle:
+      return "real 5";
+    case SdrForm::Short:
+      return "real 3";
+    case SdrForm::Whole:
+      return "real 3, never cut";
+    case SdrForm::Text:
+      break;
+  }
+  return "text";
+}
+
+// "02TV 4-19 4-7 name", without the names that the page gives its fields.
+template <class Record>
+void AddRows(std::vector<std::string>& rows) {
+  std::size_t sdr33 = Record::kCode.size(), sdr2 = sdr33;
+  const auto next = [](std::size_t& start, std::size_t width) {
+    const std::size_t first = start;
+    start += width;
+    return std::to_string(first) + "-" + std::to_string(start - 1) + " ";
+  };
+  for (const SdrColumn<Record>& column : Record::kColumns) {
+    rows.push_back(ToNarrow(Record::kCode) + " " + next(sdr33, column.Width(kSdr33)) +
+                   next(sdr2, column.Width(kSdr2)) + NameOf(column.form));
+  }
+}
+
+template <class... Records>
+std::vector<std::string> RowsOf() {
+  std::vector<std::string> rows;
+  (AddRows<Records>(rows), ...);
+  return rows;
+}
+
+TEST(FormatTables, SdrRecords) {
+  std::vector<std::string> shown;
+  std::istringstream page(ReadBytes("docs/formats/sdr.md"));
+  for (std::string line; std::getline(page, line);) {
+    const std::vector<std::string> cells = SplitAt(line, '|');
+    if (cells.size() != 7 || !std::isdigit(cells[1].c_str()[0])) continue;
+    shown.push_back(cells[1] + " " + cells[3] + " " + cells[4] + " " + cells[5]);
+  }
+  const auto inCode = RowsOf<SdrInstrument, SdrStation, SdrTargetHeight, SdrAtmosphere, SdrScale,
+                             SdrBacksight, SdrCoordinates, SdrObservation, SdrJob, SdrNote>();
+  EXPECT_EQ(shown, inCode);
 }
 
 }  // namespace
