@@ -1,6 +1,6 @@
-// docs/formats/sdr.md shows the columns that the tables hold. The block of coordinate-system.md has
-// a call for each field instead of a table: what is written stands where the page says, and nothing
-// stands between.
+// docs/formats/sdr.md shows the columns that the tables hold, job.md the kinds of records. The
+// block of coordinate-system.md has a call for each field instead of a table: what is written
+// stands where the page says, and nothing stands between.
 #include <gtest/gtest.h>
 
 #include <array>
@@ -12,6 +12,7 @@
 #include "TempDir.h"
 #include "geodetic/CGlkProjectionRecord.h"
 #include "io/Strings.h"
+#include "job/JobRecords.h"
 #include "raw/sdr/SdrLines.h"
 
 namespace zelconvert {
@@ -89,6 +90,19 @@ TEST(FormatTables, CoordinateSystemOfANewJob) {
   ASSERT_EQ(packed.size(), expected.size());
   for (std::size_t at = 0; at < packed.size(); ++at) {
     ASSERT_EQ(packed[at], expected[at]) << "at " << at;
+  }
+}
+
+TEST(FormatTables, KindsOfJobRecords) {
+  const std::string page = ReadBytes("docs/formats/job.md");
+  const auto cell = [](std::uint32_t number, const char* none) {
+    return number == 0 ? std::string(none) : std::to_string(number) + " ";
+  };
+  for (const JobKindInfo& info : kJobKinds) {
+    const std::string row = "\n| " + std::to_string(static_cast<std::uint32_t>(info.kind)) + " | " +
+                            cell(info.length, "any ") + "| " + cell(info.oldKind, "") + "| " +
+                            cell(info.oldLength, "") + "| ";
+    EXPECT_NE(page.find(row), page.npos) << row;
   }
 }
 
