@@ -6,6 +6,7 @@
 - What the two read differently isn't there: a list or table without a blank line before it, a list two
   blanks deep, an escaped bar in a table.
 - Every page of docs/ stands in mkdocs.yml.
+- The records that the glossary names are on the pages of their formats.
 - With SITE, the folder that MkDocs has built: its pages ask no other host for anything.
 """
 
@@ -79,6 +80,30 @@ def check_nav():
         yield f"docs/{page}: in the folder or in mkdocs.yml, but not in both"
 
 
+def check_glossary():
+    """Of "raw TR, SS `DR`; DC B4" the records TR, SS and B4; what stands between backticks is a field."""
+    def found(pattern, *pages):
+        text = "\n".join((ROOT / "docs/formats" / page).read_text(encoding="utf-8") for page in pages)
+        return set(re.findall(r"\w+", " ".join(re.findall(pattern, text, re.M))))
+
+    known = {
+        "raw": found(r"^\| ([A-Z, ]+) \|", "raw.md"),
+        "DC": found(r"^(?:###|\|) (\w\w)[ ,]", "dc.md", "roads.md"),
+        "ILJ": found(r"^\| \d+ \| (\w{5}) \|", "ilj.md"),
+        "SDR": found(r"^\| (\d\d)\w\w \|", "sdr.md"),
+        "RD5": found(r"^\| ([A-Z, ]+) \|", "roads.md"),
+        "TP5": found(r"^\| (T[HS]) \|", "roads.md"),
+    }
+    forms = "|".join(known)
+    named = re.compile(rf"\b({forms})\b((?:(?!\b(?:{forms}|JXL)\b).)*)")
+    for number, line in enumerate((ROOT / "docs/glossary.md").read_text(encoding="utf-8").splitlines(), 1):
+        where = re.sub(r"`[^`]*`|\]\([^)]*\)", "", line.split("|")[-2]) if line.startswith("|") else ""
+        for form, words in named.findall(where):
+            for record in re.findall(r"\b[A-Z]{2}\b|\b[A-Z]?\d{1,2}\b|\b[A-Z]{5}\b", words):
+                if record not in known[form]:
+                    yield f"docs/glossary.md:{number}: {form} {record} is on no page"
+
+
 def check_site(site):
     asks = r"""<(?:link|script|img|iframe|source|use)\b[^>]*?(?:href|src)=["']?(?:https?:)?//[^"'>\s]*"""
     for file in sorted(site.rglob("*")):
@@ -90,10 +115,10 @@ def check_site(site):
 def main():
     pages = [*ROOT.glob("*.md"), *(ROOT / "docs").rglob("*.md")]
     problems = [problem for page in sorted(pages) for problem in check_page(page)]
-    problems += check_nav()
+    problems += [*check_nav(), *check_glossary()]
     if len(sys.argv) > 1:
         problems += check_site(pathlib.Path(sys.argv[1]))
-    sys.exit("\n".join(problems))
+    sys.exit("\n".join(problems) or None)
 
 
 if __name__ == "__main__":
