@@ -12,7 +12,6 @@
 #include "HostLists.h"
 #include "TempDir.h"
 #include "io/Strings.h"
-#include "tools/EpsgCodes.h"
 #include "tools/ReadSurvey.h"
 
 namespace zelconvert::tools {

@@ -1,0 +1,95 @@
+// Which published system a file's parameters are those of. The codes are those of the EPSG dataset.
+#include <gtest/gtest.h>
+
+#include "geodetic/CGeodeticDllIndices.h"
+#include "tools/EpsgCodes.h"
+
+namespace zelconvert::tools {
+namespace {
+
+using Indices = CGeodeticDllIndices;
+
+struct Zone {
+  std::int32_t method, system, datum, zone, hemisphere;
+};
+CGlkProjectionRecord Fill(const Zone& zone) {
+  Indices indices;
+  CGlkProjectionRecord record;
+  indices.Set(zone.method, zone.system, zone.datum, zone.zone, zone.hemisphere, {}, 0);
+  EXPECT_TRUE(FillProjectionRecord(indices, record));
+  return record;
+}
+
+constexpr Zone kUtm32OnWgs84 = {Indices::kWithMolodenskyDatum, Indices::kMolodenskyUtm, 1, 31, 0};
+
+TEST(EpsgCodes, AreThoseOfTheZone) {
+  struct Case {
+    Zone zone;
+    std::optional<int> code;
+  };
+  for (const auto& [zone, code] : {
+           Case{{0, Indices::kStatePlane1927, 0, 0, 0}, 26729},
+           Case{{0, Indices::kStatePlane1927, 0, 2, 0}, 26731},  // oblique
+           Case{{0, Indices::kStatePlane1927, 0, 60, 0}, {}},    // on an ellipsoid of its own
+           Case{{0, Indices::kStatePlane1983, 1, 102, 0}, 32138},
+           Case{{0, Indices::kStatePlane1983, 2, 102, 0}, {}},  // the form of WGS 72
+           Case{{0, Indices::kStatePlane1983, 1, 124, 0}, {}},  // a zone of UTM beyond NAD 83
+           Case{{0, Indices::kUtm, 1, 10, 0}, 26910}, Case{{0, Indices::kUtm, 1, 59, 0}, 3372},
+           Case{{0, Indices::kUtm, 1, 10, 1}, {}},  // NAD 83 has no south
+           Case{{0, Indices::kUtm, 0, 10, 0}, 26710}, Case{{0, Indices::kUtm, 0, 60, 0}, 3371},
+           Case{kUtm32OnWgs84, 32632}, Case{{1, Indices::kMolodenskyUtm, 1, 31, 1}, 32732},
+           Case{{1, Indices::kMolodenskyUtm, 2, 31, 0}, {}},  // shifted
+       }) {
+    SCOPED_TRACE(testing::Message() << zone.system << " " << zone.datum << " " << zone.zone);
+    EXPECT_EQ(FindEpsgCode(Fill(zone)), code);
+  }
+}
+
+TEST(EpsgCodes, NeedEveryParameter) {
+  using System = CGlkProjectionRecord;
+  for (void (*change)(System&) : {
+           +[](System& system) { system.scale = 0.9999; },
+           +[](System& system) { system.falseEasting += 0.01; },
+           +[](System& system) { system.falseNorthing = 0.01; },
+           +[](System& system) { system.originLatitude = 1e-8; },
+           +[](System& system) { system.originLongitude += 1e-8; },
+           +[](System& system) { system.inverseFlattening = 298.25722; },
+           +[](System& system) { system.semiMajorAxis += 1; },
+           +[](System& system) { system.datumShiftX = 1; },
+           +[](System& system) { system.datumScale = 1; },
+           +[](System& system) { system.datumKind = 0; },
+           +[](System& system) { system.verticalType = kLocalSiteSystem; },
+           +[](System& system) { system.horizontalAdjust.translateNorth = 1; },
+           +[](System& system) { system.horizontalAdjust.scale = 1.00001; },
+           +[](System& system) { system.projectionId = kLambertTwoParallels; },
+       }) {
+    CGlkProjectionRecord system = Fill(kUtm32OnWgs84);
+    EXPECT_EQ(FindEpsgCode(system), 32632);
+    change(system);
+    EXPECT_EQ(FindEpsgCode(system), std::nullopt);
+  }
+}
+
+// GRS 80 is the ellipsoid of more than one datum: their name decides.
+TEST(EpsgCodes, GoByTheNameOfTheDatumOnGrs80) {
+  CGlkProjectionRecord system = Fill({0, Indices::kUtm, 1, 32, 0});
+  EXPECT_EQ(FindEpsgCode(system), std::nullopt);  // NAD 83 ends at zone 23
+  system.datumName = L"ETRS89";
+  EXPECT_EQ(FindEpsgCode(system), 25832);
+  EXPECT_EQ(FindGeographicCode(system), 4258);
+  system.datumName = L"Local";
+  system.zoneName.clear();
+  EXPECT_EQ(FindEpsgCode(system), std::nullopt);
+  EXPECT_EQ(FindGeographicCode(system), std::nullopt);
+}
+
+TEST(EpsgCodes, AreInTheUnitOfTheirAxes) {
+  EXPECT_EQ(UnitOfEpsgCode(Fill({0, Indices::kStatePlane1927, 0, 0, 0}), 26729),
+            LinearUnit::UsSurveyFoot);
+  EXPECT_EQ(UnitOfEpsgCode(Fill({0, Indices::kUtm, 0, 10, 0}), 26710), LinearUnit::Metre);
+  EXPECT_EQ(UnitOfEpsgCode(Fill({0, Indices::kStatePlane1983, 1, 102, 0}), 32138),
+            LinearUnit::Metre);
+}
+
+}  // namespace
+}  // namespace zelconvert::tools
