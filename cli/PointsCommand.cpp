@@ -1,4 +1,5 @@
 // zelconvert points FILE: its points as rows, or as features of a map.
+#include <cstdio>
 #include <fstream>
 #include <memory>
 #include <string>
@@ -50,6 +51,15 @@ std::vector<fs::path> Store(const Options& options, const SurveyFile& input,
   return staging.MoveFiles(staging.GetTargets(), output, options.force);
 }
 
+// Line ends are those of the format, on every system.
+void Print(const std::string& text) {
+  platform::UseBinaryStreams();
+  PrintOut(text);
+  if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
+    throw HostFailure(kNoOutput, "standard output can't be written");
+  }
+}
+
 void Run(const Options& options, Outcome& outcome) {
   const bool toScreen = options.output.empty() || IsStandardStream(options.output);
   if (toScreen && options.json) {
@@ -65,7 +75,7 @@ void Run(const Options& options, Outcome& outcome) {
   }
   outcome.about.emplace_back("points", static_cast<std::int64_t>(table.written));
   if (toScreen) {
-    PrintOut(table.text);
+    Print(table.text);
   } else {
     outcome.files = Store(options, survey, table.text);
   }
