@@ -62,7 +62,7 @@ constexpr OptionInfo kDetectOptions[] = {
 constexpr OptionInfo kFrom{"--from",       Value::Choice,
                            &Options::from, "Type of FILE, if name and contents don't tell it",
                            "TYPE",         kTypeNames};
-constexpr OptionInfo kUnits{
+constexpr OptionInfo kUnitsOfList{
     "--units",       Value::Choice,
     &Options::units, "Unit of a coordinate list, which doesn't tell it: m, ft or usft",
     "UNIT",          kUnitNames};
@@ -71,7 +71,7 @@ constexpr OptionInfo kJob{"--job", Value::Path, &Options::job, "Job whose points
 constexpr OptionInfo kInfoOptions[] = {
     {"FILE", Value::Path, &Options::files, "Files to look at"},
     kFrom,
-    kUnits,
+    kUnitsOfList,
     kJob,
 };
 constexpr std::string_view kFormats[] = {"csv", "geojson"};
@@ -85,7 +85,7 @@ constexpr OptionInfo kPointsOptions[] = {
     {"-o,--output", Value::Path, &Options::output, "A file to make, - is standard output", "OUT"},
     kForce,
     kFrom,
-    kUnits,
+    kUnitsOfList,
     kJob,
 };
 constexpr OptionInfo kImportCr5Options[] = {

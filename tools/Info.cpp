@@ -13,7 +13,7 @@
 namespace zelconvert::tools {
 namespace {
 
-constexpr int kDecimals = 5;
+constexpr int kShownDecimals = 5;
 
 class InfoMaker {
  public:
@@ -29,7 +29,7 @@ class InfoMaker {
   void TakeChecks();
   void TakeWarnings();
 
-  double Length(double metres) const { return Rounded(Shown(m_survey, metres), kDecimals); }
+  double Length(double metres) const { return Rounded(Shown(m_survey, metres), kShownDecimals); }
   std::optional<double> LengthOrNone(double metres) const {
     return IsNull(metres) ? std::nullopt : std::optional(Length(metres));
   }
@@ -119,7 +119,7 @@ double ParameterValue(double value, ParameterKind kind) {
     case ParameterKind::Angle:
       return Rounded(value / kPi * 180, kAngleDecimals);
     case ParameterKind::Length:
-      return Rounded(value, kDecimals);
+      return Rounded(value, kShownDecimals);
     case ParameterKind::Ratio:
       break;
   }

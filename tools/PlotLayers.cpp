@@ -58,11 +58,11 @@ std::wstring Describe(const MapLayers& layers, const SurveyPoint& point) {
     AppendCoordinate(text, L"\nElevation ", point.grid.elevation, layers.unit);
     return text;
   }
-  constexpr double kSecondsPerRadian = 648000 / kPi;
+  constexpr double kArcSecondsPerRadian = 648000 / kPi;
   constexpr int kSecondDecimals = 5;
   const GeodeticPosition& position = point.geodetic;
-  text += L"\n" + FormatSeconds(position.latitude * kSecondsPerRadian, kSecondDecimals, L"NS");
-  text += L"\n" + FormatSeconds(position.longitude * kSecondsPerRadian, kSecondDecimals, L"EW");
+  text += L"\n" + FormatSeconds(position.latitude * kArcSecondsPerRadian, kSecondDecimals, L"NS");
+  text += L"\n" + FormatSeconds(position.longitude * kArcSecondsPerRadian, kSecondDecimals, L"EW");
   AppendCoordinate(text, L"\nHeight ", position.height, layers.unit);
   return text;
 }

@@ -23,7 +23,7 @@ constexpr wchar_t kBacksightClass = L'5';
 /// Whether a line has nothing in a column: some numbers are read as 0 then.
 template <class Record>
 bool IsBlankIn(std::wstring_view line, double Record::*member) {
-  for (const Column<Record>& column : kColumns<Record>) {
+  for (const zelconvert::Column<Record>& column : kColumns<Record>) {
     if (column.member.kind != MemberKind::Real || column.member.real != member) continue;
     const auto start = static_cast<std::size_t>(column.start);
     return Trim(Mid(line, start, static_cast<std::size_t>(column.width))).empty();

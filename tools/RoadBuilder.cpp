@@ -10,8 +10,8 @@ namespace {
 
 // Curves are followed in steps of a length, and no more of them than a picture can show, whatever
 // length a file says.
-constexpr double kStep = 5.0;  // metres
-constexpr double kMostSteps = 200;
+constexpr double kPartLength = 5.0;  // metres
+constexpr double kMostParts = 200;
 
 /// A part of a clothoid that begins at its tangent. Curvature grows with the length: the part's end
 /// has a larger radius than the whole.
@@ -114,7 +114,7 @@ template <class Place>
 void RoadBuilder::Walk(double length, bool isCurve, Place place) {
   if (!m_hasStart || !std::isfinite(length)) return;
   const double steps =
-      isCurve ? std::clamp(std::ceil(std::abs(length) / kStep), 1.0, kMostSteps) : 1.0;
+      isCurve ? std::clamp(std::ceil(std::abs(length) / kPartLength), 1.0, kMostParts) : 1.0;
   for (double i = 1; i < steps; ++i) {
     AddPoint(m_station + length * i / steps, place(length * i / steps));
   }

@@ -18,8 +18,8 @@ class Words {
     return *this;
   }
   Words& Real(const char* name, double value) {
-    constexpr int kDecimals = 12;
-    m_text += std::string(" +") + name + "=" + Utf8(FormatFixed(NullToZero(value), kDecimals));
+    constexpr int kDigits = 12;
+    m_text += std::string(" +") + name + "=" + Utf8(FormatFixed(NullToZero(value), kDigits));
     return *this;
   }
   Words& Degrees(const char* name, double radians) {
