@@ -90,8 +90,8 @@ int WidthOfText(std::wstring_view text, int size) {
   return Up(hundredths * size, 100);
 }
 
-std::optional<PlacedLabel> LabelPlacer::PlaceBeside(SheetPoint symbol, int reach, int width,
-                                                    int size) {
+std::optional<PlacedLabel> LabelPlacer::PlaceBeside(const OccupancyMask& mask, SheetPoint symbol,
+                                                    int reach, int width, int size) {
   const int ascent = size * kAscent / 100, descent = size * kDescent / 100;
   const int height = ascent + descent;
   const int gap = reach + OccupancyMask::kCell + 5;  // not in the last cell of its own symbol
@@ -102,8 +102,8 @@ std::optional<PlacedLabel> LabelPlacer::PlaceBeside(SheetPoint symbol, int reach
     const int middleY = symbol.y + position.y * lean;
     const SheetRect box = {middleX - width / 2, middleY - height / 2, middleX + width / 2,
                            middleY + height / 2};
-    if (!m_mask.IsFree(box)) continue;
-    m_mask.Take(box);
+    if (!mask.IsFree(box)) continue;
+    Take(box);
     const int x = position.x > 0 ? box.left : position.x < 0 ? box.right : middleX;
     return PlacedLabel{{x, box.top + ascent}, AnchorOf(position)};
   }

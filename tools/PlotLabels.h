@@ -46,16 +46,30 @@ int WidthOfText(std::wstring_view text, int size);
 
 class LabelPlacer {
  public:
-  explicit LabelPlacer(const SheetRect& area) : m_mask(area) {}
+  explicit LabelPlacer(const SheetRect& area) : m_taken(area), m_firm(area) {}
 
-  /// For symbols and whatever else no label may cover.
-  void Take(const SheetRect& rect) { m_mask.Take(rect); }
+  /// For whatever no label may cover.
+  void Take(const SheetRect& rect) {
+    m_taken.Take(rect);
+    m_firm.Take(rect);
+  }
+  /// For what an important label may cover if there is no other room.
+  void TakeLoosely(const SheetRect& rect) { m_taken.Take(rect); }
   /// Beside a symbol that reaches `reach` units from its middle: on its right, on its left, above,
   /// below, whichever is free first. Takes that place; none if there is no room.
-  std::optional<PlacedLabel> PlaceBeside(SheetPoint symbol, int reach, int width, int size);
+  std::optional<PlacedLabel> PlaceBeside(SheetPoint symbol, int reach, int width, int size) {
+    return PlaceBeside(m_taken, symbol, reach, width, size);
+  }
+  std::optional<PlacedLabel> PlaceImportant(SheetPoint symbol, int reach, int width, int size) {
+    const auto place = PlaceBeside(m_taken, symbol, reach, width, size);
+    return place ? place : PlaceBeside(m_firm, symbol, reach, width, size);
+  }
 
  private:
-  OccupancyMask m_mask;
+  std::optional<PlacedLabel> PlaceBeside(const OccupancyMask& mask, SheetPoint symbol, int reach,
+                                         int width, int size);
+
+  OccupancyMask m_taken, m_firm;
 };
 
 }  // namespace zelconvert::tools::plot

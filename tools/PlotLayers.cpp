@@ -25,7 +25,9 @@ bool IsOnMap(const PlanView& view, const ScenePoint& point) {
 // ---- Lines
 
 void DrawLinesOf(const MapLayers& layers, LineKind kind, std::size_t& count) {
-  SvgPath path(layers.svg, LineClassOf(kind));
+  constexpr std::size_t kManyLines = 2000;
+  const bool isFine = kind == LineKind::Sight && layers.scene.lines.size() > kManyLines;
+  SvgPath path(layers.svg, isFine ? "sight fine" : LineClassOf(kind));
   std::vector<SheetPoint> stakes;
   for (const SceneLine& line : layers.scene.lines) {
     SheetPlace from = layers.view.Project(line.from), to = layers.view.Project(line.to);
@@ -80,7 +82,8 @@ void DrawSymbol(const MapLayers& layers, const MapKey& key, const ScenePoint& po
   AppendText(svg, Describe(layers, *point.point));
   svg += "</title></use>\n";
   const int reach = ReachOf(point.kind, layers.reach);
-  layers.labels.Take({at.x - reach, at.y - reach, at.x + reach, at.y + reach});
+  const SheetRect room = {at.x - reach, at.y - reach, at.x + reach, at.y + reach};
+  point.kind == SymbolKind::Control ? layers.labels.Take(room) : layers.labels.TakeLoosely(room);
 }
 
 /// By rank, so that a path has one colour. The most frequent codes lie below the others.
@@ -97,7 +100,7 @@ void DrawDots(const MapLayers& layers, const MapKey& key) {
     SvgPath path(layers.svg, DotClassOf(static_cast<CodeRanks::Rank>(rank)));
     for (const SheetPoint& at : byRank[rank]) {
       path.AddDot(at);
-      layers.labels.Take({at.x - half, at.y - half, at.x + half, at.y + half});
+      layers.labels.TakeLoosely({at.x - half, at.y - half, at.x + half, at.y + half});
     }
   }
 }
@@ -112,8 +115,9 @@ void DrawName(const MapLayers& layers, const ScenePoint& point) {
   const int width = WidthOfText(name.substr(0, kMostNameLength), size);
   const int reach = layers.summary.isInDots && !isControl ? layers.dotSize / 2
                                                           : ReachOf(point.kind, layers.reach);
-  const auto place =
-      layers.labels.PlaceBeside(Rounded(layers.view.Project(point.place)), reach, width, size);
+  const SheetPoint at = Rounded(layers.view.Project(point.place));
+  const auto place = isControl ? layers.labels.PlaceImportant(at, reach, width, size)
+                               : layers.labels.PlaceBeside(at, reach, width, size);
   if (!place) {
     ++layers.summary.unplacedNames;
     return;

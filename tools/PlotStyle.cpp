@@ -34,6 +34,7 @@ text{font-family:Arial,Helvetica,"Liberation Sans","DejaVu Sans",sans-serif;font
 .ink{fill:#1a1a1a}
 .cross,.tick{fill:none;stroke:#8c8c8c;stroke-width:13px}
 .sight{fill:none;stroke:#999;stroke-width:12px}
+.fine{stroke:#bbb;stroke-width:7px}
 .traverse{fill:none;stroke:#595959;stroke-width:28px}
 .vector{fill:none;stroke:#595959;stroke-width:18px;stroke-dasharray:180 110}
 .stake{fill:none;stroke:#595959;stroke-width:100px;stroke-linecap:round}
@@ -72,6 +73,7 @@ text{fill:#e6e6e6}
 .ink{fill:#e6e6e6}
 .cross,.tick{stroke:#5c6670}
 .sight{stroke:#4a525a}
+.fine{stroke:#3a4249}
 .traverse,.vector,.stake{stroke:#a6a6a6}
 use.control,.c1,.c3,.c5,.c6,.c8,.c10,.none{fill:#14181c}
 .c0,.c6,.d0{stroke:#3d9bdc}

@@ -156,6 +156,12 @@ TEST(PlotLabels, StandWhereNothingIs) {
     boxes.push_back(box);
   }
   EXPECT_EQ(boxes.front().left, 5105);
+  // An important one may cover a point, but no other label.
+  EXPECT_FALSE(labels.PlaceBeside({5000, 5000}, 80, 400, 200));
+  EXPECT_FALSE(labels.PlaceImportant({5000, 5000}, 80, 400, 200));
+  labels.TakeLoosely({1000, 1000, 3000, 3000});
+  EXPECT_FALSE(labels.PlaceBeside({2000, 2000}, 80, 400, 200));
+  EXPECT_TRUE(labels.PlaceImportant({2000, 2000}, 80, 400, 200));
   // Not over the edge: at the lower right corner a text has room on the upper left alone.
   const auto corner = labels.PlaceBeside({9990, 9990}, 80, 400, 200);
   ASSERT_TRUE(corner);
