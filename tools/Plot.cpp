@@ -13,9 +13,7 @@
 #include "tools/PlotUnits.h"
 
 namespace zelconvert::tools {
-
-using namespace plot;
-
+namespace plot {
 namespace {
 
 constexpr int kMapMargin = 1300;  // for symbols and names at the edge
@@ -145,6 +143,7 @@ class PlotDrawing {
 };
 
 }  // namespace
+}  // namespace plot
 
 std::vector<std::wstring> TellLeftOut(const PlotSummary& summary) {
   struct Row {
@@ -162,14 +161,14 @@ std::vector<std::wstring> TellLeftOut(const PlotSummary& summary) {
   std::vector<std::wstring> texts;
   for (const auto& [count, noun, why] : rows) {
     if (count == 0) continue;
-    texts.push_back(FormatCount(count, noun));
+    texts.push_back(plot::FormatCount(count, noun));
     if (!why.empty()) texts.back().append(L" ").append(why);
   }
   return texts;
 }
 
 Plot DrawPlot(const Survey& survey, std::wstring_view fileName) {
-  return PlotDrawing(survey, fileName).Draw();
+  return plot::PlotDrawing(survey, fileName).Draw();
 }
 
 }  // namespace zelconvert::tools

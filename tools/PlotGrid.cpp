@@ -15,9 +15,6 @@ constexpr int kLeastSpacing = 4000;
 constexpr int kCrossArm = 120;
 constexpr int kTickLength = 200;
 
-constexpr double kSecondsPerCircle = 1296000;
-constexpr double kSecondsPerRadian = kSecondsPerCircle / (2 * kPi);
-
 /// Where a coordinate is round.
 struct GridLine {
   double metres = 0;  ///< in the plan

@@ -60,11 +60,10 @@ std::wstring Describe(const MapLayers& layers, const SurveyPoint& point) {
     AppendCoordinate(text, L"\nElevation ", point.grid.elevation, layers.unit);
     return text;
   }
-  constexpr double kArcSecondsPerRadian = 648000 / kPi;
   constexpr int kSecondDecimals = 5;
   const GeodeticPosition& position = point.geodetic;
-  text += L"\n" + FormatSeconds(position.latitude * kArcSecondsPerRadian, kSecondDecimals, L"NS");
-  text += L"\n" + FormatSeconds(position.longitude * kArcSecondsPerRadian, kSecondDecimals, L"EW");
+  text += L"\n" + FormatSeconds(position.latitude * kSecondsPerRadian, kSecondDecimals, L"NS");
+  text += L"\n" + FormatSeconds(position.longitude * kSecondsPerRadian, kSecondDecimals, L"EW");
   AppendCoordinate(text, L"\nHeight ", position.height, layers.unit);
   return text;
 }
@@ -170,7 +169,7 @@ OutsideGroups GroupOutside(const MapLayers& layers) {
 }
 
 void DrawArrow(const MapLayers& layers, Direction direction, const OutsideGroup& group) {
-  constexpr int kInset = 150, kLength = 420, kHalfWidth = 150, kTextSize = 260, kHalfText = 90;
+  constexpr int kInset = 150, kLength = 420, kHalfWidth = 150, kHalfText = 90;
   const SheetRect edge = layers.view.GetMap().Shrunk(kInset);
   const SheetPoint tip = {edge.Centre().x + direction.east * edge.Width() / 2,
                           edge.Centre().y - direction.north * edge.Height() / 2};

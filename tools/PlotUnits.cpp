@@ -12,7 +12,7 @@ constexpr DisplayUnit kFoot{L"ft", L"international feet", kMetresPerFoot, true, 
 constexpr DisplayUnit kUsFoot{L"ft", L"US survey feet", kMetresPerUsFoot, true, 100};
 constexpr DisplayUnit kUnknown{L"", L"not told by the file"};
 
-std::int64_t PowerOfTen(int exponent) {
+std::int64_t IntegerPower(int exponent) {
   std::int64_t power = 1;
   for (int i = 0; i < exponent; ++i) power *= 10;
   return power;
@@ -25,10 +25,10 @@ std::wstring Padded(std::int64_t value, std::size_t digits) {
 }
 
 std::wstring WithFraction(std::int64_t value, int decimals, std::size_t digits) {
-  std::wstring text = Padded(value / PowerOfTen(decimals), digits);
+  std::wstring text = Padded(value / IntegerPower(decimals), digits);
   if (decimals > 0) {
     text += L'.';
-    text += Padded(value % PowerOfTen(decimals), static_cast<std::size_t>(decimals));
+    text += Padded(value % IntegerPower(decimals), static_cast<std::size_t>(decimals));
   }
   return text;
 }
@@ -67,8 +67,8 @@ std::wstring FormatLength(double value, int decimals, const DisplayUnit& unit) {
 
 std::wstring FormatStation(double station, int decimals, int stationLength) {
   const std::int64_t parts =
-      std::llround(std::abs(station) * static_cast<double>(PowerOfTen(decimals)));
-  const std::int64_t length = stationLength * PowerOfTen(decimals);
+      std::llround(std::abs(station) * static_cast<double>(IntegerPower(decimals)));
+  const std::int64_t length = stationLength * IntegerPower(decimals);
   std::wstring text = station < 0 && parts != 0 ? L"-" : L"";
   text += FormatInteger(parts / length) + L"+";
   return text += WithFraction(parts % length, decimals, stationLength == 1000 ? 3 : 2);
@@ -77,8 +77,8 @@ std::wstring FormatStation(double station, int decimals, int stationLength) {
 std::wstring FormatSeconds(double seconds, int decimals, std::wstring_view signs) {
   constexpr std::int64_t kSecondsPerMinute = 60, kMinutesPerDegree = 60;
   const std::int64_t parts =
-      std::llround(std::abs(seconds) * static_cast<double>(PowerOfTen(decimals)));
-  const std::int64_t perMinute = kSecondsPerMinute * PowerOfTen(decimals);
+      std::llround(std::abs(seconds) * static_cast<double>(IntegerPower(decimals)));
+  const std::int64_t perMinute = kSecondsPerMinute * IntegerPower(decimals);
   const std::int64_t minutes = parts / perMinute;
   std::wstring text = FormatInteger(minutes / kMinutesPerDegree) + L"\u00b0";
   text += Padded(minutes % kMinutesPerDegree, 2) + L"'";

@@ -11,6 +11,9 @@
 
 namespace zelconvert::tools::plot {
 
+inline constexpr double kSecondsPerCircle = 1296000;
+inline constexpr double kSecondsPerRadian = kSecondsPerCircle / (2 * kPi);
+
 struct DisplayUnit {
   std::wstring_view sign;  ///< "m"; empty: the file doesn't tell
   std::wstring_view name;  ///< "metres"
