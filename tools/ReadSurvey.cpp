@@ -41,13 +41,13 @@ constexpr int kNewestDialect = 3;
 /// Lets logs be converted with the vectors of receivers that aren't signed: the survey says so.
 class WithoutGpsSecurity {
  public:
-  WithoutGpsSecurity() { g_bGpsSecurityInDcConversions = false; }
-  ~WithoutGpsSecurity() { g_bGpsSecurityInDcConversions = m_before; }
+  WithoutGpsSecurity() = default;
+  ~WithoutGpsSecurity() { ExchangeGpsSecurity(m_before); }
   WithoutGpsSecurity(const WithoutGpsSecurity&) = delete;
   WithoutGpsSecurity& operator=(const WithoutGpsSecurity&) = delete;
 
  private:
-  bool m_before = g_bGpsSecurityInDcConversions;
+  bool m_before = ExchangeGpsSecurity(false);
 };
 
 /// A unit as conversions of coordinate lists number it.
