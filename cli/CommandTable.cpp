@@ -59,6 +59,12 @@ constexpr OptionInfo kBatchOptions[] = {
 constexpr OptionInfo kDetectOptions[] = {
     {"FILE", Value::Path, &Options::files, "Files to look at"},
 };
+constexpr OptionInfo kTypesOptions[] = {
+    {"FROM", Value::Choice, &Options::from, "Tell what routes from this type carry", "TYPE",
+     kTypeNames, Need::Optional},
+    {"TO", Value::Choice, &Options::to, "Only that to this type", "TYPE", kTypeNames,
+     Need::Optional},
+};
 constexpr OptionInfo kFrom{"--from",       Value::Choice,
                            &Options::from, "Type of FILE, if name and contents don't tell it",
                            "TYPE",         kTypeNames};
@@ -123,9 +129,10 @@ constexpr OptionInfo kPlotOptions[] = {
     {"--units", Value::Choice, &Options::units, "Unit of a coordinate list: m, ft or usft", "UNIT",
      kUnitNames},
 };
-constexpr std::string_view kPageNames[] = {"man", "bash", "zsh", "fish"};
+constexpr std::string_view kPageNames[] = {"man", "bash", "zsh", "fish", "losses"};
 constexpr OptionInfo kGenerateOptions[] = {
-    {"PAGE", Value::Choice, &Options::subject, "man, bash, zsh or fish", "PAGE", kPageNames},
+    {"PAGE", Value::Choice, &Options::subject, "man, bash, zsh, fish or losses", "PAGE",
+     kPageNames},
 };
 constexpr OptionInfo kHelpOptions[] = {
     {"COMMAND", Value::Command, &Options::subject, "The command", {}, {}, Need::Optional},
@@ -143,7 +150,7 @@ constexpr std::string_view kBatchExamples[] = {
     "batch --to dc --out-dir converted --files-from names.txt --keep-going --report report.jsonl",
 };
 constexpr std::string_view kDetectExamples[] = {"detect *.job"};
-constexpr std::string_view kTypesExamples[] = {"types"};
+constexpr std::string_view kTypesExamples[] = {"types", "types raw dc"};
 constexpr std::string_view kInfoExamples[] = {"info monday.raw", "info --json *.job"};
 constexpr std::string_view kPointsExamples[] = {
     "points monday.raw > monday.csv",
@@ -196,7 +203,11 @@ constexpr CommandInfo kCommands[] = {
      "The type of each file is told by its own name, that of .job and .pwj files also by their "
      "first bytes. The reason stands after it. Exit code 1 means that a type isn't known.",
      kDetectExamples, &RunDetect},
-    {"types", "List the file types and what they convert to", {}, "", kTypesExamples, &RunTypes},
+    {"types", "List the file types, what they convert to, and what that carries", kTypesOptions,
+     "With FROM: the kinds of records that a route carries over and those that it drops. Of a log "
+     "beside a file of coordinates it is the records of the log; the coordinates give points that "
+     "the log knows. --json prints all types with their routes and records.",
+     kTypesExamples, &RunTypes},
     {"info", "Tell what files hold", kInfoOptions,
      "Type, units, coordinate system, extents and dates; how many points, setups, shots, vectors "
      "and "

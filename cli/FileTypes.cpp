@@ -1,5 +1,8 @@
 #include "cli/FileTypes.h"
 
+#include <algorithm>
+
+#include "front/RouteLosses.h"
 #include "front/Routes.h"
 
 namespace zelconvert::cli {
@@ -7,6 +10,31 @@ namespace zelconvert::cli {
 bool ConvertsTo(const TypeInfo& from, const TypeInfo& to) {
   const Route* route = FindRoute(from.type, to.type);
   return route != nullptr && route->carries;
+}
+
+namespace {
+
+bool IsSameFor(const TypeInfo& from, FileType a, FileType b) {
+  return std::ranges::all_of(GetRecordKinds(LogOf(from.type)), [&](const RecordKind& kind) {
+    return kind.carriedTo.Contains(a) == kind.carriedTo.Contains(b);
+  });
+}
+
+}  // namespace
+
+std::vector<OutputGroup> GroupOutputs(const TypeInfo& from) {
+  std::vector<OutputGroup> groups;
+  for (const TypeInfo& to : kTypes) {
+    if (!ConvertsTo(from, to)) continue;
+    const auto same = std::ranges::find_if(
+        groups, [&](const OutputGroup& each) { return IsSameFor(from, each.first, to.type); });
+    if (same != groups.end()) {
+      same->names.push_back(to.name);
+    } else {
+      groups.push_back({{to.name}, to.type});
+    }
+  }
+  return groups;
 }
 
 std::string OutputNames(const TypeInfo& from) {

@@ -6,6 +6,7 @@
 #include <iterator>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "zelconvert/zelconvert.h"
 
@@ -64,6 +65,12 @@ constexpr const TypeInfo* FindType(std::string_view name) {
 /// Whether "convert" makes the one of the other. (The library's own list of pairs is made for the
 /// dialogs of hosts and doesn't tell the direction; its routes do.)
 bool ConvertsTo(const TypeInfo& from, const TypeInfo& to);
+/// Outputs of a type that the same kinds of its records reach, in the order of the types.
+struct OutputGroup {
+  std::vector<std::string_view> names;
+  FileType first;
+};
+std::vector<OutputGroup> GroupOutputs(const TypeInfo& from);
 /// The names of all types that `from` converts to, between blanks.
 std::string OutputNames(const TypeInfo& from);
 

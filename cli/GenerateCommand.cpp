@@ -12,7 +12,8 @@ ExitCode RunGenerate(const Options& options) {
   PrintOut(page == "man"    ? MakeManPage()
            : page == "bash" ? MakeBashCompletion()
            : page == "zsh"  ? MakeZshCompletion()
-                            : MakeFishCompletion());
+           : page == "fish" ? MakeFishCompletion()
+                            : MakeRoutesPage());
   return kConverted;
 }
 

@@ -8,6 +8,9 @@ namespace zelconvert::cli {
 /// For man, in the language of its macros.
 std::string MakeManPage();
 
+/// What every route carries and drops, in Markdown.
+std::string MakeRoutesPage();
+
 // Scripts that complete command lines in a shell.
 
 std::string MakeBashCompletion();

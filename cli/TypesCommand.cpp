@@ -5,9 +5,25 @@
 #include "cli/FileTypes.h"
 #include "cli/Json.h"
 #include "cli/Library.h"
+#include "front/RouteLosses.h"
 
 namespace zelconvert::cli {
 namespace {
+
+Json::List DescribeRecords(const TypeInfo& from) {
+  Json::List records;
+  for (const RecordKind& kind : GetRecordKinds(LogOf(from.type))) {
+    Json::List outputs;
+    for (const TypeInfo& to : kTypes) {
+      const bool isCarried = ConvertsTo(from, to) && kind.carriedTo.Contains(to.type);
+      if (isCarried) outputs.emplace_back(std::string(to.name));
+    }
+    records.emplace_back(Json::Object{{"key", std::string(kind.key)},
+                                      {"name", std::string(kind.name)},
+                                      {"carriedTo", std::move(outputs)}});
+  }
+  return records;
+}
 
 Json::Object Describe(const TypeInfo& from) {
   Json::List outputs;
@@ -16,12 +32,15 @@ Json::Object Describe(const TypeInfo& from) {
   }
   return {{"name", std::string(from.name)},       {"number", static_cast<int>(from.type)},
           {"extension", GetExtension(from.type)}, {"description", GetDescription(from.type)},
-          {"filter", GetFilter(from.type)},       {"convertsTo", std::move(outputs)}};
+          {"filter", GetFilter(from.type)},       {"convertsTo", std::move(outputs)},
+          {"records", DescribeRecords(from)}};
 }
 
-std::string ListTypesAsJson() {
+std::string ListTypesAsJson(const std::string& asked) {
   Json::List types;
-  for (const TypeInfo& type : kTypes) types.emplace_back(Describe(type));
+  for (const TypeInfo& type : kTypes) {
+    if (asked.empty() || asked == type.name) types.emplace_back(Describe(type));
+  }
   return ToLines(Json::Object{{"types", std::move(types)}});
 }
 
@@ -43,10 +62,43 @@ std::string ListTypes() {
   return text;
 }
 
+std::string ListRecords(const TypeInfo& from, FileType to, bool isCarried) {
+  std::string lines;
+  for (const RecordKind& kind : GetRecordKinds(LogOf(from.type))) {
+    if (kind.carriedTo.Contains(to) != isCarried) continue;
+    lines += "  " + Padded(std::string(kind.key), 6) + std::string(kind.name) + "\n";
+  }
+  return lines.empty() ? "  nothing\n" : lines;
+}
+
+std::string ListRoute(const TypeInfo& from, const OutputGroup& group) {
+  std::string names;
+  for (const std::string_view name : group.names) names += " " + std::string(name);
+  return std::string(from.name) + " to" + names + "\ncarried over:\n" +
+         ListRecords(from, group.first, true) + "dropped:\n" +
+         ListRecords(from, group.first, false);
+}
+
+// Of one output, or of all.
+std::string ListRoutes(const TypeInfo& from, const std::string& to) {
+  std::string text;
+  for (const OutputGroup& group : GroupOutputs(from)) {
+    const bool isAsked = to.empty() || std::ranges::find(group.names, to) != group.names.end();
+    if (isAsked) text += (text.empty() ? "" : "\n") + ListRoute(from, group);
+  }
+  if (!text.empty()) return text;
+  throw HostFailure(kWrongUsage, "there is no conversion from " + std::string(from.name) +
+                                     (to.empty() ? "" : " to " + to));
+}
+
 }  // namespace
 
 ExitCode RunTypes(const Options& options) {
-  PrintOut(options.json ? ListTypesAsJson() : ListTypes());
+  if (options.json) {
+    PrintOut(ListTypesAsJson(options.from));
+  } else {
+    PrintOut(options.from.empty() ? ListTypes() : ListRoutes(*FindType(options.from), options.to));
+  }
   return kConverted;
 }
 

@@ -40,6 +40,7 @@ class TypeSet {
     return TypeSet((0u | ... | Bit(types)));
   }
   static constexpr TypeSet Any() { return TypeSet(~0u); }
+  constexpr TypeSet operator|(TypeSet other) const { return TypeSet(m_bits | other.m_bits); }
   constexpr bool Contains(int type) const { return (m_bits & Bit(type)) != 0; }
 
  private:

@@ -149,7 +149,7 @@ class HostTest(unittest.TestCase):
             result = self.run_host(arguments)
             self.assertEqual(result.returncode, 1)
             lines = result.stdout.decode().splitlines()
-            inputs = [pathlib.Path(json.loads(line)["input"]).stem for line in lines]
+            inputs = [pathlib.PureWindowsPath(json.loads(line)["input"]).stem for line in lines]
             self.assertEqual(inputs, [str(i) for i in range(40)])
             self.assertEqual([i for i, line in enumerate(lines) if "Invalid point" in line], [3])
             made = contents(os.path.join(self.folder, jobs))
@@ -236,6 +236,10 @@ class HostTest(unittest.TestCase):
 
         types = json.loads(self.run_host(["types", "--json"]).stdout)["types"]
         self.assertEqual(sorted(each["number"] for each in types), list(range(19)))
+        records = {each["name"]: {kind["key"]: kind["carriedTo"] for kind in each["records"]} for each in types}
+        self.assertEqual(records["ilj"]["POINT"], ["dc", "dc77", "dc1000", "dc1070"])
+        self.assertEqual(records["dc"]["69"], ["job", "oldjob", "pwj", "cr5", "seqcr5", "ilj"])
+        self.assertEqual([records["job"]["17"], records["job+raw"]["SC"], records["jxl"]], [[], [], {}])
         detected = json.loads(self.run_host(["detect", "--json", "b.pwj", "plain.txt", "no.raw"]).stdout)
         self.assertEqual([each["type"] for each in detected["files"]], ["pwj", None, None])
         self.assertEqual([each["readable"] for each in detected["files"]], [True, True, False])
@@ -253,7 +257,7 @@ class PagesTest(unittest.TestCase):
 
     # "cmake --build --preset release --target host_pages" makes them anew.
     def test_pages_are_made_of_the_table(self):
-        for page, name in self.PAGES.items():
+        for page, name in {**self.PAGES, "losses": "../../docs/losses.md"}.items():
             text = (ROOT / "cli/pages" / name).read_text(encoding="utf-8")
             self.assertEqual(self.ask("generate", page), text, name)
 
@@ -332,7 +336,7 @@ class PagesTest(unittest.TestCase):
             out.seek(0)
             text = out.read().decode("utf-8").replace("\r\n", "\n")
         if ON_WINDOWS:
-            text = text.replace("\\", "/")
+            text = text.replace("\\\\", "\\").replace("\\", "/")
         return re.sub(r"(?:[A-Z]:)?" + re.escape(str(pathlib.Path(folder).resolve())), "/survey", text)
 
 

@@ -1,0 +1,65 @@
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "cli/FileTypes.h"
+#include "cli/Pages.h"
+#include "front/RouteLosses.h"
+
+namespace zelconvert::cli {
+namespace {
+
+std::string Row(const std::vector<std::string>& cells) {
+  std::string row = "|";
+  for (const std::string& cell : cells) row += " " + cell + " |";
+  return row + "\n";
+}
+
+std::string Names(const std::vector<std::string_view>& names) {
+  std::string text;
+  for (const std::string_view name : names)
+    text += (text.empty() ? "`" : " `") + std::string(name) + "`";
+  return text;
+}
+
+// Of the types whose records are of the same kinds.
+std::string Table(const std::vector<std::string_view>& inputs, const TypeInfo& from) {
+  const std::vector<OutputGroup> groups = GroupOutputs(from);
+  std::vector<std::string> head = {"record", "holds"}, rule = {"---", "---"};
+  for (const OutputGroup& group : groups) {
+    head.push_back(Names(group.names));
+    rule.emplace_back("---");
+  }
+  std::string table = "\n## From " + Names(inputs) + "\n\n" + Row(head) + Row(rule);
+  for (const RecordKind& kind : GetRecordKinds(from.type)) {
+    std::vector<std::string> cells = {"`" + std::string(kind.key) + "`", std::string(kind.name)};
+    for (const OutputGroup& group : groups) {
+      cells.emplace_back(kind.carriedTo.Contains(group.first) ? "yes" : "");
+    }
+    table += Row(cells);
+  }
+  return table;
+}
+
+}  // namespace
+
+std::string MakeRoutesPage() {
+  std::string page =
+      "# What each route carries\n\n"
+      "A kind of record is carried if the output looks otherwise without it; all others are "
+      "dropped.\nA test holds that this is so. Of a log beside a file of coordinates "
+      "(`job+raw`, `pwj+pwr`,\n`cr5+rw5`) the records of the log count; the coordinates give "
+      "points that the log knows. Roads of a DC\nfile become files beside the output. The host "
+      "makes this page: `zelconvert generate losses`.\n";
+  for (const TypeInfo& from : kTypes) {
+    const auto kinds = GetRecordKinds(from.type);
+    std::vector<std::string_view> inputs;
+    for (const TypeInfo& each : kTypes) {
+      if (GetRecordKinds(each.type).data() == kinds.data()) inputs.push_back(each.name);
+    }
+    if (!kinds.empty() && inputs.front() == from.name) page += Table(inputs, from);
+  }
+  return page;
+}
+
+}  // namespace zelconvert::cli

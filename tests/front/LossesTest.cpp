@@ -1,0 +1,143 @@
+// The table of what routes carry against what conversions do: an input without its records of a
+// kind is converted as well, and what comes out is the same if, and only if, that kind is dropped.
+// The inputs are all stored ones of a type; those of tests/losses hold every kind.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+
+#include "TempDir.h"
+#include "front/RouteLosses.h"
+#include "front/Routes.h"
+#include "io/Clock.h"
+
+namespace zelconvert {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct TestedRoute {
+  FileType from;
+  FileType to;
+  const char* name;
+  const char* extension;
+};
+
+std::set<std::string> ReadInputs(const std::string& extension) {
+  std::set<std::string> inputs;
+  for (const char* folder : {"tests/losses", "tests/golden", "fuzz/corpus", "examples"}) {
+    for (const auto& entry : fs::recursive_directory_iterator(folder)) {
+      if (entry.path().extension() == extension) inputs.insert(ReadBytes(entry.path()));
+    }
+  }
+  return inputs;
+}
+
+// All files that come of an input; none if it isn't converted.
+std::optional<std::map<std::string, std::string>> Convert(const TestedRoute& route,
+                                                          const std::string& bytes) {
+  const TempDir temp;
+  const std::string extension = route.extension;  // tells the brand of a job
+  const std::wstring input =
+      temp.Write(L"in" + std::wstring(extension.begin(), extension.end()), bytes);
+  const bool isBridged = kDcTypes.Contains(route.from) && kCr5Types.Contains(route.to);
+  const std::wstring made = temp.Path(L"out.job"),
+                     job = isBridged ? temp.Path(L"between.job") : made;
+  Report report;
+  const int to = isBridged ? FT_JOB : static_cast<int>(route.to);
+  if (!RunConversion({route.from, input, to, job}, report)) return {};
+  if (isBridged) {
+    if (!RunConversion({FT_JOB, job, route.to, made}, report)) return {};
+    fs::remove(ToPath(job));
+  }
+  fs::remove(ToPath(input));
+  std::map<std::string, std::string> files;
+  for (const auto& entry : fs::directory_iterator(temp.Folder())) {
+    files[entry.path().filename().string()] = ReadBytes(entry.path());
+  }
+  return files;
+}
+
+// Of a text: the lines that don't begin with the key. Empty if there is none that does.
+std::string WithoutLines(const std::string& text, std::string_view key) {
+  std::string rest;
+  bool isFound = false;
+  for (std::size_t at = 0, end = 0; at < text.size(); at = end) {
+    end = std::min(text.find('\n', at), text.size() - 1) + 1;
+    const std::string_view line = std::string_view(text).substr(at, end - at);
+    if (line.starts_with(key)) {
+      isFound = true;
+    } else {
+      rest += line;
+    }
+  }
+  return isFound ? rest : "";
+}
+
+std::uint32_t Number(const std::string& bytes, std::size_t at) {
+  std::uint32_t number = 0;
+  for (std::size_t i = 4; i-- > 0;) number = number << 8 | static_cast<std::uint8_t>(bytes[at + i]);
+  return number;
+}
+
+// Of a job of version 5. Its header has the scale and the unit at 62, the block of its system
+// stands in front of its records.
+std::string WithoutRecords(const std::string& job, std::string_view key) {
+  constexpr std::size_t kScale = 62, kUnit = 70, kBlock = 600, kRecords = 4618, kHead = 8;
+  if (job.size() < kRecords || job[28] != 5) return {};
+  std::string rest = job;
+  if (key == "header") {
+    rest[kUnit] = static_cast<char>(rest[kUnit] == 0);
+    return rest.replace(kScale, 8, std::string("\0\0\0\0\0\0\0\x40", 8));
+  }
+  if (key == "system") return rest.replace(kBlock, kRecords - kBlock, kRecords - kBlock, '\0');
+  rest.resize(kRecords);
+  for (std::size_t at = kRecords; at + kHead <= job.size();) {
+    const std::size_t end = std::min(job.size() - at, kHead + Number(job, at + 4)) + at;
+    if (std::to_string(Number(job, at)) != key) rest.append(job, at, end - at);
+    at = end;
+  }
+  return rest.size() == job.size() ? "" : rest;
+}
+
+class LossesTest : public testing::TestWithParam<TestedRoute> {};
+
+TEST_P(LossesTest, TableIsTrue) {
+  const TestedRoute& route = GetParam();
+  const ScopedClock clock({2026, 3, 5, 13, 14, 15, 16, 789}, 123456);
+  const bool isJob = kJobTypes.Contains(route.from);
+  std::set<std::string_view> seen, carried;
+  for (const std::string& input : ReadInputs(route.extension)) {
+    const auto whole = Convert(route, input);
+    if (!whole) continue;
+    for (const RecordKind& kind : GetRecordKinds(route.from)) {
+      const std::string rest =
+          isJob ? WithoutRecords(input, kind.key) : WithoutLines(input, kind.key);
+      if (rest.empty()) continue;
+      seen.insert(kind.key);
+      if (!carried.contains(kind.key) && Convert(route, rest) != whole) carried.insert(kind.key);
+    }
+  }
+  for (const RecordKind& kind : GetRecordKinds(route.from)) {
+    EXPECT_TRUE(seen.contains(kind.key)) << kind.key << " stands in no input";
+    EXPECT_EQ(kind.carriedTo.Contains(route.to), carried.contains(kind.key)) << kind.key;
+  }
+}
+
+constexpr TestedRoute kRoutes[] = {
+    {FT_RAW, FT_DC, "RawToDc", ".raw"},         {FT_RAW, FT_DC1070, "RawToDc1070", ".raw"},
+    {FT_RAW, FT_SDR33, "RawToSdr33", ".raw"},   {FT_RAW, FT_SDR2, "RawToSdr2", ".raw"},
+    {FT_RAW, FT_JXL, "RawToJxl", ".raw"},       {FT_DC, FT_JOB, "DcToJob", ".dc"},
+    {FT_DC, FT_CR5, "DcToCr5", ".dc"},          {FT_DC, FT_ILJ, "DcToIlj", ".dc"},
+    {FT_JOB, FT_DC, "JobToDc", ".job"},         {FT_JOB, FT_CR5, "JobToCr5", ".job"},
+    {FT_ILJ, FT_DC1070, "IljToDc1070", ".ilj"},
+};
+INSTANTIATE_TEST_SUITE_P(Routes, LossesTest, testing::ValuesIn(kRoutes),
+                         [](const auto& each) { return std::string(each.param.name); });
+
+}  // namespace
+}  // namespace zelconvert
