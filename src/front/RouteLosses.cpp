@@ -18,7 +18,7 @@ constexpr TypeSet kJobIlj = kJob | kIlj;
 constexpr TypeSet kJobListsIlj = kJobLists | kIlj;
 constexpr TypeSet kDcLists = kDc | kLists;
 
-constexpr RecordKind kRawKinds[] = {
+constexpr RecordKind kRecordsOfRaw[] = {
     {"JB", "job: name, date", kDcSdrJxl},
     {"MO", "mode: units, scale", kDcSdrJxl},
     {"OC", "occupied points", kDcSdrJxl},
@@ -79,7 +79,7 @@ constexpr RecordKind kRawKinds[] = {
     {"--", "notes", kDcSdrJxl},
 };
 
-constexpr RecordKind kDcKinds[] = {
+constexpr RecordKind kRecordsOfDc[] = {
     {"00", "header: units, coordinate order", kJobListsIlj},
     {"10", "job: name, settings", kJob},
     {"13", "notes", kIlj},
@@ -159,7 +159,7 @@ constexpr RecordKind kDcKinds[] = {
     {"29", "roads: records of kind 29", kDropped},
 };
 
-constexpr RecordKind kJobKinds[] = {
+constexpr RecordKind kRecordsOfJob[] = {
     {"header", "units, scale, settings", kDcLists},
     {"system", "coordinate system", kDc},
     {"4", "records of kind 4", kDropped},
@@ -176,7 +176,7 @@ constexpr RecordKind kJobKinds[] = {
     {"18", "records of kind 18", kDropped},
 };
 
-constexpr RecordKind kIljKinds[] = {
+constexpr RecordKind kRecordsOfIlj[] = {
     {"JOBMO", "job: name, units", kDc},
     {"JOBFI", "files of the job", kDc},
     {"UNOTE", "notes of the user", kDc},
@@ -209,10 +209,10 @@ constexpr RecordKind kIljKinds[] = {
 }  // namespace
 
 std::span<const RecordKind> GetRecordKinds(int inputType) {
-  if (kRawTypes.Contains(inputType)) return kRawKinds;
-  if (kDcTypes.Contains(inputType)) return kDcKinds;
-  if (kJobTypes.Contains(inputType)) return kJobKinds;
-  if (inputType == FT_ILJ) return kIljKinds;
+  if (kRawTypes.Contains(inputType)) return kRecordsOfRaw;
+  if (kDcTypes.Contains(inputType)) return kRecordsOfDc;
+  if (kJobTypes.Contains(inputType)) return kRecordsOfJob;
+  if (inputType == FT_ILJ) return kRecordsOfIlj;
   return {};
 }
 
