@@ -306,7 +306,8 @@ TEST(Plot, ProjectsGeographicPositions) {
   const double minute = kPi / 10800, latitude = kPi / 4, longitude = -kPi + minute / 4;
   for (const auto& [north, east] : {std::pair{0.0, 0.0}, {1.0, 0.0}, {0.0, 1.0}, {0.0, -1.0}}) {
     SurveyPoint point;
-    point.geodetic = {latitude + north * minute, longitude + east * minute, 50};
+    point.geodetic = {latitude + north * minute, std::remainder(longitude + east * minute, 2 * kPi),
+                      50};
     survey.points.push_back(point);
   }
   const Plot plot = DrawPlot(survey, L"t.raw");

@@ -138,12 +138,12 @@ class PlotTest(unittest.TestCase):
         self.assertGreater(told["drawn"]["names"], 300)
 
     def test_a_far_point_is_told(self):
-        points = [(f"P{i}", 5000 + i % 5, 9000 + i // 5) for i in range(25)] + [("FAR", 1005000, 9000)]
+        points = [(f"P{i}", 5000 + i % 5, 9000 + i // 5) for i in range(25)] + [("FAR", 1005000, 9000), ("FARTHER", 2005000, 9000)]
         sheet, told = self.draw(self.write_dc(points))
         self.check(sheet, told)
-        self.assertEqual((told["drawn"]["points"], told["leftOut"]["farPoints"]), (25, 1))
+        self.assertEqual((told["drawn"]["points"], told["leftOut"]["farPoints"]), (25, 2))
         self.assertLessEqual(told["scale"], 50)
-        self.assertIn("1 point outside, 1000 km", sheet.texts)
+        self.assertIn("2 points outside, nearest 1000 km", sheet.texts)
 
     def test_names_of_markup(self):
         sheet, _ = self.draw(self.write_dc([("<&>\"'", 1, 2), ("a\x01b]]>", 30, 50)]))
