@@ -119,6 +119,17 @@ constexpr OptionInfo kMergeOptions[] = {
      kNewJobTypes},
     {"--to", Value::Choice, &Options::to, "job or pwj, of standard output", "TYPE", kNewJobTypes},
 };
+constexpr OptionInfo kDiffOptions[] = {
+    {"A", Value::Path, &Options::input, "A file to read"},
+    {"B", Value::Path, &Options::second, "The file to compare it with"},
+    {"--tolerance", Value::Text, &Options::tolerance,
+     "Metres, in plan and in height, that count as the same (0.001)", "METRES"},
+    {"--from", Value::Choice, &Options::from, "Type of A, if name and contents don't tell it",
+     "TYPE", kTypeNames},
+    {"--to", Value::Choice, &Options::to, "Type of B, likewise", "TYPE", kTypeNames},
+    {"--units", Value::Choice, &Options::units,
+     "Unit of coordinate lists: m, ft or usft; else that of the other file", "UNIT", kUnitNames},
+};
 constexpr OptionInfo kPlotOptions[] = {
     {"FILE", Value::Path, &Options::input, "The file to draw"},
     {"OUT", Value::Path, &Options::output, "The plan to make, .svg or .png"},
@@ -159,6 +170,8 @@ constexpr std::string_view kPointsExamples[] = {
 constexpr std::string_view kImportCr5Examples[] = {"import-cr5 monday.cr5 monday.job --units usft"};
 constexpr std::string_view kImportSdrExamples[] = {"import-sdr monday.sdr monday.raw"};
 constexpr std::string_view kMergeExamples[] = {"merge monday.job tuesday.job week.job"};
+constexpr std::string_view kDiffExamples[] = {"diff monday.dc tuesday.dc",
+                                              "diff monday.job monday.cr5 --tolerance 0.01"};
 constexpr std::string_view kPlotExamples[] = {
     "plot monday.raw monday.svg",
     "plot monday.cr5 monday.png --units usft",
@@ -247,6 +260,13 @@ constexpr CommandInfo kCommands[] = {
      "Left out: attributes of points.\n"
      "A job is of the first brand if its name ends in .job in lower case, else of the second.",
      kMergeExamples, &RunMerge},
+    {"diff", "Tell what two files don't have in common", kDiffOptions,
+     "Any two types that can be read. Compared are points (place, code, deletion), setups, shots, "
+     "GPS vectors, roads and the coordinate system, as far as the types of both files hold them. "
+     "Lengths are metres, angles degrees; files in different units may be the same. Where a name "
+     "comes several times the nearest are compared. Nothing is printed if nothing differs.\n"
+     "Exit codes: 0 the same, 1 different, 2 wrong usage, 3 a file can't be read.",
+     kDiffExamples, &RunDiff},
     {"plot", "Draw a plan of what a file holds", kPlotOptions,
      "A sheet of A3 paper at a round scale, north up: points by kind and code with their names, "
      "lines of sight, GPS vectors, roads with stations, grid, legend and title.\n"

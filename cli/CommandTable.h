@@ -13,7 +13,7 @@
 namespace zelconvert::cli {
 
 /// What follows an option, or in the place of an argument.
-enum class Value { None, Path, Folder, Choice, Number, Command };
+enum class Value { None, Path, Folder, Choice, Number, Text, Command };
 
 /// Whether the command can do without. Usual: it can without an option, not without an argument.
 enum class Need { Usual, Required, Optional };

@@ -16,6 +16,7 @@ ExitCode RunPoints(const Options& options);
 ExitCode RunImportCr5(const Options& options);
 ExitCode RunImportSdr(const Options& options);
 ExitCode RunMerge(const Options& options);
+ExitCode RunDiff(const Options& options);
 ExitCode RunPlot(const Options& options);
 
 }  // namespace zelconvert::cli

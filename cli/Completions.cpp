@@ -74,9 +74,8 @@ std::string BashCases(const CommandInfo& command) {
 std::string ZshValues(const OptionInfo& option, const std::string& label) {
   const std::string values = ValuesOf(option);
   const std::string files = option.value == Value::Folder ? "_files -/" : "_files";
-  const std::string action = !values.empty()                 ? "(" + values + ")"
-                             : option.value == Value::Number ? ""
-                                                             : files;
+  const bool isFree = option.value == Value::Number || option.value == Value::Text;
+  const std::string action = !values.empty() ? "(" + values + ")" : isFree ? "" : files;
   return ":" + label + ":" + action;
 }
 

@@ -16,6 +16,7 @@ struct Options {
   std::string from, to;            ///< short names of types; empty: told by the files
   std::string units;               ///< name of a unit; empty: not said
   std::string format, crs;         ///< of points; empty: csv, native
+  std::string tolerance;           ///< of diff, metres; empty: not said
   std::optional<std::string> job;  ///< whose points a log is given
   std::string outDir;
   std::optional<std::string> filesFrom;  ///< names of further files

@@ -1,0 +1,154 @@
+// zelconvert diff A B: what two files of any readable types don't have in common.
+#include <algorithm>
+#include <cmath>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "cli/Commands.h"
+#include "cli/ConvertPlan.h"
+#include "cli/Cr5Import.h"
+#include "cli/DiffJson.h"
+#include "cli/FileChecks.h"
+#include "cli/FileTypes.h"
+#include "cli/GivenFiles.h"
+#include "cli/Json.h"
+#include "cli/Library.h"
+#include "cli/Outcome.h"
+#include "cli/platform/Host.h"
+#include "io/Numbers.h"
+#include "io/Strings.h"
+#include "tools/DiffReport.h"
+#include "tools/DiffSurveys.h"
+#include "tools/ReadSurvey.h"
+
+namespace zelconvert::cli {
+namespace {
+
+using tools::Survey;
+using tools::SurveyDiff;
+
+// As kUnitNames has them.
+constexpr LinearUnit kUnits[] = {LinearUnit::Metre, LinearUnit::InternationalFoot,
+                                 LinearUnit::UsSurveyFoot};
+
+std::string_view NameOf(LinearUnit unit) {
+  return kUnitNames[std::ranges::find(kUnits, unit) - std::begin(kUnits)];
+}
+
+double ToleranceOf(const Options& options) {
+  constexpr double kUsual = 0.001;
+  if (options.tolerance.empty()) return kUsual;
+  const std::wstring text = ToWide(options.tolerance);
+  const ParsedReal parsed = ParseReal(text);
+  if (parsed.consumed != text.size() || !(parsed.value >= 0) || !std::isfinite(parsed.value)) {
+    throw HostFailure(kWrongUsage,
+                      "--tolerance takes a length in metres, not " + options.tolerance);
+  }
+  return parsed.value;
+}
+
+struct DiffSide {
+  DiffSide(const std::string& argument, const std::string& askedType, const char* option)
+      : file(argument, ExtensionNamed(askedType)),
+        name(IsStandardStream(argument) ? file.GetName() : argument),
+        type(TypeOfInput(askedType, file.GetPath(), option)) {}
+
+  InputFile file;
+  std::string name;  // as it was given
+  const TypeInfo& type;
+  Survey survey = {};
+};
+
+// A list doesn't tell its unit; in the other's it was made, as far as anybody knows.
+std::optional<LinearUnit> UnitOfLists(const Options& options,
+                                      const std::optional<LinearUnit>& other) {
+  if (options.units.empty()) return other;
+  return kUnits[UnitsNamed(options.units)];
+}
+
+void Read(DiffSide& side, std::optional<LinearUnit> listUnit, Outcome& outcome) {
+  CheckReadable(side.file.GetPath());
+  StringList messages;
+  std::optional<Survey> survey = tools::ReadSurvey(
+      platform::ToLibrary(side.file.GetPath()), side.type.type, messages, {.listUnit = listUnit});
+  for (const std::wstring& text : messages) outcome.messages.push_back(ToUtf8(text));
+  side.file.RenameIn(outcome);
+  if (!survey) throw HostFailure(kNoInput, side.name + " can't be read");
+  side.survey = *std::move(survey);
+}
+
+bool IsList(const DiffSide& side) {
+  return side.type.type == FT_CR5 || side.type.type == FT_SEQ_CR5;
+}
+
+void ReadBoth(const Options& options, DiffSide& a, DiffSide& b, Outcome& outcome) {
+  DiffSide& first = IsList(a) ? b : a;  // the one that tells its unit
+  DiffSide& second = IsList(a) ? a : b;
+  Read(first, UnitOfLists(options, std::nullopt), outcome);
+  Read(second, UnitOfLists(options, first.survey.lengthUnit), outcome);
+}
+
+void Print(const DiffSide& a, const DiffSide& b, const SurveyDiff& diff,
+           const tools::DiffOptions& how) {
+  if (diff.IsEqual()) return;
+  PrintOut("A  " + a.name + "\nB  " + b.name + "\n");
+  PrintOut(ToUtf8(tools::FormatDiff(diff, how)));
+}
+
+Json::Object Describe(const DiffSide& side) {
+  const Survey& survey = side.survey;
+  const bool isInGons = survey.angleUnit == AngularUnit::Gon;
+  return {
+      {"file", side.name},
+      {"type", std::string(side.type.name)},
+      {"lengthUnit", survey.lengthUnit ? Json(std::string(NameOf(*survey.lengthUnit))) : nullptr},
+      {"angleUnit", std::string(isInGons ? "gon" : "degree")},
+      {"epsg", survey.epsg ? Json(*survey.epsg) : nullptr}};
+}
+
+Json::Object AsJson(const Outcome& outcome) {
+  Json::Object fields = outcome.about;
+  fields.emplace_back("messages", Json::List(outcome.messages.begin(), outcome.messages.end()));
+  if (!outcome.error.empty()) fields.emplace_back("error", outcome.error);
+  fields.emplace_back("exitCode", static_cast<int>(outcome.code));
+  return fields;
+}
+
+// The texts of the readers, and what went wrong; what differs has been printed.
+void TellAsText(const Outcome& outcome) {
+  if (!IsQuiet()) PrintMessages(outcome.messages);
+  if (!outcome.error.empty()) PrintNote(outcome.error);
+}
+
+}  // namespace
+
+ExitCode RunDiff(const Options& options) {
+  Outcome outcome;
+  SurveyDiff diff;
+  Attempt(outcome, [&] {
+    if (IsStandardStream(options.input) && IsStandardStream(options.second)) {
+      throw HostFailure(kWrongUsage, "standard input is one file");
+    }
+    const double tolerance = ToleranceOf(options);
+    DiffSide a(options.input, options.from, "--from"), b(options.second, options.to, "--to");
+    ReadBoth(options, a, b, outcome);
+    const tools::DiffOptions how = {.planTolerance = tolerance, .heightTolerance = tolerance};
+    diff = tools::DiffSurveys(a.survey, b.survey, how);
+    outcome.code = diff.IsEqual() ? kConverted : kFailed;
+    if (!options.json) return Print(a, b, diff, how);
+    outcome.about = {{"equal", diff.IsEqual()},
+                     {"tolerance", tolerance},
+                     {"files", Json::List{Describe(a), Describe(b)}}};
+    for (auto& field : ToJson(diff)) outcome.about.push_back(std::move(field));
+  });
+  if (options.json) {
+    PrintOut(ToLines(AsJson(outcome)));
+  } else {
+    TellAsText(outcome);
+  }
+  return outcome.code;
+}
+
+}  // namespace zelconvert::cli
