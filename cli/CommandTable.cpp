@@ -32,6 +32,9 @@ constexpr OptionInfo kConvertOptions[] = {
      kTypeNames},
     {"--job", Value::Path, &Options::job, "Job whose points a raw log knows", "FILE"},
     {"--force", Value::None, &Options::force, "Replace files that exist"},
+    {"--verify", Value::None, &Options::verify,
+     "Read OUT back and fail if something that should have arrived did not"},
+    {"--keep", Value::None, &Options::keep, "With --verify: keep an OUT that lacks something"},
 };
 constexpr OptionInfo kBatchOptions[] = {
     {"FILE", Value::Path, &Options::files, "Files to convert", {}, {}, Need::Optional},

@@ -11,6 +11,7 @@
 #include "cli/FileTypes.h"
 #include "cli/Host.h"
 #include "cli/Outcome.h"
+#include "cli/Verify.h"
 #include "cli/platform/Host.h"
 
 namespace zelconvert::cli {
@@ -109,10 +110,13 @@ ConvertPlan MakePlan(const fs::path& input, const fs::path& output, const Option
   CheckNoFolder(output);
   const TypeInfo& to = TypeOfOutput(options.to, output);
   CheckRoute(from, to);
+  if (options.verify) CheckVerifiable(to.type);
 
   ConvertPlan plan{{from.type, to.type, input, output, FileRead(from.type, input),
                     JobOfPoints(options, from, to, input)},
-                   {}};
+                   {},
+                   options.verify,
+                   options.keep};
   const Conversion& asked = plan.conversion;
   CheckReadable(asked.read);
   for (const fs::path& each : {input, asked.read, asked.job}) CheckDistinct(output, each);

@@ -16,6 +16,8 @@ namespace zelconvert::cli {
 struct ConvertPlan {
   Conversion conversion;
   std::vector<std::string> warnings;  ///< a line each
+  bool verify = false;                ///< whether the output is read back and compared
+  bool keep = false;                  ///< whether one that lacks something is kept
 };
 
 /// Whether a file of this type stands beside another, which is what is read.

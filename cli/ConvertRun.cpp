@@ -7,6 +7,7 @@
 #include "cli/FileTypes.h"
 #include "cli/ProgressBar.h"
 #include "cli/StagingFolder.h"
+#include "cli/Verify.h"
 #include "cli/platform/Host.h"
 #include "raw/CRawFile.h"
 #include "raw/RawUnits.h"
@@ -94,9 +95,12 @@ void RunPlan(const ConvertPlan& plan, bool force, Outcome& outcome, const Approv
                           (result.messages.empty() ? "; the library gives no reason" : ""));
   }
   fs::remove(job);
+  const std::string fault = plan.verify ? Verify(plan, staged, outcome) : "";
+  if (!fault.empty() && !plan.keep) throw HostFailure(kFailed, fault + "; it was not kept");
   const Paths targets = staging.GetTargets();
   const Paths kept = approve && targets.size() > 1 ? approve(targets) : Paths();
   outcome.files = staging.MoveFiles(targets, asked.output, force, kept);
+  if (!fault.empty()) throw HostFailure(kFailed, fault + "; it was kept");
 }
 
 }  // namespace zelconvert::cli

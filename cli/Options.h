@@ -24,9 +24,11 @@ struct Options {
   int jobs = 0;  ///< 0: not said
   bool keepGoing = false;
   bool skipExisting = false;
-  bool force = false;  ///< an output that exists is replaced
-  bool json = false;   ///< of every command: output is one JSON object
-  bool quiet = false;  ///< of every command: errors and what was asked for alone
+  bool force = false;   ///< an output that exists is replaced
+  bool verify = false;  ///< of convert: the output is read back and compared
+  bool keep = false;    ///< of convert: an output that lacks something stays
+  bool json = false;    ///< of every command: output is one JSON object
+  bool quiet = false;   ///< of every command: errors and what was asked for alone
 };
 
 }  // namespace zelconvert::cli

@@ -15,6 +15,11 @@ constexpr double kUsualDistance = 100;  // metres, for angles to something that 
 // Of a scale or slope: a tenth of a millimetre in a hundred kilometres.
 constexpr double kRatioTolerance = 1e-9;
 
+// Radians, as the files that say the most of systems have them: nine decimals of a degree.
+constexpr double kSystemAngle = 2e-11;
+// Relative: six decimals of an inverse flattening.
+constexpr double kSystemRatio = 2e-9;
+
 std::wstring FromTo(std::wstring_view from, std::wstring_view to) {
   return std::wstring(from).append(L" > ").append(to);
 }
@@ -86,8 +91,12 @@ void RecordComparison::Begin(Subject subject, const Record& a, const Record& b) 
 
 template <class Record>
 void RecordComparison::CompareState(const Record& a, const Record& b) {
-  if (IsDeleted(a) != IsDeleted(b)) Tell(IsDeleted(b) ? Change::Deleted : Change::Undeleted);
+  const bool differs = IsDeleted(a) != IsDeleted(b);
+  if (differs && m_options.kinds.Has(Kind::Deletions)) {
+    Tell(IsDeleted(b) ? Change::Deleted : Change::Undeleted);
+  }
   if (AreSameText(a.code, m_firstLimits, b.code, m_secondLimits)) return;
+  if (m_options.mayCodesGrow && b.code.starts_with(a.code)) return;
   SurveyDifference& recoded = Tell(Change::Recoded);
   recoded.first.text = a.code;
   recoded.second.text = b.code;
@@ -123,7 +132,7 @@ void RecordComparison::CompareText(std::wstring_view property, const std::wstrin
 
 void RecordComparison::CompareNumber(std::wstring_view property, Quantity quantity, double a,
                                      double b, double tolerance) {
-  if (IsNull(a) && IsNull(b)) return;
+  if (IsNull(a) && (IsNull(b) || m_options.isFirstPartial)) return;
   double difference = b - a;
   if (quantity == Quantity::Angle) difference = std::remainder(difference, 2 * kPi);
   const bool isSame = !IsNull(a) && !IsNull(b) && std::abs(difference) <= tolerance;
@@ -142,30 +151,34 @@ void RecordComparison::Compare(const SurveyPoint& a, const SurveyPoint& b) {
   Begin(Subject::Point, a, b);
   CompareState(a, b);
   const bool isReduced = a.source == PointSource::Shot || b.source == PointSource::Shot;
+  if (isReduced && !m_options.compareReduced) return;
   const auto tolerance = [&](double usual) {
     return isReduced ? m_options.reducedTolerance.value_or(usual) : usual;
   };
   CompareGrid(a.grid, b.grid, tolerance(m_options.planTolerance),
               tolerance(m_options.heightTolerance));
-  const bool isCompared = a.grid.HasPlan() == b.grid.HasPlan() &&
-                          (m_firstLimits.kinds & m_secondLimits.kinds).Has(Kind::Geodetic);
+  const bool isCompared =
+      a.grid.HasPlan() == b.grid.HasPlan() &&
+      (m_firstLimits.kinds & m_secondLimits.kinds & m_options.kinds).Has(Kind::Geodetic);
   if (isCompared) CompareGeodetic(a.geodetic, b.geodetic);
 }
 
 void RecordComparison::CompareGrid(const GridPosition& a, const GridPosition& b, double plan,
                                    double height) {
+  if (!a.HasPlan() && m_options.isFirstPartial) return;
   if (a.HasPlan() != b.HasPlan()) {
     return TellTexts(L"position", a.HasPlan() ? L"known" : L"", b.HasPlan() ? L"known" : L"");
   }
   const GridPosition shift = ShiftOf(a, b);
   if (IsMoved(shift, plan, height)) TellMoved(shift);
+  if (IsNull(a.elevation) && m_options.isFirstPartial) return;
   if (IsNull(a.elevation) != IsNull(b.elevation)) {
     TellNumbers(L"elevation", Quantity::Length, a.elevation, b.elevation);
   }
 }
 
 void RecordComparison::CompareGeodetic(const GeodeticPosition& a, const GeodeticPosition& b) {
-  if (!a.HasPlan() && !b.HasPlan()) return;
+  if (!a.HasPlan() && (!b.HasPlan() || m_options.isFirstPartial)) return;
   if (a.HasPlan() != b.HasPlan()) {
     return TellTexts(L"geodetic position", a.HasPlan() ? L"known" : L"",
                      b.HasPlan() ? L"known" : L"");
@@ -198,16 +211,23 @@ void RecordComparison::Compare(const Shot& a, const Shot& b) {
   CompareNumber(L"zenith angle", Quantity::Angle, a.zenith, b.zenith, AngleTolerance(distance));
   CompareNumber(L"slope distance", Quantity::Length, a.slopeDistance, b.slopeDistance,
                 m_options.planTolerance + kNoise);
-  CompareNumber(L"scale", Quantity::Ratio, a.scale, b.scale,
-                kRatioTolerance + m_options.planTolerance / std::max(distance, kUsualDistance));
-  CompareNumber(L"instrument height", Quantity::Length, a.instrumentHeight, b.instrumentHeight,
-                height);
-  CompareNumber(L"target height", Quantity::Length, a.targetHeight, b.targetHeight, height);
+  CompareNumber(
+      L"scale", Quantity::Ratio, a.scale, b.scale,
+      m_options.scaleTolerance.value_or(kRatioTolerance + m_options.planTolerance /
+                                                              std::max(distance, kUsualDistance)));
+  if (m_options.isFirstPartial) return;
+  CompareNumber(L"instrument height", Quantity::Length, NullToZero(a.instrumentHeight),
+                NullToZero(b.instrumentHeight), height);
+  CompareNumber(L"target height", Quantity::Length, NullToZero(a.targetHeight),
+                NullToZero(b.targetHeight), height);
 }
 
 // Oriented, two circles that were set otherwise are the same.
 void RecordComparison::CompareDirections(const Shot& a, const Shot& b, double distance) {
   if (IsNull(a.azimuth) || IsNull(b.azimuth)) {
+    if (IsNull(a.azimuth) != IsNull(b.azimuth) && !m_options.isFirstPartial) {
+      return TellNumbers(L"azimuth", Quantity::Angle, a.azimuth, b.azimuth);
+    }
     CompareNumber(L"circle", Quantity::Angle, a.circle, b.circle, AngleTolerance(distance));
   } else {
     CompareNumber(L"azimuth", Quantity::Angle, a.azimuth, b.azimuth, AngleTolerance(distance));
@@ -361,21 +381,22 @@ void RecordComparison::CompareSystems(const Survey& a, const Survey& b) {
     return TellTexts(L"projection", a.hasSystem ? L"known" : L"", b.hasSystem ? L"known" : L"");
   }
   if (!a.hasSystem) {
-    return CompareNumber(L"scale", Quantity::Ratio, a.scale, b.scale, kRatioTolerance);
+    return CompareNumber(L"scale", Quantity::Ratio, a.scale, b.scale,
+                         m_options.scaleTolerance.value_or(kRatioTolerance));
   }
   const double length = m_options.planTolerance + kNoise;
+  const double angle =
+      std::max(m_options.angleTolerance.value_or(length / kWgs84Axis), kSystemAngle);
   for (const SystemText& each : kSystemTexts) {
     CompareText(each.name, a.system.*each.text, b.system.*each.text);
   }
   for (const SystemNumber& each : kSystemNumbers) {
     const double first = each.get(a.system), second = each.get(b.system);
-    const double ratio = kRatioTolerance * std::max(1.0, std::abs(first));
-    const bool isLength = each.quantity == Quantity::Length;
-    const bool isAngle = each.quantity == Quantity::Angle;
-    CompareNumber(each.name, each.quantity, first, second,
-                  isLength  ? length
-                  : isAngle ? length / kWgs84Axis
-                            : ratio);
+    const double ratio = kSystemRatio * std::max(1.0, std::abs(first));
+    double tolerance = ratio;
+    if (each.quantity == Quantity::Length) tolerance = length;
+    if (each.quantity == Quantity::Angle) tolerance = angle;
+    CompareNumber(each.name, each.quantity, first, second, tolerance);
   }
 }
 

@@ -75,18 +75,17 @@ std::wstring Quoted(const std::wstring& text) {
   return L"\"" + text + L"\"";
 }
 
-// Names come from files: what would break the row shows as "?".
-std::wstring Shown(std::wstring text) {
-  std::ranges::replace_if(
-      text, [](wchar_t c) { return c < L' ' || c == 0x7F; }, L'?');
-  return text;
-}
-
 void AppendPadded(std::wstring& row, std::wstring_view cell, std::size_t width) {
   row.append(cell).append(width - std::min(width, cell.size()), L' ').append(kGap);
 }
 
 }  // namespace
+
+std::wstring ShowText(std::wstring text) {
+  std::ranges::replace_if(
+      text, [](wchar_t c) { return c < L' ' || c == 0x7F; }, L'?');
+  return text;
+}
 
 int DecimalsFor(double tolerance) {
   constexpr int kUsual = 4, kMost = 8;
@@ -150,9 +149,9 @@ std::wstring FormatDiff(const SurveyDiff& diff, const DiffOptions& options) {
   for (const SurveyDifference& each : diff.differences) {
     std::wstring row;
     AppendPadded(row, NameOf(each.subject), subjectWidth);
-    AppendPadded(row, Shown(each.name), nameWidth);
+    AppendPadded(row, ShowText(each.name), nameWidth);
     AppendPadded(row, NameOf(each.change), changeWidth);
-    row.append(Shown(DescribeDifference(each, decimals)));
+    row.append(ShowText(DescribeDifference(each, decimals)));
     row.erase(row.find_last_not_of(L' ') + 1);
     text.append(row).append(L"\n");
   }

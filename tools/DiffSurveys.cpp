@@ -64,7 +64,14 @@ class Keys {
   std::wstring_view Of(const GpsVector& vector) { return Of(vector.base, vector.rover); }
   // A name that one of the two can't hold tells nothing.
   std::wstring_view Of(const Road& road) { return m_key.IsText() ? Of(road.name) : L""; }
-  std::wstring_view Of(const Note& note) { return note.text; }
+  // What every format with notes holds of one.
+  std::wstring_view Of(const Note& note) {
+    constexpr std::size_t kLength = 60;
+    std::wstring key(Trim(Left(Left(note.text, note.text.find_first_of(L"\t\r")), kLength)));
+    std::ranges::replace_if(
+        key, [](wchar_t c) { return c >= 0x80; }, L'?');
+    return m_made.emplace_back(std::move(key));
+  }
 
  private:
   std::wstring_view Of(std::wstring_view name) {
@@ -82,11 +89,14 @@ class Keys {
   std::deque<std::wstring> m_made;  // those that aren't part of a name
 };
 
-bool IsPartOfAnother(const Shot& shot) {
+bool IsLeftOut(const Shot& shot) {
   return shot.kind == ShotKind::Backsight;
 }
+bool IsLeftOut(const Note& note) {
+  return note.text.empty();
+}
 template <class Record>
-bool IsPartOfAnother(const Record&) {
+bool IsLeftOut(const Record&) {
   return false;
 }
 
@@ -95,7 +105,7 @@ std::vector<MatchItem> ItemsOf(const std::vector<Record>& records, Keys& keys) {
   std::vector<MatchItem> items;
   items.reserve(records.size());
   for (std::size_t i = 0; i < records.size(); ++i) {
-    if (IsPartOfAnother(records[i])) continue;
+    if (IsLeftOut(records[i])) continue;
     MatchItem& item = items.emplace_back(MatchItem{keys.Of(records[i]), PlaceOf(records[i])});
     for (double& value : item.place) value = std::isfinite(value) ? value : DC_NULL;
     if constexpr (requires { records[i].isDeleted; }) item.isDeleted = records[i].isDeleted;
@@ -111,18 +121,17 @@ void SetKeys(std::vector<MatchItem>& items, const std::vector<Record>& records, 
 
 // ---- What only one has
 
-/// Whether a file of the other type could hold it.
-bool IsHeld(const SurveyPoint& point, const FormatLimits& other) {
-  const KindSet kinds = other.kinds;
+/// Whether a file that holds these kinds could hold it.
+bool IsHeld(const SurveyPoint& point, KindSet kinds) {
   if (point.isDeleted && !kinds.Has(Kind::Deletions)) return false;
   if (point.source == PointSource::Shot && !kinds.Has(Kind::Shots)) return false;
   if (point.grid.HasPlan()) return true;
   return kinds.Has(Kind::Geodetic) && (point.geodetic.HasPlan() || kinds.Has(Kind::Vectors));
 }
 template <class Record>
-bool IsHeld(const Record& record, const FormatLimits& other) {
+bool IsHeld(const Record& record, KindSet kinds) {
   if constexpr (requires { record.isDeleted; }) {
-    return !record.isDeleted || other.kinds.Has(Kind::Deletions);
+    return !record.isDeleted || kinds.Has(Kind::Deletions);
   } else {
     return true;
   }
@@ -150,6 +159,8 @@ class SurveyComparison {
         m_second(second),
         m_firstLimits(LimitsOf(first.type)),
         m_secondLimits(LimitsOf(second.type)),
+        m_firstKinds(m_firstLimits.kinds & options.kinds),
+        m_secondKinds(m_secondLimits.kinds & options.kinds),
         m_options(options),
         m_diff(diff),
         m_comparison(m_firstLimits, m_secondLimits, options, diff.differences) {}
@@ -165,13 +176,14 @@ class SurveyComparison {
   const Survey& m_second;
   const FormatLimits& m_firstLimits;
   const FormatLimits& m_secondLimits;
+  KindSet m_firstKinds, m_secondKinds;
   const DiffOptions& m_options;
   SurveyDiff& m_diff;
   RecordComparison m_comparison;
 };
 
 void SurveyComparison::Compare() {
-  if ((m_firstLimits.kinds & m_secondLimits.kinds).Has(Kind::System)) {
+  if ((m_firstKinds & m_secondKinds).Has(Kind::System)) {
     m_comparison.CompareSystems(m_first, m_second);
   }
   CompareAll(Subject::Point, Kind::Points, &Survey::points);
@@ -179,7 +191,7 @@ void SurveyComparison::Compare() {
   CompareAll(Subject::Shot, Kind::Shots, &Survey::shots);
   CompareAll(Subject::Vector, Kind::Vectors, &Survey::vectors);
   CompareAll(Subject::Road, Kind::Roads, &Survey::roads);
-  if (m_options.compareNotes) CompareAll(Subject::Note, Kind::Notes, &Survey::notes);
+  CompareAll(Subject::Note, Kind::Notes, &Survey::notes);
   TellNotCompared();
   for (const SurveyDifference& each : m_diff.differences) {
     auto& changes = m_diff.counts[static_cast<std::size_t>(each.subject)].changes;
@@ -192,7 +204,7 @@ void SurveyComparison::Compare() {
 template <class Record>
 void SurveyComparison::CompareAll(Subject subject, Kind kind,
                                   std::vector<Record> Survey::*records) {
-  if (!(m_firstLimits.kinds & m_secondLimits.kinds).Has(kind)) return;
+  if (!(m_firstKinds & m_secondKinds).Has(kind)) return;
   const std::vector<Record>&first = m_first.*records, &second = m_second.*records;
   Keys keys(m_firstLimits, m_secondLimits, Kept::End);
   Keys otherKeys(m_firstLimits, m_secondLimits, Kept::Front);
@@ -209,12 +221,12 @@ void SurveyComparison::CompareAll(Subject subject, Kind kind,
   SubjectCounts& counts = m_diff.counts[static_cast<std::size_t>(subject)];
   counts.first = counts.second = matches.pairs.size();
   for (const MatchItem& item : more.onlyFirst) {
-    if (!IsHeld(first[item.index], m_secondLimits)) continue;
+    if (!IsHeld(first[item.index], m_secondKinds)) continue;
     ++counts.first;
     TellOnly(subject, true, first[item.index], found);
   }
   for (const MatchItem& item : more.onlySecond) {
-    if (!IsHeld(second[item.index], m_firstLimits)) continue;
+    if (!IsHeld(second[item.index], m_firstKinds)) continue;
     ++counts.second;
     TellOnly(subject, false, second[item.index], found);
   }
@@ -251,8 +263,8 @@ void SurveyComparison::TellNotCompared() {
   };
   for (std::size_t i = 0; i < static_cast<std::size_t>(Kind::Count); ++i) {
     const Kind kind = static_cast<Kind>(i);
-    if ((has(m_first, kind) && !m_secondLimits.kinds.Has(kind)) ||
-        (has(m_second, kind) && !m_firstLimits.kinds.Has(kind))) {
+    if ((has(m_first, kind) && !m_secondKinds.Has(kind)) ||
+        (has(m_second, kind) && !m_firstKinds.Has(kind))) {
       m_diff.notCompared.push_back(kind);
     }
   }

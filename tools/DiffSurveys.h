@@ -58,11 +58,15 @@ struct DiffOptions {
   double heightTolerance = 0.001;  ///< metres
   /// Heights of instruments and targets; none: heightTolerance.
   std::optional<double> instrumentTolerance = {};
-  /// Points that are computed from shots; none: as all others.
+  /// Points that are computed from shots, and stations; none: as all others.
   std::optional<double> reducedTolerance = {};
+  std::optional<double> scaleTolerance = {};  ///< of distances
   /// Radians. None: what moves the end of the distance, or of 100 m, by planTolerance.
   std::optional<double> angleTolerance = {};
-  bool compareNotes = false;
+  KindSet kinds = kAllKinds.Without({Kind::Notes});  ///< others are as if no type could hold them
+  bool compareReduced = true;   ///< the places of points that are computed from shots
+  bool isFirstPartial = false;  ///< what the first survey doesn't know is no difference
+  bool mayCodesGrow = false;    ///< the second's may go on where the first's ends
 };
 
 struct SubjectCounts {

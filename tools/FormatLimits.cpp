@@ -14,48 +14,37 @@ namespace {
 
 constexpr std::size_t kAnyLength = std::numeric_limits<std::size_t>::max();
 
-constexpr KindSet kDcKinds = {Kind::Points, Kind::Geodetic, Kind::Deletions,
-                              Kind::Setups, Kind::Shots,    Kind::Vectors,
-                              Kind::Roads,  Kind::System,   Kind::Notes};
-constexpr KindSet kLogKinds = kDcKinds.Without({Kind::Roads});
-
 constexpr Digits kWhole = {};
-constexpr FormatLimits kDc = {kDcKinds, NameForm::Text, 16, 16, true, {5, 16}, {5, 16}, {9, 16}};
+constexpr KindSet kSdrKinds = {Kind::Points, Kind::Setups, Kind::Shots, Kind::Notes};
 // Of a road the place where it starts.
-constexpr FormatLimits kJob = {{Kind::Points, Kind::Roads, Kind::System},
-                               NameForm::Word,
-                               16,
-                               16,
-                               false,
+constexpr KindSet kJobKinds = {Kind::Points, Kind::Roads, Kind::System};
+constexpr KindSet kIljKinds = {Kind::Points, Kind::Geodetic, Kind::Deletions,
+                               Kind::Shots,  Kind::System,   Kind::Notes};
+
+// kinds, names, characters of a name and of a code, 8 bits, length, height, angle, scale
+constexpr FormatLimits kDc = {kAllKinds, NameForm::Text, 16,      16,     true,
+                              {5, 16},   {5, 16},        {9, 16}, {9, 16}};
+constexpr FormatLimits kJob = {kJobKinds, NameForm::Word, 16,     16,    false,
+                               kWhole,    kWhole,         kWhole, kWhole};
+constexpr FormatLimits kList = {{Kind::Points}, NameForm::Number, 7,      16,    true,
+                                kWhole,         kWhole,           kWhole, kWhole};
+constexpr FormatLimits kLog = {kAllKinds.Without({Kind::Roads}),
+                               NameForm::Text,
+                               kAnyLength,
+                               kAnyLength,
+                               true,
+                               kWhole,
                                kWhole,
                                kWhole,
                                kWhole};
-constexpr FormatLimits kList = {{Kind::Points}, NameForm::Number, 7,      16,
-                                true,           kWhole,           kWhole, kWhole};
-constexpr FormatLimits kLog = {kLogKinds, NameForm::Text, kAnyLength, kAnyLength,
-                               true,      kWhole,         kWhole,     kWhole};
-constexpr KindSet kSdrKinds = {Kind::Points, Kind::Setups, Kind::Shots, Kind::Notes};
-constexpr FormatLimits kSdr33Limits = {kSdrKinds, NameForm::Text, 14,      16,
-                                       true,      {5, 16},        {3, 16}, {5, 16}};
-constexpr FormatLimits kSdr2Limits = {kSdrKinds, NameForm::Number, 4,       16,
-                                      true,      {3, 10},          {3, 10}, {5, 10}};
-constexpr FormatLimits kIlj = {
-    {Kind::Points, Kind::Geodetic, Kind::Deletions, Kind::Shots, Kind::System, Kind::Notes},
-    NameForm::Word,
-    16,
-    kAnyLength,
-    false,
-    {5, 16},
-    {5, 16},
-    {7, 16}};
-constexpr FormatLimits kDocument = {{Kind::Points, Kind::Setups, Kind::Shots, Kind::Notes},
-                                    NameForm::Text,
-                                    16,
-                                    kAnyLength,
-                                    false,
-                                    {5, 16},
-                                    {3, 16},
-                                    {6, 16}};
+constexpr FormatLimits kSdr33File = {kSdrKinds, NameForm::Text, 14,      16,     true,
+                                     {5, 16},   {3, 16},        {5, 16}, {3, 16}};
+constexpr FormatLimits kSdr2File = {kSdrKinds, NameForm::Number, 4,       16,     true,
+                                    {3, 10},   {3, 10},          {5, 10}, {3, 10}};
+constexpr FormatLimits kIlj = {kIljKinds, NameForm::Word, 16,      kAnyLength, false,
+                               {5, 16},   {5, 16},        {7, 16}, {9, 16}};
+constexpr FormatLimits kDocument = {kSdrKinds, NameForm::Text, 16,      kAnyLength, false,
+                                    {5, 16},   {3, 16},        {6, 16}, {9, 16}};
 
 constexpr bool IsWordCharacter(wchar_t c) {
   return IsAsciiAlnum(c) || c == L'_';
@@ -120,9 +109,9 @@ const FormatLimits& LimitsOf(FileType type) {
     case FT_CR5_RW5:
       return kLog;
     case FT_SDR33:
-      return kSdr33Limits;
+      return kSdr33File;
     case FT_SDR2:
-      return kSdr2Limits;
+      return kSdr2File;
     case FT_ILJ:
       return kIlj;
     case FT_JXL:

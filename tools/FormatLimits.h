@@ -44,6 +44,10 @@ class KindSet {
   unsigned m_bits = 0;
 };
 
+inline constexpr KindSet kAllKinds = {Kind::Points, Kind::Geodetic, Kind::Deletions,
+                                      Kind::Setups, Kind::Shots,    Kind::Vectors,
+                                      Kind::Roads,  Kind::System,   Kind::Notes};
+
 /// Names as a format holds them. Case counts in all.
 enum class NameForm : std::uint8_t {
   Text,
@@ -70,6 +74,7 @@ struct FormatLimits {
   Digits length;           ///< of coordinates and distances, in the unit of the file
   Digits height;           ///< of instrument and target, likewise
   Digits angle;            ///< decimal degrees
+  Digits scale;
 };
 
 /// Of every type; of a pair of files that of the log. An unknown number is a DC file's.

@@ -1,0 +1,101 @@
+#!/usr/bin/env python3
+"""verify_test.py HOST [ARGUMENTS...]: "convert --verify" on every pair of types, with inputs that hold every
+kind of record that their type can, and on files of which something can't arrive.
+
+The mutants of tests/mutants/diff.txt plant faults into conversions that this test must notice.
+"""
+
+import json
+import pathlib
+import shutil
+import subprocess
+import sys
+import tempfile
+import unittest
+
+TOP = pathlib.Path(__file__).resolve().parents[2]
+GOLDEN = TOP / "tests" / "golden"
+HOST = []
+
+# By type: the file to convert and what stands beside it.
+INPUTS = {
+    "job": ["examples/boundary.job", "tests/golden/job-to-cr5/larger-blocks/in.job"],
+    "oldjob": ["examples/boundary-old.job"],
+    "pwj": ["examples/boundary.pwj"],
+    "ilj": ["examples/grenze.ilj"],
+    "job+raw": ["tests/golden/job+raw-to-dc/points-of-the-job/in.job"],
+    "pwj+pwr": ["tests/golden/pwj+pwr-to-dc77/points-of-the-job/in.pwj"],
+    "cr5+rw5": ["tests/tools/verify/pair.cr5"],
+}
+INPUTS |= {name: ["tests/tools/verify/every.dc"] for name in ("dc", "dc77", "dc1000", "dc1070")}
+INPUTS |= {name: ["tests/tools/verify/every.raw", "examples/mill-creek.raw"] for name in ("raw", "rw5", "pwr")}
+EXTENSIONS = {"oldjob": "job", "seqcr5": "cr5", "sdr2": "sdr", "sdr33": "sdr"}
+
+
+def extension_of(name):
+    return "dc" if name.startswith("dc") else EXTENSIONS.get(name, name)
+
+
+class VerifyTest(unittest.TestCase):
+    def setUp(self):
+        self.folder = pathlib.Path(tempfile.mkdtemp())
+        self.addCleanup(shutil.rmtree, self.folder)
+
+    def host(self, *arguments):
+        with tempfile.TemporaryFile() as out, tempfile.TemporaryFile() as err:
+            code = subprocess.run(HOST + list(arguments), cwd=self.folder, stdout=out, stderr=err,
+                                  timeout=120).returncode
+            for stream in out, err:
+                stream.seek(0)
+            return code, out.read().decode(), err.read().decode()
+
+    def copy_input(self, path):
+        source = TOP / path
+        for beside in source.parent.glob(source.stem + ".*"):
+            shutil.copy(beside, self.folder / beside.name)
+        return source.name
+
+    def test_every_pair(self):
+        types = json.loads(self.host("types", "--json")[1])["types"]
+        pairs = [(each["name"], to) for each in types for to in each["convertsTo"]]
+        self.assertGreater(len(pairs), 70)
+        for source, to in pairs:
+            for path in INPUTS[source]:
+                with self.subTest(f"{path}: {source} to {to}"):
+                    self.check_pair(self.copy_input(path), source, to)
+
+    def check_pair(self, name, source, to):
+        out = "out." + extension_of(to)
+        code, _, errors = self.host("convert", name, out, "--from", source, "--to", to, "--verify", "--force")
+        if to == "jxl":  # written only
+            self.assertEqual((code, (self.folder / out).exists()), (2, False), errors)
+            self.assertIn("can't be read back", errors)
+        else:
+            self.assertEqual((code, (self.folder / out).exists()), (0, True), errors)
+
+    # Input, types, and the lines that tell what can't arrive.
+    LOSSES = [
+        (GOLDEN / "raw-to-sdr2/numbers-over-9999/in.raw", "raw", "sdr2",
+         ["verify: setup 12345 > 99999999999 is missing", "verify: shot 9999 > 10000 is missing"]),
+        (GOLDEN / "job-to-seqcr5/twice-the-same/in.job", "job", "seqcr5",
+         ["verify: point 3 is missing: 0.000000  3.000000  0.000000"]),
+        (GOLDEN / "dc-to-job/failed-road/in.dc", "dc", "job", ["verify: road Third is missing"]),
+    ]
+
+    def test_what_is_lost_is_told(self):
+        for path, source, to, lines in self.LOSSES:
+            with self.subTest(path.parent.name):
+                out = self.folder / ("out." + extension_of(to))
+                arguments = ["convert", str(path), str(out), "--from", source, "--to", to, "--verify"]
+                code, shown, errors = self.host(*arguments)
+                self.assertEqual((code, shown, out.exists()), (1, "", False), errors)
+                self.assertEqual([line for line in errors.splitlines() if line.startswith("verify:")], lines)
+                code, shown, errors = self.host(*arguments, "--keep", "--json")
+                told = json.loads(shown)
+                self.assertEqual((code, out.exists(), told["verified"]), (1, True, False), errors)
+                self.assertEqual(len(told["missing"]), len(lines))
+
+
+if __name__ == "__main__":
+    HOST = [str(pathlib.Path(each).resolve()) if pathlib.Path(each).exists() else each for each in sys.argv[1:]]
+    unittest.main(argv=sys.argv[:1])
