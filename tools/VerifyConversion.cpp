@@ -9,7 +9,7 @@
 
 #include "tools/FormatLimits.h"
 #include "tools/ReadSurvey.h"
-#include "tools/RouteLosses.h"
+#include "tools/RouteFacts.h"
 #include "tools/SourceRecords.h"
 
 namespace zelconvert::tools {
@@ -35,7 +35,7 @@ double SizeOf(const Survey& survey) {
   return size;
 }
 
-DiffOptions OptionsFor(const RouteLosses& losses, const Survey& input, const Survey& output) {
+DiffOptions OptionsFor(const RouteFacts& facts, const Survey& input, const Survey& output) {
   const FormatLimits& limits = LimitsOf(output.type);
   const LinearUnit unit = output.lengthUnit.value_or(input.lengthUnit.value_or(LinearUnit::Metre));
   const double metres = ToMetres(1, unit);
@@ -49,23 +49,23 @@ DiffOptions OptionsFor(const RouteLosses& losses, const Survey& input, const Sur
   options.scaleTolerance = limits.scale.Step(1) + kRatio;
   options.reducedTolerance = kReducedTolerance;
   options.compareReduced = false;  // the shots are compared
-  options.kinds = losses.carried;
-  options.mayCodesGrow = losses.codesGrow;
+  options.kinds = facts.carried;
+  options.mayCodesGrow = facts.codesGrow;
   return options;
 }
 
 /// Whether the route loses this by its nature.
-bool IsLoss(const RouteLosses& losses, const SurveyDifference& difference) {
-  if (losses.keepsFirstStation && difference.subject == Subject::Setup) {
+bool IsLoss(const RouteFacts& facts, const SurveyDifference& difference) {
+  if (facts.keepsFirstStation && difference.subject == Subject::Setup) {
     return difference.change == Change::Moved || difference.property == L"position";
   }
   return false;
 }
 
 /// Leaves only what didn't arrive.
-void KeepMissing(const RouteLosses& losses, SurveyDiff& diff) {
+void KeepMissing(const RouteFacts& facts, SurveyDiff& diff) {
   std::erase_if(diff.differences, [&](const SurveyDifference& each) {
-    return each.change == Change::OnlySecond || IsLoss(losses, each);
+    return each.change == Change::OnlySecond || IsLoss(facts, each);
   });
   for (SubjectCounts& counts : diff.counts) counts.changes = {};
   diff.notCompared.clear();
@@ -133,25 +133,25 @@ void Append(SurveyDiff&& more, SurveyDiff& diff) {
   }
 }
 
-void Compare(const ConvertedFiles& files, const RouteLosses& losses, Survey& input, Survey& output,
+void Compare(const ConvertedFiles& files, const RouteFacts& facts, Survey& input, Survey& output,
              Verification& result) {
-  if (losses.measuresOnly) DropStakeOuts(input);
-  if (losses.losesGpsGrid) DropGpsPoints(input);
-  if (losses.dropsDeletedLines) DropDeletedLines(input);
-  if (losses.statesStations) DropStations(input);
+  if (facts.measuresOnly) DropStakeOuts(input);
+  if (facts.losesGpsGrid) DropGpsPoints(input);
+  if (facts.dropsDeletedLines) DropDeletedLines(input);
+  if (facts.statesStations) DropStations(input);
   MarkReduced(input);
-  result.compared = OptionsFor(losses, input, output);
+  result.compared = OptionsFor(facts, input, output);
   result.missing = DiffSurveys(input, output, result.compared);
   // Routes with other forms of stations don't go by way of a DC file, as the survey does.
   const std::optional<Survey> records =
-      losses.statesStations ? std::nullopt : ReadSourceRecords(files.input, files.inputType);
+      facts.statesStations ? std::nullopt : ReadSourceRecords(files.input, files.inputType);
   if (records) {
     DiffOptions options = result.compared;
     options.isFirstPartial = true;
-    options.kinds = losses.carried & KindSet{Kind::Points, Kind::Shots, Kind::Deletions};
+    options.kinds = facts.carried & KindSet{Kind::Points, Kind::Shots, Kind::Deletions};
     Append(DiffSurveys(*records, output, options), result.missing);
   }
-  KeepMissing(losses, result.missing);
+  KeepMissing(facts, result.missing);
 }
 
 }  // namespace
@@ -162,8 +162,8 @@ bool CanVerify(FileType outputType) {
 
 Verification VerifyConversion(const ConvertedFiles& files) {
   Verification result;
-  const RouteLosses* losses = LossesOf(files.inputType, files.outputType);
-  if (losses == nullptr || !CanVerify(files.outputType)) return result;
+  const RouteFacts* facts = FactsOf(files.inputType, files.outputType);
+  if (facts == nullptr || !CanVerify(files.outputType)) return result;
   std::optional<Survey> input =
       ReadSurvey(files.input, files.inputType, result.messages, {{}, files.job});
   if (!input) return result;
@@ -173,7 +173,7 @@ Verification VerifyConversion(const ConvertedFiles& files) {
   if (!output) return result;
   result.messages.clear();  // the conversion has told them
   result.isRead = true;
-  Compare(files, *losses, *input, *output, result);
+  Compare(files, *facts, *input, *output, result);
   return result;
 }
 

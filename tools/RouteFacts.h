@@ -1,15 +1,13 @@
-// What of a survey each route carries over. The rest is lost on the way, by the nature of the
-// output or of the conversion.
+// What a verification has to know of each route: what of a survey it carries over, and what it
+// makes other than it was. The rest is lost on the way by its nature.
 #pragma once
-
-#include <string_view>
 
 #include "tools/FormatLimits.h"
 #include "zelconvert/zelconvert.h"
 
 namespace zelconvert::tools {
 
-struct RouteLosses {
+struct RouteFacts {
   KindSet carried;
   bool measuresOnly = false;  ///< of shots those to staked out points are left out
   bool losesGpsGrid = false;  ///< points by GPS arrive as positions or vectors, not as coordinates
@@ -17,11 +15,9 @@ struct RouteLosses {
   bool dropsDeletedLines = false;  ///< records that are deleted but not by a class of their own
   bool codesGrow = false;          ///< marks of a log are added to codes
   bool keepsFirstStation = false;  ///< a station that was shot before keeps its place from there
-  /// What arrives in another form than it had, for people; empty: nothing.
-  std::wstring_view remark = {};
 };
 
 /// Null if nothing is carried from one type to the other.
-const RouteLosses* LossesOf(FileType from, FileType to);
+const RouteFacts* FactsOf(FileType from, FileType to);
 
 }  // namespace zelconvert::tools
