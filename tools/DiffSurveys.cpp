@@ -4,6 +4,7 @@
 #include <cmath>
 #include <deque>
 #include <iterator>
+#include <numeric>
 #include <tuple>
 #include <utility>
 
@@ -151,6 +152,22 @@ void TellOnly(Subject subject, bool isFirst, const Record& record,
   (isFirst ? difference.firstLine : difference.secondLine) = record.line;
 }
 
+// Differences are too large to be moved at every step of sorting.
+void SortByName(std::vector<SurveyDifference>& found, std::size_t start) {
+  std::vector<std::size_t> order(found.size() - start);
+  std::iota(order.begin(), order.end(), start);
+  std::ranges::stable_sort(order, [&found](std::size_t i, std::size_t j) {
+    const SurveyDifference &a = found[i], &b = found[j];
+    const std::strong_ordering names = CompareNaturally(a.name, b.name);
+    if (names != 0) return names < 0;
+    return std::tie(a.firstLine, a.secondLine) < std::tie(b.firstLine, b.secondLine);
+  });
+  std::vector<SurveyDifference> sorted;
+  sorted.reserve(order.size());
+  for (const std::size_t i : order) sorted.push_back(std::move(found[i]));
+  std::ranges::move(sorted, found.begin() + static_cast<std::ptrdiff_t>(start));
+}
+
 class SurveyComparison {
  public:
   SurveyComparison(const Survey& first, const Survey& second, const DiffOptions& options,
@@ -216,7 +233,7 @@ void SurveyComparison::CompareAll(Subject subject, Kind kind,
   matches.pairs.insert(matches.pairs.end(), more.pairs.begin(), more.pairs.end());
 
   std::vector<SurveyDifference>& found = m_diff.differences;
-  const auto start = static_cast<std::ptrdiff_t>(found.size());
+  const std::size_t start = found.size();
   for (const auto& [a, b] : matches.pairs) m_comparison.Compare(first[a], second[b]);
   SubjectCounts& counts = m_diff.counts[static_cast<std::size_t>(subject)];
   counts.first = counts.second = matches.pairs.size();
@@ -230,13 +247,7 @@ void SurveyComparison::CompareAll(Subject subject, Kind kind,
     ++counts.second;
     TellOnly(subject, false, second[item.index], found);
   }
-  std::stable_sort(found.begin() + start, found.end(), [](const auto& a, const auto& b) {
-    const std::strong_ordering order = CompareNaturally(a.name, b.name);
-    const auto rest = [](const SurveyDifference& each) {
-      return std::tuple(each.firstLine, each.secondLine);
-    };
-    return order != 0 ? order < 0 : rest(a) < rest(b);
-  });
+  SortByName(found, start);
 }
 
 void SurveyComparison::TellNotCompared() {

@@ -25,15 +25,15 @@ struct Groups {
   std::vector<std::size_t> ends;
 };
 
-using KeyNumbers = std::unordered_map<std::wstring_view, std::size_t>;
-
-Groups GroupByKey(std::span<const MatchItem> items, const KeyNumbers& numbers) {
+/// numbers: of the key of each item.
+Groups GroupByKey(std::span<const MatchItem> items, const std::vector<std::size_t>& numbers,
+                  std::size_t keyCount) {
   Groups groups;
-  std::vector<std::size_t> starts(numbers.size() + 1, 0);
-  for (const MatchItem& item : items) ++starts[numbers.at(item.key) + 1];
+  std::vector<std::size_t> starts(keyCount + 1, 0);
+  for (const std::size_t number : numbers) ++starts[number + 1];
   for (std::size_t i = 1; i < starts.size(); ++i) starts[i] += starts[i - 1];
   groups.items.resize(items.size());
-  for (const MatchItem& item : items) groups.items[starts[numbers.at(item.key)]++] = item;
+  for (std::size_t i = 0; i < items.size(); ++i) groups.items[starts[numbers[i]]++] = items[i];
   starts.pop_back();
   groups.ends = std::move(starts);  // each start has moved to the end of its group
   return groups;
@@ -130,15 +130,23 @@ void Matching::MatchInOrder(Group first, Group second) {
 
 Matches MatchRecords(std::span<const MatchItem> first, std::span<const MatchItem> second,
                      double tolerance) {
-  KeyNumbers numbers;
-  for (const Group items : {first, second}) {
-    for (const MatchItem& item : items) numbers.try_emplace(item.key, numbers.size());
-  }
-  const Groups ofFirst = GroupByKey(first, numbers), ofSecond = GroupByKey(second, numbers);
+  std::unordered_map<std::wstring_view, std::size_t> keys;
+  keys.reserve(std::max(first.size(), second.size()));
+  const auto numbersOf = [&keys](Group items) {
+    std::vector<std::size_t> numbers;
+    numbers.reserve(items.size());
+    for (const MatchItem& item : items) {
+      numbers.push_back(keys.try_emplace(item.key, keys.size()).first->second);
+    }
+    return numbers;
+  };
+  const std::vector<std::size_t> inFirst = numbersOf(first), inSecond = numbersOf(second);
+  const Groups ofFirst = GroupByKey(first, inFirst, keys.size());
+  const Groups ofSecond = GroupByKey(second, inSecond, keys.size());
   Matches matches;
   Matching matching(tolerance, matches);
   std::size_t startOfFirst = 0, startOfSecond = 0;
-  for (std::size_t i = 0; i < numbers.size(); ++i) {
+  for (std::size_t i = 0; i < keys.size(); ++i) {
     const std::size_t endOfFirst = ofFirst.ends[i], endOfSecond = ofSecond.ends[i];
     matching.Match(Group(ofFirst.items).subspan(startOfFirst, endOfFirst - startOfFirst),
                    Group(ofSecond.items).subspan(startOfSecond, endOfSecond - startOfSecond));
