@@ -73,7 +73,7 @@ void Read(DiffSide& side, std::optional<LinearUnit> listUnit, Outcome& outcome) 
   StringList messages;
   std::optional<Survey> survey = tools::ReadSurvey(
       platform::ToLibrary(side.file.GetPath()), side.type.type, messages, {.listUnit = listUnit});
-  for (const std::wstring& text : messages) outcome.messages.push_back(ToUtf8(text));
+  for (const std::wstring& text : messages) outcome.messages.push_back(AsUtf8(text));
   side.file.RenameIn(outcome);
   if (!survey) throw HostFailure(kNoInput, side.name + " can't be read");
   side.survey = *std::move(survey);
@@ -94,7 +94,7 @@ void Print(const DiffSide& a, const DiffSide& b, const SurveyDiff& diff,
            const tools::DiffOptions& how) {
   if (diff.IsEqual()) return;
   PrintOut("A  " + a.name + "\nB  " + b.name + "\n");
-  PrintOut(ToUtf8(tools::FormatDiff(diff, how)));
+  PrintOut(AsUtf8(tools::FormatDiff(diff, how)));
 }
 
 Json::Object Describe(const DiffSide& side) {
@@ -117,7 +117,7 @@ Json::Object AsJson(const Outcome& outcome) {
 }
 
 // The texts of the readers, and what went wrong; what differs has been printed.
-void TellAsText(const Outcome& outcome) {
+void TellRest(const Outcome& outcome) {
   if (!IsQuiet()) PrintMessages(outcome.messages);
   if (!outcome.error.empty()) PrintNote(outcome.error);
 }
@@ -141,12 +141,12 @@ ExitCode RunDiff(const Options& options) {
     outcome.about = {{"equal", diff.IsEqual()},
                      {"tolerance", tolerance},
                      {"files", Json::List{Describe(a), Describe(b)}}};
-    for (auto& field : ToJson(diff)) outcome.about.push_back(std::move(field));
+    for (auto& field : DiffToJson(diff)) outcome.about.push_back(std::move(field));
   });
   if (options.json) {
     PrintOut(ToLines(AsJson(outcome)));
   } else {
-    TellAsText(outcome);
+    TellRest(outcome);
   }
   return outcome.code;
 }

@@ -22,10 +22,10 @@ Json Metres(double value) {
   return Rounded(value, 1e5);
 }
 
-Json ToJson(Quantity quantity, const tools::PropertyValue& value) {
+Json ValueToJson(Quantity quantity, const tools::PropertyValue& value) {
   switch (quantity) {
     case Quantity::Text:
-      return value.text.empty() ? Json(nullptr) : Json(ToUtf8(value.text));
+      return value.text.empty() ? Json(nullptr) : Json(AsUtf8(value.text));
     case Quantity::Length:
       return Metres(value.number);
     case Quantity::Angle:
@@ -46,14 +46,14 @@ void AddPosition(Json::Object& object, const tools::GridPosition& position) {
 }
 
 void AddValues(Json::Object& object, const SurveyDifference& difference) {
-  object.emplace_back("a", ToJson(difference.quantity, difference.first));
-  object.emplace_back("b", ToJson(difference.quantity, difference.second));
+  object.emplace_back("a", ValueToJson(difference.quantity, difference.first));
+  object.emplace_back("b", ValueToJson(difference.quantity, difference.second));
 }
 
 void AddCode(Json::Object& object, const SurveyDifference& difference) {
   const bool isFirst = difference.change == Change::OnlyFirst;
   object.emplace_back("code",
-                      ToJson(Quantity::Text, isFirst ? difference.first : difference.second));
+                      ValueToJson(Quantity::Text, isFirst ? difference.first : difference.second));
 }
 
 void AddChange(Json::Object& object, const SurveyDifference& difference) {
@@ -70,7 +70,7 @@ void AddChange(Json::Object& object, const SurveyDifference& difference) {
     case Change::Recoded:
       return AddValues(object, difference);
     case Change::Changed:
-      object.emplace_back("property", ToUtf8(difference.property));
+      object.emplace_back("property", AsUtf8(difference.property));
       return AddValues(object, difference);
     default:
       return;
@@ -83,7 +83,7 @@ Json::Object CountsToJson(const tools::SurveyDiff& diff) {
     const tools::SubjectCounts& count = diff.counts[i];
     if (count.first == 0 && count.second == 0) continue;
     counts.emplace_back(
-        ToUtf8(NameOf(static_cast<Subject>(i))),
+        AsUtf8(NameOf(static_cast<Subject>(i))),
         Json::Object{{"a", static_cast<int>(count.first)}, {"b", static_cast<int>(count.second)}});
   }
   return counts;
@@ -91,26 +91,26 @@ Json::Object CountsToJson(const tools::SurveyDiff& diff) {
 
 }  // namespace
 
-std::string ToUtf8(std::wstring_view text) {
+std::string AsUtf8(std::wstring_view text) {
   std::string bytes;
   AppendUtf8(bytes, text);
   return bytes;
 }
 
-Json::Object ToJson(const SurveyDifference& difference) {
-  Json::Object object = {{"subject", ToUtf8(NameOf(difference.subject))}};
-  if (difference.subject != Subject::System) object.emplace_back("name", ToUtf8(difference.name));
-  object.emplace_back("change", ToUtf8(NameOf(difference.change)));
+Json::Object DiffToJson(const SurveyDifference& difference) {
+  Json::Object object = {{"subject", AsUtf8(NameOf(difference.subject))}};
+  if (difference.subject != Subject::System) object.emplace_back("name", AsUtf8(difference.name));
+  object.emplace_back("change", AsUtf8(NameOf(difference.change)));
   AddChange(object, difference);
   object.emplace_back("lineInA", Line(difference.firstLine));
   object.emplace_back("lineInB", Line(difference.secondLine));
   return object;
 }
 
-Json::Object ToJson(const tools::SurveyDiff& diff) {
+Json::Object DiffToJson(const tools::SurveyDiff& diff) {
   Json::List left, differences;
-  for (const tools::Kind kind : diff.notCompared) left.emplace_back(ToUtf8(NameOf(kind)));
-  for (const SurveyDifference& each : diff.differences) differences.emplace_back(ToJson(each));
+  for (const tools::Kind kind : diff.notCompared) left.emplace_back(AsUtf8(NameOf(kind)));
+  for (const SurveyDifference& each : diff.differences) differences.emplace_back(DiffToJson(each));
   return {{"counts", CountsToJson(diff)},
           {"notCompared", std::move(left)},
           {"differences", std::move(differences)}};

@@ -9,11 +9,11 @@
 
 namespace zelconvert::cli {
 
-std::string ToUtf8(std::wstring_view text);
+std::string AsUtf8(std::wstring_view text);
 
 /// Lengths in metres to a hundredth of a millimetre, angles in decimal degrees; null: none.
-Json::Object ToJson(const tools::SurveyDifference& difference);
+Json::Object DiffToJson(const tools::SurveyDifference& difference);
 /// "counts", "notCompared" and "differences".
-Json::Object ToJson(const tools::SurveyDiff& diff);
+Json::Object DiffToJson(const tools::SurveyDiff& diff);
 
 }  // namespace zelconvert::cli

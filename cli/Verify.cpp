@@ -16,13 +16,13 @@ using tools::SurveyDifference;
 using tools::Verification;
 
 // Missing points are no longer those of A or B: the user has named no such files.
-std::string Describe(const SurveyDifference& difference, int decimals) {
+std::string DescribeMissing(const SurveyDifference& difference, int decimals) {
   const bool isGone = difference.change == tools::Change::OnlyFirst;
-  std::string text = ToUtf8(NameOf(difference.subject)) + " ";
-  if (!difference.name.empty()) text += ToUtf8(tools::ShowText(difference.name)) + " ";
-  text += isGone ? "is missing" : ToUtf8(NameOf(difference.change));
+  std::string text = AsUtf8(NameOf(difference.subject)) + " ";
+  if (!difference.name.empty()) text += AsUtf8(tools::ShowText(difference.name)) + " ";
+  text += isGone ? "is missing" : AsUtf8(NameOf(difference.change));
   const std::string details =
-      ToUtf8(tools::ShowText(tools::DescribeDifference(difference, decimals)));
+      AsUtf8(tools::ShowText(tools::DescribeDifference(difference, decimals)));
   return "verify: " + text + (details.empty() ? "" : ": " + details);
 }
 
@@ -30,8 +30,8 @@ void AddDifferences(const Verification& result, Outcome& outcome) {
   const int decimals = tools::DecimalsFor(result.compared.heightTolerance);
   Json::List missing;
   for (const SurveyDifference& each : result.missing.differences) {
-    outcome.messages.push_back(Describe(each, decimals));
-    missing.emplace_back(ToJson(each));
+    outcome.messages.push_back(DescribeMissing(each, decimals));
+    missing.emplace_back(DiffToJson(each));
   }
   outcome.about.emplace_back("verified", result.missing.IsEqual());
   outcome.about.emplace_back("missing", std::move(missing));
@@ -51,14 +51,14 @@ std::string Verify(const ConvertPlan& plan, const Conversion& staged, Outcome& o
                                                        platform::ToLibrary(staged.output), asked.to,
                                                        platform::ToLibrary(asked.job)});
   if (!result.isRead) {
-    for (const std::wstring& text : result.messages) outcome.messages.push_back(ToUtf8(text));
+    for (const std::wstring& text : result.messages) outcome.messages.push_back(AsUtf8(text));
     return ToText(result.isInputRead ? asked.output : asked.input) +
            " can't be read to verify the conversion";
   }
   AddDifferences(result, outcome);
   if (result.missing.IsEqual()) return {};
   return ToText(asked.output) + " lacks what should have arrived (" +
-         ToUtf8(tools::SummarizeDiff(result.missing)) + ")";
+         AsUtf8(tools::SummarizeDiff(result.missing)) + ")";
 }
 
 }  // namespace zelconvert::cli

@@ -10,8 +10,7 @@
 namespace zelconvert::tools {
 namespace {
 
-constexpr double kNoise = 1e-8;         // metres, or radians of a circle, that computing may leave
-constexpr double kUsualDistance = 100;  // metres, for angles to something that is at none
+constexpr double kNoise = 1e-8;  // metres, or radians of a circle, that computing may leave
 // Of a scale or slope: a tenth of a millimetre in a hundred kilometres.
 constexpr double kRatioTolerance = 1e-9;
 

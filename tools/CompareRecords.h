@@ -11,6 +11,9 @@
 
 namespace zelconvert::tools {
 
+/// Metres, at which angles count by what they do if what they lead to is at no known distance.
+inline constexpr double kUsualDistance = 100;
+
 // As differences name them.
 std::wstring NameFor(const SurveyPoint& point);
 std::wstring NameFor(const Setup& setup);

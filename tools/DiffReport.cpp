@@ -71,7 +71,7 @@ std::wstring FormatValue(Quantity quantity, const PropertyValue& value, int deci
   }
 }
 
-std::wstring Quoted(const std::wstring& text) {
+std::wstring InQuotes(const std::wstring& text) {
   return L"\"" + text + L"\"";
 }
 
@@ -103,7 +103,7 @@ std::wstring DescribeDifference(const SurveyDifference& difference, int decimals
     case Change::Moved:
       return DescribeMove(difference.position, decimals);
     case Change::Recoded:
-      return Quoted(first.text) + L" -> " + Quoted(second.text);
+      return InQuotes(first.text) + L" -> " + InQuotes(second.text);
     case Change::Changed:
       return std::wstring(difference.property) + L" " +
              FormatValue(difference.quantity, first, decimals) + L" -> " +

@@ -17,9 +17,6 @@
 namespace zelconvert::tools {
 namespace {
 
-// Angles count by what they do at this distance.
-constexpr double kUsualDistance = 100;
-
 // ---- What tells records of one name apart
 
 using Place = std::array<double, 3>;

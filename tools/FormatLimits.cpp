@@ -15,17 +15,17 @@ namespace {
 constexpr std::size_t kAnyLength = std::numeric_limits<std::size_t>::max();
 
 constexpr Digits kWhole = {};
-constexpr KindSet kSdrKinds = {Kind::Points, Kind::Setups, Kind::Shots, Kind::Notes};
+constexpr KindSet kKindsOfSdr = {Kind::Points, Kind::Setups, Kind::Shots, Kind::Notes};
 // Of a road the place where it starts.
-constexpr KindSet kJobKinds = {Kind::Points, Kind::Roads, Kind::System};
-constexpr KindSet kIljKinds = {Kind::Points, Kind::Geodetic, Kind::Deletions,
-                               Kind::Shots,  Kind::System,   Kind::Notes};
+constexpr KindSet kKindsOfJob = {Kind::Points, Kind::Roads, Kind::System};
+constexpr KindSet kKindsOfIlj = {Kind::Points, Kind::Geodetic, Kind::Deletions,
+                                 Kind::Shots,  Kind::System,   Kind::Notes};
 
 // kinds, names, characters of a name and of a code, 8 bits, length, height, angle, scale
 constexpr FormatLimits kDc = {kAllKinds, NameForm::Text, 16,      16,     true,
                               {5, 16},   {5, 16},        {9, 16}, {9, 16}};
-constexpr FormatLimits kJob = {kJobKinds, NameForm::Word, 16,     16,    false,
-                               kWhole,    kWhole,         kWhole, kWhole};
+constexpr FormatLimits kJob = {kKindsOfJob, NameForm::Word, 16,     16,    false,
+                               kWhole,      kWhole,         kWhole, kWhole};
 constexpr FormatLimits kList = {{Kind::Points}, NameForm::Number, 7,      16,    true,
                                 kWhole,         kWhole,           kWhole, kWhole};
 constexpr FormatLimits kLog = {kAllKinds.Without({Kind::Roads}),
@@ -37,14 +37,14 @@ constexpr FormatLimits kLog = {kAllKinds.Without({Kind::Roads}),
                                kWhole,
                                kWhole,
                                kWhole};
-constexpr FormatLimits kSdr33File = {kSdrKinds, NameForm::Text, 14,      16,     true,
-                                     {5, 16},   {3, 16},        {5, 16}, {3, 16}};
-constexpr FormatLimits kSdr2File = {kSdrKinds, NameForm::Number, 4,       16,     true,
-                                    {3, 10},   {3, 10},          {5, 10}, {3, 10}};
-constexpr FormatLimits kIlj = {kIljKinds, NameForm::Word, 16,      kAnyLength, false,
-                               {5, 16},   {5, 16},        {7, 16}, {9, 16}};
-constexpr FormatLimits kDocument = {kSdrKinds, NameForm::Text, 16,      kAnyLength, false,
-                                    {5, 16},   {3, 16},        {6, 16}, {9, 16}};
+constexpr FormatLimits kSdr33File = {kKindsOfSdr, NameForm::Text, 14,      16,     true,
+                                     {5, 16},     {3, 16},        {5, 16}, {3, 16}};
+constexpr FormatLimits kSdr2File = {kKindsOfSdr, NameForm::Number, 4,       16,     true,
+                                    {3, 10},     {3, 10},          {5, 10}, {3, 10}};
+constexpr FormatLimits kIlj = {kKindsOfIlj, NameForm::Word, 16,      kAnyLength, false,
+                               {5, 16},     {5, 16},        {7, 16}, {9, 16}};
+constexpr FormatLimits kDocument = {kKindsOfSdr, NameForm::Text, 16,      kAnyLength, false,
+                                    {5, 16},     {3, 16},        {6, 16}, {9, 16}};
 
 constexpr bool IsWordCharacter(wchar_t c) {
   return IsAsciiAlnum(c) || c == L'_';

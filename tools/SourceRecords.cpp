@@ -197,7 +197,7 @@ void ReadIljPoints(CTextFile& ilj, Survey& survey) {
   }
 }
 
-std::wstring Beside(const std::wstring& path, std::wstring_view extension) {
+std::wstring LogBeside(const std::wstring& path, std::wstring_view extension) {
   constexpr std::size_t kReplaced = 4;
   return path.substr(0, path.size() - std::min(path.size(), kReplaced)).append(extension);
 }
@@ -222,10 +222,10 @@ bool ReadByType(const std::wstring& path, Survey& survey) {
     case FT_PW_RAW:
       return ReadLog(path, survey);
     case FT_CR5_RW5:
-      return ReadLog(Beside(path, L".rw5"), survey);
+      return ReadLog(LogBeside(path, L".rw5"), survey);
     case FT_JOB_RAW:
     case FT_PW_JOB_RAW:
-      return ReadLog(Beside(path, HasExtension(path, L".job") ? L".raw" : L".pwr"), survey);
+      return ReadLog(LogBeside(path, HasExtension(path, L".job") ? L".raw" : L".pwr"), survey);
     case FT_ILJ: {
       CTextFile ilj(CTextFile::kUtf16LittleEndian);
       ilj.SetAllowUnicode(true);

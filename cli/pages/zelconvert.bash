@@ -6,11 +6,11 @@ _zelconvert() {
     if [[ $prev == = ]]; then prev=${COMP_WORDS[COMP_CWORD - 2]}; fi
     COMPREPLY=()
     if ((COMP_CWORD == 1)); then
-        COMPREPLY=($(compgen -W 'convert batch detect types info points import-cr5 import-sdr merge plot help --help --version' -- "$cur"))
+        COMPREPLY=($(compgen -W 'convert batch detect types info points import-cr5 import-sdr merge diff plot help --help --version' -- "$cur"))
         return
     fi
     case ${COMP_WORDS[1]} in
-        'convert') options='--from --to --job --force -h --help --json --quiet' ;;
+        'convert') options='--from --to --job --force --verify --keep -h --help --json --quiet' ;;
         'batch') options='--to --out-dir --from --files-from --jobs --keep-going --skip-existing --report --force -h --help --json --quiet' ;;
         'detect') options='-h --help --json --quiet' ;;
         'types') options='-h --help --json --quiet' ;;
@@ -19,6 +19,7 @@ _zelconvert() {
         'import-cr5') options='--force --units --to -h --help --json --quiet' ;;
         'import-sdr') options='--force --from -h --help --json --quiet' ;;
         'merge') options='--force --from --to -h --help --json --quiet' ;;
+        'diff') options='--tolerance --from --to --units -h --help --json --quiet' ;;
         'plot') options='--force --from --job --units -h --help --json --quiet' ;;
         'help') options='-h --help --json --quiet' ;;
     esac
@@ -41,9 +42,12 @@ _zelconvert() {
         'import-sdr --from') values='sdr33 sdr2' ;;
         'merge --from') values='job pwj' ;;
         'merge --to') values='job pwj' ;;
+        'diff --from') values='job oldjob pwj cr5 seqcr5 dc dc77 dc1000 dc1070 raw rw5 pwr job+raw pwj+pwr cr5+rw5 sdr33 sdr2 ilj jxl' ;;
+        'diff --to') values='job oldjob pwj cr5 seqcr5 dc dc77 dc1000 dc1070 raw rw5 pwr job+raw pwj+pwr cr5+rw5 sdr33 sdr2 ilj jxl' ;;
+        'diff --units') values='m ft usft' ;;
         'plot --from') values='job oldjob pwj cr5 seqcr5 dc dc77 dc1000 dc1070 raw rw5 pwr job+raw pwj+pwr cr5+rw5 sdr33 sdr2 ilj jxl' ;;
         'plot --units') values='m ft usft' ;;
-        'help') words='convert batch detect types info points import-cr5 import-sdr merge plot help' ;;
+        'help') words='convert batch detect types info points import-cr5 import-sdr merge diff plot help' ;;
         esac
     done
     if [[ $cur == -* ]]; then words=$options; fi
