@@ -75,9 +75,10 @@ void KeepMissing(const RouteFacts& facts, SurveyDiff& diff) {
   }
 }
 
-/// Shots to stakes, and the points that these alone give.
-void DropStakeOuts(Survey& survey) {
-  std::erase_if(survey.shots, [](const Shot& shot) { return shot.kind == ShotKind::StakeOut; });
+/// Sets of rounds, which no route carries, or shots to stakes, and the points that these alone
+/// give.
+void DropShots(Survey& survey, ShotKind kind) {
+  std::erase_if(survey.shots, [kind](const Shot& shot) { return shot.kind == kind; });
   std::unordered_set<std::wstring_view> targets;
   for (const Shot& shot : survey.shots) targets.insert(shot.target);
   std::erase_if(survey.points, [&](const SurveyPoint& point) {
@@ -135,7 +136,8 @@ void Append(SurveyDiff&& more, SurveyDiff& diff) {
 
 void Compare(const ConvertedFiles& files, const RouteFacts& facts, Survey& input, Survey& output,
              Verification& result) {
-  if (facts.measuresOnly) DropStakeOuts(input);
+  DropShots(input, ShotKind::Round);
+  if (facts.measuresOnly) DropShots(input, ShotKind::StakeOut);
   if (facts.losesGpsGrid) DropGpsPoints(input);
   if (facts.dropsDeletedLines) DropDeletedLines(input);
   if (facts.statesStations) DropStations(input);
