@@ -15,9 +15,22 @@ using platform::ToLibrary;
 using platform::ToText;
 using zelconvert::platform::kOpenReadOnly;
 
+// As kUnitNames has them.
+constexpr LinearUnit kUnits[] = {LinearUnit::Metre, LinearUnit::InternationalFoot,
+                                 LinearUnit::UsSurveyFoot};
+
 int UnitsNamed(std::string_view name) {
   if (name.empty()) return 0;
   return static_cast<int>(std::ranges::find(kUnitNames, name) - std::begin(kUnitNames));
+}
+
+std::optional<LinearUnit> LinearUnitNamed(std::string_view name) {
+  if (name.empty()) return std::nullopt;
+  return kUnits[UnitsNamed(name)];
+}
+
+std::string_view NameOfUnit(LinearUnit unit) {
+  return kUnitNames[std::ranges::find(kUnits, unit) - std::begin(kUnits)];
 }
 
 void ImportCr5(const fs::path& list, const fs::path& jobPath, FileType type, int units) {

@@ -2,9 +2,11 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 
+#include "io/Units.h"
 #include "zelconvert/zelconvert.h"
 
 namespace zelconvert::cli {
@@ -13,6 +15,9 @@ namespace zelconvert::cli {
 inline constexpr std::string_view kUnitNames[] = {"m", "ft", "usft"};
 /// That number; of an empty name that of metres.
 int UnitsNamed(std::string_view name);
+/// The unit itself; none of an empty name.
+std::optional<LinearUnit> LinearUnitNamed(std::string_view name);
+std::string_view NameOfUnit(LinearUnit unit);
 
 /// Makes `job`, of one of the three job types. Throws a HostFailure, and leaves what was made until
 /// then.

@@ -29,14 +29,6 @@ namespace {
 using tools::Survey;
 using tools::SurveyDiff;
 
-// As kUnitNames has them.
-constexpr LinearUnit kUnits[] = {LinearUnit::Metre, LinearUnit::InternationalFoot,
-                                 LinearUnit::UsSurveyFoot};
-
-std::string_view NameOf(LinearUnit unit) {
-  return kUnitNames[std::ranges::find(kUnits, unit) - std::begin(kUnits)];
-}
-
 double ToleranceOf(const Options& options) {
   constexpr double kUsual = 0.001;
   if (options.tolerance.empty()) return kUsual;
@@ -64,8 +56,7 @@ struct DiffSide {
 // A list doesn't tell its unit; in the other's it was made, as far as anybody knows.
 std::optional<LinearUnit> UnitOfLists(const Options& options,
                                       const std::optional<LinearUnit>& other) {
-  if (options.units.empty()) return other;
-  return kUnits[UnitsNamed(options.units)];
+  return options.units.empty() ? other : LinearUnitNamed(options.units);
 }
 
 void Read(DiffSide& side, std::optional<LinearUnit> listUnit, Outcome& outcome) {
@@ -100,12 +91,12 @@ void Print(const DiffSide& a, const DiffSide& b, const SurveyDiff& diff,
 Json::Object Describe(const DiffSide& side) {
   const Survey& survey = side.survey;
   const bool isInGons = survey.angleUnit == AngularUnit::Gon;
-  return {
-      {"file", side.name},
-      {"type", std::string(side.type.name)},
-      {"lengthUnit", survey.lengthUnit ? Json(std::string(NameOf(*survey.lengthUnit))) : nullptr},
-      {"angleUnit", std::string(isInGons ? "gon" : "degree")},
-      {"epsg", survey.epsg ? Json(*survey.epsg) : nullptr}};
+  return {{"file", side.name},
+          {"type", std::string(side.type.name)},
+          {"lengthUnit",
+           survey.lengthUnit ? Json(std::string(NameOfUnit(*survey.lengthUnit))) : nullptr},
+          {"angleUnit", std::string(isInGons ? "gon" : "degree")},
+          {"epsg", survey.epsg ? Json(*survey.epsg) : nullptr}};
 }
 
 Json::Object AsJson(const Outcome& outcome) {

@@ -42,17 +42,10 @@ void CheckOutputName(const std::string& output) {
   }
 }
 
-std::optional<LinearUnit> ListUnit(const Options& options) {
-  constexpr LinearUnit kUnits[] = {LinearUnit::Metre, LinearUnit::InternationalFoot,
-                                   LinearUnit::UsSurveyFoot};
-  if (options.units.empty()) return std::nullopt;
-  return kUnits[UnitsNamed(options.units)];
-}
-
 tools::Survey Read(const Options& options, const std::wstring& input, Outcome& outcome) {
   const fs::path path = platform::FromLibrary(input);
   const TypeInfo& type = TypeOfInput(options.from, path, "--from");
-  tools::ReadOptions how{.listUnit = ListUnit(options)};
+  tools::ReadOptions how{.listUnit = LinearUnitNamed(options.units)};
   if (options.job) {
     const fs::path job = Absolute(*options.job);
     CheckReadable(job);

@@ -17,10 +17,7 @@ std::string ExtensionOf(const std::string& type) {
 }
 
 tools::ReadOptions OptionsOf(const Options& options) {
-  constexpr LinearUnit kListUnits[] = {LinearUnit::Metre, LinearUnit::InternationalFoot,
-                                       LinearUnit::UsSurveyFoot};
-  tools::ReadOptions read;
-  if (!options.units.empty()) read.listUnit = kListUnits[UnitsNamed(options.units)];
+  tools::ReadOptions read{.listUnit = LinearUnitNamed(options.units)};
   if (options.job) read.job = platform::ToLibrary(Absolute(*options.job));
   return read;
 }

@@ -75,15 +75,15 @@ bool IsSameProjection(const CGlkProjectionRecord& a, const CGlkProjectionRecord&
   const auto length = [&](double CGlkProjectionRecord::*member) {
     return IsSame(a.*member, b.*member, kSameLength);
   };
-  using System = CGlkProjectionRecord;
+  using Record = CGlkProjectionRecord;
   const bool sameParallels =
-      (angle(&System::parallel1) && angle(&System::parallel2)) ||
+      (angle(&Record::parallel1) && angle(&Record::parallel2)) ||
       (a.projectionId == kLambertTwoParallels && IsSame(a.parallel1, b.parallel2, kSameAngle) &&
        IsSame(a.parallel2, b.parallel1, kSameAngle));
-  return a.projectionId == b.projectionId && angle(&System::originLatitude) &&
-         angle(&System::originLongitude) && length(&System::falseNorthing) &&
-         length(&System::falseEasting) && length(&System::originNorthing) &&
-         length(&System::originEasting) &&
+  return a.projectionId == b.projectionId && angle(&Record::originLatitude) &&
+         angle(&Record::originLongitude) && length(&Record::falseNorthing) &&
+         length(&Record::falseEasting) && length(&Record::originNorthing) &&
+         length(&Record::originEasting) &&
          IsSame(NullToOne(a.scale), NullToOne(b.scale), kSameRatio) && sameParallels;
 }
 

@@ -113,17 +113,17 @@ constexpr Parameter kParameters[] = {
 };
 
 double ParameterValue(double value, ParameterKind kind) {
-  constexpr int kAngleDecimals = 9;
-  constexpr int kRatioDecimals = 10;
+  constexpr int kDegreeDecimals = 9;
+  constexpr int kFactorDecimals = 10;
   switch (kind) {
     case ParameterKind::Angle:
-      return Rounded(value / kPi * 180, kAngleDecimals);
+      return Rounded(value / kPi * 180, kDegreeDecimals);
     case ParameterKind::Length:
       return Rounded(value, kShownDecimals);
     case ParameterKind::Ratio:
       break;
   }
-  return Rounded(value, kRatioDecimals);
+  return Rounded(value, kFactorDecimals);
 }
 
 void InfoMaker::TakeSystem() {
