@@ -69,7 +69,7 @@ double FieldOf(std::string_view line, std::size_t index, std::size_t start = 4) 
   return at < line.size() ? NumberIn(line.substr(at, 16)) : 0;
 }
 
-/// Copies the numbers of a record behind a tag.
+/// Copies the numbers of a record after a tag.
 void AppendPlain(std::string& out, std::string_view tag, std::string_view line, std::size_t fields,
                  std::size_t start = 4) {
   out += tag;

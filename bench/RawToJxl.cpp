@@ -1,5 +1,5 @@
 // Raw logs to JobXML by the exported function, beside the plain loop over the same logs: sideshots,
-// stored points (the list of known points grows with each), and a deletion behind each shot.
+// stored points (the list of known points grows with each), and a deletion after each shot.
 #include <benchmark/benchmark.h>
 
 #include <cstdint>

@@ -71,12 +71,14 @@ class CRawFile : public CFileCE {
   /// "Date: ..." with the local time, which `text` gets as well, without "--".
   virtual void WriteDateComment(std::wstring& text);
 
+  /// Creates the file, or empties the one that is there; false if it can't be.
   bool OpenForWrite(const std::wstring& path);
   /// The next line; false at the end of the file.
   bool ReadRecord(std::wstring& text) { return ReadLine(text); }
   /// The next line that begins with a tag; `text` is empty when there is none.
   bool FindRecord(FieldTag tag, std::wstring& text);
 
+  /// By the first two characters, exactly; Other if they are no tag.
   static RawRecordType GetRecordType(std::wstring_view record);
   /// The first field of the tag, by plain search: an earlier text that holds ",TG" hides it. False,
   /// with `value` as it was, if there is none.
@@ -107,6 +109,7 @@ class CRawFile : public CFileCE {
   /// Opens an existing file and moves to its end.
   bool OpenForAppend(const std::wstring& path);
   std::wstring GetFileType() const { return L"RAW"; }
+  /// An empty field, like any text that is no number, is 0.
   static bool GetIntField(std::wstring_view record, FieldTag tag, std::int32_t& value);
 
  private:

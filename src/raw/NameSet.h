@@ -16,6 +16,7 @@ class NameSet {
   bool Insert(std::wstring_view name);
   /// The number of a name that is there.
   std::optional<std::size_t> Find(std::wstring_view name) const;
+  /// How many names there are.
   std::size_t Size() const { return m_ends.size(); }
 
  private:

@@ -29,6 +29,7 @@ class RawFields {
 
   /// The text after a tag. False, with `value` as it was, if there is no such field.
   bool Find(FieldTag tag, std::wstring_view& value) const;
+  /// There is such a field, be it empty.
   bool Has(FieldTag tag) const;
 
  private:

@@ -54,6 +54,7 @@ class RawIndex {
   /// Reads the whole file and goes back to its start.
   void Build(CRawFile& raw);
 
+  /// Of the whole file, once it is built.
   std::int64_t LineCount() const { return static_cast<std::int64_t>(m_kinds.size()); }
   /// The first MO; defaults if there is none or it is bad.
   const MO_RECORD& FirstMode() const { return m_firstMode; }
@@ -61,6 +62,7 @@ class RawIndex {
   bool HasLocalization() const { return m_hasLocalization; }
   /// The names of which an OC, an RP or a caller asks whether they have been written already.
   const NameSet& AskedNames() const { return m_askedNames; }
+  /// Adds to these names.
   void AskFor(std::wstring_view name) { m_askedNames.Insert(name); }
   /// A DP after `line` deletes the point. Of several DP of a name the last counts.
   bool IsDeleted(std::wstring_view name, std::int64_t line) const;

@@ -397,7 +397,7 @@ struct AH_RECORD {
 struct BP_RECORD {
   std::wstring_view name;
   double latitude = 0, longitude = 0, height = 0;
-  std::int32_t geoid = 0;
+  std::int32_t geoid = 0;  ///< has to be there, has no use
 
   static constexpr RawField<BP_RECORD> kFields[] = {
       {L"PN", &BP_RECORD::name},
@@ -410,8 +410,8 @@ struct BP_RECORD {
 
 struct EP_RECORD {
   double latitude = 0, longitude = 0, height = 0;
-  std::int32_t method = 0;
-  std::int32_t classification = 0;
+  std::int32_t method = 0;          ///< GM: 2 a position for itself, else one on a vector
+  std::int32_t classification = 0;  ///< CL
   double horizontalPrecision = 0, verticalPrecision = 0;
 
   static constexpr RawField<EP_RECORD> kFields[] = {
@@ -430,8 +430,8 @@ struct BL_RECORD {
   std::wstring_view name;
   double deltaX = 0, deltaY = 0, deltaZ = 0;  ///< from the base, earth-centred
   std::wstring_view note;
-  std::int32_t method = 0;
-  std::int32_t classification = 0;
+  std::int32_t method = 0;          ///< GM: 2 a position for itself, else one on a vector
+  std::int32_t classification = 0;  ///< CL
   double horizontalPrecision = 0, verticalPrecision = 0;
 
   static constexpr RawField<BL_RECORD> kFields[] = {
@@ -631,7 +631,7 @@ struct HA_RECORD {
 };
 
 struct VA_RECORD {
-  std::int32_t method = 0;
+  std::int32_t method = 0;  ///< PV, 1 to 3
   double north = 0;
   double east = 0;
   double constantShift = 0;
@@ -648,7 +648,7 @@ struct VA_RECORD {
 
 struct CT_RECORD {
   std::wstring_view name;
-  std::int32_t dimension = 0;
+  std::int32_t dimension = 0;  ///< passed to the DC file as it is
   double horizontalPrecision = 0, verticalPrecision = 0;
 
   static constexpr RawField<CT_RECORD> kFields[] = {
@@ -660,7 +660,7 @@ struct CT_RECORD {
 };
 
 struct CS_RECORD {
-  std::int32_t system = 0;
+  std::int32_t system = 0;  ///< CO, 1 to 3
   std::wstring_view zoneGroupName;
   std::wstring_view zoneName;
   std::wstring_view datumName;
@@ -674,7 +674,7 @@ struct CS_RECORD {
 };
 
 struct CG_RECORD {
-  std::int32_t azimuthOrigin = 0;
+  std::int32_t azimuthOrigin = 0;  ///< AO: 2 from south
   std::int32_t groundOrigin = 0;
 
   static constexpr RawField<CG_RECORD> kFields[] = {

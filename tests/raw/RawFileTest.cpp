@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <functional>
 #include <iterator>
+#include <map>
 #include <span>
 #include <sstream>
 #include <string>
@@ -55,26 +56,18 @@ TEST(RawFields, AreFoundByPlainSearch) {
 }
 
 TEST(RawFields, AreNumbersWhateverTheyHold) {
-  struct Case {
-    const wchar_t* value;
-    double real;
-    std::int32_t integer;
-  };
-  for (const Case& each : {Case{L"1.5", 1.5, 1}, Case{L"", DC_NULL, 0}, Case{L" ", 0, 0},
-                           Case{L"x", 0, 0}, Case{L"-2e3", -2000, -2}, Case{L" 7x", 7, 7},
-                           Case{L"9999999999", 9999999999.0, 2147483647}}) {
-    SCOPED_TRACE(each.value);
-    const std::wstring record = std::wstring(L"XX,SD") + each.value;
+  for (const CaseFields& texts : ReadCases("tests/golden-lines/raw-numbers.txt")) {
+    SCOPED_TRACE(testing::PrintToString(texts));
+    const double expectedReal = texts[1] == L"null" ? DC_NULL : ToReal(texts[1]);
+    const std::wstring record = L"XX,SD" + texts[0];
     double real = -1;
     std::int32_t integer = -1;
     EXPECT_TRUE(CRawFile::GetDoubleField(record, L"SD", real));
     EXPECT_TRUE(CRawFile::GetIntField(record, L"SD", integer));
-    EXPECT_EQ(real, each.real);
-    EXPECT_EQ(integer, each.integer);
     EXPECT_FALSE(CRawFile::GetDoubleField(record, L"ZE", real));
     EXPECT_FALSE(CRawFile::GetIntField(record, L"ZE", integer));
-    EXPECT_EQ(real, each.real);
-    EXPECT_EQ(integer, each.integer);
+    EXPECT_EQ(real, expectedReal);
+    EXPECT_EQ(integer, ToInteger(texts.at(2)));
   }
 }
 
@@ -98,18 +91,12 @@ std::wstring Show(const Members&... members) {
   return out;
 }
 
-// The members that the record's table names. They stand in its order in the structure, too.
+// The members that the record's table names.
 template <class R>
 std::wstring ShowRecord(const R& record) {
   std::wstring out;
-  const void* last = nullptr;
-  const auto show = [&](const auto& value) {
-    EXPECT_TRUE(std::less<>()(last, static_cast<const void*>(&value)));
-    last = &value;
-    Append(out, value);
-  };
   for (const auto& field : R::kFields) {
-    std::visit([&](auto member) { show(record.*member); }, field.member);
+    std::visit([&](auto member) { Append(out, record.*member); }, field.member);
   }
   return out;
 }
@@ -250,59 +237,40 @@ TEST(RawDocs, ShowTheFieldsOfTheTables) {
   }
 }
 
-struct ParserCase {
-  std::wstring record;  // with every field, each with its own value
-  CaseFields required;  // tags
-  std::wstring members;
-};
-
-CaseFields Split(const std::wstring& text, wchar_t separator) {
-  CaseFields parts;
-  std::wistringstream stream(text);
-  for (std::wstring part; std::getline(stream, part, separator);) parts.push_back(part);
-  return parts;
+// A record with every field | the tags that it can't do without | its members.
+std::vector<CaseFields> ParserCases() {
+  return ReadCases("tests/golden-lines/raw-read.txt", '/');
 }
 
-std::vector<ParserCase> ParserCases() {
-  std::vector<ParserCase> cases;
-  for (const CaseFields& fields : ReadCases("tests/golden-lines/raw-read.txt", '/')) {
-    cases.push_back({fields.at(0), Split(fields.at(1), L' '), fields.at(2)});
-  }
-  return cases;
-}
-
-TEST(RawParsers, ReadEveryField) {
+TEST(RawParsers, ReadEveryFieldInAnyOrder) {
   std::string untried;
   for (const RecordOfTags& each : kRecords) untried += each.tags + ", ";
-  for (const ParserCase& each : ParserCases()) {
-    EXPECT_EQ(Parse(each.record), each.members) << each.record;
-    const std::size_t at = untried.find(ToNarrow(each.record.substr(0, 2)));
+  for (const CaseFields& each : ParserCases()) {
+    EXPECT_EQ(Parse(each[0]), each.at(2)) << each[0];
+    std::wstring turned = each[0].substr(0, 2);
+    for (std::size_t end = each[0].size(); end > 2;) {
+      const std::size_t comma = each[0].rfind(L',', end - 1);
+      turned += each[0].substr(comma, end - comma);
+      end = comma;
+    }
+    EXPECT_EQ(Parse(turned), each[2]) << turned;
+    const std::size_t at = untried.find(ToNarrow(each[0].substr(0, 2)));
     if (at != untried.npos) untried.erase(at, 2);
   }
   EXPECT_EQ(untried.find_first_not_of(", "), untried.npos) << untried;
 }
 
-TEST(RawParsers, TakeFieldsInAnyOrder) {
-  for (const ParserCase& each : ParserCases()) {
-    const CaseFields parts = Split(each.record, L',');
-    std::wstring turned = parts[0];
-    for (std::size_t i = parts.size() - 1; i > 0; --i) turned += L"," + parts[i];
-    EXPECT_EQ(Parse(turned), each.members) << turned;
-  }
-}
-
 TEST(RawParsers, RefuseARecordWithoutARequiredField) {
-  for (const ParserCase& each : ParserCases()) {
-    for (std::wstring tag : each.required) {
+  for (const CaseFields& each : ParserCases()) {
+    std::wistringstream tags(each.at(1));
+    for (std::wstring tag; tags >> tag;) {
       if (tag[1] == L'_') tag[1] = L' ';
-      std::wstring cut = each.record;
+      std::wstring cut = each[0];
       const std::size_t at = cut.find(L"," + tag);
-      ASSERT_NE(at, cut.npos) << each.record << " " << tag;
+      ASSERT_NE(at, cut.npos) << cut << " " << tag;
       cut.erase(at, std::min(cut.find(L',', at + 1), cut.size()) - at);
       EXPECT_EQ(Parse(cut), L"bad") << cut;
-      // A field that is there, but empty, is enough.
-      const std::wstring empty = cut + L"," + tag;
-      EXPECT_NE(Parse(empty), L"bad") << empty;
+      EXPECT_NE(Parse(cut + L"," + tag), L"bad") << cut << " with an empty " << tag;
     }
   }
 }
@@ -414,61 +382,37 @@ TEST_F(RawWriters, AppendToWhatIsThere) {
 // ---- Angles
 
 constexpr AngularUnit kDegrees = AngularUnit::DecimalDegrees;
+constexpr AngularUnit kGons = AngularUnit::Gon;
 
-TEST(Angles, AreReadAsDegreesMinutesSeconds) {
-  struct Case {
-    double dms, degrees, withSign;
-  };
-  for (const auto& [dms, degrees, withSign] :
-       {Case{0, 0, 0}, Case{12.3045, 12.5125, 12.5125}, Case{-5.3, 354.5, -5.5},
-        Case{359.59599999, 359.99999997222, 359.99999997222}, Case{360, 0, 360},
-        Case{370.3, 10.5, 370.5}, Case{0.0001, 1.0 / 3600, 1.0 / 3600}, Case{90, 90, 90},
-        // 100 minutes and more than 60 seconds count on.
-        Case{10.9999, 10 + 99 / 60.0 + 99 / 3600.0, 10 + 99 / 60.0 + 99 / 3600.0},
-        // A minute that binary fractions would lose.
-        Case{23.45, 23.75, 23.75}, Case{1.2, 1 + 20 / 60.0, 1 + 20 / 60.0}}) {
-    SCOPED_TRACE(dms);
-    EXPECT_NEAR(DmsToDegrees(dms), degrees, 1e-11);
-    EXPECT_NEAR(DmsToDegreesSigned(dms), withSign, 1e-11);
+const std::map<std::wstring, std::function<double(double)>> kAngles = {
+    {L"DmsToDegrees", DmsToDegrees},
+    {L"DmsToDegreesSigned", DmsToDegreesSigned},
+    {L"NormalizeDegrees", NormalizeDegrees},
+    {L"NormalizeGons", NormalizeGons},
+    {L"NormalizeZenith", [](double v) { return NormalizeZenith(v, kDegrees); }},
+    {L"NormalizeZenith in gons", [](double v) { return NormalizeZenith(v, kGons); }},
+    {L"degrees from gons", [](double v) { return ConvertAngleUnit(kDegrees, kGons, v); }},
+    {L"gons from degrees", [](double v) { return ConvertAngleUnit(kGons, kDegrees, v); }},
+    {L"gons from gons", [](double v) { return ConvertAngleUnit(kGons, kGons, v); }},
+};
+
+TEST(Angles, AreReadNormalizedAndConverted) {
+  for (const CaseFields& texts : ReadCases("tests/golden-lines/raw-angles.txt")) {
+    EXPECT_NEAR(kAngles.at(texts[0])(ToReal(texts.at(1))), ToReal(texts.at(2)), 1e-11) << texts[1];
   }
   EXPECT_EQ(DmsToDegrees(90), 90 + 1e-11 / 36);  // the nudges stay: 5e-14 * 100 + 5e-12
-}
-
-TEST(Angles, AreNormalizedAndConverted) {
-  EXPECT_EQ(NormalizeDegrees(-90), 270);
-  EXPECT_EQ(NormalizeDegrees(725), 5);
-  EXPECT_EQ(NormalizeDegrees(360), 0);
-  EXPECT_EQ(NormalizeGons(-90), 310);
-  EXPECT_EQ(NormalizeGons(405), 5);
-  EXPECT_EQ(ConvertAngleUnit(kDegrees, AngularUnit::Gon, 100), 90);
-  EXPECT_EQ(ConvertAngleUnit(AngularUnit::Gon, kDegrees, 90), 100);
-  EXPECT_EQ(ConvertAngleUnit(AngularUnit::Gon, AngularUnit::Gon, 90), 90);
-  EXPECT_EQ(ConvertAngleUnit(AngularUnit::Gon, kDegrees, DC_NULL), DC_NULL);
-  EXPECT_EQ(NormalizeZenith(-DmsToDegrees(0), kDegrees), 0);
-  EXPECT_EQ(NormalizeZenith(90 - DmsToDegrees(90), kDegrees), 0);
-  EXPECT_EQ(NormalizeZenith(-259.5, kDegrees), 100.5);
-  EXPECT_EQ(NormalizeZenith(-1, AngularUnit::Gon), 399);
-  EXPECT_EQ(NormalizeZenith(-1e-8, kDegrees), 360 - 1e-8);
-}
-
-TEST(Angles, PassNull) {
-  for (const double null : {DC_NULL, kNullLimit}) {
-    EXPECT_EQ(DmsToDegrees(null), null);
-    EXPECT_EQ(DmsToDegreesSigned(null), null);
-    EXPECT_EQ(NormalizeDegrees(null), null);
-    EXPECT_EQ(NormalizeZenith(null, AngularUnit::Gon), null);
-    EXPECT_EQ(ConvertAngleUnit(AngularUnit::Gon, kDegrees, null), null);
+  for (const auto& [name, convert] : kAngles) {
+    EXPECT_EQ(convert(DC_NULL), DC_NULL) << name;
+    EXPECT_EQ(convert(kNullLimit), kNullLimit) << name;
   }
-  EXPECT_TRUE(IsNull(ParseBearing(L"", AngularUnit::Gon)));
 }
 
 TEST(Angles, AreReadFromBearings) {
+  EXPECT_TRUE(IsNull(ParseBearing(L"", kGons)));
   for (const CaseFields& texts : ReadCases("tests/golden-lines/bearings.txt")) {
-    const std::wstring& text = texts[0];
     const double degrees = ToReal(texts.at(1));
-    SCOPED_TRACE(text);
-    EXPECT_NEAR(ParseBearing(text, kDegrees), degrees, 1e-11);
-    EXPECT_NEAR(ParseBearing(text, AngularUnit::Gon), degrees / 0.9, 1e-11);
+    EXPECT_NEAR(ParseBearing(texts[0], kDegrees), degrees, 1e-11) << texts[0];
+    EXPECT_NEAR(ParseBearing(texts[0], kGons), degrees / 0.9, 1e-11) << texts[0];
   }
 }
 

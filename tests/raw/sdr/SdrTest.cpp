@@ -99,7 +99,7 @@ TEST(NoteMarks, AreTheFirstLettersOfAComment) {
 
 // ---- The examples of the documentation
 
-// The indented lines behind `mark`, without their indent and the blanks at their ends.
+// The indented lines after `mark`, without their indent and the blanks at their ends.
 std::string Block(const std::string& page, const std::string& mark) {
   std::istringstream lines(page.substr(page.find(mark)));
   std::string block, line;

@@ -1,68 +1,52 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cmath>
+#include <map>
+#include <sstream>
 #include <string>
 #include <vector>
 
-#include "TempDir.h"
+#include "CaseFile.h"
 #include "raw/todc/ReduceRounds.h"
 
 namespace zelconvert {
 namespace {
 
 constexpr AngularUnit kDegrees = AngularUnit::DecimalDegrees;
-constexpr AngularUnit kGons = AngularUnit::Gon;
 
-TEST(RoundsMeans, AlignAnglesThatLieOnBothSidesOfNorth) {
-  struct Case {
-    double a, b, alignedA, alignedB;
-  };
-  const double full = 6.283185307179586;
-  for (const auto& [a, b, alignedA, alignedB] :
-       {Case{1, 2, 1, 2}, Case{0.1, 6.2, 0.1 + full, 6.2}, Case{6.2, 0.1, 6.2, 0.1 + full},
-        Case{-0.1, 0.1, full - 0.1, full + 0.1}, Case{0, kPi, full, kPi},
-        Case{full + 1, 2, 1, 2}}) {
-    double x = a;
-    double y = b;
-    AlignAngles(x, y);
-    EXPECT_NEAR(x, alignedA, 1e-12) << a << " " << b;
-    EXPECT_NEAR(y, alignedB, 1e-12) << a << " " << b;
-  }
+using Values = std::vector<double>;
+
+double AlignedAngle(const Values& values, std::size_t which) {
+  Values aligned = values;
+  AlignAngles(aligned[0], aligned[1]);
+  return aligned[which];
 }
 
-TEST(RoundsMeans, AreThoseOfBothFaces) {
-  EXPECT_NEAR(MeanDirection(10, 190.002, kDegrees), 10.001, 1e-9);
-  EXPECT_NEAR(MeanDirection(359.999, 180.003, kDegrees), 0.001, 1e-9);
-  EXPECT_NEAR(MeanDirection(0.001, 179.997, kDegrees), 359.999, 1e-9);
-  EXPECT_NEAR(MeanDirection(100, 300.002, kGons), 100.001, 1e-9);
-  EXPECT_EQ(MeanDirection(DC_NULL, 1, kDegrees), DC_NULL);
-  EXPECT_EQ(MeanDirection(1, DC_NULL, kDegrees), DC_NULL);
-  EXPECT_NEAR(MeanZenith(90.5, 269.51, kDegrees), 90.495, 1e-12);
-  EXPECT_NEAR(MeanZenith(100.5, 299.51, kGons), 100.495, 1e-12);
-  EXPECT_EQ(MeanZenith(DC_NULL, 269, kDegrees), DC_NULL);
+const std::map<std::wstring, double (*)(const Values&, AngularUnit)> kMeans = {
+    {L"MeanDirection", [](const Values& v, auto unit) { return MeanDirection(v[0], v[1], unit); }},
+    {L"MeanZenith", [](const Values& v, auto unit) { return MeanZenith(v[0], v[1], unit); }},
+    {L"MeanAngle", [](const Values& v, auto unit) { return MeanAngle(v, unit); }},
+    {L"MeanValue", [](const Values& v, auto) { return MeanValue(v); }},
+    {L"StandardError", [](const Values& v, auto) { return StandardError(v, MeanValue(v)); }},
+    {L"StandardErrorOfAngles",
+     [](const Values& v, auto unit) { return StandardErrorOfAngles(v, 0, unit); }},
+    {L"AlignAngles, first", [](const Values& v, auto) { return AlignedAngle(v, 0); }},
+    {L"AlignAngles, second", [](const Values& v, auto) { return AlignedAngle(v, 1); }},
+};
+
+double NumberOf(const std::wstring& text) {
+  return text == L"null" ? DC_NULL : ToReal(text);
 }
 
-TEST(RoundsMeans, OfASet) {
-  using Values = std::vector<double>;
-  struct Case {
-    Values angles;
-    AngularUnit unit;
-    double mean;
-  };
-  for (const Case& each :
-       {Case{{10, 20}, kDegrees, 15}, Case{{350, 20}, kDegrees, 5},
-        Case{{340, 350, 5}, kDegrees, 351 + 2 / 3.0}, Case{{360, 0}, kDegrees, 0},
-        Case{{271, 89}, kDegrees, 0}, Case{{100, 300}, kDegrees, 200}, Case{{390, 20}, kGons, 5},
-        Case{{350, 100}, kGons, 25}, Case{{300, 100}, kGons, 200}, Case{{}, kDegrees, DC_NULL}}) {
-    EXPECT_NEAR(MeanAngle(each.angles, each.unit), each.mean, 1e-9) << each.mean;
+TEST(RoundsMeans, AreThoseOfBothFacesAndOfASet) {
+  for (const CaseFields& texts : ReadCases("tests/golden-lines/rounds-means.txt")) {
+    SCOPED_TRACE(testing::PrintToString(texts));
+    Values values;
+    std::wistringstream numbers(texts.at(2));
+    for (std::wstring number; numbers >> number;) values.push_back(NumberOf(number));
+    const AngularUnit unit = texts[1] == L"gons" ? AngularUnit::Gon : kDegrees;
+    EXPECT_NEAR(kMeans.at(texts[0])(values, unit), NumberOf(texts.at(3)), 1e-9);
   }
-  EXPECT_EQ(MeanValue(Values{1, 2, 6}), 3);
-  EXPECT_NEAR(StandardError(Values{1, 2, 6}, 3), std::sqrt(14 / 6.0), 1e-12);
-  EXPECT_EQ(StandardError(Values{1}, 1), DC_NULL);
-  EXPECT_EQ(StandardError(Values{}, 0), DC_NULL);
-  EXPECT_NEAR(StandardErrorOfAngles(Values{359, 1}, 0, kDegrees), 1, 1e-9);
-  EXPECT_NEAR(StandardErrorOfAngles(Values{399, 1}, 0, kGons), 1, 1e-9);
 }
 
 std::string Reduce(const std::vector<RB_RECORD>& backsights,
