@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <compare>
 #include <deque>
 #include <iterator>
 #include <numeric>
@@ -156,7 +157,7 @@ void SortByName(std::vector<SurveyDifference>& found, std::size_t start) {
   std::ranges::stable_sort(order, [&found](std::size_t i, std::size_t j) {
     const SurveyDifference &a = found[i], &b = found[j];
     const std::strong_ordering names = CompareNaturally(a.name, b.name);
-    if (names != 0) return names < 0;
+    if (std::is_neq(names)) return std::is_lt(names);
     return std::tie(a.firstLine, a.secondLine) < std::tie(b.firstLine, b.secondLine);
   });
   std::vector<SurveyDifference> sorted;

@@ -18,14 +18,14 @@ TEST(DiffTest, NamesComeInNaturalOrder) {
   const std::wstring_view kNames[] = {L"",    L"1",    L"2",    L"02",  L"10", L"A",  L"P9",
                                       L"P10", L"P10A", L"P10a", L"P11", L"a",  L"a1", L"a1b2"};
   const std::wstring_view kLong[] = {L"99999999999999999999", L"100000000000000000000"};
-  EXPECT_TRUE(CompareNaturally(kLong[0], kLong[1]) < 0);
+  EXPECT_TRUE(std::is_lt(CompareNaturally(kLong[0], kLong[1])));
   for (std::size_t i = 0; i < std::size(kNames); ++i) {
     for (std::size_t j = 0; j < std::size(kNames); ++j) {
       if (kNames[i] == L"02" || kNames[j] == L"02") continue;
       EXPECT_TRUE(CompareNaturally(kNames[i], kNames[j]) == (i <=> j)) << i << " " << j;
     }
   }
-  EXPECT_TRUE(CompareNaturally(L"2", L"02") != 0);
+  EXPECT_TRUE(std::is_neq(CompareNaturally(L"2", L"02")));
 }
 
 SurveyPoint Point(const wchar_t* name, double north = 0, double east = 0,

@@ -69,9 +69,9 @@ TEST(SdrToRaw, RefusesWithOneText) {
 }
 
 TEST(SdrToRaw, MakesSideshots) {
-  const CZelPoint station(L"S", 100, 200, 10, L"");
+  const CZelPoint station{L"S", 100, 200, 10, L""};
   for (const CaseFields& texts : ReadCases("tests/golden-lines/sdr-sideshots.txt")) {
-    const CZelPoint point(L"P", ToReal(texts[2]), ToReal(texts[3]), ToReal(texts[4]), L"n");
+    const CZelPoint point{L"P", ToReal(texts[2]), ToReal(texts[3]), ToReal(texts[4]), L"n"};
     EXPECT_EQ(CConvRawSDRFile::MakeSideshotLine(L"SS", ToInteger(texts[0]),
                                                 AngularUnitOfRaw(ToInteger(texts[1])), station, 1.5,
                                                 2, 10, 350, point),
