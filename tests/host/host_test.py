@@ -443,9 +443,8 @@ class PosixTest(HostTest):
         os.makedirs(os.path.join(self.folder, "out/.zelconvert-1"))  # of a run that was killed
         arguments = ["batch", "--to", "dc", "--out-dir", "out", "a.job", "big.job", "p.job", "--keep-going"]
         host = self.start([*arguments, "--jobs", "1", "--report", "-"])
-        while not os.path.exists(os.path.join(self.folder, "out/a.dc")):
-            time.sleep(0.001)
-        while not [name for name in os.listdir(os.path.join(self.folder, "out")) if name.startswith(".")]:
+        out = pathlib.Path(self.folder, "out")
+        while not list(out.glob(".*/big.dc")):
             time.sleep(0.001)
         worker = pathlib.Path(f"/proc/{host.pid}/task/{host.pid}/children").read_text().split()[0]
         os.kill(int(worker), signal.SIGKILL)
