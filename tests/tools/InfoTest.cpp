@@ -228,6 +228,8 @@ TEST(PointTable, MakesFeatures) {
   survey.epsg = 32632;  // in metres, like the survey
   survey.points.push_back(PointAt(L"A", L"\"x\"", {48.5, 9.25, 100}));
   survey.points.push_back(PointAt(L"gps", L"", {}, {kPi / 4, -kPi / 2, 12.5, true}));
+  survey.points.push_back(PointAt(L"gone", L"", {1, 2, 3}));
+  survey.points.back().isDeleted = true;
   const std::string start = "{\n  \"type\": \"FeatureCollection\",\n";
   const std::string feature =
       "{\"type\": \"Feature\", \"geometry\": {\"type\": \"Point\", "

@@ -130,17 +130,31 @@ TEST(SurveyOfLog, FollowsChangesOfUnits) {
       "JB,NMX,DT01-02-2026,TM08:00:00\nMO,AD0,UN0,SF1.0,EC0,EO0.0,AU0\n"
       "OC,OP1,N 1000.0,E 1000.0,EL10.0,--\nBK,OP1,BP2,BS180.0000,BC0.0000\nLS,HI1.0,HR1.0\n"
       "SS,OP1,FP3,AR0.0000,ZE90.0000,SD100.0,--\n--Date: 01-05-2026  Time: 08:00:00\n"
+      "--Date: 01-03-2026  Time: 08:00:00\n"
       "MO,AD0,UN1,SF0.99,EC0,EO0.0,AU1\nSS,OP1,FP4,AR0.0000,ZE100.0000,SD100.0,--\n");
   ExpectGrid(Find(survey, L"1")->grid, 304.8, 304.8, 3.048);
   ExpectGrid(Find(survey, L"3")->grid, 304.8 - 30.48, 304.8, 3.048);
   ExpectGrid(Find(survey, L"4")->grid, 304.8 - 99, 304.8, 3.048);
   EXPECT_EQ(survey.lengthUnit, LinearUnit::InternationalFoot);
   ASSERT_EQ(survey.unitChanges.size(), 1u);
-  EXPECT_EQ(survey.unitChanges[0].line, 8);
+  EXPECT_EQ(survey.unitChanges[0].line, 9);
   EXPECT_EQ(survey.unitChanges[0].lengthUnit, LinearUnit::Metre);
   EXPECT_EQ(survey.unitChanges[0].angleUnit, AngularUnit::Gon);
   EXPECT_EQ(survey.firstDate, L"2026-01-02");
   EXPECT_EQ(survey.lastDate, L"2026-01-05");
+}
+
+// A new height of the instrument is no new setup: the direction holds.
+TEST(SurveyOfLog, KeepsASetupWhoseHeightChanges) {
+  const Survey survey = ReadLog(
+      "JB,NMX,DT01-02-2026,TM08:00:00\nMO,AD0,UN1,SF1.0,EC0,EO0.0,AU0\n"
+      "OC,OP1,N 1000.0,E 1000.0,EL10.0,--\nBK,OP1,BP2,BS90.0000,BC0.0000\nLS,HI1.5,HR1.5\n"
+      "SS,OP1,FP3,AR0.0000,ZE90.0000,SD10.0,--\nLS,HI1.6,HR1.5\n"
+      "SS,OP1,FP4,AR0.0000,ZE90.0000,SD20.0,--\n");
+  ASSERT_EQ(survey.setups.size(), 1u);
+  EXPECT_NEAR(survey.setups[0].instrumentHeight, 1.6, 1e-9);
+  ExpectGrid(Find(survey, L"3")->grid, 1000, 1010, 10);
+  ExpectGrid(Find(survey, L"4")->grid, 1000, 1020, 10.1);
 }
 
 TEST(SurveyOfLog, TakesPointsOfGpsFromTheLog) {
