@@ -16,6 +16,7 @@
 #include "cli/Json.h"
 #include "cli/Library.h"
 #include "cli/Outcome.h"
+#include "cli/SurveyFile.h"
 #include "cli/platform/Host.h"
 #include "io/Numbers.h"
 #include "io/Strings.h"
@@ -60,14 +61,14 @@ std::optional<LinearUnit> UnitOfLists(const Options& options,
 }
 
 void Read(DiffSide& side, std::optional<LinearUnit> listUnit, Outcome& outcome) {
-  CheckReadable(side.file.GetPath());
-  StringList messages;
-  std::optional<Survey> survey = tools::ReadSurvey(
-      platform::ToLibrary(side.file.GetPath()), side.type.type, messages, {.listUnit = listUnit});
-  for (const std::wstring& text : messages) outcome.messages.push_back(AsUtf8(text));
+  try {
+    side.survey = ReadSurveyOf(side.file.GetPath(), side.type, {.listUnit = listUnit}, side.name,
+                               outcome.messages);
+  } catch (const HostFailure&) {
+    side.file.RenameIn(outcome);
+    throw;
+  }
   side.file.RenameIn(outcome);
-  if (!survey) throw HostFailure(kNoInput, side.name + " can't be read");
-  side.survey = *std::move(survey);
 }
 
 bool IsList(const DiffSide& side) {

@@ -7,17 +7,15 @@
 
 #include "cli/Commands.h"
 #include "cli/ConvertPlan.h"
-#include "cli/Cr5Import.h"
 #include "cli/DirectCommand.h"
-#include "cli/FileChecks.h"
 #include "cli/GivenFiles.h"
 #include "cli/Library.h"
+#include "cli/SurveyFile.h"
 #include "cli/platform/Host.h"
 #include "cli/platform/Program.h"
 #include "io/Paths.h"
 #include "io/Strings.h"
 #include "tools/Plot.h"
-#include "tools/ReadSurvey.h"
 
 namespace zelconvert::cli {
 namespace {
@@ -45,17 +43,7 @@ void CheckOutputName(const std::string& output) {
 tools::Survey Read(const Options& options, const std::wstring& input, Outcome& outcome) {
   const fs::path path = platform::FromLibrary(input);
   const TypeInfo& type = TypeOfInput(options.from, path, "--from");
-  tools::ReadOptions how{.listUnit = LinearUnitNamed(options.units)};
-  if (options.job) {
-    const fs::path job = Absolute(*options.job);
-    CheckReadable(job);
-    how.job = platform::ToLibrary(job);
-  }
-  StringList messages;
-  std::optional<tools::Survey> survey = tools::ReadSurvey(input, type.type, messages, how);
-  AddMessages(outcome, messages);
-  if (!survey) throw HostFailure(kNoInput, platform::ToText(path) + " can't be read");
-  return *std::move(survey);
+  return ReadSurveyOf(path, type, ReadOptionsOf(options), platform::ToText(path), outcome.messages);
 }
 
 void Write(const fs::path& path, const std::string& svg) {

@@ -16,13 +16,31 @@ std::string ExtensionOf(const std::string& type) {
   return type.empty() ? "" : GetExtension(FindType(type)->type);
 }
 
-tools::ReadOptions OptionsOf(const Options& options) {
-  tools::ReadOptions read{.listUnit = LinearUnitNamed(options.units)};
-  if (options.job) read.job = platform::ToLibrary(Absolute(*options.job));
-  return read;
+}  // namespace
+
+tools::ReadOptions ReadOptionsOf(const Options& options) {
+  tools::ReadOptions how{.listUnit = LinearUnitNamed(options.units)};
+  if (options.job) {
+    const std::filesystem::path job = Absolute(*options.job);
+    CheckReadable(job);
+    how.job = platform::ToLibrary(job);
+  }
+  return how;
 }
 
-}  // namespace
+tools::Survey ReadSurveyOf(const std::filesystem::path& path, const TypeInfo& type,
+                           const tools::ReadOptions& how, const std::string& name,
+                           std::vector<std::string>& messages) {
+  CheckReadable(path);
+  StringList texts;
+  std::optional<tools::Survey> survey =
+      tools::ReadSurvey(platform::ToLibrary(path), type.type, texts, how);
+  for (const std::wstring& text : texts) AppendUtf8(messages.emplace_back(), text);
+  if (!survey) {
+    throw HostFailure(kNoInput, name + " can't be read as " + std::string(type.name));
+  }
+  return *std::move(survey);
+}
 
 SurveyFile::SurveyFile(const std::string& argument, const Options& options,
                        std::vector<std::string>& messages)
@@ -37,11 +55,7 @@ SurveyFile::SurveyFile(const std::string& argument, const Options& options,
     throw HostFailure(kWrongUsage, "the name " + m_strName + " tells no type; --from does");
   }
   m_strReason = options.from.empty() ? ReasonOfType(number, path) : "as --from says";
-  StringList texts;
-  m_survey = tools::ReadSurvey(platform::ToLibrary(path), m_pType->type, texts, OptionsOf(options));
-  for (const std::wstring& text : texts) AppendUtf8(messages.emplace_back(), text);
-  if (!m_survey)
-    throw HostFailure(kFailed, m_strName + " can't be read as " + std::string(m_pType->name));
+  m_survey = ReadSurveyOf(path, *m_pType, ReadOptionsOf(options), m_strName, messages);
 }
 
 }  // namespace zelconvert::cli

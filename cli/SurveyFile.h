@@ -1,6 +1,7 @@
 // A file of the command line as a survey, for the commands that look at what it holds.
 #pragma once
 
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
@@ -11,6 +12,15 @@
 #include "tools/ReadSurvey.h"
 
 namespace zelconvert::cli {
+
+/// What --units and --job say.
+tools::ReadOptions ReadOptionsOf(const Options& options);
+
+/// What the file holds. name: as the user knows it; messages: gets the texts of the reading. Throws
+/// a HostFailure if the file can't be read.
+tools::Survey ReadSurveyOf(const std::filesystem::path& path, const TypeInfo& type,
+                           const tools::ReadOptions& how, const std::string& name,
+                           std::vector<std::string>& messages);
 
 class SurveyFile {
  public:
