@@ -516,7 +516,8 @@ def main():
     HOST = [os.path.abspath(each) if os.path.exists(each) else each for each in sys.argv[1:]]
     ON_WINDOWS = HOST[-1].endswith(".exe")
     signal.signal(signal.SIGINT, signal.default_int_handler)  # set aside in the background of a shell
-    unittest.main(argv=sys.argv[:1])
+    # Asked for like that of the other tests, by those who only want to know whether one fails.
+    unittest.main(argv=sys.argv[:1], failfast="GTEST_FAIL_FAST" in os.environ)
 
 
 if __name__ == "__main__":
