@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Builds zelconvert and converts the files of examples/ into demo-out/, showing what it made.
+# Builds zelconvert, then asks, converts and draws the files of examples/ into demo-out/, showing each call
+# and what it made.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -10,10 +11,16 @@ host=build/demo/cli/zelconvert
 
 rm -rf demo-out
 mkdir demo-out
-convert() { # input, output, further arguments
-  printf '\n$ zelconvert convert %s\n' "examples/$1 demo-out/$2 ${*:3}"
-  "$host" convert "examples/$1" "demo-out/$2" "${@:3}"
+run() {
+  printf '\n$ zelconvert %s\n' "$*"
+  "$host" "$@"
 }
+convert() { # input, output, further arguments
+  run convert "examples/$1" "demo-out/$2" "${@:3}"
+}
+
+run detect examples/*
+run info examples/mill-creek.raw
 
 for job in boundary.job boundary-old.job boundary.pwj; do
   convert "$job" "${job/./-}.cr5"
@@ -30,5 +37,11 @@ convert grenze.ilj grenze.dc
 convert ridge-control.dc ridge-control.ilj
 convert ridge-road.dc ridge-road.job
 
+run points examples/mill-creek-simple.raw -o demo-out/points.csv
+run diff examples/mill-creek.raw demo-out/mill-creek.dc || [ $? = 1 ] # a set of rounds has no way into a DC file
+run plot examples/mill-creek.raw demo-out/mill-creek.svg
+run plot examples/ridge-road.dc demo-out/ridge-road.svg
+run batch --to dc --out-dir demo-out/office examples/boundary.job examples/prairie-rtk.raw
+
 printf '\nmade in demo-out/:\n'
-ls -l demo-out
+ls -lR demo-out
