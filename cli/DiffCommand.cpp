@@ -62,8 +62,9 @@ std::optional<LinearUnit> UnitOfLists(const Options& options,
 
 void Read(DiffSide& side, std::optional<LinearUnit> listUnit, Outcome& outcome) {
   try {
-    side.survey = ReadSurveyOf(side.file.GetPath(), side.type, {.listUnit = listUnit}, side.name,
-                               outcome.messages);
+    side.survey = ReadSurveyOf(side.file.GetPath(), side.type,
+                               {.makeFolder = MakeTemporaryFolders(), .listUnit = listUnit},
+                               side.name, outcome.messages);
   } catch (const HostFailure&) {
     side.file.RenameIn(outcome);
     throw;

@@ -22,7 +22,7 @@ std::unique_ptr<TemporaryFolder> MakeFolder(const std::string& name, const std::
     throw HostFailure(kWrongUsage, name + " has no name that tells its type; " + option + " does");
   }
   platform::UseBinaryStreams();
-  return std::make_unique<TemporaryFolder>(fs::temp_directory_path());
+  return std::make_unique<TemporaryFolder>();
 }
 
 constexpr std::size_t kBlockSize = 1 << 16;

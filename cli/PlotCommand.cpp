@@ -57,7 +57,7 @@ void Write(const fs::path& path, const std::string& svg) {
 constexpr const char* kDotsPerInch = "150";
 
 void WritePng(const fs::path& path, const std::string& svg) {
-  const TemporaryFolder folder(fs::temp_directory_path());
+  const TemporaryFolder folder;
   const fs::path drawing = folder.GetPath() / "plot.svg";
   Write(drawing, svg);
   const std::optional<int> code = platform::RunProgram(

@@ -19,7 +19,8 @@ std::string ExtensionOf(const std::string& type) {
 }  // namespace
 
 tools::ReadOptions ReadOptionsOf(const Options& options) {
-  tools::ReadOptions how{.listUnit = LinearUnitNamed(options.units)};
+  tools::ReadOptions how{.makeFolder = MakeTemporaryFolders(),
+                         .listUnit = LinearUnitNamed(options.units)};
   if (options.job) {
     const std::filesystem::path job = Absolute(*options.job);
     CheckReadable(job);

@@ -1,5 +1,7 @@
 #include "cli/TemporaryFolder.h"
 
+#include <memory>
+#include <optional>
 #include <random>
 #include <string>
 #include <system_error>
@@ -18,7 +20,16 @@ std::string RandomName() {
   return kNameStart + std::to_string(std::random_device()());
 }
 
+fs::path SystemFolder() {
+  std::error_code error;
+  const fs::path folder = fs::temp_directory_path(error);
+  if (!error) return folder;
+  throw HostFailure(kNoOutput, "there is no folder for temporary files: " + error.message());
+}
+
 }  // namespace
+
+TemporaryFolder::TemporaryFolder() : TemporaryFolder(SystemFolder()) {}
 
 TemporaryFolder::TemporaryFolder(const fs::path& parent) {
   std::error_code error;
@@ -33,6 +44,12 @@ TemporaryFolder::TemporaryFolder(const fs::path& parent) {
 
 TemporaryFolder::~TemporaryFolder() {
   platform::RemoveTemporaryFolder(m_path);
+}
+
+tools::FolderMaker MakeTemporaryFolders() {
+  return [folder = std::make_shared<std::optional<TemporaryFolder>>()] {
+    return platform::ToLibrary(folder->emplace().GetPath());
+  };
 }
 
 void RemoveAbandonedFolders(const fs::path& parent) {

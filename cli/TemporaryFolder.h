@@ -3,6 +3,8 @@
 
 #include <filesystem>
 
+#include "tools/ReadSurvey.h"
+
 namespace zelconvert::cli {
 
 class TemporaryFolder {
@@ -10,6 +12,8 @@ class TemporaryFolder {
   /// A new one inside `parent`, which nobody else may look into. Throws a HostFailure if `parent`
   /// can't be written.
   explicit TemporaryFolder(const std::filesystem::path& parent);
+  /// Inside the folder that the system has for such.
+  TemporaryFolder();
   ~TemporaryFolder();
   TemporaryFolder(const TemporaryFolder&) = delete;
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
@@ -19,6 +23,9 @@ class TemporaryFolder {
  private:
   std::filesystem::path m_path;
 };
+
+/// For readers: each folder goes when the next is made, or with the maker.
+tools::FolderMaker MakeTemporaryFolders();
 
 /// Removes those inside `parent` that a killed run has left.
 void RemoveAbandonedFolders(const std::filesystem::path& parent);

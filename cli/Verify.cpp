@@ -4,6 +4,7 @@
 
 #include "cli/DiffJson.h"
 #include "cli/FileTypes.h"
+#include "cli/TemporaryFolder.h"
 #include "cli/platform/Host.h"
 #include "tools/DiffReport.h"
 #include "tools/VerifyConversion.h"
@@ -47,9 +48,10 @@ void CheckVerifiable(FileType output) {
 
 std::string Verify(const ConvertPlan& plan, const Conversion& staged, Outcome& outcome) {
   const Conversion& asked = plan.conversion;
-  const Verification result = tools::VerifyConversion({platform::ToLibrary(asked.input), asked.from,
-                                                       platform::ToLibrary(staged.output), asked.to,
-                                                       platform::ToLibrary(asked.job)});
+  const Verification result = tools::VerifyConversion(
+      {platform::ToLibrary(asked.input), asked.from, platform::ToLibrary(staged.output), asked.to,
+       platform::ToLibrary(asked.job)},
+      MakeTemporaryFolders());
   if (!result.isRead) {
     for (const std::wstring& text : result.messages) outcome.messages.push_back(AsUtf8(text));
     return ToText(result.isInputRead ? asked.output : asked.input) +

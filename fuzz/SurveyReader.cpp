@@ -65,7 +65,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::wstring path = StoreInput(name.file, data, size);
     if (name.beside != nullptr) StoreInput(name.beside, data, size);
     StringList messages;
-    const auto survey = ReadSurvey(path, name.type, messages);
+    const auto survey =
+        ReadSurvey(path, name.type, messages,
+                   {.makeFolder = [] { return zelconvert::ToText(FuzzDir().Folder()); }});
     if (survey) {
       Check(*survey);
     } else {

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <filesystem>
 #include <functional>
 #include <unordered_map>
 #include <utility>
@@ -25,7 +24,6 @@
 #include "tools/ReadRaw.h"
 #include "tools/ReadSdr.h"
 #include "tools/SurveyBuilder.h"
-#include "tools/TemporaryFolder.h"
 
 namespace zelconvert::tools {
 namespace {
@@ -90,7 +88,7 @@ class SurveyReading {
   /// convert: writes to the DC file that it is given. What it made is then read.
   bool ReadThroughDc(const std::function<bool(CDcFile& dc, Report& report)>& convert,
                      Source& source);
-  bool ReadMadeDc(Source& source);
+  bool ReadMadeDc(const std::wstring& path, Source& source);
 
   bool Fail(DriverText text, const std::wstring& path) { return Say(FormatDriverText(text, path)); }
   bool Fail(DriverText text) { return Fail(text, m_path); }
@@ -98,6 +96,8 @@ class SurveyReading {
     m_messages.push_back(text);
     return false;
   }
+  /// Where a file may be made on the way.
+  std::wstring Place(std::wstring_view name);
   bool CheckThere(const std::wstring& path, DriverText missing = DriverText::FileMissing) {
     return FileExists(path) || Fail(missing, path);
   }
@@ -107,7 +107,7 @@ class SurveyReading {
   Survey& m_survey;
   StringList& m_messages;
   SurveyBuilder m_builder;
-  std::optional<TemporaryFolder> m_folder;  // made when it is needed
+  std::wstring m_folder;  // with its separator; empty: not yet made
 };
 
 bool SurveyReading::Read() {
@@ -151,24 +151,32 @@ bool SurveyReading::ReadByType() {
   return Fail(DriverText::NotSupported);
 }
 
+std::wstring SurveyReading::Place(std::wstring_view name) {
+  if (m_folder.empty()) {
+    m_folder = m_options.makeFolder();
+    EnsureSeparator(m_folder);
+  }
+  return m_folder + std::wstring(name);
+}
+
 // ---- Through a DC file
 
 bool SurveyReading::ReadThroughDc(const std::function<bool(CDcFile& dc, Report& report)>& convert,
                                   Source& source) {
   Report report;
   CDcFile dc;
-  m_folder.emplace();
-  if (!dc.OpenForWrite(m_folder->Path("survey.dc"))) return Say(std::wstring(kNoPlace));
+  const std::wstring path = Place(L"survey.dc");
+  if (!dc.OpenForWrite(path)) return Say(std::wstring(kNoPlace));
   const bool converted = convert(dc, report);
   m_messages.insert(m_messages.end(), report.messages.begin(), report.messages.end());
   if (!converted) return report.messages.empty() ? Fail(DriverText::CannotConvert) : false;
   if (!dc.Close() || dc.HasWriteFailed()) return Say(std::wstring(kNoPlace));
-  return ReadMadeDc(source);
+  return ReadMadeDc(path, source);
 }
 
-bool SurveyReading::ReadMadeDc(Source& source) {
+bool SurveyReading::ReadMadeDc(const std::wstring& path, Source& source) {
   CDcFile dc;
-  if (!dc.Open(m_folder->Path("survey.dc"), kOpenReadOnly)) return Say(std::wstring(kNoPlace));
+  if (!dc.Open(path, kOpenReadOnly)) return Say(std::wstring(kNoPlace));
   ReadDc(dc, &source, m_survey, m_builder);
   return !dc.HasReadFailed() || Say(std::wstring(kNoPlace));
 }
@@ -217,8 +225,7 @@ bool SurveyReading::ListToJob(const std::wstring& path, LinearUnit unit) {
 
 bool SurveyReading::ReadList() {
   const LinearUnit unit = m_options.listUnit.value_or(LinearUnit::Metre);
-  const TemporaryFolder folder;
-  const std::wstring path = folder.Path("list.job");
+  const std::wstring path = Place(L"list.job");
   if (!ListToJob(path, unit)) return false;
   CFileCE list;
   if (list.Open(m_path, kOpenReadOnly)) CountCr5Records(list, m_survey);
@@ -299,8 +306,7 @@ bool SurveyReading::ReadListAndLog() {
   std::wstring line;
   if (log.FindRecord(L"MO", line)) CRawFile::Parse(line, mode);
   log.Close();
-  const TemporaryFolder folder;
-  const std::wstring job = folder.Path("list.job");
+  const std::wstring job = Place(L"list.job");
   const LinearUnit unit = LinearUnitOfRaw(mode.distanceUnit).value_or(LinearUnit::Metre);
   return ListToJob(job, unit) && ReadLog(path, job, true);
 }
@@ -339,8 +345,6 @@ std::optional<Survey> ReadSurvey(const std::wstring& path, FileType type, String
     if (SurveyReading(path, options, *survey, messages).Read()) return survey;
   } catch (const ConversionFailure&) {
     messages.push_back(FormatDriverText(DriverText::CannotConvert, path));
-  } catch (const std::filesystem::filesystem_error&) {
-    messages.emplace_back(kNoPlace);
   }
   return std::nullopt;
 }

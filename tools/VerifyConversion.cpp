@@ -8,7 +8,6 @@
 #include <utility>
 
 #include "tools/FormatLimits.h"
-#include "tools/ReadSurvey.h"
 #include "tools/RouteFacts.h"
 #include "tools/SourceRecords.h"
 
@@ -162,16 +161,17 @@ bool CanVerify(FileType outputType) {
   return outputType != FT_JXL;
 }
 
-Verification VerifyConversion(const ConvertedFiles& files) {
+Verification VerifyConversion(const ConvertedFiles& files, const FolderMaker& makeFolder) {
   Verification result;
   const RouteFacts* facts = FactsOf(files.inputType, files.outputType);
   if (facts == nullptr || !CanVerify(files.outputType)) return result;
-  std::optional<Survey> input =
-      ReadSurvey(files.input, files.inputType, result.messages, {{}, files.job});
+  std::optional<Survey> input = ReadSurvey(files.input, files.inputType, result.messages,
+                                           {.makeFolder = makeFolder, .job = files.job});
   if (!input) return result;
   result.isInputRead = true;
   std::optional<Survey> output =
-      ReadSurvey(files.output, files.outputType, result.messages, {input->lengthUnit});
+      ReadSurvey(files.output, files.outputType, result.messages,
+                 {.makeFolder = makeFolder, .listUnit = input->lengthUnit});
   if (!output) return result;
   result.messages.clear();  // the conversion has told them
   result.isRead = true;

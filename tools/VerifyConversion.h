@@ -6,6 +6,7 @@
 
 #include "convert/ConversionBase.h"
 #include "tools/DiffSurveys.h"
+#include "tools/ReadSurvey.h"
 #include "zelconvert/zelconvert.h"
 
 namespace zelconvert::tools {
@@ -32,6 +33,7 @@ bool CanVerify(FileType outputType);
 /// Reads both and compares them in what the route carries, to the last digit that the output holds.
 /// What only the output has isn't told. The input's points and shots are also read record by
 /// record, without the conversion that is to be checked.
-Verification VerifyConversion(const ConvertedFiles& files);
+/// makeFolder: as of ReadOptions, once for either file.
+Verification VerifyConversion(const ConvertedFiles& files, const FolderMaker& makeFolder);
 
 }  // namespace zelconvert::tools

@@ -377,13 +377,16 @@ class PosixTest(HostTest):
         self.assertEqual(result.returncode, 0, result.stderr)
         self.assertIn(b"\xfe.dc", os.listdir(os.fsencode(self.folder)))
 
-    def start_long(self, **options):
-        """A host that converts a read-only file and has made its temporary folder."""
+    def make_big(self):
         job = (EXAMPLES / "boundary.job").read_bytes()
         records = job[int.from_bytes(job[30:34], "little") :]
         self.big = os.path.join(self.folder, "big.job")
         with open(self.big, "wb") as file:
             file.write(job + records * (60_000_000 // len(records)))
+
+    def start_long(self, **options):
+        """A host that converts a read-only file and has made its temporary folder."""
+        self.make_big()
         os.chmod(self.big, 0o444)
         self.before = dict.fromkeys(contents(self.folder))  # names alone
         host = subprocess.Popen(HOST + ["convert", "big.job", "out.dc"], cwd=self.folder, **options)
@@ -399,6 +402,33 @@ class PosixTest(HostTest):
         self.assertEqual(host.wait(), 128 + signal.SIGINT)
         self.assertEqual(sorted(os.listdir(self.folder)), sorted(name for name in self.before if "/" not in name))
         self.assertEqual(os.stat(self.big).st_mode & 0o777, 0o444)
+
+    # What becomes a DC file on the way, in the system's folder for such files.
+    def test_interrupt_reading(self):
+        self.make_big()
+        place = pathlib.Path(self.folder, "tmp")
+        place.mkdir()
+        for arguments in ["info", "big.job"], ["plot", "big.job", "out.svg"], ["diff", "big.job", "a.job"]:
+            host = subprocess.Popen(HOST + arguments, cwd=self.folder, env={**os.environ, "TMPDIR": str(place)})
+            while not list(place.glob("*/survey.dc")):
+                self.assertIsNone(host.poll())
+                time.sleep(0.001)
+            host.send_signal(signal.SIGINT)
+            self.assertEqual(host.wait(), 128 + signal.SIGINT)
+            self.assertEqual(list(place.iterdir()), [])
+
+    def test_temporary_files(self):
+        place = pathlib.Path(self.folder, "tmp")
+        env = {**os.environ, "TMPDIR": str(place)}
+        for arguments in ["info", "r.raw"], ["convert", "r.raw", "out.dc", "--verify"]:
+            result = self.run_host(arguments, env=env)
+            self.assertEqual(result.returncode, 4)
+            self.assertIn(b"no folder for temporary files", result.stderr)
+        self.assertEqual(self.run_host(["info", "c.dc"], env=env).returncode, 0)
+        place.mkdir()
+        for arguments in ["info", "r.raw", "p.cr5", "a.job"], ["convert", "r.raw", "out.dc", "--verify"]:
+            self.assertEqual(self.run_host(arguments, env=env).returncode, 0)
+            self.assertEqual(list(place.iterdir()), [])
 
     def test_interrupt_early(self):
         for wait in range(100):

@@ -4,11 +4,11 @@
 
 #include <string>
 
+#include "ReadFile.h"
 #include "TempDir.h"
 #include "tools/Checks.h"
 #include "tools/Info.h"
 #include "tools/PointTable.h"
-#include "tools/ReadSurvey.h"
 
 namespace zelconvert::tools {
 namespace {
@@ -16,7 +16,7 @@ namespace {
 Survey ReadText(const std::string& text, FileType type = FT_RAW) {
   const TempDir folder;
   StringList messages;
-  const auto survey = ReadSurvey(folder.Write(L"in", text), type, messages);
+  const auto survey = ReadFile(folder.Write(L"in", text), type, messages);
   EXPECT_TRUE(survey.has_value());
   return survey.value_or(Survey());
 }

@@ -10,9 +10,9 @@
 #include <vector>
 
 #include "HostLists.h"
+#include "ReadFile.h"
 #include "TempDir.h"
 #include "io/Strings.h"
-#include "tools/ReadSurvey.h"
 
 namespace zelconvert::tools {
 namespace {
@@ -21,7 +21,7 @@ constexpr double kDegree = kPi / 180;
 
 Survey ReadExample(const wchar_t* name, FileType type) {
   StringList messages;
-  const auto survey = ReadSurvey(std::wstring(L"examples/") + name, type, messages);
+  const auto survey = ReadFile(std::wstring(L"examples/") + name, type, messages);
   EXPECT_TRUE(survey.has_value()) << name;
   return survey.value_or(Survey());
 }
@@ -29,7 +29,7 @@ Survey ReadExample(const wchar_t* name, FileType type) {
 Survey ReadText(const std::string& text, FileType type, const wchar_t* name) {
   const TempDir folder;
   StringList messages;
-  const auto survey = ReadSurvey(folder.Write(name, text), type, messages);
+  const auto survey = ReadFile(folder.Write(name, text), type, messages);
   EXPECT_TRUE(survey.has_value());
   return survey.value_or(Survey());
 }
@@ -274,8 +274,8 @@ TEST(SurveyOfJob, HasPointsUnitsAndDay) {
 TEST(SurveyOfList, IsInTheUnitThatIsSaid) {
   StringList messages;
   const std::wstring list = L"tests/golden/job-to-seqcr5/gap/out.cr5";
-  const auto plain = ReadSurvey(list, FT_SEQ_CR5, messages);
-  const auto feet = ReadSurvey(list, FT_CR5, messages, {LinearUnit::InternationalFoot, {}});
+  const auto plain = ReadFile(list, FT_SEQ_CR5, messages);
+  const auto feet = ReadFile(list, FT_CR5, messages, LinearUnit::InternationalFoot);
   ASSERT_TRUE(plain && feet);
   ASSERT_EQ(plain->points.size(), 2u);
   EXPECT_EQ(plain->points[1].name, L"8");
@@ -306,7 +306,7 @@ TEST(SurveyOfSdr, AgreesWithItsLog) {
     ASSERT_TRUE(
         lists.Convert(FT_RAW, L"examples/mill-creek-simple.raw", type, folder.Path(L"out.sdr")));
     StringList messages;
-    const auto sdr = ReadSurvey(folder.Path(L"out.sdr"), type, messages);
+    const auto sdr = ReadFile(folder.Path(L"out.sdr"), type, messages);
     ASSERT_TRUE(sdr);
     EXPECT_EQ(sdr->points.size(), log.points.size());
     for (const SurveyPoint& point : log.points) {
@@ -330,7 +330,7 @@ TEST(SurveyOfPair, HasThePointsOfBothFiles) {
                "BK,OP1,BP2,BS0.0000,BC0.0000\nLS,HI1.0,HR1.0\n"
                "SS,OP1,FP999,AR90.0000,ZE90.0000,SD10.0,--\n");
   StringList messages;
-  const auto survey = ReadSurvey(job, FT_JOB_RAW, messages);
+  const auto survey = ReadFile(job, FT_JOB_RAW, messages);
   ASSERT_TRUE(survey);
   // The station is one of the job.
   EXPECT_NEAR(Find(*survey, L"999")->grid.north, 4191.04965, 1e-4);
@@ -359,29 +359,23 @@ TEST(ReadSurvey, SaysWhyNot) {
            Case{folder.Write(L"text.ilj", "no tab\n"), FT_ILJ, L""},
        }) {
     StringList messages;
-    EXPECT_FALSE(ReadSurvey(each.path, each.type, messages).has_value());
+    EXPECT_FALSE(ReadFile(each.path, each.type, messages).has_value());
     ASSERT_FALSE(messages.empty()) << ToNarrow(each.path);
     EXPECT_NE(messages.back().find(each.text), std::wstring::npos) << ToNarrow(messages.back());
   }
 }
 
-TEST(ReadSurvey, LeavesNothingAndTouchesNothing) {
-  const auto count = [] {
-    std::size_t folders = 0;
-    for (const auto& entry :
-         std::filesystem::directory_iterator(std::filesystem::temp_directory_path())) {
-      const std::string name = entry.path().filename().string();
-      folders += name.starts_with("zelconvert-") && !name.starts_with("zelconvert-test-") ? 1 : 0;
-    }
-    return folders;
-  };
-  const TempDir folder;
+TEST(ReadSurvey, TouchesNothingAndAsksForAPlaceOnce) {
+  const TempDir folder, work;
   const std::wstring job = folder.Write(L"a.job", ReadBytes("examples/boundary.job"));
   const auto before = std::filesystem::last_write_time(ToPath(job));
-  const std::size_t folders = count();
+  int asked = 0;
+  const ReadOptions options{.makeFolder = [&] { return ++asked, ToText(work.Folder()); }};
   StringList messages;
-  EXPECT_TRUE(ReadSurvey(job, FT_JOB, messages));
-  EXPECT_EQ(count(), folders);
+  EXPECT_TRUE(ReadSurvey(job, FT_JOB, messages, options));
+  EXPECT_EQ(asked, 1);
+  EXPECT_TRUE(ReadSurvey(L"examples/ridge-road.dc", FT_DC, messages, options));
+  EXPECT_EQ(asked, 1);
   EXPECT_EQ(std::filesystem::last_write_time(ToPath(job)), before);
   EXPECT_EQ(folder.Read(L"a.job"), ReadBytes("examples/boundary.job"));
 }
