@@ -120,6 +120,11 @@ class HostTest(unittest.TestCase):
         self.check(["convert", folder + "/a.job", folder + "/out.cr5"], 0, ["out.cr5"], [])
         self.check(["import-cr5", folder + "/list.cr5", folder + "/out.job"], 0, ["out.cr5", "out.job"], [])
 
+    def test_batch_outside(self):
+        name = os.path.basename(self.folder)
+        made = ["out", f"out/{name}", f"out/{name}/a.cr5"]
+        self.check(["batch", "--to", "cr5", "--out-dir", "out", f"../{name}/a.job"], 0, made, [])
+
     # Not a byte more or less: of a system that has line ends of its own, too.
     def test_standard_streams(self):
         made = self.before["list.cr5"]
@@ -177,6 +182,7 @@ class HostTest(unittest.TestCase):
         self.assertEqual(self.run_host(batch).returncode, 0)
         newer, older, gone = (os.path.join(self.folder, f"out/many/{i}/{i}.cr5") for i in range(3))
         before = contents(self.folder)
+        os.makedirs(os.path.join(os.path.dirname(older), ".zelconvert-1"))  # of a run that was killed
         os.utime(older, (0, 0))
         os.remove(gone)
         kept = os.stat(newer).st_mtime_ns
@@ -191,6 +197,17 @@ class HostTest(unittest.TestCase):
         self.assertGreater(os.stat(older).st_mtime_ns, 0)
         after = contents(self.folder)
         self.assertEqual({**after, "report": b""}, {**before, "report": b""})
+
+    def test_batch_again_after_either_of_a_pair(self):
+        batch = ["batch", "--to", "dc", "--from", "job+raw", "--out-dir", "out", "p.job", "--skip-existing"]
+        self.assertIn(b"1 converted", self.run_host(batch).stderr)
+        for name in "p.job", "p.raw":
+            self.assertIn(b"1 skipped", self.run_host(batch).stderr)
+            old, new = (time.time() + seconds for seconds in (-2000, -1000))
+            for path in "p.job", "p.raw", "out/p.dc":
+                os.utime(os.path.join(self.folder, path), (old, old))
+            os.utime(os.path.join(self.folder, name), (new, new))
+            self.assertIn(b"1 converted", self.run_host(batch).stderr, name)
 
     # Everything of the job but its time and its coordinate system.
     def test_import_cr5(self):
@@ -402,6 +419,14 @@ class PosixTest(HostTest):
         self.assertEqual(host.wait(), 128 + signal.SIGINT)
         self.assertEqual(sorted(os.listdir(self.folder)), sorted(name for name in self.before if "/" not in name))
         self.assertEqual(os.stat(self.big).st_mode & 0o777, 0o444)
+
+    # What another run is still writing isn't taken for what a killed one has left.
+    def test_two_runs_in_a_folder(self):
+        host = self.start_long(stdout=subprocess.DEVNULL)
+        host.send_signal(signal.SIGSTOP)
+        self.assertEqual(self.run_host(["batch", "--to", "dc", "--out-dir", ".", "p.job"]).returncode, 0)
+        host.send_signal(signal.SIGCONT)
+        self.assertEqual(host.wait(), 0)
 
     # What becomes a DC file on the way, in the system's folder for such files.
     def test_interrupt_reading(self):
