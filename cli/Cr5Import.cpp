@@ -21,7 +21,8 @@ constexpr LinearUnit kUnits[] = {LinearUnit::Metre, LinearUnit::InternationalFoo
 
 int UnitsNamed(std::string_view name) {
   if (name.empty()) return 0;
-  return static_cast<int>(std::ranges::find(kUnitNames, name) - std::begin(kUnitNames));
+  return static_cast<int>(std::find(std::begin(kUnitNames), std::end(kUnitNames), name) -
+                          std::begin(kUnitNames));
 }
 
 std::optional<LinearUnit> LinearUnitNamed(std::string_view name) {
@@ -30,7 +31,7 @@ std::optional<LinearUnit> LinearUnitNamed(std::string_view name) {
 }
 
 std::string_view NameOfUnit(LinearUnit unit) {
-  return kUnitNames[std::ranges::find(kUnits, unit) - std::begin(kUnits)];
+  return kUnitNames[std::find(std::begin(kUnits), std::end(kUnits), unit) - std::begin(kUnits)];
 }
 
 void ImportCr5(const fs::path& list, const fs::path& jobPath, FileType type, int units) {

@@ -39,7 +39,8 @@ void RunIntoPlace(const Options& options, const std::vector<InputFile>& inputs,
 }
 
 void CheckStreams(const Options& options, const std::vector<DirectInput>& inputs) {
-  if (std::ranges::count(inputs, "-", &DirectInput::argument) > 1) {
+  if (std::count_if(inputs.begin(), inputs.end(),
+                    [](const DirectInput& each) { return IsStandardStream(each.argument); }) > 1) {
     throw HostFailure(kWrongUsage, "standard input is one file");
   }
   if (options.json && IsStandardStream(options.output)) {

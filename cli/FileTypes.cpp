@@ -15,7 +15,8 @@ bool ConvertsTo(const TypeInfo& from, const TypeInfo& to) {
 namespace {
 
 bool IsSameFor(const TypeInfo& from, FileType a, FileType b) {
-  return std::ranges::all_of(GetRecordKinds(LogOf(from.type)), [&](const RecordKind& kind) {
+  const auto kinds = GetRecordKinds(LogOf(from.type));
+  return std::all_of(kinds.begin(), kinds.end(), [&](const RecordKind& kind) {
     return kind.carriedTo.Contains(a) == kind.carriedTo.Contains(b);
   });
 }
@@ -26,8 +27,9 @@ std::vector<OutputGroup> GroupOutputs(const TypeInfo& from) {
   std::vector<OutputGroup> groups;
   for (const TypeInfo& to : kTypes) {
     if (!ConvertsTo(from, to)) continue;
-    const auto same = std::ranges::find_if(
-        groups, [&](const OutputGroup& each) { return IsSameFor(from, each.first, to.type); });
+    const auto same = std::find_if(groups.begin(), groups.end(), [&](const OutputGroup& each) {
+      return IsSameFor(from, each.first, to.type);
+    });
     if (same != groups.end()) {
       same->names.push_back(to.name);
     } else {

@@ -46,7 +46,8 @@ inline constexpr TypeInfo kTypes[] = {
 /// The names of all.
 inline constexpr auto kTypeNames = [] {
   std::array<std::string_view, std::size(kTypes)> names;
-  std::ranges::transform(kTypes, names.begin(), &TypeInfo::name);
+  std::transform(std::begin(kTypes), std::end(kTypes), names.begin(),
+                 [](const TypeInfo& type) { return type.name; });
   return names;
 }();
 

@@ -49,7 +49,7 @@ std::vector<fs::path> StagingFolder::MoveFiles(std::vector<fs::path> targets,
   for (const fs::path& target : targets) {
     if (target != output && HaveSameBytes(GetPath() / target.filename(), target)) continue;
     CheckReplaceable(target, replace);
-    if (std::ranges::find(kept, target) != kept.end()) {
+    if (std::find(kept.begin(), kept.end(), target) != kept.end()) {
       throw HostFailure(kNoOutput, platform::ToText(target) +
                                        " has just been made of another file, with other contents");
     }

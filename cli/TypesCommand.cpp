@@ -83,7 +83,8 @@ std::string ListRoute(const TypeInfo& from, const OutputGroup& group) {
 std::string ListRoutes(const TypeInfo& from, const std::string& to) {
   std::string text;
   for (const OutputGroup& group : GroupOutputs(from)) {
-    const bool isAsked = to.empty() || std::ranges::find(group.names, to) != group.names.end();
+    const bool isAsked =
+        to.empty() || std::find(group.names.begin(), group.names.end(), to) != group.names.end();
     if (isAsked) text += (text.empty() ? "" : "\n") + ListRoute(from, group);
   }
   if (!text.empty()) return text;

@@ -82,8 +82,8 @@ void AppendPadded(std::wstring& row, std::wstring_view cell, std::size_t width) 
 }  // namespace
 
 std::wstring ShowText(std::wstring text) {
-  std::ranges::replace_if(
-      text, [](wchar_t c) { return c < L' ' || c == 0x7F; }, L'?');
+  std::replace_if(
+      text.begin(), text.end(), [](wchar_t c) { return c < L' ' || c == 0x7F; }, L'?');
   return text;
 }
 

@@ -67,8 +67,8 @@ class Keys {
   std::wstring_view Of(const Note& note) {
     constexpr std::size_t kLength = 60;
     std::wstring key(Trim(Left(Left(note.text, note.text.find_first_of(L"\t\r")), kLength)));
-    std::ranges::replace_if(
-        key, [](wchar_t c) { return c >= 0x80; }, L'?');
+    std::replace_if(
+        key.begin(), key.end(), [](wchar_t c) { return c >= 0x80; }, L'?');
     return m_made.emplace_back(std::move(key));
   }
 
@@ -154,16 +154,17 @@ void TellOnly(Subject subject, bool isFirst, const Record& record,
 void SortByName(std::vector<SurveyDifference>& found, std::size_t start) {
   std::vector<std::size_t> order(found.size() - start);
   std::iota(order.begin(), order.end(), start);
-  std::ranges::stable_sort(order, [&found](std::size_t i, std::size_t j) {
+  std::stable_sort(order.begin(), order.end(), [&found](std::size_t i, std::size_t j) {
     const SurveyDifference &a = found[i], &b = found[j];
-    const std::strong_ordering names = CompareNaturally(a.name, b.name);
-    if (std::is_neq(names)) return std::is_lt(names);
+    using Order = std::strong_ordering;
+    const Order names = CompareNaturally(a.name, b.name);
+    if (names != Order::equal) return names == Order::less;
     return std::tie(a.firstLine, a.secondLine) < std::tie(b.firstLine, b.secondLine);
   });
   std::vector<SurveyDifference> sorted;
   sorted.reserve(order.size());
   for (const std::size_t i : order) sorted.push_back(std::move(found[i]));
-  std::ranges::move(sorted, found.begin() + static_cast<std::ptrdiff_t>(start));
+  std::move(sorted.begin(), sorted.end(), found.begin() + static_cast<std::ptrdiff_t>(start));
 }
 
 class SurveyComparison {
@@ -249,7 +250,9 @@ void SurveyComparison::CompareAll(Subject subject, Kind kind,
 }
 
 void SurveyComparison::TellNotCompared() {
-  const auto isOneOf = [](const auto& list, auto is) { return std::ranges::any_of(list, is); };
+  const auto isOneOf = [](const auto& list, auto is) {
+    return std::any_of(list.begin(), list.end(), is);
+  };
   const auto has = [&](const Survey& survey, Kind kind) {
     switch (kind) {
       case Kind::Geodetic:

@@ -56,9 +56,9 @@ std::wstring_view Cut(std::wstring_view text, std::size_t length, Kept kept) {
 
 bool AreSame(std::wstring_view whole, std::wstring_view eightBit) {
   constexpr wchar_t kFirstBeyondAscii = 0x80;
-  return std::ranges::equal(whole, eightBit, [](wchar_t a, wchar_t b) {
-    return a == b || (b == L'?' && a >= kFirstBeyondAscii);
-  });
+  return std::equal(
+      whole.begin(), whole.end(), eightBit.begin(), eightBit.end(),
+      [](wchar_t a, wchar_t b) { return a == b || (b == L'?' && a >= kFirstBeyondAscii); });
 }
 
 // `rest`: what a format of these limits may have left of `whole`.
@@ -133,10 +133,11 @@ std::wstring_view NameKey::Of(std::wstring_view name, std::wstring& storage) con
     if (name.empty()) return L"0";
   }
   name = Trim(Cut(name, m_length, m_kept));
-  if (m_form != NameForm::Word || std::ranges::all_of(name, IsWordCharacter)) return name;
+  if (m_form != NameForm::Word || std::all_of(name.begin(), name.end(), IsWordCharacter))
+    return name;
   storage = name;
-  std::ranges::replace_if(
-      storage, [](wchar_t c) { return !IsWordCharacter(c); }, L'_');
+  std::replace_if(
+      storage.begin(), storage.end(), [](wchar_t c) { return !IsWordCharacter(c); }, L'_');
   return storage;
 }
 

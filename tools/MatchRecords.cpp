@@ -84,9 +84,11 @@ void Matching::MatchNearest(Group first, Group second) {
                             first[i].isDeleted != second[j].isDeleted, i, j});
     }
   }
-  std::ranges::sort(candidates, {}, [](const Candidate& each) {
+  const auto rank = [](const Candidate& each) {
     return std::tuple(each.distance, each.stateDiffers, each.first, each.second);
-  });
+  };
+  std::sort(candidates.begin(), candidates.end(),
+            [&rank](const Candidate& a, const Candidate& b) { return rank(a) < rank(b); });
   std::vector<char> isFirstTaken(first.size()), isSecondTaken(second.size());
   for (const Candidate& each : candidates) {
     if (isFirstTaken[each.first] != 0 || isSecondTaken[each.second] != 0) continue;
@@ -104,7 +106,8 @@ void Matching::MatchNearest(Group first, Group second) {
 void Matching::MatchInOrder(Group first, Group second) {
   const auto sorted = [](Group group) {
     std::vector<MatchItem> items(group.begin(), group.end());
-    std::ranges::stable_sort(items, {}, &MatchItem::place);
+    std::stable_sort(items.begin(), items.end(),
+                     [](const MatchItem& a, const MatchItem& b) { return a.place < b.place; });
     return items;
   };
   std::vector<MatchItem> restOfFirst, restOfSecond;

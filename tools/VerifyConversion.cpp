@@ -122,10 +122,11 @@ void MarkReduced(Survey& survey) {
 /// What both comparisons tell is told once.
 void Append(SurveyDiff&& more, SurveyDiff& diff) {
   const auto isTold = [&diff](const SurveyDifference& each) {
-    return std::ranges::any_of(diff.differences, [&each](const SurveyDifference& told) {
-      return std::tie(told.subject, told.change, told.name, told.property) ==
-             std::tie(each.subject, each.change, each.name, each.property);
-    });
+    return std::any_of(diff.differences.begin(), diff.differences.end(),
+                       [&each](const SurveyDifference& told) {
+                         return std::tie(told.subject, told.change, told.name, told.property) ==
+                                std::tie(each.subject, each.change, each.name, each.property);
+                       });
   };
   for (SurveyDifference& each : more.differences) {
     if (diff.differences.size() < 1000 && isTold(each)) continue;

@@ -23,6 +23,7 @@
 #include <string_view>
 #include <type_traits>
 
+#include "io/BitCast.h"
 #include "io/Strings.h"
 #include "io/Units.h"
 
@@ -33,9 +34,9 @@ template <class Unsigned>
 Unsigned LittleEndian(Unsigned value) {
   static_assert(std::is_unsigned_v<Unsigned>);
   if constexpr (std::endian::native != std::endian::little) {
-    auto bytes = std::bit_cast<std::array<std::byte, sizeof(Unsigned)>>(value);
+    auto bytes = BitCast<std::array<std::byte, sizeof(Unsigned)>>(value);
     std::reverse(bytes.begin(), bytes.end());
-    value = std::bit_cast<Unsigned>(bytes);
+    value = BitCast<Unsigned>(bytes);
   }
   return value;
 }
@@ -63,7 +64,7 @@ class BinaryReader {
 
   /// A NaN is no value.
   void Field(std::size_t offset, double& value) const {
-    value = std::bit_cast<double>(LoadLittleEndian<std::uint64_t>(At(offset)));
+    value = BitCast<double>(LoadLittleEndian<std::uint64_t>(At(offset)));
     if (std::isnan(value)) value = DC_NULL;
   }
   /// Of any width; signed ones in two's complement.
@@ -107,7 +108,7 @@ class BinaryWriter {
 
   /// Null values as they are.
   void Field(std::size_t offset, const double& value) const {
-    StoreLittleEndian(At(offset), std::bit_cast<std::uint64_t>(value));
+    StoreLittleEndian(At(offset), BitCast<std::uint64_t>(value));
   }
   /// Of any width; signed ones in two's complement.
   template <class Integer>

@@ -1,7 +1,6 @@
 #include "io/Numbers.h"
 
 #include <algorithm>
-#include <bit>
 #include <charconv>
 #include <cmath>
 #include <iterator>
@@ -9,7 +8,9 @@
 #include <optional>
 #include <system_error>
 
+#include "io/BitCast.h"
 #include "io/Strings.h"
+#include "platform/Decimal.h"
 
 namespace zelconvert {
 namespace {
@@ -85,8 +86,7 @@ bool IsTooLarge(std::string_view number) {
 // `number` has no sign and is valid to its end.
 double ConvertReal(std::string_view number, bool& overflow) {
   double value = 0;
-  const auto result = std::from_chars(number.data(), number.data() + number.size(), value);
-  if (result.ec == std::errc::result_out_of_range) value = IsTooLarge(number) ? HUGE_VAL : 0.0;
+  if (!platform::ParseDecimal(number, value)) value = IsTooLarge(number) ? HUGE_VAL : 0.0;
   overflow = value == HUGE_VAL;
   return value;
 }
@@ -117,7 +117,7 @@ std::optional<FixedPoint> ToFixedPoint(double value, int decimals) {
   constexpr int kMantissaBits = 52, kExponentMask = 0x7FF, kZeroShiftExponent = 1075;
   if (decimals > kMaxFixedDecimals) return std::nullopt;
   if (value == 0) return FixedPoint();
-  const auto bits = std::bit_cast<std::uint64_t>(value);
+  const auto bits = BitCast<std::uint64_t>(value);
   const int shift = kZeroShiftExponent - (static_cast<int>(bits >> kMantissaBits) & kExponentMask);
   if (shift < 0 || shift > 60) return std::nullopt;
   const std::uint64_t hiddenBit = std::uint64_t{1} << kMantissaBits;
@@ -154,7 +154,7 @@ char* WriteFixedPoint(char* at, char* end, FixedPoint fixed, int decimals) {
 
 char* WriteFixed(char* at, char* end, double value, int decimals) {
   const auto fixed = ToFixedPoint(value, decimals);
-  if (!fixed) return std::to_chars(at, end, value, std::chars_format::fixed, decimals).ptr;
+  if (!fixed) return platform::WriteDecimal(at, end, value, decimals);
   if (std::signbit(value)) *at++ = '-';
   return WriteFixedPoint(at, end, *fixed, decimals);
 }

@@ -70,6 +70,13 @@ std::int32_t NumberOf(RecordPointer record) {
   return number;
 }
 
+bool ComesBefore(RecordPointer a, RecordPointer b) {
+  return NumberOf(a) < NumberOf(b);
+}
+bool HaveOneNumber(RecordPointer a, RecordPointer b) {
+  return NumberOf(a) == NumberOf(b);
+}
+
 int CompareNumbers(const void* a, const void* b) {
   const std::int32_t left = NumberOf(*static_cast<const RecordPointer*>(a));
   const std::int32_t right = NumberOf(*static_cast<const RecordPointer*>(b));
@@ -87,8 +94,12 @@ std::vector<RecordPointer> PointersTo(const std::vector<Cr5RecordBlock>& records
 // number stand in the order that CQuickSort leaves them in.
 std::vector<RecordPointer> Sort(const std::vector<Cr5RecordBlock>& records) {
   std::vector<RecordPointer> sorted = PointersTo(records);
-  if (!std::ranges::is_sorted(sorted, {}, NumberOf)) std::ranges::sort(sorted, {}, NumberOf);
-  if (std::ranges::adjacent_find(sorted, {}, NumberOf) == sorted.end()) return sorted;
+  if (!std::is_sorted(sorted.begin(), sorted.end(), ComesBefore)) {
+    std::sort(sorted.begin(), sorted.end(), ComesBefore);
+  }
+  if (std::adjacent_find(sorted.begin(), sorted.end(), HaveOneNumber) == sorted.end()) {
+    return sorted;
+  }
   sorted = PointersTo(records);
   CQuickSort::Sort(sorted.data(), sorted.size(), sizeof(RecordPointer), CompareNumbers);
   return sorted;
@@ -286,7 +297,8 @@ void JobToCr5::AddRecord(const JOB_POINT& point, std::int32_t number) {
 }
 
 bool JobToCr5::WritePlain(const std::vector<RecordPointer>& records) {
-  return std::ranges::all_of(records, [this](RecordPointer each) { return WriteRecord(*each); });
+  return std::all_of(records.begin(), records.end(),
+                     [this](RecordPointer each) { return WriteRecord(*each); });
 }
 
 // One record for every number, unless numbers are there twice: then the walk runs ahead of the

@@ -79,7 +79,8 @@ bool CJobFile::ReadBlocks() {
   FileHeadBlock block{};
   if (!m_File.Read(block.data(), block.size())) return false;
   Unpack(block, m_fileHead);
-  if (!std::ranges::equal(m_fileHead.signature, Signature())) return false;
+  const std::span<const std::byte> expected = Signature();
+  if (!std::equal(expected.begin(), expected.end(), m_fileHead.signature.begin())) return false;
   if (m_fileHead.version < kOldJobVersion) return true;
   return m_fileHead.version < kJobVersion ? ReadOldBlocks() : ReadNewBlocks();
 }
@@ -129,7 +130,8 @@ bool CJobFile::Create(const std::wstring& path, std::uint16_t version) {
 
 bool CJobFile::WriteBlocks(std::uint16_t version) {
   const bool isOld = version == kOldJobVersion;
-  std::ranges::copy(Signature(), m_fileHead.signature.begin());
+  const std::span<const std::byte> signature = Signature();
+  std::copy(signature.begin(), signature.end(), m_fileHead.signature.begin());
   m_fileHead.version = version;
   m_fileHead.firstRecordOffset = isOld ? kOldFirstRecordOffset : kFirstRecordOffset;
   m_header.creationTime = CurrentLocalTime();

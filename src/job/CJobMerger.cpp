@@ -15,7 +15,8 @@ constexpr JobKind kCopiedKinds[] = {JobKind::Layer,    JobKind::Point,    JobKin
                                     JobKind::Record9,  JobKind::Record10, JobKind::Record7};
 
 bool IsCopied(JobKind kind) {
-  return std::ranges::find(kCopiedKinds, kind) != std::end(kCopiedKinds);
+  return std::find(std::begin(kCopiedKinds), std::end(kCopiedKinds), kind) !=
+         std::end(kCopiedKinds);
 }
 
 bool HasId(JobKind kind) {

@@ -1,7 +1,6 @@
 #include "jxl/CXmlElement.h"
 
 #include <algorithm>
-#include <cstring>
 
 #include "io/CFileCE.h"
 #include "io/Strings.h"
@@ -104,7 +103,7 @@ void AppendEscapedText(std::string& out, std::string_view text) {
   AppendEscaped(out, text);
 }
 
-CXmlTree::CXmlTree(const char* rootName) : m_texts(kBlock) {
+CXmlTree::CXmlTree(const char* rootName) {
   m_nodes.push_back(Node(rootName));
 }
 
@@ -113,9 +112,7 @@ const char* CXmlTree::Keep(const XmlText& text) {
   if (text.m_text.empty() && text.m_utf8.empty()) return "";
   m_utf8 = text.m_utf8;
   AppendXmlCharacters(m_utf8, text.m_text);
-  auto* kept = static_cast<char*>(m_texts.allocate(m_utf8.size() + 1, 1));
-  std::memcpy(kept, m_utf8.c_str(), m_utf8.size() + 1);
-  return kept;
+  return m_texts.Keep(m_utf8);
 }
 
 std::uint32_t CXmlTree::Append(std::uint32_t parent, const Node& node) {

@@ -6,10 +6,11 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
-#include <memory_resource>
 #include <span>
 #include <string>
 #include <string_view>
+
+#include "io/TextArena.h"
 
 namespace zelconvert {
 
@@ -127,7 +128,7 @@ class CXmlTree {
 
   std::deque<Node> m_nodes;
   std::deque<Attribute> m_attributes;
-  std::pmr::monotonic_buffer_resource m_texts;
+  TextArena m_texts;
   std::string m_utf8;
 };
 

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <bit>
 #include <charconv>
 #include <clocale>
 #include <cmath>
@@ -10,6 +9,7 @@
 #include <random>
 
 #include "CaseFile.h"
+#include "io/BitCast.h"
 #include "io/Numbers.h"
 #include "io/Strings.h"
 
@@ -76,7 +76,7 @@ TEST(Numbers, ReportsRealsThatAreTooLarge) {
 // Random bit patterns reach every exponent, binary fractions are often ties; the others are numbers
 // as surveys have them.
 double RandomReal(std::mt19937_64& random, int i) {
-  if (i % 3 == 0) return std::bit_cast<double>(random());
+  if (i % 3 == 0) return BitCast<double>(random());
   if (i % 3 == 1) return static_cast<double>(random() % 1000000) / 1024;
   const double unit = static_cast<double>(random() % 2000000001) / 1e9 - 1;
   return unit * std::pow(10, static_cast<int>(random() % 9));

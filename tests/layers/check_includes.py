@@ -18,7 +18,7 @@ CALLS = {"dc/CConvDcFileToJob.cpp": ["roads/ConvertDcRoads.h"]}  # a job's roads
 OUTSIDE = {"tools/Json.cpp": ["nlohmann/json.hpp"], "tools/proj/Wgs84.cpp": ["proj.h", "dlfcn.h"]}
 
 INCLUDE = re.compile(r'^\s*#\s*include\s+(?:"([^"]+)"|<([^>]+)>)', re.M)
-PLATFORM_TEST = re.compile(r"^\s*#.*\b(_WIN32|_WIN64|__linux__|__unix__|__APPLE__|_MSC_VER|__MINGW)", re.M)
+PLATFORM_TEST = re.compile(r"^\s*#.*\b(_WIN32|_WIN64|__linux__|__unix__|__APPLE__|_MSC_VER|__MINGW|__EMSCRIPTEN__)", re.M)
 
 
 def is_conversion(path):
