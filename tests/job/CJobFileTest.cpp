@@ -110,6 +110,20 @@ TEST(CJobFile, CutsLongTexts) {
                                 Block(100), {"A name that is l", "xxxxxxxxxxxxxxx", 0, 0, 0}))));
 }
 
+TEST(CJobFile, ReadsPairsAsOneCharacter) {
+  const TempDir temp;
+  CJobFile job(true);
+  ASSERT_TRUE(job.CreateNew(temp.Path(L"a.job")));
+  JOB_POINT written, read;
+  written.description = L"a \U0001F332";
+  EXPECT_TRUE(job.WritePoint(written));
+  job.Close();
+  ASSERT_TRUE(job.Open(temp.Path(L"a.job"), false) && job.SeekToFirstRecord());
+  ASSERT_TRUE(Head().Next(job) && job.Read(read));
+  // Where a wide character holds 16 bits the literal is a pair as well.
+  EXPECT_EQ(read.description, written.description);
+}
+
 // What the old form lacks stays as the caller had it.
 TEST(CJobFile, ReadsOldFormsIntoTheFrontOfARecord) {
   const TempDir temp;
