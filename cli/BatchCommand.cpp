@@ -13,8 +13,8 @@
 #include "cli/BatchPlan.h"
 #include "cli/BatchWorker.h"
 #include "cli/Commands.h"
-#include "cli/ConvertPlan.h"
 #include "cli/FileTypes.h"
+#include "cli/InputType.h"
 #include "cli/TemporaryFolder.h"
 #include "cli/platform/Host.h"
 

@@ -1,5 +1,6 @@
 #include "cli/BatchPlan.h"
 
+#include <algorithm>
 #include <fstream>
 #include <iostream>
 #include <map>
@@ -28,6 +29,10 @@ std::vector<std::string> ReadNames(std::istream& list) {
 std::vector<std::string> NamesOf(const Options& options) {
   if (options.filesFrom.has_value() != options.files.empty()) {
     throw HostFailure(kWrongUsage, "either FILE or --files-from says which files are converted");
+  }
+  if (std::ranges::find(options.files, "-") != options.files.end()) {
+    throw HostFailure(kWrongUsage,
+                      "a batch converts files with names; --files-from - reads their names");
   }
   if (!options.filesFrom) return options.files;
   if (*options.filesFrom == "-") return ReadNames(std::cin);
@@ -79,6 +84,10 @@ void CheckDistinctFiles(const std::vector<BatchFile>& files) {
 }  // namespace
 
 std::vector<BatchFile> PlanBatch(const Options& options) {
+  if (options.outDir == "-") {
+    throw HostFailure(kWrongUsage,
+                      "--out-dir is a folder: a batch makes many files, standard output takes one");
+  }
   const fs::path folder = Absolute(options.outDir);
   const std::string extension = ExtensionNamed(options.to);
   std::vector<BatchFile> files;

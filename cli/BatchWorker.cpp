@@ -130,8 +130,8 @@ void ConvertAsTold(const Words& words) {
   Outcome outcome;
   std::string from = options.from;
   Attempt(outcome, [&] {
-    const ConvertPlan plan =
-        MakePlan(platform::ToPath(words.at(0)), platform::ToPath(words.at(1)), options);
+    const InputFile input(words.at(0), options.from);
+    const ConvertPlan plan = MakePlan(input, platform::ToPath(words.at(1)), options);
     from = FindType(plan.conversion.from)->name;
     outcome.warnings = plan.warnings;
     RunPlan(plan, options.force, outcome, AskForTargets);

@@ -291,8 +291,8 @@ constexpr Section kSections[] = {
      "is replaced without --force. A run that is broken off leaves nothing behind."},
     {"Standard input and output",
      "- in the place of a file to read or to make is standard input or output. Neither has a name "
-     "that tells a type, so --from and --to do. What is made is all that goes to standard output "
-     "then; of several files it is the first."},
+     "that tells a type: of standard input the first bytes do, or --from, of standard output --to. "
+     "What is made is all that goes to standard output then; of several files it is the first."},
     {"Exit codes",
      "0: converted, or whatever else was asked for is done.\n"
      "1: the conversion failed, or an input broke off while it was read; for detect, a file is of "

@@ -1,15 +1,13 @@
 #include "cli/ConvertPlan.h"
 
-#include <algorithm>
 #include <filesystem>
-#include <iterator>
-#include <string_view>
 
 #include "cli/Cr5Import.h"
 #include "cli/FileChecks.h"
 #include "cli/FileNames.h"
 #include "cli/FileTypes.h"
 #include "cli/Host.h"
+#include "cli/InputType.h"
 #include "cli/Outcome.h"
 #include "cli/Verify.h"
 #include "cli/platform/Host.h"
@@ -19,19 +17,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using platform::ToText;
-
-// Types of two files that stand together: the log beside the file that is named is what is read.
-struct Pair {
-  FileType type;
-  const char* log;
-};
-constexpr Pair kPairs[] = {{FT_JOB_RAW, ".raw"}, {FT_PW_JOB_RAW, ".pwr"}, {FT_CR5_RW5, ".rw5"}};
-
-const Pair* FindPair(FileType type) {
-  const auto* pair = std::find_if(std::begin(kPairs), std::end(kPairs),
-                                  [type](const Pair& each) { return each.type == type; });
-  return pair == std::end(kPairs) ? nullptr : pair;
-}
 
 const TypeInfo& TypeOfOutput(const std::string& asked, const fs::path& output) {
   if (!asked.empty()) return *FindType(asked);
@@ -70,43 +55,9 @@ fs::path JobOfPoints(const Options& options, const TypeInfo& from, const TypeInf
 
 }  // namespace
 
-bool IsPair(FileType type) {
-  return FindPair(type) != nullptr;
-}
-
-// Of the two job types it is the spelling that decides in the library, not the type.
-fs::path FileRead(FileType from, const fs::path& input) {
-  const Pair* pair = FindPair(from);
-  if (pair == nullptr) return input;
-  constexpr std::size_t kReplaced = 4;  // with the point, and whatever they are
-  if (platform::ToLibrary(input.extension()).size() != kReplaced) {
-    throw HostFailure(kWrongUsage, ToText(input) + " is not named as a " + GetExtension(from) +
-                                       " file with a log beside it");
-  }
-  if (from != FT_CR5_RW5) pair = FindPair(input.extension() == ".job" ? FT_JOB_RAW : FT_PW_JOB_RAW);
-  return fs::path(input).replace_extension(pair->log);
-}
-
-const TypeInfo& TypeOfInput(const std::string& named, const fs::path& input, const char* option) {
-  if (!named.empty()) return *FindType(named);
-  CheckReadable(input);
-  const TypeInfo* type = FindType(DetectType(input));
-  if (type == nullptr) {
-    throw HostFailure(kWrongUsage,
-                      "the name " + ToText(input) + " tells no type; " + option + " does");
-  }
-  // What is named like a job and doesn't begin like one is taken for its pair with a log.
-  if (const Pair* pair = FindPair(type->type)) {
-    throw HostFailure(kNoInput, ToText(input) + " doesn't begin as a " + GetExtension(pair->type) +
-                                    " file does; to read the " + pair->log +
-                                    " file beside it use " + option + " " +
-                                    std::string(type->name));
-  }
-  return *type;
-}
-
-ConvertPlan MakePlan(const fs::path& input, const fs::path& output, const Options& options) {
-  const TypeInfo& from = TypeOfInput(options.from, input, "--from");
+ConvertPlan MakePlan(const InputFile& file, const fs::path& output, const Options& options) {
+  const fs::path& input = file.GetPath();
+  const TypeInfo& from = file.GetType();
   CheckNoFolder(output);
   const TypeInfo& to = TypeOfOutput(options.to, output);
   CheckRoute(from, to);

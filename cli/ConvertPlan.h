@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "cli/FileTypes.h"
+#include "cli/GivenFiles.h"
 #include "cli/Json.h"
 #include "cli/Library.h"
 #include "cli/Options.h"
@@ -20,21 +21,9 @@ struct ConvertPlan {
   bool keep = false;                  ///< whether one that lacks something is kept
 };
 
-/// Whether a file of this type stands beside another, which is what is read.
-bool IsPair(FileType type);
-
-/// What is read for an input of this type: of a pair the log. Throws a HostFailure for a name that
-/// has none beside it.
-std::filesystem::path FileRead(FileType from, const std::filesystem::path& input);
-
-/// Of a file to read: the type named, or else what its name and contents tell. option: what names
-/// it. Throws a HostFailure.
-const TypeInfo& TypeOfInput(const std::string& named, const std::filesystem::path& input,
-                            const char* option);
-
-/// Of `options` the types, the job and whether files are replaced count. Both paths are absolute.
-/// Throws a HostFailure.
-ConvertPlan MakePlan(const std::filesystem::path& input, const std::filesystem::path& output,
+/// Of `options` the type of the output, the job and whether files are replaced count. The path is
+/// absolute. Throws a HostFailure.
+ConvertPlan MakePlan(const InputFile& file, const std::filesystem::path& output,
                      const Options& options);
 
 /// For those who print JSON, by the names that the user knows.

@@ -3,8 +3,8 @@
 #include <vector>
 
 #include "cli/Commands.h"
-#include "cli/FileNames.h"
 #include "cli/FileTypes.h"
+#include "cli/GivenFiles.h"
 #include "cli/Json.h"
 #include "cli/Library.h"
 #include "cli/platform/Host.h"
@@ -19,16 +19,16 @@ struct Detected {
   std::string reason;
 };
 
-Detected Detect(const std::string& file) {
-  const std::filesystem::path path = platform::ToPath(file);
+Detected Detect(const std::string& argument) {
+  const InputFile file(argument, "");
+  const std::string& name = file.GetGivenName();
   std::error_code ignored;
-  if (!std::filesystem::is_regular_file(path, ignored) || !platform::IsReadable(path)) {
-    return {platform::ToText(path), kNoInput, nullptr, "it can't be read"};
+  if (!std::filesystem::is_regular_file(file.GetPath(), ignored) ||
+      !platform::IsReadable(file.GetPath())) {
+    return {name, kNoInput, nullptr, "it can't be read"};
   }
-  const int number = DetectType(path);
-  const TypeInfo* type = FindType(number);
-  return {platform::ToText(path), type == nullptr ? kFailed : kConverted, type,
-          ReasonOfType(number, path)};
+  const ToldType told = file.TellType();
+  return {name, told.type == nullptr ? kFailed : kConverted, told.type, told.reason};
 }
 
 void PrintAsText(const Detected& detected) {

@@ -7,16 +7,15 @@
 #include <vector>
 
 #include "cli/Commands.h"
-#include "cli/ConvertPlan.h"
 #include "cli/Cr5Import.h"
 #include "cli/DiffJson.h"
 #include "cli/FileChecks.h"
 #include "cli/FileTypes.h"
 #include "cli/GivenFiles.h"
 #include "cli/Json.h"
-#include "cli/Library.h"
 #include "cli/Outcome.h"
 #include "cli/SurveyFile.h"
+#include "cli/TemporaryFolder.h"
 #include "cli/platform/Host.h"
 #include "io/Numbers.h"
 #include "io/Strings.h"
@@ -43,14 +42,8 @@ double ToleranceOf(const Options& options) {
 }
 
 struct DiffSide {
-  DiffSide(const std::string& argument, const std::string& askedType, const char* option)
-      : file(argument, ExtensionNamed(askedType)),
-        name(IsStandardStream(argument) ? file.GetName() : argument),
-        type(TypeOfInput(askedType, file.GetPath(), option)) {}
-
   InputFile file;
-  std::string name;  // as it was given
-  const TypeInfo& type;
+  const TypeInfo& type = file.GetType();
   Survey survey = {};
 };
 
@@ -61,15 +54,8 @@ std::optional<LinearUnit> UnitOfLists(const Options& options,
 }
 
 void Read(DiffSide& side, std::optional<LinearUnit> listUnit, Outcome& outcome) {
-  try {
-    side.survey = ReadSurveyOf(side.file.GetPath(), side.type,
-                               {.makeFolder = MakeTemporaryFolders(), .listUnit = listUnit},
-                               side.name, outcome.messages);
-  } catch (const HostFailure&) {
-    side.file.RenameIn(outcome);
-    throw;
-  }
-  side.file.RenameIn(outcome);
+  side.survey = ReadSurveyOf(
+      side.file, {.makeFolder = MakeTemporaryFolders(), .listUnit = listUnit}, outcome.messages);
 }
 
 bool IsList(const DiffSide& side) {
@@ -86,14 +72,14 @@ void ReadBoth(const Options& options, DiffSide& a, DiffSide& b, Outcome& outcome
 void Print(const DiffSide& a, const DiffSide& b, const SurveyDiff& diff,
            const tools::DiffOptions& how) {
   if (diff.IsEqual()) return;
-  PrintOut("A  " + a.name + "\nB  " + b.name + "\n");
+  PrintOut("A  " + a.file.GetGivenName() + "\nB  " + b.file.GetGivenName() + "\n");
   PrintOut(AsUtf8(tools::FormatDiff(diff, how)));
 }
 
 Json::Object Describe(const DiffSide& side) {
   const Survey& survey = side.survey;
   const bool isInGons = survey.angleUnit == AngularUnit::Gon;
-  return {{"file", side.name},
+  return {{"file", side.file.GetGivenName()},
           {"type", std::string(side.type.name)},
           {"lengthUnit",
            survey.lengthUnit ? Json(std::string(NameOfUnit(*survey.lengthUnit))) : nullptr},
@@ -121,11 +107,8 @@ ExitCode RunDiff(const Options& options) {
   Outcome outcome;
   SurveyDiff diff;
   Attempt(outcome, [&] {
-    if (IsStandardStream(options.input) && IsStandardStream(options.second)) {
-      throw HostFailure(kWrongUsage, "standard input is one file");
-    }
     const double tolerance = ToleranceOf(options);
-    DiffSide a(options.input, options.from, "--from"), b(options.second, options.to, "--to");
+    DiffSide a{{options.input, options.from}}, b{{options.second, options.to, "--to"}};
     ReadBoth(options, a, b, outcome);
     const tools::DiffOptions how = {.planTolerance = tolerance, .heightTolerance = tolerance};
     diff = tools::DiffSurveys(a.survey, b.survey, how);

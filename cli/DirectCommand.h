@@ -2,30 +2,28 @@
 // care for files that "convert" takes.
 #pragma once
 
+#include <filesystem>
 #include <functional>
 #include <string>
 #include <vector>
 
+#include "cli/GivenFiles.h"
 #include "cli/Host.h"
 #include "cli/Options.h"
 #include "cli/Outcome.h"
 
 namespace zelconvert::cli {
 
-/// A file to read as it was given, and the extension of a standard input in its place.
+/// A file to read as it was given, and the short name of its type, or empty if it tells it.
 struct DirectInput {
   std::string argument;
-  std::string extension;
+  std::string type;
 };
 
-/// Paths as the core takes them; the output is one of a staging folder, with its later name.
-struct DirectFiles {
-  std::vector<std::wstring> inputs;
-  std::wstring output;
-};
-
-/// Makes the output, or throws a HostFailure. Warnings and texts go into the outcome.
-using DirectConversion = std::function<void(const DirectFiles& files, Outcome& outcome)>;
+/// Makes the output, a file of a staging folder with its later name, or throws a HostFailure.
+/// Warnings and texts go into the outcome.
+using DirectConversion = std::function<void(const std::vector<InputFile>& inputs,
+                                            const std::filesystem::path& output, Outcome& outcome)>;
 
 /// Checks the files, converts, moves what was made into place, and tells the user. extension: of a
 /// standard output.

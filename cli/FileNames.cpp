@@ -50,17 +50,17 @@ const TypeInfo* TypeNamed(const fs::path& path) {
   return found == std::end(kTypes) ? nullptr : found;
 }
 
+std::string TellFirstBytes(std::string_view bytes) {
+  return "first bytes \"" + std::string(bytes.substr(0, bytes.find_last_not_of(" \t") + 1)) + "\"";
+}
+
 std::string ReasonOfType(int type, const fs::path& path) {
   const std::string extension = ToText(path.extension());
   if (extension.empty()) return "the name has no extension";
   if (type < 0) return "no type has the extension " + extension;
   const std::string named = "extension " + extension;
-  const auto begins = [&](std::string_view signature) {
-    signature.remove_suffix(signature.size() - 1 - signature.find_last_not_of(' '));
-    return named + ", first bytes \"" + std::string(signature) + "\"";
-  };
-  if (type == FT_JOB) return begins(kJobSignature);
-  if (type == FT_PW_JOB) return begins(kPwJobSignature);
+  if (type == FT_JOB) return named + ", " + TellFirstBytes(kJobSignature);
+  if (type == FT_PW_JOB) return named + ", " + TellFirstBytes(kPwJobSignature);
   if (type == FT_JOB_RAW || type == FT_PW_JOB_RAW) return named + ", first bytes of no such job";
   return named;
 }

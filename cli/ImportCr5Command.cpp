@@ -22,9 +22,7 @@ const TypeInfo& TypeOf(const std::string& asked, const fs::path& output) {
   throw HostFailure(kWrongUsage, "OUT is no .job or .pwj file; --to says what it is to be");
 }
 
-void Import(const DirectFiles& files, const Options& options, Outcome& outcome) {
-  const fs::path list = platform::FromLibrary(files.inputs.front());
-  const fs::path job = platform::FromLibrary(files.output);
+void Import(const fs::path& list, const fs::path& job, const Options& options, Outcome& outcome) {
   const FileType type = TypeOf(options.to, job).type;
   AddWarning(outcome.warnings, WarnOfContents(list));
   AddWarning(outcome.warnings, WarnOfOutputName(type, job));
@@ -38,9 +36,10 @@ void Import(const DirectFiles& files, const Options& options, Outcome& outcome) 
 }  // namespace
 
 ExitCode RunImportCr5(const Options& options) {
-  return RunDirect(
-      options, {{options.input, GetExtension(FT_CR5)}}, ExtensionNamed(options.to),
-      [&](const DirectFiles& files, Outcome& outcome) { Import(files, options, outcome); });
+  return RunDirect(options, {{options.input, "cr5"}}, ExtensionNamed(options.to),
+                   [&](const auto& inputs, const fs::path& job, Outcome& outcome) {
+                     Import(inputs.front().GetPath(), job, options, outcome);
+                   });
 }
 
 }  // namespace zelconvert::cli

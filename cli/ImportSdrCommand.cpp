@@ -1,5 +1,6 @@
 // zelconvert import-sdr IN OUT: a raw log of what an SDR file tells of a job, which the library's
 // functions never open.
+#include <filesystem>
 #include <string>
 
 #include "cli/Commands.h"
@@ -23,16 +24,16 @@ SdrVersion FindVersion(CFileCE& sdr) {
   return SdrVersion::Sdr33;
 }
 
-void ImportSdr(const DirectFiles& files, const std::string& from, Outcome& outcome) {
-  const std::wstring& input = files.inputs.front();
-  const std::string shown = platform::ToText(platform::FromLibrary(input));
+void ImportSdr(const InputFile& input, const std::filesystem::path& output, const std::string& from,
+               Outcome& outcome) {
+  const std::string shown = input.GetName();
   CFileCE sdr;
   CRawFile raw;
-  if (!sdr.Open(input, zelconvert::platform::kOpenReadOnly)) {
+  if (!sdr.Open(platform::ToLibrary(input.GetPath()), zelconvert::platform::kOpenReadOnly)) {
     throw HostFailure(kNoInput, shown + " can't be opened");
   }
   Report report;
-  const bool created = raw.OpenForWrite(files.output);
+  const bool created = raw.OpenForWrite(platform::ToLibrary(output));
   CConvRawSDRFile conversion(&raw, &sdr);
   conversion.SetSdrVersion(from == "sdr2"    ? SdrVersion::Sdr2
                            : from == "sdr33" ? SdrVersion::Sdr33
@@ -48,9 +49,10 @@ void ImportSdr(const DirectFiles& files, const std::string& from, Outcome& outco
 }  // namespace
 
 ExitCode RunImportSdr(const Options& options) {
-  return RunDirect(
-      options, {{options.input, GetExtension(FT_SDR33)}}, GetExtension(FT_RAW),
-      [&](const DirectFiles& files, Outcome& outcome) { ImportSdr(files, options.from, outcome); });
+  return RunDirect(options, {{options.input, "sdr33"}}, GetExtension(FT_RAW),
+                   [&](const auto& inputs, const auto& output, Outcome& outcome) {
+                     ImportSdr(inputs.front(), output, options.from, outcome);
+                   });
 }
 
 }  // namespace zelconvert::cli

@@ -23,11 +23,12 @@ Looked LookAt(const std::string& file, const Options& options) {
   Looked looked;
   std::vector<std::string> messages;
   try {
-    const SurveyFile survey(file, options, messages);
-    Info info = tools::MakeInfo(survey.GetSurvey());
-    info.file = survey.GetName();
-    info.type = survey.GetType().name;
-    info.reason = survey.GetReason();
+    const InputFile input(file, options.from);
+    Info info = tools::MakeInfo(ReadSurveyOf(input, ReadOptionsOf(options), messages));
+    const ToldType told = input.TellType();
+    info.file = input.GetGivenName();
+    info.type = told.type->name;
+    info.reason = told.reason;
     looked.json = tools::ToJson(info);
     looked.text = tools::ToText(info);
   } catch (const HostFailure& failure) {

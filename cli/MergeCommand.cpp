@@ -1,5 +1,7 @@
 // zelconvert merge A B OUT: two jobs in one.
+#include <filesystem>
 #include <string>
+#include <vector>
 
 #include "cli/Commands.h"
 #include "cli/DirectCommand.h"
@@ -15,7 +17,7 @@ namespace zelconvert::cli {
 namespace {
 
 // The merge itself gives no texts.
-[[noreturn]] void Refuse(MergeResult result, const DirectFiles& files) {
+[[noreturn]] void Refuse(MergeResult result, const std::vector<InputFile>& files) {
   if (result == MergeResult::NotWritten) throw HostFailure(kNoOutput, "OUT can't be written");
   if (result == MergeResult::ScalesDiffer) {
     throw HostFailure(kFailed, "the jobs have different scales");
@@ -23,9 +25,9 @@ namespace {
   if (result == MergeResult::RecordUnreadable) {
     throw HostFailure(kFailed, "a record of the jobs can't be read");
   }
-  const std::wstring& path = files.inputs[result == MergeResult::FirstNotOpened ? 0 : 1];
-  throw HostFailure(kNoInput, platform::ToText(platform::FromLibrary(path)) +
-                                  " can't be opened as a job of the brand that its name tells");
+  const InputFile& file = files[result == MergeResult::FirstNotOpened ? 0 : 1];
+  throw HostFailure(kNoInput,
+                    file.GetName() + " can't be opened as a job of the brand that its name tells");
 }
 
 std::string WarnOfRepeated(const MergeCounts& counts) {
@@ -35,26 +37,28 @@ std::string WarnOfRepeated(const MergeCounts& counts) {
          std::to_string(counts.moved) + " of them at other coordinates; OUT holds both";
 }
 
-void Merge(const DirectFiles& files, Outcome& outcome) {
-  if (zelconvert::platform::IsSameFile(files.inputs[0], files.inputs[1])) {
+void Merge(const std::vector<InputFile>& inputs, const std::filesystem::path& output,
+           Outcome& outcome) {
+  const std::wstring first = platform::ToLibrary(inputs[0].GetPath());
+  const std::wstring second = platform::ToLibrary(inputs[1].GetPath());
+  const std::wstring merged = platform::ToLibrary(output);
+  if (zelconvert::platform::IsSameFile(first, second)) {
     throw HostFailure(kWrongUsage, "A and B are the same file");
   }
-  const FileType type = HasExtension(files.output, L".job") ? FT_JOB : FT_PW_JOB;
-  AddWarning(outcome.warnings, WarnOfOutputName(type, platform::FromLibrary(files.output)));
+  const FileType type = HasExtension(merged, L".job") ? FT_JOB : FT_PW_JOB;
+  AddWarning(outcome.warnings, WarnOfOutputName(type, output));
   Report report;
   MergeCounts counts;
-  const MergeResult result =
-      MergeJobs(files.inputs[0], files.inputs[1], files.output, report, &counts);
+  const MergeResult result = MergeJobs(first, second, merged, report, &counts);
   AddMessages(outcome, report.messages);
-  if (result != MergeResult::Merged) Refuse(result, files);
+  if (result != MergeResult::Merged) Refuse(result, inputs);
   AddWarning(outcome.warnings, WarnOfRepeated(counts));
 }
 
 }  // namespace
 
 ExitCode RunMerge(const Options& options) {
-  const std::string extension = ExtensionNamed(options.from);
-  return RunDirect(options, {{options.input, extension}, {options.second, extension}},
+  return RunDirect(options, {{options.input, options.from}, {options.second, options.from}},
                    ExtensionNamed(options.to), Merge);
 }
 

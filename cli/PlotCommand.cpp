@@ -6,10 +6,7 @@
 #include <utility>
 
 #include "cli/Commands.h"
-#include "cli/ConvertPlan.h"
 #include "cli/DirectCommand.h"
-#include "cli/GivenFiles.h"
-#include "cli/Library.h"
 #include "cli/SurveyFile.h"
 #include "cli/platform/Host.h"
 #include "cli/platform/Program.h"
@@ -28,22 +25,16 @@ constexpr const char* kConverterMissing =
     "needs "
     "no other program";
 
-bool IsPng(const std::wstring& path) {
-  return HasExtension(path, L".png");
+bool IsPng(const fs::path& path) {
+  return HasExtension(platform::ToLibrary(path), L".png");
 }
 
 void CheckOutputName(const std::string& output) {
   if (IsStandardStream(output)) return;
-  const std::wstring path = platform::ToLibrary(platform::ToPath(output));
-  if (!IsPng(path) && !HasExtension(path, L".svg")) {
+  const fs::path path = platform::ToPath(output);
+  if (!IsPng(path) && !HasExtension(platform::ToLibrary(path), L".svg")) {
     throw HostFailure(kWrongUsage, "the name of OUT ends in .svg or .png");
   }
-}
-
-tools::Survey Read(const Options& options, const std::wstring& input, Outcome& outcome) {
-  const fs::path path = platform::FromLibrary(input);
-  const TypeInfo& type = TypeOfInput(options.from, path, "--from");
-  return ReadSurveyOf(path, type, ReadOptionsOf(options), platform::ToText(path), outcome.messages);
 }
 
 void Write(const fs::path& path, const std::string& svg) {
@@ -109,15 +100,16 @@ void Tell(const tools::PlotSummary& summary, Outcome& outcome) {
 
 ExitCode RunPlot(const Options& options) {
   CheckOutputName(options.output);
-  const auto draw = [&options](const DirectFiles& files, Outcome& outcome) {
-    const tools::Survey survey = Read(options, files.inputs.front(), outcome);
-    const fs::path name = platform::FromLibrary(files.inputs.front()).filename();
+  const auto draw = [&options](const std::vector<InputFile>& inputs, const fs::path& output,
+                               Outcome& outcome) {
+    const InputFile& input = inputs.front();
+    const tools::Survey survey = ReadSurveyOf(input, ReadOptionsOf(options), outcome.messages);
+    const fs::path name = platform::ToPath(input.GetGivenName()).filename();
     const tools::Plot plot = tools::DrawPlot(survey, platform::ToLibrary(name));
-    const fs::path output = platform::FromLibrary(files.output);
-    IsPng(files.output) ? WritePng(output, plot.svg) : Write(output, plot.svg);
+    IsPng(output) ? WritePng(output, plot.svg) : Write(output, plot.svg);
     Tell(plot.summary, outcome);
   };
-  return RunDirect(options, {{options.input, ExtensionNamed(options.from)}}, ".svg", draw);
+  return RunDirect(options, {{options.input, options.from}}, ".svg", draw);
 }
 
 }  // namespace zelconvert::cli

@@ -39,7 +39,7 @@ bool WriteTo(const fs::path& path, const std::string& text) {
   return file.good();
 }
 
-std::vector<fs::path> Store(const Options& options, const SurveyFile& input,
+std::vector<fs::path> Store(const Options& options, const InputFile& input,
                             const std::string& text) {
   const fs::path output = Absolute(options.output);
   CheckDistinct(output, input.GetPath());
@@ -65,9 +65,10 @@ void Run(const Options& options, Outcome& outcome) {
   if (toScreen && options.json) {
     throw HostFailure(kWrongUsage, "--json needs -o: standard output takes one of both");
   }
-  const SurveyFile survey(options.input, options, outcome.messages);
-  outcome.about = {{"input", survey.GetName()}};
-  const tools::PointTable table = MakeTable(options, survey.GetSurvey());
+  const InputFile input(options.input, options.from);
+  outcome.about = {{"input", input.GetGivenName()}};
+  const tools::PointTable table =
+      MakeTable(options, ReadSurveyOf(input, ReadOptionsOf(options), outcome.messages));
   if (table.leftOut > 0) {
     AddWarning(outcome.warnings,
                std::to_string(table.leftOut) +
@@ -77,7 +78,7 @@ void Run(const Options& options, Outcome& outcome) {
   if (toScreen) {
     Print(table.text);
   } else {
-    outcome.files = Store(options, survey, table.text);
+    outcome.files = Store(options, input, table.text);
   }
 }
 
