@@ -47,12 +47,11 @@ void RequireHeader() {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace zelconvert;
-  if (size > 16384) return 0;
-  const std::wstring path = StoreInput(L"in.job", data, size);
-  for (int version = 0; version < 4; ++version) {
-    Convert(path, true, version);
-    Convert(path, false, version);
-  }
-  if (FuzzDir().Exists(L"out.dc")) RequireHeader();
-  return 0;
+  return RunOnFile(L"in.job", 16384, data, size, [](const std::wstring& input) {
+    for (int version = 0; version < 4; ++version) {
+      Convert(input, true, version);
+      Convert(input, false, version);
+    }
+    if (FuzzDir().Exists(L"out.dc")) RequireHeader();
+  });
 }

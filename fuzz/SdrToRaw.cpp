@@ -40,11 +40,10 @@ void RequireLog() {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace zelconvert;
-  if (size > 16384) return 0;
-  const std::wstring path = StoreInput(L"in.sdr", data, size);
-  for (const SdrVersion version : {SdrVersion::Sdr2, SdrVersion::Sdr33}) {
-    Convert(path, version);
-    RequireLog();
-  }
-  return 0;
+  return RunOnFile(L"in.sdr", 16384, data, size, [](const std::wstring& input) {
+    for (const SdrVersion version : {SdrVersion::Sdr2, SdrVersion::Sdr33}) {
+      Convert(input, version);
+      RequireLog();
+    }
+  });
 }
