@@ -16,6 +16,7 @@ elif [ "${1:-build}" = test ]; then
     libgtest-dev libgmock-dev googletest libbenchmark-dev
     libpugixml-dev                                             # an XML reader that is not ours
     proj-bin                                                   # positions by the codes of zones
+    zsh fish                                                   # their completions
     git pkg-config binutils locales
   )
 fi

@@ -1,12 +1,15 @@
 # Completes command lines of zelconvert in bash. Made by "zelconvert generate bash".
 _zelconvert() {
     local cur=${COMP_WORDS[COMP_CWORD]} prev=${COMP_WORDS[COMP_CWORD - 1]}
-    local key values= words= options=
+    local key word kind= values= words= options= count=0 most=0
     if [[ $cur == = ]]; then cur=; fi
     if [[ $prev == = ]]; then prev=${COMP_WORDS[COMP_CWORD - 2]}; fi
     COMPREPLY=()
     if ((COMP_CWORD == 1)); then
-        COMPREPLY=($(compgen -W 'convert batch detect types info points import-cr5 import-sdr merge diff plot help --help --version' -- "$cur"))
+        words='convert batch detect types info points import-cr5 import-sdr merge diff plot help'
+        if [[ $cur == -* ]]; then words='-h --help --version'; fi
+        compopt +o default
+        COMPREPLY=($(compgen -W "$words" -- "$cur"))
         return
     fi
     case ${COMP_WORDS[1]} in
@@ -28,9 +31,10 @@ _zelconvert() {
         'convert --from') values='job oldjob pwj cr5 seqcr5 dc dc77 dc1000 dc1070 raw rw5 pwr job+raw pwj+pwr cr5+rw5 sdr33 sdr2 ilj jxl' ;;
         'convert --to') values='job oldjob pwj cr5 seqcr5 dc dc77 dc1000 dc1070 raw rw5 pwr job+raw pwj+pwr cr5+rw5 sdr33 sdr2 ilj jxl' ;;
         'batch --to') values='job oldjob pwj cr5 seqcr5 dc dc77 dc1000 dc1070 raw rw5 pwr job+raw pwj+pwr cr5+rw5 sdr33 sdr2 ilj jxl' ;;
+        'batch --out-dir') kind=folder ;;
         'batch --from') values='job oldjob pwj cr5 seqcr5 dc dc77 dc1000 dc1070 raw rw5 pwr job+raw pwj+pwr cr5+rw5 sdr33 sdr2 ilj jxl' ;;
-        'types') words='job oldjob pwj cr5 seqcr5 dc dc77 dc1000 dc1070 raw rw5 pwr job+raw pwj+pwr cr5+rw5 sdr33 sdr2 ilj jxl' ;;
-        'types') words='job oldjob pwj cr5 seqcr5 dc dc77 dc1000 dc1070 raw rw5 pwr job+raw pwj+pwr cr5+rw5 sdr33 sdr2 ilj jxl' ;;
+        'batch --jobs') kind=free ;;
+        'types') words='job oldjob pwj cr5 seqcr5 dc dc77 dc1000 dc1070 raw rw5 pwr job+raw pwj+pwr cr5+rw5 sdr33 sdr2 ilj jxl' most=2 ;;
         'info --from') values='job oldjob pwj cr5 seqcr5 dc dc77 dc1000 dc1070 raw rw5 pwr job+raw pwj+pwr cr5+rw5 sdr33 sdr2 ilj jxl' ;;
         'info --units') values='m ft usft' ;;
         'points --format') values='csv geojson' ;;
@@ -42,14 +46,21 @@ _zelconvert() {
         'import-sdr --from') values='sdr33 sdr2' ;;
         'merge --from') values='job pwj' ;;
         'merge --to') values='job pwj' ;;
+        'diff --tolerance') kind=free ;;
         'diff --from') values='job oldjob pwj cr5 seqcr5 dc dc77 dc1000 dc1070 raw rw5 pwr job+raw pwj+pwr cr5+rw5 sdr33 sdr2 ilj jxl' ;;
         'diff --to') values='job oldjob pwj cr5 seqcr5 dc dc77 dc1000 dc1070 raw rw5 pwr job+raw pwj+pwr cr5+rw5 sdr33 sdr2 ilj jxl' ;;
         'diff --units') values='m ft usft' ;;
         'plot --from') values='job oldjob pwj cr5 seqcr5 dc dc77 dc1000 dc1070 raw rw5 pwr job+raw pwj+pwr cr5+rw5 sdr33 sdr2 ilj jxl' ;;
         'plot --units') values='m ft usft' ;;
-        'help') words='convert batch detect types info points import-cr5 import-sdr merge diff plot help' ;;
+        'help') words='convert batch detect types info points import-cr5 import-sdr merge diff plot help' most=1 ;;
         esac
     done
+    for word in "${COMP_WORDS[@]:2:COMP_CWORD - 2}"; do
+        if [[ $word != -* ]]; then ((++count)); fi
+    done
+    if [[ $words || $kind ]]; then compopt +o default; fi
+    if [[ $kind == folder ]]; then compopt -o dirnames; fi
+    if ((count >= most)); then words=; fi
     if [[ $cur == -* ]]; then words=$options; fi
     if [[ $values ]]; then words=$values; fi
     COMPREPLY=($(compgen -W "$words" -- "$cur"))
