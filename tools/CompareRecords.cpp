@@ -32,16 +32,25 @@ constexpr bool IsDeleted(const Record& record) {
   }
 }
 
+// Two values may lie further apart than a number below 0 can be without being a null one.
+double AsShift(double difference) {
+  constexpr double kLeast = kNullLimit + 1;
+  return difference < kLeast ? kLeast : difference;
+}
+
+double ShiftOf(double a, double b) {
+  return Computed(AsShift(b - a), a, b);
+}
+
 GridPosition ShiftOf(const GridPosition& a, const GridPosition& b) {
-  return {Difference(b.north, a.north), Difference(b.east, a.east),
-          Difference(b.elevation, a.elevation)};
+  return {ShiftOf(a.north, b.north), ShiftOf(a.east, b.east), ShiftOf(a.elevation, b.elevation)};
 }
 
 // Near enough for what lies within a tolerance.
 GridPosition ShiftOf(const GeodeticPosition& a, const GeodeticPosition& b) {
   const double east = std::remainder(b.longitude - a.longitude, 2 * kPi) * std::cos(a.latitude);
-  return {(b.latitude - a.latitude) * kWgs84Axis, east * kWgs84Axis,
-          Difference(b.height, a.height)};
+  return {AsShift((b.latitude - a.latitude) * kWgs84Axis), AsShift(east * kWgs84Axis),
+          ShiftOf(a.height, b.height)};
 }
 
 bool IsBeyond(double value, double tolerance) {

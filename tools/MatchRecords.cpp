@@ -13,7 +13,8 @@ using Group = std::span<const MatchItem>;
 double DistanceOf(const MatchItem& a, const MatchItem& b) {
   double sum = 0;
   for (std::size_t i = 0; i < a.place.size(); ++i) {
-    const double difference = NullToZero(Difference(a.place[i], b.place[i]));
+    const bool isKnown = !IsNull(a.place[i]) && !IsNull(b.place[i]);
+    const double difference = isKnown ? a.place[i] - b.place[i] : 0;
     sum += difference * difference;
   }
   return std::sqrt(sum);

@@ -156,6 +156,20 @@ TEST(DiffTest, AnglesCountAroundTheCircleAndByTheirDistance) {
   }
 }
 
+// Their difference is below what counts as no value.
+TEST(DiffTest, PlacesWorldsApartAreNotTheSame) {
+  for (const GridPosition& far : {GridPosition{1e9, 0, 0}, {0, 1e9, 0}, {0, 0, 1e9}}) {
+    Survey a = SurveyOf(FT_DC, {Point(L"P")}), b = SurveyOf(FT_DC, {Point(L"P")});
+    b.points[0].grid = far;
+    EXPECT_EQ(SummarizeDiff(DiffSurveys(a, b)), L"points: 1 moved");
+    EXPECT_EQ(SummarizeDiff(DiffSurveys(b, a)), L"points: 1 moved");
+    // Of two points of that name one is still where it was.
+    a.points.insert(a.points.begin(), Point(L"P", 1));
+    b.points.push_back(Point(L"P", 1));
+    EXPECT_EQ(DiffSurveys(a, b).differences.size(), 1U);
+  }
+}
+
 TEST(DiffTest, NumbersShowAtTheirTolerance) {
   EXPECT_EQ(DecimalsFor(0.001), 4);
   EXPECT_EQ(DecimalsFor(1), 4);
