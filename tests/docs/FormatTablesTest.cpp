@@ -1,15 +1,21 @@
 // docs/formats/sdr.md shows the columns that the tables hold, job.md the kinds of records. The
 // block of coordinate-system.md has a call for each field instead of a table: what is written
-// stands where the page says, and nothing stands between.
+// stands where the page says, and nothing stands between. Its projections are asked for, code by
+// code, and the records that fill it are found by converting each of them.
 #include <gtest/gtest.h>
 
 #include <array>
 #include <cstring>
+#include <map>
+#include <set>
 #include <sstream>
 #include <string>
 #include <vector>
 
 #include "TempDir.h"
+#include "dc/DcRecordList.h"
+#include "dc/ProjectionCodes.h"
+#include "front/Routes.h"
 #include "geodetic/CGlkProjectionRecord.h"
 #include "io/Strings.h"
 #include "job/JobRecords.h"
@@ -37,13 +43,21 @@ struct Row {
   std::vector<std::string> initial;
 };
 
-std::vector<Row> RowsBelow(const std::string& heading) {
-  std::vector<Row> rows;
+// The cells of a table's rows, from 1.
+std::vector<std::vector<std::string>> CellsBelow(const std::string& heading) {
+  std::vector<std::vector<std::string>> rows;
   std::istringstream page(ReadBytes("docs/formats/coordinate-system.md"));
   std::string line;
   while (std::getline(page, line) && line != heading) continue;
   while (std::getline(page, line) && !line.starts_with("#")) {
-    const std::vector<std::string> cells = SplitAt(line, '|');
+    if (line.starts_with("| ")) rows.push_back(SplitAt(line, '|'));
+  }
+  return rows;
+}
+
+std::vector<Row> RowsBelow(const std::string& heading) {
+  std::vector<Row> rows;
+  for (const std::vector<std::string>& cells : CellsBelow(heading)) {
     if (cells.size() < 4 || cells[1].empty() || !std::isdigit(cells[1][0])) continue;
     const std::vector<std::string> type = SplitAt(cells[2], ' ');
     std::string name = type.back();
@@ -91,6 +105,72 @@ TEST(FormatTables, CoordinateSystemOfANewJob) {
   for (std::size_t at = 0; at < packed.size(); ++at) {
     ASSERT_EQ(packed[at], expected[at]) << "at " << at;
   }
+}
+
+// The characters that stand in quotes.
+std::set<char> QuotedIn(const std::string& cell) {
+  std::set<char> quoted;
+  for (std::size_t at = 0; at + 2 < cell.size(); ++at) {
+    if (cell[at] != '\'' || cell[at + 2] != '\'') continue;
+    quoted.insert(cell[at + 1]);
+    at += 2;
+  }
+  return quoted;
+}
+
+TEST(FormatTables, ProjectionIds) {
+  std::map<std::uint16_t, std::set<char>> read;
+  for (char code = ' '; code < 0x7F; ++code) {
+    read[ProjectionIdFromCode(static_cast<wchar_t>(code))].insert(code);
+  }
+  std::size_t count = 0;
+  for (const auto& cells : CellsBelow("### Projection ids")) {
+    if (!std::isdigit(cells[1].c_str()[0])) continue;
+    const auto id = static_cast<std::uint16_t>(std::stoi(cells[1]));
+    const std::set<char> told = QuotedIn(cells[3]);
+    if (id == kNoProjection) {
+      for (const char code : told) EXPECT_TRUE(read[id].contains(code)) << code;
+    } else {
+      EXPECT_EQ(read[id], told) << id;
+    }
+    EXPECT_EQ(ProjectionCodeFromId(id), static_cast<wchar_t>(cells[4].at(1))) << id;
+    ++count;
+  }
+  EXPECT_GT(count, 5U);
+}
+
+// The block of the job that is made of a DC file of a header, one more line, and a point; empty if
+// none is made.
+std::string BlockAfter(const std::string& line) {
+  constexpr std::size_t kBlock = 600;
+  const std::string header = "00NMFX V10-70           09-16-2026 10:05111111\n";
+  const std::string point = "69KI               1         1.00000         2.00000\n";
+  const TempDir folder;
+  const std::wstring dc = folder.Write(L"in.dc", header + line + "\n" + point);
+  Report report;
+  if (!RunConversion({FT_DC, dc, FT_JOB, folder.Path(L"out.job")}, report)) return {};
+  return folder.Read(L"out.job").substr(kBlock, CGlkProjectionRecord::kBlockSize);
+}
+
+// Columns that are full of one digit: what a record takes of them shows.
+TEST(FormatTables, RecordsThatFillACoordinateSystem) {
+  std::set<std::string> told, seen;
+  for (const auto& cells : CellsBelow("## DC file to job")) {
+    for (const std::string& record : SplitAt(cells[1], ',')) {
+      if (std::isupper(record[0]) || std::isdigit(record[0])) told.insert(record.substr(0, 2));
+    }
+  }
+  const std::string initial = BlockAfter("");
+  EXPECT_FALSE(initial.empty());
+  ForEachDcRecord([&]<class R>() {
+    const std::string head(R::kHead, R::kHead + 2);
+    if (head == "00") return;
+    for (const char digit : {'1', '2', '3'}) {
+      const std::string block = BlockAfter(head + "KI" + std::string(200, digit));
+      if (!block.empty() && block != initial) seen.insert(head);
+    }
+  });
+  EXPECT_EQ(seen, told);
 }
 
 TEST(FormatTables, KindsOfJobRecords) {
