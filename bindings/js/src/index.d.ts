@@ -1,7 +1,6 @@
 /**
  * zelconvert converts land-survey field data between data collectors and office programs, in the
- * browser and in Node. Files are arrays of bytes in memory, which leave the machine as little as the
- * caller lets them.
+ * browser and in Node. Files are arrays of bytes in memory; nothing is sent anywhere.
  *
  * The functions of this module share one converter, whose worker starts with the first call and works
  * on one call after the other. `new Converter()` is a worker of its own, for more than one at a time.
@@ -111,8 +110,8 @@ export interface Converted {
   files: MadeFile[];
   /** The library's texts, in the order in which they arose. */
   messages: string[];
-  /** What the host would warn of, such as a name that tells another type; mostly empty. */
-  warnings: string[];
+  /** What the host would warn of, such as a name that tells another type. */
+  warning: string | null;
 }
 
 export interface LossesRequest extends CallOptions {
@@ -241,14 +240,14 @@ export interface PointCollection {
 export interface Points {
   collection: PointCollection;
   /** Such as that points have no place and are left out. */
-  warnings: string[];
+  warning: string | null;
   messages: string[];
 }
 
 export interface PointsText {
   /** RFC 4180, with the decimals of the file. */
   csv: string;
-  warnings: string[];
+  warning: string | null;
   messages: string[];
 }
 
@@ -266,7 +265,7 @@ export interface Plot {
     | "linesWithoutCoordinates" | "roadsWithoutAlignment",
     number
   >;
-  warnings: string[];
+  warning: string | null;
   messages: string[];
 }
 

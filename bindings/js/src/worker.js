@@ -1,0 +1,74 @@
+// One call at a time, each in an instance of its own: none finds what another left, and one that
+// broke down takes nothing with it.
+import { listen } from "./threads.js";
+
+/** A call's files lie beneath it, in folders of its own; nobody else writes such a path. */
+const kRoot = "/zelconvert.files";
+
+const scripts = new Map();  // the module's glue by its address
+
+async function makeInstance({ script, module }) {
+  if (!scripts.has(script)) scripts.set(script, (await import(script)).default);
+  return scripts.get(script)({
+    instantiateWasm(imports, done) {
+      const instance = new WebAssembly.Instance(module, imports);
+      done(instance, module);
+      return instance.exports;
+    },
+    onPercent: (percent) => post({ percent }),
+    print() {},
+    printErr() {},
+  });
+}
+
+function putFiles(FS, folders) {
+  for (const [folder, files] of Object.entries(folders)) {
+    FS.mkdirTree(`${kRoot}/${folder}`);
+    for (const { name, bytes } of files) {
+      FS.writeFile(`${kRoot}/${folder}/${name}`, bytes, { canOwn: true });
+    }
+  }
+}
+
+function fetchFiles(FS, folder) {
+  const names = FS.readdir(folder).filter((name) => name !== "." && name !== "..");
+  return names.map((name) => ({ name, bytes: FS.readFile(`${folder}/${name}`) }));
+}
+
+function fixClock(instance, { time, ticks }) {
+  const milliseconds = ((time.getHours() * 60 + time.getMinutes()) * 60 + time.getSeconds()) * 1000
+    + time.getMilliseconds();
+  instance._zelFixClock(time.getFullYear(), time.getMonth() + 1, time.getDay(), time.getDate(),
+    milliseconds, ticks);
+}
+
+/** The object that the command prints, as text. */
+function run(instance, words) {
+  const bytes = new TextEncoder().encode(words.map((word) => `${word}\0`).join(""));
+  const place = instance._malloc(bytes.length);
+  instance.HEAPU8.set(bytes, place);
+  instance._zelRun(place, bytes.length);
+  const answer = instance._zelAnswer();
+  const text = instance.HEAPU8.subarray(answer, answer + instance._zelAnswerLength());
+  return new TextDecoder().decode(text);
+}
+
+async function answerCall(call) {
+  const instance = await makeInstance(call);
+  if (call.clock) fixClock(instance, call.clock);
+  instance._zelTestGpsSignatures(call.gpsSignature);
+  putFiles(instance.FS, { ...call.folders, out: [] });
+  const answer = run(instance, call.words);
+  return { answer, files: fetchFiles(instance.FS, `${kRoot}/out`) };
+}
+
+async function receive(call) {
+  try {
+    const done = await answerCall(call);
+    post(done, done.files.map(({ bytes }) => bytes.buffer));
+  } catch (error) {
+    post({ crash: String(error) });
+  }
+}
+
+const post = await listen(receive);
