@@ -1,16 +1,21 @@
 #!/usr/bin/env bash
-# scripts/setup.sh [build|docs|test]: installs the Debian packages that are missing, as root or through
-# sudo. "build" (the default) is what the library and its host need, "docs" what makes the site of
-# docs/, "test" is everything.
+# scripts/setup.sh [build|docs|web|test]: installs the Debian packages that are missing, as root or
+# through sudo. "build" (the default) is what the library and its host need, "docs" what makes the site
+# of docs/, "web" what makes the package for browsers and Node, "test" is everything.
 set -euo pipefail
 
 packages=(cmake ninja-build g++ libcli11-dev nlohmann-json3-dev libproj-dev)
 pages=(mkdocs python3)
+web=(cmake ninja-build nlohmann-json3-dev emscripten libfast-float-dev)
+command -v npm >/dev/null || web+=(nodejs npm) # which may have come from elsewhere
 if [ "${1:-build}" = docs ]; then
   packages=("${pages[@]}")
+elif [ "${1:-build}" = web ]; then
+  packages=("${web[@]}")
 elif [ "${1:-build}" = test ]; then
   packages+=(
-    "${pages[@]}"
+    "${pages[@]}" "${web[@]}"
+    node-typescript faketime                                   # declarations; the host at a fixed time
     clang-14 clang-format-14 clang-tidy-14 libclang-rt-14-dev  # fuzz targets, formatting, checks
     g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix wine64 # Windows
     libgtest-dev libgmock-dev googletest libbenchmark-dev

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # scripts/test.sh [STEP...]: every check of the project, from a fresh clone or again.
-# Steps, in their order: format docs release clang asan fuzz mingw64 mingw32. Without arguments all of them.
+# Steps, in their order: format docs release web clang asan fuzz mingw64 mingw32. Without arguments all of them.
 # FUZZ_SECONDS (default 10) bounds the run of each fuzz target.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -25,6 +25,14 @@ step_docs() {
 step_release() {
   build release
   ctest --preset release -j "$jobs"
+}
+
+# The package for browsers and Node, beside the host.
+step_web() {
+  build wasm
+  cmake --preset release --log-level=WARNING
+  cmake --build --preset release -j "$jobs" --target zelconvert-host
+  node --test tests/js/*.test.mjs
 }
 
 # By the other compiler, whose clang-tidy reads along (.clang-tidy says what it looks for).
@@ -72,7 +80,7 @@ step_mingw32() {
 }
 
 scripts/setup.sh test
-for step in ${*:-format docs release clang asan fuzz mingw64 mingw32}; do
+for step in ${*:-format docs release web clang asan fuzz mingw64 mingw32}; do
   echo "== $step"
   "step_$step"
 done
