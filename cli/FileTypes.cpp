@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "front/RouteLosses.h"
 #include "front/Routes.h"
+#include "tools/RecordKinds.h"
 
 namespace zelconvert::cli {
 
@@ -15,8 +15,8 @@ bool ConvertsTo(const TypeInfo& from, const TypeInfo& to) {
 namespace {
 
 bool IsSameFor(const TypeInfo& from, FileType a, FileType b) {
-  const auto kinds = GetRecordKinds(LogOf(from.type));
-  return std::all_of(kinds.begin(), kinds.end(), [&](const RecordKind& kind) {
+  const auto kinds = tools::GetRecordKinds(from.type);
+  return std::all_of(kinds.begin(), kinds.end(), [&](const tools::RecordKind& kind) {
     return kind.carriedTo.Contains(a) == kind.carriedTo.Contains(b);
   });
 }

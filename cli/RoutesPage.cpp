@@ -3,8 +3,9 @@
 #include <vector>
 
 #include "cli/FileTypes.h"
+#include "cli/InputType.h"
 #include "cli/Pages.h"
-#include "front/RouteLosses.h"
+#include "tools/RecordKinds.h"
 
 namespace zelconvert::cli {
 namespace {
@@ -31,8 +32,8 @@ std::string Table(const std::vector<std::string_view>& inputs, const TypeInfo& f
     rule.emplace_back("---");
   }
   std::string table = "\n## From " + Names(inputs) + "\n\n" + Row(head) + Row(rule);
-  for (const RecordKind& kind : GetRecordKinds(from.type)) {
-    std::vector<std::string> cells = {"`" + std::string(kind.key) + "`", std::string(kind.name)};
+  for (const tools::RecordKind& kind : tools::GetRecordKinds(from.type)) {
+    std::vector<std::string> cells = {"`" + std::string(kind.tag) + "`", std::string(kind.name)};
     for (const OutputGroup& group : groups) {
       cells.emplace_back(kind.carriedTo.Contains(group.first) ? "yes" : "");
     }
@@ -52,12 +53,13 @@ std::string MakeRoutesPage() {
       "points that the log knows. Roads of a DC\nfile become files beside the output. The host "
       "makes this page: `zelconvert generate losses`.\n";
   for (const TypeInfo& from : kTypes) {
-    const auto kinds = GetRecordKinds(from.type);
+    const auto kinds = tools::GetRecordKinds(from.type);
     std::vector<std::string_view> inputs;
     for (const TypeInfo& each : kTypes) {
-      if (GetRecordKinds(each.type).data() == kinds.data()) inputs.push_back(each.name);
+      const bool isSame = tools::GetRecordKinds(each.type).data() == kinds.data();
+      if (isSame && !IsPair(each.type)) inputs.push_back(each.name);
     }
-    if (!kinds.empty() && inputs.front() == from.name) page += Table(inputs, from);
+    if (!GroupOutputs(from).empty() && inputs.front() == from.name) page += Table(inputs, from);
   }
   return page;
 }

@@ -5,20 +5,20 @@
 #include "cli/FileTypes.h"
 #include "cli/Json.h"
 #include "cli/Library.h"
-#include "front/RouteLosses.h"
+#include "tools/RecordKinds.h"
 
 namespace zelconvert::cli {
 namespace {
 
 Json::List DescribeRecords(const TypeInfo& from) {
   Json::List records;
-  for (const RecordKind& kind : GetRecordKinds(LogOf(from.type))) {
+  for (const tools::RecordKind& kind : tools::GetRecordKinds(from.type)) {
     Json::List outputs;
     for (const TypeInfo& to : kTypes) {
       const bool isCarried = ConvertsTo(from, to) && kind.carriedTo.Contains(to.type);
       if (isCarried) outputs.emplace_back(std::string(to.name));
     }
-    records.emplace_back(Json::Object{{"key", std::string(kind.key)},
+    records.emplace_back(Json::Object{{"key", std::string(kind.tag)},
                                       {"name", std::string(kind.name)},
                                       {"carriedTo", std::move(outputs)}});
   }
@@ -64,9 +64,9 @@ std::string ListTypes() {
 
 std::string ListRecords(const TypeInfo& from, FileType to, bool isCarried) {
   std::string lines;
-  for (const RecordKind& kind : GetRecordKinds(LogOf(from.type))) {
+  for (const tools::RecordKind& kind : tools::GetRecordKinds(from.type)) {
     if (kind.carriedTo.Contains(to) != isCarried) continue;
-    lines += "  " + Padded(std::string(kind.key), 6) + std::string(kind.name) + "\n";
+    lines += "  " + Padded(std::string(kind.tag), 6) + std::string(kind.name) + "\n";
   }
   return lines.empty() ? "  nothing\n" : lines;
 }

@@ -35,7 +35,12 @@ class KindSet {
     for (const Kind kind : kinds) m_bits |= Bit(kind);
   }
   constexpr bool Has(Kind kind) const { return (m_bits & Bit(kind)) != 0; }
+  constexpr KindSet& operator|=(KindSet other) {
+    m_bits |= other.m_bits;
+    return *this;
+  }
   constexpr KindSet operator&(KindSet other) const { return KindSet(m_bits & other.m_bits); }
+  constexpr bool operator==(const KindSet&) const = default;
   constexpr KindSet Without(KindSet other) const { return KindSet(m_bits & ~other.m_bits); }
 
  private:

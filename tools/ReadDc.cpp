@@ -194,7 +194,7 @@ constexpr auto DcReader::Handlers() {
 
 void DcReader::Read() {
   static constexpr auto kHandlers = Handlers();
-  RecordCounter counter(RecordFormat::Dc, m_survey.counts);
+  RecordCounter counter(m_survey);
   std::wstring line;
   m_file.Rewind();
   while (m_file.ReadLine(line)) {

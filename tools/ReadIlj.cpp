@@ -58,7 +58,7 @@ constexpr auto IljReader::Handlers() {
 }
 
 Source IljReader::Read() {
-  RecordCounter counter(RecordFormat::Ilj, m_survey.counts);
+  RecordCounter counter(m_survey);
   std::wstring line;
   m_ilj.Rewind();
   while (m_ilj.ReadString(line)) {

@@ -28,7 +28,7 @@ Road RoadOf(const JOB_RECORD10& record) {
 }  // namespace
 
 bool ReadJobFacts(CJobFile& job, Survey& survey) {
-  RecordCounter counter(RecordFormat::Job, survey.counts);
+  RecordCounter counter(survey);
   JOB_HEADER header;
   if (!job.ReadJobHeader(header) || !job.SeekToFirstRecord()) return false;
   const platform::LocalTime& made = header.creationTime;
@@ -50,7 +50,7 @@ bool ReadJobFacts(CJobFile& job, Survey& survey) {
 }
 
 void CountCr5Records(CFileCE& list, Survey& survey) {
-  RecordCounter counter(RecordFormat::Cr5, survey.counts);
+  RecordCounter counter(survey);
   Cr5RecordBlock block;
   std::size_t count = 0;
   list.SeekTo(CR5_HEADER::kLength);

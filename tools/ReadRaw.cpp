@@ -75,7 +75,7 @@ class LogReader {
 };
 
 LogFacts LogReader::Read() {
-  RecordCounter counter(RecordFormat::Raw, m_survey.counts);
+  RecordCounter counter(m_survey);
   m_log.SeekToBegin();
   while (m_log.ReadRecord(m_record)) {
     ++m_line;

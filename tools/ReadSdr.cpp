@@ -60,7 +60,7 @@ class SdrReader {
 };
 
 void SdrReader::Read() {
-  RecordCounter counter(RecordFormat::Sdr, m_survey.counts);
+  RecordCounter counter(m_survey);
   m_survey.lengthUnit = LinearUnit::InternationalFoot;  // until the header says it
   m_survey.decimals = m_layout.lengthDecimals;
   m_sdr.SeekToBegin();

@@ -169,7 +169,7 @@ struct Note {
 /// How many records of a kind the file itself has. Deleted ones count.
 struct RecordCount {
   std::wstring tag;   ///< as in the file: "69", "SS", "POINT"; of a job the number of the kind
-  std::wstring name;  ///< as docs/formats calls it, such as "Position in the grid"
+  std::wstring name;  ///< such as "positions in the grid"
   std::size_t count = 0;
 };
 

@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "tools/FormatLimits.h"
-#include "tools/RouteFacts.h"
+#include "tools/RecordKinds.h"
 #include "tools/SourceRecords.h"
 
 namespace zelconvert::tools {
@@ -23,6 +23,28 @@ constexpr double kAngleRoundings = 3;
 constexpr double kReducedTolerance = 0.005;
 constexpr double kRatio = 1e-9;
 
+/// What a route makes other than it was, besides what it drops.
+class RouteHabits {
+ public:
+  RouteHabits(FileType input, FileType output) : m_input(LogOf(input)), m_output(output) {}
+
+  /// Points by GPS arrive as positions or vectors, not as coordinates.
+  bool LosesGpsGrid() const { return IsOfLog(); }
+  /// A station that was shot before keeps its place from there.
+  bool KeepsFirstStation() const { return IsOfLog() && kDcTypes.Contains(m_output); }
+  /// Stations arrive as places of setups, not as points.
+  bool StatesStations() const { return kSdrTypes.Contains(m_output); }
+  /// Marks of a log are added to codes.
+  bool LetsCodesGrow() const { return kSdrTypes.Contains(m_output); }
+  /// Of what is deleted only what has a class for it arrives.
+  bool DropsDeletedLines() const { return m_output == FT_ILJ; }
+
+ private:
+  bool IsOfLog() const { return kRawTypes.Contains(m_input); }
+
+  int m_input, m_output;
+};
+
 /// The largest coordinate, in metres.
 double SizeOf(const Survey& survey) {
   double size = 1;
@@ -34,7 +56,7 @@ double SizeOf(const Survey& survey) {
   return size;
 }
 
-DiffOptions OptionsFor(const RouteFacts& facts, const Survey& input, const Survey& output) {
+DiffOptions OptionsFor(const RouteHabits& route, const Survey& input, const Survey& output) {
   const FormatLimits& limits = LimitsOf(output.type);
   const LinearUnit unit = output.lengthUnit.value_or(input.lengthUnit.value_or(LinearUnit::Metre));
   const double metres = ToMetres(1, unit);
@@ -48,23 +70,23 @@ DiffOptions OptionsFor(const RouteFacts& facts, const Survey& input, const Surve
   options.scaleTolerance = limits.scale.Step(1) + kRatio;
   options.reducedTolerance = kReducedTolerance;
   options.compareReduced = false;  // the shots are compared
-  options.kinds = facts.carried;
-  options.mayCodesGrow = facts.codesGrow;
+  options.kinds = GetCarriedKinds(input.type, output.type);
+  options.mayCodesGrow = route.LetsCodesGrow();
   return options;
 }
 
 /// Whether the route loses this by its nature.
-bool IsLoss(const RouteFacts& facts, const SurveyDifference& difference) {
-  if (facts.keepsFirstStation && difference.subject == Subject::Setup) {
+bool IsLoss(const RouteHabits& route, const SurveyDifference& difference) {
+  if (route.KeepsFirstStation() && difference.subject == Subject::Setup) {
     return difference.change == Change::Moved || difference.property == L"position";
   }
   return false;
 }
 
 /// Leaves only what didn't arrive.
-void KeepMissing(const RouteFacts& facts, SurveyDiff& diff) {
+void KeepMissing(const RouteHabits& route, SurveyDiff& diff) {
   std::erase_if(diff.differences, [&](const SurveyDifference& each) {
-    return each.change == Change::OnlySecond || IsLoss(facts, each);
+    return each.change == Change::OnlySecond || IsLoss(route, each);
   });
   for (SubjectCounts& counts : diff.counts) counts.changes = {};
   diff.notCompared.clear();
@@ -74,8 +96,7 @@ void KeepMissing(const RouteFacts& facts, SurveyDiff& diff) {
   }
 }
 
-/// Sets of rounds, which no route carries, or shots to stakes, and the points that these alone
-/// give.
+/// Sets of rounds or shots to stakes, and the points that these alone give.
 void DropShots(Survey& survey, ShotKind kind) {
   std::erase_if(survey.shots, [kind](const Shot& shot) { return shot.kind == kind; });
   std::unordered_set<std::wstring_view> targets;
@@ -134,26 +155,26 @@ void Append(SurveyDiff&& more, SurveyDiff& diff) {
   }
 }
 
-void Compare(const ConvertedFiles& files, const RouteFacts& facts, Survey& input, Survey& output,
-             Verification& result) {
-  DropShots(input, ShotKind::Round);
-  if (facts.measuresOnly) DropShots(input, ShotKind::StakeOut);
-  if (facts.losesGpsGrid) DropGpsPoints(input);
-  if (facts.dropsDeletedLines) DropDeletedLines(input);
-  if (facts.statesStations) DropStations(input);
+void Compare(const ConvertedFiles& files, Survey& input, Survey& output, Verification& result) {
+  const RouteHabits route(input.type, output.type);
+  if (Drops(input.type, output.type, "RF")) DropShots(input, ShotKind::Round);
+  if (Drops(input.type, output.type, "SK")) DropShots(input, ShotKind::StakeOut);
+  if (route.LosesGpsGrid()) DropGpsPoints(input);
+  if (route.DropsDeletedLines()) DropDeletedLines(input);
+  if (route.StatesStations()) DropStations(input);
   MarkReduced(input);
-  result.compared = OptionsFor(facts, input, output);
+  result.compared = OptionsFor(route, input, output);
   result.missing = DiffSurveys(input, output, result.compared);
   // Routes with other forms of stations don't go by way of a DC file, as the survey does.
   const std::optional<Survey> records =
-      facts.statesStations ? std::nullopt : ReadSourceRecords(files.input, files.inputType);
+      route.StatesStations() ? std::nullopt : ReadSourceRecords(files.input, files.inputType);
   if (records) {
     DiffOptions options = result.compared;
     options.isFirstPartial = true;
-    options.kinds = facts.carried & KindSet{Kind::Points, Kind::Shots, Kind::Deletions};
+    options.kinds = options.kinds & KindSet{Kind::Points, Kind::Shots, Kind::Deletions};
     Append(DiffSurveys(*records, output, options), result.missing);
   }
-  KeepMissing(facts, result.missing);
+  KeepMissing(route, result.missing);
 }
 
 }  // namespace
@@ -164,8 +185,7 @@ bool CanVerify(FileType outputType) {
 
 Verification VerifyConversion(const ConvertedFiles& files, const FolderMaker& makeFolder) {
   Verification result;
-  const RouteFacts* facts = FactsOf(files.inputType, files.outputType);
-  if (facts == nullptr || !CanVerify(files.outputType)) return result;
+  if (!CanVerify(files.outputType)) return result;
   std::optional<Survey> input = ReadSurvey(files.input, files.inputType, result.messages,
                                            {.makeFolder = makeFolder, .job = files.job});
   if (!input) return result;
@@ -176,7 +196,7 @@ Verification VerifyConversion(const ConvertedFiles& files, const FolderMaker& ma
   if (!output) return result;
   result.messages.clear();  // the conversion has told them
   result.isRead = true;
-  Compare(files, *facts, *input, *output, result);
+  Compare(files, *input, *output, result);
   return result;
 }
 

@@ -165,13 +165,13 @@ TEST(Info, ShowsTheSameAsTextAndJson) {
             "  backsight   A to 1: azimuth +0.0\"\n"
             "              B to A: azimuth +0.0\"\n"
             "              C to B: azimuth +0.0\"\n"
-            "  records     1  JB  job\n"
-            "              1  MO  mode\n"
-            "              1  OC  occupied point\n"
-            "              1  BK  backsight\n"
-            "              2  LS  line of sight\n"
-            "              3  SS  sideshot\n"
-            "              3  TR  traverse shot\n");
+            "  records     1  JB  job: name, date\n"
+            "              1  MO  mode: units, scale\n"
+            "              1  OC  occupied points\n"
+            "              1  BK  backsights\n"
+            "              2  LS  heights of instrument and rod\n"
+            "              3  SS  sideshots\n"
+            "              3  TR  traverse shots\n");
   const std::string json = ToLine(ToJson(info));
   for (const char* part :
        {R"("file":"square.raw","type":"raw","reason":"by hand","job":"X")",
@@ -179,7 +179,7 @@ TEST(Info, ShowsTheSameAsTextAndJson) {
         R"("north":[1000.0,1100.0])", R"("lowest":{"elevation":10.0,"point":"1"})",
         R"({"point":"P","positions":2,"plan":0.05,"height":0.0})",
         R"({"from":"1","to":"1","legs":4,"length":399.97,"north":0.03,"east":)",
-        R"("plan":0.03,"ratio":13332.0)", R"({"tag":"TR","name":"traverse shot","count":3})"}) {
+        R"("plan":0.03,"ratio":13332.0)", R"({"tag":"TR","name":"traverse shots","count":3})"}) {
     EXPECT_NE(json.find(part), json.npos) << part << "\n" << json;
   }
 }

@@ -1,66 +1,69 @@
-// The kinds of records by their names: those of the pages in docs/formats.
+// Every kind of record that a page of docs/formats tells of has its row in the table, and no other.
 #include <gtest/gtest.h>
 
+#include <regex>
 #include <set>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "TempDir.h"
-#include "io/Strings.h"
 #include "tools/RecordCounts.h"
+#include "tools/RecordKinds.h"
 
 namespace zelconvert::tools {
 namespace {
 
-std::string Narrow(std::wstring_view text) {
-  return ToNarrow(text);
-}
+using Tags = std::set<std::string>;
 
-/// Every tag once, and each with a piece of text of the page.
-void ExpectOnPage(RecordFormat format, const char* page, std::string (*piece)(const RecordKind&)) {
+/// What the group of a pattern finds on a page, with ", " between several.
+void AddTags(const char* page, const char* pattern, Tags& tags) {
   const std::string text = ReadBytes(std::string("docs/formats/") + page);
   ASSERT_FALSE(text.empty()) << page;
-  std::set<std::wstring_view> tags;
-  for (const RecordKind& kind : RecordKindsOf(format)) {
-    EXPECT_TRUE(tags.insert(kind.tag).second) << Narrow(kind.tag);
-    EXPECT_NE(text.find(piece(kind)), std::string::npos) << page << ": " << piece(kind);
+  const std::regex row(pattern), tag("[A-Z0-9-]+");
+  for (std::sregex_iterator at(text.begin(), text.end(), row), end; at != end; ++at) {
+    const std::string list = (*at)[1];
+    for (std::sregex_iterator each(list.begin(), list.end(), tag); each != end; ++each) {
+      tags.insert(each->str());
+    }
   }
 }
 
-TEST(RecordKinds, StandOnTheirPages) {
-  const auto words = [](const RecordKind& kind) { return Narrow(kind.name); };
-  ExpectOnPage(RecordFormat::Raw, "raw.md",
-               [](const RecordKind& kind) { return Narrow(kind.tag); });
-  ExpectOnPage(RecordFormat::Sdr, "sdr.md",
-               [](const RecordKind& kind) { return Narrow(kind.tag); });
-  ExpectOnPage(RecordFormat::Ilj, "ilj.md", words);
-  ExpectOnPage(RecordFormat::Job, "job.md", words);
-}
-
-// DC records stand under headings, those of roads in a table.
-TEST(RecordKinds, OfDcFilesStandOnTheirPages) {
-  const std::string page = ReadBytes("docs/formats/dc.md"),
-                    roads = ReadBytes("docs/formats/roads.md");
-  std::set<std::string> known;
-  for (const RecordKind& kind : RecordKindsOf(RecordFormat::Dc)) {
-    const std::string tag = Narrow(kind.tag), name = Narrow(kind.name);
-    EXPECT_TRUE(known.insert(tag).second) << tag;
-    EXPECT_TRUE(page.find("### " + tag + " " + name + ", `") != page.npos ||
-                roads.find("| " + tag + " | " + name + " |") != roads.npos ||
-                name == "known, not used")
-        << tag << " " << name;
-  }
-  for (std::size_t at = page.find("\n### "); at != page.npos; at = page.find("\n### ", at + 1)) {
-    EXPECT_TRUE(known.contains(page.substr(at + 5, 2))) << page.substr(at + 5, 20);
+TEST(RecordKinds, AreThoseOfTheirPages) {
+  struct Case {
+    FileType type;
+    std::vector<std::pair<const char*, const char*>> pages;  // with a pattern each
+    Tags others;                                             // that stand in sentences
+  };
+  const Case kCases[] = {
+      {FT_RAW, {{"raw.md", R"(\n\| ([A-Z]{2}(?:, [A-Z]{2})*) \| )"}}, {"--"}},
+      {FT_DC,
+       {{"dc.md", R"(\n### ([0-9A-Z]{2}) )"}, {"roads.md", R"(\n\| ([0-9A-Z][0-9]) \| )"}},
+       {}},
+      {FT_JOB, {{"job.md", R"(\n\| ([0-9]+) \| (?:[0-9]+|any) \| )"}}, {"header", "system"}},
+      {FT_ILJ, {{"ilj.md", R"(\n\| [0-9]+ \| ([A-Z]{5}) \| )"}}, {}},
+      {FT_SDR33, {{"sdr.md", R"(\n\| ([0-9]{2})[A-Z][A-Z0-9] \| )"}}, {"00", "04"}},
+  };
+  for (const auto& [type, pages, others] : kCases) {
+    Tags expected = others, tags;
+    for (const auto& [page, pattern] : pages) AddTags(page, pattern, expected);
+    for (const RecordKind& kind : GetRecordKinds(type)) {
+      EXPECT_TRUE(tags.emplace(kind.tag).second) << kind.tag;
+    }
+    EXPECT_EQ(tags, expected);
   }
 }
 
 TEST(RecordCounter, CountsWhatIsKnownByItsTag) {
-  std::vector<RecordCount> counts;
-  RecordCounter counter(RecordFormat::Dc, counts);
+  Survey survey;
+  survey.type = FT_DC1000;
+  RecordCounter counter(survey);
   for (const wchar_t* tag : {L"69", L"d9", L"69", L"zz", L"D9", L"", L"\u00e9\u00e9"}) {
     counter.Count(tag);
   }
+  const std::vector<RecordCount>& counts = survey.counts;
   ASSERT_EQ(counts.size(), 3u);
+  EXPECT_EQ(counts[0].name, L"positions in the grid");
   EXPECT_EQ(counts[0].count, 2u);
   EXPECT_EQ(counts[1].tag, L"D9");
   EXPECT_EQ(counts[1].count, 2u);
