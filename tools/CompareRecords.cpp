@@ -192,7 +192,8 @@ void RecordComparison::CompareGeodetic(const GeodeticPosition& a, const Geodetic
                      b.HasPlan() ? L"known" : L"");
   }
   const GridPosition shift = ShiftOf(a, b);
-  if (IsMoved(shift, m_options.planTolerance, m_options.heightTolerance)) TellMoved(shift);
+  const double plan = m_options.geodeticTolerance.value_or(m_options.planTolerance);
+  if (IsMoved(shift, plan, m_options.heightTolerance)) TellMoved(shift);
   if (IsNull(a.height) != IsNull(b.height)) {
     TellNumbers(L"height", Quantity::Length, a.height, b.height);
   }
@@ -257,16 +258,17 @@ void RecordComparison::Compare(const GpsVector& a, const GpsVector& b) {
 void RecordComparison::Compare(const Road& a, const Road& b) {
   Begin(Subject::Road, a, b);
   CompareAlignments(a, b);
-  if (IsNull(a.length) || IsNull(b.length)) return;
+  if (IsNull(a.length) != IsNull(b.length)) return;
   CompareNumber(L"length", Quantity::Length, a.length, b.length, m_options.planTolerance + kNoise);
   CompareProfiles(a, b);
   CompareTemplates(a, b);
 }
 
-// Of one that is only a start that alone is compared. Else where they are farthest apart counts.
+// Of a job the start alone is compared with what other files have. Else where they are farthest
+// apart counts.
 void RecordComparison::CompareAlignments(const Road& a, const Road& b) {
   std::size_t count = std::min(a.alignment.size(), b.alignment.size());
-  if (IsNull(a.length) || IsNull(b.length)) count = std::min<std::size_t>(count, 1);
+  if (IsNull(a.length) != IsNull(b.length)) count = std::min<std::size_t>(count, 1);
   GridPosition worst{0, 0, DC_NULL};
   for (std::size_t i = 0; i < count; ++i) {
     const RoadPoint &first = a.alignment[i], &second = b.alignment[i];
@@ -274,6 +276,9 @@ void RecordComparison::CompareAlignments(const Road& a, const Road& b) {
     if (PlanDistance(shift) > PlanDistance(worst)) worst = shift;
   }
   if (IsMoved(worst, m_options.planTolerance, 0)) TellMoved(worst);
+  if (!IsNull(a.length) || !IsNull(b.length)) return;
+  CompareNumber(L"places", Quantity::Count, static_cast<double>(a.alignment.size()),
+                static_cast<double>(b.alignment.size()), 0);
 }
 
 void RecordComparison::CompareProfiles(const Road& a, const Road& b) {

@@ -60,6 +60,8 @@ struct DiffOptions {
   std::optional<double> instrumentTolerance = {};
   /// Points that are computed from shots, and stations; none: as all others.
   std::optional<double> reducedTolerance = {};
+  /// Places on an ellipsoid, in plan; none: as all others.
+  std::optional<double> geodeticTolerance = {};
   std::optional<double> scaleTolerance = {};  ///< of distances
   /// Radians. None: what moves the end of the distance, or of 100 m, by planTolerance.
   std::optional<double> angleTolerance = {};

@@ -7,7 +7,7 @@
 
 namespace zelconvert::tools {
 
-/// The day the job was made, its kinds of records, and the starts of its roads. False if the file
+/// The day the job was made, its kinds of records, and what it tells of roads. False if the file
 /// can't be read to its end.
 [[nodiscard]] bool ReadJobFacts(CJobFile& job, Survey& survey);
 

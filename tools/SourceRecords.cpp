@@ -12,6 +12,7 @@
 #include "job/CJobFile.h"
 #include "raw/CRawFile.h"
 #include "raw/RawUnits.h"
+#include "tools/SourceGps.h"
 
 namespace zelconvert::tools {
 namespace {
@@ -49,7 +50,7 @@ bool ReadJobPoints(CJobFile& job, Survey& survey) {
 
 class LogRecords {
  public:
-  LogRecords(CRawFile& log, Survey& survey) : m_log(log), m_survey(survey) {}
+  LogRecords(CRawFile& log, Survey& survey) : m_log(log), m_survey(survey), m_gps(survey) {}
 
   void Read();
 
@@ -68,6 +69,7 @@ class LogRecords {
 
   CRawFile& m_log;
   Survey& m_survey;
+  SourceGps m_gps;
   std::wstring m_line;
   std::int64_t m_number = 0;
   LinearUnit m_unit = LinearUnit::Metre;
@@ -101,7 +103,7 @@ void LogRecords::ReadRecord(RawRecordType kind) {
     case RawRecordType::DP:
       return OnDeleted();
     default:
-      return;
+      return m_gps.Take(kind, m_line, m_number, m_unit);
   }
 }
 
@@ -164,13 +166,24 @@ void LogRecords::OnDeleted() {
   if (CRawFile::Parse(m_line, deleted)) m_deletions[std::wstring(Trim(deleted.name))] = m_number;
 }
 
+// A deletion further on raises the class.
 void LogRecords::MarkDeleted() {
-  const auto isDeleted = [this](const std::wstring& name, std::int64_t line) {
+  const auto isDeleted = [this](const std::wstring& name, std::int64_t line,
+                                wchar_t classification) {
+    constexpr int kDeletedClassStep = 5;
     const auto found = m_deletions.find(name);
-    return found != m_deletions.end() && line < found->second;
+    const bool isRaised = found != m_deletions.end() && line < found->second;
+    return IsDeletedClass(
+        static_cast<wchar_t>(classification + (isRaised ? kDeletedClassStep : 0)));
   };
-  for (SurveyPoint& point : m_survey.points) point.isDeleted = isDeleted(point.name, point.line);
-  for (Shot& shot : m_survey.shots) shot.isDeleted = isDeleted(shot.target, shot.line);
+  for (SurveyPoint& point : m_survey.points) {
+    point.isDeleted = isDeleted(point.name, point.line, point.classification);
+  }
+  for (Shot& shot : m_survey.shots) shot.isDeleted = isDeleted(shot.target, shot.line, L'1');
+  for (std::size_t i = 0; i < m_survey.vectors.size(); ++i) {
+    GpsVector& vector = m_survey.vectors[i];
+    vector.isDeleted = isDeleted(vector.rover, vector.line, m_gps.GetClass(i));
+  }
 }
 
 // ---- Interlock jobs

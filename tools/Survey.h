@@ -131,7 +131,7 @@ struct GpsVector {
 struct RoadPoint {
   double station = 0;
   double north = 0, east = 0;
-  double azimuth = 0;
+  double azimuth = 0;  ///< of a job 0
 };
 
 struct ProfilePoint {
@@ -154,10 +154,11 @@ struct RoadTemplate {
 
 struct Road {
   std::wstring name;
-  std::vector<RoadPoint> alignment;   ///< at least the ends of all elements; curves are followed
+  /// At least the ends of all elements; curves are followed. Of a job the places that it tells.
+  std::vector<RoadPoint> alignment;
   std::vector<ProfilePoint> profile;  ///< its points of intersection
   std::vector<RoadTemplate> templates;
-  double length = DC_NULL;  ///< of the horizontal alignment; null: the file has only its start
+  double length = DC_NULL;  ///< of the horizontal alignment; null: a job doesn't tell it
   std::int64_t line = 0;
 };
 

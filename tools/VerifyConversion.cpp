@@ -7,6 +7,7 @@
 #include <unordered_set>
 #include <utility>
 
+#include "geodetic/Wgs84.h"
 #include "tools/FormatLimits.h"
 #include "tools/RecordKinds.h"
 #include "tools/SourceRecords.h"
@@ -171,7 +172,10 @@ void Compare(const ConvertedFiles& files, Survey& input, Survey& output, Verific
   if (records) {
     DiffOptions options = result.compared;
     options.isFirstPartial = true;
-    options.kinds = options.kinds & KindSet{Kind::Points, Kind::Shots, Kind::Deletions};
+    options.geodeticTolerance =
+        options.planTolerance + kWgs84Axis * ToRadians(kReadAngle, AngularUnit::DecimalDegrees);
+    options.kinds = options.kinds & KindSet{Kind::Points, Kind::Geodetic, Kind::Deletions,
+                                            Kind::Shots, Kind::Vectors};
     Append(DiffSurveys(*records, output, options), result.missing);
   }
   KeepMissing(route, result.missing);

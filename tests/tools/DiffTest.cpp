@@ -189,5 +189,24 @@ TEST(DiffTest, HostileNumbersAndNamesDoNoHarm) {
   EXPECT_EQ(text.find(L"\n  "), text.npos);
 }
 
+// Of two jobs every place counts; other files know more of a road than where a job has it start.
+TEST(DiffTest, RoadsOfJobsAreComparedPlaceByPlace) {
+  const auto with = [](FileType type, std::vector<RoadPoint> alignment, double elevation,
+                       double length = DC_NULL) {
+    Survey survey = SurveyOf(type, {});
+    survey.roads.push_back({L"R", std::move(alignment), {{0, elevation, 0}}, {}, length, 0});
+    return survey;
+  };
+  const Survey job = with(FT_JOB, {{0, 1, 2, 0}, {50, 51, 2, 0}}, 7);
+  const auto count = [&job](const Survey& other) {
+    return DiffSurveys(job, other).differences.size();
+  };
+  EXPECT_EQ(count(job), 0u);
+  EXPECT_EQ(count(with(FT_JOB, {{0, 1, 2, 0}, {50, 51, 3, 0}}, 7)), 1u);
+  EXPECT_EQ(count(with(FT_JOB, {{0, 1, 2, 0}}, 7)), 1u);
+  EXPECT_EQ(count(with(FT_JOB, {{0, 1, 2, 0}, {50, 51, 2, 0}}, 8)), 1u);
+  EXPECT_EQ(count(with(FT_DC, {{0, 1, 2, 0}, {50, 51, 3, 0}}, 8, 50)), 0u);
+}
+
 }  // namespace
 }  // namespace zelconvert::tools

@@ -13,6 +13,7 @@
 #include "ReadFile.h"
 #include "TempDir.h"
 #include "io/Strings.h"
+#include "job/CJobFile.h"
 
 namespace zelconvert::tools {
 namespace {
@@ -269,6 +270,51 @@ TEST(SurveyOfJob, HasPointsUnitsAndDay) {
     EXPECT_EQ(CountOf(survey, L"13") + CountOf(survey, L"14"), survey.points.size());
   }
   EXPECT_EQ(ReadExample(L"boundary.job", FT_JOB).lengthUnit, LinearUnit::UsSurveyFoot);
+}
+
+// An element that says the start again tells nothing, and one without a road belongs to none.
+TEST(SurveyOfJob, HasThePlacesOfItsRoads) {
+  const TempDir folder;
+  const std::wstring path = folder.Path(L"roads.job");
+  const auto fill = [](auto& record, double station, double north, double east, double elevation) {
+    record.value1 = station;
+    record.value2 = north;
+    record.value3 = east;
+    record.value4 = elevation;
+  };
+  CJobFile job(true);
+  ASSERT_TRUE(job.CreateNew(path));
+  for (const auto& [name, id] : {std::pair{L"MAIN", 4}, {L"SIDE", 9}}) {
+    JOB_RECORD10 start;
+    start.name = name;
+    start.id = id;
+    fill(start, 100, 10 * id, 20, id == 4 ? 5.5 : DC_NULL);
+    ASSERT_TRUE(job.WriteRecord10(start));
+  }
+  JOB_RECORD16 element;
+  for (const std::uint32_t id : {4u, 7u, 9u}) {
+    element.id = id;
+    fill(element, 100, 10 * id, 20, 5.5);
+    ASSERT_TRUE(job.WriteRecord16(element));
+    fill(element, 150, 40, 70, 6.25);
+    ASSERT_TRUE(job.WriteRecord16(element));
+  }
+  job.Close();
+  StringList messages;
+  const auto survey = ReadFile(path, FT_JOB, messages);
+  ASSERT_TRUE(survey && survey->roads.size() == 2);
+  const Road &main = survey->roads[0], &side = survey->roads[1];
+  EXPECT_EQ(main.name + L" " + side.name, L"MAIN SIDE");
+  ASSERT_EQ(main.alignment.size(), 2u);
+  EXPECT_EQ(main.alignment[0].north, 40);
+  EXPECT_EQ(main.alignment[1].station, 150);
+  EXPECT_EQ(main.alignment[1].east, 70);
+  ASSERT_EQ(main.profile.size(), 2u);
+  EXPECT_EQ(main.profile[1].elevation, 6.25);
+  EXPECT_EQ(side.alignment.size(), 2u);
+  EXPECT_EQ(side.profile.size(), 1u);
+  EXPECT_TRUE(IsNull(main.length));
+  EXPECT_EQ(CountOf(*survey, L"16"), 6u);
 }
 
 TEST(SurveyOfList, IsInTheUnitThatIsSaid) {
