@@ -4,7 +4,6 @@
 
 #include "cli/Library.h"
 #include "cli/platform/Host.h"
-#include "job/CJobFile.h"
 
 namespace zelconvert::cli {
 namespace {
@@ -48,21 +47,6 @@ const TypeInfo* TypeNamed(const fs::path& path) {
     return type.namedByExtension && extension == GetExtension(type.type);
   });
   return found == std::end(kTypes) ? nullptr : found;
-}
-
-std::string TellFirstBytes(std::string_view bytes) {
-  return "first bytes \"" + std::string(bytes.substr(0, bytes.find_last_not_of(" \t") + 1)) + "\"";
-}
-
-std::string ReasonOfType(int type, const fs::path& path) {
-  const std::string extension = ToText(path.extension());
-  if (extension.empty()) return "the name has no extension";
-  if (type < 0) return "no type has the extension " + extension;
-  const std::string named = "extension " + extension;
-  if (type == FT_JOB) return named + ", " + TellFirstBytes(kJobSignature);
-  if (type == FT_PW_JOB) return named + ", " + TellFirstBytes(kPwJobSignature);
-  if (type == FT_JOB_RAW || type == FT_PW_JOB_RAW) return named + ", first bytes of no such job";
-  return named;
 }
 
 std::string WarnOfInputName(FileType type, const fs::path& input) {

@@ -3,7 +3,6 @@
 
 #include <filesystem>
 #include <string>
-#include <string_view>
 
 #include "cli/FileTypes.h"
 
@@ -11,12 +10,6 @@ namespace zelconvert::cli {
 
 /// The type that a new file of this name is made as; null if its extension belongs to none.
 const TypeInfo* TypeNamed(const std::filesystem::path& path);
-
-/// Why DetectType tells `type` of a file, or -1: by the extension of its name, and by the first
-/// bytes where types share one.
-std::string ReasonOfType(int type, const std::filesystem::path& path);
-/// The part of a reason that shows them, without blanks at their end.
-std::string TellFirstBytes(std::string_view bytes);
 
 // Each is one line for the user, empty if all is well.
 

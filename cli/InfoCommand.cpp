@@ -4,8 +4,8 @@
 #include <vector>
 
 #include "cli/Commands.h"
+#include "cli/InputSurvey.h"
 #include "cli/Json.h"
-#include "cli/SurveyFile.h"
 #include "tools/Info.h"
 
 namespace zelconvert::cli {

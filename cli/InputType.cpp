@@ -6,7 +6,6 @@
 #include <iterator>
 #include <string_view>
 
-#include "cli/FileNames.h"
 #include "cli/Host.h"
 #include "cli/Library.h"
 #include "cli/platform/Host.h"
@@ -46,6 +45,24 @@ constexpr Beginning kBeginnings[] = {
     {FT_RAW, "JB,"},
     {FT_ILJ, "JOBMO\t"},
 };
+
+// Without blanks at their end.
+std::string TellFirstBytes(std::string_view bytes) {
+  return "first bytes \"" + std::string(bytes.substr(0, bytes.find_last_not_of(" \t") + 1)) + "\"";
+}
+
+// Why DetectType tells a type of a file, or -1: by the extension of its name, and by the first
+// bytes where types share one.
+std::string ReasonOfType(int type, const fs::path& path) {
+  const std::string extension = ToText(path.extension());
+  if (extension.empty()) return "the name has no extension";
+  if (type < 0) return "no type has the extension " + extension;
+  const std::string named = "extension " + extension;
+  if (type == FT_JOB) return named + ", " + TellFirstBytes(kJobSignature);
+  if (type == FT_PW_JOB) return named + ", " + TellFirstBytes(kPwJobSignature);
+  if (type == FT_JOB_RAW || type == FT_PW_JOB_RAW) return named + ", first bytes of no such job";
+  return named;
+}
 
 // As plain text, also where it is in UTF-8 or UTF-16 with a mark.
 std::string FirstCharacters(const fs::path& path) {

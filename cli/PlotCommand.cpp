@@ -7,7 +7,7 @@
 
 #include "cli/Commands.h"
 #include "cli/DirectCommand.h"
-#include "cli/SurveyFile.h"
+#include "cli/InputSurvey.h"
 #include "cli/platform/Host.h"
 #include "cli/platform/Program.h"
 #include "io/Paths.h"

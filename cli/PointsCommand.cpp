@@ -7,9 +7,9 @@
 
 #include "cli/Commands.h"
 #include "cli/FileChecks.h"
+#include "cli/InputSurvey.h"
 #include "cli/Outcome.h"
 #include "cli/StagingFolder.h"
-#include "cli/SurveyFile.h"
 #include "cli/platform/Host.h"
 #include "tools/PointTable.h"
 

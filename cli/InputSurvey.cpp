@@ -1,4 +1,4 @@
-#include "cli/SurveyFile.h"
+#include "cli/InputSurvey.h"
 
 #include <filesystem>
 #include <optional>
