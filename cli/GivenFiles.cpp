@@ -2,7 +2,6 @@
 
 #include <cstdio>
 #include <fstream>
-#include <utility>
 #include <vector>
 
 #include "cli/FileChecks.h"
@@ -78,8 +77,8 @@ InputFile::InputFile(const std::string& argument, const std::string& asked, cons
 
 // The library tells brands of jobs by extensions.
 void InputFile::TakeStandardInput() {
-  static bool isTaken = false;
-  if (std::exchange(isTaken, true)) throw HostFailure(kWrongUsage, "standard input is one file");
+  const bool isTaken = std::feof(stdin) != 0;
+  if (isTaken) throw HostFailure(kWrongUsage, "standard input is one file");
   if (m_asked != nullptr && IsPair(m_asked->type)) {
     throw HostFailure(kWrongUsage,
                       "standard input is one file, " + std::string(m_asked->name) + " are two");
