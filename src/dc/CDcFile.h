@@ -35,7 +35,7 @@ inline constexpr int kDcDeletedSubtype = 25;
 /// A record with a table of its columns.
 template <class R>
 concept DcRecordType = std::derived_from<R, tDC_RECORD> && requires {
-  R::Columns();
+  R::kColumns;
 };
 
 class CDcFile : public CFileCE {

@@ -5,12 +5,10 @@
 //     std::wstring name;
 //     double depth = 0;  ///< metres
 //
-//     static constexpr auto Columns() {
-//       return std::to_array<Column<Self>>({
-//           {4, 16, &Self::name, kKeepLast | kTrimmed},
-//           {20, 16, &Self::depth, 4},  // 4 decimals
-//       });
-//     }
+//     static constexpr auto kColumns = std::to_array<Column<Self>>({
+//         {4, 16, &Self::name, kKeepLast | kTrimmed},
+//         {20, 16, &Self::depth, 4},  // 4 decimals
+//     });
 //   };
 //
 // Columns count characters of the whole line from 0. The type and the subtype of a line are no
@@ -138,14 +136,14 @@ struct Column {
 
 /// The table of a record, and the one that it is written by if that is another.
 template <class R>
-inline constexpr auto kColumns = R::Columns();
+inline constexpr auto& kColumns = R::kColumns;
 template <class R>
-inline constexpr auto kWrittenColumns = kColumns<R>;
+inline constexpr auto& kWrittenColumns = kColumns<R>;
 template <class R>
 requires requires {
-  R::WrittenColumns();
+  R::kWrittenColumns;
 }
-inline constexpr auto kWrittenColumns<R> = R::WrittenColumns();
+inline constexpr auto& kWrittenColumns<R> = R::kWrittenColumns;
 
 /// True if the first column starts at `start` and each next one where the last one ended.
 template <class Table>

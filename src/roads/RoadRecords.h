@@ -19,11 +19,7 @@ namespace zelconvert {
 struct tDC_ROAD_HEADERRecord : DcRecord<"28KI", tDC_ROAD_HEADERRecord> {
   std::wstring name;
 
-  static constexpr auto Columns() {
-    return std::to_array<Column<Self>>({
-        {4, 16, &Self::name, kTrimmed},
-    });
-  }
+  static constexpr auto kColumns = std::to_array<Column<Self>>({{4, 16, &Self::name, kTrimmed}});
 };
 
 /// 29: known by its size alone; no conversion reads it.
@@ -43,15 +39,13 @@ struct tDC_ROAD_HALRecord : DcRecord<"84KI", tDC_ROAD_HALRecord> {
   double coord2 = 0;        ///< the other one
   double elevation = 0;
 
-  static constexpr auto Columns() {
-    return std::to_array<Column<Self>>({
-        {4, 16, &Self::startStation, 0, kPlain},
-        {20, 16, &Self::startAzimuth, 0, kPlain},
-        {36, 16, &Self::coord1, 0, kPlain},
-        {52, 16, &Self::coord2, 0, kPlain},
-        {68, 16, &Self::elevation, 0, kPlain},
-    });
-  }
+  static constexpr auto kColumns = std::to_array<Column<Self>>({
+      {4, 16, &Self::startStation, 0, kPlain},
+      {20, 16, &Self::startAzimuth, 0, kPlain},
+      {36, 16, &Self::coord1, 0, kPlain},
+      {52, 16, &Self::coord2, 0, kPlain},
+      {68, 16, &Self::elevation, 0, kPlain},
+  });
 };
 
 // Horizontal elements, in the order of the alignment.
@@ -61,12 +55,10 @@ struct tDC_ROAD_STRAIGHT_POINTRecord : DcRecord<"30KI", tDC_ROAD_STRAIGHT_POINTR
   double coord1 = 0;  ///< as in 84
   double coord2 = 0;
 
-  static constexpr auto Columns() {
-    return std::to_array<Column<Self>>({
-        {4, 16, &Self::coord1, 0, kPlain},
-        {20, 16, &Self::coord2, 0, kPlain},
-    });
-  }
+  static constexpr auto kColumns = std::to_array<Column<Self>>({
+      {4, 16, &Self::coord1, 0, kPlain},
+      {20, 16, &Self::coord2, 0, kPlain},
+  });
 };
 
 /// 31: straight by direction and length.
@@ -74,12 +66,10 @@ struct tDC_ROAD_STRAIGHTRecord : DcRecord<"31KI", tDC_ROAD_STRAIGHTRecord> {
   double azimuth = 0;  ///< as in 84
   double length = 0;
 
-  static constexpr auto Columns() {
-    return std::to_array<Column<Self>>({
-        {4, 16, &Self::azimuth, 0, kPlain},
-        {20, 16, &Self::length, 0, kPlain},
-    });
-  }
+  static constexpr auto kColumns = std::to_array<Column<Self>>({
+      {4, 16, &Self::azimuth, 0, kPlain},
+      {20, 16, &Self::length, 0, kPlain},
+  });
 };
 
 /// 32: arc; the sign of the radius tells the side.
@@ -87,12 +77,10 @@ struct tDC_ROAD_ARCRecord : DcRecord<"32KI", tDC_ROAD_ARCRecord> {
   double length = 0;
   double radius = 0;  ///< negative: to the left
 
-  static constexpr auto Columns() {
-    return std::to_array<Column<Self>>({
-        {4, 16, &Self::length, 0, kPlain},
-        {20, 16, &Self::radius, 0, kPlain},
-    });
-  }
+  static constexpr auto kColumns = std::to_array<Column<Self>>({
+      {4, 16, &Self::length, 0, kPlain},
+      {20, 16, &Self::radius, 0, kPlain},
+  });
 };
 
 /// B3: arc with a side of its own.
@@ -101,13 +89,11 @@ struct tDC_ROAD_ARC_DIRECTIONRecord : DcRecord<"B3KI", tDC_ROAD_ARC_DIRECTIONRec
   double length = 0;
   bool isRight = false;
 
-  static constexpr auto Columns() {
-    return std::to_array<Column<Self>>({
-        {4, 16, &Self::radius, 0, kPlain},
-        {20, 16, &Self::length, 0, kPlain},
-        {36, &Self::isRight},
-    });
-  }
+  static constexpr auto kColumns = std::to_array<Column<Self>>({
+      {4, 16, &Self::radius, 0, kPlain},
+      {20, 16, &Self::length, 0, kPlain},
+      {36, &Self::isRight},
+  });
 };
 
 /// B4: arc by its deflection.
@@ -115,12 +101,10 @@ struct tDC_ROAD_ARC_ANGLERecord : DcRecord<"B4KI", tDC_ROAD_ARC_ANGLERecord> {
   double radius = 0;      ///< negative: to the left
   double deflection = 0;  ///< the angle that it turns through
 
-  static constexpr auto Columns() {
-    return std::to_array<Column<Self>>({
-        {4, 16, &Self::radius, 0, kPlain},
-        {20, 16, &Self::deflection, 0, kPlain},
-    });
-  }
+  static constexpr auto kColumns = std::to_array<Column<Self>>({
+      {4, 16, &Self::radius, 0, kPlain},
+      {20, 16, &Self::deflection, 0, kPlain},
+  });
 };
 
 /// 33: clothoid.
@@ -128,12 +112,10 @@ struct tDC_ROAD_SPIRALRecord : DcRecord<"33KI", tDC_ROAD_SPIRALRecord> {
   double length = 0;
   double radius = 0;  ///< at its curved end; negative: to the left
 
-  static constexpr auto Columns() {
-    return std::to_array<Column<Self>>({
-        {4, 16, &Self::length, 0, kPlain},
-        {20, 16, &Self::radius, 0, kPlain},
-    });
-  }
+  static constexpr auto kColumns = std::to_array<Column<Self>>({
+      {4, 16, &Self::length, 0, kPlain},
+      {20, 16, &Self::radius, 0, kPlain},
+  });
 };
 
 // Vertical elements.
@@ -143,12 +125,10 @@ struct tDC_ROAD_VALRecord : DcRecord<"34KI", tDC_ROAD_VALRecord> {
   double startStation = 0;
   double startElevation = 0;
 
-  static constexpr auto Columns() {
-    return std::to_array<Column<Self>>({
-        {4, 16, &Self::startStation, 0, kPlain},
-        {20, 16, &Self::startElevation, 0, kPlain},
-    });
-  }
+  static constexpr auto kColumns = std::to_array<Column<Self>>({
+      {4, 16, &Self::startStation, 0, kPlain},
+      {20, 16, &Self::startElevation, 0, kPlain},
+  });
 };
 
 /// 35: vertical circular curve; roads with one are refused.
@@ -157,13 +137,11 @@ struct tDC_ROAD_VCIRCULARRecord : DcRecord<"35KI", tDC_ROAD_VCIRCULARRecord> {
   double value2 = 0;
   double value3 = 0;
 
-  static constexpr auto Columns() {
-    return std::to_array<Column<Self>>({
-        {4, 16, &Self::value1, 0, kPlain},
-        {20, 16, &Self::value2, 0, kPlain},
-        {36, 16, &Self::value3, 0, kPlain},
-    });
-  }
+  static constexpr auto kColumns = std::to_array<Column<Self>>({
+      {4, 16, &Self::value1, 0, kPlain},
+      {20, 16, &Self::value2, 0, kPlain},
+      {36, 16, &Self::value3, 0, kPlain},
+  });
 };
 
 /// 36: point of intersection with a symmetric parabola.
@@ -172,13 +150,11 @@ struct tDC_ROAD_VPARABOLARecord : DcRecord<"36KI", tDC_ROAD_VPARABOLARecord> {
   double elevation = 0;
   double length = 0;  ///< of the parabola, half on either side of `station`
 
-  static constexpr auto Columns() {
-    return std::to_array<Column<Self>>({
-        {4, 16, &Self::station, 0, kPlain},
-        {20, 16, &Self::elevation, 0, kPlain},
-        {36, 16, &Self::length, 0, kPlain},
-    });
-  }
+  static constexpr auto kColumns = std::to_array<Column<Self>>({
+      {4, 16, &Self::station, 0, kPlain},
+      {20, 16, &Self::elevation, 0, kPlain},
+      {36, 16, &Self::length, 0, kPlain},
+  });
 };
 
 /// 37: point of intersection without a curve.
@@ -186,12 +162,10 @@ struct tDC_ROAD_VPOINTRecord : DcRecord<"37KI", tDC_ROAD_VPOINTRecord> {
   double station = 0;
   double elevation = 0;
 
-  static constexpr auto Columns() {
-    return std::to_array<Column<Self>>({
-        {4, 16, &Self::station, 0, kPlain},
-        {20, 16, &Self::elevation, 0, kPlain},
-    });
-  }
+  static constexpr auto kColumns = std::to_array<Column<Self>>({
+      {4, 16, &Self::station, 0, kPlain},
+      {20, 16, &Self::elevation, 0, kPlain},
+  });
 };
 
 /// B8: asymmetric parabola; roads with one are refused.
@@ -201,14 +175,12 @@ struct tDC_ROAD_VASYMMETRICRecord : DcRecord<"B8KI", tDC_ROAD_VASYMMETRICRecord>
   double value3 = 0;
   double value4 = 0;
 
-  static constexpr auto Columns() {
-    return std::to_array<Column<Self>>({
-        {4, 16, &Self::value1, 0, kPlain},
-        {20, 16, &Self::value2, 0, kPlain},
-        {36, 16, &Self::value3, 0, kPlain},
-        {52, 16, &Self::value4, 0, kPlain},
-    });
-  }
+  static constexpr auto kColumns = std::to_array<Column<Self>>({
+      {4, 16, &Self::value1, 0, kPlain},
+      {20, 16, &Self::value2, 0, kPlain},
+      {36, 16, &Self::value3, 0, kPlain},
+      {52, 16, &Self::value4, 0, kPlain},
+  });
 };
 
 // Templates (cross sections) and where they apply.
@@ -217,11 +189,7 @@ struct tDC_ROAD_VASYMMETRICRecord : DcRecord<"B8KI", tDC_ROAD_VASYMMETRICRecord>
 struct tDC_ROAD_TEMPLATERecord : DcRecord<"39KI", tDC_ROAD_TEMPLATERecord> {
   std::wstring name;
 
-  static constexpr auto Columns() {
-    return std::to_array<Column<Self>>({
-        {4, 16, &Self::name, kTrimmed},
-    });
-  }
+  static constexpr auto kColumns = std::to_array<Column<Self>>({{4, 16, &Self::name, kTrimmed}});
 };
 
 /// 46: segment by width and grade or difference of elevation.
@@ -236,19 +204,17 @@ struct tDC_ROAD_SEGMENTRecord : DcRecord<"46KI", tDC_ROAD_SEGMENTRecord> {
   bool applyWidening = false;
   std::wstring code;  ///< 16 characters, blanks included
 
-  static constexpr auto Columns() {
-    return std::to_array<Column<Self>>({
-        {4, 1, &Self::method},
-        {5, 16, &Self::width, 0, kPlain},
-        {21, 16, &Self::grade, 0, kPlain},
-        {37, 16, &Self::deltaElevation, 0, kPlain},
-        {53, 16, &Self::value4, 0, kPlain},
-        {69, 16, &Self::value5, 0, kPlain},
-        {85, &Self::applySuper},
-        {86, &Self::applyWidening},
-        {87, 16, &Self::code},
-    });
-  }
+  static constexpr auto kColumns = std::to_array<Column<Self>>({
+      {4, 1, &Self::method},
+      {5, 16, &Self::width, 0, kPlain},
+      {21, 16, &Self::grade, 0, kPlain},
+      {37, 16, &Self::deltaElevation, 0, kPlain},
+      {53, 16, &Self::value4, 0, kPlain},
+      {69, 16, &Self::value5, 0, kPlain},
+      {85, &Self::applySuper},
+      {86, &Self::applyWidening},
+      {87, 16, &Self::code},
+  });
 };
 
 /// B5: segment by offset and difference of elevation.
@@ -259,15 +225,13 @@ struct tDC_ROAD_HINGERecord : DcRecord<"B5KI", tDC_ROAD_HINGERecord> {
   bool applyWidening = false;
   std::wstring code;  ///< 16 characters, blanks included
 
-  static constexpr auto Columns() {
-    return std::to_array<Column<Self>>({
-        {4, 16, &Self::offset, 0, kPlain},
-        {20, 16, &Self::elevation, 0, kPlain},
-        {36, &Self::applySuper},
-        {37, &Self::applyWidening},
-        {38, 16, &Self::code},
-    });
-  }
+  static constexpr auto kColumns = std::to_array<Column<Self>>({
+      {4, 16, &Self::offset, 0, kPlain},
+      {20, 16, &Self::elevation, 0, kPlain},
+      {36, &Self::applySuper},
+      {37, &Self::applyWidening},
+      {38, 16, &Self::code},
+  });
 };
 
 /// 97: the side slopes that end a template.
@@ -279,16 +243,14 @@ struct tDC_ROAD_SIDESLOPERecord : DcRecord<"97KI", tDC_ROAD_SIDESLOPERecord> {
   double cutDitchWidth = 0;
   std::wstring code;
 
-  static constexpr auto Columns() {
-    return std::to_array<Column<Self>>({
-        {4, 1, &Self::cutMethod},
-        {5, 16, &Self::cutValue, 0, kPlain},
-        {21, 1, &Self::fillMethod},
-        {22, 16, &Self::fillValue, 0, kPlain},
-        {38, 16, &Self::cutDitchWidth, 0, kPlain},
-        {54, 16, &Self::code},
-    });
-  }
+  static constexpr auto kColumns = std::to_array<Column<Self>>({
+      {4, 1, &Self::cutMethod},
+      {5, 16, &Self::cutValue, 0, kPlain},
+      {21, 1, &Self::fillMethod},
+      {22, 16, &Self::fillValue, 0, kPlain},
+      {38, 16, &Self::cutDitchWidth, 0, kPlain},
+      {54, 16, &Self::code},
+  });
 };
 
 /// B9: templates from a station on.
@@ -299,15 +261,13 @@ struct tDC_ROAD_APPLYTEMPLATERecord : DcRecord<"B9KI", tDC_ROAD_APPLYTEMPLATERec
   std::int32_t rightMethod = 0;
   std::wstring rightName;
 
-  static constexpr auto Columns() {
-    return std::to_array<Column<Self>>({
-        {4, 16, &Self::station, 0, kPlain},
-        {20, 1, &Self::leftMethod},
-        {21, 16, &Self::leftName, kTrimmed},
-        {37, 1, &Self::rightMethod},
-        {38, 16, &Self::rightName, kTrimmed},
-    });
-  }
+  static constexpr auto kColumns = std::to_array<Column<Self>>({
+      {4, 16, &Self::station, 0, kPlain},
+      {20, 1, &Self::leftMethod},
+      {21, 16, &Self::leftName, kTrimmed},
+      {37, 1, &Self::rightMethod},
+      {38, 16, &Self::rightName, kTrimmed},
+  });
 };
 
 /// 44: superelevation and widening at a station.
@@ -321,18 +281,16 @@ struct tDC_ROAD_APPLYSUPERRecord : DcRecord<"44KI", tDC_ROAD_APPLYSUPERRecord> {
   double rightWidening = 0;
   std::int32_t pivot = 0;  ///< 2 the centre line, others an edge
 
-  static constexpr auto Columns() {
-    return std::to_array<Column<Self>>({
-        {4, 16, &Self::station, 0, kPlain},
-        {20, 1, &Self::leftApply},
-        {21, 16, &Self::leftSuper, 0, kPlain},
-        {37, 1, &Self::rightApply},
-        {38, 16, &Self::rightSuper, 0, kPlain},
-        {54, 16, &Self::leftWidening, 0, kPlain},
-        {70, 16, &Self::rightWidening, 0, kPlain},
-        {86, 1, &Self::pivot},
-    });
-  }
+  static constexpr auto kColumns = std::to_array<Column<Self>>({
+      {4, 16, &Self::station, 0, kPlain},
+      {20, 1, &Self::leftApply},
+      {21, 16, &Self::leftSuper, 0, kPlain},
+      {37, 1, &Self::rightApply},
+      {38, 16, &Self::rightSuper, 0, kPlain},
+      {54, 16, &Self::leftWidening, 0, kPlain},
+      {70, 16, &Self::rightWidening, 0, kPlain},
+      {86, 1, &Self::pivot},
+  });
 };
 
 /// 45: known by its fields alone; no conversion reads it.
@@ -340,12 +298,10 @@ struct tDC_ROAD_45Record : DcRecord<"45KI", tDC_ROAD_45Record> {
   double value1 = 0;
   double value2 = 0;
 
-  static constexpr auto Columns() {
-    return std::to_array<Column<Self>>({
-        {4, 16, &Self::value1, 0, kPlain},
-        {20, 16, &Self::value2, 0, kPlain},
-    });
-  }
+  static constexpr auto kColumns = std::to_array<Column<Self>>({
+      {4, 16, &Self::value1, 0, kPlain},
+      {20, 16, &Self::value2, 0, kPlain},
+  });
 };
 
 /// One record of each kind that a conversion reads, used again line after line: their texts keep

@@ -14,11 +14,8 @@ namespace zelconvert {
 struct tDC_FEATURE_CODERecord : DcRecord<"87FC", tDC_FEATURE_CODERecord> {
   std::wstring code;
 
-  static constexpr auto Columns() {
-    return std::to_array<Column<Self>>({
-        {4, 20, &Self::code, kLeft | kKeepFirst},
-    });
-  }
+  static constexpr auto kColumns =
+      std::to_array<Column<Self>>({{4, 20, &Self::code, kLeft | kKeepFirst}});
 };
 
 /// 88
@@ -26,12 +23,10 @@ struct tDC_FEATURE_NUMBERRecord : DcRecord<"88FC", tDC_FEATURE_NUMBERRecord> {
   std::wstring name;  ///< of the attribute, with "?" after it
   double value = 0;
 
-  static constexpr auto Columns() {
-    return std::to_array<Column<Self>>({
-        {4, 20, &Self::name, kLeft | kKeepFirst},
-        {24, 16, &Self::value, 5},
-    });
-  }
+  static constexpr auto kColumns = std::to_array<Column<Self>>({
+      {4, 20, &Self::name, kLeft | kKeepFirst},
+      {24, 16, &Self::value, 5},
+  });
 };
 
 /// 89
@@ -39,12 +34,10 @@ struct tDC_FEATURE_TEXTRecord : DcRecord<"89FC", tDC_FEATURE_TEXTRecord> {
   std::wstring name;  ///< of the attribute, with "?" after it
   std::wstring value;
 
-  static constexpr auto Columns() {
-    return std::to_array<Column<Self>>({
-        {4, 20, &Self::name, kLeft | kKeepFirst},
-        {24, 100, &Self::value, kLeft | kKeepFirst},
-    });
-  }
+  static constexpr auto kColumns = std::to_array<Column<Self>>({
+      {4, 20, &Self::name, kLeft | kKeepFirst},
+      {24, 100, &Self::value, kLeft | kKeepFirst},
+  });
 };
 
 /// 92
@@ -53,13 +46,11 @@ struct tDC_FEATURE_LISTRecord : DcRecord<"92FC", tDC_FEATURE_LISTRecord> {
   std::wstring value;      ///< the chosen entry; its parts joined by "/"
   std::int32_t index = 0;  ///< of the entry
 
-  static constexpr auto Columns() {
-    return std::to_array<Column<Self>>({
-        {4, 20, &Self::name, kLeft | kKeepFirst},
-        {24, 20, &Self::value, kLeft | kKeepFirst},
-        {44, 3, &Self::index, IntegerForm::Zeros},
-    });
-  }
+  static constexpr auto kColumns = std::to_array<Column<Self>>({
+      {4, 20, &Self::name, kLeft | kKeepFirst},
+      {24, 20, &Self::value, kLeft | kKeepFirst},
+      {44, 3, &Self::index, IntegerForm::Zeros},
+  });
 };
 
 /// 95. Without a text the line is blank after its head.
@@ -69,14 +60,12 @@ struct tDC_FEATURE_MAPRecord : DcRecord<"95FC", tDC_FEATURE_MAPRecord> {
   std::int32_t number = 0;
   std::wstring name;
 
-  static constexpr auto Columns() {
-    return std::to_array<Column<Self>>({
-        {4, 60, &Self::text},
-        {64, &Self::flag},
-        {65, 5, &Self::number, IntegerForm::First},
-        {70, 20, &Self::name},
-    });
-  }
+  static constexpr auto kColumns = std::to_array<Column<Self>>({
+      {4, 60, &Self::text},
+      {64, &Self::flag},
+      {65, 5, &Self::number, IntegerForm::First},
+      {70, 20, &Self::name},
+  });
   bool IsWrittenBlank() const { return text.empty(); }
 
   /// Of a longer text the first 20 of its last 60 characters stay.

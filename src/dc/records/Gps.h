@@ -15,12 +15,10 @@ struct tDC_ANTENNA_HEIGHTRecord : DcRecord<"57KI", tDC_ANTENNA_HEIGHTRecord, kOw
   double height = 0;
   std::int32_t flag = 0;  ///< 1 true height, 2 as measured
 
-  static constexpr auto Columns() {
-    return std::to_array<Column<Self>>({
-        {4, 16, &Self::height, 5},
-        {20, 1, &Self::flag},
-    });
-  }
+  static constexpr auto kColumns = std::to_array<Column<Self>>({
+      {4, 16, &Self::height, 5},
+      {20, 1, &Self::flag},
+  });
 };
 
 /// 59: covariances of the vector before it.
@@ -34,18 +32,16 @@ struct tDC_VECTOR_SIGMARecord : DcRecord<"59KI", tDC_VECTOR_SIGMARecord, kOwnSub
   double value6 = 0;      ///< YZ
   double value7 = 0;      ///< ZZ
 
-  static constexpr auto Columns() {
-    return std::to_array<Column<Self>>({
-        {4, 2, &Self::flag},
-        {6, 16, &Self::value1, 10},
-        {22, 16, &Self::value2, 10},
-        {38, 16, &Self::value3, 10},
-        {54, 16, &Self::value4, 10},
-        {70, 16, &Self::value5, 10},
-        {86, 16, &Self::value6, 10},
-        {102, 16, &Self::value7, 10},
-    });
-  }
+  static constexpr auto kColumns = std::to_array<Column<Self>>({
+      {4, 2, &Self::flag},
+      {6, 16, &Self::value1, 10},
+      {22, 16, &Self::value2, 10},
+      {38, 16, &Self::value3, 10},
+      {54, 16, &Self::value4, 10},
+      {70, 16, &Self::value5, 10},
+      {86, 16, &Self::value6, 10},
+      {102, 16, &Self::value7, 10},
+  });
 };
 
 /// 61: stands in DC files made of interlock files, with "Fake" in both texts; what the other fields
@@ -61,19 +57,17 @@ struct tDC_RECEIVER_Record : DcRecord<"61KI", tDC_RECEIVER_Record, kOwnSubtype> 
   double value2 = 0;
   double value3 = 0;
 
-  static constexpr auto Columns() {
-    return std::to_array<Column<Self>>({
-        {4, 8, &Self::text1, kKeepFirst},
-        {12, 8, &Self::text2, kKeepLast},
-        {20, 2, &Self::number1},
-        {22, 1, &Self::number2},
-        {23, 30, &Self::text3, kLeft | kKeepFirst},
-        {53, 8, &Self::text4, kKeepLast},
-        {61, 16, &Self::value1, 5, kPlain},
-        {77, 16, &Self::value2, 5, kPlain},
-        {93, 16, &Self::value3, 5, kPlain},
-    });
-  }
+  static constexpr auto kColumns = std::to_array<Column<Self>>({
+      {4, 8, &Self::text1, kKeepFirst},
+      {12, 8, &Self::text2, kKeepLast},
+      {20, 2, &Self::number1},
+      {22, 1, &Self::number2},
+      {23, 30, &Self::text3, kLeft | kKeepFirst},
+      {53, 8, &Self::text4, kKeepLast},
+      {61, 16, &Self::value1, 5, kPlain},
+      {77, 16, &Self::value2, 5, kPlain},
+      {93, 16, &Self::value3, 5, kPlain},
+  });
 };
 
 /// E2: receiver and antenna, and the antenna's lengths.
@@ -88,19 +82,17 @@ struct tDC_RECEIVER_EXTRecord : DcRecord<"E2KI", tDC_RECEIVER_EXTRecord, kOwnSub
   double value2 = 0;         ///< offset, horizontal
   double value3 = 0;         ///< offset, vertical
 
-  static constexpr auto Columns() {
-    return std::to_array<Column<Self>>({
-        {4, 8, &Self::text1, kKeepLast},
-        {12, 10, &Self::text2, kKeepLast},
-        {22, 3, &Self::number1},
-        {25, 1, &Self::number2},
-        {26, 30, &Self::text3, kLeft | kKeepLast},
-        {56, 10, &Self::text4, kKeepLast},
-        {66, 16, &Self::value1, 5, kPlain},
-        {82, 16, &Self::value2, 5, kPlain},
-        {98, 16, &Self::value3, 5, kPlain},
-    });
-  }
+  static constexpr auto kColumns = std::to_array<Column<Self>>({
+      {4, 8, &Self::text1, kKeepLast},
+      {12, 10, &Self::text2, kKeepLast},
+      {22, 3, &Self::number1},
+      {25, 1, &Self::number2},
+      {26, 30, &Self::text3, kLeft | kKeepLast},
+      {56, 10, &Self::text4, kKeepLast},
+      {66, 16, &Self::value1, 5, kPlain},
+      {82, 16, &Self::value2, 5, kPlain},
+      {98, 16, &Self::value3, 5, kPlain},
+  });
 };
 
 /// C6: quality of the GPS position before it.
@@ -120,24 +112,22 @@ struct tDC_SETUP_Record : DcRecord<"C6KI", tDC_SETUP_Record, kOwnSubtype> {
   double value8 = 0;         ///< its seconds
   std::int32_t digit = 0;    ///< initialisation
 
-  static constexpr auto Columns() {
-    return std::to_array<Column<Self>>({
-        {4, 2, &Self::flag, IntegerForm::Truncated},
-        {6, &Self::relative},
-        {7, 16, &Self::value1, 5},
-        {23, 16, &Self::value2, 5},
-        {39, 16, &Self::value3, 5},
-        {55, 16, &Self::value4, 5},
-        {71, 4, &Self::number1, IntegerForm::Truncated},
-        {75, 16, &Self::value5, 5},
-        {91, 16, &Self::value6, 5},
-        {107, 4, &Self::number2, IntegerForm::Truncated},
-        {111, 16, &Self::value7, 5},
-        {127, 4, &Self::number3, IntegerForm::Truncated},
-        {131, 16, &Self::value8, 5},
-        {147, 1, &Self::digit, IntegerForm::Truncated},
-    });
-  }
+  static constexpr auto kColumns = std::to_array<Column<Self>>({
+      {4, 2, &Self::flag, IntegerForm::Truncated},
+      {6, &Self::relative},
+      {7, 16, &Self::value1, 5},
+      {23, 16, &Self::value2, 5},
+      {39, 16, &Self::value3, 5},
+      {55, 16, &Self::value4, 5},
+      {71, 4, &Self::number1, IntegerForm::Truncated},
+      {75, 16, &Self::value5, 5},
+      {91, 16, &Self::value6, 5},
+      {107, 4, &Self::number2, IntegerForm::Truncated},
+      {111, 16, &Self::value7, 5},
+      {127, 4, &Self::number3, IntegerForm::Truncated},
+      {131, 16, &Self::value8, 5},
+      {147, 1, &Self::digit, IntegerForm::Truncated},
+  });
 };
 
 }  // namespace zelconvert

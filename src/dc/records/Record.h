@@ -44,20 +44,26 @@ struct tDC_RECORD {
   std::wstring subtype = L"NM";  ///< the next two, fewer in a line that ends there
 };
 
-/// For records that are written with the subtype that they hold.
+/// For records that are written with the subtype that they hold, and for all others.
 inline constexpr bool kOwnSubtype = true;
+inline constexpr bool kFixedSubtype = false;
 
 /// A record of a fixed type. Its subtype starts as that of `head`, which is also what is written,
 /// unless the record has a subtype of its own.
 /// R: the record itself, which names its fields in its table: `&Self::name`.
-template <DcHead head, class R = void, bool ownSubtype = false>
-struct DcRecord : tDC_RECORD {
+/// Fields: those that it shares with other records. (A base beside this one would lie at a place
+/// that a table inside of the record can't know yet.)
+template <DcHead head, class R = void, bool ownSubtype = kFixedSubtype, class Fields = tDC_RECORD>
+struct DcRecord : Fields {
   using Self = R;
   static constexpr std::int32_t kType = head.Type();
   static constexpr const wchar_t* kHead = head.text;
   static constexpr bool kHasOwnSubtype = ownSubtype;
 
-  DcRecord() : tDC_RECORD{kType, head.text + 2} {}
+  DcRecord() {
+    this->type = kType;
+    this->subtype = head.text + 2;
+  }
 };
 
 }  // namespace zelconvert

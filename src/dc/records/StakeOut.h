@@ -16,12 +16,10 @@ struct tDC_TARGET_IDRecord : DcRecord<"A0KI", tDC_TARGET_IDRecord> {
   std::wstring name;  ///< design point
   std::wstring flag = L"1";
 
-  static constexpr auto Columns() {
-    return std::to_array<Column<Self>>({
-        {4, 16, &Self::name, kKeepLast},
-        {20, 1, &Self::flag, kKeepFirst},
-    });
-  }
+  static constexpr auto kColumns = std::to_array<Column<Self>>({
+      {4, 16, &Self::name, kKeepLast},
+      {20, 1, &Self::flag, kKeepFirst},
+  });
 };
 
 /// A1: station and offset of a line that was staked out.
@@ -31,15 +29,13 @@ struct tDC_TARGET_HEIGHTS_Record : DcRecord<"A1KI", tDC_TARGET_HEIGHTS_Record> {
   double value1 = 0;  ///< station
   double value2 = 0;  ///< offset
 
-  static constexpr auto Columns() {
-    return std::to_array<Column<Self>>({
-        {4, 16, &Self::name, kKeepLast},
-        {20, 1, &Self::flag, kKeepFirst},
-        {21, 16, &Self::value1, 5},
-        {37, 16, &Self::value2, 5},
-        {53, 16, kBlank},
-    });
-  }
+  static constexpr auto kColumns = std::to_array<Column<Self>>({
+      {4, 16, &Self::name, kKeepLast},
+      {20, 1, &Self::flag, kKeepFirst},
+      {21, 16, &Self::value1, 5},
+      {37, 16, &Self::value2, 5},
+      {53, 16, kBlank},
+  });
 };
 
 /// A1 in its second form.
@@ -49,27 +45,23 @@ struct tDC_TARGET_NUMBERRecord : DcRecord<"A1KI", tDC_TARGET_NUMBERRecord> {
   std::int32_t value = 0;
   std::wstring text;
 
-  static constexpr auto Columns() {
-    return std::to_array<Column<Self>>({
-        {4, 16, &Self::name, kKeepLast},
-        {20, 1, &Self::flag, kKeepFirst},
-        {21, 16, &Self::value},
-        {37, 16, &Self::text},
-        {53, 16, kBlank},
-    });
-  }
+  static constexpr auto kColumns = std::to_array<Column<Self>>({
+      {4, 16, &Self::name, kKeepLast},
+      {20, 1, &Self::flag, kKeepFirst},
+      {21, 16, &Self::value},
+      {37, 16, &Self::text},
+      {53, 16, kBlank},
+  });
 };
 
 /// A2
 struct tDC_TARGET_GRADERecord : DcRecord<"A2KI", tDC_TARGET_GRADERecord> {
   double value = 0;
 
-  static constexpr auto Columns() {
-    return std::to_array<Column<Self>>({
-        {4, 16, kBlank},
-        {20, 16, &Self::value, 5, kPlain},
-    });
-  }
+  static constexpr auto kColumns = std::to_array<Column<Self>>({
+      {4, 16, kBlank},
+      {20, 16, &Self::value, 5, kPlain},
+  });
 };
 
 /// A5: differences north, east and up between design and stake.
@@ -78,13 +70,11 @@ struct tDC_ANTENNA_OFFSETRecord : DcRecord<"A5KI", tDC_ANTENNA_OFFSETRecord> {
   double value2 = 0;  ///< east
   double value3 = 0;  ///< up
 
-  static constexpr auto Columns() {
-    return std::to_array<Column<Self>>({
-        {4, 16, &Self::value1, 5},
-        {20, 16, &Self::value2, 5},
-        {36, 16, &Self::value3, 5},
-    });
-  }
+  static constexpr auto kColumns = std::to_array<Column<Self>>({
+      {4, 16, &Self::value1, 5},
+      {20, 16, &Self::value2, 5},
+      {36, 16, &Self::value3, 5},
+  });
 };
 
 /// A7
@@ -94,25 +84,19 @@ struct tDC_ANTENNA_MEASUREMENTRecord : DcRecord<"A7KI", tDC_ANTENNA_MEASUREMENTR
   double value3 = 0;  ///< height of the design above the stake
   double value4 = 0;  ///< offset of a slope stake
 
-  static constexpr auto Columns() {
-    return std::to_array<Column<Self>>({
-        {4, 16, &Self::value1, 5},
-        {20, 16, &Self::value2, 5},
-        {36, 16, &Self::value3, 5},
-        {52, 17, &Self::value4, 5, RealForm::Marked},
-    });
-  }
+  static constexpr auto kColumns = std::to_array<Column<Self>>({
+      {4, 16, &Self::value1, 5},
+      {20, 16, &Self::value2, 5},
+      {36, 16, &Self::value3, 5},
+      {52, 17, &Self::value4, 5, RealForm::Marked},
+  });
 };
 
 /// A8
 struct tDC_STAKED_VALUERecord : DcRecord<"A8KI", tDC_STAKED_VALUERecord> {
   double value = 0;
 
-  static constexpr auto Columns() {
-    return std::to_array<Column<Self>>({
-        {4, 16, &Self::value, 5, kPlain},
-    });
-  }
+  static constexpr auto kColumns = std::to_array<Column<Self>>({{4, 16, &Self::value, 5, kPlain}});
 };
 
 /// C9: the design slope of a slope stake.
@@ -122,17 +106,15 @@ struct tDC_DESIGN_SLOPERecord : DcRecord<"C9KI", tDC_DESIGN_SLOPERecord> {
   double slope = 0;          ///< percent
   double value = 0;
 
-  static constexpr auto Columns() {
-    return std::to_array<Column<Self>>({
-        {4, 16, &Self::name},
-        {20, 1, &Self::side},
-        {21, 17, &Self::slope, 5, RealForm::Marked},
-        {38, 16, kBlank},
-        {54, 16, kBlank},
-        {70, 16, &Self::value, 5, kPlain},
-        {86, 4, kBlank},
-    });
-  }
+  static constexpr auto kColumns = std::to_array<Column<Self>>({
+      {4, 16, &Self::name},
+      {20, 1, &Self::side},
+      {21, 17, &Self::slope, 5, RealForm::Marked},
+      {38, 16, kBlank},
+      {54, 16, kBlank},
+      {70, 16, &Self::value, 5, kPlain},
+      {86, 4, kBlank},
+  });
 };
 
 /// D3: the catch point of a slope stake.
@@ -144,17 +126,15 @@ struct tDC_CATCH_POINTRecord : DcRecord<"D3KI", tDC_CATCH_POINTRecord> {
   double vertical = 0;
   double slope = 0;  ///< written as the slope distance of the two before it
 
-  static constexpr auto Columns() {
-    return std::to_array<Column<Self>>({
-        {4, 16, &Self::value1, 5, kPlain},
-        {20, 16, &Self::value2, 5, kPlain},
-        {36, 16, &Self::value3, 5, kPlain},
-        {52, 16, &Self::horizontal, 5, kPlain},
-        {68, 16, &Self::vertical, 5, kPlain},
-        {84, 16, &Self::slope, 5, kPlain},
-        {100, 16, kBlank},
-    });
-  }
+  static constexpr auto kColumns = std::to_array<Column<Self>>({
+      {4, 16, &Self::value1, 5, kPlain},
+      {20, 16, &Self::value2, 5, kPlain},
+      {36, 16, &Self::value3, 5, kPlain},
+      {52, 16, &Self::horizontal, 5, kPlain},
+      {68, 16, &Self::vertical, 5, kPlain},
+      {84, 16, &Self::slope, 5, kPlain},
+      {100, 16, kBlank},
+  });
 
   tDC_CATCH_POINTRecord AsWritten() const {
     tDC_CATCH_POINTRecord written = *this;
@@ -168,19 +148,17 @@ struct tDC_CATCH_POINTRecord : DcRecord<"D3KI", tDC_CATCH_POINTRecord> {
 struct tDC_OFFSET_SETTINGRecord : DcRecord<"E4NM", tDC_OFFSET_SETTINGRecord> {
   double value = 0;
 
-  static constexpr auto Columns() {
-    return std::to_array<Column<Self>>({
-        {4, 16, kBlank},
-        {20, 10, kBlank},
-        {30, 16, kBlank},
-        {46, 1, kBlank},
-        {47, 16, &Self::value, 5, kPlain},
-        {63, 16, kBlank},
-        {79, 16, kBlank},
-        {95, 16, kBlank},
-        {111, 16, kBlank},
-    });
-  }
+  static constexpr auto kColumns = std::to_array<Column<Self>>({
+      {4, 16, kBlank},
+      {20, 10, kBlank},
+      {30, 16, kBlank},
+      {46, 1, kBlank},
+      {47, 16, &Self::value, 5, kPlain},
+      {63, 16, kBlank},
+      {79, 16, kBlank},
+      {95, 16, kBlank},
+      {111, 16, kBlank},
+  });
 };
 
 }  // namespace zelconvert
