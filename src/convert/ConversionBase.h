@@ -1,7 +1,6 @@
 // What every conversion class shares: the two bases, and the texts of a record that can't be read.
 #pragma once
 
-#include <cstdint>
 #include <exception>
 #include <string>
 #include <string_view>

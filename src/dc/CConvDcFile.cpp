@@ -16,22 +16,6 @@ namespace zelconvert {
 
 namespace {
 
-// "%m-%d-%Y %H:%M"
-std::wstring FormatDateTime(const platform::LocalTime& time) {
-  std::wstring text;
-  const auto append = [&text](int value, std::size_t digits, std::wstring_view after) {
-    const std::wstring number = FormatInteger(value);
-    if (number.size() < digits) text.append(digits - number.size(), L'0');
-    text.append(number).append(after);
-  };
-  append(time.month, 2, L"-");
-  append(time.day, 2, L"-");
-  append(time.year, 4, L" ");
-  append(time.hour, 2, L":");
-  append(time.minute, 2, L"");
-  return text;
-}
-
 std::wstring JobName(const std::wstring& path) {
   std::wstring name = GetFileName(path);
   if (HasExtensionIgnoringCase(name, L".job") || HasExtensionIgnoringCase(name, L".pwj")) {
@@ -53,19 +37,162 @@ class JobToDc {
     m_position.subtype = L"KI";
   }
 
-  bool Convert();
+  bool Convert() {
+    if (DcVersionText(m_version).empty()) return false;
+    m_progress.Start();
+    if (!m_job.ReadJobHeader(m_settings)) return false;
+    WriteHeaderRecords();
+    return WriteCoordinateSystemRecords() && WritePoints();
+  }
 
  private:
   // In the order of the file.
-  void WriteHeaderRecords();
-  bool WriteCoordinateSystemRecords();
-  void WriteCogoRecord(const CGlkProjectionRecord* system);
-  bool FindOldSystem(CGlkProjectionRecord& system);
-  bool WritePoints();
-  bool WritePoint(const JOB_POINT& point);
-  bool ReadFeatureData(std::uint32_t link, FEATURE_SET& features);
-  void WriteFeatureRecords(const FEATURE_SET& features);
-  void WriteFeatureAttribute(const FEATURE_ATTRIBUTE& attribute);
+  void WriteHeaderRecords() {
+    tDC_HEADERRecord header;
+    header.version = DcVersionText(m_version);
+    header.dateTime = FormatTime(L"m-d-Cy H:M", CurrentLocalTime());
+    header.distanceUnit = DcDigit(LengthUnit());
+    // A unit above 1 says degrees here, though its angles are written in gons.
+    header.angleUnit = m_settings.angleUnit == 1 ? 2 : 1;
+
+    tDC_JOBRecord job;
+    job.name = JobName(m_job.GetFile().GetPath());
+    const std::uint32_t grid = m_settings.flags & kJobGridMask;
+    job.scaleFlag = (m_settings.flags & kJobFlagCurvature) != 0 ? 2 : 1;
+    job.gridFlag = grid == kJobGridPlain || grid == kJobGridProjected ? 2 : 1;
+    m_dc.Write(header);
+    m_dc.Write(job);
+  }
+
+  // A system that has no records leaves the file without them; the conversion goes on.
+  bool WriteCoordinateSystemRecords() {
+    CGlkProjectionRecord system;
+    bool hasSystem = false;
+    if (m_job.GetVersion() >= kJobVersion) {
+      CoordBlock block;
+      if (!m_job.ReadCoordBlock(block)) return false;
+      system.Unpack(block);
+      WriteCogoRecord(&system);
+      hasSystem = !HasNoSystem(system);
+    } else {
+      WriteCogoRecord(nullptr);
+      hasSystem = FindOldSystem(system);
+    }
+    if (!hasSystem) {
+      WriteNoCoordinateSystem(m_dc, m_settings.scale);
+    } else {
+      WriteCoordinateSystem(system, LengthUnit(), AngularUnitOfJob(m_settings.angleUnit), m_dc);
+    }
+    return true;
+  }
+
+  // system: null for a job below version 5, whose grid always grows north and east.
+  void WriteCogoRecord(const CGlkProjectionRecord* system) {
+    tDC_COGORecord settings;
+    settings.azimuthOrigin = (m_settings.flags & kJobFlagSouthAzimuth) != 0 ? 2 : 1;
+    if (system != nullptr && system->gridOrientation1 == 1 && system->gridOrientation2 == 1) {
+      settings.azimuthOrigin = settings.gridOrientation = 2;
+    }
+    WriteCogoSettings(m_dc, m_version, settings);
+  }
+
+  // The zone that a job below version 5 names by its indices; false if it names none, or none that
+  // is known.
+  bool FindOldSystem(CGlkProjectionRecord& system) {
+    JOB_OLD_HEADER old;
+    if ((m_settings.flags & kJobFlagScaleOnly) != 0 || !m_job.ReadOldHeader(old)) return false;
+    CGeodeticDllIndices indices;
+    indices.Set(old.method, old.coordSystem, old.datum, old.zoneId, old.hemisphere, {}, 0);
+    return FillProjectionRecord(indices, system);
+  }
+
+  bool WritePoints() {
+    const std::int64_t size = m_job.GetFile().GetLength();
+    JOB_POINT point;
+    JOB_POINT_EX pointEx;
+    JobKind kind = JobKind::Unused;
+    std::int64_t position = 0;
+    std::uint32_t length = 0;
+    if (!m_job.SeekToFirstRecord()) return false;
+    while (m_job.ReadNextRecordHead(kind, position, length)) {
+      m_progress.SetPosition(position, size);
+      bool done = false;
+      if (kind == JobKind::Point) {
+        point.attributeLink = 0;  // the old form has none
+        done = m_job.ReadPoint(point) && WritePoint(point);
+      } else if (kind == JobKind::PointEx) {
+        pointEx.attributeLink = 0;
+        done = m_job.ReadPointEx(pointEx) && WritePoint(pointEx);
+      } else {
+        done = m_job.SkipRecord();
+      }
+      if (!done) return false;
+    }
+    return true;
+  }
+
+  bool WritePoint(const JOB_POINT& point) {
+    m_position.name = Left(point.name, kJobNameLength);
+    m_position.code = Left(point.description, kJobNameLength);
+    const LinearUnit unit = LengthUnit();
+    m_position.north = FromMetres(point.north, unit);
+    m_position.east = FromMetres(point.east, unit);
+    m_position.elevation = FromMetres(point.elevation, unit);
+    m_dc.Write(m_position);
+    if (m_features == nullptr || point.attributeLink == 0) return true;
+
+    const std::int64_t next = m_job.GetFile().GetPosition();
+    FEATURE_SET features;
+    const bool known = ReadFeatureData(point.attributeLink, features);
+    if (known) WriteFeatureRecords(features);
+    return m_job.SeekTo(next);
+  }
+
+  // False if there is no attribute block at `link`, or the feature library doesn't know it.
+  bool ReadFeatureData(std::uint32_t link, FEATURE_SET& features) {
+    JOB_GENERIC_RECORD block;
+    if (!m_job.SeekTo(link)) return false;
+    if (m_job.GetVersion() < kJobVersion) {
+      return m_job.ReadBlockAtPosition(block) && m_features->Decode(block.data, features);
+    }
+    JobKind kind = JobKind::Unused;
+    std::int64_t position = 0;
+    std::uint32_t length = 0;
+    return m_job.ReadNextRecordHead(kind, position, length) && kind == JobKind::Attributes &&
+           m_job.ReadGenericRecord(block) && m_features->Decode(block.data, features);
+  }
+
+  void WriteFeatureRecords(const FEATURE_SET& features) {
+    tDC_FEATURE_CODERecord code;
+    code.code = features.code;
+    m_dc.Write(code);
+    for (const FEATURE_ATTRIBUTE& attribute : features.attributes) {
+      if (attribute.kind == kAttributesEnd) break;
+      WriteFeatureAttribute(attribute);
+    }
+  }
+
+  void WriteFeatureAttribute(const FEATURE_ATTRIBUTE& attribute) {
+    const std::wstring name = attribute.name + L"?";
+    if (attribute.kind == kAttributeText) {
+      tDC_FEATURE_TEXTRecord record;
+      record.name = name;
+      record.value = attribute.value;
+      m_dc.Write(record);
+    } else if (attribute.kind == kAttributeNumber) {
+      tDC_FEATURE_NUMBERRecord record;
+      record.name = name;
+      record.value = attribute.number;
+      m_dc.Write(record);
+    } else if (attribute.kind == kAttributeList) {
+      tDC_FEATURE_LISTRecord record;
+      record.name = name;
+      record.value = attribute.value;
+      if (!attribute.valueExtra.empty()) record.value.append(L"/").append(attribute.valueExtra);
+      record.index = attribute.index;
+      m_dc.Write(record);
+    }
+  }
 
   LinearUnit LengthUnit() const { return LinearUnitOfJob(m_settings.distanceUnit); }
 
@@ -78,169 +205,12 @@ class JobToDc {
   tDC_GRID_POSITIONRecord m_position;  // the point being written; its memory is reused
 };
 
-bool JobToDc::Convert() {
-  if (DcVersionText(m_version).empty()) return false;
-  m_progress.Start();
-  if (!m_job.ReadJobHeader(m_settings)) return false;
-  WriteHeaderRecords();
-  return WriteCoordinateSystemRecords() && WritePoints();
-}
-
-void JobToDc::WriteHeaderRecords() {
-  tDC_HEADERRecord header;
-  header.version = DcVersionText(m_version);
-  header.dateTime = FormatDateTime(CurrentLocalTime());
-  header.distanceUnit = DcDigit(LengthUnit());
-  // A unit above 1 says degrees here, though its angles are written in gons.
-  header.angleUnit = m_settings.angleUnit == 1 ? 2 : 1;
-
-  tDC_JOBRecord job;
-  job.name = JobName(m_job.GetFile().GetPath());
-  const std::uint32_t grid = m_settings.flags & kJobGridMask;
-  job.scaleFlag = (m_settings.flags & kJobFlagCurvature) != 0 ? 2 : 1;
-  job.gridFlag = grid == kJobGridPlain || grid == kJobGridProjected ? 2 : 1;
-  m_dc.Write(header);
-  m_dc.Write(job);
-}
-
-// A system that has no records leaves the file without them; the conversion goes on.
-bool JobToDc::WriteCoordinateSystemRecords() {
-  CGlkProjectionRecord system;
-  bool hasSystem = false;
-  if (m_job.GetVersion() >= kJobVersion) {
-    CoordBlock block;
-    if (!m_job.ReadCoordBlock(block)) return false;
-    system.Unpack(block);
-    WriteCogoRecord(&system);
-    hasSystem = !HasNoSystem(system);
-  } else {
-    WriteCogoRecord(nullptr);
-    hasSystem = FindOldSystem(system);
-  }
-  if (!hasSystem) {
-    WriteNoCoordinateSystem(m_dc, m_settings.scale);
-  } else {
-    WriteCoordinateSystem(system, LengthUnit(), AngularUnitOfJob(m_settings.angleUnit), m_dc);
-  }
-  return true;
-}
-
-// system: null for a job below version 5, whose grid always grows north and east.
-void JobToDc::WriteCogoRecord(const CGlkProjectionRecord* system) {
-  tDC_COGORecord settings;
-  settings.azimuthOrigin = (m_settings.flags & kJobFlagSouthAzimuth) != 0 ? 2 : 1;
-  if (system != nullptr && system->gridOrientation1 == 1 && system->gridOrientation2 == 1) {
-    settings.azimuthOrigin = settings.gridOrientation = 2;
-  }
-  WriteCogoSettings(m_dc, m_version, settings);
-}
-
-// The zone that a job below version 5 names by its indices; false if it names none, or none that is
-// known.
-bool JobToDc::FindOldSystem(CGlkProjectionRecord& system) {
-  JOB_OLD_HEADER old;
-  if ((m_settings.flags & kJobFlagScaleOnly) != 0 || !m_job.ReadOldHeader(old)) return false;
-  CGeodeticDllIndices indices;
-  indices.Set(old.method, old.coordSystem, old.datum, old.zoneId, old.hemisphere, {}, 0);
-  return FillProjectionRecord(indices, system);
-}
-
-bool JobToDc::WritePoints() {
-  const std::int64_t size = m_job.GetFile().GetLength();
-  JOB_POINT point;
-  JOB_POINT_EX pointEx;
-  JobKind kind = JobKind::Unused;
-  std::int64_t position = 0;
-  std::uint32_t length = 0;
-  if (!m_job.SeekToFirstRecord()) return false;
-  while (m_job.ReadNextRecordHead(kind, position, length)) {
-    m_progress.SetPosition(position, size);
-    bool done = false;
-    if (kind == JobKind::Point) {
-      point.attributeLink = 0;  // the old form has none
-      done = m_job.ReadPoint(point) && WritePoint(point);
-    } else if (kind == JobKind::PointEx) {
-      pointEx.attributeLink = 0;
-      done = m_job.ReadPointEx(pointEx) && WritePoint(pointEx);
-    } else {
-      done = m_job.SkipRecord();
-    }
-    if (!done) return false;
-  }
-  return true;
-}
-
-bool JobToDc::WritePoint(const JOB_POINT& point) {
-  m_position.name = Left(point.name, kJobNameLength);
-  m_position.code = Left(point.description, kJobNameLength);
-  const LinearUnit unit = LengthUnit();
-  m_position.north = FromMetres(point.north, unit);
-  m_position.east = FromMetres(point.east, unit);
-  m_position.elevation = FromMetres(point.elevation, unit);
-  m_dc.Write(m_position);
-  if (m_features == nullptr || point.attributeLink == 0) return true;
-
-  const std::int64_t next = m_job.GetFile().GetPosition();
-  FEATURE_SET features;
-  const bool known = ReadFeatureData(point.attributeLink, features);
-  if (known) WriteFeatureRecords(features);
-  return m_job.SeekTo(next);
-}
-
-// False if there is no attribute block at `link`, or the feature library doesn't know it.
-bool JobToDc::ReadFeatureData(std::uint32_t link, FEATURE_SET& features) {
-  JOB_GENERIC_RECORD block;
-  if (!m_job.SeekTo(link)) return false;
-  if (m_job.GetVersion() < kJobVersion) {
-    return m_job.ReadBlockAtPosition(block) && m_features->Decode(block.data, features);
-  }
-  JobKind kind = JobKind::Unused;
-  std::int64_t position = 0;
-  std::uint32_t length = 0;
-  return m_job.ReadNextRecordHead(kind, position, length) && kind == JobKind::Attributes &&
-         m_job.ReadGenericRecord(block) && m_features->Decode(block.data, features);
-}
-
-void JobToDc::WriteFeatureRecords(const FEATURE_SET& features) {
-  tDC_FEATURE_CODERecord code;
-  code.code = features.code;
-  m_dc.Write(code);
-  for (const FEATURE_ATTRIBUTE& attribute : features.attributes) {
-    if (attribute.kind == kAttributesEnd) break;
-    WriteFeatureAttribute(attribute);
-  }
-}
-
-void JobToDc::WriteFeatureAttribute(const FEATURE_ATTRIBUTE& attribute) {
-  const std::wstring name = attribute.name + L"?";
-  if (attribute.kind == kAttributeText) {
-    tDC_FEATURE_TEXTRecord record;
-    record.name = name;
-    record.value = attribute.value;
-    m_dc.Write(record);
-  } else if (attribute.kind == kAttributeNumber) {
-    tDC_FEATURE_NUMBERRecord record;
-    record.name = name;
-    record.value = attribute.number;
-    m_dc.Write(record);
-  } else if (attribute.kind == kAttributeList) {
-    tDC_FEATURE_LISTRecord record;
-    record.name = name;
-    record.value = attribute.value;
-    if (!attribute.valueExtra.empty()) record.value.append(L"/").append(attribute.valueExtra);
-    record.index = attribute.index;
-    m_dc.Write(record);
-  }
-}
-
 }  // namespace
 
 CConvDcFile::CConvDcFile(CDcFile* dcFile, CJobFile* jobFile, int version)
     : CConvFile(dcFile, jobFile),
       m_nVersion(version),
       m_pFeatureData(std::make_unique<CFeatureCodeData>()) {}
-
-CConvDcFile::~CConvDcFile() = default;
 
 void CConvDcFile::SetFeatureData(std::unique_ptr<CFeatureCodeData> data) {
   m_pFeatureData = std::move(data);

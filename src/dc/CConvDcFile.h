@@ -17,7 +17,6 @@ class CConvDcFile : public CConvFile<CDcFile, CJobFile> {
   /// version: dialect of a DC file that is written, 0 to 3: "FX V07-50", "FX V07-70" and twice
   /// "FX V10-70". Others can't be written.
   CConvDcFile(CDcFile* dcFile, CJobFile* jobFile, int version);
-  ~CConvDcFile() override;
 
   /// DC to job.
   bool ConvertToNative(Report& report) override;

@@ -4,7 +4,6 @@
 // The records of the coordinate system fill one CGlkProjectionRecord in the order of the file,
 // later ones over earlier ones; it is written when the file has been read. Lengths become metres by
 // the unit of the header, so a record before the header counts as metres.
-#include <array>
 #include <cmath>
 #include <cstdint>
 #include <string>
@@ -59,37 +58,213 @@ class DcToJob {
   static constexpr HandlerEntry<std::int32_t, Handler> Row() {
     return {Record::kType, &DcToJob::On<Record>};
   }
-  static constexpr auto Handlers();
 
-  bool WriteLayer();
-  bool ConvertRoads();
-  bool ConvertLines();
-  bool ConvertLine(std::wstring_view line);
-  bool WriteCoordinateSystem();
-  bool CheckPoints();
+  // False ends the conversion.
+  static constexpr auto Handlers() {
+    return MakeHandlerTable<kDcTypeCount, std::int32_t, Handler>({
+        Row<tDC_HEADERRecord>(),
+        Row<tDC_JOBRecord>(),
+        Row<tDC_COGORecord>(),
+        Row<tDC_ELLIPSOIDRecord>(),
+        Row<tDC_LOCAL_SITERecord>(),
+        Row<tDC_PROJECTIONRecord>(),
+        Row<tDC_PROJECTION_EXTRecord>(),
+        Row<tDC_DATUMRecord>(),
+        Row<tDC_DATUM_GRIDRecord>(),
+        Row<tDC_HORIZONTAL_ADJUSTRecord>(),
+        Row<tDC_VERTICAL_ADJUSTRecord>(),
+        Row<tDC_COORDINATE_SYSTEMRecord>(),
+        Row<tDC_ZONE_LABELRecord>(),
+        {tDC_GRID_POSITIONRecord::kType, &DcToJob::OnGridPosition},
+        {tDC_ROAD_HEADERRecord::kType, &DcToJob::OnRoad},
+        {tDC_ROAD_HALRecord::kType, &DcToJob::OnRoadAlignment},
+    });
+  }
 
-  bool Take(const tDC_HEADERRecord& header);
-  bool Take(const tDC_JOBRecord& job);
-  bool Take(const tDC_COGORecord& cogo);
-  bool Take(const tDC_PROJECTIONRecord& projection);
+  bool WriteLayer() {
+    m_point.layer = kDefaultLayerId;
+    return !IsNewJob() || m_job.WriteLayer(DefaultLayer());
+  }
+
+  // Roads go into files of their own beside the job. A road that fails there doesn't stop the job:
+  // it takes the roads that were met.
+  bool ConvertRoads() {
+    static_cast<void>(
+        ConvertDcRoads(m_dc, m_report, m_roads, GetFolder(m_job.GetFile().GetPath())));
+    return m_dc.Rewind();
+  }
+
+  bool ConvertLines() {
+    const std::int64_t length = m_dc.GetLength();
+    std::wstring line;
+    while (m_dc.ReadLine(line)) {
+      if (CDcFile::IsBlank(line)) continue;
+      m_progress.SetPosition(m_dc.GetPosition(), length);
+      if (!CDcFile::IsDeleted(line) && !ConvertLine(line)) return false;
+    }
+    return true;
+  }
+
+  bool ConvertLine(std::wstring_view line) {
+    static constexpr auto kHandlers = Handlers();
+    const Handler* handle = kHandlers.Find(CDcFile::GetRecordType(line));
+    return handle == nullptr || (this->**handle)(line);
+  }
+
+  bool WriteCoordinateSystem() {
+    CGlkProjectionRecord& system = m_system.Record();
+    system.horizontalType = 1;
+    system.secondType = 0;
+    if (!IsNewJob()) return true;
+    CoordBlock block;
+    system.Pack(block);
+    return m_job.WriteCoordBlock(block);
+  }
+
+  bool CheckPoints() { return m_bAnyPoint || Refuse(Text::NoPoints); }
+
+  bool Take(const tDC_HEADERRecord& header) {
+    const std::wstring_view version = Trim(header.version);
+    if (version.find(L"V10") == version.npos && version.find(L"v10") == version.npos) {
+      Say(Text::NotV10);
+    }
+    m_settings.distanceUnit = static_cast<std::uint16_t>(header.distanceUnit - 1);
+    if (header.angleUnit != 1 && header.angleUnit != 2) return Refuse(Text::Mils);
+    m_settings.angleUnit = static_cast<std::uint16_t>(header.angleUnit - 1);
+    m_bEastFirst = header.coordinateOrder == 2;
+    return StoreSettings();
+  }
+
+  bool Take(const tDC_JOBRecord& job) {
+    if (job.gridFlag == 2) m_bPlainGridMode = true;
+    SetFlags(kJobFlagCurvature, job.scaleFlag == 2 ? kJobFlagCurvature : 0);
+    return StoreSettings();
+  }
+
+  bool Take(const tDC_COGORecord& cogo) {
+    m_nAzmDir = cogo.azimuthOrigin == 2 ? 1 : 0;
+    if (m_nAzmDir == 1) m_settings.flags |= kJobFlagSouthAzimuth;
+    m_system.Record().southAzimuth = static_cast<std::uint8_t>(m_nAzmDir);
+    return TakeGridOrientation(cogo.gridOrientation) && StoreSettings();
+  }
+
+  bool Take(const tDC_PROJECTIONRecord& projection) {
+    if (!m_system.Take(projection, Units())) return TakeScaleWithoutProjection(projection.scale);
+    SetGridFlags(kJobGridProjected);
+    return StoreSettings();
+  }
+
   /// Of the coordinate system alone.
   template <class Record>
   bool Take(const Record& record) {
     m_system.Take(record, Units());
     return true;
   }
-  template <class Record>
-  bool On(std::wstring_view line);
-  bool OnGridPosition(std::wstring_view line);
-  bool OnRoad(std::wstring_view line);
-  bool OnRoadAlignment(std::wstring_view line);
 
-  bool TakeGridOrientation(std::int32_t gridOrientation);
-  bool TakeScaleWithoutProjection(double scale);
-  void TakePointName(std::wstring_view name);
-  std::int32_t RoadId() const { return static_cast<std::int32_t>(m_nRoads); }
   template <class Record>
-  void TakeRoadStart(Record& record) const;
+  bool On(std::wstring_view line) {
+    Record record;
+    CDcFile::Read(line, record);
+    return Take(record);
+  }
+
+  bool OnGridPosition(std::wstring_view line) {
+    CDcFile::Read(line, m_position);
+    // Deleted and superseded positions.
+    if (m_position.classification >= L'6' && m_position.classification <= L':') return true;
+    if (IsLeftBlank(m_position.north) || IsLeftBlank(m_position.east)) return true;
+
+    TakePointName(m_position.name);
+    m_point.description = m_position.code;
+    m_point.north = Metres(m_bEastFirst ? m_position.east : m_position.north);
+    m_point.east = Metres(m_bEastFirst ? m_position.north : m_position.east);
+    m_point.elevation = Metres(m_position.elevation);
+    if (!m_pointNames.Insert(m_point.name)) return Refuse(Text::DuplicatePoints);
+    m_bAnyPoint = true;
+    return m_job.WritePoint(m_point);
+  }
+
+  // Roads are listed in the order of the file, those of one name one by one; of a name that was
+  // refused none is.
+  bool OnRoad(std::wstring_view line) {
+    tDC_ROAD_HEADERRecord road;
+    CDcFile::Read(line, road);
+    m_pRoad = nullptr;
+    if (m_nRoads == m_roads.size() || m_roads[m_nRoads].name != road.name) return true;
+    m_pRoad = &m_roads[m_nRoads++];
+    JOB_RECORD10 record;
+    record.name = m_pRoad->fileName;
+    record.id = RoadId();
+    TakeRoadStart(record);
+    return m_job.WriteRecord10(record);
+  }
+
+  // The record itself has been read by the conversion of the roads.
+  bool OnRoadAlignment(std::wstring_view /*line*/) {
+    if (m_pRoad == nullptr) return true;
+    JOB_RECORD16 element;
+    element.id = static_cast<std::uint32_t>(RoadId());
+    TakeRoadStart(element);
+    if (!m_bAnyPoint) {
+      // Field software opens no job without a point.
+      m_point.name = L"1";
+      m_point.north = element.value2;
+      m_point.east = element.value3;
+      m_point.elevation = element.value4;
+      m_bAnyPoint = true;
+      if (!m_job.WritePoint(m_point)) return false;
+    }
+    return m_job.WriteRecord16(element);
+  }
+
+  // A job's grid grows north and east, or south and west with azimuths from south.
+  bool TakeGridOrientation(std::int32_t gridOrientation) {
+    CGlkProjectionRecord& system = m_system.Record();
+    switch (gridOrientation) {
+      case 1:
+        system.gridOrientation1 = system.gridOrientation2 = 0;
+        return true;
+      case 2:
+        if (m_nAzmDir == 0) return Refuse(Text::SouthWestGrid);
+        SetFlags(kJobFlagSouthAzimuth, 0);
+        system.gridOrientation1 = system.gridOrientation2 = 1;
+        return true;
+      case 3:
+      case 4:
+        return Refuse(Text::CrossedGrid);
+      default:
+        return true;
+    }
+  }
+
+  bool TakeScaleWithoutProjection(double scale) {
+    if (!IsLeftBlank(scale)) m_settings.scale = scale;
+    SetFlags(kJobFlagScaleOnly, 0);
+    SetGridFlags(0);
+    if (m_bPlainGridMode) {
+      SetGridFlags(kJobGridPlain);
+    } else if (!(std::fabs(m_settings.scale - 1.0) < 1e-12)) {
+      m_settings.flags |= kJobFlagScaleOnly | kJobGridScaleOnly;
+    }
+    return StoreSettings();
+  }
+
+  void TakePointName(std::wstring_view name) {
+    m_point.name.assign(Left(Trim(name), kJobNameLength));
+    for (wchar_t& c : m_point.name) {
+      if (!IsPointCharacter(c)) c = L'_';
+    }
+  }
+
+  std::int32_t RoadId() const { return static_cast<std::int32_t>(m_nRoads); }
+
+  template <class Record>
+  void TakeRoadStart(Record& record) const {
+    record.value1 = Metres(m_pRoad->startStation);
+    record.value2 = Metres(m_pRoad->north);
+    record.value3 = Metres(m_pRoad->east);
+    record.value4 = Metres(m_pRoad->elevation);
+  }
 
   bool IsNewJob() const { return m_job.GetVersion() >= kJobVersion; }
   void SetGridFlags(std::uint32_t bits) { SetFlags(kJobGridMask, bits); }
@@ -129,205 +304,6 @@ class DcToJob {
   tDC_GRID_POSITIONRecord m_position;  // these two are reused, point after point
   JOB_POINT m_point;
 };
-
-// False ends the conversion.
-constexpr auto DcToJob::Handlers() {
-  return MakeHandlerTable<kDcTypeCount, std::int32_t, Handler>({
-      Row<tDC_HEADERRecord>(),
-      Row<tDC_JOBRecord>(),
-      Row<tDC_COGORecord>(),
-      Row<tDC_ELLIPSOIDRecord>(),
-      Row<tDC_LOCAL_SITERecord>(),
-      Row<tDC_PROJECTIONRecord>(),
-      Row<tDC_PROJECTION_EXTRecord>(),
-      Row<tDC_DATUMRecord>(),
-      Row<tDC_DATUM_GRIDRecord>(),
-      Row<tDC_HORIZONTAL_ADJUSTRecord>(),
-      Row<tDC_VERTICAL_ADJUSTRecord>(),
-      Row<tDC_COORDINATE_SYSTEMRecord>(),
-      Row<tDC_ZONE_LABELRecord>(),
-      {tDC_GRID_POSITIONRecord::kType, &DcToJob::OnGridPosition},
-      {tDC_ROAD_HEADERRecord::kType, &DcToJob::OnRoad},
-      {tDC_ROAD_HALRecord::kType, &DcToJob::OnRoadAlignment},
-  });
-}
-
-template <class Record>
-bool DcToJob::On(std::wstring_view line) {
-  Record record;
-  CDcFile::Read(line, record);
-  return Take(record);
-}
-
-bool DcToJob::WriteLayer() {
-  m_point.layer = kDefaultLayerId;
-  return !IsNewJob() || m_job.WriteLayer(DefaultLayer());
-}
-
-// Roads go into files of their own beside the job. A road that fails there doesn't stop the job: it
-// takes the roads that were met.
-bool DcToJob::ConvertRoads() {
-  static_cast<void>(ConvertDcRoads(m_dc, m_report, m_roads, GetFolder(m_job.GetFile().GetPath())));
-  return m_dc.Rewind();
-}
-
-bool DcToJob::ConvertLines() {
-  const std::int64_t length = m_dc.GetLength();
-  std::wstring line;
-  while (m_dc.ReadLine(line)) {
-    if (CDcFile::IsBlank(line)) continue;
-    m_progress.SetPosition(m_dc.GetPosition(), length);
-    if (!CDcFile::IsDeleted(line) && !ConvertLine(line)) return false;
-  }
-  return true;
-}
-
-bool DcToJob::ConvertLine(std::wstring_view line) {
-  static constexpr auto kHandlers = Handlers();
-  const Handler* handle = kHandlers.Find(CDcFile::GetRecordType(line));
-  return handle == nullptr || (this->**handle)(line);
-}
-
-bool DcToJob::WriteCoordinateSystem() {
-  CGlkProjectionRecord& system = m_system.Record();
-  system.horizontalType = 1;
-  system.secondType = 0;
-  if (!IsNewJob()) return true;
-  CoordBlock block;
-  system.Pack(block);
-  return m_job.WriteCoordBlock(block);
-}
-
-bool DcToJob::CheckPoints() {
-  return m_bAnyPoint || Refuse(Text::NoPoints);
-}
-
-bool DcToJob::Take(const tDC_HEADERRecord& header) {
-  const std::wstring_view version = Trim(header.version);
-  if (version.find(L"V10") == version.npos && version.find(L"v10") == version.npos) {
-    Say(Text::NotV10);
-  }
-  m_settings.distanceUnit = static_cast<std::uint16_t>(header.distanceUnit - 1);
-  if (header.angleUnit != 1 && header.angleUnit != 2) return Refuse(Text::Mils);
-  m_settings.angleUnit = static_cast<std::uint16_t>(header.angleUnit - 1);
-  m_bEastFirst = header.coordinateOrder == 2;
-  return StoreSettings();
-}
-
-bool DcToJob::Take(const tDC_JOBRecord& job) {
-  if (job.gridFlag == 2) m_bPlainGridMode = true;
-  SetFlags(kJobFlagCurvature, job.scaleFlag == 2 ? kJobFlagCurvature : 0);
-  return StoreSettings();
-}
-
-bool DcToJob::Take(const tDC_COGORecord& cogo) {
-  m_nAzmDir = cogo.azimuthOrigin == 2 ? 1 : 0;
-  if (m_nAzmDir == 1) m_settings.flags |= kJobFlagSouthAzimuth;
-  m_system.Record().southAzimuth = static_cast<std::uint8_t>(m_nAzmDir);
-  return TakeGridOrientation(cogo.gridOrientation) && StoreSettings();
-}
-
-// A job's grid grows north and east, or south and west with azimuths from south.
-bool DcToJob::TakeGridOrientation(std::int32_t gridOrientation) {
-  CGlkProjectionRecord& system = m_system.Record();
-  switch (gridOrientation) {
-    case 1:
-      system.gridOrientation1 = system.gridOrientation2 = 0;
-      return true;
-    case 2:
-      if (m_nAzmDir == 0) return Refuse(Text::SouthWestGrid);
-      SetFlags(kJobFlagSouthAzimuth, 0);
-      system.gridOrientation1 = system.gridOrientation2 = 1;
-      return true;
-    case 3:
-    case 4:
-      return Refuse(Text::CrossedGrid);
-    default:
-      return true;
-  }
-}
-
-bool DcToJob::Take(const tDC_PROJECTIONRecord& projection) {
-  if (!m_system.Take(projection, Units())) return TakeScaleWithoutProjection(projection.scale);
-  SetGridFlags(kJobGridProjected);
-  return StoreSettings();
-}
-
-bool DcToJob::TakeScaleWithoutProjection(double scale) {
-  if (!IsLeftBlank(scale)) m_settings.scale = scale;
-  SetFlags(kJobFlagScaleOnly, 0);
-  SetGridFlags(0);
-  if (m_bPlainGridMode) {
-    SetGridFlags(kJobGridPlain);
-  } else if (!(std::fabs(m_settings.scale - 1.0) < 1e-12)) {
-    m_settings.flags |= kJobFlagScaleOnly | kJobGridScaleOnly;
-  }
-  return StoreSettings();
-}
-
-bool DcToJob::OnGridPosition(std::wstring_view line) {
-  CDcFile::Read(line, m_position);
-  // Deleted and superseded positions.
-  if (m_position.classification >= L'6' && m_position.classification <= L':') return true;
-  if (IsLeftBlank(m_position.north) || IsLeftBlank(m_position.east)) return true;
-
-  TakePointName(m_position.name);
-  m_point.description = m_position.code;
-  m_point.north = Metres(m_bEastFirst ? m_position.east : m_position.north);
-  m_point.east = Metres(m_bEastFirst ? m_position.north : m_position.east);
-  m_point.elevation = Metres(m_position.elevation);
-  if (!m_pointNames.Insert(m_point.name)) return Refuse(Text::DuplicatePoints);
-  m_bAnyPoint = true;
-  return m_job.WritePoint(m_point);
-}
-
-void DcToJob::TakePointName(std::wstring_view name) {
-  m_point.name.assign(Left(Trim(name), kJobNameLength));
-  for (wchar_t& c : m_point.name) {
-    if (!IsPointCharacter(c)) c = L'_';
-  }
-}
-
-// Roads are listed in the order of the file, those of one name one by one; of a name that was
-// refused none is.
-bool DcToJob::OnRoad(std::wstring_view line) {
-  tDC_ROAD_HEADERRecord road;
-  CDcFile::Read(line, road);
-  m_pRoad = nullptr;
-  if (m_nRoads == m_roads.size() || m_roads[m_nRoads].name != road.name) return true;
-  m_pRoad = &m_roads[m_nRoads++];
-  JOB_RECORD10 record;
-  record.name = m_pRoad->fileName;
-  record.id = RoadId();
-  TakeRoadStart(record);
-  return m_job.WriteRecord10(record);
-}
-
-// The record itself has been read by the conversion of the roads.
-bool DcToJob::OnRoadAlignment(std::wstring_view /*line*/) {
-  if (m_pRoad == nullptr) return true;
-  JOB_RECORD16 element;
-  element.id = static_cast<std::uint32_t>(RoadId());
-  TakeRoadStart(element);
-  if (!m_bAnyPoint) {
-    // Field software opens no job without a point.
-    m_point.name = L"1";
-    m_point.north = element.value2;
-    m_point.east = element.value3;
-    m_point.elevation = element.value4;
-    m_bAnyPoint = true;
-    if (!m_job.WritePoint(m_point)) return false;
-  }
-  return m_job.WriteRecord16(element);
-}
-
-template <class Record>
-void DcToJob::TakeRoadStart(Record& record) const {
-  record.value1 = Metres(m_pRoad->startStation);
-  record.value2 = Metres(m_pRoad->north);
-  record.value3 = Metres(m_pRoad->east);
-  record.value4 = Metres(m_pRoad->elevation);
-}
 
 }  // namespace
 

@@ -27,16 +27,6 @@ constexpr std::wstring_view SubtypeOf(std::wstring_view line) {
 
 }  // namespace
 
-CDcFile::~CDcFile() = default;
-
-bool CDcFile::OpenForWrite(const std::wstring& path) {
-  return Open(path, platform::kCreateOutput);
-}
-
-bool CDcFile::OpenForRead(const std::wstring& path) {
-  return Open(path, platform::kOpenReadWrite) && Rewind();
-}
-
 // Editors put the mark before text that is 8-bit all the same.
 bool CDcFile::Rewind() {
   constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";

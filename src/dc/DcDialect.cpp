@@ -1,7 +1,8 @@
 #include "dc/DcDialect.h"
 
-#include <cstddef>
 #include <iterator>
+
+#include "dc/SystemFields.h"
 
 namespace zelconvert {
 
@@ -31,13 +32,7 @@ void WriteNoCoordinateSystem(CDcFile& file, double scale) {
   ellipsoid.inverseFlattening = DC_NULL;
 
   tDC_PROJECTIONRecord projection;
-  for (double tDC_PROJECTIONRecord::*member :
-       {&tDC_PROJECTIONRecord::originLatitude, &tDC_PROJECTIONRecord::originLongitude,
-        &tDC_PROJECTIONRecord::originNorthing, &tDC_PROJECTIONRecord::falseNorthing,
-        &tDC_PROJECTIONRecord::falseEasting, &tDC_PROJECTIONRecord::originEasting,
-        &tDC_PROJECTIONRecord::parallel1, &tDC_PROJECTIONRecord::parallel2}) {
-    projection.*member = DC_NULL;
-  }
+  ToRecord(system_fields::kProjection, {}, CGlkProjectionRecord(), projection);  // all null
   projection.scale = scale;
 
   tDC_COORDINATE_SYSTEMRecord names;

@@ -27,12 +27,8 @@ void DcSystemReader::Take(const tDC_LOCAL_SITERecord& site, const DisplayUnits& 
   if (IsLeftBlank(site.height)) m_system.site.height = 0;
 }
 
-bool DcSystemReader::Take(const tDC_PROJECTIONRecord& projection, const DisplayUnits& units) {
-  return TakeProjection(projection, units);
-}
-
 bool DcSystemReader::Take(const tDC_PROJECTION_EXTRecord& projection, const DisplayUnits& units) {
-  if (!TakeProjection(projection, units)) return false;
+  if (!Take(static_cast<const tDC_PROJECTION_FIELDS&>(projection), units)) return false;
   m_system.flagA = projection.flagA == L'1' ? 0 : 1;
   m_system.flagB = projection.flagB == L'1' ? 1 : 0;
   m_system.flagC = projection.flagC == 1 ? 0 : 1;
@@ -43,8 +39,7 @@ bool DcSystemReader::Take(const tDC_PROJECTION_EXTRecord& projection, const Disp
   return true;
 }
 
-bool DcSystemReader::TakeProjection(const tDC_PROJECTION_FIELDS& projection,
-                                    const DisplayUnits& units) {
+bool DcSystemReader::Take(const tDC_PROJECTION_FIELDS& projection, const DisplayUnits& units) {
   const std::uint16_t id = ProjectionIdFromCode(projection.projectionCode);
   if (id == kNoProjection) {
     m_system.projectionId = m_system.verticalType = 0;

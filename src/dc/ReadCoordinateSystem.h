@@ -14,7 +14,7 @@ class DcSystemReader {
   void Take(const tDC_ELLIPSOIDRecord& ellipsoid, const DisplayUnits& units);
   void Take(const tDC_LOCAL_SITERecord& site, const DisplayUnits& units);
   /// False if the code stands for no projection: the record then tells a scale at most.
-  bool Take(const tDC_PROJECTIONRecord& projection, const DisplayUnits& units);
+  bool Take(const tDC_PROJECTION_FIELDS& projection, const DisplayUnits& units);
   bool Take(const tDC_PROJECTION_EXTRecord& projection, const DisplayUnits& units);
   void Take(const tDC_DATUMRecord& datum, const DisplayUnits& units);
   void Take(const tDC_DATUM_GRIDRecord& grid, const DisplayUnits& units);
@@ -28,8 +28,6 @@ class DcSystemReader {
   const CGlkProjectionRecord& Record() const { return m_system; }
 
  private:
-  bool TakeProjection(const tDC_PROJECTION_FIELDS& projection, const DisplayUnits& units);
-
   CGlkProjectionRecord m_system;
 };
 

@@ -54,12 +54,9 @@ std::int32_t ReadInteger(std::wstring_view field, IntegerForm form, Choice choic
       return static_cast<std::int32_t>(first) - L'0';
     case IntegerForm::Choice:
       return first >= L'1' && first <= L'0' + choice.last ? first - L'0' : choice.otherwise;
-    case IntegerForm::Decimal:
-    case IntegerForm::Zeros:
-    case IntegerForm::First:
-      break;
+    default:
+      return ToInteger(field);
   }
-  return ToInteger(field);
 }
 
 double ReadReal(std::wstring_view field, RealForm form) {
@@ -77,17 +74,11 @@ void WriteText(std::wstring& line, std::wstring_view value, TextForm form, int w
 
 void WriteInteger(std::wstring& line, std::int32_t value, IntegerForm form, int width) {
   const auto columns = static_cast<std::size_t>(width);
-  switch (form) {
-    case IntegerForm::Offset:
-      // 16 bits on every platform, as wide as the field's characters are.
-      line.push_back(static_cast<wchar_t>(static_cast<std::uint16_t>(
-          static_cast<std::uint32_t>(value) + static_cast<std::uint32_t>(L'0'))));
-      return;
-    case IntegerForm::Method:
-      line.push_back(MethodCharacter(value));
-      return;
-    default:
-      break;
+  if (form == IntegerForm::Method) return line.push_back(MethodCharacter(value));
+  if (form == IntegerForm::Offset) {
+    // 16 bits on every platform, as wide as the field's characters are.
+    return line.push_back(static_cast<wchar_t>(static_cast<std::uint16_t>(
+        static_cast<std::uint32_t>(value) + static_cast<std::uint32_t>(L'0'))));
   }
   const std::size_t start = line.size();
   AppendInteger(line, form == IntegerForm::First ? value : FitInteger(value, width));

@@ -23,31 +23,20 @@ struct DisplayUnits {
 
   /// From radians or metres; null stays null.
   double ToDisplay(double value, Quantity quantity) const {
-    switch (quantity) {
-      case Quantity::Degrees:
-        return FromRadians(value, AngularUnit::DecimalDegrees);
-      case Quantity::Angle:
-        return FromRadians(value, angle);
-      case Quantity::Length:
-        return FromMetres(value, length);
-      case Quantity::Ratio:
-        break;
-    }
-    return value;
+    if (quantity == Quantity::Ratio) return value;
+    if (quantity == Quantity::Length) return FromMetres(value, length);
+    return FromRadians(value, AngleUnitOf(quantity));
   }
   /// To radians or metres; null stays null.
   double FromDisplay(double value, Quantity quantity) const {
-    switch (quantity) {
-      case Quantity::Degrees:
-        return ToRadians(value, AngularUnit::DecimalDegrees);
-      case Quantity::Angle:
-        return ToRadians(value, angle);
-      case Quantity::Length:
-        return ToMetres(value, length);
-      case Quantity::Ratio:
-        break;
-    }
-    return value;
+    if (quantity == Quantity::Ratio) return value;
+    if (quantity == Quantity::Length) return ToMetres(value, length);
+    return ToRadians(value, AngleUnitOf(quantity));
+  }
+
+ private:
+  AngularUnit AngleUnitOf(Quantity quantity) const {
+    return quantity == Quantity::Degrees ? AngularUnit::DecimalDegrees : angle;
   }
 };
 

@@ -44,177 +44,164 @@ class SystemWriter {
  private:
   double Length(double metres) const { return FromMetres(metres, m_units.length); }
 
-  void WriteLabel();
-  void WriteEllipsoid();
-  void WriteSite();
-  bool WriteProjection();
-  void WriteSiteProjection();
-  void WriteProjectionExt(const tDC_PROJECTION_FIELDS& projection);
-  bool WriteDatum();
-  void WriteDatumGrid();
-  void WriteHorizontalAdjust();
-  void WriteVerticalAdjust();
-  void WriteNames();
-  std::optional<wchar_t> ProjectionCode() const;
+  void WriteLabel() {
+    if (m_system.projectionId == kProjectionWithoutLabel || m_system.shiftFileName.empty()) return;
+    tDC_ZONE_LABELRecord record;
+    record.name = m_system.shiftFileName;
+    m_file.Write(record);
+  }
+
+  void WriteEllipsoid() {
+    tDC_ELLIPSOIDRecord record;
+    record.semiMajorAxis = Length(m_isCalibratedSite ? kWgs84Axis : m_system.semiMajorAxis);
+    record.inverseFlattening =
+        m_isCalibratedSite ? kWgs84InverseFlattening : m_system.inverseFlattening;
+    m_file.Write(record);
+  }
+
+  void WriteSite() {
+    tDC_LOCAL_SITERecord record;
+    if (m_isCalibratedSite) {
+      record.latitude = record.longitude = record.height = DC_NULL;
+      record.scale = 1;
+    } else {
+      ToRecord(system_fields::kSite, m_units, m_system.site, record);
+    }
+    m_file.Write(record);
+  }
+
+  bool WriteProjection() {
+    if (m_isCalibratedSite) {
+      WriteSiteProjection();
+      return true;
+    }
+    const std::optional<wchar_t> code = ProjectionCode();
+    if (!code) return false;
+
+    const std::uint16_t id = m_system.projectionId;
+    tDC_PROJECTIONRecord record;
+    record.projectionCode = *code;
+    ToRecord(system_fields::kProjection, m_units, m_system, record);
+    if (HasSkewAxis(id)) record.parallel2 = 0;
+    IsExtendedProjection(id) ? WriteProjectionExt(record) : m_file.Write(record);
+    return true;
+  }
+
+  // The height of the site scales its distances by (R + h) / R with the radius of curvature in the
+  // prime vertical. A null latitude or height goes through as the number it is; the writer then
+  // leaves the field blank, or not.
+  void WriteSiteProjection() {
+    const LocalSite& site = m_system.site;
+    const double sine = site.latitude == DC_NULL ? kSineOfNull : std::sin(site.latitude);
+    const double radius = kWgs84Axis / std::sqrt(1 - kWgs84EccentricitySquared * sine * sine);
+    tDC_PROJECTIONRecord record;
+    record.projectionCode = kSiteProjection;
+    record.originLatitude = m_units.ToDisplay(site.latitude, Quantity::Degrees);
+    record.originLongitude = m_units.ToDisplay(site.longitude, Quantity::Degrees);
+    record.falseNorthing = record.falseEasting = Length(kSiteFalseOrigin);
+    record.scale = (radius + site.height) / radius;
+    m_file.Write(record);
+  }
+
+  // A flag the job doesn't set keeps the record's default.
+  void WriteProjectionExt(const tDC_PROJECTION_FIELDS& projection) {
+    tDC_PROJECTION_EXTRecord record;
+    static_cast<tDC_PROJECTION_FIELDS&>(record) = projection;
+    if (m_system.flagA != kFlagNotSet) record.flagA = m_system.flagA == 0 ? L'1' : L'2';
+    if (m_system.flagB != kFlagNotSet) record.flagB = m_system.flagB == 0 ? L'2' : L'1';
+    if (m_system.flagC != kFlagNotSet) record.flagC = m_system.flagC == 1 ? 2 : 1;
+    if (m_system.flagD >= 1 && m_system.flagD <= 4) {
+      record.flagD = static_cast<wchar_t>(L'0' + m_system.flagD);
+    }
+    record.gridFileName = m_system.gridFileName;
+    record.shiftFileName = m_system.shiftFileName;
+    m_file.Write(record);
+  }
+
+  // Every 49 names WGS 84: the local ellipsoid is in 65.
+  bool WriteDatum() {
+    const std::uint16_t kind = m_isCalibratedSite ? kDatumNone : m_system.datumKind;
+    if (kind == kDatumGridFiles) {
+      WriteDatumGrid();
+      return true;
+    }
+    if (kind != kDatumShifts && kind != kDatumSevenParameters && kind != kDatumNone) return false;
+
+    tDC_DATUMRecord record;
+    record.datumCode = kind == kDatumSevenParameters ? L'2' : L'3';
+    record.semiMajorAxis = Length(kWgs84Axis);
+    record.inverseFlattening = kWgs84InverseFlattening;
+    if (kind != kDatumNone) {
+      ToRecord(system_fields::kDatum, m_units, m_system, record);
+      record.scale = ScaleToPpm(m_system.datumScale);
+    }
+    m_file.Write(record);
+    return true;
+  }
+
+  void WriteDatumGrid() {
+    tDC_DATUM_GRIDRecord record;
+    record.fileName = m_system.datumName;
+    record.description = L" ";
+    m_file.Write(record);
+  }
+
+  void WriteHorizontalAdjust() {
+    tDC_HORIZONTAL_ADJUSTRecord record;
+    if (m_isCalibratedSite) {
+      record.originNorth = record.originEast = DC_NULL;
+      record.scale = 1;  // changes nothing
+    } else {
+      ToRecord(system_fields::kHorizontal, m_units, m_system.horizontalAdjust, record);
+    }
+    m_file.Write(record);
+  }
+
+  void WriteVerticalAdjust() {
+    tDC_VERTICAL_ADJUSTRecord record;
+    if (m_isCalibratedSite) {
+      record.originNorth = record.originEast = DC_NULL;
+    } else {
+      ToRecord(system_fields::kVertical, m_units, m_system.verticalAdjust, record);
+    }
+    record.geoidFileName = m_system.geoidFileName;
+    m_file.Write(record);
+  }
+
+  void WriteNames() {
+    tDC_COORDINATE_SYSTEMRecord record;
+    record.systemKind = 3;
+    if (m_isCalibratedSite) {
+      record.zoneGroupName = L"ZEL Localization ZoneGroup";
+      record.zoneName = m_system.shiftFileName;
+      record.datumName = L"Zel Localize WGS84";
+    } else {
+      if (m_system.projectionKind >= 1 && m_system.projectionKind <= 4) {
+        record.systemKind = m_system.projectionKind;
+      }
+      record.zoneGroupName = m_system.zoneGroupName;
+      record.zoneName = m_system.zoneName;
+      record.datumName = m_system.datumName;
+    }
+    m_file.Write(record);
+  }
+
+  // A polar projection is northern by the latitude of its origin and southern by the longitude,
+  // which is where collectors look.
+  std::optional<wchar_t> ProjectionCode() const {
+    if (m_system.projectionId != kPolarStereographic) {
+      return ProjectionCodeFromId(m_system.projectionId);
+    }
+    if (std::fabs(m_system.originLatitude - kPi / 2) < kPoleTolerance) return L'<';
+    if (std::fabs(m_system.originLongitude + kPi / 2) < kPoleTolerance) return L'=';
+    return std::nullopt;
+  }
 
   const CGlkProjectionRecord& m_system;
   DisplayUnits m_units;
   bool m_isCalibratedSite;  // no projection of its own
   CDcFile& m_file;
 };
-
-void SystemWriter::WriteLabel() {
-  if (m_system.projectionId == kProjectionWithoutLabel || m_system.shiftFileName.empty()) return;
-  tDC_ZONE_LABELRecord record;
-  record.name = m_system.shiftFileName;
-  m_file.Write(record);
-}
-
-void SystemWriter::WriteEllipsoid() {
-  tDC_ELLIPSOIDRecord record;
-  record.semiMajorAxis = Length(m_isCalibratedSite ? kWgs84Axis : m_system.semiMajorAxis);
-  record.inverseFlattening =
-      m_isCalibratedSite ? kWgs84InverseFlattening : m_system.inverseFlattening;
-  m_file.Write(record);
-}
-
-void SystemWriter::WriteSite() {
-  tDC_LOCAL_SITERecord record;
-  if (m_isCalibratedSite) {
-    record.latitude = record.longitude = record.height = DC_NULL;
-    record.scale = 1;
-  } else {
-    ToRecord(system_fields::kSite, m_units, m_system.site, record);
-  }
-  m_file.Write(record);
-}
-
-// The height of the site scales its distances by (R + h) / R with the radius of curvature in the
-// prime vertical. A null latitude or height goes through as the number it is; the writer then
-// leaves the field blank, or not.
-void SystemWriter::WriteSiteProjection() {
-  const LocalSite& site = m_system.site;
-  const double sine = site.latitude == DC_NULL ? kSineOfNull : std::sin(site.latitude);
-  const double radius = kWgs84Axis / std::sqrt(1 - kWgs84EccentricitySquared * sine * sine);
-  tDC_PROJECTIONRecord record;
-  record.projectionCode = kSiteProjection;
-  record.originLatitude = m_units.ToDisplay(site.latitude, Quantity::Degrees);
-  record.originLongitude = m_units.ToDisplay(site.longitude, Quantity::Degrees);
-  record.falseNorthing = record.falseEasting = Length(kSiteFalseOrigin);
-  record.scale = (radius + site.height) / radius;
-  m_file.Write(record);
-}
-
-// A polar projection is northern by the latitude of its origin and southern by the longitude, which
-// is where collectors look.
-std::optional<wchar_t> SystemWriter::ProjectionCode() const {
-  if (m_system.projectionId != kPolarStereographic) {
-    return ProjectionCodeFromId(m_system.projectionId);
-  }
-  if (std::fabs(m_system.originLatitude - kPi / 2) < kPoleTolerance) return L'<';
-  if (std::fabs(m_system.originLongitude + kPi / 2) < kPoleTolerance) return L'=';
-  return std::nullopt;
-}
-
-bool SystemWriter::WriteProjection() {
-  if (m_isCalibratedSite) {
-    WriteSiteProjection();
-    return true;
-  }
-  const std::optional<wchar_t> code = ProjectionCode();
-  if (!code) return false;
-
-  const std::uint16_t id = m_system.projectionId;
-  tDC_PROJECTIONRecord record;
-  record.projectionCode = *code;
-  ToRecord(system_fields::kProjection, m_units, m_system, record);
-  if (HasSkewAxis(id)) record.parallel2 = 0;
-  IsExtendedProjection(id) ? WriteProjectionExt(record) : m_file.Write(record);
-  return true;
-}
-
-// A flag the job doesn't set keeps the record's default.
-void SystemWriter::WriteProjectionExt(const tDC_PROJECTION_FIELDS& projection) {
-  tDC_PROJECTION_EXTRecord record;
-  static_cast<tDC_PROJECTION_FIELDS&>(record) = projection;
-  if (m_system.flagA != kFlagNotSet) record.flagA = m_system.flagA == 0 ? L'1' : L'2';
-  if (m_system.flagB != kFlagNotSet) record.flagB = m_system.flagB == 0 ? L'2' : L'1';
-  if (m_system.flagC != kFlagNotSet) record.flagC = m_system.flagC == 1 ? 2 : 1;
-  if (m_system.flagD >= 1 && m_system.flagD <= 4) {
-    record.flagD = static_cast<wchar_t>(L'0' + m_system.flagD);
-  }
-  record.gridFileName = m_system.gridFileName;
-  record.shiftFileName = m_system.shiftFileName;
-  m_file.Write(record);
-}
-
-// Every 49 names WGS 84: the local ellipsoid is in 65.
-bool SystemWriter::WriteDatum() {
-  const std::uint16_t kind = m_isCalibratedSite ? kDatumNone : m_system.datumKind;
-  if (kind == kDatumGridFiles) {
-    WriteDatumGrid();
-    return true;
-  }
-  if (kind != kDatumShifts && kind != kDatumSevenParameters && kind != kDatumNone) return false;
-
-  tDC_DATUMRecord record;
-  record.datumCode = kind == kDatumSevenParameters ? L'2' : L'3';
-  record.semiMajorAxis = Length(kWgs84Axis);
-  record.inverseFlattening = kWgs84InverseFlattening;
-  if (kind != kDatumNone) {
-    ToRecord(system_fields::kDatum, m_units, m_system, record);
-    record.scale = ScaleToPpm(m_system.datumScale);
-  }
-  m_file.Write(record);
-  return true;
-}
-
-void SystemWriter::WriteDatumGrid() {
-  tDC_DATUM_GRIDRecord record;
-  record.fileName = m_system.datumName;
-  record.description = L" ";
-  m_file.Write(record);
-}
-
-void SystemWriter::WriteHorizontalAdjust() {
-  tDC_HORIZONTAL_ADJUSTRecord record;
-  if (m_isCalibratedSite) {
-    record.originNorth = record.originEast = DC_NULL;
-    record.scale = 1;  // changes nothing
-  } else {
-    ToRecord(system_fields::kHorizontal, m_units, m_system.horizontalAdjust, record);
-  }
-  m_file.Write(record);
-}
-
-void SystemWriter::WriteVerticalAdjust() {
-  tDC_VERTICAL_ADJUSTRecord record;
-  if (m_isCalibratedSite) {
-    record.originNorth = record.originEast = DC_NULL;
-  } else {
-    ToRecord(system_fields::kVertical, m_units, m_system.verticalAdjust, record);
-  }
-  record.geoidFileName = m_system.geoidFileName;
-  m_file.Write(record);
-}
-
-void SystemWriter::WriteNames() {
-  tDC_COORDINATE_SYSTEMRecord record;
-  record.systemKind = 3;
-  if (m_isCalibratedSite) {
-    record.zoneGroupName = L"ZEL Localization ZoneGroup";
-    record.zoneName = m_system.shiftFileName;
-    record.datumName = L"Zel Localize WGS84";
-  } else {
-    if (m_system.projectionKind >= 1 && m_system.projectionKind <= 4) {
-      record.systemKind = m_system.projectionKind;
-    }
-    record.zoneGroupName = m_system.zoneGroupName;
-    record.zoneName = m_system.zoneName;
-    record.datumName = m_system.datumName;
-  }
-  m_file.Write(record);
-}
 
 }  // namespace
 

@@ -1,7 +1,6 @@
 // The file types by number: their names for a host, and which go together in a conversion.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>

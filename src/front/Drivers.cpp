@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstdint>
 #include <string>
-#include <utility>
 
 #include "dc/CConvDcFile.h"
 #include "dc/CDcFile.h"
@@ -26,7 +25,6 @@ namespace zelconvert {
 namespace {
 
 using platform::kCreateOutput;
-using platform::kOpenReadWrite;
 using platform::kOpenText;
 
 // How a job of each type is made. The brand is the one of ".job" files.
@@ -69,9 +67,6 @@ bool Refuse(Report& report) {
 }
 
 bool CreateOutput(CFileCE& file, const std::wstring& path) {
-  return file.Open(path, kCreateOutput);
-}
-bool CreateOutput(CDcFile& file, const std::wstring& path) {
   return file.OpenForWrite(path);
 }
 bool CreateOutput(CJxlFile& file, const std::wstring& path) {
@@ -100,7 +95,7 @@ bool FromRaw(const ConvertRequest& request, Report& report, Output& output, Conv
       request, report,
       {
           .missing = DriverText::RawFileMissing,
-          .openInput = [&] { return raw.Open(request.input, kOpenReadWrite); },
+          .openInput = [&] { return raw.OpenForRead(request.input); },
           .createOutput = [&] { return mayCreate && CreateOutput(output, request.output); },
           .convert = [&] { return convert(raw); },
           .closing = {Closer(raw), Closer(output)},

@@ -93,14 +93,13 @@ bool SetStatePlane1927Datum(std::int32_t zone, Record& record) {
   return true;
 }
 
-bool SetStatePlane1983Datum(std::int32_t datum, Record& record) {
+void SetStatePlane1983Datum(std::int32_t datum, Record& record) {
   SetGrs80(L"ZEL SP83 Datum", record);
   if (datum == Indices::kWgs72Form) {
     record.datumShiftZ = kWgs72FormShiftZ;
     record.ellipsoidName = L"ZEL SP83 WGS72 Ellipse";
     record.inverseFlattening = kWgs72FormInverseFlattening;
   }
-  return true;
 }
 
 // UTM and custom systems have the North American datums; `grid` is the one for 1927.
@@ -245,7 +244,8 @@ bool SetDatum(const Indices& indices, Record& record) {
     case Indices::kStatePlane1927:
       return SetStatePlane1927Datum(zone, record);
     case Indices::kStatePlane1983:
-      return SetStatePlane1983Datum(indices.GetDatum(), record);
+      SetStatePlane1983Datum(indices.GetDatum(), record);
+      return true;
     case Indices::kUtm:
       return SetNorthAmericanDatum(indices.GetDatum(), zone >= 0 && zone < 9 ? kAlaska : kConus,
                                    record);

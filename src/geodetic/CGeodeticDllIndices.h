@@ -26,9 +26,6 @@ class CGeodeticDllIndices {
   /// State Plane 1983: this datum is the WGS 72 form, any other GRS 80.
   static constexpr std::int32_t kWgs72Form = 2;
 
-  CGeodeticDllIndices() = default;
-  CGeodeticDllIndices(const CGeodeticDllIndices&) = default;
-  CGeodeticDllIndices& operator=(const CGeodeticDllIndices&) = default;
   virtual ~CGeodeticDllIndices() = default;
 
   /// customName, customId: of a custom zone, else empty and 0.
@@ -46,7 +43,6 @@ class CGeodeticDllIndices {
   /// 0 north, anything else south.
   std::int32_t GetHemisphere() const { return m_nHemisphere; }
   const std::wstring& GetCustomName() const { return m_strCustomName; }
-  std::uint32_t GetCustomId() const { return m_nCustomId; }
 
  private:
   std::int32_t m_nMethod = 0;       // ME

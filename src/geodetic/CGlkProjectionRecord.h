@@ -76,11 +76,6 @@ class CGlkProjectionRecord {
   using Block = std::span<std::byte, kBlockSize>;
   using ConstBlock = std::span<const std::byte, kBlockSize>;
 
-  CGlkProjectionRecord() = default;
-  CGlkProjectionRecord(const CGlkProjectionRecord&) = default;
-  CGlkProjectionRecord(CGlkProjectionRecord&&) = default;
-  CGlkProjectionRecord& operator=(const CGlkProjectionRecord&) = default;
-  CGlkProjectionRecord& operator=(CGlkProjectionRecord&&) = default;
   virtual ~CGlkProjectionRecord() = default;
 
   /// Writes every byte of `block`.

@@ -55,19 +55,11 @@ void CMoskoJobRecord::ClearFields() {
 }
 
 bool CMoskoJobRecord::HasAll(const IljFieldList& fields) const {
-  for (std::size_t i = 0; i < fields.Size(); ++i) {
-    const CMoskoJobRecordField* field = Find(fields.Type(i));
-    if (field == nullptr || !field->IsValid()) return false;
-  }
-  return true;
+  return std::ranges::all_of(fields.Types(), [this](IljFieldType type) { return Has(type); });
 }
 
 bool CMoskoJobRecord::HasAny(const IljFieldList& fields) const {
-  for (std::size_t i = 0; i < fields.Size(); ++i) {
-    const CMoskoJobRecordField* field = Find(fields.Type(i));
-    if (field != nullptr && field->IsValid()) return true;
-  }
-  return false;
+  return std::ranges::any_of(fields.Types(), [this](IljFieldType type) { return Has(type); });
 }
 
 std::int32_t CMoskoJobRecord::GetInteger(IljFieldType type) const {

@@ -27,7 +27,7 @@ class IljFieldList {
     for (std::size_t at = 0; at + 1 < size; ++m_size) {
       const char tag[] = {text[at], text[at + 1], text[at + 2], text[at + 3], 0};
       const IljFieldType type = IljFieldTypeOf(tag);
-      m_types[m_size] = static_cast<std::uint8_t>(type);
+      m_types[m_size] = type;
       at += 4;
       m_isRequired[m_size] = text[at] == '!';
       at += m_isRequired[m_size] ? 2 : 1;
@@ -35,13 +35,13 @@ class IljFieldList {
   }
 
   constexpr std::size_t Size() const { return m_size; }
-  constexpr IljFieldType Type(std::size_t index) const {
-    return static_cast<IljFieldType>(m_types[index]);
-  }
+  constexpr IljFieldType Type(std::size_t index) const { return m_types[index]; }
+  /// All of them, in their order.
+  constexpr std::span<const IljFieldType> Types() const { return std::span(m_types).first(m_size); }
   constexpr bool IsRequired(std::size_t index) const { return m_isRequired[index]; }
 
  private:
-  std::array<std::uint8_t, kMaxSize> m_types = {};
+  std::array<IljFieldType, kMaxSize> m_types = {};
   std::array<bool, kMaxSize> m_isRequired = {};
   std::uint8_t m_size = 0;
 };
@@ -250,6 +250,10 @@ class CMoskoJobRecord {
   const IljRecordLayout& Layout() const { return IljLayoutOf(m_recordType); }
   const CMoskoJobRecordField* Find(IljFieldType type) const {
     return GetField(Layout().Find(type));
+  }
+  bool Has(IljFieldType type) const {
+    const CMoskoJobRecordField* field = Find(type);
+    return field != nullptr && field->IsValid();
   }
 
   std::span<CMoskoJobRecordField> Fields() {

@@ -11,16 +11,10 @@ namespace zelconvert {
 
 /// undi: 0 metres, 1 international feet, 2 US survey feet; nothing for any other number.
 constexpr std::optional<LinearUnit> LinearUnitOfIlj(std::int32_t undi) {
-  switch (undi) {
-    case 0:
-      return LinearUnit::Metre;
-    case 1:
-      return LinearUnit::InternationalFoot;
-    case 2:
-      return LinearUnit::UsSurveyFoot;
-    default:
-      return std::nullopt;
-  }
+  if (undi == 0) return LinearUnit::Metre;
+  if (undi == 1) return LinearUnit::InternationalFoot;
+  if (undi == 2) return LinearUnit::UsSurveyFoot;
+  return std::nullopt;
 }
 
 /// unan: 0 decimal degrees, 1 gons; nothing for any other number.

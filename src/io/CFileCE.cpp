@@ -1,8 +1,6 @@
 #include "io/CFileCE.h"
 
 #include <algorithm>
-#include <cstring>
-#include <limits>
 
 #include "io/Strings.h"
 

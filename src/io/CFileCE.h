@@ -26,6 +26,10 @@ class CFileCE {
 
   /// flags: an access word of Platform.h. False if already open or refused.
   bool Open(const std::wstring& path, std::uint32_t flags);
+  /// Made anew, or emptied; nobody else writes it while it is open.
+  bool OpenForWrite(const std::wstring& path) { return Open(path, platform::kCreateOutput); }
+  /// An existing file, at its first byte.
+  bool OpenForRead(const std::wstring& path) { return Open(path, platform::kOpenReadWrite); }
   /// True if not open. False if the close, or a write that was still held back, failed.
   bool Close();
   /// Between a successful Open and Close.

@@ -17,18 +17,8 @@ constexpr bool IsUtf16(CTextFile::Encoding encoding) {
   return encoding == CTextFile::kUtf16LittleEndian || encoding == CTextFile::kUtf16BigEndian;
 }
 
-std::string_view Mark(CTextFile::Encoding encoding) {
-  switch (encoding) {
-    case CTextFile::kUtf16LittleEndian:
-      return "\xFF\xFE";
-    case CTextFile::kUtf8:
-      return "\xEF\xBB";
-    case CTextFile::kUtf16BigEndian:
-      return "\xFE\xFF";
-    default:
-      return {};
-  }
-}
+// By Encoding.
+constexpr std::string_view kMarks[] = {{}, "\xFF\xFE", "\xEF\xBB", "\xFE\xFF"};
 
 // In UTF-16 units whatever the platform's characters are.
 void AppendCharacter(std::wstring& out, char32_t character) {
@@ -78,15 +68,11 @@ bool CTextFile::SetEncoding(Encoding encoding) {
   return true;
 }
 
-bool CTextFile::SetUnicode(bool bUnicode) {
-  return SetEncoding(bUnicode ? kUtf16LittleEndian : kAnsi);
-}
-
 bool CTextFile::Open(const std::wstring& path, std::uint32_t flags) {
   if (!m_File.Open(path, flags & ~kTextModeBit)) return false;
   ClearHeld();
   if (flags & platform::kAccessCreate) {
-    const std::string_view mark = Mark(m_Encoding);
+    const std::string_view mark = kMarks[m_Encoding];
     m_File.Write(mark.data(), mark.size());
     return true;
   }
@@ -163,15 +149,14 @@ void CTextFile::Detect() {
   m_nEndMark = m_File.FindEndMark(characterSize, m_Encoding == kUtf16BigEndian);
 }
 
-// Leaves the position after the mark; of an unmarked UTF-16 file after its first character.
-// False if the file is too short to tell: all stays as it is.
-bool CTextFile::DetectEncoding() {
+// Leaves the position after the mark; of an unmarked UTF-16 file after its first character. If the
+// file is too short to tell, all stays as it is.
+void CTextFile::DetectEncoding() {
   std::uint8_t first[2];
-  if (m_File.GetLength() == 0 || !m_File.SeekToBegin()) return false;
-  if (!m_File.Read(first, sizeof(first))) return false;
+  if (m_File.GetLength() == 0 || !m_File.SeekToBegin()) return;
+  if (!m_File.Read(first, sizeof(first))) return;
   m_nBomSize = sizeof(first);
   DetectByMark(first[0], first[1]);
-  return true;
 }
 
 void CTextFile::DetectByMark(std::uint8_t low, std::uint8_t high) {
@@ -225,15 +210,8 @@ bool CTextFile::ReadChunk() {
 }
 
 void CTextFile::AppendChunk(std::string_view chunk) {
-  switch (m_Encoding) {
-    case kUtf8:
-      return AppendDecodedUtf8(m_strBuffer, chunk);
-    case kUtf16LittleEndian:
-    case kUtf16BigEndian:
-      return AppendUnits(chunk);
-    default:
-      return AppendAnsi(chunk);
-  }
+  if (m_Encoding == kUtf8) return AppendDecodedUtf8(m_strBuffer, chunk);
+  IsUtf16(m_Encoding) ? AppendUnits(chunk) : AppendAnsi(chunk);
 }
 
 void CTextFile::AppendAnsi(std::string_view chunk) {
@@ -279,15 +257,9 @@ void CTextFile::WriteLines(std::wstring_view piece, bool bSplit) {
 }
 
 void CTextFile::WriteEncoded(std::wstring_view text) {
-  switch (m_Encoding) {
-    case kUtf8:
-      return AppendUtf8(m_strWrite, text);
-    case kUtf16LittleEndian:
-    case kUtf16BigEndian:
-      return AppendUtf16(m_strWrite, text, m_Encoding == kUtf16BigEndian);
-    default:
-      return platform::AppendNarrow(m_strWrite, text);
-  }
+  if (m_Encoding == kUtf8) return AppendUtf8(m_strWrite, text);
+  if (m_Encoding == kAnsi) return platform::AppendNarrow(m_strWrite, text);
+  AppendUtf16(m_strWrite, text, m_Encoding == kUtf16BigEndian);
 }
 
 }  // namespace zelconvert

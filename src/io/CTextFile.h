@@ -26,13 +26,11 @@ class CTextFile {
   CTextFile(bool bUnicode, bool bStripNulls);
   /// The encoding of a file that is made, and of one that doesn't say; zero bytes end a block.
   explicit CTextFile(Encoding encoding);
-  CTextFile(const CTextFile&) = delete;
-  CTextFile& operator=(const CTextFile&) = delete;
 
   /// False, with no change, unless the file is open.
   bool SetEncoding(Encoding encoding);
   /// The same with little-endian UTF-16, or else 8-bit text.
-  bool SetUnicode(bool bUnicode);
+  bool SetUnicode(bool bUnicode) { return SetEncoding(bUnicode ? kUtf16LittleEndian : kAnsi); }
   /// Lets this object open a file that turns out to be no 8-bit text.
   void SetAllowUnicode(bool bAllowUnicode) { m_bAllowUnicode = bAllowUnicode; }
   /// The same for every object of the process, for good.
@@ -80,7 +78,7 @@ class CTextFile {
   std::size_t HeldLength() const { return m_strBuffer.size() - m_nStart; }
   void ClearHeld();
   void Detect();
-  bool DetectEncoding();
+  void DetectEncoding();
   void DetectByMark(std::uint8_t low, std::uint8_t high);
   bool ReadChunk();
   void AppendChunk(std::string_view chunk);

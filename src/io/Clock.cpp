@@ -1,6 +1,10 @@
 #include "io/Clock.h"
 
+#include <algorithm>
+#include <iterator>
 #include <optional>
+
+#include "io/Numbers.h"
 
 namespace zelconvert {
 namespace {
@@ -11,10 +15,35 @@ struct Fixed {
 };
 std::optional<Fixed> g_fixed;
 
+struct TimePart {
+  wchar_t letter;
+  std::uint16_t platform::LocalTime::*value;
+  int divisor = 1;
+};
+constexpr TimePart kTimeParts[] = {
+    {L'C', &platform::LocalTime::year, 100}, {L'y', &platform::LocalTime::year},
+    {L'm', &platform::LocalTime::month},     {L'd', &platform::LocalTime::day},
+    {L'H', &platform::LocalTime::hour},      {L'M', &platform::LocalTime::minute},
+    {L'S', &platform::LocalTime::second},
+};
+
 }  // namespace
 
 platform::LocalTime CurrentLocalTime() {
   return g_fixed ? g_fixed->time : platform::SystemLocalTime();
+}
+
+std::wstring FormatTime(std::wstring_view pattern, const platform::LocalTime& time) {
+  std::wstring text;
+  for (const wchar_t c : pattern) {
+    const TimePart* part = std::ranges::find(kTimeParts, c, &TimePart::letter);
+    if (part == std::end(kTimeParts)) {
+      text.push_back(c);
+    } else {
+      AppendTwoDigits(text, time.*part->value / part->divisor % 100);
+    }
+  }
+  return text;
 }
 
 // A fixed clock still ticks with every look, since callers may wait for the next tick.

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
+#include <string_view>
 
 #include "platform/Platform.h"
 
@@ -9,6 +11,9 @@ namespace zelconvert {
 
 /// Date and time of day in the zone of the machine.
 platform::LocalTime CurrentLocalTime();
+/// The pattern with two digits in place of each of its letters C and y (both halves of the year),
+/// m, d, H, M and S: "m-d-Cy H:M" gives "03-14-2026 09:26". All else stands for itself.
+std::wstring FormatTime(std::wstring_view pattern, const platform::LocalTime& time);
 /// Milliseconds, monotonic, wrapping at 2^32.
 std::uint32_t CurrentTickCount();
 

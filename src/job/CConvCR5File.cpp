@@ -115,10 +115,53 @@ class Cr5ToJob {
   bool Convert() { return ReadHeader() && PrepareJob() && CopyRecords(); }
 
  private:
-  bool ReadHeader();
-  bool PrepareJob();
-  bool CopyRecords();
-  void FillPoint(const CoordinateRecord& record);
+  // What it says is for programs that look for a record by its number.
+  bool ReadHeader() {
+    Cr5HeaderBlock block;
+    return m_cr5.Read(block.data(), block.size());
+  }
+
+  // An old job has no place for the layer that its points lie on.
+  bool PrepareJob() {
+    JOB_HEADER header;
+    if (!m_job.ReadJobHeader(header)) return false;
+    header.distanceUnit = m_nUnits;
+    return m_job.WriteJobHeader(header) && m_job.SeekToFirstRecord() &&
+           (m_job.GetVersion() != kJobVersion || m_job.WriteLayer(DefaultLayer()));
+  }
+
+  // A last record that was cut off counts if its number came; what is missing has the initial
+  // values.
+  bool CopyRecords() {
+    CConvertProgress progress;
+    progress.Start();
+    const auto kFresh = Packed<Cr5RecordBlock>(CoordinateRecord());
+    const std::int64_t fileLength = m_cr5.GetLength();
+    m_point.layer = kDefaultLayerId;
+    for (std::size_t bytes = CoordinateRecord::kLength; bytes == CoordinateRecord::kLength;) {
+      progress.SetPosition(m_cr5.GetPosition(), fileLength);
+      Cr5RecordBlock block = kFresh;
+      if (!m_cr5.Read(block.data(), block.size(), &bytes)) return false;
+      CoordinateRecord record;
+      Unpack(block, record);
+      if (bytes < kNumberLength || record.number == CoordinateRecord::kUnused) continue;
+      FillPoint(record);
+      if (!m_job.WritePoint(m_point)) return false;
+    }
+    return true;
+  }
+
+  void FillPoint(const CoordinateRecord& record) {
+    m_point.name.clear();
+    AppendInteger(m_point.name, record.number);
+    m_point.description.clear();
+    platform::AppendWide(m_point.description, DescriptionOf(record));
+    const double factor = ToMetres(1.0, LinearUnitOfJob(m_nUnits));
+    m_point.east = Scaled(record.east, factor);
+    m_point.north = Scaled(record.north, factor);
+    m_point.elevation = Scaled(record.elevation, factor);
+    if (m_point.elevation < kNullLimit) m_point.elevation = kLostElevation;
+  }
 
   CFileCE& m_cr5;
   CJobFile& m_job;
@@ -126,71 +169,119 @@ class Cr5ToJob {
   JOB_POINT m_point;
 };
 
-// What it says is for programs that look for a record by its number.
-bool Cr5ToJob::ReadHeader() {
-  Cr5HeaderBlock block;
-  return m_cr5.Read(block.data(), block.size());
-}
-
-// An old job has no place for the layer that its points lie on.
-bool Cr5ToJob::PrepareJob() {
-  JOB_HEADER header;
-  if (!m_job.ReadJobHeader(header)) return false;
-  header.distanceUnit = m_nUnits;
-  return m_job.WriteJobHeader(header) && m_job.SeekToFirstRecord() &&
-         (m_job.GetVersion() != kJobVersion || m_job.WriteLayer(DefaultLayer()));
-}
-
-// A last record that was cut off counts if its number came; what is missing has the initial values.
-bool Cr5ToJob::CopyRecords() {
-  CConvertProgress progress;
-  progress.Start();
-  const auto kFresh = Packed<Cr5RecordBlock>(CoordinateRecord());
-  const std::int64_t fileLength = m_cr5.GetLength();
-  m_point.layer = kDefaultLayerId;
-  for (std::size_t bytes = CoordinateRecord::kLength; bytes == CoordinateRecord::kLength;) {
-    progress.SetPosition(m_cr5.GetPosition(), fileLength);
-    Cr5RecordBlock block = kFresh;
-    if (!m_cr5.Read(block.data(), block.size(), &bytes)) return false;
-    CoordinateRecord record;
-    Unpack(block, record);
-    if (bytes < kNumberLength || record.number == CoordinateRecord::kUnused) continue;
-    FillPoint(record);
-    if (!m_job.WritePoint(m_point)) return false;
-  }
-  return true;
-}
-
-void Cr5ToJob::FillPoint(const CoordinateRecord& record) {
-  m_point.name.clear();
-  AppendInteger(m_point.name, record.number);
-  m_point.description.clear();
-  platform::AppendWide(m_point.description, DescriptionOf(record));
-  const double factor = ToMetres(1.0, LinearUnitOfJob(m_nUnits));
-  m_point.east = Scaled(record.east, factor);
-  m_point.north = Scaled(record.north, factor);
-  m_point.elevation = Scaled(record.elevation, factor);
-  if (m_point.elevation < kNullLimit) m_point.elevation = kLostElevation;
-}
-
 /// One run from a job to a CR5 file.
 class JobToCr5 {
  public:
   JobToCr5(CJobFile& job, CFileCE& cr5, bool sequential, StringList& messages)
       : m_job(job), m_cr5(cr5), m_bSequential(sequential), m_messages(messages) {}
 
-  bool Convert();
+  bool Convert() {
+    JOB_HEADER header;
+    if (!m_job.ReadJobHeader(header)) return false;
+    m_unitsPerMetre = FromMetres(1.0, LinearUnitOfJob(header.distanceUnit));
+    m_progress.Start();
+
+    if (!CountPoints() || !WriteHeader()) return false;
+    m_records.reserve(m_nPoints);
+    if (!CollectRecords()) return false;
+    const std::vector<RecordPointer> sorted = Sort(m_records);
+    if (!(m_bSequential ? WriteSequential(sorted) : WritePlain(sorted))) return false;
+
+    // Unreachable as long as such points are refused above.
+    if (m_nAlphanumeric > 0) m_messages.push_back(FormatText(kRenumberedText, m_nRenumberStart));
+    return true;
+  }
 
  private:
+  // readPoint: called after the head of each point of either kind; false ends the walk with false.
   template <class Handler>
-  bool ForEachPoint(int pass, Handler readPoint);
-  bool CountPoints();
-  void TakeNumber(std::int32_t number);
-  bool WriteHeader();
-  bool CollectRecords();
-  void AddRecord(const JOB_POINT& point, std::int32_t number);
-  bool WritePlain(const std::vector<RecordPointer>& records);
-  bool WriteSequential(const std::vector<RecordPointer>& records);
+  bool ForEachPoint(int pass, Handler readPoint) {
+    const std::int64_t fileLength = m_job.GetFile().GetLength();
+    return m_job.ForEachRecord([&](JobKind kind, std::int64_t position) {
+      m_progress.SetPosition(pass * fileLength + position, kPasses * fileLength);
+      return IsPoint(kind) ? readPoint() : m_job.SkipRecord();
+    });
+  }
+
+  bool CountPoints() {
+    std::wstring name;
+    const bool complete = ForEachPoint(0, [&] {
+      if (!m_job.ReadPointName(name)) return false;
+      ++m_nPoints;
+      if (const auto number = PointNumber(name)) {
+        TakeNumber(*number);
+      } else {
+        ++m_nAlphanumeric;
+      }
+      return true;
+    });
+    m_nRenumberStart = m_nLastPoint + 1;
+    return complete;
+  }
+
+  // A point number 0 never counts as the lowest.
+  void TakeNumber(std::int32_t number) {
+    if (number != 0 && (m_nFirstPoint == 0 || number < m_nFirstPoint)) m_nFirstPoint = number;
+    if (number > m_nLastPoint) m_nLastPoint = number;
+  }
+
+  bool WriteHeader() {
+    CR5_HEADER header;
+    header.maxPoint = m_nLastPoint + m_nAlphanumeric;
+    if (m_bSequential) header.firstPoint = m_nFirstPoint;
+    auto block = Packed<Cr5HeaderBlock>(header);
+    BinaryWriter(block).Bytes(0, std::as_bytes(std::span(CR5_HEADER::kSignature)));
+    return m_cr5.SeekToBegin() && m_cr5.Write(block.data(), block.size());
+  }
+
+  bool CollectRecords() {
+    JOB_POINT_EX point;
+    return ForEachPoint(1, [&] {
+      // Of the two readers the one whose kind it isn't reads nothing.
+      if (!m_job.ReadPoint(point) || !m_job.ReadPointEx(point)) return false;
+      const auto number = PointNumber(point.name);
+      if (!number) {
+        m_messages.emplace_back(kInvalidNumbersText);
+        return false;
+      }
+      AddRecord(point, *number);
+      return true;
+    });
+  }
+
+  void AddRecord(const JOB_POINT& point, std::int32_t number) {
+    CoordinateRecord record;
+    record.number = number;
+    record.east = Scaled(point.east, m_unitsPerMetre);
+    record.north = Scaled(point.north, m_unitsPerMetre);
+    record.elevation = Scaled(point.elevation, m_unitsPerMetre);
+    m_strDescription.clear();
+    platform::AppendNarrow(m_strDescription, point.description);
+    std::memcpy(record.description.data(), m_strDescription.data(),
+                std::min(m_strDescription.size(), record.description.size()));
+    m_records.push_back(Packed<Cr5RecordBlock>(record));
+  }
+
+  bool WritePlain(const std::vector<RecordPointer>& records) {
+    return std::all_of(records.begin(), records.end(),
+                       [this](RecordPointer each) { return WriteRecord(*each); });
+  }
+
+  // One record for every number, unless numbers are there twice: then the walk runs ahead of the
+  // records, no gap is filled any more until they catch up, and it ends at the highest number.
+  bool WriteSequential(const std::vector<RecordPointer>& records) {
+    const auto kUnused = Packed<Cr5RecordBlock>(CoordinateRecord());
+    const std::int32_t last = NumberOf(records.at(records.size() - 1));
+    std::size_t i = 0;
+    for (std::int32_t expected = NumberOf(records.front()); expected <= last; ++expected, ++i) {
+      for (; expected < NumberOf(records[i]); ++expected) {
+        if (!WriteRecord(kUnused)) return false;
+      }
+      if (!WriteRecord(*records[i])) return false;
+    }
+    return true;
+  }
+
   bool WriteRecord(const Cr5RecordBlock& record) {
     return m_cr5.Write(record.data(), record.size());
   }
@@ -209,112 +300,6 @@ class JobToCr5 {
   std::vector<Cr5RecordBlock> m_records;
   std::string m_strDescription;  // of the point at hand, kept for its memory
 };
-
-bool JobToCr5::Convert() {
-  JOB_HEADER header;
-  if (!m_job.ReadJobHeader(header)) return false;
-  m_unitsPerMetre = FromMetres(1.0, LinearUnitOfJob(header.distanceUnit));
-  m_progress.Start();
-
-  if (!CountPoints() || !WriteHeader()) return false;
-  m_records.reserve(m_nPoints);
-  if (!CollectRecords()) return false;
-  const std::vector<RecordPointer> sorted = Sort(m_records);
-  if (!(m_bSequential ? WriteSequential(sorted) : WritePlain(sorted))) return false;
-
-  // Unreachable as long as such points are refused above.
-  if (m_nAlphanumeric > 0) m_messages.push_back(FormatText(kRenumberedText, m_nRenumberStart));
-  return true;
-}
-
-// readPoint: called after the head of each point of either kind; false ends the walk with false.
-template <class Handler>
-bool JobToCr5::ForEachPoint(int pass, Handler readPoint) {
-  const std::int64_t fileLength = m_job.GetFile().GetLength();
-  return m_job.ForEachRecord([&](JobKind kind, std::int64_t position) {
-    m_progress.SetPosition(pass * fileLength + position, kPasses * fileLength);
-    return IsPoint(kind) ? readPoint() : m_job.SkipRecord();
-  });
-}
-
-bool JobToCr5::CountPoints() {
-  std::wstring name;
-  const bool complete = ForEachPoint(0, [&] {
-    if (!m_job.ReadPointName(name)) return false;
-    ++m_nPoints;
-    if (const auto number = PointNumber(name)) {
-      TakeNumber(*number);
-    } else {
-      ++m_nAlphanumeric;
-    }
-    return true;
-  });
-  m_nRenumberStart = m_nLastPoint + 1;
-  return complete;
-}
-
-// A point number 0 never counts as the lowest.
-void JobToCr5::TakeNumber(std::int32_t number) {
-  if (number != 0 && (m_nFirstPoint == 0 || number < m_nFirstPoint)) m_nFirstPoint = number;
-  if (number > m_nLastPoint) m_nLastPoint = number;
-}
-
-bool JobToCr5::WriteHeader() {
-  CR5_HEADER header;
-  header.maxPoint = m_nLastPoint + m_nAlphanumeric;
-  if (m_bSequential) header.firstPoint = m_nFirstPoint;
-  auto block = Packed<Cr5HeaderBlock>(header);
-  BinaryWriter(block).Bytes(0, std::as_bytes(std::span(CR5_HEADER::kSignature)));
-  return m_cr5.SeekToBegin() && m_cr5.Write(block.data(), block.size());
-}
-
-bool JobToCr5::CollectRecords() {
-  JOB_POINT_EX point;
-  return ForEachPoint(1, [&] {
-    // Of the two readers the one whose kind it isn't reads nothing.
-    if (!m_job.ReadPoint(point) || !m_job.ReadPointEx(point)) return false;
-    const auto number = PointNumber(point.name);
-    if (!number) {
-      m_messages.emplace_back(kInvalidNumbersText);
-      return false;
-    }
-    AddRecord(point, *number);
-    return true;
-  });
-}
-
-void JobToCr5::AddRecord(const JOB_POINT& point, std::int32_t number) {
-  CoordinateRecord record;
-  record.number = number;
-  record.east = Scaled(point.east, m_unitsPerMetre);
-  record.north = Scaled(point.north, m_unitsPerMetre);
-  record.elevation = Scaled(point.elevation, m_unitsPerMetre);
-  m_strDescription.clear();
-  platform::AppendNarrow(m_strDescription, point.description);
-  std::memcpy(record.description.data(), m_strDescription.data(),
-              std::min(m_strDescription.size(), record.description.size()));
-  m_records.push_back(Packed<Cr5RecordBlock>(record));
-}
-
-bool JobToCr5::WritePlain(const std::vector<RecordPointer>& records) {
-  return std::all_of(records.begin(), records.end(),
-                     [this](RecordPointer each) { return WriteRecord(*each); });
-}
-
-// One record for every number, unless numbers are there twice: then the walk runs ahead of the
-// records, no gap is filled any more until they catch up, and it ends at the highest number.
-bool JobToCr5::WriteSequential(const std::vector<RecordPointer>& records) {
-  const auto kUnused = Packed<Cr5RecordBlock>(CoordinateRecord());
-  const std::int32_t last = NumberOf(records.at(records.size() - 1));
-  std::size_t i = 0;
-  for (std::int32_t expected = NumberOf(records.front()); expected <= last; ++expected, ++i) {
-    for (; expected < NumberOf(records[i]); ++expected) {
-      if (!WriteRecord(kUnused)) return false;
-    }
-    if (!WriteRecord(*records[i])) return false;
-  }
-  return true;
-}
 
 }  // namespace
 

@@ -223,10 +223,6 @@ bool CJobFile::ReadNextRecordHead(JobKind& kind, std::int64_t& position, std::ui
   return true;
 }
 
-bool CJobFile::SkipRecord() {
-  return m_File.Seek(m_recordHead.length, platform::SeekFrom::Current);
-}
-
 // Reading records
 
 bool CJobFile::ReadPointName(std::wstring& name) {
@@ -316,13 +312,6 @@ bool CJobFile::WriteCreationTime(const platform::LocalTime& time) {
   if (!ReadJobHeader(header)) return false;
   header.creationTime = time;
   return WriteJobHeader(header);
-}
-
-bool CJobFile::FindRecord4(std::uint32_t id, bool bFirstFree) {
-  return FindRecord(JOB_RECORD4::kInfo, id, bFirstFree);
-}
-bool CJobFile::FindRecord9(std::uint32_t id, bool bFirstFree) {
-  return FindRecord(JOB_RECORD9::kInfo, id, bFirstFree);
 }
 
 // An unused slot is one of kind 0 alone: a kind that we don't know may mean something to others.

@@ -76,13 +76,26 @@ class CJobFile {
   /// has compared it with the file. False at the end of the file, cut off heads included.
   [[nodiscard]] bool ReadNextRecordHead(JobKind& kind, std::int64_t& position,
                                         std::uint32_t& length);
+
   /// handle: called with the kind and the position of every record's head, from the first on; it
   /// reads or skips the payload. False if it was false, or a read failed.
   template <class Handler>
-  [[nodiscard]] bool ForEachRecord(Handler handle);
+  [[nodiscard]] bool ForEachRecord(Handler handle) {
+    if (!SeekToFirstRecord()) return false;
+    JobKind kind;
+    std::int64_t position;
+    std::uint32_t length;
+    while (ReadNextRecordHead(kind, position, length)) {
+      if (!handle(kind, position)) return false;
+    }
+    return !m_File.HasReadFailed();
+  }
+
   /// Over the payload of the head last read. A length past the end of the file is no failure: the
   /// next head is.
-  [[nodiscard]] bool SkipRecord();
+  [[nodiscard]] bool SkipRecord() {
+    return m_File.Seek(m_recordHead.length, platform::SeekFrom::Current);
+  }
 
   // Readers of the payload after the head last read. They read the fixed length of the kind,
   // whatever length the head gives.
@@ -91,7 +104,18 @@ class CJobFile {
   /// the caller had it, and if the head is of another kind nothing is read and the result is true.
   /// Other kinds: whatever the head names.
   template <class Record>
-  [[nodiscard]] bool Read(Record& record);
+  [[nodiscard]] bool Read(Record& record) {
+    constexpr JobKindInfo kInfo = Record::kInfo;
+    const bool isOld = kInfo.oldKind != 0 && m_recordHead.kind == kInfo.oldKind;
+    const bool isNew = m_recordHead.kind == static_cast<std::uint32_t>(kInfo.kind);
+    if (kInfo.oldKind != 0 && !isOld && !isNew) return true;
+    std::array<std::byte, kInfo.length> block;
+    if (!m_File.Read(block.data(), isOld ? kInfo.oldLength : kInfo.length)) return false;
+    const BinaryReader reader(block);
+    Record::Walk(reader, record, isOld ? JobRecordForm::Old : JobRecordForm::New);
+    return true;
+  }
+
   [[nodiscard]] bool ReadPoint(JOB_POINT& record) { return Read(record); }
   [[nodiscard]] bool ReadPointEx(JOB_POINT_EX& record) { return Read(record); }
   [[nodiscard]] bool ReadRecord15(JOB_RECORD15& record) { return Read(record); }
@@ -120,7 +144,17 @@ class CJobFile {
   /// A kind that has an old form: that at version 3, the new one at version 5; other versions fail.
   /// A layer fails below version 4.
   template <class Record>
-  [[nodiscard]] bool Write(const Record& record);
+  [[nodiscard]] bool Write(const Record& record) {
+    constexpr JobKindInfo kInfo = Record::kInfo;
+    if (!IsVersionFor(kInfo)) return false;
+    const bool isOld = kInfo.oldKind != 0 && m_fileHead.version == kOldJobVersion;
+    std::array<std::byte, kInfo.length> block;
+    const BinaryWriter writer(block);
+    Record::Walk(writer, record, isOld ? JobRecordForm::Old : JobRecordForm::New);
+    return WriteRecord(std::span(block).first(isOld ? kInfo.oldLength : kInfo.length),
+                       isOld ? kInfo.oldKind : static_cast<std::uint32_t>(kInfo.kind));
+  }
+
   [[nodiscard]] bool WritePoint(const JOB_POINT& record) { return Write(record); }
   [[nodiscard]] bool WritePointEx(const JOB_POINT_EX& record) { return Write(record); }
   [[nodiscard]] bool WriteRecord15(const JOB_RECORD15& record) { return Write(record); }
@@ -143,8 +177,12 @@ class CJobFile {
   /// From the present position to the end: the record with this id, or with bFirstFree an unused
   /// slot of the same length, whichever comes first. The position is then on its head. At the end
   /// of the file the position is there and the result is bFirstFree.
-  [[nodiscard]] bool FindRecord4(std::uint32_t id, bool bFirstFree);
-  [[nodiscard]] bool FindRecord9(std::uint32_t id, bool bFirstFree);
+  [[nodiscard]] bool FindRecord4(std::uint32_t id, bool bFirstFree) {
+    return FindRecord(JOB_RECORD4::kInfo, id, bFirstFree);
+  }
+  [[nodiscard]] bool FindRecord9(std::uint32_t id, bool bFirstFree) {
+    return FindRecord(JOB_RECORD9::kInfo, id, bFirstFree);
+  }
   /// The head of the first unused slot of exactly `length` bytes, or the end of the file.
   [[nodiscard]] bool SeekToFreeSlot(std::uint32_t length);
   /// Makes the record whose head is at the present position an unused slot; the position is after
@@ -208,42 +246,5 @@ class CJobFile {
   RecordHead m_recordHead;           // the one last read
   std::vector<std::byte> m_scratch;  // a record on its way to the file
 };
-
-template <class Handler>
-bool CJobFile::ForEachRecord(Handler handle) {
-  if (!SeekToFirstRecord()) return false;
-  JobKind kind;
-  std::int64_t position;
-  std::uint32_t length;
-  while (ReadNextRecordHead(kind, position, length)) {
-    if (!handle(kind, position)) return false;
-  }
-  return !m_File.HasReadFailed();
-}
-
-template <class Record>
-bool CJobFile::Read(Record& record) {
-  constexpr JobKindInfo kInfo = Record::kInfo;
-  const bool isOld = kInfo.oldKind != 0 && m_recordHead.kind == kInfo.oldKind;
-  const bool isNew = m_recordHead.kind == static_cast<std::uint32_t>(kInfo.kind);
-  if (kInfo.oldKind != 0 && !isOld && !isNew) return true;
-  std::array<std::byte, kInfo.length> block;
-  if (!m_File.Read(block.data(), isOld ? kInfo.oldLength : kInfo.length)) return false;
-  const BinaryReader reader(block);
-  Record::Walk(reader, record, isOld ? JobRecordForm::Old : JobRecordForm::New);
-  return true;
-}
-
-template <class Record>
-bool CJobFile::Write(const Record& record) {
-  constexpr JobKindInfo kInfo = Record::kInfo;
-  if (!IsVersionFor(kInfo)) return false;
-  const bool isOld = kInfo.oldKind != 0 && m_fileHead.version == kOldJobVersion;
-  std::array<std::byte, kInfo.length> block;
-  const BinaryWriter writer(block);
-  Record::Walk(writer, record, isOld ? JobRecordForm::Old : JobRecordForm::New);
-  return WriteRecord(std::span(block).first(isOld ? kInfo.oldLength : kInfo.length),
-                     isOld ? kInfo.oldKind : static_cast<std::uint32_t>(kInfo.kind));
-}
 
 }  // namespace zelconvert

@@ -2,11 +2,9 @@
 // once, as a walk over its fields; docs/formats/cr5.md tells the whole file.
 #pragma once
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <span>
 #include <string_view>
 
 namespace zelconvert {

@@ -11,7 +11,6 @@
 #include <string>
 #include <vector>
 
-#include "io/Units.h"
 #include "platform/Platform.h"
 
 namespace zelconvert {

@@ -95,7 +95,33 @@ class RawToJxl {
   RawToJxl(CRawFile& raw, CJxlFile& jxl) : m_raw(raw), m_jxl(jxl) {}
 
   /// False, with a text, for a bad log.
-  [[nodiscard]] bool Run(StringList& messages);
+  [[nodiscard]] bool Run(StringList& messages) {
+    CConvertProgress progress;
+    progress.Start();
+    const std::wstring version = FindVersion();
+
+    m_index.Build(m_raw);
+    std::wstring line;
+    if (!m_raw.ReadRecord(line)) {
+      messages.emplace_back(kEmptyLogText);
+      return false;
+    }
+    m_line = 1;
+    bool good = BeginDocument(line, version);
+    const std::int64_t length = m_raw.GetLength();
+    while (good && m_raw.ReadRecord(line)) {
+      ++m_line;
+      progress.SetPosition(m_raw.GetPosition(), length);
+      m_hasMore = m_hasMore || !Trim(line).empty();
+      good = ConvertRecord(line);
+    }
+    if (!good) {
+      messages.push_back(FormatText(kBadRawRecordText, m_line));
+      return false;
+    }
+    Finish();
+    return true;
+  }
 
  private:
   using Handler = bool (RawToJxl::*)(std::wstring_view line);
@@ -118,38 +144,202 @@ class RawToJxl {
     JxlPosition position;
   };
 
-  std::wstring FindVersion();
-  bool BeginDocument(std::wstring_view line, std::wstring_view version);
-  bool ConvertRecord(std::wstring_view line);
-  void Finish();
+  std::wstring FindVersion() {
+    const std::wstring mark = L"--" + ToWide(m_jxl.Product()) + L" Version:";
+    std::wstring version;
+    std::wstring line;
+    while (m_raw.ReadRecord(line)) {
+      if (line.starts_with(mark)) version = Trim(Mid(line, mark.size()));
+    }
+    return version;
+  }
+
+  bool BeginDocument(std::wstring_view line, std::wstring_view version) {
+    JB_RECORD job;
+    platform::LocalTime time;
+    if (!CRawFile::Parse(line, job) || !ParseTime(job, time)) return false;
+    m_jxl.BeginDocument(job.name, version, time);
+    return true;
+  }
+
+  bool ConvertRecord(std::wstring_view line) {
+    static constexpr auto kHandlers = MakeHandlerTable<kRawRecordTypes, RawRecordType, Handler>({
+        {RawRecordType::SS, &RawToJxl::Give<&RawToJxl::OnSideshot>},
+        {RawRecordType::TR, &RawToJxl::Give<&RawToJxl::OnTraverse>},
+        {RawRecordType::LS, &RawToJxl::Give<&RawToJxl::OnHeights>},
+        {RawRecordType::Comment, &RawToJxl::OnComment},
+        {RawRecordType::SP, &RawToJxl::Give<&RawToJxl::OnStoredPoint>},
+        {RawRecordType::BK, &RawToJxl::Give<&RawToJxl::OnBacksight>},
+        {RawRecordType::OC, &RawToJxl::Give<&RawToJxl::OnOccupy>},
+        {RawRecordType::MO, &RawToJxl::Give<&RawToJxl::OnMode>},
+        {RawRecordType::JB, &RawToJxl::OnSecondJob},
+        {RawRecordType::DP, &RawToJxl::Give<&RawToJxl::OnDelete>},
+        {RawRecordType::SC, &RawToJxl::Give<&RawToJxl::OnScan>},
+        {RawRecordType::CR, &RawToJxl::Give<&RawToJxl::OnCamera>},
+        {RawRecordType::IM, &RawToJxl::Give<&RawToJxl::OnImage>},
+    });
+    const RawRecordType type = CRawFile::GetRecordType(line);
+    if (m_shot.isPending && type != RawRecordType::BK) FlushPendingShot();
+    const Handler* handler = kHandlers.Find(type);
+    return handler == nullptr || (this->**handler)(line);
+  }
+
+  void Finish() {
+    if (m_shot.isPending) FlushPendingShot();
+    for (const KnownPoints::Point& point : m_points) {
+      if (!point.isDeleted) m_jxl.AddPoint(point.name, point.description, point.position);
+    }
+    if (m_hasMore) m_jxl.AddCoordinateSystem();
+    m_jxl.WriteDocument();
+  }
 
   // One for each kind of record that has an effect; false for a bad record.
+  /// Parses the record that `handle` takes and hands it over.
   template <auto handle>
-  bool Give(std::wstring_view line);
+  bool Give(std::wstring_view line) {
+    const auto give = [&]<class Result, class Record>(Result (RawToJxl::*)(Record&)) {
+      std::remove_const_t<Record> record;
+      if (!CRawFile::Parse(line, record)) return false;
+      if constexpr (std::is_same_v<Result, bool>) return (this->*handle)(record);
+      (this->*handle)(record);
+      return true;
+    };
+    return give(handle);
+  }
+
   bool OnSecondJob(std::wstring_view /*line*/) { return false; }
-  bool OnComment(std::wstring_view line);
-  void OnBacksight(const BK_RECORD& backsight);
-  void OnHeights(const LS_RECORD& heights);
-  void OnMode(const MO_RECORD& mode);
-  void OnOccupy(const OC_RECORD& point);
-  void OnStoredPoint(const POINT_RECORD& point);
+
+  bool OnComment(std::wstring_view line) {
+    m_jxl.AddNoteRecord(Mid(line, 2));
+    return true;
+  }
+
+  void OnBacksight(const BK_RECORD& backsight) {
+    // A shot right before it that is to the backsight point was made for the orientation.
+    const bool toBacksight =
+        m_shot.isPending && ComparedName(m_shot.name) == ComparedName(backsight.backsight);
+    if (m_shot.isPending && !toBacksight) FlushPendingShot();
+    const bool takesShot = toBacksight && m_shot.position.IsWhole();
+    if (takesShot) m_shot.isPending = false;
+
+    const double circle = Degrees(backsight.circle);
+    m_lastPointRecord = m_instrument.Orient(
+        m_jxl,
+        {std::wstring(backsight.station), std::wstring(backsight.backsight),
+         NorthAzimuth(backsight.azimuth), circle},
+        FindHeights(backsight.station), takesShot ? m_shot.readings.horizontal : circle,
+        takesShot ? m_shot.position : JxlPosition{});
+    JoinOccupiedPoint();
+  }
+
+  void OnHeights(const LS_RECORD& heights) {
+    m_instrument.SetHeights({Metres(heights.instrumentHeight), Metres(heights.rodHeight)});
+  }
+
+  void OnMode(const MO_RECORD& mode) {
+    m_units = {LinearUnitOfRaw(mode.distanceUnit), AngularUnitOfCode(mode.angleUnit)};
+    m_southAzimuths = mode.azimuthOrigin == kFromSouth;
+    if (!m_firstMode) return;
+    m_firstMode = false;
+    m_scale = mode.scale;
+    m_jxl.AddUnitsRecord(m_units);
+    m_jxl.AddCorrectionsRecord(m_southAzimuths);
+    m_jxl.AddDisplaySettings(m_units);
+  }
+
+  void OnOccupy(const OC_RECORD& point) {
+    m_occupied = {true, std::wstring(point.name), std::wstring(point.note), Metres(point)};
+  }
+
+  void OnStoredPoint(const POINT_RECORD& point) {
+    const JxlPosition position = Metres(point);
+    m_lastPointRecord = m_jxl.AddCoordinates(point.name, point.note, position);
+    m_points.Add(point.name, point.note, position);
+  }
+
   bool OnSideshot(const SHOT_RECORD& shot) { return OnShot(shot, false); }
   bool OnTraverse(const SHOT_RECORD& shot) { return OnShot(shot, true); }
-  void OnDelete(const NAME_RECORD& point);
-  void OnScan(SC_RECORD& scan);
-  void OnCamera(CR_RECORD& camera);
-  void OnImage(IM_RECORD& image);
 
-  bool OnShot(const SHOT_RECORD& shot, bool traverse);
-  JxlInstrument::Heights FindHeights(std::wstring_view station);
-  void FlushPendingShot();
-  void JoinOccupiedPoint();
+  void OnDelete(const NAME_RECORD& point) {
+    m_jxl.DeletePoint(point.name);
+    m_points.Delete(point.name);
+  }
+
+  void OnScan(SC_RECORD& scan) {
+    scan.horizontalStep = Degrees(scan.horizontalStep);
+    scan.verticalStep = Degrees(scan.verticalStep);
+    m_jxl.AddScanningRecord(m_instrument.Records(), scan);
+  }
+
+  void OnCamera(CR_RECORD& camera) {
+    camera.kappa = Degrees(camera.kappa);
+    camera.phi = Degrees(camera.phi);
+    camera.omega = Degrees(camera.omega);
+    m_camera = m_jxl.AddCameraRecord(camera);
+  }
+
+  void OnImage(IM_RECORD& image) {
+    image.horizontalAngle = Degrees(image.horizontalAngle);
+    image.verticalAngle = Degrees(image.verticalAngle);
+    m_jxl.AddImageRecord(m_instrument.Records(), m_camera, m_lastPointRecord, image);
+  }
+
+  bool OnShot(const SHOT_RECORD& shot, bool traverse) {
+    if (shot.horizontalKind != HorizontalKind::AngleRight ||
+        shot.verticalKind != VerticalKind::Zenith) {
+      return false;
+    }
+    const bool moved = m_instrument.PrepareShot(m_jxl, shot.station);
+    if (moved && ComparedName(m_occupied.name) == ComparedName(shot.station)) JoinOccupiedPoint();
+    const KnownPoints::Point* station = m_points.Find(shot.station);
+    if (station == nullptr) return false;
+    m_shot.name = Left(shot.foresight, kShotNameLength);
+    m_shot.description = shot.note;
+    m_shot.readings = {Degrees(shot.horizontal), Degrees(shot.vertical), Metres(shot.distance)};
+    m_shot.position = m_instrument.Reduce(m_shot.readings, station->position, m_scale);
+    m_shot.setup = m_instrument.Records();
+    m_shot.isPending = true;
+    if (traverse) m_instrument.PlanMove(shot.station, m_shot.name, m_shot.readings);
+    return true;
+  }
+
+  /// What the line of sight before the next shot says, or else the latest one.
+  JxlInstrument::Heights FindHeights(std::wstring_view station) {
+    const HeightsAhead* ahead = m_index.FindHeights(m_line, RawRecordType::BK, station);
+    if (ahead == nullptr) return m_instrument.GetHeights();
+    return {MetresFrom(ahead->heights.instrumentHeight, ahead->unit),
+            MetresFrom(ahead->heights.rodHeight, ahead->unit)};
+  }
+
+  void FlushPendingShot() {
+    m_shot.isPending = false;
+    m_lastPointRecord = m_jxl.AddDirectReading(m_shot.name, m_shot.description, m_shot.readings,
+                                               m_shot.setup, m_shot.position);
+    m_points.Add(m_shot.name, m_shot.description, m_shot.position);
+  }
+
+  void JoinOccupiedPoint() {
+    if (!m_occupied.isPending) return;
+    m_points.Add(m_occupied.name, m_occupied.description, m_occupied.position);
+    m_occupied.isPending = false;
+  }
 
   // From the units of the log, and azimuths to those from north; null values pass.
-  double Degrees(double angle) const;
-  double NorthAzimuth(double angle) const;
+  double Degrees(double angle) const {
+    if (m_units.angle == AngularUnit::Gon) return Computed(angle * 0.9, angle);
+    return ReckonedAngle(angle, m_units.angle);
+  }
+
+  double NorthAzimuth(double angle) const {
+    const double azimuth = Degrees(angle);
+    return m_southAzimuths ? NormalizeDegrees(azimuth + 180) : azimuth;
+  }
+
   double Metres(double length) const { return MetresFrom(length, m_units.length); }
-  JxlPosition Metres(const POINT_RECORD& point) const;
+
+  JxlPosition Metres(const POINT_RECORD& point) const {
+    return {Metres(point.north), Metres(point.east), Metres(point.elevation)};
+  }
 
   CRawFile& m_raw;
   CJxlFile& m_jxl;
@@ -169,222 +359,6 @@ class RawToJxl {
   std::uint32_t m_camera = 0;
   std::uint32_t m_lastPointRecord = 0;
 };
-
-bool RawToJxl::Run(StringList& messages) {
-  CConvertProgress progress;
-  progress.Start();
-  const std::wstring version = FindVersion();
-
-  m_index.Build(m_raw);
-  std::wstring line;
-  if (!m_raw.ReadRecord(line)) {
-    messages.emplace_back(kEmptyLogText);
-    return false;
-  }
-  m_line = 1;
-  bool good = BeginDocument(line, version);
-  const std::int64_t length = m_raw.GetLength();
-  while (good && m_raw.ReadRecord(line)) {
-    ++m_line;
-    progress.SetPosition(m_raw.GetPosition(), length);
-    m_hasMore = m_hasMore || !Trim(line).empty();
-    good = ConvertRecord(line);
-  }
-  if (!good) {
-    messages.push_back(FormatText(kBadRawRecordText, m_line));
-    return false;
-  }
-  Finish();
-  return true;
-}
-
-std::wstring RawToJxl::FindVersion() {
-  const std::wstring mark = L"--" + ToWide(m_jxl.Product()) + L" Version:";
-  std::wstring version;
-  std::wstring line;
-  while (m_raw.ReadRecord(line)) {
-    if (line.starts_with(mark)) version = Trim(Mid(line, mark.size()));
-  }
-  return version;
-}
-
-bool RawToJxl::BeginDocument(std::wstring_view line, std::wstring_view version) {
-  JB_RECORD job;
-  platform::LocalTime time;
-  if (!CRawFile::Parse(line, job) || !ParseTime(job, time)) return false;
-  m_jxl.BeginDocument(job.name, version, time);
-  return true;
-}
-
-/// Parses the record that `handle` takes and hands it over.
-template <auto handle>
-bool RawToJxl::Give(std::wstring_view line) {
-  const auto give = [&]<class Result, class Record>(Result (RawToJxl::*)(Record&)) {
-    std::remove_const_t<Record> record;
-    if (!CRawFile::Parse(line, record)) return false;
-    if constexpr (std::is_same_v<Result, bool>) return (this->*handle)(record);
-    (this->*handle)(record);
-    return true;
-  };
-  return give(handle);
-}
-
-bool RawToJxl::ConvertRecord(std::wstring_view line) {
-  static constexpr auto kHandlers = MakeHandlerTable<kRawRecordTypes, RawRecordType, Handler>({
-      {RawRecordType::SS, &RawToJxl::Give<&RawToJxl::OnSideshot>},
-      {RawRecordType::TR, &RawToJxl::Give<&RawToJxl::OnTraverse>},
-      {RawRecordType::LS, &RawToJxl::Give<&RawToJxl::OnHeights>},
-      {RawRecordType::Comment, &RawToJxl::OnComment},
-      {RawRecordType::SP, &RawToJxl::Give<&RawToJxl::OnStoredPoint>},
-      {RawRecordType::BK, &RawToJxl::Give<&RawToJxl::OnBacksight>},
-      {RawRecordType::OC, &RawToJxl::Give<&RawToJxl::OnOccupy>},
-      {RawRecordType::MO, &RawToJxl::Give<&RawToJxl::OnMode>},
-      {RawRecordType::JB, &RawToJxl::OnSecondJob},
-      {RawRecordType::DP, &RawToJxl::Give<&RawToJxl::OnDelete>},
-      {RawRecordType::SC, &RawToJxl::Give<&RawToJxl::OnScan>},
-      {RawRecordType::CR, &RawToJxl::Give<&RawToJxl::OnCamera>},
-      {RawRecordType::IM, &RawToJxl::Give<&RawToJxl::OnImage>},
-  });
-  const RawRecordType type = CRawFile::GetRecordType(line);
-  if (m_shot.isPending && type != RawRecordType::BK) FlushPendingShot();
-  const Handler* handler = kHandlers.Find(type);
-  return handler == nullptr || (this->**handler)(line);
-}
-
-void RawToJxl::Finish() {
-  if (m_shot.isPending) FlushPendingShot();
-  for (const KnownPoints::Point& point : m_points) {
-    if (!point.isDeleted) m_jxl.AddPoint(point.name, point.description, point.position);
-  }
-  if (m_hasMore) m_jxl.AddCoordinateSystem();
-  m_jxl.WriteDocument();
-}
-
-void RawToJxl::OnMode(const MO_RECORD& mode) {
-  m_units = {LinearUnitOfRaw(mode.distanceUnit), AngularUnitOfCode(mode.angleUnit)};
-  m_southAzimuths = mode.azimuthOrigin == kFromSouth;
-  if (!m_firstMode) return;
-  m_firstMode = false;
-  m_scale = mode.scale;
-  m_jxl.AddUnitsRecord(m_units);
-  m_jxl.AddCorrectionsRecord(m_southAzimuths);
-  m_jxl.AddDisplaySettings(m_units);
-}
-
-void RawToJxl::OnHeights(const LS_RECORD& heights) {
-  m_instrument.SetHeights({Metres(heights.instrumentHeight), Metres(heights.rodHeight)});
-}
-
-void RawToJxl::OnOccupy(const OC_RECORD& point) {
-  m_occupied = {true, std::wstring(point.name), std::wstring(point.note), Metres(point)};
-}
-
-void RawToJxl::OnStoredPoint(const POINT_RECORD& point) {
-  const JxlPosition position = Metres(point);
-  m_lastPointRecord = m_jxl.AddCoordinates(point.name, point.note, position);
-  m_points.Add(point.name, point.note, position);
-}
-
-void RawToJxl::OnBacksight(const BK_RECORD& backsight) {
-  // A shot right before it that is to the backsight point was made for the orientation.
-  const bool toBacksight =
-      m_shot.isPending && ComparedName(m_shot.name) == ComparedName(backsight.backsight);
-  if (m_shot.isPending && !toBacksight) FlushPendingShot();
-  const bool takesShot = toBacksight && m_shot.position.IsWhole();
-  if (takesShot) m_shot.isPending = false;
-
-  const double circle = Degrees(backsight.circle);
-  m_lastPointRecord = m_instrument.Orient(
-      m_jxl,
-      {std::wstring(backsight.station), std::wstring(backsight.backsight),
-       NorthAzimuth(backsight.azimuth), circle},
-      FindHeights(backsight.station), takesShot ? m_shot.readings.horizontal : circle,
-      takesShot ? m_shot.position : JxlPosition{});
-  JoinOccupiedPoint();
-}
-
-/// What the line of sight before the next shot says, or else the latest one.
-JxlInstrument::Heights RawToJxl::FindHeights(std::wstring_view station) {
-  const HeightsAhead* ahead = m_index.FindHeights(m_line, RawRecordType::BK, station);
-  if (ahead == nullptr) return m_instrument.GetHeights();
-  return {MetresFrom(ahead->heights.instrumentHeight, ahead->unit),
-          MetresFrom(ahead->heights.rodHeight, ahead->unit)};
-}
-
-void RawToJxl::JoinOccupiedPoint() {
-  if (!m_occupied.isPending) return;
-  m_points.Add(m_occupied.name, m_occupied.description, m_occupied.position);
-  m_occupied.isPending = false;
-}
-
-bool RawToJxl::OnShot(const SHOT_RECORD& shot, bool traverse) {
-  if (shot.horizontalKind != HorizontalKind::AngleRight ||
-      shot.verticalKind != VerticalKind::Zenith) {
-    return false;
-  }
-  const bool moved = m_instrument.PrepareShot(m_jxl, shot.station);
-  if (moved && ComparedName(m_occupied.name) == ComparedName(shot.station)) JoinOccupiedPoint();
-  const KnownPoints::Point* station = m_points.Find(shot.station);
-  if (station == nullptr) return false;
-  m_shot.name = Left(shot.foresight, kShotNameLength);
-  m_shot.description = shot.note;
-  m_shot.readings = {Degrees(shot.horizontal), Degrees(shot.vertical), Metres(shot.distance)};
-  m_shot.position = m_instrument.Reduce(m_shot.readings, station->position, m_scale);
-  m_shot.setup = m_instrument.Records();
-  m_shot.isPending = true;
-  if (traverse) m_instrument.PlanMove(shot.station, m_shot.name, m_shot.readings);
-  return true;
-}
-
-void RawToJxl::FlushPendingShot() {
-  m_shot.isPending = false;
-  m_lastPointRecord = m_jxl.AddDirectReading(m_shot.name, m_shot.description, m_shot.readings,
-                                             m_shot.setup, m_shot.position);
-  m_points.Add(m_shot.name, m_shot.description, m_shot.position);
-}
-
-bool RawToJxl::OnComment(std::wstring_view line) {
-  m_jxl.AddNoteRecord(Mid(line, 2));
-  return true;
-}
-
-void RawToJxl::OnDelete(const NAME_RECORD& point) {
-  m_jxl.DeletePoint(point.name);
-  m_points.Delete(point.name);
-}
-
-void RawToJxl::OnScan(SC_RECORD& scan) {
-  scan.horizontalStep = Degrees(scan.horizontalStep);
-  scan.verticalStep = Degrees(scan.verticalStep);
-  m_jxl.AddScanningRecord(m_instrument.Records(), scan);
-}
-
-void RawToJxl::OnCamera(CR_RECORD& camera) {
-  camera.kappa = Degrees(camera.kappa);
-  camera.phi = Degrees(camera.phi);
-  camera.omega = Degrees(camera.omega);
-  m_camera = m_jxl.AddCameraRecord(camera);
-}
-
-void RawToJxl::OnImage(IM_RECORD& image) {
-  image.horizontalAngle = Degrees(image.horizontalAngle);
-  image.verticalAngle = Degrees(image.verticalAngle);
-  m_jxl.AddImageRecord(m_instrument.Records(), m_camera, m_lastPointRecord, image);
-}
-
-double RawToJxl::Degrees(double angle) const {
-  if (m_units.angle == AngularUnit::Gon) return Computed(angle * 0.9, angle);
-  return ReckonedAngle(angle, m_units.angle);
-}
-
-double RawToJxl::NorthAzimuth(double angle) const {
-  const double azimuth = Degrees(angle);
-  return m_southAzimuths ? NormalizeDegrees(azimuth + 180) : azimuth;
-}
-
-JxlPosition RawToJxl::Metres(const POINT_RECORD& point) const {
-  return {Metres(point.north), Metres(point.east), Metres(point.elevation)};
-}
 
 }  // namespace
 

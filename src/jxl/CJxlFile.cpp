@@ -1,8 +1,7 @@
 #include "jxl/CJxlFile.h"
 
-#include <cstddef>
-
 #include "dc/RecordColumns.h"
+#include "io/Clock.h"
 #include "io/Numbers.h"
 #include "io/Strings.h"
 
@@ -72,18 +71,9 @@ struct LengthWords {
   const char* unit;
   const char* stationing;
 };
-LengthWords WordsFor(std::optional<LinearUnit> unit) {
-  if (!unit) return {"", ""};
-  switch (*unit) {
-    case LinearUnit::Metre:
-      return {"Metres", "1+000.0"};
-    case LinearUnit::InternationalFoot:
-      return {"InternationalFeet", "10+00.0"};
-    case LinearUnit::UsSurveyFoot:
-      return {"USSurveyFeet", "10+00.0"};
-  }
-  return {"", ""};
-}
+/// By LinearUnit.
+constexpr LengthWords kLengthWords[] = {
+    {"Metres", "1+000.0"}, {"InternationalFeet", "10+00.0"}, {"USSurveyFeet", "10+00.0"}};
 
 const char* WordFor(AngularUnit unit) {
   return unit == AngularUnit::DegreesMinutesSeconds ? "DMSDegrees"
@@ -128,19 +118,6 @@ constexpr XmlField<SC_RECORD> kScan[] = {
     {"VerticalStep", &SC_RECORD::verticalStep},
 };
 
-// "%Y-%m-%dT%H:%M:%S"
-std::wstring FormatTimeStamp(const platform::LocalTime& time) {
-  std::wstring text;
-  AppendTwoDigits(text, time.year / 100);
-  AppendTwoDigits(text, time.year % 100);
-  AppendTwoDigits(text += L'-', time.month);
-  AppendTwoDigits(text += L'-', time.day);
-  AppendTwoDigits(text += L'T', time.hour);
-  AppendTwoDigits(text += L':', time.minute);
-  AppendTwoDigits(text += L':', time.second);
-  return text;
-}
-
 }  // namespace
 
 bool CJxlFile::Create(const std::wstring& path) {
@@ -160,7 +137,7 @@ void CJxlFile::BeginDocument(std::wstring_view jobName, std::wstring_view produc
   m_root.AddAttribute("product", XmlText::Literal(Product()));
   m_root.AddAttribute("productVersion", productVersion);
   m_root.AddAttribute("productDBVersion", productVersion);
-  m_root.AddAttribute("TimeStamp", FormatTimeStamp(time));
+  m_root.AddAttribute("TimeStamp", FormatTime(L"Cy-m-dTH:M:S", time));
   m_fieldBook = m_root.AddSpacedChild("FieldBook");
   m_reductions = m_root.AddSpacedChild("Reductions");
   m_environment = m_root.AddSpacedChild("Environment");
@@ -233,7 +210,8 @@ void CJxlFile::AddFields(CXmlElement parent, const XmlField<Record> (&table)[cou
 }
 
 void CJxlFile::AddUnits(CXmlElement parent, const JxlUnits& units, bool withAzimuthFormat) {
-  const LengthWords words = WordsFor(units.length);
+  const LengthWords words =
+      units.length ? kLengthWords[static_cast<int>(*units.length)] : LengthWords{"", ""};
   parent.AddChild("DistanceUnits", XmlText::Literal(words.unit));
   parent.AddChild("HeightUnits", XmlText::Literal(words.unit));
   parent.AddChild("AngleUnits", XmlText::Literal(WordFor(units.angle)));
@@ -258,11 +236,6 @@ std::uint32_t CJxlFile::AddCorrectionsRecord(bool southAzimuths) {
     record.AddFixedChildren(kCorrections);
     record.AddChild("NeighbourhoodAdjustment").AddFixedChildren(kNeighbourhood);
   });
-}
-
-std::uint32_t CJxlFile::AddCoordinateSystemRecord() {
-  return AddRecord("CoordinateSystemRecord",
-                   [](CXmlElement record) { record.AddFixedChildren(kNames); });
 }
 
 template <class Fill>

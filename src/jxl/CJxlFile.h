@@ -81,7 +81,6 @@ class CJxlFile : public CFileCE {
   // the order of the calls.
   std::uint32_t AddUnitsRecord(const JxlUnits& units);
   std::uint32_t AddCorrectionsRecord(bool southAzimuths);
-  std::uint32_t AddCoordinateSystemRecord();  ///< which no conversion asks for
   std::uint32_t AddDirectReading(const XmlText& name, const XmlText& code,
                                  const JxlReadings& readings, const JxlSetup& setup,
                                  const JxlPosition& grid);

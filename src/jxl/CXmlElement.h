@@ -85,8 +85,6 @@ class CXmlElement {
 class CXmlTree {
  public:
   explicit CXmlTree(const char* rootName);
-  CXmlTree(const CXmlTree&) = delete;
-  CXmlTree& operator=(const CXmlTree&) = delete;
 
   CXmlElement Root() { return {this, 0}; }
   CXmlElement Element(std::uint32_t index) { return {this, index}; }

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <initializer_list>
 #include <span>
 
 #include "io/Clock.h"
@@ -121,10 +120,6 @@ constexpr std::wstring_view kOffsetFormats[] = {
 };
 
 }  // namespace
-
-bool CRawFile::OpenForWrite(const std::wstring& path) {
-  return Open(path, platform::kCreateOutput);
-}
 
 bool CRawFile::OpenForAppend(const std::wstring& path) {
   return Open(path, platform::kOpenReadWrite) && SeekToEnd();
@@ -316,9 +311,9 @@ void CRawFile::WriteMO(const MO_RECORD& mode) {
                mode.angleUnit});
 }
 
-void CRawFile::WriteCFPoint(const CF_RECORD& stake) {
+void CRawFile::WriteStake(std::span<const RawField<CF_RECORD>> place, const CF_RECORD& stake) {
   std::wstring line = L"CF";
-  AppendFields<CF_RECORD>(line, CF_RECORD::kPointFields, stake);
+  AppendFields(line, place, stake);
   AppendFields<CF_RECORD>(line, CF_RECORD::kGradeFields, stake);
   WriteText(line);
 }
@@ -326,10 +321,7 @@ void CRawFile::WriteCFPoint(const CF_RECORD& stake) {
 void CRawFile::WriteCFStation(const CF_RECORD& stake) {
   CF_RECORD written = stake;
   written.offset = std::fabs(stake.offset);
-  std::wstring line = L"CF";
-  AppendFields<CF_RECORD>(line, CF_RECORD::kStationFields, written);
-  AppendFields<CF_RECORD>(line, CF_RECORD::kGradeFields, written);
-  WriteText(line);
+  WriteStake(CF_RECORD::kStationFields, written);
 }
 
 void CRawFile::WriteSUGrid(double gh1, double gh2, double de1, double de2, double sm) {
@@ -359,13 +351,8 @@ void CRawFile::WriteRE(std::wstring_view station, double elevation, double zenit
               {station, elevation, zenith, slopeDistance});
 }
 
-void CRawFile::WriteHC(const CONTROL_RECORD& control) {
-  WriteFields(L"HC", control);
-  WriteLine({});
-}
-
-void CRawFile::WriteVC(const CONTROL_RECORD& control) {
-  WriteFields(L"VC", control);
+void CRawFile::WriteControl(std::wstring_view tag, const CONTROL_RECORD& control) {
+  WriteFields(tag, control);
   WriteLine({});
 }
 

@@ -48,7 +48,7 @@ class CRawFile : public CFileCE {
   /// EO is always written as 0.0, SK not at all.
   virtual void WriteMO(const MO_RECORD& mode);
   virtual void WriteSK(const STAKE_SHOT_RECORD& shot) { WriteFields(L"SK", shot); }
-  virtual void WriteCFPoint(const CF_RECORD& stake);
+  virtual void WriteCFPoint(const CF_RECORD& stake) { WriteStake(CF_RECORD::kPointFields, stake); }
   /// The offset without its sign.
   virtual void WriteCFStation(const CF_RECORD& stake);
   virtual void WriteSUGrid(double gh1, double gh2, double de1, double de2, double sm);
@@ -64,15 +64,13 @@ class CRawFile : public CFileCE {
   virtual void WriteRB(const ROUND_BACKSIGHT_RECORD& shot) { WriteFields(L"RB", shot); }
   virtual void WriteBP(const BP_RECORD& base) { WriteFields(L"BP", base); }
   /// A blank line follows HC and VC.
-  virtual void WriteHC(const CONTROL_RECORD& control);
-  virtual void WriteVC(const CONTROL_RECORD& control);
+  virtual void WriteHC(const CONTROL_RECORD& control) { WriteControl(L"HC", control); }
+  virtual void WriteVC(const CONTROL_RECORD& control) { WriteControl(L"VC", control); }
   virtual void WriteGS(const POINT_RECORD& point) { WritePoint(L"GS,PN", point); }
   virtual void WriteComment(std::wstring_view text) { WriteRecord(L"--%s", {text}); }
   /// "Date: ..." with the local time, which `text` gets as well, without "--".
   virtual void WriteDateComment(std::wstring& text);
 
-  /// Creates the file, or empties the one that is there; false if it can't be.
-  bool OpenForWrite(const std::wstring& path);
   /// The next line; false at the end of the file.
   bool ReadRecord(std::wstring& text) { return ReadLine(text); }
   /// The next line that begins with a tag; `text` is empty when there is none.
@@ -115,6 +113,8 @@ class CRawFile : public CFileCE {
  private:
   void WriteText(std::wstring_view text);
   void WritePoint(std::wstring_view start, const POINT_RECORD& point);
+  void WriteControl(std::wstring_view tag, const CONTROL_RECORD& control);
+  void WriteStake(std::span<const RawField<CF_RECORD>> place, const CF_RECORD& stake);
   template <class Record>
   void WriteFields(std::wstring_view tag, const Record& record) {
     std::wstring line(tag);

@@ -1,6 +1,5 @@
 #include "raw/GpsSignature.h"
 
-#include <algorithm>
 #include <limits>
 
 #include "io/Numbers.h"

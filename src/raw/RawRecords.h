@@ -216,22 +216,17 @@ struct ROUND_SHOT_RECORD {
   double rodHeight = 0;
   std::wstring_view note;
 };
-struct ROUND_BACKSIGHT_RECORD : ROUND_SHOT_RECORD {
-  static constexpr RawField<ROUND_BACKSIGHT_RECORD> kFields[] = {
-      {L"OP", &ROUND_BACKSIGHT_RECORD::station},       {L"BP", &ROUND_BACKSIGHT_RECORD::target},
-      {L"AR", &ROUND_BACKSIGHT_RECORD::angleRight},    {L"ZE", &ROUND_BACKSIGHT_RECORD::zenith},
-      {L"SD", &ROUND_BACKSIGHT_RECORD::slopeDistance}, {L"HR", &ROUND_BACKSIGHT_RECORD::rodHeight},
-      {L"--", &ROUND_BACKSIGHT_RECORD::note},
+template <wchar_t kTarget>
+struct ROUND_TARGET_RECORD : ROUND_SHOT_RECORD {
+  using Self = ROUND_TARGET_RECORD;
+  static constexpr RawField<Self> kFields[] = {
+      {L"OP", &Self::station}, {{kTarget, L'P'}, &Self::target}, {L"AR", &Self::angleRight},
+      {L"ZE", &Self::zenith},  {L"SD", &Self::slopeDistance},    {L"HR", &Self::rodHeight},
+      {L"--", &Self::note},
   };
 };
-struct ROUND_FORESIGHT_RECORD : ROUND_SHOT_RECORD {
-  static constexpr RawField<ROUND_FORESIGHT_RECORD> kFields[] = {
-      {L"OP", &ROUND_FORESIGHT_RECORD::station},       {L"FP", &ROUND_FORESIGHT_RECORD::target},
-      {L"AR", &ROUND_FORESIGHT_RECORD::angleRight},    {L"ZE", &ROUND_FORESIGHT_RECORD::zenith},
-      {L"SD", &ROUND_FORESIGHT_RECORD::slopeDistance}, {L"HR", &ROUND_FORESIGHT_RECORD::rodHeight},
-      {L"--", &ROUND_FORESIGHT_RECORD::note},
-  };
-};
+using ROUND_BACKSIGHT_RECORD = ROUND_TARGET_RECORD<L'B'>;
+using ROUND_FORESIGHT_RECORD = ROUND_TARGET_RECORD<L'F'>;
 
 /// The directions of a set of rounds, in the order in which their tags are looked for.
 enum class DirectionKind : std::uint8_t {

@@ -38,14 +38,6 @@ RoadStation SplitStation(double station) {
   return {SaturateToInt32(station / 100.0), std::fmod(station, 100.0)};
 }
 
-bool CRd5File::OpenForWrite(const std::wstring& path) {
-  return Open(path, platform::kCreateOutput);
-}
-
-bool CRd5File::OpenForRead(const std::wstring& path) {
-  return Open(path, platform::kOpenReadWrite) && SeekToBegin();
-}
-
 void CRd5File::WriteSection(std::wstring_view name) {
   if (std::find(std::begin(kSections), std::end(kSections), name) != std::end(kSections)) {
     WriteLine(kSectionMarker);

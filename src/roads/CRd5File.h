@@ -30,13 +30,7 @@ class CRd5File : public CFileCE {
  public:
   static constexpr std::wstring_view kExtension = L"RD5";
 
-  CRd5File() = default;
   std::wstring GetDefaultExtension() const { return std::wstring(kExtension); }
-  /// Made anew, or emptied; nobody else writes it while it is open.
-  [[nodiscard]] bool OpenForWrite(const std::wstring& path);
-  /// An existing file, at its first line. No conversion reads one.
-  [[nodiscard]] bool OpenForRead(const std::wstring& path);
-
   // HasWriteFailed tells whether all lines could be written.
 
   /// A line of 50 plus signs, then the name. A name that isn't one of the eight sections is written

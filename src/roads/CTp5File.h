@@ -27,24 +27,19 @@ class CTp5File : public CFileCE {
  public:
   static constexpr std::wstring_view kExtension = L"TP5";
 
-  CTp5File() = default;
   std::wstring GetDefaultExtension() const { return std::wstring(kExtension); }
-  /// Made anew, or emptied; nobody else writes it while it is open.
-  [[nodiscard]] bool OpenForWrite(const std::wstring& path);
-  /// An existing file, at its first line.
-  [[nodiscard]] bool OpenForRead(const std::wstring& path);
-
   // HasWriteFailed tells whether all lines could be written.
-  void WriteTH(const TemplateForm& form);
-  void WriteTS(const TEMPLATE_SEGMENT& segment);
-  // Whether the next line is the one that would be written.
-  [[nodiscard]] bool HasTH(const TemplateForm& form);
-  [[nodiscard]] bool HasTS(const TEMPLATE_SEGMENT& segment);
+  void WriteTH(const TemplateForm& form) { WriteLine(Line(form)); }
+  void WriteTS(const TEMPLATE_SEGMENT& segment) { WriteLine(Line(segment)); }
+  /// Whether the next line is the one that would be written of a form or a segment.
+  template <class Part>
+  [[nodiscard]] bool Has(const Part& part) {
+    return ReadLine(m_read) && m_read == Line(part);
+  }
 
  private:
-  void BuildTH(const TemplateForm& form);
-  void BuildTS(const TEMPLATE_SEGMENT& segment);
-  bool IsNextLine();
+  const std::wstring& Line(const TemplateForm& form);
+  const std::wstring& Line(const TEMPLATE_SEGMENT& segment);
 
   std::wstring m_line;  // reused, as is the next
   std::wstring m_read;

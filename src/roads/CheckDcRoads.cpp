@@ -17,14 +17,48 @@ class RoadCheck {
   RoadCheck(RoadNames& badRoads, StringList& messages)
       : m_badRoads(badRoads), m_messages(messages) {}
 
-  void Line(std::wstring_view line);
+  void Line(std::wstring_view line) {
+    const std::int32_t type = CDcFile::GetRecordType(line);
+    if (type == tDC_ROAD_HEADERRecord::kType) return BeginRoad(line);
+    if (type == tDC_HEADERRecord::kType && line.size() < tDC_HEADERRecord::kShortestLine) {
+      m_foundAnything = true;
+    }
+    if (!m_isRoadOpen || m_road.isBad) return;
+    const Handler* handler = FindHandler(type);
+    if (handler != nullptr) (this->**handler)(line);
+  }
+
   /// The last road ends with the file.
-  void EndRoad();
+  void EndRoad() {
+    if (!m_isRoadOpen) return;
+    m_isRoadOpen = false;
+    if (!m_road.isBad) CheckEndOfRoad();
+    if (!m_road.isBad) return;
+    m_messages.push_back(FormatRoadFailure(m_road.name));
+    m_badRoads.insert(m_road.name);
+  }
+
   bool FoundAnything() const { return m_foundAnything; }
 
  private:
   using Handler = void (RoadCheck::*)(std::wstring_view line);
-  static const Handler* FindHandler(std::int32_t type);
+
+  static const Handler* FindHandler(std::int32_t type) {
+    using Self = RoadCheck;
+    static constexpr auto kHandlers = MakeHandlerTable<kDcTypeCount, std::int32_t, Handler>({
+        {tDC_ROAD_HALRecord::kType, &Self::On<tDC_ROAD_HALRecord>},
+        {tDC_ROAD_VALRecord::kType, &Self::On<tDC_ROAD_VALRecord>},
+        {tDC_ROAD_VCIRCULARRecord::kType, &Self::OnVerticalCircular},
+        {tDC_ROAD_VASYMMETRICRecord::kType, &Self::OnVerticalAsymmetric},
+        {tDC_ROAD_TEMPLATERecord::kType, &Self::OnTemplate},
+        {tDC_ROAD_SEGMENTRecord::kType, &Self::On<tDC_ROAD_SEGMENTRecord>},
+        {tDC_ROAD_HINGERecord::kType, &Self::On<tDC_ROAD_HINGERecord>},
+        {tDC_ROAD_SIDESLOPERecord::kType, &Self::On<tDC_ROAD_SIDESLOPERecord>},
+        {tDC_ROAD_APPLYTEMPLATERecord::kType, &Self::On<tDC_ROAD_APPLYTEMPLATERecord>},
+        {tDC_ROAD_APPLYSUPERRecord::kType, &Self::On<tDC_ROAD_APPLYSUPERRecord>},
+    });
+    return kHandlers.Find(type);
+  }
 
   template <class Record>
   void On(std::wstring_view line) {
@@ -32,24 +66,86 @@ class RoadCheck {
   }
   void OnVerticalCircular(std::wstring_view) { Refuse(road_texts::kVerticalCircular); }
   void OnVerticalAsymmetric(std::wstring_view) { Refuse(road_texts::kVerticalAsymmetric); }
-  void OnTemplate(std::wstring_view);
+
+  void OnTemplate(std::wstring_view) {
+    if (m_road.hasTemplate) CheckEndOfTemplate();
+    m_road.hasTemplate = true;
+    m_road.current = {};
+  }
 
   // The rules for a record within a road that is still good.
   void Check(const tDC_ROAD_HALRecord& record) { m_road.startStation = record.startStation; }
-  void Check(const tDC_ROAD_VALRecord& record);
-  void Check(const tDC_ROAD_SEGMENTRecord& record);
-  void Check(const tDC_ROAD_HINGERecord& record);
-  void Check(const tDC_ROAD_SIDESLOPERecord& record);
-  void Check(const tDC_ROAD_APPLYTEMPLATERecord& record);
-  void Check(const tDC_ROAD_APPLYSUPERRecord& record);
+
+  void Check(const tDC_ROAD_VALRecord& record) {
+    m_road.hasVertical = true;
+    if (record.startStation != m_road.startStation) Refuse(road_texts::kUnlikeStarts);
+  }
+
+  /// The grade is looked at although the text speaks of the width: a first segment without a grade
+  /// is what RD5 can't hold.
+  void Check(const tDC_ROAD_SEGMENTRecord& record) {
+    const bool isFirst = m_road.current.segments++ == 0;
+    CheckSegment(record, isFirst, record.grade, road_texts::kNoFirstGrade);
+  }
+
+  void Check(const tDC_ROAD_HINGERecord& record) {
+    const bool isFirst = m_road.current.hinges++ == 0;
+    CheckSegment(record, isFirst, record.offset, road_texts::kNoFirstOffset);
+  }
+
+  void Check(const tDC_ROAD_SIDESLOPERecord& record) {
+    constexpr int kNull = 5;
+    m_road.current.hasSideSlope = true;
+    if (record.cutDitchWidth != 0.0) return Refuse(road_texts::kCutDitch);
+    if (record.cutMethod == kNull || record.fillMethod == kNull) Refuse(road_texts::kNullSlope);
+  }
+
+  void Check(const tDC_ROAD_APPLYTEMPLATERecord& record) {
+    constexpr auto isInterpolateOrNone = [](int method) { return method == 1 || method == 2; };
+    if (isInterpolateOrNone(record.leftMethod) || isInterpolateOrNone(record.rightMethod)) {
+      Refuse(road_texts::kInterpolateOrNone);
+    }
+  }
+
+  void Check(const tDC_ROAD_APPLYSUPERRecord& record) {
+    constexpr int kCentreLine = 2;
+    if (record.pivot != kCentreLine) Refuse(road_texts::kPivotAtEdge);
+  }
 
   /// isFirst: of its kind in the template. size: what of a first one can't be 0, or `text`.
   template <class Record>
-  void CheckSegment(const Record& record, bool isFirst, double size, std::wstring_view text);
-  void BeginRoad(std::wstring_view line);
-  void CheckEndOfRoad();
-  void CheckEndOfTemplate();
-  void Refuse(std::wstring_view text);
+  void CheckSegment(const Record& record, bool isFirst, double size, std::wstring_view text) {
+    if (isFirst) {
+      if (size == 0.0) Refuse(text);
+    } else if (record.applySuper || record.applyWidening) {
+      Refuse(road_texts::kAppliedToOthers);
+    }
+  }
+
+  void BeginRoad(std::wstring_view line) {
+    EndRoad();
+    m_foundAnything = true;
+    m_isRoadOpen = true;
+    m_road = {};
+    m_road.name = m_records.Read<tDC_ROAD_HEADERRecord>(line).name;
+  }
+
+  void CheckEndOfRoad() {
+    if (!m_road.hasVertical) return Refuse(road_texts::kNoVertical);
+    if (!m_road.hasTemplate) return Refuse(road_texts::kNoTemplate);
+    CheckEndOfTemplate();
+  }
+
+  void CheckEndOfTemplate() {
+    const Template& current = m_road.current;
+    if (!current.hasSideSlope) return Refuse(road_texts::kNoSideSlope);
+    if (current.segments + current.hinges == 0) Refuse(road_texts::kOnlySideSlope);
+  }
+
+  void Refuse(std::wstring_view text) {
+    m_messages.emplace_back(text);
+    m_road.isBad = true;
+  }
 
   RoadNames& m_badRoads;
   StringList& m_messages;
@@ -72,120 +168,6 @@ class RoadCheck {
   Road m_road;
   CRoadRecords m_records;
 };
-
-const RoadCheck::Handler* RoadCheck::FindHandler(std::int32_t type) {
-  using Self = RoadCheck;
-  static constexpr auto kHandlers = MakeHandlerTable<kDcTypeCount, std::int32_t, Handler>({
-      {tDC_ROAD_HALRecord::kType, &Self::On<tDC_ROAD_HALRecord>},
-      {tDC_ROAD_VALRecord::kType, &Self::On<tDC_ROAD_VALRecord>},
-      {tDC_ROAD_VCIRCULARRecord::kType, &Self::OnVerticalCircular},
-      {tDC_ROAD_VASYMMETRICRecord::kType, &Self::OnVerticalAsymmetric},
-      {tDC_ROAD_TEMPLATERecord::kType, &Self::OnTemplate},
-      {tDC_ROAD_SEGMENTRecord::kType, &Self::On<tDC_ROAD_SEGMENTRecord>},
-      {tDC_ROAD_HINGERecord::kType, &Self::On<tDC_ROAD_HINGERecord>},
-      {tDC_ROAD_SIDESLOPERecord::kType, &Self::On<tDC_ROAD_SIDESLOPERecord>},
-      {tDC_ROAD_APPLYTEMPLATERecord::kType, &Self::On<tDC_ROAD_APPLYTEMPLATERecord>},
-      {tDC_ROAD_APPLYSUPERRecord::kType, &Self::On<tDC_ROAD_APPLYSUPERRecord>},
-  });
-  return kHandlers.Find(type);
-}
-
-void RoadCheck::Line(std::wstring_view line) {
-  const std::int32_t type = CDcFile::GetRecordType(line);
-  if (type == tDC_ROAD_HEADERRecord::kType) return BeginRoad(line);
-  if (type == tDC_HEADERRecord::kType && line.size() < tDC_HEADERRecord::kShortestLine) {
-    m_foundAnything = true;
-  }
-  if (!m_isRoadOpen || m_road.isBad) return;
-  const Handler* handler = FindHandler(type);
-  if (handler != nullptr) (this->**handler)(line);
-}
-
-void RoadCheck::BeginRoad(std::wstring_view line) {
-  EndRoad();
-  m_foundAnything = true;
-  m_isRoadOpen = true;
-  m_road = {};
-  m_road.name = m_records.Read<tDC_ROAD_HEADERRecord>(line).name;
-}
-
-void RoadCheck::EndRoad() {
-  if (!m_isRoadOpen) return;
-  m_isRoadOpen = false;
-  if (!m_road.isBad) CheckEndOfRoad();
-  if (!m_road.isBad) return;
-  m_messages.push_back(FormatRoadFailure(m_road.name));
-  m_badRoads.insert(m_road.name);
-}
-
-void RoadCheck::CheckEndOfRoad() {
-  if (!m_road.hasVertical) return Refuse(road_texts::kNoVertical);
-  if (!m_road.hasTemplate) return Refuse(road_texts::kNoTemplate);
-  CheckEndOfTemplate();
-}
-
-void RoadCheck::Check(const tDC_ROAD_VALRecord& record) {
-  m_road.hasVertical = true;
-  if (record.startStation != m_road.startStation) Refuse(road_texts::kUnlikeStarts);
-}
-
-void RoadCheck::OnTemplate(std::wstring_view) {
-  if (m_road.hasTemplate) CheckEndOfTemplate();
-  m_road.hasTemplate = true;
-  m_road.current = {};
-}
-
-void RoadCheck::CheckEndOfTemplate() {
-  const Template& current = m_road.current;
-  if (!current.hasSideSlope) return Refuse(road_texts::kNoSideSlope);
-  if (current.segments + current.hinges == 0) Refuse(road_texts::kOnlySideSlope);
-}
-
-template <class Record>
-void RoadCheck::CheckSegment(const Record& record, bool isFirst, double size,
-                             std::wstring_view text) {
-  if (isFirst) {
-    if (size == 0.0) Refuse(text);
-  } else if (record.applySuper || record.applyWidening) {
-    Refuse(road_texts::kAppliedToOthers);
-  }
-}
-
-/// The grade is looked at although the text speaks of the width: a first segment without a grade
-/// is what RD5 can't hold.
-void RoadCheck::Check(const tDC_ROAD_SEGMENTRecord& record) {
-  const bool isFirst = m_road.current.segments++ == 0;
-  CheckSegment(record, isFirst, record.grade, road_texts::kNoFirstGrade);
-}
-
-void RoadCheck::Check(const tDC_ROAD_HINGERecord& record) {
-  const bool isFirst = m_road.current.hinges++ == 0;
-  CheckSegment(record, isFirst, record.offset, road_texts::kNoFirstOffset);
-}
-
-void RoadCheck::Check(const tDC_ROAD_SIDESLOPERecord& record) {
-  constexpr int kNull = 5;
-  m_road.current.hasSideSlope = true;
-  if (record.cutDitchWidth != 0.0) return Refuse(road_texts::kCutDitch);
-  if (record.cutMethod == kNull || record.fillMethod == kNull) Refuse(road_texts::kNullSlope);
-}
-
-void RoadCheck::Check(const tDC_ROAD_APPLYTEMPLATERecord& record) {
-  constexpr auto isInterpolateOrNone = [](int method) { return method == 1 || method == 2; };
-  if (isInterpolateOrNone(record.leftMethod) || isInterpolateOrNone(record.rightMethod)) {
-    Refuse(road_texts::kInterpolateOrNone);
-  }
-}
-
-void RoadCheck::Check(const tDC_ROAD_APPLYSUPERRecord& record) {
-  constexpr int kCentreLine = 2;
-  if (record.pivot != kCentreLine) Refuse(road_texts::kPivotAtEdge);
-}
-
-void RoadCheck::Refuse(std::wstring_view text) {
-  m_messages.emplace_back(text);
-  m_road.isBad = true;
-}
 
 }  // namespace
 

@@ -38,40 +38,181 @@ class RoadConversion {
                  const std::wstring& folder)
       : m_file(file), m_messages(report.messages), m_roads(roads), m_files(folder, report) {}
 
-  bool Run();
+  bool Run() {
+    if (!CheckDcRoads(m_file, m_badRoads, m_messages)) return true;
+    return ConvertLines() || Fail();
+  }
 
  private:
   struct Row {
     bool (RoadConversion::*handle)(std::wstring_view line);  // false if the run has failed
     bool isOfRoad;  // handled within a road that is converted, others wherever they stand
   };
-  static const Row* FindRow(std::int32_t type);
 
-  bool ConvertLines();
-  bool ConvertLine(std::wstring_view line);
-  bool TakeStartOfFailedRoad();
+  static const Row* FindRow(std::int32_t type) {
+    using Self = RoadConversion;
+    constexpr auto alignment = &Road::alignment;
+    constexpr auto templates = &Road::templates;
+    static constexpr auto kRows = MakeHandlerTable<kDcTypeCount, std::int32_t, Row>({
+        {tDC_HEADERRecord::kType, {&Self::OnHeader, false}},
+        {tDC_COGORecord::kType, {&Self::OnCogo<tDC_COGORecord>, false}},
+        {tDC_COGO_OLDRecord::kType, {&Self::OnCogo<tDC_COGO_OLDRecord>, false}},
+        {tDC_ROAD_HEADERRecord::kType, {&Self::OnRoad, false}},
+        {tDC_ROAD_HALRecord::kType, {&Self::OnHorizontalStart, true}},
+        {tDC_ROAD_STRAIGHT_POINTRecord::kType,
+         {&Self::On<tDC_ROAD_STRAIGHT_POINTRecord, alignment>, true}},
+        {tDC_ROAD_STRAIGHTRecord::kType, {&Self::On<tDC_ROAD_STRAIGHTRecord, alignment>, true}},
+        {tDC_ROAD_ARCRecord::kType, {&Self::On<tDC_ROAD_ARCRecord, alignment>, true}},
+        {tDC_ROAD_ARC_DIRECTIONRecord::kType,
+         {&Self::On<tDC_ROAD_ARC_DIRECTIONRecord, alignment>, true}},
+        {tDC_ROAD_ARC_ANGLERecord::kType, {&Self::On<tDC_ROAD_ARC_ANGLERecord, alignment>, true}},
+        {tDC_ROAD_SPIRALRecord::kType, {&Self::On<tDC_ROAD_SPIRALRecord, alignment>, true}},
+        {tDC_ROAD_VALRecord::kType, {&Self::On<tDC_ROAD_VALRecord, alignment>, true}},
+        {tDC_ROAD_VPARABOLARecord::kType, {&Self::On<tDC_ROAD_VPARABOLARecord, alignment>, true}},
+        {tDC_ROAD_VPOINTRecord::kType, {&Self::On<tDC_ROAD_VPOINTRecord, alignment>, true}},
+        {tDC_ROAD_TEMPLATERecord::kType, {&Self::OnTemplate, true}},
+        {tDC_ROAD_SEGMENTRecord::kType, {&Self::On<tDC_ROAD_SEGMENTRecord, templates>, true}},
+        {tDC_ROAD_HINGERecord::kType, {&Self::On<tDC_ROAD_HINGERecord, templates>, true}},
+        {tDC_ROAD_SIDESLOPERecord::kType, {&Self::On<tDC_ROAD_SIDESLOPERecord, templates>, true}},
+        {tDC_ROAD_APPLYTEMPLATERecord::kType,
+         {&Self::On<tDC_ROAD_APPLYTEMPLATERecord, &Road::sections>, true}},
+        {tDC_ROAD_APPLYSUPERRecord::kType, {&Self::OnApplySuper, true}},
+    });
+    return kRows.Find(type);
+  }
+
+  bool ConvertLines() {
+    std::wstring line;
+    m_file.Rewind();
+    while (m_file.ReadLine(line)) {
+      if (!ConvertLine(line)) return false;
+    }
+    return FinishRoad();
+  }
+
+  bool ConvertLine(std::wstring_view line) {
+    if (CDcFile::IsBlank(line) || CDcFile::IsDeleted(line)) return true;
+    const Row* row = FindRow(CDcFile::GetRecordType(line));
+    if (row == nullptr || (row->isOfRoad && !m_road)) return true;
+    if ((this->*row->handle)(line)) return true;
+    return row->isOfRoad && TakeStartOfFailedRoad();
+  }
+
+  /// A road that fails on the way is listed all the same, and its record 84 may be still to come.
+  /// Always false: the run has failed.
+  bool TakeStartOfFailedRoad() {
+    std::wstring line;
+    while (m_file.ReadLine(line)) {
+      if (CDcFile::IsBlank(line) || CDcFile::IsDeleted(line)) continue;
+      const std::int32_t type = CDcFile::GetRecordType(line);
+      if (type == tDC_ROAD_HEADERRecord::kType) break;
+      if (type == tDC_HEADERRecord::kType) OnHeader(line);
+      if (type == tDC_ROAD_HALRecord::kType) OnHorizontalStart(line);
+    }
+    return false;
+  }
+
   /// Says which road failed and takes every file of this run away again.
-  bool Fail();
+  bool Fail() {
+    m_messages.push_back(FormatRoadFailure(m_road->name));
+    m_road.reset();
+    m_files.RemoveAll();
+    return false;
+  }
 
-  bool OnHeader(std::wstring_view line);
+  /// Lengths need no unit: road files are in that of the DC file. Mils and unknown units of angle
+  /// leave the one before.
+  bool OnHeader(std::wstring_view line) {
+    tDC_HEADERRecord header;
+    CDcFile::Read(line, header);
+    m_settings.iNEZOrder = header.coordinateOrder;
+    m_settings.angleUnits = AngularUnitOfDc(header.angleUnit).value_or(m_settings.angleUnits);
+    return true;
+  }
+
   template <class Cogo>
-  bool OnCogo(std::wstring_view line);
+  bool OnCogo(std::wstring_view line) {
+    Cogo cogo;
+    CDcFile::Read(line, cogo);
+    m_settings.azmDir = cogo.azimuthOrigin == 2 ? AzimuthOrigin::South : AzimuthOrigin::North;
+    return true;
+  }
 
-  bool OnRoad(std::wstring_view line);
-  bool BeginRoad(const std::wstring& name);
-  bool FinishRoad();
-  bool CheckWholeRoad();
+  bool OnRoad(std::wstring_view line) {
+    if (!FinishRoad()) return false;
+    const std::wstring& name = m_records.Read<tDC_ROAD_HEADERRecord>(line).name;
+    return m_badRoads.count(name) != 0 || BeginRoad(name);
+  }
 
-  bool OnHorizontalStart(std::wstring_view line);
-  bool OnTemplate(std::wstring_view line);
-  bool OnApplySuper(std::wstring_view line);
+  bool BeginRoad(const std::wstring& name) {
+    m_road = std::make_unique<Road>(name, m_settings, m_files);
+    std::wstring fileName;
+    if (!m_files.CreateRoad(name, m_road->file, fileName)) return false;
+    m_roads.push_back({name, fileName});
+    return true;
+  }
+
+  bool FinishRoad() {
+    if (!m_road) return true;
+    if (!m_road->templates.Close() || !CheckWholeRoad()) return false;
+    m_road->sections.Write(m_road->file, m_road->templates, m_road->alignment.GetHorizontalEnd());
+    if (!m_road->file.Close() || m_road->file.HasWriteFailed()) return false;
+    m_road.reset();
+    return true;
+  }
+
+  bool CheckWholeRoad() {
+    const CRoadAlignment& alignment = m_road->alignment;
+    if (!m_road->sections.GetLeft().HaveEqualSegments(m_road->templates)) {
+      return Refuse(road_texts::kUnequalLeft);
+    }
+    if (!m_road->sections.GetRight().HaveEqualSegments(m_road->templates)) {
+      return Refuse(road_texts::kUnequalRight);
+    }
+    if (alignment.GetLastStation() < alignment.GetHorizontalEnd() - kSameStation) {
+      return Refuse(road_texts::kVerticalTooShort);
+    }
+    return true;
+  }
+
+  bool OnHorizontalStart(std::wstring_view line) {
+    const auto& record = m_records.Read<tDC_ROAD_HALRecord>(line);
+    m_road->alignment.Add(record);
+    const AlignmentPoint start = m_road->alignment.PointOf(record.coord1, record.coord2);
+    ROAD_HEADER& header = m_roads.back();
+    header.startStation = record.startStation;
+    header.north = start.north;
+    header.east = start.east;
+    header.elevation = record.elevation;
+    return true;
+  }
+
+  bool OnTemplate(std::wstring_view line) {
+    return m_road->templates.Begin(m_records.Read<tDC_ROAD_TEMPLATERecord>(line));
+  }
+
+  bool OnApplySuper(std::wstring_view line) {
+    const auto& record = m_records.Read<tDC_ROAD_APPLYSUPERRecord>(line);
+    const CRoadAlignment& alignment = m_road->alignment;
+    if (record.station < alignment.GetStartStation() - kSameStation ||
+        record.station > alignment.GetLastStation() + kSameStation) {
+      return Refuse(road_texts::kOutsideAlignment);
+    }
+    m_road->sections.Add(record);
+    return true;
+  }
+
   /// For records that a part of the road, its alignment or its templates, only has to hear of.
   template <class Record, auto part>
   bool On(std::wstring_view line) {
     ((*m_road).*part).Add(m_records.Read<Record>(line));
     return true;
   }
-  bool Refuse(std::wstring_view text);
+
+  bool Refuse(std::wstring_view text) {
+    m_messages.emplace_back(text);
+    return false;
+  }
 
   CDcFile& m_file;
   StringList& m_messages;
@@ -83,168 +224,6 @@ class RoadConversion {
   std::unique_ptr<Road> m_road;  // null outside of roads and in those left out
   CRoadRecords m_records;
 };
-
-const RoadConversion::Row* RoadConversion::FindRow(std::int32_t type) {
-  using Self = RoadConversion;
-  constexpr auto alignment = &Road::alignment;
-  constexpr auto templates = &Road::templates;
-  static constexpr auto kRows = MakeHandlerTable<kDcTypeCount, std::int32_t, Row>({
-      {tDC_HEADERRecord::kType, {&Self::OnHeader, false}},
-      {tDC_COGORecord::kType, {&Self::OnCogo<tDC_COGORecord>, false}},
-      {tDC_COGO_OLDRecord::kType, {&Self::OnCogo<tDC_COGO_OLDRecord>, false}},
-      {tDC_ROAD_HEADERRecord::kType, {&Self::OnRoad, false}},
-      {tDC_ROAD_HALRecord::kType, {&Self::OnHorizontalStart, true}},
-      {tDC_ROAD_STRAIGHT_POINTRecord::kType,
-       {&Self::On<tDC_ROAD_STRAIGHT_POINTRecord, alignment>, true}},
-      {tDC_ROAD_STRAIGHTRecord::kType, {&Self::On<tDC_ROAD_STRAIGHTRecord, alignment>, true}},
-      {tDC_ROAD_ARCRecord::kType, {&Self::On<tDC_ROAD_ARCRecord, alignment>, true}},
-      {tDC_ROAD_ARC_DIRECTIONRecord::kType,
-       {&Self::On<tDC_ROAD_ARC_DIRECTIONRecord, alignment>, true}},
-      {tDC_ROAD_ARC_ANGLERecord::kType, {&Self::On<tDC_ROAD_ARC_ANGLERecord, alignment>, true}},
-      {tDC_ROAD_SPIRALRecord::kType, {&Self::On<tDC_ROAD_SPIRALRecord, alignment>, true}},
-      {tDC_ROAD_VALRecord::kType, {&Self::On<tDC_ROAD_VALRecord, alignment>, true}},
-      {tDC_ROAD_VPARABOLARecord::kType, {&Self::On<tDC_ROAD_VPARABOLARecord, alignment>, true}},
-      {tDC_ROAD_VPOINTRecord::kType, {&Self::On<tDC_ROAD_VPOINTRecord, alignment>, true}},
-      {tDC_ROAD_TEMPLATERecord::kType, {&Self::OnTemplate, true}},
-      {tDC_ROAD_SEGMENTRecord::kType, {&Self::On<tDC_ROAD_SEGMENTRecord, templates>, true}},
-      {tDC_ROAD_HINGERecord::kType, {&Self::On<tDC_ROAD_HINGERecord, templates>, true}},
-      {tDC_ROAD_SIDESLOPERecord::kType, {&Self::On<tDC_ROAD_SIDESLOPERecord, templates>, true}},
-      {tDC_ROAD_APPLYTEMPLATERecord::kType,
-       {&Self::On<tDC_ROAD_APPLYTEMPLATERecord, &Road::sections>, true}},
-      {tDC_ROAD_APPLYSUPERRecord::kType, {&Self::OnApplySuper, true}},
-  });
-  return kRows.Find(type);
-}
-
-bool RoadConversion::Run() {
-  if (!CheckDcRoads(m_file, m_badRoads, m_messages)) return true;
-  return ConvertLines() || Fail();
-}
-
-bool RoadConversion::ConvertLines() {
-  std::wstring line;
-  m_file.Rewind();
-  while (m_file.ReadLine(line)) {
-    if (!ConvertLine(line)) return false;
-  }
-  return FinishRoad();
-}
-
-bool RoadConversion::ConvertLine(std::wstring_view line) {
-  if (CDcFile::IsBlank(line) || CDcFile::IsDeleted(line)) return true;
-  const Row* row = FindRow(CDcFile::GetRecordType(line));
-  if (row == nullptr || (row->isOfRoad && !m_road)) return true;
-  if ((this->*row->handle)(line)) return true;
-  return row->isOfRoad && TakeStartOfFailedRoad();
-}
-
-/// A road that fails on the way is listed all the same, and its record 84 may be still to come.
-/// Always false: the run has failed.
-bool RoadConversion::TakeStartOfFailedRoad() {
-  std::wstring line;
-  while (m_file.ReadLine(line)) {
-    if (CDcFile::IsBlank(line) || CDcFile::IsDeleted(line)) continue;
-    const std::int32_t type = CDcFile::GetRecordType(line);
-    if (type == tDC_ROAD_HEADERRecord::kType) break;
-    if (type == tDC_HEADERRecord::kType) OnHeader(line);
-    if (type == tDC_ROAD_HALRecord::kType) OnHorizontalStart(line);
-  }
-  return false;
-}
-
-bool RoadConversion::Fail() {
-  m_messages.push_back(FormatRoadFailure(m_road->name));
-  m_road.reset();
-  m_files.RemoveAll();
-  return false;
-}
-
-/// Lengths need no unit: road files are in that of the DC file. Mils and unknown units of angle
-/// leave the one before.
-bool RoadConversion::OnHeader(std::wstring_view line) {
-  tDC_HEADERRecord header;
-  CDcFile::Read(line, header);
-  m_settings.iNEZOrder = header.coordinateOrder;
-  m_settings.angleUnits = AngularUnitOfDc(header.angleUnit).value_or(m_settings.angleUnits);
-  return true;
-}
-
-template <class Cogo>
-bool RoadConversion::OnCogo(std::wstring_view line) {
-  Cogo cogo;
-  CDcFile::Read(line, cogo);
-  m_settings.azmDir = cogo.azimuthOrigin == 2 ? AzimuthOrigin::South : AzimuthOrigin::North;
-  return true;
-}
-
-bool RoadConversion::OnRoad(std::wstring_view line) {
-  if (!FinishRoad()) return false;
-  const std::wstring& name = m_records.Read<tDC_ROAD_HEADERRecord>(line).name;
-  return m_badRoads.count(name) != 0 || BeginRoad(name);
-}
-
-bool RoadConversion::BeginRoad(const std::wstring& name) {
-  m_road = std::make_unique<Road>(name, m_settings, m_files);
-  std::wstring fileName;
-  if (!m_files.CreateRoad(name, m_road->file, fileName)) return false;
-  m_roads.push_back({name, fileName});
-  return true;
-}
-
-bool RoadConversion::FinishRoad() {
-  if (!m_road) return true;
-  if (!m_road->templates.Close() || !CheckWholeRoad()) return false;
-  m_road->sections.Write(m_road->file, m_road->templates, m_road->alignment.GetHorizontalEnd());
-  if (!m_road->file.Close() || m_road->file.HasWriteFailed()) return false;
-  m_road.reset();
-  return true;
-}
-
-bool RoadConversion::CheckWholeRoad() {
-  const CRoadAlignment& alignment = m_road->alignment;
-  if (!m_road->sections.GetLeft().HaveEqualSegments(m_road->templates)) {
-    return Refuse(road_texts::kUnequalLeft);
-  }
-  if (!m_road->sections.GetRight().HaveEqualSegments(m_road->templates)) {
-    return Refuse(road_texts::kUnequalRight);
-  }
-  if (alignment.GetLastStation() < alignment.GetHorizontalEnd() - kSameStation) {
-    return Refuse(road_texts::kVerticalTooShort);
-  }
-  return true;
-}
-
-bool RoadConversion::OnHorizontalStart(std::wstring_view line) {
-  const auto& record = m_records.Read<tDC_ROAD_HALRecord>(line);
-  m_road->alignment.Add(record);
-  const AlignmentPoint start = m_road->alignment.PointOf(record.coord1, record.coord2);
-  ROAD_HEADER& header = m_roads.back();
-  header.startStation = record.startStation;
-  header.north = start.north;
-  header.east = start.east;
-  header.elevation = record.elevation;
-  return true;
-}
-
-bool RoadConversion::OnTemplate(std::wstring_view line) {
-  return m_road->templates.Begin(m_records.Read<tDC_ROAD_TEMPLATERecord>(line));
-}
-
-bool RoadConversion::OnApplySuper(std::wstring_view line) {
-  const auto& record = m_records.Read<tDC_ROAD_APPLYSUPERRecord>(line);
-  const CRoadAlignment& alignment = m_road->alignment;
-  if (record.station < alignment.GetStartStation() - kSameStation ||
-      record.station > alignment.GetLastStation() + kSameStation) {
-    return Refuse(road_texts::kOutsideAlignment);
-  }
-  m_road->sections.Add(record);
-  return true;
-}
-
-bool RoadConversion::Refuse(std::wstring_view text) {
-  m_messages.emplace_back(text);
-  return false;
-}
 
 }  // namespace
 

@@ -53,10 +53,6 @@ void CRoadAlignment::Add(const tDC_ROAD_STRAIGHTRecord& straight) {
   MoveTo(StraightEnd(m_last, azimuth, straight.length), straight.length, false);
 }
 
-void CRoadAlignment::Add(const tDC_ROAD_ARCRecord& arc) {
-  AddArc(TurnOfSignedRadius(arc.radius), arc.length);
-}
-
 void CRoadAlignment::Add(const tDC_ROAD_ARC_DIRECTIONRecord& arc) {
   AddArc({std::abs(arc.radius), arc.isRight}, arc.length);
 }

@@ -27,14 +27,12 @@ class CRoadAlignment {
   /// Both stay the caller's and are looked at with every element.
   CRoadAlignment(CRd5File& file, const RoadSettings& settings)
       : m_file(file), m_settings(settings) {}
-  CRoadAlignment(const CRoadAlignment&) = delete;
-  CRoadAlignment& operator=(const CRoadAlignment&) = delete;
 
   // One element each. Failed writes show when the road file is closed.
   void Add(const tDC_ROAD_HALRecord& start);
   void Add(const tDC_ROAD_STRAIGHT_POINTRecord& straight);
   void Add(const tDC_ROAD_STRAIGHTRecord& straight);
-  void Add(const tDC_ROAD_ARCRecord& arc);
+  void Add(const tDC_ROAD_ARCRecord& arc) { AddArc(TurnOfSignedRadius(arc.radius), arc.length); }
   void Add(const tDC_ROAD_ARC_DIRECTIONRecord& arc);
   void Add(const tDC_ROAD_ARC_ANGLERecord& arc);
   void Add(const tDC_ROAD_SPIRALRecord& spiral);

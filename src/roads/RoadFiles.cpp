@@ -63,9 +63,9 @@ bool CRoadFiles::WriteTemplate(const std::wstring& templateName, const TemplateF
 /// Against the file and not against what was written into it: templates need no room in memory.
 bool CRoadFiles::HoldsTemplate(const std::wstring& fileName, const TemplateForm& form) const {
   CTp5File file;
-  return file.OpenForRead(PathOf(fileName, kTemplateExtension)) && file.HasTH(form) &&
+  return file.OpenForRead(PathOf(fileName, kTemplateExtension)) && file.Has(form) &&
          std::all_of(form.segments.begin(), form.segments.end(),
-                     [&](const TEMPLATE_SEGMENT& segment) { return file.HasTS(segment); });
+                     [&](const TEMPLATE_SEGMENT& segment) { return file.Has(segment); });
 }
 
 std::wstring CRoadFiles::GetTemplateFileName(const std::wstring& templateName) const {

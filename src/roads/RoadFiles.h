@@ -16,8 +16,6 @@ class CRoadFiles {
   /// The report hears of the paths of the files, and of a name that isn't the clean one. folder:
   /// with or without a separator at its end.
   CRoadFiles(const std::wstring& folder, Report& report);
-  CRoadFiles(const CRoadFiles&) = delete;
-  CRoadFiles& operator=(const CRoadFiles&) = delete;
 
   /// Opens `file` as a new RD5 file for the road. fileName: the name it bears, without extension.
   [[nodiscard]] bool CreateRoad(const std::wstring& roadName, CRd5File& file,

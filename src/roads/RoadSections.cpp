@@ -65,65 +65,56 @@ class SectionWriter {
                 const std::vector<tDC_ROAD_APPLYSUPERRecord>& supers, double horizontalEnd)
       : m_file(file), m_templates(templates), m_supers(supers), m_horizontalEnd(horizontalEnd) {}
 
-  void WriteTemplates(const CRoadSide& side, const SideForm& form);
-  void WriteSuperelevation(const CRoadSide& side, const SideForm& form);
-  void WriteWidening(const CRoadSide& side, const SideForm& form);
+  void WriteTemplates(const CRoadSide& side, const SideForm& form) {
+    m_file.WriteSection(form.templateSection);
+    for (const CRoadSide::Position& position : side.GetPositions()) {
+      (m_file.*form.writeTemplate)(SplitStation(position.station),
+                                   m_templates.GetFileName(position.name));
+    }
+  }
+
+  void WriteSuperelevation(const CRoadSide& side, const SideForm& form) {
+    m_file.WriteSection(form.superSection);
+    ForEachStretch(side, form.super, &CRoadSide::GetGradeAt,
+                   [&](const tDC_ROAD_APPLYSUPERRecord& record, const RoadStretch& slopes) {
+                     (m_file.*form.writeSuper)(slopes, record.pivot == form.hingePivot ? 1 : 0);
+                   });
+  }
+
+  /// The widening, which adds to a width, is held against the whole width of the template's first
+  /// segment: a widening of 0 gives lines, one as large as the width gives none.
+  void WriteWidening(const CRoadSide& side, const SideForm& form) {
+    m_file.WriteSection(form.wideningSection);
+    ForEachStretch(side, form.widening, &CRoadSide::GetWidthAt,
+                   [&](const tDC_ROAD_APPLYSUPERRecord&, const RoadStretch& widenings) {
+                     (m_file.*form.writeWidening)(widenings);
+                   });
+  }
 
  private:
   /// Calls write(record, stretch) for each stretch from a record to the next whose value at the
   /// start isn't the template's.
   template <class Write>
   void ForEachStretch(const CRoadSide& side, double tDC_ROAD_APPLYSUPERRecord::*value,
-                      double (CRoadSide::*templateValueAt)(double) const, Write write) const;
+                      double (CRoadSide::*templateValueAt)(double) const, Write write) const {
+    for (std::size_t i = 0; i < m_supers.size(); ++i) {
+      const tDC_ROAD_APPLYSUPERRecord& record = m_supers[i];
+      const double startValue = record.*value;
+      if (!(std::abs(startValue - (side.*templateValueAt)(record.station)) >= kSameSlope)) continue;
+      const bool isLast = i + 1 == m_supers.size();
+      const double end = isLast ? side.GetNextTemplateStart(record.station, m_horizontalEnd)
+                                : m_supers[i + 1].station;
+      const double endValue = isLast ? startValue : m_supers[i + 1].*value;
+      write(record,
+            RoadStretch{SplitStation(record.station), SplitStation(end), startValue, endValue});
+    }
+  }
 
   CRd5File& m_file;
   const CRoadTemplates& m_templates;
   const std::vector<tDC_ROAD_APPLYSUPERRecord>& m_supers;
   double m_horizontalEnd;
 };
-
-void SectionWriter::WriteTemplates(const CRoadSide& side, const SideForm& form) {
-  m_file.WriteSection(form.templateSection);
-  for (const CRoadSide::Position& position : side.GetPositions()) {
-    (m_file.*form.writeTemplate)(SplitStation(position.station),
-                                 m_templates.GetFileName(position.name));
-  }
-}
-
-template <class Write>
-void SectionWriter::ForEachStretch(const CRoadSide& side, double tDC_ROAD_APPLYSUPERRecord::*value,
-                                   double (CRoadSide::*templateValueAt)(double) const,
-                                   Write write) const {
-  for (std::size_t i = 0; i < m_supers.size(); ++i) {
-    const tDC_ROAD_APPLYSUPERRecord& record = m_supers[i];
-    const double startValue = record.*value;
-    if (!(std::abs(startValue - (side.*templateValueAt)(record.station)) >= kSameSlope)) continue;
-    const bool isLast = i + 1 == m_supers.size();
-    const double end = isLast ? side.GetNextTemplateStart(record.station, m_horizontalEnd)
-                              : m_supers[i + 1].station;
-    const double endValue = isLast ? startValue : m_supers[i + 1].*value;
-    write(record,
-          RoadStretch{SplitStation(record.station), SplitStation(end), startValue, endValue});
-  }
-}
-
-void SectionWriter::WriteSuperelevation(const CRoadSide& side, const SideForm& form) {
-  m_file.WriteSection(form.superSection);
-  ForEachStretch(side, form.super, &CRoadSide::GetGradeAt,
-                 [&](const tDC_ROAD_APPLYSUPERRecord& record, const RoadStretch& slopes) {
-                   (m_file.*form.writeSuper)(slopes, record.pivot == form.hingePivot ? 1 : 0);
-                 });
-}
-
-/// The widening, which adds to a width, is held against the whole width of the template's first
-/// segment: a widening of 0 gives lines, one as large as the width gives none.
-void SectionWriter::WriteWidening(const CRoadSide& side, const SideForm& form) {
-  m_file.WriteSection(form.wideningSection);
-  ForEachStretch(side, form.widening, &CRoadSide::GetWidthAt,
-                 [&](const tDC_ROAD_APPLYSUPERRecord&, const RoadStretch& widenings) {
-                   (m_file.*form.writeWidening)(widenings);
-                 });
-}
 
 }  // namespace
 

@@ -21,8 +21,6 @@ class CRoadTemplates {
  public:
   /// The files stay the caller's and serve all roads of a run.
   explicit CRoadTemplates(CRoadFiles& files) : m_files(files) {}
-  CRoadTemplates(const CRoadTemplates&) = delete;
-  CRoadTemplates& operator=(const CRoadTemplates&) = delete;
 
   /// Closes the template before it. False if that one's file can't be written.
   [[nodiscard]] bool Begin(const tDC_ROAD_TEMPLATERecord& record);

@@ -94,28 +94,227 @@ class RawToSdr {
   }
 
   // Each is false for a point name that the layout can't write.
-  bool OnJob(std::wstring_view record);
-  bool OnMode(std::wstring_view record);
-  bool OnBacksight(std::wstring_view record);
-  bool OnHeights(std::wstring_view record);
-  bool OnOccupy(std::wstring_view record);
-  bool OnComment(std::wstring_view record);
-  bool OnStored(std::wstring_view record);
+  bool OnJob(std::wstring_view record) {
+    JB_RECORD job;
+    CRawFile::Parse(record, job);
+    KeepRead(job.name, m_jobName);
+    KeepRead(job.date, m_date);
+    KeepRead(job.time, m_time);
+    return true;
+  }
+
+  bool OnMode(std::wstring_view record) {
+    MO_RECORD mode = m_mode;
+    mode.angleUnit = 0;  // of a record without AU
+    if (!CRawFile::Parse(record, mode)) mode.angleUnit = m_mode.angleUnit;
+    m_mode = mode;
+    m_angles = AngularUnitOfRaw(mode.angleUnit);
+    m_lengths = LinearUnitOfRaw(mode.distanceUnit);
+    if (m_lengths == LinearUnit::UsSurveyFoot) m_messages.emplace_back(kUsFeetText);
+
+    m_lines.MakeHeader(m_date, m_time, m_angles, m_lengths == LinearUnit::Metre);
+    m_sdr.WriteLine(m_lines.Line());
+    return Put(SdrJob{m_jobName}) && Put(SdrScale{m_mode.scale}) && PutInstrument();
+  }
+
+  bool OnBacksight(std::wstring_view record) {
+    BK_RECORD backsight;
+    backsight.azimuth = backsight.circle = kUnread;
+    CRawFile::Parse(record, backsight);
+    KeepRead(backsight.station, m_station);
+    KeepRead(backsight.backsight, m_backsight);
+    if (WasRead(backsight.azimuth)) m_backsightAzimuth = NorthAzimuth(Angle(backsight.azimuth));
+    if (WasRead(backsight.circle)) m_circle = Angle(backsight.circle);
+    return PutBacksight() && PutBacksightObservation({});
+  }
+
+  bool OnHeights(std::wstring_view record) {
+    LS_RECORD heights{kUnread, kUnread};
+    CRawFile::Parse(record, heights);
+    const double before = m_instrumentHeight;
+    if (WasRead(heights.instrumentHeight)) m_instrumentHeight = Length(heights.instrumentHeight);
+    if (WasRead(heights.rodHeight)) m_rodHeight = Length(heights.rodHeight);
+    const bool setUpAgain = m_instrumentHeight != before && !m_firstHeights;
+    m_firstHeights = false;
+    if (setUpAgain && (!PutStation() || !PutBacksight())) return false;
+    return Put(SdrTargetHeight{m_rodHeight});
+  }
+
+  bool OnOccupy(std::wstring_view record) {
+    OC_RECORD point;
+    point.north = point.east = point.elevation = kUnread;
+    CRawFile::Parse(record, point);
+    KeepRead(point.name, m_occupied.m_strName);
+    KeepRead(point.note, m_occupied.m_strDescription);
+    if (WasRead(point.north)) m_occupied.m_dNorth = Length(point.north);
+    if (WasRead(point.east)) m_occupied.m_dEast = Length(point.east);
+    if (WasRead(point.elevation)) m_occupied.m_dElevation = Length(point.elevation);
+    m_station = m_occupied.m_strName;
+    FindHeights(RawRecordType::OC, m_station);
+    return PutStation();
+  }
+
+  bool OnComment(std::wstring_view record) {
+    const std::wstring_view text = Mid(record, 2);
+    std::wstring_view value;
+    const NoteMark mark = ParseNoteMark(text, value);
+    const std::wstring_view figure = Left(value, kFigureNameLength);
+    for (const MarkEffect& effect : kMarkEffects) {
+      if (effect.mark != mark) continue;
+      if (!effect.suffix.empty()) m_pendingSuffix = effect.suffix;
+      if (!effect.line.empty()) m_sdr.WriteLine(std::wstring(effect.line).append(figure));
+    }
+    if (mark == NoteMark::JP) m_pendingSuffix += figure;
+    if (mark == NoteMark::C2) m_curveCountdown = value.empty() ? 2 : ToInteger(value);
+    if (mark == NoteMark::C3) m_curveCountdown = 3;
+    if (mark == NoteMark::SS) m_joinCountdown = 2;
+    return Put(SdrNote{text});
+  }
+
+  bool OnStored(std::wstring_view record) {
+    POINT_RECORD point;
+    CRawFile::Parse(record, point);
+    const std::wstring note = std::wstring(point.note) + m_pendingSuffix;
+    m_pendingSuffix.clear();
+    return Put(SdrCoordinates{point.name, Length(point.north), Length(point.east),
+                              Length(point.elevation), note});
+  }
+
   bool OnShot(std::wstring_view record) { return ConvertShot(record, RawRecordType::SS); }
   bool OnTraverse(std::wstring_view record) { return ConvertShot(record, RawRecordType::TR); }
 
-  bool ConvertShot(std::wstring_view record, RawRecordType type);
-  void ReadHorizontal(std::wstring_view record, const SHOT_RECORD& shot);
-  void ReadVertical(const SHOT_RECORD& shot);
-  void CountDown();
-  void ReduceForesight();
-  bool Advance();
-  bool PutInstrument();
+  bool ConvertShot(std::wstring_view record, RawRecordType type) {
+    SHOT_RECORD shot;
+    shot.horizontal = kUnread;
+    CRawFile::Parse(record, shot);
+    KeepRead(shot.station, m_station);
+    if (!m_backsightWritten && !PutBacksightObservation(shot.note)) return false;
+    ReadHorizontal(record, shot);
+    ReadVertical(shot);
+    CountDown();
 
-  void FindHeights(RawRecordType type, std::wstring_view name);
+    m_foresight.m_strName = shot.foresight;
+    std::wstring& note = m_foresight.m_strDescription;
+    note = shot.note;
+    note += m_pendingSuffix;
+    if (note.size() > kNoteLength) note.resize(kNoteLength);
+    m_pendingSuffix.clear();
+    if (!Put(SdrObservation{m_station, m_foresight.m_strName, m_slopeDistance, m_zenith,
+                            m_horizontal, note})) {
+      return false;
+    }
+    ReduceForesight();
+    return type != RawRecordType::TR || Advance();
+  }
+
+  // All kinds but the circle reading itself give an azimuth first; the circle then counts from the
+  // backsight.
+  void ReadHorizontal(std::wstring_view record, const SHOT_RECORD& shot) {
+    const HorizontalKind kind = shot.horizontalKind;
+    const bool read = WasRead(shot.horizontal);
+    const double value = read ? Angle(shot.horizontal) : 0;
+    if (kind == HorizontalKind::AngleRight) {
+      m_horizontal = value;
+      return;
+    }
+    double azimuth = ToldAzimuth(kind, value, m_backsightAzimuth, m_angles);
+    if (kind == HorizontalKind::Azimuth && read) azimuth = NorthAzimuth(value);
+    if (kind == HorizontalKind::Bearing) {
+      std::wstring_view bearing;
+      CRawFile::GetField(record, L"BR", bearing);
+      azimuth = ParseBearing(bearing, m_angles);
+    }
+    m_circle = 0;
+    m_horizontal = Computed(azimuth - m_backsightAzimuth, azimuth, m_backsightAzimuth, value);
+  }
+
+  void ReadVertical(const SHOT_RECORD& shot) {
+    const double quarterCircle = HalfCircle() / 2;
+    const double angle = Angle(shot.vertical);
+    const double distance = Length(shot.distance);
+    m_slopeDistance = distance;
+    switch (shot.verticalKind) {
+      case VerticalKind::Zenith:
+        m_zenith = angle;
+        break;
+      case VerticalKind::VerticalAngle:
+        m_zenith = NormalizeZenith(Computed(quarterCircle - angle, angle), m_angles);
+        break;
+      case VerticalKind::ElevationChange: {
+        const double change = Length(shot.vertical);
+        const double aboveHorizon = AngleOfRadians(std::atan2(change, distance));
+        m_slopeDistance =
+            Computed(std::sqrt(change * change + distance * distance), change, distance);
+        m_zenith =
+            NormalizeZenith(Computed(quarterCircle - aboveHorizon, m_slopeDistance), m_angles);
+        break;
+      }
+    }
+  }
+
+  // A countdown from below 0, which a log may ask for, never gets to its end.
+  void CountDown() {
+    if (m_curveCountdown > 0 && --m_curveCountdown == 0) m_pendingSuffix = L" PT";
+    if (m_joinCountdown > 0 && --m_joinCountdown == 0) m_pendingSuffix = L" ST JPT " + m_jobName;
+  }
+
+  // Without distance, zenith or scale there is no position; what an azimuth, a height or the
+  // station lacks is missing from the position alone.
+  void ReduceForesight() {
+    const double azimuth = Computed(m_backsightAzimuth + m_horizontal - m_circle,
+                                    m_backsightAzimuth, m_horizontal, m_circle);
+    const auto [north, east, rise] =
+        ReduceShot(m_occupied.m_dNorth, m_occupied.m_dEast,
+                   {RadiansOf(azimuth, m_angles), RadiansOf(m_zenith, m_angles), m_slopeDistance,
+                    m_mode.scale});
+    m_foresight.m_dNorth = north;
+    m_foresight.m_dEast = east;
+    m_foresight.m_dElevation =
+        Computed(m_occupied.m_dElevation + (rise + m_instrumentHeight - m_rodHeight),
+                 m_occupied.m_dElevation, rise, m_mode.scale, m_instrumentHeight, m_rodHeight);
+  }
+
+  // The instrument moves to the foresight and looks back at the point it comes from.
+  bool Advance() {
+    const double back = std::atan2(m_occupied.m_dEast - m_foresight.m_dEast,
+                                   m_occupied.m_dNorth - m_foresight.m_dNorth);
+    m_backsightAzimuth = Computed(NormalizeAngle(AngleOfRadians(back), m_angles),
+                                  m_foresight.m_dNorth, m_foresight.m_dEast);
+    m_backsight = m_station;
+    m_station = m_foresight.m_strName;
+    m_occupied = m_foresight;
+    FindHeights(RawRecordType::TR, m_station);
+    m_backsightWritten = false;
+    return PutStation() && PutBacksight();
+  }
+
+  bool PutInstrument() {
+    const double offset = NullToZero(m_mode.edmOffset) / kInchesPerFoot;
+    SdrInstrument instrument;
+    if (offset != 0) {
+      instrument.reduction = L"3RED 3";
+      instrument.edmOffset = offset;
+      instrument.prismOffset = 0;
+    }
+    return Put(instrument);
+  }
+
+  void FindHeights(RawRecordType type, std::wstring_view name) {
+    const HeightsAhead* ahead = m_index.FindHeights(m_line, type, name);
+    if (ahead == nullptr) return;
+    const bool modeAhead = ahead->modeLine > m_line;
+    m_instrumentHeight =
+        Length(ahead->heights.instrumentHeight, modeAhead ? ahead->unit : m_lengths);
+  }
+
   /// From here on angles are decimal degrees or gons, as the mode says.
   double Angle(double value) const { return ReckonedAngle(value, m_angles); }
-  double NorthAzimuth(double azimuth) const;
+
+  double NorthAzimuth(double azimuth) const {
+    if (m_mode.azimuthOrigin != kFromSouth) return azimuth;
+    return NormalizeAngle(azimuth + HalfCircle(), m_angles);
+  }
+
   double AngleOfRadians(double radians) const { return radians / kPi * HalfCircle(); }
   double HalfCircle() const { return FullCircle(m_angles) / 2; }
 
@@ -181,218 +380,6 @@ class RawToSdr {
   double m_zenith = 0;
   double m_slopeDistance = 0;
 };
-
-bool RawToSdr::OnJob(std::wstring_view record) {
-  JB_RECORD job;
-  CRawFile::Parse(record, job);
-  KeepRead(job.name, m_jobName);
-  KeepRead(job.date, m_date);
-  KeepRead(job.time, m_time);
-  return true;
-}
-
-bool RawToSdr::OnMode(std::wstring_view record) {
-  MO_RECORD mode = m_mode;
-  mode.angleUnit = 0;  // of a record without AU
-  if (!CRawFile::Parse(record, mode)) mode.angleUnit = m_mode.angleUnit;
-  m_mode = mode;
-  m_angles = AngularUnitOfRaw(mode.angleUnit);
-  m_lengths = LinearUnitOfRaw(mode.distanceUnit);
-  if (m_lengths == LinearUnit::UsSurveyFoot) m_messages.emplace_back(kUsFeetText);
-
-  m_lines.MakeHeader(m_date, m_time, m_angles, m_lengths == LinearUnit::Metre);
-  m_sdr.WriteLine(m_lines.Line());
-  return Put(SdrJob{m_jobName}) && Put(SdrScale{m_mode.scale}) && PutInstrument();
-}
-
-bool RawToSdr::PutInstrument() {
-  const double offset = NullToZero(m_mode.edmOffset) / kInchesPerFoot;
-  SdrInstrument instrument;
-  if (offset != 0) {
-    instrument.reduction = L"3RED 3";
-    instrument.edmOffset = offset;
-    instrument.prismOffset = 0;
-  }
-  return Put(instrument);
-}
-
-double RawToSdr::NorthAzimuth(double azimuth) const {
-  if (m_mode.azimuthOrigin != kFromSouth) return azimuth;
-  return NormalizeAngle(azimuth + HalfCircle(), m_angles);
-}
-
-bool RawToSdr::OnBacksight(std::wstring_view record) {
-  BK_RECORD backsight;
-  backsight.azimuth = backsight.circle = kUnread;
-  CRawFile::Parse(record, backsight);
-  KeepRead(backsight.station, m_station);
-  KeepRead(backsight.backsight, m_backsight);
-  if (WasRead(backsight.azimuth)) m_backsightAzimuth = NorthAzimuth(Angle(backsight.azimuth));
-  if (WasRead(backsight.circle)) m_circle = Angle(backsight.circle);
-  return PutBacksight() && PutBacksightObservation({});
-}
-
-bool RawToSdr::OnHeights(std::wstring_view record) {
-  LS_RECORD heights{kUnread, kUnread};
-  CRawFile::Parse(record, heights);
-  const double before = m_instrumentHeight;
-  if (WasRead(heights.instrumentHeight)) m_instrumentHeight = Length(heights.instrumentHeight);
-  if (WasRead(heights.rodHeight)) m_rodHeight = Length(heights.rodHeight);
-  const bool setUpAgain = m_instrumentHeight != before && !m_firstHeights;
-  m_firstHeights = false;
-  if (setUpAgain && (!PutStation() || !PutBacksight())) return false;
-  return Put(SdrTargetHeight{m_rodHeight});
-}
-
-bool RawToSdr::OnOccupy(std::wstring_view record) {
-  OC_RECORD point;
-  point.north = point.east = point.elevation = kUnread;
-  CRawFile::Parse(record, point);
-  KeepRead(point.name, m_occupied.m_strName);
-  KeepRead(point.note, m_occupied.m_strDescription);
-  if (WasRead(point.north)) m_occupied.m_dNorth = Length(point.north);
-  if (WasRead(point.east)) m_occupied.m_dEast = Length(point.east);
-  if (WasRead(point.elevation)) m_occupied.m_dElevation = Length(point.elevation);
-  m_station = m_occupied.m_strName;
-  FindHeights(RawRecordType::OC, m_station);
-  return PutStation();
-}
-
-void RawToSdr::FindHeights(RawRecordType type, std::wstring_view name) {
-  const HeightsAhead* ahead = m_index.FindHeights(m_line, type, name);
-  if (ahead == nullptr) return;
-  const bool modeAhead = ahead->modeLine > m_line;
-  m_instrumentHeight = Length(ahead->heights.instrumentHeight, modeAhead ? ahead->unit : m_lengths);
-}
-
-bool RawToSdr::OnStored(std::wstring_view record) {
-  POINT_RECORD point;
-  CRawFile::Parse(record, point);
-  const std::wstring note = std::wstring(point.note) + m_pendingSuffix;
-  m_pendingSuffix.clear();
-  return Put(SdrCoordinates{point.name, Length(point.north), Length(point.east),
-                            Length(point.elevation), note});
-}
-
-bool RawToSdr::OnComment(std::wstring_view record) {
-  const std::wstring_view text = Mid(record, 2);
-  std::wstring_view value;
-  const NoteMark mark = ParseNoteMark(text, value);
-  const std::wstring_view figure = Left(value, kFigureNameLength);
-  for (const MarkEffect& effect : kMarkEffects) {
-    if (effect.mark != mark) continue;
-    if (!effect.suffix.empty()) m_pendingSuffix = effect.suffix;
-    if (!effect.line.empty()) m_sdr.WriteLine(std::wstring(effect.line).append(figure));
-  }
-  if (mark == NoteMark::JP) m_pendingSuffix += figure;
-  if (mark == NoteMark::C2) m_curveCountdown = value.empty() ? 2 : ToInteger(value);
-  if (mark == NoteMark::C3) m_curveCountdown = 3;
-  if (mark == NoteMark::SS) m_joinCountdown = 2;
-  return Put(SdrNote{text});
-}
-
-bool RawToSdr::ConvertShot(std::wstring_view record, RawRecordType type) {
-  SHOT_RECORD shot;
-  shot.horizontal = kUnread;
-  CRawFile::Parse(record, shot);
-  KeepRead(shot.station, m_station);
-  if (!m_backsightWritten && !PutBacksightObservation(shot.note)) return false;
-  ReadHorizontal(record, shot);
-  ReadVertical(shot);
-  CountDown();
-
-  m_foresight.m_strName = shot.foresight;
-  std::wstring& note = m_foresight.m_strDescription;
-  note = shot.note;
-  note += m_pendingSuffix;
-  if (note.size() > kNoteLength) note.resize(kNoteLength);
-  m_pendingSuffix.clear();
-  if (!Put(SdrObservation{m_station, m_foresight.m_strName, m_slopeDistance, m_zenith, m_horizontal,
-                          note})) {
-    return false;
-  }
-  ReduceForesight();
-  return type != RawRecordType::TR || Advance();
-}
-
-// All kinds but the circle reading itself give an azimuth first; the circle then counts from the
-// backsight.
-void RawToSdr::ReadHorizontal(std::wstring_view record, const SHOT_RECORD& shot) {
-  const HorizontalKind kind = shot.horizontalKind;
-  const bool read = WasRead(shot.horizontal);
-  const double value = read ? Angle(shot.horizontal) : 0;
-  if (kind == HorizontalKind::AngleRight) {
-    m_horizontal = value;
-    return;
-  }
-  double azimuth = ToldAzimuth(kind, value, m_backsightAzimuth, m_angles);
-  if (kind == HorizontalKind::Azimuth && read) azimuth = NorthAzimuth(value);
-  if (kind == HorizontalKind::Bearing) {
-    std::wstring_view bearing;
-    CRawFile::GetField(record, L"BR", bearing);
-    azimuth = ParseBearing(bearing, m_angles);
-  }
-  m_circle = 0;
-  m_horizontal = Computed(azimuth - m_backsightAzimuth, azimuth, m_backsightAzimuth, value);
-}
-
-void RawToSdr::ReadVertical(const SHOT_RECORD& shot) {
-  const double quarterCircle = HalfCircle() / 2;
-  const double angle = Angle(shot.vertical);
-  const double distance = Length(shot.distance);
-  m_slopeDistance = distance;
-  switch (shot.verticalKind) {
-    case VerticalKind::Zenith:
-      m_zenith = angle;
-      break;
-    case VerticalKind::VerticalAngle:
-      m_zenith = NormalizeZenith(Computed(quarterCircle - angle, angle), m_angles);
-      break;
-    case VerticalKind::ElevationChange: {
-      const double change = Length(shot.vertical);
-      const double aboveHorizon = AngleOfRadians(std::atan2(change, distance));
-      m_slopeDistance =
-          Computed(std::sqrt(change * change + distance * distance), change, distance);
-      m_zenith = NormalizeZenith(Computed(quarterCircle - aboveHorizon, m_slopeDistance), m_angles);
-      break;
-    }
-  }
-}
-
-// A countdown from below 0, which a log may ask for, never gets to its end.
-void RawToSdr::CountDown() {
-  if (m_curveCountdown > 0 && --m_curveCountdown == 0) m_pendingSuffix = L" PT";
-  if (m_joinCountdown > 0 && --m_joinCountdown == 0) m_pendingSuffix = L" ST JPT " + m_jobName;
-}
-
-// Without distance, zenith or scale there is no position; what an azimuth, a height or the station
-// lacks is missing from the position alone.
-void RawToSdr::ReduceForesight() {
-  const double azimuth = Computed(m_backsightAzimuth + m_horizontal - m_circle, m_backsightAzimuth,
-                                  m_horizontal, m_circle);
-  const auto [north, east, rise] = ReduceShot(
-      m_occupied.m_dNorth, m_occupied.m_dEast,
-      {RadiansOf(azimuth, m_angles), RadiansOf(m_zenith, m_angles), m_slopeDistance, m_mode.scale});
-  m_foresight.m_dNorth = north;
-  m_foresight.m_dEast = east;
-  m_foresight.m_dElevation =
-      Computed(m_occupied.m_dElevation + (rise + m_instrumentHeight - m_rodHeight),
-               m_occupied.m_dElevation, rise, m_mode.scale, m_instrumentHeight, m_rodHeight);
-}
-
-// The instrument moves to the foresight and looks back at the point it comes from.
-bool RawToSdr::Advance() {
-  const double back = std::atan2(m_occupied.m_dEast - m_foresight.m_dEast,
-                                 m_occupied.m_dNorth - m_foresight.m_dNorth);
-  m_backsightAzimuth = Computed(NormalizeAngle(AngleOfRadians(back), m_angles),
-                                m_foresight.m_dNorth, m_foresight.m_dEast);
-  m_backsight = m_station;
-  m_station = m_foresight.m_strName;
-  m_occupied = m_foresight;
-  FindHeights(RawRecordType::TR, m_station);
-  m_backsightWritten = false;
-  return PutStation() && PutBacksight();
-}
 
 }  // namespace
 

@@ -42,12 +42,8 @@ class SdrToRaw {
     FindCollimation();
     if (!ReadSettings()) return false;
     const platform::LocalTime now = CurrentLocalTime();
-    AppendTwoDigits(m_date, now.month);
-    AppendTwoDigits(m_date += L'-', now.day);
-    AppendInteger(m_date += L'-', now.year);
-    AppendTwoDigits(m_time, now.hour);
-    AppendTwoDigits(m_time += L':', now.minute);
-    AppendTwoDigits(m_time += L':', now.second);
+    m_date = FormatTime(L"m-d-Cy", now);
+    m_time = FormatTime(L"H:M:S", now);
 
     const std::int64_t length = m_sdr.GetLength();
     m_sdr.SeekToBegin();
@@ -64,17 +60,131 @@ class SdrToRaw {
     return false;
   }
 
-  bool CheckSdrKind();
-  bool HasGoodNames(int code) const;
-  void FindCollimation();
-  bool ReadSettings();
-  bool ReadHeader();
-  bool ConvertLine();
-  void WriteJob();
-  void WriteScale();
-  void WritePrism();
-  void WriteAtmosphere();
-  void WriteNote();
+  bool CheckSdrKind() {
+    m_sdr.SeekToBegin();
+    while (m_sdr.ReadLine(m_line)) {
+      const int code = GetSdrRecordCode(m_line);
+      if (code == kHeaderCode &&
+          Mid(m_line, kFirstColumn, m_layout.headerName.size()) != m_layout.headerName) {
+        return Refuse(m_layout.named ? kNotSdr33Text : kNotSdr2Text);
+      }
+      if (!HasGoodNames(code)) return Refuse(kNamedPointsText);
+    }
+    return true;
+  }
+
+  // Points of SDR2 are numbers of four digits.
+  bool HasGoodNames(int code) const {
+    if (m_layout.named) return true;
+    if (code == kSdrCode<SdrStation>) return !IsNonNumeric(Read<SdrStation>().name);
+    if (code == kSdrCode<SdrCoordinates>) return !IsNonNumeric(Read<SdrCoordinates>().name);
+    if (code != kSdrCode<SdrObservation>) return true;
+    const auto shot = Read<SdrObservation>();
+    return !IsNonNumeric(shot.station) && !IsNonNumeric(shot.target);
+  }
+
+  void FindCollimation() {
+    bool on = false;
+    m_sdr.SeekToBegin();
+    while (!on && m_sdr.ReadLine(m_line)) {
+      const int code = GetSdrRecordCode(m_line);
+      if (code == kSdrCode<SdrStation> || code == kSdrCode<SdrCoordinates>) break;
+      on = code == kCollimationCode;
+    }
+    m_collimation = on ? L"--COLLIMATION ON\n" : L"--COLLIMATION OFF\n";
+    m_pending.push_back(m_collimation);
+  }
+
+  bool ReadSettings() {
+    bool hasHeader = false;
+    m_sdr.SeekToBegin();
+    while (m_sdr.ReadLine(m_line)) {
+      const int code = GetSdrRecordCode(m_line);
+      if (code == kSdrCode<SdrScale>) m_mode.scale = Read<SdrScale>().scale;
+      if (code != kHeaderCode) continue;
+      if (!ReadHeader()) return Refuse(kNoHeaderText);
+      hasHeader = true;
+    }
+    return hasHeader || Refuse(kNoHeaderText);
+  }
+
+  /// False for a line that stops before its last setting. Other digits leave a unit as it is.
+  bool ReadHeader() {
+    if (m_line.size() < kHeaderSize) return false;
+    if (const auto angles = AngularUnitOfSdr(m_line[kSdrAngleUnitColumn])) {
+      m_mode.angleUnit = RawCodeOf(*angles);
+    }
+    if (const auto lengths = LinearUnitOfSdr(m_line[kSdrLengthUnitColumn])) {
+      m_mode.distanceUnit = RawCodeOf(*lengths);
+    }
+    return true;
+  }
+
+  /// False for a bad header. Points and observations don't go into the log.
+  bool ConvertLine() {
+    switch (GetSdrRecordCode(m_line)) {
+      case kHeaderCode:
+        // The comment stands twice in the log: once from the search, once from the header.
+        m_pending.push_back(m_collimation);
+        return ReadHeader();
+      case kSdrCode<SdrJob>:
+        WriteJob();
+        break;
+      case kSdrCode<SdrInstrument>:
+        WritePrism();
+        break;
+      case kSdrCode<SdrAtmosphere>:
+        WriteAtmosphere();
+        break;
+      case kSdrCode<SdrScale>:
+        WriteScale();
+        break;
+      case kSdrCode<SdrNote>:
+        WriteNote();
+        break;
+      default:
+        break;
+    }
+    return true;
+  }
+
+  void WriteJob() {
+    m_raw.WriteJB({Read<SdrJob>().name, m_date, m_time});
+    m_raw.WriteMO(m_mode);
+    m_jobWritten = true;
+    for (const std::wstring& comment : m_pending) m_raw.WriteComment(comment);
+  }
+
+  void WriteScale() {
+    const double scale = Read<SdrScale>().scale;
+    if (scale == m_mode.scale) return;
+    m_mode.scale = scale;
+    m_raw.WriteMO(m_mode);
+  }
+
+  void WritePrism() {
+    const auto instrument = Read<SdrInstrument>();
+    m_raw.WriteRecord(L"--PRISM CONSTANT %lf\n", {instrument.prismConstant});
+    m_raw.WriteRecord(L"--PRISM OFFSET %lf\n", {instrument.prismOffset});
+  }
+
+  void WriteAtmosphere() {
+    const bool metric = LinearUnitOfRaw(m_mode.distanceUnit) == LinearUnit::Metre;
+    const auto [pressure, temperature] = Read<SdrAtmosphere>();
+    m_raw.WriteRecord(
+        metric ? L"--TEMP %lf C\n--PRESS %lf MM\n" : L"--TEMP %lf F\n--PRESS %lf INCH\n",
+        {temperature, pressure});
+  }
+
+  void WriteNote() {
+    std::wstring note = L"--";
+    note.append(Read<SdrNote>().text).append(L"\n");
+    if (m_jobWritten) {
+      m_raw.WriteLine(note);
+    } else {
+      m_pending.push_back(std::move(note));
+    }
+  }
 
   template <class Record>
   Record Read() const {
@@ -93,132 +203,6 @@ class SdrToRaw {
   StringList m_pending;  // comments of before the job record
   bool m_jobWritten = false;
 };
-
-bool SdrToRaw::CheckSdrKind() {
-  m_sdr.SeekToBegin();
-  while (m_sdr.ReadLine(m_line)) {
-    const int code = GetSdrRecordCode(m_line);
-    if (code == kHeaderCode &&
-        Mid(m_line, kFirstColumn, m_layout.headerName.size()) != m_layout.headerName) {
-      return Refuse(m_layout.named ? kNotSdr33Text : kNotSdr2Text);
-    }
-    if (!HasGoodNames(code)) return Refuse(kNamedPointsText);
-  }
-  return true;
-}
-
-// Points of SDR2 are numbers of four digits.
-bool SdrToRaw::HasGoodNames(int code) const {
-  if (m_layout.named) return true;
-  if (code == kSdrCode<SdrStation>) return !IsNonNumeric(Read<SdrStation>().name);
-  if (code == kSdrCode<SdrCoordinates>) return !IsNonNumeric(Read<SdrCoordinates>().name);
-  if (code != kSdrCode<SdrObservation>) return true;
-  const auto shot = Read<SdrObservation>();
-  return !IsNonNumeric(shot.station) && !IsNonNumeric(shot.target);
-}
-
-void SdrToRaw::FindCollimation() {
-  bool on = false;
-  m_sdr.SeekToBegin();
-  while (!on && m_sdr.ReadLine(m_line)) {
-    const int code = GetSdrRecordCode(m_line);
-    if (code == kSdrCode<SdrStation> || code == kSdrCode<SdrCoordinates>) break;
-    on = code == kCollimationCode;
-  }
-  m_collimation = on ? L"--COLLIMATION ON\n" : L"--COLLIMATION OFF\n";
-  m_pending.push_back(m_collimation);
-}
-
-bool SdrToRaw::ReadSettings() {
-  bool hasHeader = false;
-  m_sdr.SeekToBegin();
-  while (m_sdr.ReadLine(m_line)) {
-    const int code = GetSdrRecordCode(m_line);
-    if (code == kSdrCode<SdrScale>) m_mode.scale = Read<SdrScale>().scale;
-    if (code != kHeaderCode) continue;
-    if (!ReadHeader()) return Refuse(kNoHeaderText);
-    hasHeader = true;
-  }
-  return hasHeader || Refuse(kNoHeaderText);
-}
-
-/// False for a line that stops before its last setting. Other digits leave a unit as it is.
-bool SdrToRaw::ReadHeader() {
-  if (m_line.size() < kHeaderSize) return false;
-  if (const auto angles = AngularUnitOfSdr(m_line[kSdrAngleUnitColumn])) {
-    m_mode.angleUnit = RawCodeOf(*angles);
-  }
-  if (const auto lengths = LinearUnitOfSdr(m_line[kSdrLengthUnitColumn])) {
-    m_mode.distanceUnit = RawCodeOf(*lengths);
-  }
-  return true;
-}
-
-/// False for a bad header. Points and observations don't go into the log.
-bool SdrToRaw::ConvertLine() {
-  switch (GetSdrRecordCode(m_line)) {
-    case kHeaderCode:
-      // The comment stands twice in the log: once from the search, once from the header.
-      m_pending.push_back(m_collimation);
-      return ReadHeader();
-    case kSdrCode<SdrJob>:
-      WriteJob();
-      break;
-    case kSdrCode<SdrInstrument>:
-      WritePrism();
-      break;
-    case kSdrCode<SdrAtmosphere>:
-      WriteAtmosphere();
-      break;
-    case kSdrCode<SdrScale>:
-      WriteScale();
-      break;
-    case kSdrCode<SdrNote>:
-      WriteNote();
-      break;
-    default:
-      break;
-  }
-  return true;
-}
-
-void SdrToRaw::WriteJob() {
-  m_raw.WriteJB({Read<SdrJob>().name, m_date, m_time});
-  m_raw.WriteMO(m_mode);
-  m_jobWritten = true;
-  for (const std::wstring& comment : m_pending) m_raw.WriteComment(comment);
-}
-
-void SdrToRaw::WritePrism() {
-  const auto instrument = Read<SdrInstrument>();
-  m_raw.WriteRecord(L"--PRISM CONSTANT %lf\n", {instrument.prismConstant});
-  m_raw.WriteRecord(L"--PRISM OFFSET %lf\n", {instrument.prismOffset});
-}
-
-void SdrToRaw::WriteAtmosphere() {
-  const bool metric = LinearUnitOfRaw(m_mode.distanceUnit) == LinearUnit::Metre;
-  const auto [pressure, temperature] = Read<SdrAtmosphere>();
-  m_raw.WriteRecord(
-      metric ? L"--TEMP %lf C\n--PRESS %lf MM\n" : L"--TEMP %lf F\n--PRESS %lf INCH\n",
-      {temperature, pressure});
-}
-
-void SdrToRaw::WriteScale() {
-  const double scale = Read<SdrScale>().scale;
-  if (scale == m_mode.scale) return;
-  m_mode.scale = scale;
-  m_raw.WriteMO(m_mode);
-}
-
-void SdrToRaw::WriteNote() {
-  std::wstring note = L"--";
-  note.append(Read<SdrNote>().text).append(L"\n");
-  if (m_jobWritten) {
-    m_raw.WriteLine(note);
-  } else {
-    m_pending.push_back(std::move(note));
-  }
-}
 
 }  // namespace
 

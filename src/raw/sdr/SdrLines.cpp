@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <iterator>
 
-#include "io/CParser.h"
 #include "io/Columns.h"
 
 namespace zelconvert {

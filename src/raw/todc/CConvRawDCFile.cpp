@@ -124,7 +124,7 @@ constexpr auto kHandlers = MakeHandlerTable<kRawRecordTypes, Kind, Handler>({
     {Kind::VA, Give<&Subjects::system, &CoordinateSystem::OnVerticalAdjust>},
     {Kind::CS, Give<&Subjects::system, &CoordinateSystem::OnNames>},
     {Kind::LM, Give<&Subjects::system, &CoordinateSystem::OnZone>},
-    {Kind::LH, Tell<&Subjects::system, &CoordinateSystem::OnLocalization>},
+    {Kind::LH, Tell<&Subjects::system, &CoordinateSystem::WriteNoSystem>},
     {Kind::SG, Give<&Subjects::system, &CoordinateSystem::OnGeoid>},
 });
 
@@ -188,10 +188,6 @@ CConvRawDCFile::CConvRawDCFile(CRawFile* raw, CDcFile* dc, bool writeUnusedPoint
       m_bWriteUnusedPoints(writeUnusedPoints),
       m_nVersion(version),
       m_strJobPath(std::move(jobPath)) {}
-
-bool CConvRawDCFile::ConvertToRaw(Report& /*report*/) {
-  return true;
-}
 
 bool CConvRawDCFile::ConvertFromRaw(Report& report) {
   m_pDc->SetMessages(&report.messages);

@@ -25,7 +25,7 @@ class CConvRawDCFile : public CConvRawFile {
                  std::wstring jobPath);
 
   /// There is no way from DC to raw: true, and nothing done.
-  bool ConvertToRaw(Report& report) override;
+  bool ConvertToRaw(Report& /*report*/) override { return true; }
   /// Runs once. Appends warnings and errors; on false the output is what was written so far.
   bool ConvertFromRaw(Report& report) override;
 

@@ -175,10 +175,6 @@ void CoordinateSystem::OnZone(const LM_RECORD& source) {
                         ReckonedUnit(m_pass.mode.firstAngleUnit), m_pass.dc);
 }
 
-void CoordinateSystem::OnLocalization() {
-  WriteNoSystem();
-}
-
 void CoordinateSystem::WriteNoSystem() {
   WriteNoCoordinateSystem(m_pass.dc, m_pass.index.FirstMode().scale);
 }

@@ -21,7 +21,7 @@ class CoordinateSystem {
   void OnVerticalAdjust(const VA_RECORD& source);    // VA
   void OnNames(const CS_RECORD& source);             // CS
   void OnZone(const LM_RECORD& source);              // LM
-  void OnLocalization();                             // LH
+  void WriteNoSystem();                              // LH
   void OnGeoid(const FILE_RECORD& geoid);            // SG
 
  private:
@@ -29,7 +29,6 @@ class CoordinateSystem {
   double SystemAngle(double v) const;
   double ProjectionAngle(double v) const;
   void FillProjection(const PJ_RECORD& source, tDC_PROJECTION_FIELDS& projection) const;
-  void WriteNoSystem();
 
   RawPass& m_pass;
 };

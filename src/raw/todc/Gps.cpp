@@ -1,6 +1,8 @@
 #include "raw/todc/Gps.h"
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <limits>
 
 #include "convert/GpsSecurity.h"
@@ -22,26 +24,16 @@ constexpr std::int32_t kDeletedClassStep = 5;
 constexpr std::int32_t kFirstDeletedClass = 6;
 
 enum class Role { Base, GetBase, VrsBase, Rover, Static, Other };
+constexpr std::wstring_view kRoles[] = {L"BASE", L"GETBASE", L"VRSBASE", L"ROVER", L"STATIC"};
 
 Role RoleOf(std::wstring_view text) {
-  if (text == L"BASE") return Role::Base;
-  if (text == L"GETBASE") return Role::GetBase;
-  if (text == L"VRSBASE") return Role::VrsBase;
-  if (text == L"ROVER") return Role::Rover;
-  if (text == L"STATIC") return Role::Static;
-  return Role::Other;
+  return static_cast<Role>(std::ranges::find(kRoles, text) - std::begin(kRoles));
 }
 
 /// The subtype of a GPS record.
 std::wstring_view SubtypeOf(std::wstring_view role) {
-  switch (RoleOf(role)) {
-    case Role::Base:
-    case Role::GetBase:
-    case Role::VrsBase:
-      return L"BA";
-    default:
-      return role == kKeyedIn ? kKeyedIn : std::wstring_view(L"XD");
-  }
+  if (RoleOf(role) <= Role::VrsBase) return L"BA";
+  return role == kKeyedIn ? kKeyedIn : std::wstring_view(L"XD");
 }
 
 /// 16 bits on every platform.

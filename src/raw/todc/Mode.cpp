@@ -1,7 +1,5 @@
 #include "raw/todc/Mode.h"
 
-#include "raw/Angles.h"
-
 namespace zelconvert {
 namespace {
 
@@ -27,14 +25,6 @@ void Mode::Set(const MO_RECORD& mode, const MO_RECORD& first) {
   unit = LinearUnitOfRaw(mode.distanceUnit);
   firstAngleUnit = AngularUnitOfRaw(first.angleUnit);
   angleUnit = AngularUnitOfRaw(mode.angleUnit);
-}
-
-double Mode::ToFirstAngleUnit(double v) const {
-  return ConvertAngleUnit(firstAngleUnit, angleUnit, v);
-}
-
-double Mode::Angle(double v) const {
-  return ToFirstAngleUnit(ReckonedAngle(v, angleUnit));
 }
 
 }  // namespace zelconvert

@@ -4,8 +4,8 @@
 
 #include <optional>
 
+#include "raw/Angles.h"
 #include "raw/RawRecords.h"
-#include "raw/RawUnits.h"
 
 namespace zelconvert {
 
@@ -27,9 +27,9 @@ struct Mode {
   /// A length as read, in the first unit. A null value stays.
   double Length(double v) const { return LengthInUnit(v, firstUnit, unit); }
   /// An angle that is reckoned in the current unit (decimal degrees or gons), in the first one.
-  double ToFirstAngleUnit(double v) const;
+  double ToFirstAngleUnit(double v) const { return ConvertAngleUnit(firstAngleUnit, angleUnit, v); }
   /// An angle as read, reckoned in the first unit.
-  double Angle(double v) const;
+  double Angle(double v) const { return ToFirstAngleUnit(ReckonedAngle(v, angleUnit)); }
 };
 
 }  // namespace zelconvert

@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <span>
 #include <string>
-#include <vector>
 
 #include "dc/CDcFile.h"
 #include "raw/RawRecords.h"

@@ -2,14 +2,6 @@
 
 namespace zelconvert {
 
-void Rounds::OnBacksightShot(const ROUND_BACKSIGHT_RECORD& shot) {
-  m_set.backsightShots.push_back(ToRoundShot(shot));
-}
-
-void Rounds::OnForesightShot(const ROUND_FORESIGHT_RECORD& shot) {
-  m_set.foresightShots.push_back(ToRoundShot(shot));
-}
-
 ROUND_SHOT Rounds::ToRoundShot(const ROUND_SHOT_RECORD& shot) const {
   const Mode& mode = m_pass.mode;
   ROUND_SHOT kept;

@@ -15,11 +15,15 @@ class Rounds {
  public:
   explicit Rounds(RawPass& pass) : m_pass(pass) {}
 
-  void OnBacksightShot(const ROUND_BACKSIGHT_RECORD& shot);  // RB
-  void OnForesightShot(const ROUND_FORESIGHT_RECORD& shot);  // RF
-  void OnDirection(const DIRECTION_RECORD& direction);       // RD
-  void OnSetDistance(const SET_DISTANCE_RECORD& distance);   // MD
-  void Clear() { m_set = {}; }                               // RS, OB, a setup
+  void OnBacksightShot(const ROUND_BACKSIGHT_RECORD& shot) {  // RB
+    m_set.backsightShots.push_back(ToRoundShot(shot));
+  }
+  void OnForesightShot(const ROUND_FORESIGHT_RECORD& shot) {  // RF
+    m_set.foresightShots.push_back(ToRoundShot(shot));
+  }
+  void OnDirection(const DIRECTION_RECORD& direction);      // RD
+  void OnSetDistance(const SET_DISTANCE_RECORD& distance);  // MD
+  void Clear() { m_set = {}; }                              // RS, OB, a setup
 
   /// At a shot. True if a set has been reduced.
   bool End(const std::wstring& station, const std::wstring& backsight, std::wstring_view foresight);

@@ -106,10 +106,6 @@ void StakeOut::OnStakeShot(const STAKE_SHOT_RECORD& shot) {
   if (!deleted) m_pass.observed.Insert(target);
 }
 
-void StakeOut::OnCheckPoint(const NAME_RECORD& /*name*/) {
-  Flush();
-}
-
 /// After a stored GPS point a stake is written at once, unless details of it follow.
 bool StakeOut::IsStakeDue() {
   if (!m_isGpsPointStored || m_pass.index.NextIsStakeDetail(m_pass.line)) return false;

@@ -23,7 +23,7 @@ class StakeOut {
   void OnStakedDelta(const STAKED_DELTA_RECORD& delta);    // SD
   void OnStationError(const STATION_ERROR_RECORD& error);  // OE
   void OnStakeShot(const STAKE_SHOT_RECORD& shot);         // SK
-  void OnCheckPoint(const NAME_RECORD& name);              // GK
+  void OnCheckPoint(const NAME_RECORD&) { Flush(); }       // GK
 
   /// A GPS point was stored: the next stake needs no shot.
   void OnPointStored(const CZelPoint& point);
