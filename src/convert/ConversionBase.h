@@ -16,6 +16,12 @@ struct Report {
   StringList files;     ///< the paths of the files made
   StringList messages;  ///< warnings and errors, in the order they arose
   StringList beside;    ///< files made beside the output, which no host is told of: those of roads
+
+  /// Says why a run ends, and is false.
+  bool Refuse(std::wstring_view text) {
+    messages.emplace_back(text);
+    return false;
+  }
 };
 
 /// What a host asks for. The types are its numbers, unchecked.

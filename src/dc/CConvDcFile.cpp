@@ -1,7 +1,5 @@
 #include "dc/CConvDcFile.h"
 
-#include <utility>
-
 #include "convert/CConvertProgress.h"
 #include "dc/DcDialect.h"
 #include "dc/DcUnits.h"
@@ -108,24 +106,16 @@ class JobToDc {
 
   bool WritePoints() {
     const std::int64_t size = m_job.GetFile().GetLength();
-    JOB_POINT point;
-    JOB_POINT_EX pointEx;
+    JOB_POINT_EX point;
     JobKind kind = JobKind::Unused;
     std::int64_t position = 0;
     std::uint32_t length = 0;
     if (!m_job.SeekToFirstRecord()) return false;
     while (m_job.ReadNextRecordHead(kind, position, length)) {
       m_progress.SetPosition(position, size);
-      bool done = false;
-      if (kind == JobKind::Point) {
-        point.attributeLink = 0;  // the old form has none
-        done = m_job.ReadPoint(point) && WritePoint(point);
-      } else if (kind == JobKind::PointEx) {
-        pointEx.attributeLink = 0;
-        done = m_job.ReadPointEx(pointEx) && WritePoint(pointEx);
-      } else {
-        done = m_job.SkipRecord();
-      }
+      point.attributeLink = 0;  // the old form has none
+      const bool done =
+          IsPoint(kind) ? m_job.ReadAnyPoint(point) && WritePoint(point) : m_job.SkipRecord();
       if (!done) return false;
     }
     return true;
@@ -207,20 +197,9 @@ class JobToDc {
 
 }  // namespace
 
-CConvDcFile::CConvDcFile(CDcFile* dcFile, CJobFile* jobFile, int version)
-    : CConvFile(dcFile, jobFile),
-      m_nVersion(version),
-      m_pFeatureData(std::make_unique<CFeatureCodeData>()) {}
-
-void CConvDcFile::SetFeatureData(std::unique_ptr<CFeatureCodeData> data) {
-  m_pFeatureData = std::move(data);
-  m_bFeatureData = m_pFeatureData != nullptr;
-}
-
 bool CConvDcFile::ConvertFromNative(Report& report) {
   m_pFile1->SetMessages(&report.messages);
-  const CFeatureCodeData* features = m_bFeatureData ? m_pFeatureData.get() : nullptr;
-  return JobToDc(*m_pFile2, *m_pFile1, m_nVersion, features).Convert();
+  return JobToDc(*m_pFile2, *m_pFile1, m_nVersion, m_pFeatureData.get()).Convert();
 }
 
 }  // namespace zelconvert

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <memory>
+#include <utility>
 
 #include "convert/ConversionBase.h"
 #include "dc/CDcFile.h"
@@ -16,7 +17,8 @@ class CConvDcFile : public CConvFile<CDcFile, CJobFile> {
  public:
   /// version: dialect of a DC file that is written, 0 to 3: "FX V07-50", "FX V07-70" and twice
   /// "FX V10-70". Others can't be written.
-  CConvDcFile(CDcFile* dcFile, CJobFile* jobFile, int version);
+  CConvDcFile(CDcFile* dcFile, CJobFile* jobFile, int version)
+      : CConvFile(dcFile, jobFile), m_nVersion(version) {}
 
   /// DC to job.
   bool ConvertToNative(Report& report) override;
@@ -25,12 +27,11 @@ class CConvDcFile : public CConvFile<CDcFile, CJobFile> {
 
   /// Switches feature records on: they follow the position of each point that `data` can decode.
   /// No route does so.
-  void SetFeatureData(std::unique_ptr<CFeatureCodeData> data);
+  void SetFeatureData(std::unique_ptr<CFeatureCodeData> data) { m_pFeatureData = std::move(data); }
 
  private:
   int m_nVersion;
-  std::unique_ptr<CFeatureCodeData> m_pFeatureData;
-  bool m_bFeatureData = false;
+  std::unique_ptr<CFeatureCodeData> m_pFeatureData;  // null: no feature records
 };
 
 }  // namespace zelconvert

@@ -220,21 +220,13 @@ class DcToJob {
   // A job's grid grows north and east, or south and west with azimuths from south.
   bool TakeGridOrientation(std::int32_t gridOrientation) {
     CGlkProjectionRecord& system = m_system.Record();
-    switch (gridOrientation) {
-      case 1:
-        system.gridOrientation1 = system.gridOrientation2 = 0;
-        return true;
-      case 2:
-        if (m_nAzmDir == 0) return Refuse(Text::SouthWestGrid);
-        SetFlags(kJobFlagSouthAzimuth, 0);
-        system.gridOrientation1 = system.gridOrientation2 = 1;
-        return true;
-      case 3:
-      case 4:
-        return Refuse(Text::CrossedGrid);
-      default:
-        return true;
-    }
+    if (gridOrientation == 3 || gridOrientation == 4) return Refuse(Text::CrossedGrid);
+    if (gridOrientation == 1) system.gridOrientation1 = system.gridOrientation2 = 0;
+    if (gridOrientation != 2) return true;
+    if (m_nAzmDir == 0) return Refuse(Text::SouthWestGrid);
+    SetFlags(kJobFlagSouthAzimuth, 0);
+    system.gridOrientation1 = system.gridOrientation2 = 1;
+    return true;
   }
 
   bool TakeScaleWithoutProjection(double scale) {

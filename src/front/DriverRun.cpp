@@ -61,8 +61,7 @@ class OutputGuard {
 };
 
 bool Fail(Report& report, DriverText text, const std::wstring& path) {
-  report.messages.push_back(FormatDriverText(text, path));
-  return false;
+  return report.Refuse(FormatDriverText(text, path));
 }
 
 // Conversions report what they expect to go wrong by a result. What their formats have no answer
@@ -84,14 +83,10 @@ FileState CloseAll(const DriverRun& run) {
 // To a reader a broken drive looks like the end of the file, so only here it shows that the
 // conversion isn't whole.
 bool Finish(const ConvertRequest& request, Report& report, const DriverRun& run, bool converted) {
-  switch (CloseAll(run)) {
-    case FileState::WriteFailed:
-      return Fail(report, DriverText::CannotWrite, request.output);
-    case FileState::ReadFailed:
-      return converted && Fail(report, DriverText::CannotConvert, request.input);
-    default:
-      return converted;
-  }
+  const FileState state = CloseAll(run);
+  if (state == FileState::WriteFailed) return Fail(report, DriverText::CannotWrite, request.output);
+  if (state == FileState::Intact) return converted;
+  return converted && Fail(report, DriverText::CannotConvert, request.input);
 }
 
 }  // namespace

@@ -62,8 +62,7 @@ const Row& Find(const Row (&rows)[size], int type) {
 }
 
 bool Refuse(Report& report) {
-  report.messages.push_back(FormatDriverText(DriverText::NotSupported));
-  return false;
+  return report.Refuse(FormatDriverText(DriverText::NotSupported));
 }
 
 bool CreateOutput(CFileCE& file, const std::wstring& path) {
@@ -121,8 +120,7 @@ bool PairToDc(const ConvertRequest& pair, std::wstring_view extension, Report& r
   request.input += extension;
   const bool isInput = platform::IsSameFile(input, pair.output);
   if (isInput && FileExists(request.input)) {
-    report.messages.push_back(FormatDriverText(DriverText::CannotCreate, pair.output));
-    return false;
+    return report.Refuse(FormatDriverText(DriverText::CannotCreate, pair.output));
   }
   if (ReduceRaw(request, report, true)) return true;
   if (!isInput && !platform::IsSameFile(request.input, pair.output) && !IsSameJob(pair)) {

@@ -45,8 +45,7 @@ const Route* FindRoute(int inputType, int outputType) {
 bool RunConversion(const ConvertRequest& request, Report& report) {
   const Route* route = FindRoute(request.inputType, request.outputType);
   if (route != nullptr) return route->run(request, report);
-  report.messages.push_back(FormatDriverText(DriverText::NotSupported));
-  return false;
+  return report.Refuse(FormatDriverText(DriverText::NotSupported));
 }
 
 }  // namespace zelconvert

@@ -122,17 +122,16 @@ bool SetStatePlaneProjection(const Indices& indices, const ZoneRow* zone, Record
 }
 
 bool SetProjectionByTable(const Indices& indices, Record& record) {
-  switch (indices.GetCoordSystem()) {
-    case Indices::kStatePlane1927:
-      return SetStatePlaneProjection(indices, FindStatePlane1927(indices.GetZone()), record);
-    case Indices::kStatePlane1983:
-      return SetStatePlaneProjection(indices, FindStatePlane1983(indices.GetZone()), record);
-    case Indices::kUtm:
-      SetUtmProjection(indices, 0, record);
-      return true;
-    default:  // custom zones included: their files aren't read here
-      return false;
+  const std::int32_t system = indices.GetCoordSystem();
+  if (system == Indices::kStatePlane1927) {
+    return SetStatePlaneProjection(indices, FindStatePlane1927(indices.GetZone()), record);
   }
+  if (system == Indices::kStatePlane1983) {
+    return SetStatePlaneProjection(indices, FindStatePlane1983(indices.GetZone()), record);
+  }
+  if (system != Indices::kUtm) return false;  // custom zones included: their files aren't read here
+  SetUtmProjection(indices, 0, record);
+  return true;
 }
 
 bool SetProjectionWithMolodensky(const Indices& indices, Record& record) {
@@ -143,14 +142,11 @@ bool SetProjectionWithMolodensky(const Indices& indices, Record& record) {
 
 bool Fill(const Indices& indices, Record& record) {
   if (indices.GetZone() == kNoZone) return false;
-  switch (indices.GetMethod()) {
-    case Indices::kByTable:
-      return SetProjectionByTable(indices, record) && SetDatum(indices, record);
-    case Indices::kWithMolodenskyDatum:
-      return SetProjectionWithMolodensky(indices, record) && SetMolodenskyDatum(indices, record);
-    default:
-      return false;
+  if (indices.GetMethod() == Indices::kByTable) {
+    return SetProjectionByTable(indices, record) && SetDatum(indices, record);
   }
+  return indices.GetMethod() == Indices::kWithMolodenskyDatum &&
+         SetProjectionWithMolodensky(indices, record) && SetMolodenskyDatum(indices, record);
 }
 
 }  // namespace
@@ -198,28 +194,21 @@ void SetProjection(const Indices& indices, ZoneKind kind, const ProjectionRow& r
   record.falseEasting = row.falseEasting;
   record.falseNorthing = row.p3;
   std::uint16_t id = 0;
-  switch (kind) {
-    case ZoneKind::TransverseMercator:
-    case ZoneKind::TransverseMercatorToo:
-      id = kTransverseMercator;
-      record.originLatitude = Radians(row.p3);
-      record.scale = ScaleOf(row.p4);
-      record.falseNorthing = row.p5;
-      break;
-    case ZoneKind::ObliqueMercator:
-      id = kObliqueMercator;
-      record.parallel1 = row.p4;
-      record.originLatitude = Radians(row.p5);
-      record.scale = ScaleOf(row.p6);
-      break;
-    case ZoneKind::LambertTwoParallels:
-      id = kLambertTwoParallels;
-      record.parallel1 = Radians(row.p5);
-      record.parallel2 = Radians(row.p4);
-      record.originLatitude = Radians(row.p6);
-      break;
-    case ZoneKind::None:
-      break;
+  if (kind == ZoneKind::TransverseMercator || kind == ZoneKind::TransverseMercatorToo) {
+    id = kTransverseMercator;
+    record.originLatitude = Radians(row.p3);
+    record.scale = ScaleOf(row.p4);
+    record.falseNorthing = row.p5;
+  } else if (kind == ZoneKind::ObliqueMercator) {
+    id = kObliqueMercator;
+    record.parallel1 = row.p4;
+    record.originLatitude = Radians(row.p5);
+    record.scale = ScaleOf(row.p6);
+  } else if (kind == ZoneKind::LambertTwoParallels) {
+    id = kLambertTwoParallels;
+    record.parallel1 = Radians(row.p5);
+    record.parallel2 = Radians(row.p4);
+    record.originLatitude = Radians(row.p6);
   }
   record.horizontalType = 1;
   record.projectionId = id;

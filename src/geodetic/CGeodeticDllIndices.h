@@ -77,17 +77,4 @@ bool SetDatum(const CGeodeticDllIndices& indices, CGlkProjectionRecord& record);
 /// The datum of a system with a Molodensky datum; the datum index is the row of the shift table.
 bool SetMolodenskyDatum(const CGeodeticDllIndices& indices, CGlkProjectionRecord& record);
 
-/// Indices together with the record they fill.
-class CGeodeticDllSystem : public CGeodeticDllIndices {
- public:
-  CGeodeticDllSystem() { m_record.zoneGroupName = kZoneGroupName; }
-
-  /// False, with the record as it was, where FillProjectionRecord is.
-  bool Fill() { return FillProjectionRecord(*this, m_record); }
-  const CGlkProjectionRecord& GetRecord() const { return m_record; }
-
- private:
-  CGlkProjectionRecord m_record;
-};
-
 }  // namespace zelconvert

@@ -1,7 +1,6 @@
 #include "ilj/CConvDCtoILJ.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstdint>
 #include <iterator>
 #include <optional>
@@ -71,19 +70,13 @@ constexpr double Radians(double degrees) {
 }
 
 double PpmToFactor(double ppm) {
-  if (ppm > 0) return 1 + ppm * 1e-6;
-  if (ppm < 0) return 1 - std::fabs(ppm) * 1e-6;
-  return 1;
-}
-
-constexpr bool IsNameBlank(wchar_t c) {
-  return c == L' ' || (c >= L'\a' && c <= L'\f');  // a carriage return isn't one
+  return 1 + ppm * 1e-6;
 }
 
 constexpr std::wstring_view TrimName(std::wstring_view name) {
-  while (!name.empty() && IsNameBlank(name.front())) name.remove_prefix(1);
-  while (!name.empty() && IsNameBlank(name.back())) name.remove_suffix(1);
-  return name;
+  constexpr std::wstring_view kBlanks = L" \a\b\t\n\v\f";  // a carriage return isn't one
+  name.remove_suffix(name.size() - 1 - name.find_last_not_of(kBlanks));
+  return name.substr(std::min(name.find_first_not_of(kBlanks), name.size()));
 }
 
 // One run.

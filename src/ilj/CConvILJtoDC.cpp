@@ -11,6 +11,7 @@
 #include "dc/CDcFile.h"
 #include "dc/DcUnits.h"
 #include "dc/ProjectionCodes.h"
+#include "dc/WriteCoordinateSystem.h"
 #include "ilj/CIljDcEnumMapper.h"
 #include "ilj/CMoskoJobRecord.h"
 #include "ilj/IljUnits.h"
@@ -42,13 +43,6 @@ double Degrees(double radians) {
   return FromRadians(radians, AngularUnit::DecimalDegrees);
 }
 
-// The parts per million by which a factor differs from 1. Null and what is no factor give 0.
-constexpr double ScaleOutPpm(double factor) {
-  if (factor > 1) return (factor - 1) * 1000000;
-  if (factor > 0 && factor < 1) return -(1 - factor) * 1000000;
-  return 0;
-}
-
 // A file's name without what leads there and without its extension. Only "\" leads: these are names
 // inside the data, of whatever machine wrote them.
 std::wstring_view BareName(std::wstring_view path) {
@@ -75,19 +69,14 @@ void FillDescription(Dc& dc, Record record) {
 // One run.
 class IljToDc {
  public:
-  IljToDc(CDcFile& dc, CTextFile& ilj, StringList& messages)
-      : m_dc(dc), m_ilj(ilj), m_messages(messages) {}
+  IljToDc(CDcFile& dc, CTextFile& ilj, Report& report) : m_dc(dc), m_ilj(ilj), m_report(report) {}
 
   bool Run() {
     CConvertProgress progress;
     progress.Start();
-    if (!InitialScan()) {
-      m_messages.emplace_back(kScanFailed);
-      return false;
-    }
+    if (!InitialScan()) return m_report.Refuse(kScanFailed);
     if (CMoskoJobRecordJobMode(m_jobMode).Value<"UNDI">() == -1) {
-      m_messages.emplace_back(kNoJobMode);
-      return false;
+      return m_report.Refuse(kNoJobMode);
     }
     TakeUnits();
     WriteHead();
@@ -219,8 +208,8 @@ class IljToDc {
     const bool isValid = m_record.ParseText(fields);
     if (isValid && (this->*row.carry)()) return true;
     const std::wstring_view label = IljLayoutOf(type).tag.View();
-    m_messages.push_back(isValid ? FormatRecordParseError(m_index, label)
-                                 : FormatRecordReadError(m_index, label));
+    m_report.messages.push_back(isValid ? FormatRecordParseError(m_index, label)
+                                        : FormatRecordReadError(m_index, label));
     return row.failure == kGoesOn;
   }
 
@@ -242,16 +231,10 @@ class IljToDc {
 
   bool CarryPoint() {
     const CMoskoJobRecordPoint point(m_record);
-    switch (point.Value<"CDTY">()) {
-      case ilj::kGpsCoordinates:
-        return WriteGeodetic(m_gpsPosition, point);
-      case ilj::kLocalCoordinates:
-        return WriteGeodetic(m_localPosition, point);
-      case ilj::kGridCoordinates:
-        return WriteGrid(point);
-      default:  // a point without a position has no DC form
-        return false;
-    }
+    const std::int32_t kind = point.Value<"CDTY">();
+    if (kind == ilj::kGpsCoordinates) return WriteGeodetic(m_gpsPosition, point);
+    if (kind == ilj::kLocalCoordinates) return WriteGeodetic(m_localPosition, point);
+    return kind == ilj::kGridCoordinates && WriteGrid(point);  // others have no DC form
   }
 
   // Tells where the data of a survey lies. A file of the first kind is left out when the start of
@@ -377,7 +360,7 @@ class IljToDc {
     datum.rotationX = AngleOut(turned ? record.Value<"ROTX">() : 0);
     datum.rotationY = AngleOut(turned ? record.Value<"ROTY">() : 0);
     datum.rotationZ = AngleOut(turned ? record.Value<"ROTZ">() : 0);
-    datum.scale = ScaleOutPpm(turned ? record.Value<"SCPP">() : 0);
+    datum.scale = ScaleToPpm(turned ? record.Value<"SCPP">() : 0);
     return Write(datum);
   }
 
@@ -558,7 +541,7 @@ class IljToDc {
 
   CDcFile& m_dc;
   CTextFile& m_ilj;
-  StringList& m_messages;
+  Report& m_report;
 
   // What the first pass finds.
   CMoskoJobRecord m_jobMode{CMoskoJobRecordJobMode::kType};
@@ -581,7 +564,7 @@ class IljToDc {
 }  // namespace
 
 bool CConvILJtoDC::Convert(CDcFile& dcFile, CTextFile& iljFile, Report& report) {
-  return IljToDc(dcFile, iljFile, report.messages).Run();
+  return IljToDc(dcFile, iljFile, report).Run();
 }
 
 }  // namespace zelconvert

@@ -20,11 +20,6 @@ IljFieldType TypeOf(std::wstring_view tag) {
   return static_cast<IljFieldType>(kIljFieldMap.GetType(tag));
 }
 
-bool IsMoment(IljFieldType type) {
-  const IljFieldKind kind = IljLayoutOf(type).form.kind;
-  return kind == IljFieldKind::Date || kind == IljFieldKind::Time;
-}
-
 }  // namespace
 
 bool ilj::IsWholePoint(const CMoskoJobRecord& point) {
@@ -32,15 +27,9 @@ bool ilj::IsWholePoint(const CMoskoJobRecord& point) {
     return !point.HasAny("NRTH EAST ELEV LATI LONG HGHT") && point.HasAny("DESC CDOR CDCL");
   }
   if (!point.HasAll("CDOR CDCL")) return false;
-  switch (point.GetInteger(IljFieldTypeOf("CDTY"))) {
-    case kGpsCoordinates:
-    case kLocalCoordinates:
-      return point.HasAll("LATI LONG HGHT");
-    case kGridCoordinates:
-      return point.HasAll("NRTH EAST") || point.HasAll("ELEV");
-    default:
-      return false;
-  }
+  const std::int32_t kind = point.GetInteger(IljFieldTypeOf("CDTY"));
+  if (kind == kGridCoordinates) return point.HasAll("NRTH EAST") || point.HasAll("ELEV");
+  return (kind == kGpsCoordinates || kind == kLocalCoordinates) && point.HasAll("LATI LONG HGHT");
 }
 
 void CMoskoJobRecord::Restart(IljRecordType type) {
@@ -83,7 +72,7 @@ bool CMoskoJobRecord::IsValid() const {
 bool CMoskoJobRecord::ParseField(std::wstring_view text, bool momentsAlone) {
   if (text.size() > kIljFieldTagLength && text[kIljFieldTagLength] != L':') return false;
   const IljFieldType type = TypeOf(Left(text, kIljFieldTagLength));
-  if (momentsAlone && !IsMoment(type)) return false;
+  if (momentsAlone && !IsMoment(IljLayoutOf(type).form.kind)) return false;
   CMoskoJobRecordField* field = GetField(Layout().Find(type));
   if (field == nullptr) return false;
   field->SetText(Mid(text, kIljFieldTagLength + 1));

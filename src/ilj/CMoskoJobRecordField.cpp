@@ -78,20 +78,12 @@ bool IsPointName(std::wstring_view name) {
 
 bool CMoskoJobRecordField::IsValid() const {
   const IljFieldForm& form = Form();
-  switch (form.kind) {
-    case IljFieldKind::Text:
-      return !m_string.empty();
-    case IljFieldKind::PointName:
-      return IsPointName(m_string);
-    case IljFieldKind::Date:
-    case IljFieldKind::Time:
-      return m_number != 0;
-    case IljFieldKind::Real:
-      return form.accepts(m_number);
-    default:
-      return m_number >= form.low && m_number <= form.high &&
-             m_number != static_cast<double>(form.except);
-  }
+  if (form.kind == IljFieldKind::Text) return !m_string.empty();
+  if (form.kind == IljFieldKind::PointName) return IsPointName(m_string);
+  if (form.kind == IljFieldKind::Real) return form.accepts(m_number);
+  if (IsMoment(form.kind)) return m_number != 0;
+  return m_number >= form.low && m_number <= form.high &&
+         m_number != static_cast<double>(form.except);
 }
 
 void CMoskoJobRecordField::SetText(std::wstring_view value) {
@@ -115,26 +107,14 @@ void CMoskoJobRecordField::SetText(std::wstring_view value) {
 
 void CMoskoJobRecordField::AppendText(std::wstring& line) const {
   const IljFieldKind kind = Form().kind;
-  const bool isMoment = kind == IljFieldKind::Date || kind == IljFieldKind::Time;
-  if (isMoment && m_number == 0) return;
+  if (IsMoment(kind) && m_number == 0) return;
   line.append(IljLayoutOf(m_type).tag.text, kIljFieldTagLength + 1);
-  switch (kind) {
-    case IljFieldKind::Text:
-    case IljFieldKind::PointName:
-      line.append(m_string);
-      break;
-    case IljFieldKind::Date:
-      AppendDate(line, static_cast<std::int64_t>(m_number));
-      break;
-    case IljFieldKind::Time:
-      AppendTime(line, static_cast<std::int64_t>(m_number));
-      break;
-    case IljFieldKind::Real:
-      AppendFixed(line, m_number, m_decimals);
-      break;
-    default:
-      AppendInteger(line, static_cast<std::int32_t>(m_number));
-  }
+  if (IsText(kind)) return static_cast<void>(line.append(m_string));
+  if (kind == IljFieldKind::Real) return AppendFixed(line, m_number, m_decimals);
+  const auto number = static_cast<std::int64_t>(m_number);
+  if (kind == IljFieldKind::Date) return AppendDate(line, number);
+  if (kind == IljFieldKind::Time) return AppendTime(line, number);
+  AppendInteger(line, static_cast<std::int32_t>(number));
 }
 
 std::wstring CMoskoJobRecordField::GetText() const {

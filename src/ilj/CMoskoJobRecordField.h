@@ -28,6 +28,13 @@ enum class IljFieldKind : std::uint8_t {
   Real
 };
 
+constexpr bool IsText(IljFieldKind kind) {
+  return kind == IljFieldKind::Text || kind == IljFieldKind::PointName;
+}
+constexpr bool IsMoment(IljFieldKind kind) {
+  return kind == IljFieldKind::Date || kind == IljFieldKind::Time;
+}
+
 /// How a field prints, what it holds when unset and which values are valid.
 struct IljFieldForm {
   IljFieldKind kind = IljFieldKind::Text;
@@ -242,11 +249,10 @@ class IljField {
  public:
   static constexpr IljFieldType kType = IljFieldTypeOf(tag);
   static constexpr IljFieldKind kKind = IljLayoutOf(kType).form.kind;
-  static constexpr bool kIsText = kKind == IljFieldKind::Text || kKind == IljFieldKind::PointName;
-  static constexpr bool kIsMoment = kKind == IljFieldKind::Date || kKind == IljFieldKind::Time;
-  using Number = std::conditional_t<kKind == IljFieldKind::Real, double,
-                                    std::conditional_t<kIsMoment, std::int64_t, std::int32_t>>;
-  using Value = std::conditional_t<kIsText, std::wstring_view, Number>;
+  using Number =
+      std::conditional_t<kKind == IljFieldKind::Real, double,
+                         std::conditional_t<IsMoment(kKind), std::int64_t, std::int32_t>>;
+  using Value = std::conditional_t<IsText(kKind), std::wstring_view, Number>;
 
   explicit IljField(CMoskoJobRecordField& field) : m_field(field) {}
 
@@ -254,7 +260,7 @@ class IljField {
   void Clear() const { m_field.Clear(); }
   /// A text is the record's: it is gone with the next value.
   Value GetValue() const {
-    if constexpr (kIsText) {
+    if constexpr (IsText(kKind)) {
       return m_field.GetString();
     } else {
       return static_cast<Value>(m_field.GetNumber());
@@ -262,7 +268,7 @@ class IljField {
   }
   /// Checks nothing.
   void SetValue(Value value) const {
-    if constexpr (kIsText) {
+    if constexpr (IsText(kKind)) {
       m_field.SetString(value);
     } else {
       m_field.SetNumber(static_cast<double>(value));

@@ -2,6 +2,7 @@
 // units are mapped to these at its edge and go no further.
 #pragma once
 
+#include <cmath>
 #include <cstdint>
 
 namespace zelconvert {
@@ -66,11 +67,26 @@ constexpr double FullCircle(AngularUnit unit) {
 }
 /// Decimal degrees of DDD.MMSSsss, sign kept, nothing wrapped; null stays as it is. A nudge far
 /// below the millisecond keeps 59.999... seconds from losing a minute.
-double DegreesFromDms(double value);
+inline double DegreesFromDms(double value) {
+  if (value == 0 || IsNull(value)) return value;
+  const double dms = std::fabs(value);
+  const double degrees = std::trunc(dms);
+  const double hundredths = (dms - degrees + 5e-14) * 100;
+  const double minutes = std::trunc(hundredths);
+  const double rest = hundredths - minutes + 5e-12;  // seconds / 100
+  return std::copysign(degrees + minutes / 60 + rest / 36, value);
+}
 /// `value`, an angle in `unit`, in radians. Null stays as it is.
-double ToRadians(double value, AngularUnit unit);
+inline double ToRadians(double value, AngularUnit unit) {
+  if (IsNull(value) || unit == AngularUnit::Radian) return value;
+  if (unit == AngularUnit::DegreesMinutesSeconds) value = DegreesFromDms(value);
+  return value * kPi / (FullCircle(unit) / 2);
+}
 /// `value`, an angle in radians, in `unit`, which isn't DegreesMinutesSeconds: nothing writes these
 /// from radians. Null stays as it is.
-double FromRadians(double value, AngularUnit unit);
+inline double FromRadians(double value, AngularUnit unit) {
+  if (IsNull(value) || unit == AngularUnit::Radian) return value;
+  return value * (FullCircle(unit) / 2) / kPi;
+}
 
 }  // namespace zelconvert

@@ -172,8 +172,8 @@ class Cr5ToJob {
 /// One run from a job to a CR5 file.
 class JobToCr5 {
  public:
-  JobToCr5(CJobFile& job, CFileCE& cr5, bool sequential, StringList& messages)
-      : m_job(job), m_cr5(cr5), m_bSequential(sequential), m_messages(messages) {}
+  JobToCr5(CJobFile& job, CFileCE& cr5, bool sequential, Report& report)
+      : m_job(job), m_cr5(cr5), m_bSequential(sequential), m_report(report) {}
 
   bool Convert() {
     JOB_HEADER header;
@@ -188,7 +188,8 @@ class JobToCr5 {
     if (!(m_bSequential ? WriteSequential(sorted) : WritePlain(sorted))) return false;
 
     // Unreachable as long as such points are refused above.
-    if (m_nAlphanumeric > 0) m_messages.push_back(FormatText(kRenumberedText, m_nRenumberStart));
+    if (m_nAlphanumeric > 0)
+      m_report.messages.push_back(FormatText(kRenumberedText, m_nRenumberStart));
     return true;
   }
 
@@ -237,13 +238,9 @@ class JobToCr5 {
   bool CollectRecords() {
     JOB_POINT_EX point;
     return ForEachPoint(1, [&] {
-      // Of the two readers the one whose kind it isn't reads nothing.
-      if (!m_job.ReadPoint(point) || !m_job.ReadPointEx(point)) return false;
+      if (!m_job.ReadAnyPoint(point)) return false;
       const auto number = PointNumber(point.name);
-      if (!number) {
-        m_messages.emplace_back(kInvalidNumbersText);
-        return false;
-      }
+      if (!number) return m_report.Refuse(kInvalidNumbersText);
       AddRecord(point, *number);
       return true;
     });
@@ -289,7 +286,7 @@ class JobToCr5 {
   CJobFile& m_job;
   CFileCE& m_cr5;
   bool m_bSequential;
-  StringList& m_messages;
+  Report& m_report;
   CConvertProgress m_progress;
   double m_unitsPerMetre = 1;
   std::size_t m_nPoints = 0;
@@ -308,7 +305,7 @@ bool CConvCR5File::ConvertToNative(Report& /*report*/) {
 }
 
 bool CConvCR5File::ConvertFromNative(Report& report) {
-  return JobToCr5(*m_pFile2, *m_pFile1, m_bSequential, report.messages).Convert();
+  return JobToCr5(*m_pFile2, *m_pFile1, m_bSequential, report).Convert();
 }
 
 }  // namespace zelconvert

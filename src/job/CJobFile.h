@@ -118,6 +118,10 @@ class CJobFile {
 
   [[nodiscard]] bool ReadPoint(JOB_POINT& record) { return Read(record); }
   [[nodiscard]] bool ReadPointEx(JOB_POINT_EX& record) { return Read(record); }
+  /// Of either kind.
+  [[nodiscard]] bool ReadAnyPoint(JOB_POINT_EX& record) {
+    return ReadPoint(record) && ReadPointEx(record);  // the one whose kind it isn't reads nothing
+  }
   [[nodiscard]] bool ReadRecord15(JOB_RECORD15& record) { return Read(record); }
   [[nodiscard]] bool ReadRecord16(JOB_RECORD16& record) { return Read(record); }
   [[nodiscard]] bool ReadRecord4(JOB_RECORD4& record) { return Read(record); }

@@ -95,17 +95,14 @@ class RawToJxl {
   RawToJxl(CRawFile& raw, CJxlFile& jxl) : m_raw(raw), m_jxl(jxl) {}
 
   /// False, with a text, for a bad log.
-  [[nodiscard]] bool Run(StringList& messages) {
+  [[nodiscard]] bool Run(Report& report) {
     CConvertProgress progress;
     progress.Start();
     const std::wstring version = FindVersion();
 
     m_index.Build(m_raw);
     std::wstring line;
-    if (!m_raw.ReadRecord(line)) {
-      messages.emplace_back(kEmptyLogText);
-      return false;
-    }
+    if (!m_raw.ReadRecord(line)) return report.Refuse(kEmptyLogText);
     m_line = 1;
     bool good = BeginDocument(line, version);
     const std::int64_t length = m_raw.GetLength();
@@ -115,10 +112,7 @@ class RawToJxl {
       m_hasMore = m_hasMore || !Trim(line).empty();
       good = ConvertRecord(line);
     }
-    if (!good) {
-      messages.push_back(FormatText(kBadRawRecordText, m_line));
-      return false;
-    }
+    if (!good) return report.Refuse(FormatText(kBadRawRecordText, m_line));
     Finish();
     return true;
   }
@@ -363,7 +357,7 @@ class RawToJxl {
 }  // namespace
 
 bool CConvertJobXml::Convert(CRawFile& rawFile, CJxlFile& jxlFile, Report& report) {
-  return RawToJxl(rawFile, jxlFile).Run(report.messages);
+  return RawToJxl(rawFile, jxlFile).Run(report);
 }
 
 }  // namespace zelconvert

@@ -11,8 +11,13 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <utility>
 
+#include "io/Strings.h"
+#include "io/Units.h"
 #include "jxl/CJxlFile.h"
+#include "raw/Angles.h"
+#include "raw/ReduceShot.h"
 
 namespace zelconvert {
 
@@ -20,7 +25,9 @@ namespace zelconvert {
 inline constexpr std::size_t kShotNameLength = 16;
 
 /// Two names mean one point if they agree in what a shot keeps of them, blanks at the ends aside.
-std::wstring_view ComparedName(std::wstring_view name);
+inline std::wstring_view ComparedName(std::wstring_view name) {
+  return Trim(Left(name, kShotNameLength));
+}
 
 class JxlInstrument {
  public:
@@ -35,7 +42,9 @@ class JxlInstrument {
     double backAzimuth = 0;
     double backCircle = 0;  ///< the circle's reading at the backsight
 
-    double Azimuth(double circle) const;
+    double Azimuth(double circle) const {
+      return Computed(backAzimuth + circle - backCircle, backAzimuth, backCircle, circle);
+    }
   };
 
   /// The line of sight from here on. Records of it wait for a shot.
@@ -45,23 +54,82 @@ class JxlInstrument {
   /// A backsight. Adds its five records, which tell `heights`; the last one, the angle only form,
   /// has the reading and the position of the shot to the backsight. Returns the id of that one.
   std::uint32_t Orient(CJxlFile& file, Orientation orientation, const Heights& heights,
-                       double reading, const JxlPosition& grid);
+                       double reading, const JxlPosition& grid) {
+    m_orientation = std::move(orientation);
+    const auto move = m_moves.find(ComparedName(m_orientation.station));
+    if (move != m_moves.end()) m_moves.erase(move);
+    return AddSetup(file, heights, reading, grid);
+  }
+
   /// A traverse shot from `from` to `to`: the instrument goes there with the next shot from `to`,
   /// unless a backsight there comes first, whatever is shot from other stations until then.
-  void PlanMove(std::wstring_view from, std::wstring_view to, const JxlReadings& readings);
+  void PlanMove(std::wstring_view from, std::wstring_view to, const JxlReadings& readings) {
+    const double azimuth = m_orientation.Azimuth(readings.horizontal);
+    // In face two the telescope points away from where the circle reads: back, as seen from there.
+    const double back = IsFaceTwo(readings.vertical, kDegrees) ? azimuth : azimuth + 180;
+    m_moves.insert_or_assign(std::wstring(ComparedName(to)),
+                             Orientation{std::wstring(to), std::wstring(from), WithinCircle(back),
+                                         m_orientation.backCircle});
+  }
+
   /// Before a shot: makes the move to its station, or tells heights that the records of the
   /// setup lack. True if the instrument has moved.
-  bool PrepareShot(CJxlFile& file, std::wstring_view station);
+  bool PrepareShot(CJxlFile& file, std::wstring_view station) {
+    const auto move = m_moves.find(ComparedName(station));
+    const bool moves = move != m_moves.end();
+    if (moves) {
+      m_orientation = std::move(move->second);
+      m_moves.erase(move);
+    }
+    const bool hasSetup = m_records.station != 0;
+    if (moves || (hasSetup && m_heights.instrument != m_recorded.instrument)) {
+      AddSetup(file, m_heights, m_orientation.backCircle, {});
+    } else if (hasSetup && m_heights.rod != m_recorded.rod) {
+      AddTarget(file, m_heights.rod);
+    }
+    return moves;
+  }
 
   /// Where a shot from a station at `station` leads.
-  JxlPosition Reduce(const JxlReadings& readings, const JxlPosition& station, double scale) const;
+  JxlPosition Reduce(const JxlReadings& readings, const JxlPosition& station, double scale) const {
+    if (!readings.AreUsable()) return {};
+    const auto [north, east, rise] =
+        ReduceShot(station.north, station.east,
+                   {Radians(m_orientation.Azimuth(readings.horizontal)), Radians(readings.vertical),
+                    readings.distance, scale});
+    const auto [instrument, rod] = m_heights;
+    return {
+        north, east,
+        Computed(station.elevation + instrument - rod + rise, station.elevation, instrument, rod)};
+  }
+
   /// The records of the setup; none before the first.
   const JxlSetup& Records() const { return m_records; }
 
  private:
+  static constexpr AngularUnit kDegrees = AngularUnit::DecimalDegrees;
+  static double Radians(double degrees) { return RadiansOf(degrees, kDegrees); }
+  /// In [0, 360), and never -0. What noise has put right below a full circle is 0 as well.
+  static double WithinCircle(double degrees) { return NormalizeZenith(degrees, kDegrees) + 0.0; }
+
   std::uint32_t AddSetup(CJxlFile& file, const Heights& heights, double reading,
-                         const JxlPosition& grid);
-  void AddTarget(CJxlFile& file, double rodHeight);
+                         const JxlPosition& grid) {
+    const auto& [station, backsight, backAzimuth, backCircle] = m_orientation;
+    const double correction =
+        Computed(WithinCircle(backAzimuth - backCircle), backAzimuth, backCircle);
+    m_recorded.instrument = heights.instrument;
+    m_records.station = file.AddStationRecord(station, heights.instrument);
+    file.AddAzimuthOnly(backsight, station, backAzimuth);
+    m_records.backBearing =
+        file.AddBackBearingRecord(m_records.station, station, backsight, backCircle, correction);
+    AddTarget(file, heights.rod);
+    return file.AddAngleOnly(backsight, reading, m_records, grid);
+  }
+
+  void AddTarget(CJxlFile& file, double rodHeight) {
+    m_recorded.rod = rodHeight;
+    m_records.target = file.AddTargetRecord(rodHeight);
+  }
 
   Heights m_heights;
   Heights m_recorded;  // in the records of the setup

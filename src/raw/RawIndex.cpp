@@ -38,39 +38,16 @@ void RawIndex::Add(std::wstring_view record) {
   m_kinds.push_back(kind);
   const std::int64_t line = LineCount();
   AddHeights(kind, line, record);
-  switch (kind) {
-    case RawRecordType::MO:
-      AddMode(record);
-      break;
-    case RawRecordType::LM:
-    case RawRecordType::LH:
-      m_hasLocalization = true;
-      break;
-    case RawRecordType::DP:
-      if (NAME_RECORD name; CRawFile::Parse(record, name)) {
-        m_deletedPoints.insert_or_assign(std::wstring(name.name), line);
-      }
-      break;
-    case RawRecordType::OC:
-      AddOccupied(line, record);
-      break;
-    case RawRecordType::RP:
-      m_askedNames.Insert(NameOf(record, L"PN", L"PN"));
-      break;
-    case RawRecordType::BL:
-      m_isVectorOpen = true;
-      break;
-    case RawRecordType::GP:
-      if (m_isVectorOpen) AddGpsPoint(line, record);
-      m_isVectorOpen = false;
-      break;
-    case RawRecordType::GS:
-    case RawRecordType::GK:
-      m_isVectorOpen = false;
-      break;
-    default:
-      break;
+  if (kind == RawRecordType::MO) AddMode(record);
+  if (kind == RawRecordType::LM || kind == RawRecordType::LH) m_hasLocalization = true;
+  if (NAME_RECORD name; kind == RawRecordType::DP && CRawFile::Parse(record, name)) {
+    m_deletedPoints.insert_or_assign(std::wstring(name.name), line);
   }
+  if (kind == RawRecordType::OC) AddOccupied(line, record);
+  if (kind == RawRecordType::RP) m_askedNames.Insert(NameOf(record, L"PN", L"PN"));
+  if (kind == RawRecordType::GP && m_isVectorOpen) AddGpsPoint(line, record);
+  if (kGpsPointMarks.Contains(kind)) m_isVectorOpen = false;
+  if (kind == RawRecordType::BL) m_isVectorOpen = true;
 }
 
 void RawIndex::AddMode(std::wstring_view record) {

@@ -38,6 +38,10 @@ class RawKinds {
 inline constexpr RawKinds kShotKinds = {RawRecordType::SS, RawRecordType::TR, RawRecordType::SK,
                                         RawRecordType::OB};
 
+/// What tells of the point that a vector led to.
+inline constexpr RawKinds kGpsPointMarks = {RawRecordType::GP, RawRecordType::GS,
+                                            RawRecordType::GK};
+
 /// What an LS ahead says.
 struct HeightsAhead {
   std::int64_t line;
@@ -141,7 +145,7 @@ class RawIndex {
   Search m_nextSetup{{RawRecordType::OC, RawRecordType::BK}};
   Search m_nextHeights{{RawRecordType::OC, RawRecordType::LS, RawRecordType::SS, RawRecordType::TR,
                         RawRecordType::SK, RawRecordType::OB}};
-  Search m_nextGpsPoint{{RawRecordType::GP, RawRecordType::GS, RawRecordType::GK}};
+  Search m_nextGpsPoint{kGpsPointMarks};
 };
 
 }  // namespace zelconvert

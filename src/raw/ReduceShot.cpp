@@ -6,16 +6,9 @@ namespace zelconvert {
 
 double ToldAzimuth(HorizontalKind kind, double value, double backsight, AngularUnit unit) {
   const double ahead = backsight + FullCircle(unit) / 2;
-  switch (kind) {
-    case HorizontalKind::AngleLeft:
-      return backsight - value;
-    case HorizontalKind::DeflectionRight:
-      return ahead + value;
-    case HorizontalKind::DeflectionLeft:
-      return ahead - value;
-    default:
-      return value;
-  }
+  if (kind == HorizontalKind::AngleLeft) return backsight - value;
+  if (kind == HorizontalKind::DeflectionRight) return ahead + value;
+  return kind == HorizontalKind::DeflectionLeft ? ahead - value : value;
 }
 
 ReducedShot ReduceShot(double stationNorth, double stationEast, const PolarShot& shot) {

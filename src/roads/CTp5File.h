@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "io/CFileCE.h"
+#include "roads/CommaLine.h"
 
 namespace zelconvert {
 
@@ -38,8 +39,22 @@ class CTp5File : public CFileCE {
   }
 
  private:
-  const std::wstring& Line(const TemplateForm& form);
-  const std::wstring& Line(const TEMPLATE_SEGMENT& segment);
+  const std::wstring& Line(const TemplateForm& form) {
+    CommaLine(m_line, L"TH")
+        .Integer(static_cast<std::int64_t>(form.segments.size()))
+        .Real(form.slopeCut)
+        .Real(form.slopeFill);
+    return m_line;
+  }
+
+  const std::wstring& Line(const TEMPLATE_SEGMENT& segment) {
+    CommaLine(m_line, L"TS")
+        .Real(segment.width)
+        .Real(segment.grade)
+        .Integer(segment.isDelta)
+        .Text(segment.code);
+    return m_line;
+  }
 
   std::wstring m_line;  // reused, as is the next
   std::wstring m_read;

@@ -36,10 +36,10 @@ class RoadConversion {
  public:
   RoadConversion(CDcFile& file, Report& report, std::vector<ROAD_HEADER>& roads,
                  const std::wstring& folder)
-      : m_file(file), m_messages(report.messages), m_roads(roads), m_files(folder, report) {}
+      : m_file(file), m_report(report), m_roads(roads), m_files(folder, report) {}
 
   bool Run() {
-    if (!CheckDcRoads(m_file, m_badRoads, m_messages)) return true;
+    if (!CheckDcRoads(m_file, m_badRoads, m_report.messages)) return true;
     return ConvertLines() || Fail();
   }
 
@@ -114,10 +114,10 @@ class RoadConversion {
 
   /// Says which road failed and takes every file of this run away again.
   bool Fail() {
-    m_messages.push_back(FormatRoadFailure(m_road->name));
+    const std::wstring name = m_road->name;
     m_road.reset();
     m_files.RemoveAll();
-    return false;
+    return m_report.Refuse(FormatRoadFailure(name));
   }
 
   /// Lengths need no unit: road files are in that of the DC file. Mils and unknown units of angle
@@ -164,13 +164,13 @@ class RoadConversion {
   bool CheckWholeRoad() {
     const CRoadAlignment& alignment = m_road->alignment;
     if (!m_road->sections.GetLeft().HaveEqualSegments(m_road->templates)) {
-      return Refuse(road_texts::kUnequalLeft);
+      return m_report.Refuse(road_texts::kUnequalLeft);
     }
     if (!m_road->sections.GetRight().HaveEqualSegments(m_road->templates)) {
-      return Refuse(road_texts::kUnequalRight);
+      return m_report.Refuse(road_texts::kUnequalRight);
     }
     if (alignment.GetLastStation() < alignment.GetHorizontalEnd() - kSameStation) {
-      return Refuse(road_texts::kVerticalTooShort);
+      return m_report.Refuse(road_texts::kVerticalTooShort);
     }
     return true;
   }
@@ -196,7 +196,7 @@ class RoadConversion {
     const CRoadAlignment& alignment = m_road->alignment;
     if (record.station < alignment.GetStartStation() - kSameStation ||
         record.station > alignment.GetLastStation() + kSameStation) {
-      return Refuse(road_texts::kOutsideAlignment);
+      return m_report.Refuse(road_texts::kOutsideAlignment);
     }
     m_road->sections.Add(record);
     return true;
@@ -209,13 +209,8 @@ class RoadConversion {
     return true;
   }
 
-  bool Refuse(std::wstring_view text) {
-    m_messages.emplace_back(text);
-    return false;
-  }
-
   CDcFile& m_file;
-  StringList& m_messages;
+  Report& m_report;
   std::vector<ROAD_HEADER>& m_roads;
   CRoadFiles m_files;
 

@@ -2,7 +2,9 @@
 // VR sections of the road file on the way.
 #pragma once
 
+#include <cmath>
 #include <cstdint>
+#include <string_view>
 
 #include "io/Units.h"
 #include "roads/CRd5File.h"
@@ -29,16 +31,77 @@ class CRoadAlignment {
       : m_file(file), m_settings(settings) {}
 
   // One element each. Failed writes show when the road file is closed.
-  void Add(const tDC_ROAD_HALRecord& start);
-  void Add(const tDC_ROAD_STRAIGHT_POINTRecord& straight);
-  void Add(const tDC_ROAD_STRAIGHTRecord& straight);
+  void Add(const tDC_ROAD_HALRecord& start) {
+    m_file.WriteSection(L"HR");
+    m_dStartStation = m_dLastStation = start.startStation;
+    m_last = PointOf(start.coord1, start.coord2);
+    m_last.azimuth = FromFileOrigin(RadiansFromAngle(start.startAzimuth, m_settings.angleUnits));
+  }
+
+  void Add(const tDC_ROAD_STRAIGHT_POINTRecord& straight) {
+    AlignmentPoint end = PointOf(straight.coord1, straight.coord2);
+    const double north = end.north - m_last.north;
+    const double east = end.east - m_last.east;
+    const double length = std::sqrt(north * north + east * east);
+    end.azimuth = std::atan2(east, north);
+    m_file.WriteHL(DisplayAzimuth(FromFileOrigin(end.azimuth), m_settings.angleUnits), length);
+    MoveTo(end, length, false);
+  }
+
+  void Add(const tDC_ROAD_STRAIGHTRecord& straight) {
+    if (!(std::abs(straight.length) < kShortestStraight)) {
+      const bool inGons = m_settings.angleUnits == AngularUnit::Gon;
+      m_file.WriteHL(inGons ? straight.azimuth : DegreesToDms(straight.azimuth), straight.length);
+    }
+    const double azimuth =
+        FromFileOrigin(RadiansFromAngle(straight.azimuth, m_settings.angleUnits));
+    MoveTo(StraightEnd(m_last, azimuth, straight.length), straight.length, false);
+  }
+
   void Add(const tDC_ROAD_ARCRecord& arc) { AddArc(TurnOfSignedRadius(arc.radius), arc.length); }
-  void Add(const tDC_ROAD_ARC_DIRECTIONRecord& arc);
-  void Add(const tDC_ROAD_ARC_ANGLERecord& arc);
-  void Add(const tDC_ROAD_SPIRALRecord& spiral);
-  void Add(const tDC_ROAD_VALRecord& start);
-  void Add(const tDC_ROAD_VPARABOLARecord& point);
-  void Add(const tDC_ROAD_VPOINTRecord& point);
+
+  void Add(const tDC_ROAD_ARC_DIRECTIONRecord& arc) {
+    AddArc({std::abs(arc.radius), arc.isRight}, arc.length);
+  }
+
+  void Add(const tDC_ROAD_ARC_ANGLERecord& arc) {
+    const Turn turn = TurnOfSignedRadius(arc.radius);
+    AddArc(turn, 2.0 * kPi * turn.radius * arc.deflection / FullCircle(m_settings.angleUnits));
+  }
+
+  void Add(const tDC_ROAD_SPIRALRecord& spiral) {
+    const Turn turn = TurnOfSignedRadius(spiral.radius);
+    m_file.WriteHS(kGoesOn, turn.radius, spiral.length, DirectionOf(turn),
+                   m_bAfterCurve ? L"C" : L"T");
+    MoveTo(SpiralEnd(m_last, turn, spiral.length, m_bAfterCurve), spiral.length, true);
+  }
+
+  void Add(const tDC_ROAD_VALRecord& start) {
+    m_file.WriteSection(L"VR");
+    m_dHorizontalEnd = m_dLastStation;
+    m_dLastStation = start.startStation;
+    m_dLastElevation = start.startElevation;
+  }
+
+  void Add(const tDC_ROAD_VPARABOLARecord& point) {
+    const double grade = GradeTo(point.station, point.elevation);
+    WriteOpenParabola(grade);
+    const double rest = point.station - m_dLastStation - m_dLastOutLength - point.length / 2;
+    if (rest > 0) m_file.WriteVG(rest, grade);
+    MoveProfileTo(point.station, point.elevation, grade, point.length);
+  }
+
+  void Add(const tDC_ROAD_VPOINTRecord& point) {
+    const double grade = GradeTo(point.station, point.elevation);
+    const double distance = point.station - m_dLastStation;
+    WriteOpenParabola(grade);
+    if (!(m_dLastOutLength > 0)) {
+      m_file.WriteVG(distance, grade);
+    } else if (m_dLastOutLength < distance) {
+      m_file.WriteVG(distance - m_dLastOutLength, grade);
+    }
+    MoveProfileTo(point.station, point.elevation, grade, 0);
+  }
 
   /// Of the last record 84.
   double GetStartStation() const { return m_dStartStation; }
@@ -46,18 +109,55 @@ class CRoadAlignment {
   double GetLastStation() const { return m_dLastStation; }
   /// Reached along the horizontal alignment when record 34 came.
   double GetHorizontalEnd() const { return m_dHorizontalEnd; }
+
   /// North and east of a pair of coordinates of a record.
-  AlignmentPoint PointOf(double coord1, double coord2) const;
+  AlignmentPoint PointOf(double coord1, double coord2) const {
+    return m_settings.iNEZOrder == 2 ? AlignmentPoint{coord2, coord1, 0}
+                                     : AlignmentPoint{coord1, coord2, 0};
+  }
 
  private:
+  /// Straights below it are left out of the road file.
+  static constexpr double kShortestStraight = 0.001;
+  /// In place of an azimuth: the element goes on in the direction of the one before.
+  static constexpr double kGoesOn = -1.0;
+
+  static constexpr std::wstring_view DirectionOf(const Turn& turn) {
+    return turn.isRight ? L"R" : L"L";
+  }
+
   /// An azimuth as the file counts it against the one from north, which positions run on.
-  double FromFileOrigin(double azimuth) const;
-  void AddArc(const Turn& turn, double length);
-  void MoveTo(const AlignmentPoint& end, double length, bool afterCurve);
-  double GradeTo(double station, double elevation) const;
+  double FromFileOrigin(double azimuth) const {
+    return m_settings.azmDir == AzimuthOrigin::South ? azimuth + kPi : azimuth;
+  }
+
+  void AddArc(const Turn& turn, double length) {
+    m_file.WriteHC(kGoesOn, turn.radius, length, DirectionOf(turn));
+    MoveTo(ArcEnd(m_last, turn, length), length, true);
+  }
+
+  void MoveTo(const AlignmentPoint& end, double length, bool afterCurve) {
+    m_last = end;
+    m_dLastStation += length;
+    m_bAfterCurve = afterCurve;
+  }
+
+  double GradeTo(double station, double elevation) const {
+    return (elevation - m_dLastElevation) / (station - m_dLastStation) * 100.0;
+  }
+
   /// The open parabola, if there is one, which ends in the new grade.
-  void WriteOpenParabola(double grade);
-  void MoveProfileTo(double station, double elevation, double grade, double parabolicLength);
+  void WriteOpenParabola(double grade) {
+    if (m_dLastOutLength > 0) m_file.WriteVC(m_dParabolicLength, m_dGrade1, grade);
+  }
+
+  void MoveProfileTo(double station, double elevation, double grade, double parabolicLength) {
+    m_dLastStation = station;
+    m_dLastElevation = elevation;
+    m_dGrade1 = grade;
+    m_dParabolicLength = parabolicLength;
+    m_dLastOutLength = parabolicLength / 2;
+  }
 
   CRd5File& m_file;
   const RoadSettings& m_settings;

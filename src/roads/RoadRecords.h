@@ -22,15 +22,6 @@ struct tDC_ROAD_HEADERRecord : DcRecord<"28KI", tDC_ROAD_HEADERRecord> {
   static constexpr auto kColumns = std::to_array<Column<Self>>({{4, 16, &Self::name, kTrimmed}});
 };
 
-/// 29: known by its size alone; no conversion reads it.
-struct tDC_ROAD_29Record : DcRecord<"29KI", tDC_ROAD_29Record> {
-  double value1 = 0;
-  double value2 = 0;
-  double value3 = 0;
-  double value4 = 0;
-  double value5 = 0;
-};
-
 /// 84: start of the horizontal alignment.
 struct tDC_ROAD_HALRecord : DcRecord<"84KI", tDC_ROAD_HALRecord> {
   double startStation = 0;

@@ -57,8 +57,8 @@ void KeepRead(std::wstring_view text, std::wstring& kept) {
 /// counts, and what the pass remembers from earlier records stands for the rest.
 class RawToSdr {
  public:
-  RawToSdr(CRawFile& raw, CFileCE& sdr, const SdrLayout& layout, StringList& messages)
-      : m_raw(raw), m_sdr(sdr), m_layout(layout), m_lines(layout), m_messages(messages) {}
+  RawToSdr(CRawFile& raw, CFileCE& sdr, const SdrLayout& layout, Report& report)
+      : m_raw(raw), m_sdr(sdr), m_layout(layout), m_lines(layout), m_report(report) {}
 
   bool Run() {
     CConvertProgress progress;
@@ -110,7 +110,7 @@ class RawToSdr {
     m_mode = mode;
     m_angles = AngularUnitOfRaw(mode.angleUnit);
     m_lengths = LinearUnitOfRaw(mode.distanceUnit);
-    if (m_lengths == LinearUnit::UsSurveyFoot) m_messages.emplace_back(kUsFeetText);
+    if (m_lengths == LinearUnit::UsSurveyFoot) m_report.messages.emplace_back(kUsFeetText);
 
     m_lines.MakeHeader(m_date, m_time, m_angles, m_lengths == LinearUnit::Metre);
     m_sdr.WriteLine(m_lines.Line());
@@ -233,22 +233,16 @@ class RawToSdr {
     const double angle = Angle(shot.vertical);
     const double distance = Length(shot.distance);
     m_slopeDistance = distance;
-    switch (shot.verticalKind) {
-      case VerticalKind::Zenith:
-        m_zenith = angle;
-        break;
-      case VerticalKind::VerticalAngle:
-        m_zenith = NormalizeZenith(Computed(quarterCircle - angle, angle), m_angles);
-        break;
-      case VerticalKind::ElevationChange: {
-        const double change = Length(shot.vertical);
-        const double aboveHorizon = AngleOfRadians(std::atan2(change, distance));
-        m_slopeDistance =
-            Computed(std::sqrt(change * change + distance * distance), change, distance);
-        m_zenith =
-            NormalizeZenith(Computed(quarterCircle - aboveHorizon, m_slopeDistance), m_angles);
-        break;
-      }
+    if (shot.verticalKind == VerticalKind::Zenith) {
+      m_zenith = angle;
+    } else if (shot.verticalKind == VerticalKind::VerticalAngle) {
+      m_zenith = NormalizeZenith(Computed(quarterCircle - angle, angle), m_angles);
+    } else {
+      const double change = Length(shot.vertical);
+      const double aboveHorizon = AngleOfRadians(std::atan2(change, distance));
+      m_slopeDistance =
+          Computed(std::sqrt(change * change + distance * distance), change, distance);
+      m_zenith = NormalizeZenith(Computed(quarterCircle - aboveHorizon, m_slopeDistance), m_angles);
     }
   }
 
@@ -326,10 +320,7 @@ class RawToSdr {
 
   template <class Record>
   [[nodiscard]] bool Put(const Record& record) {
-    if (!m_lines.Make(record)) {
-      m_messages.emplace_back(kAlphanumericText);
-      return false;
-    }
+    if (!m_lines.Make(record)) return m_report.Refuse(kAlphanumericText);
     m_sdr.WriteLine(m_lines.Line());
     return true;
   }
@@ -353,7 +344,7 @@ class RawToSdr {
   CFileCE& m_sdr;
   const SdrLayout& m_layout;
   SdrLines m_lines;
-  StringList& m_messages;
+  Report& m_report;
   RawIndex m_index;
   std::int64_t m_line = 0;
 
@@ -384,7 +375,7 @@ class RawToSdr {
 }  // namespace
 
 bool CConvRawSDRFile::ConvertFromRaw(Report& report) {
-  return RawToSdr(*m_pRawFile, *m_pSdrFile, Layout(), report.messages).Run();
+  return RawToSdr(*m_pRawFile, *m_pSdrFile, Layout(), report).Run();
 }
 
 }  // namespace zelconvert

@@ -32,8 +32,8 @@ constexpr double kNegligible = 0.001;
 
 class SdrToRaw {
  public:
-  SdrToRaw(CFileCE& sdr, CRawFile& raw, const SdrLayout& layout, StringList& messages)
-      : m_sdr(sdr), m_raw(raw), m_layout(layout), m_messages(messages) {}
+  SdrToRaw(CFileCE& sdr, CRawFile& raw, const SdrLayout& layout, Report& report)
+      : m_sdr(sdr), m_raw(raw), m_layout(layout), m_report(report) {}
 
   bool Run() {
     CConvertProgress progress;
@@ -55,20 +55,15 @@ class SdrToRaw {
   }
 
  private:
-  bool Refuse(std::wstring_view text) {
-    m_messages.emplace_back(text);
-    return false;
-  }
-
   bool CheckSdrKind() {
     m_sdr.SeekToBegin();
     while (m_sdr.ReadLine(m_line)) {
       const int code = GetSdrRecordCode(m_line);
       if (code == kHeaderCode &&
           Mid(m_line, kFirstColumn, m_layout.headerName.size()) != m_layout.headerName) {
-        return Refuse(m_layout.named ? kNotSdr33Text : kNotSdr2Text);
+        return m_report.Refuse(m_layout.named ? kNotSdr33Text : kNotSdr2Text);
       }
-      if (!HasGoodNames(code)) return Refuse(kNamedPointsText);
+      if (!HasGoodNames(code)) return m_report.Refuse(kNamedPointsText);
     }
     return true;
   }
@@ -102,10 +97,10 @@ class SdrToRaw {
       const int code = GetSdrRecordCode(m_line);
       if (code == kSdrCode<SdrScale>) m_mode.scale = Read<SdrScale>().scale;
       if (code != kHeaderCode) continue;
-      if (!ReadHeader()) return Refuse(kNoHeaderText);
+      if (!ReadHeader()) return m_report.Refuse(kNoHeaderText);
       hasHeader = true;
     }
-    return hasHeader || Refuse(kNoHeaderText);
+    return hasHeader || m_report.Refuse(kNoHeaderText);
   }
 
   /// False for a line that stops before its last setting. Other digits leave a unit as it is.
@@ -122,30 +117,16 @@ class SdrToRaw {
 
   /// False for a bad header. Points and observations don't go into the log.
   bool ConvertLine() {
-    switch (GetSdrRecordCode(m_line)) {
-      case kHeaderCode:
-        // The comment stands twice in the log: once from the search, once from the header.
-        m_pending.push_back(m_collimation);
-        return ReadHeader();
-      case kSdrCode<SdrJob>:
-        WriteJob();
-        break;
-      case kSdrCode<SdrInstrument>:
-        WritePrism();
-        break;
-      case kSdrCode<SdrAtmosphere>:
-        WriteAtmosphere();
-        break;
-      case kSdrCode<SdrScale>:
-        WriteScale();
-        break;
-      case kSdrCode<SdrNote>:
-        WriteNote();
-        break;
-      default:
-        break;
-    }
-    return true;
+    const int code = GetSdrRecordCode(m_line);
+    if (code == kSdrCode<SdrJob>) WriteJob();
+    if (code == kSdrCode<SdrInstrument>) WritePrism();
+    if (code == kSdrCode<SdrAtmosphere>) WriteAtmosphere();
+    if (code == kSdrCode<SdrScale>) WriteScale();
+    if (code == kSdrCode<SdrNote>) WriteNote();
+    if (code != kHeaderCode) return true;
+    // The comment stands twice in the log: once from the search, once from the header.
+    m_pending.push_back(m_collimation);
+    return ReadHeader();
   }
 
   void WriteJob() {
@@ -194,7 +175,7 @@ class SdrToRaw {
   CFileCE& m_sdr;
   CRawFile& m_raw;
   const SdrLayout& m_layout;
-  StringList& m_messages;
+  Report& m_report;
   std::wstring m_line;
 
   MO_RECORD m_mode;  // the units and the scale of the file; all else 0
@@ -207,7 +188,7 @@ class SdrToRaw {
 }  // namespace
 
 bool CConvRawSDRFile::ConvertToRaw(Report& report) {
-  return SdrToRaw(*m_pSdrFile, *m_pRawFile, Layout(), report.messages).Run();
+  return SdrToRaw(*m_pSdrFile, *m_pRawFile, Layout(), report).Run();
 }
 
 std::wstring CConvRawSDRFile::MakeSideshotLine(std::wstring_view kind, int mode, AngularUnit unit,

@@ -162,14 +162,11 @@ void CoordinateSystem::OnNames(const CS_RECORD& source) {
 }
 
 void CoordinateSystem::OnZone(const LM_RECORD& source) {
-  CGeodeticDllSystem system;
-  system.Set(source.mode, source.coordinateSystem, source.datum, source.zone, source.hemisphere,
-             GetFileName(source.fileName), 0);
-  if (!system.Fill()) {
-    WriteNoSystem();
-    return;
-  }
-  CGlkProjectionRecord record = system.GetRecord();
+  CGeodeticDllIndices indices;
+  indices.Set(source.mode, source.coordinateSystem, source.datum, source.zone, source.hemisphere,
+              GetFileName(source.fileName), 0);
+  CGlkProjectionRecord record;
+  if (!FillProjectionRecord(indices, record)) return WriteNoSystem();
   record.horizontalType = 1;  // a system with a projection
   WriteCoordinateSystem(record, m_pass.mode.firstUnit.value_or(LinearUnit::Metre),
                         ReckonedUnit(m_pass.mode.firstAngleUnit), m_pass.dc);

@@ -4,20 +4,6 @@
 
 namespace zelconvert {
 
-void NameMarks::Watch(const NameSet& names) {
-  m_names = &names;
-  m_marks.assign(names.Size(), false);
-}
-
-void NameMarks::Insert(std::wstring_view name) {
-  if (const auto number = m_names->Find(name)) m_marks[*number] = true;
-}
-
-bool NameMarks::Contains(std::wstring_view name) const {
-  const auto number = m_names->Find(name);
-  return number && m_marks[*number];
-}
-
 RawPass::RawPass(CDcFile& dcFile, int dcVersion, StringList& messageList)
     : dc(dcFile), version(dcVersion), m_messages(messageList) {
   m_position.subtype = L"KI";

@@ -30,10 +30,18 @@ enum class Outcome {
 class NameMarks {
  public:
   /// `names` has to outlive this object and stay as it is.
-  void Watch(const NameSet& names);
-  void Insert(std::wstring_view name);
+  void Watch(const NameSet& names) {
+    m_names = &names;
+    m_marks.assign(names.Size(), false);
+  }
+  void Insert(std::wstring_view name) {
+    if (const auto number = m_names->Find(name)) m_marks[*number] = true;
+  }
   /// Only for a name that is watched.
-  bool Contains(std::wstring_view name) const;
+  bool Contains(std::wstring_view name) const {
+    const auto number = m_names->Find(name);
+    return number && m_marks[*number];
+  }
 
  private:
   const NameSet* m_names = nullptr;

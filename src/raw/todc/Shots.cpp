@@ -61,24 +61,18 @@ Shots::Sight Shots::ReduceVertical(const SHOT_RECORD& shot) const {
   const Mode& mode = m_pass.mode;
   const AngularUnit unit = mode.angleUnit;
   const double distance = mode.Length(shot.distance);
-  switch (shot.verticalKind) {
-    case VerticalKind::Zenith:
-      break;
-    case VerticalKind::VerticalAngle: {
-      const double angle = ReckonedAngle(shot.vertical, unit);
-      const double zenith = NormalizeZenith(FullCircle(unit) / 4 - angle, unit);
-      return {distance, mode.ToFirstAngleUnit(Computed(zenith, shot.vertical))};
-    }
-    case VerticalKind::ElevationChange: {
-      const double rise = mode.Length(shot.vertical);
-      const double degrees = 90 - std::atan2(rise, distance) * kDegreesPerRadian;
-      const double zenith =
-          Computed(NormalizeZenith(degrees, AngularUnit::DecimalDegrees), rise, distance);
-      return {Computed(std::sqrt(rise * rise + distance * distance), rise, distance),
-              mode.ToFirstAngleUnit(ConvertAngleUnit(unit, AngularUnit::DecimalDegrees, zenith))};
-    }
+  if (shot.verticalKind == VerticalKind::Zenith) return {distance, mode.Angle(shot.vertical)};
+  if (shot.verticalKind == VerticalKind::VerticalAngle) {
+    const double angle = ReckonedAngle(shot.vertical, unit);
+    const double zenith = NormalizeZenith(FullCircle(unit) / 4 - angle, unit);
+    return {distance, mode.ToFirstAngleUnit(Computed(zenith, shot.vertical))};
   }
-  return {distance, mode.Angle(shot.vertical)};
+  const double rise = mode.Length(shot.vertical);
+  const double degrees = 90 - std::atan2(rise, distance) * kDegreesPerRadian;
+  const double zenith =
+      Computed(NormalizeZenith(degrees, AngularUnit::DecimalDegrees), rise, distance);
+  return {Computed(std::sqrt(rise * rise + distance * distance), rise, distance),
+          mode.ToFirstAngleUnit(ConvertAngleUnit(unit, AngularUnit::DecimalDegrees, zenith))};
 }
 
 }  // namespace zelconvert
