@@ -61,6 +61,7 @@ void SourceGps::Take(RawRecordType kind, std::wstring_view record, std::int64_t 
 
 void SourceGps::OnReceiver() {
   RX_RECORD receiver;
+  m_isRover = false;
   if (!CRawFile::Parse(m_record, receiver) || receiver.role == L"STATIC") return;
   m_hasReceiver = true;
   m_isRover = receiver.role == L"ROVER";
@@ -135,9 +136,10 @@ void SourceGps::OnKind() {
   GP_RECORD point;
   m_fix.reset();
   if (!CRawFile::Parse(m_record, point) || point.kind != GpsPointKind::Control) return;
-  if (m_survey.vectors.empty() || m_survey.vectors.back().rover != Trim(point.name)) return;
-  m_survey.vectors.pop_back();
-  m_classes.pop_back();
+  while (!m_classes.empty() && m_survey.vectors.back().rover == Trim(point.name)) {
+    m_survey.vectors.pop_back();
+    m_classes.pop_back();
+  }
 }
 
 void SourceGps::AddVector(std::wstring_view rover, std::wstring_view code, const Ecef& delta,
@@ -155,6 +157,7 @@ void SourceGps::AddVector(std::wstring_view rover, std::wstring_view code, const
 
 void SourceGps::AddPosition(std::wstring_view name, std::wstring_view code,
                             const GeodeticPosition& position, wchar_t classification) {
+  if (!position.HasPlan()) return;
   SurveyPoint& point = m_survey.points.emplace_back();
   point.name = Trim(name);
   point.code = Trim(code);

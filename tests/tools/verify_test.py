@@ -73,6 +73,14 @@ class VerifyTest(unittest.TestCase):
         else:
             self.assertEqual((code, (self.folder / out).exists()), (0, True), errors)
 
+    # Names, heights and records of GPS that no conversion brings aren't missed.
+    def test_gps_logs(self):
+        for case in "bases", "empty-values", "localization", "offsets", "point-kinds", "quality", "rover", "states":
+            with self.subTest(case):
+                path = GOLDEN / f"raw-to-dc1070/gps-{case}/in.raw"
+                code, _, errors = self.host("convert", str(path), f"{case}.dc", "--to", "dc1070", "--verify")
+                self.assertEqual(code, 0, errors)
+
     # Input, types, and the lines that tell what can't arrive.
     LOSSES = [
         (GOLDEN / "raw-to-sdr2/numbers-over-9999/in.raw", "raw", "sdr2",
@@ -80,6 +88,7 @@ class VerifyTest(unittest.TestCase):
         (GOLDEN / "job-to-seqcr5/twice-the-same/in.job", "job", "seqcr5",
          ["verify: point 3 is missing: 0.000000  3.000000  0.000000"]),
         (GOLDEN / "dc-to-job/failed-road/in.dc", "dc", "job", ["verify: road Third is missing"]),
+        (GOLDEN / "raw-to-dc1070/gps-signatures-off/in.raw", "raw", "dc1070", ["verify: point 2 is missing"]),
     ]
 
     def test_what_is_lost_is_told(self):
