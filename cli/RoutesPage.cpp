@@ -42,16 +42,32 @@ std::string Table(const std::vector<std::string_view>& inputs, const TypeInfo& f
   return table;
 }
 
+std::string Changes(const TypeInfo& from) {
+  std::string table;
+  for (const tools::RecordChange& change : tools::GetRecordChanges(from.type)) {
+    std::vector<std::string_view> outputs;
+    for (const TypeInfo& to : kTypes) {
+      if (change.outputs.Contains(to.type) && ConvertsTo(from, to)) outputs.push_back(to.name);
+    }
+    table +=
+        Row({"`" + std::string(change.records) + "`", Names(outputs), std::string(change.text)});
+  }
+  return "\nWhat comes out as something else:\n\n" + Row({"record", "in", "becomes"}) +
+         Row({"---", "---", "---"}) + table;
+}
+
 }  // namespace
 
 std::string MakeRoutesPage() {
   std::string page =
       "# What each route carries\n\n"
-      "A kind of record is carried if the output looks otherwise without it; all others are "
-      "dropped.\nA test holds that this is so. Of a log beside a file of coordinates "
-      "(`job+raw`, `pwj+pwr`,\n`cr5+rw5`) the records of the log count; the coordinates give "
-      "points that the log knows. Roads of a DC\nfile become files beside the output. The host "
-      "makes this page: `zelconvert generate losses`.\n";
+      "A kind of record is carried if the output looks otherwise without it; all others are\n"
+      "dropped. What is carried but comes out as something else stands in a second table, the\n"
+      "reasons on the pages of the [formats](index.md#formats). Tests hold both. Of a log beside "
+      "a\n"
+      "file of coordinates (`job+raw`, `pwj+pwr`, `cr5+rw5`) the records of the log count; the\n"
+      "coordinates give points that the log knows. Roads of a DC file become files beside the\n"
+      "output. The host makes this page: `zelconvert generate losses`.\n";
   for (const TypeInfo& from : kTypes) {
     const auto kinds = tools::GetRecordKinds(from.type);
     std::vector<std::string_view> inputs;
@@ -59,7 +75,8 @@ std::string MakeRoutesPage() {
       const bool isSame = tools::GetRecordKinds(each.type).data() == kinds.data();
       if (isSame && !IsPair(each.type)) inputs.push_back(each.name);
     }
-    if (!GroupOutputs(from).empty() && inputs.front() == from.name) page += Table(inputs, from);
+    if (GroupOutputs(from).empty() || inputs.front() != from.name) continue;
+    page += Table(inputs, from) + Changes(from);
   }
   return page;
 }

@@ -11,6 +11,7 @@ constexpr TypeSet kDc = kDcTypes;
 constexpr TypeSet kJob = kJobTypes;
 constexpr TypeSet kIlj = TypeSet::Of(FT_ILJ);
 constexpr TypeSet kLists = kCr5Types;
+constexpr TypeSet kSdr = kSdrTypes;
 constexpr TypeSet kDcSdr = kDcTypes | kSdrTypes;
 constexpr TypeSet kDcSdrJxl = kDcSdr | TypeSet::Of(FT_JXL);
 constexpr TypeSet kDcJxl = kDcTypes | TypeSet::Of(FT_JXL);
@@ -225,6 +226,50 @@ constexpr RecordKind kRecordsOfSdr[] = {
     {"10", "job names", kDropped},     {"13", "notes", kDropped},
 };
 
+// Each is shown by a case in tests/losses/changes.txt; the pages of the formats tell why.
+constexpr RecordChange kChangesOfRaw[] = {
+    {"MO", kDcJxl, "the scale factor of the first one counts for the whole log"},
+    {"MO", kSdr, "a scale factor has three decimals: 0.9996 becomes 1.000"},
+    {"MO", kSdr,
+     "after one of other units the setup keeps its numbers, which were in those before"},
+    {"TR, SS", kDc,
+     "a bearing (BR) counts from north; where azimuths count from south its circle reading is half "
+     "a circle off"},
+    {"TR, SS", kSdr,
+     "a direction that isn't an AR counts from 0 at the backsight, whatever its circle reads in "
+     "07, and an AR after it is reduced as if it did"},
+    {"BL", kDc, "its note becomes the code of the point; that of its GS isn't carried"},
+    {"EP", kDc, "its vector starts at the earth's centre as long as no BP has told the base"},
+    {"GP, GS", kDc, "where both follow an EP each writes it, the second with the antenna twice"},
+};
+
+constexpr RecordChange kChangesOfDc[] = {
+    {"D5", kNewJob, "a blank height becomes 0"},
+    {"64, D0", kNewJob, "codes \"<\" and \"=\" get the fixed numbers of the polar systems"},
+    {"64, D0", kIlj, "parallels are taken for degrees, in a file of gons too"},
+    {"64, D0", kIlj, "the polar codes \"<\", \"=\" and \"A\" become one, which goes back as \"<\""},
+    {"49", kNewJob, "parts per million become a ratio: 4.5 goes back as 3500000"},
+    {"49", kIlj, "code 1 loses its shifts, code 3 its rotations and scale"},
+    {"74", kNewJob, "the name of the file gives way to the datum's name of the C8 after it"},
+    {"50", kNewJob, "without an origin north all numbers are taken for metres and radians"},
+    {"81", kNewJob, "a job has no room for the method: 2 and 3 go back as 1"},
+};
+
+constexpr RecordChange kChangesOfJob[] = {
+    {"system", kDc,
+     "a polar projection, and what comes after it, is written only if its origin lies at latitude "
+     "90 or longitude -90"},
+    {"system", kDc, "without a projection only the scale is written"},
+    {"system", kDc, "after a projection without a kind of datum nothing is written"},
+    {"system", kDc, "the scale of a datum counts as a ratio, also if it came as parts per million"},
+};
+
+constexpr RecordChange kChangesOfIlj[] = {
+    {"PRJCS, PRJVA", kDc, "names lose path and extension: Zone 1.5 becomes Zone 1"},
+    {"PRJMP", kDc, "parallels are written in degrees, in a file of gons too"},
+    {"PRJMP", kDc, "a polar projection becomes the northern one"},
+};
+
 }  // namespace
 
 std::span<const RecordKind> GetRecordKinds(int type) {
@@ -235,6 +280,15 @@ std::span<const RecordKind> GetRecordKinds(int type) {
   if (kCr5Types.Contains(type)) return kRecordsOfCr5;
   if (kSdrTypes.Contains(type)) return kRecordsOfSdr;
   if (type == FT_ILJ) return kRecordsOfIlj;
+  return {};
+}
+
+std::span<const RecordChange> GetRecordChanges(int type) {
+  type = LogOf(type);
+  if (kRawTypes.Contains(type)) return kChangesOfRaw;
+  if (kDcTypes.Contains(type)) return kChangesOfDc;
+  if (kJobTypes.Contains(type)) return kChangesOfJob;
+  if (type == FT_ILJ) return kChangesOfIlj;
   return {};
 }
 

@@ -1,6 +1,6 @@
-// The kinds of records that a file may have: their names, what each route carries over and what it
-// drops. What is told to users (types, docs/losses.md, counts) and what a verification expects to
-// arrive is taken from here.
+// The kinds of records that a file may have: their names, what each route carries over, what it
+// drops and what it changes. What is told to users (types, docs/losses.md, counts) and what a
+// verification expects to arrive is taken from here.
 #pragma once
 
 #include <span>
@@ -18,9 +18,19 @@ struct RecordKind {
   KindSet gives = {};     ///< of a survey, all of which arrives where all that give it are carried
 };
 
+/// What is carried, but comes out as something else.
+struct RecordChange {
+  std::string_view records;  ///< tags of their kinds, as in "TR, SS"
+  TypeSet outputs;
+  std::string_view text;  ///< what becomes of them, without a point at its end
+};
+
 /// All kinds of a type's records, in the order of its documentation; of two files those of the log.
 /// None for a type that is only written.
 std::span<const RecordKind> GetRecordKinds(int type);
+
+/// What routes from a type change, in the order of its records; of two files those of the log.
+std::span<const RecordChange> GetRecordChanges(int type);
 
 /// What of a survey of the input a conversion carries over as a whole.
 KindSet GetCarriedKinds(FileType input, FileType output);

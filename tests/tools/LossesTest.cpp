@@ -1,6 +1,7 @@
 // The table of what routes carry against what conversions do: an input without its records of a
 // kind is converted as well, and what comes out is the same if, and only if, that kind is dropped.
-// The inputs are all stored ones of a type; those of tests/losses hold every kind.
+// The inputs are all stored ones of a type; those of tests/losses hold every kind. What is carried
+// but comes out as something else is shown case by case.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -8,7 +9,10 @@
 #include <map>
 #include <optional>
 #include <set>
+#include <sstream>
+#include <stdexcept>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "ReadFile.h"
@@ -184,6 +188,86 @@ constexpr TestedRoute kRoutes[] = {
 };
 INSTANTIATE_TEST_SUITE_P(Routes, LossesTest, testing::ValuesIn(kRoutes),
                          [](const auto& each) { return std::string(each.param.name); });
+
+struct NamedType {
+  std::string_view name;
+  FileType type;
+};
+constexpr NamedType kNamedTypes[] = {{"dc", FT_DC},   {"job", FT_JOB},     {"ilj", FT_ILJ},
+                                     {"raw", FT_RAW}, {"sdr33", FT_SDR33}, {"jxl", FT_JXL}};
+
+/// A case of tests/losses/changes.txt.
+struct ShownChange {
+  std::vector<NamedType> steps;
+  std::string text;
+  std::string input;
+  std::vector<std::string> present, absent;  // parts of the last output
+};
+
+std::vector<ShownChange> ReadChanges() {
+  std::vector<ShownChange> changes;
+  std::istringstream file(ReadBytes("tests/losses/changes.txt"));
+  for (std::string line; std::getline(file, line);) {
+    if (line.starts_with("= ")) {
+      const std::size_t colon = line.find(": ");
+      ShownChange& change = changes.emplace_back();
+      change.text = line.substr(colon + 2);
+      std::istringstream names(line.substr(2, colon - 2));
+      for (std::string name; names >> name;) {
+        const auto* type = std::ranges::find(kNamedTypes, name, &NamedType::name);
+        if (type == std::end(kNamedTypes)) throw std::invalid_argument(name);
+        change.steps.push_back(*type);
+      }
+    } else if (line.starts_with("> ")) {
+      changes.back().present.push_back(line.substr(2));
+    } else if (line.starts_with("! ")) {
+      changes.back().absent.push_back(line.substr(2));
+    } else if (!line.empty() && line[0] != '#') {
+      changes.back().input += line + "\r\n";
+    }
+  }
+  return changes;
+}
+
+// The last output.
+std::string ConvertShown(const ShownChange& change) {
+  const TempDir temp;
+  std::wstring input = temp.Write(L"in", change.input), output;
+  for (std::size_t i = 1; i < change.steps.size(); ++i) {
+    output = temp.Path(std::to_wstring(i) + L".job");  // tells the brand, where that counts
+    Report report;
+    EXPECT_TRUE(
+        RunConversion({change.steps[i - 1].type, input, change.steps[i].type, output}, report));
+    input = output;
+  }
+  return ReadBytes(ToPath(output));
+}
+
+TEST(RouteChangesTest, AreShown) {
+  std::set<std::string_view> unshown;
+  for (const NamedType& from : kNamedTypes) {
+    for (const RecordChange& change : GetRecordChanges(from.type)) unshown.insert(change.text);
+  }
+  for (const ShownChange& shown : ReadChanges()) {
+    SCOPED_TRACE(shown.text);
+    bool isTold = false;
+    for (std::size_t i = 1; i < shown.steps.size(); ++i) {
+      for (const RecordChange& change : GetRecordChanges(shown.steps[i - 1].type)) {
+        isTold |= change.text == shown.text && change.outputs.Contains(shown.steps[i].type);
+      }
+    }
+    EXPECT_TRUE(isTold);
+    unshown.erase(shown.text);
+    const std::string output = ConvertShown(shown);
+    for (const std::string& part : shown.present) {
+      EXPECT_TRUE(output.find(part) != output.npos) << part << "\nin\n" << output;
+    }
+    for (const std::string& part : shown.absent) {
+      EXPECT_TRUE(output.find(part) == output.npos) << part << "\nin\n" << output;
+    }
+  }
+  for (const std::string_view text : unshown) ADD_FAILURE() << text << " has no case";
+}
 
 }  // namespace
 }  // namespace zelconvert::tools
