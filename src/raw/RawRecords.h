@@ -5,6 +5,8 @@
 // log's angle unit (degrees written DDD.MMSSsss, or gons) and lengths in its distance unit, as its
 // latest MO says. A real whose field is there but empty is DC_NULL. Latitudes and longitudes are
 // degrees written DDD.MMSSsss, heights count from the ellipsoid, elevations from the grid's zero.
+// Precisions are lengths, scales ratios. An integer whose field is empty is 0; no field is checked
+// for its range.
 #pragma once
 
 #include <cstdint>
@@ -81,7 +83,7 @@ enum class RawRecordType : std::uint8_t {
 inline constexpr int kRawRecordTypes = 73;
 
 struct JB_RECORD {
-  std::wstring_view name;
+  std::wstring_view name;  ///< of the job
   std::wstring_view date;  ///< month-day-year, such as "09-14-2026"
   std::wstring_view time;  ///< "08:12:30"
 
@@ -98,11 +100,11 @@ inline constexpr std::int32_t kFromSouth = 1;
 struct MO_RECORD {
   std::int32_t azimuthOrigin = 0;  ///< AD: kFromSouth, or from north
   std::int32_t distanceUnit = 0;   ///< UN: see LinearUnitOfRaw
-  double scale = 1;
-  std::int32_t curvature = 0;  ///< EC: 1 corrects for the earth's curvature
-  double edmOffset = 0;        ///< EO
-  std::int32_t angleUnit = 0;  ///< AU: see AngularUnitOfRaw
-  std::int32_t scaleMode = 0;  ///< SK; absent: 1 if the scale isn't 1, else 0
+  double scale = 1;                ///< SF: acts on horizontal distances
+  std::int32_t curvature = 0;      ///< EC: 1 corrects for the earth's curvature
+  double edmOffset = 0;            ///< EO: of the distance meter; inches in SDR, no unit elsewhere
+  std::int32_t angleUnit = 0;      ///< AU: see AngularUnitOfRaw
+  std::int32_t scaleMode = 0;      ///< SK; absent: 1 if the scale isn't 1, else 0
 
   static constexpr RawField<MO_RECORD> kFields[] = {
       {L"AD", &MO_RECORD::azimuthOrigin}, {L"UN", &MO_RECORD::distanceUnit},
@@ -114,8 +116,8 @@ struct MO_RECORD {
 /// SP, GS and RP.
 struct POINT_RECORD {
   std::wstring_view name;
-  double north = 0, east = 0, elevation = 0;
-  std::wstring_view note;
+  double north = 0, east = 0, elevation = 0;  ///< lengths, in the grid
+  std::wstring_view note;                     ///< code of the point
 
   static constexpr RawField<POINT_RECORD> kFields[] = {
       {L"PN", &POINT_RECORD::name}, {L"N ", &POINT_RECORD::north},
@@ -131,8 +133,8 @@ struct AP_RECORD : POINT_RECORD {};
 struct BK_RECORD {
   std::wstring_view station;
   std::wstring_view backsight;  ///< "0": a point without a name
-  double azimuth = 0;
-  double circle = 0;  ///< reading of the horizontal circle at the backsight
+  double azimuth = 0;           ///< from the origin that MO says
+  double circle = 0;            ///< reading of the horizontal circle at the backsight
 
   static constexpr RawField<BK_RECORD> kFields[] = {
       {L"OP", &BK_RECORD::station},
@@ -143,7 +145,8 @@ struct BK_RECORD {
 };
 
 struct LS_RECORD {
-  double instrumentHeight = 0, rodHeight = 0;
+  double instrumentHeight = 0;  ///< above the station
+  double rodHeight = 0;         ///< of the target above its point
 
   static constexpr RawField<LS_RECORD> kFields[] = {
       {L"HI", &LS_RECORD::instrumentHeight},
@@ -185,9 +188,9 @@ struct SHOT_RECORD {
   std::wstring_view station;
   std::wstring_view foresight;
   HorizontalKind horizontalKind = HorizontalKind::Azimuth;
-  double horizontal = 0;
+  double horizontal = 0;  ///< angle of this kind; a bearing is no number
   VerticalKind verticalKind = VerticalKind::ElevationChange;
-  double vertical = 0;  ///< CE, ZE or VA
+  double vertical = 0;  ///< CE, a length, or ZE or VA, angles
   double distance = 0;  ///< HD or SD
   std::wstring_view note;
 };
@@ -196,8 +199,9 @@ struct SHOT_RECORD {
 struct STAKE_SHOT_RECORD {
   std::wstring_view station;
   std::wstring_view foresight;
-  double angleRight = 0;
-  double zenith = 0, slopeDistance = 0;
+  double angleRight = 0;  ///< circle reading
+  double zenith = 0;      ///< zenith angle
+  double slopeDistance = 0;
   std::wstring_view note;
 
   static constexpr RawField<STAKE_SHOT_RECORD> kFields[] = {
@@ -211,9 +215,10 @@ struct STAKE_SHOT_RECORD {
 struct ROUND_SHOT_RECORD {
   std::wstring_view station;
   std::wstring_view target;
-  double angleRight = 0;
-  double zenith = 0, slopeDistance = 0;
-  double rodHeight = 0;
+  double angleRight = 0;  ///< circle reading
+  double zenith = 0;      ///< zenith angle
+  double slopeDistance = 0;
+  double rodHeight = 0;  ///< of this shot, whatever LS says
   std::wstring_view note;
 };
 template <wchar_t kTarget>
@@ -244,31 +249,31 @@ inline constexpr wchar_t kDirectionTags[kDirectionKinds][3] = {L"BD", L"FD", L"Z
 /// RD.
 struct DIRECTION_RECORD {
   DirectionKind kind = DirectionKind::BacksightDirect;
-  std::int32_t set = 0;
-  double angle = 0;
+  std::int32_t set = 0;  ///< number before the colon; without a colon the whole value
+  double angle = 0;      ///< direction or zenith angle after it, else 0
 };
 
 /// MD.
 struct SET_DISTANCE_RECORD {
-  double distance = 0;
+  double distance = 0;  ///< slope distance after the colon; 0 without one
 };
 
 /// RS.
 struct RESECTION_RECORD {
   std::wstring_view name;
   double circle = 0;
-  double zenith = 0, slopeDistance = 0;
+  double zenith = 0, slopeDistance = 0;  ///< not in the short form
 };
 
 /// CF: a design point, or a station and offset on a line.
 struct CF_RECORD {
   bool isPoint = true;
-  std::wstring_view name;
-  double station = 0;
+  std::wstring_view name;            ///< of the design point; may be empty
+  double station = 0;                ///< length along the line
   std::int32_t offsetDirection = 0;  ///< OD: 0 on the line, 1 right, 2 left
-  double offset = 0;
-  double elevation = 0;  ///< of the design
-  double grade = 0;
+  double offset = 0;                 ///< length from the line; written without its sign
+  double elevation = 0;              ///< of the design
+  double grade = 0;                  ///< GD: an elevation
   std::wstring_view note;
 
   static constexpr RawField<CF_RECORD> kPointFields[] = {{L"PN", &CF_RECORD::name}};
@@ -286,18 +291,18 @@ struct CF_RECORD {
 
 /// SL and SR.
 struct SLOPE_RECORD {
-  double station = 0;
-  std::int32_t offsetDirection = 0;
-  double elevation = 0;
-  double grade = 0;
-  double stationShift = 0;                        ///< AS
+  double station = 0;                             ///< length along the line
+  std::int32_t offsetDirection = 0;               ///< OD: as in CF
+  double elevation = 0;                           ///< of the catch point
+  double grade = 0;                               ///< as in CF
+  double stationShift = 0;                        ///< AS: length
   double hingeHorizontal = 0, hingeVertical = 0;  ///< HH, VH
   double catchHorizontal = 0, catchVertical = 0;  ///< HC, VC
-  std::int32_t cutFill = 0;                       ///< CF
+  std::int32_t cutFill = 0;                       ///< CF: 0, or not
   double designSlope = 0;                         ///< DS: horizontal part over vertical part
-  double offset = 0;                              ///< OB
+  double offset = 0;                              ///< OB: length
   std::wstring_view note;
-  double offsetLength = DC_NULL;  ///< OL
+  double offsetLength = DC_NULL;  ///< OL: null if it is missing, too
 
   static constexpr RawField<SLOPE_RECORD> kFields[] = {
       {L"ST", &SLOPE_RECORD::station},       {L"OD", &SLOPE_RECORD::offsetDirection},
@@ -312,7 +317,7 @@ struct SLOPE_RECORD {
 
 /// SD.
 struct STAKED_DELTA_RECORD {
-  double north = 0, east = 0, elevation = 0;
+  double north = 0, east = 0, elevation = 0;  ///< lengths that a stake is off
 
   static constexpr RawField<STAKED_DELTA_RECORD> kFields[] = {
       {L"ND", &STAKED_DELTA_RECORD::north},
@@ -323,8 +328,8 @@ struct STAKED_DELTA_RECORD {
 
 /// OE.
 struct STATION_ERROR_RECORD {
-  double station = 0;
-  double offsetError = 0;
+  double station = 0;      ///< length along the line; has no use
+  double offsetError = 0;  ///< length
 
   static constexpr RawField<STATION_ERROR_RECORD> kFields[] = {
       {L"ST", &STATION_ERROR_RECORD::station},
@@ -340,8 +345,8 @@ struct NAME_RECORD {
 };
 
 struct RX_RECORD {
-  std::wstring_view role;  ///< "BASE", "ROVER", "GETBASE", "VRSBASE" or "STATIC"
-  double antennaHeight = 0;
+  std::wstring_view role;    ///< "BASE", "ROVER", "GETBASE", "VRSBASE" or "STATIC"
+  double antennaHeight = 0;  ///< length
 
   static constexpr RawField<RX_RECORD> kFields[] = {
       {L"DC", &RX_RECORD::role},
@@ -350,16 +355,16 @@ struct RX_RECORD {
 };
 
 struct EQ_RECORD {
-  std::wstring_view role;
+  std::wstring_view role;  ///< as in RX, here and in the records below
   std::wstring_view receiverType;
   std::wstring_view receiverSerial;
-  std::int32_t antennaNumber = 0;
+  std::int32_t antennaNumber = 0;  ///< AN: 0 an antenna without a model
   std::int32_t antennaId = 0;
   std::wstring_view antennaType;
   std::wstring_view antennaSerial;
-  double tapeAdjustment = 0;    ///< TA
-  double horizontalOffset = 0;  ///< HO
-  double verticalOffset = 0;    ///< VO
+  double tapeAdjustment = 0;    ///< TA: length
+  double horizontalOffset = 0;  ///< HO: length
+  double verticalOffset = 0;    ///< VO: length
 
   static constexpr RawField<EQ_RECORD> kFields[] = {
       {L"DC", &EQ_RECORD::role},
@@ -377,9 +382,9 @@ struct EQ_RECORD {
 
 struct AH_RECORD {
   std::wstring_view role;
-  double measuredHeight = 0;
-  std::int32_t method = 0;  ///< ME: 0 true vertical
-  double reducedHeight = 0;
+  double measuredHeight = 0;  ///< MA: as the tape gave it
+  std::int32_t method = 0;    ///< ME: 0 true vertical; has no use
+  double reducedHeight = 0;   ///< RA: vertical
 
   static constexpr RawField<AH_RECORD> kFields[] = {
       {L"DC", &AH_RECORD::role},
@@ -406,7 +411,7 @@ struct BP_RECORD {
 struct EP_RECORD {
   double latitude = 0, longitude = 0, height = 0;
   std::int32_t method = 0;          ///< GM: 2 a position for itself, else one on a vector
-  std::int32_t classification = 0;  ///< CL
+  std::int32_t classification = 0;  ///< CL: as in a DC file, 1 normal, from 6 deleted
   double horizontalPrecision = 0, verticalPrecision = 0;
 
   static constexpr RawField<EP_RECORD> kFields[] = {
@@ -423,10 +428,10 @@ struct EP_RECORD {
 struct BL_RECORD {
   std::wstring_view role;
   std::wstring_view name;
-  double deltaX = 0, deltaY = 0, deltaZ = 0;  ///< from the base, earth-centred
-  std::wstring_view note;
-  std::int32_t method = 0;          ///< GM: 2 a position for itself, else one on a vector
-  std::int32_t classification = 0;  ///< CL
+  double deltaX = 0, deltaY = 0, deltaZ = 0;  ///< lengths from the base, earth-centred
+  std::wstring_view note;                     ///< code of the point in a DC file
+  std::int32_t method = 0;                    ///< GM: 2 a position for itself, else one on a vector
+  std::int32_t classification = 0;            ///< CL: as in EP
   double horizontalPrecision = 0, verticalPrecision = 0;
 
   static constexpr RawField<BL_RECORD> kFields[] = {
@@ -446,8 +451,8 @@ struct BL_RECORD {
 struct CV_RECORD {
   std::wstring_view role;
   std::int32_t satellites = 0;
-  double scalar = 0;
-  double xx = 0, xy = 0, xz = 0, yy = 0, yz = 0, zz = 0;  ///< the upper triangle
+  double scalar = 0;                                      ///< SC: as the receiver gives it
+  double xx = 0, xy = 0, xz = 0, yy = 0, yz = 0, zz = 0;  ///< upper triangle, as it is given
 
   static constexpr RawField<CV_RECORD> kFields[] = {
       {L"DC", &CV_RECORD::role}, {L"SV", &CV_RECORD::satellites}, {L"SC", &CV_RECORD::scalar},
@@ -459,16 +464,16 @@ struct CV_RECORD {
 struct GQ_RECORD {
   std::wstring_view role;
   std::int32_t satellites = 0;
-  std::int32_t relative = 0;            ///< DR
+  std::int32_t relative = 0;            ///< DR: 0, or not
   double pdop = 0, hdop = 0, vdop = 0;  ///< dilution of precision
-  double rms = 0;
-  std::int32_t epochs = 0;
+  double rms = 0;                       ///< root mean square, no unit is applied to it
+  std::int32_t epochs = 0;              ///< how many
   double horizontalPrecision = 0, verticalPrecision = 0;
-  std::int32_t startWeek = 0;
-  double startSeconds = 0;
+  std::int32_t startWeek = 0;  ///< GPS week
+  double startSeconds = 0;     ///< of that week
   std::int32_t endWeek = 0;
   double endSeconds = 0;
-  std::int32_t initialization = 0;
+  std::int32_t initialization = 0;  ///< IM: as the receiver gives it
 
   static constexpr RawField<GQ_RECORD> kFields[] = {
       {L"DC", &GQ_RECORD::role},
@@ -512,9 +517,9 @@ struct GP_RECORD {
 
 struct GO_RECORD {
   std::wstring_view name;
-  double azimuth = 0;
-  double zenith = 0, slopeDistance = 0;
-  double instrumentHeight = 0, rodHeight = 0;
+  double azimuth = 0;                          ///< from the origin that MO says
+  double zenith = 0, slopeDistance = 0;        ///< zenith angle, length
+  double instrumentHeight = 0, rodHeight = 0;  ///< both 0: from point to point
   std::wstring_view note;
 
   static constexpr RawField<GO_RECORD> kFields[] = {
@@ -529,7 +534,7 @@ struct GO_RECORD {
 };
 
 struct ES_RECORD {
-  double semiMajorAxis = 0;
+  double semiMajorAxis = 0;  ///< length
   double inverseFlattening = 0;
 
   static constexpr RawField<ES_RECORD> kFields[] = {
@@ -541,8 +546,7 @@ struct ES_RECORD {
 struct ST_RECORD {
   double latitude = 0, longitude = 0, height = 0;
   double scale = 0;
-  double north = 0;
-  double east = 0;
+  double north = 0, east = 0;  ///< offsets, lengths
 
   static constexpr RawField<ST_RECORD> kFields[] = {
       {L"LA", &ST_RECORD::latitude}, {L"LN", &ST_RECORD::longitude}, {L"HT", &ST_RECORD::height},
@@ -551,12 +555,14 @@ struct ST_RECORD {
 };
 
 struct PJ_RECORD {
-  std::int32_t type = 0;
-  double latitude = 0, longitude = 0, height = 0;
-  double north = 0, east = 0, elevation = 0;
-  double scale = 0;
-  double angle1 = 0;  ///< OO: the first parallel, or an azimuth
-  double angle2 = 0;  ///< OT: the second parallel
+  std::int32_t type = 0;               ///< TP: id of a projection, 2048 to 2069
+  double latitude = 0, longitude = 0;  ///< of the origin
+  double height = 0;                   ///< HT: length, northing of the origin
+  double north = 0, east = 0;          ///< lengths, false northing and easting
+  double elevation = 0;                ///< EL: length, easting of the origin
+  double scale = 0;                    ///< at the origin
+  double angle1 = 0;                   ///< OO: the first parallel, DDD.MMSSsss, or an azimuth
+  double angle2 = 0;                   ///< OT: the second parallel, DDD.MMSSsss
 
   static constexpr RawField<PJ_RECORD> kFields[] = {
       {L"TP", &PJ_RECORD::type},      {L"LA", &PJ_RECORD::latitude}, {L"LN", &PJ_RECORD::longitude},
@@ -580,12 +586,12 @@ struct PE_RECORD : PJ_RECORD {
 };
 
 struct DT_RECORD {
-  std::int32_t type = 0;
-  double semiMajorAxis = 0;
+  std::int32_t type = 0;     ///< DA: 513 shifts, 514 and 515 seven parameters, others as 513
+  double semiMajorAxis = 0;  ///< length
   double inverseFlattening = 0;
-  double rotationX = 0, rotationY = 0, rotationZ = 0;
-  double shiftX = 0, shiftY = 0, shiftZ = 0;
-  double scale = 0;
+  double rotationX = 0, rotationY = 0, rotationZ = 0;  ///< angles
+  double shiftX = 0, shiftY = 0, shiftZ = 0;           ///< lengths
+  double scale = 0;                                    ///< SP: parts per million
 
   static constexpr RawField<DT_RECORD> kFields[] = {
       {L"DA", &DT_RECORD::type},
@@ -603,18 +609,17 @@ struct DT_RECORD {
 
 /// DG and SG.
 struct FILE_RECORD {
-  std::wstring_view fileName;
+  std::wstring_view fileName;  ///< with its path, if the log has one
 
   static constexpr RawField<FILE_RECORD> kFields[] = {{L"FI", &FILE_RECORD::fileName}};
 };
 
 struct HA_RECORD {
-  double north = 0;
-  double east = 0;
-  double translateNorth = 0;
+  double north = 0, east = 0;      ///< origin, lengths
+  double translateNorth = 0;       ///< length, as translateEast
   double translateNorthAgain = 0;  ///< TH, a second spelling of TN: has to be there, has no use
   double translateEast = 0;
-  double rotation = 0;
+  double rotation = 0;  ///< angle, with its sign
   double scale = 0;
 
   static constexpr RawField<HA_RECORD> kFields[] = {
@@ -626,10 +631,9 @@ struct HA_RECORD {
 };
 
 struct VA_RECORD {
-  std::int32_t method = 0;  ///< PV, 1 to 3
-  double north = 0;
-  double east = 0;
-  double constantShift = 0;
+  std::int32_t method = 0;               ///< PV, 1 to 3
+  double north = 0, east = 0;            ///< origin, lengths
+  double constantShift = 0;              ///< length
   double slopeNorth = 0, slopeEast = 0;  ///< parts per million
   std::wstring_view geoidName;
 
@@ -655,7 +659,7 @@ struct CT_RECORD {
 };
 
 struct CS_RECORD {
-  std::int32_t system = 0;  ///< CO, 1 to 3
+  std::int32_t system = 0;  ///< CO: family of systems, 1 to 3, others as 4
   std::wstring_view zoneGroupName;
   std::wstring_view zoneName;
   std::wstring_view datumName;
@@ -670,7 +674,7 @@ struct CS_RECORD {
 
 struct CG_RECORD {
   std::int32_t azimuthOrigin = 0;  ///< AO: 2 from south
-  std::int32_t groundOrigin = 0;
+  std::int32_t groundOrigin = 0;   ///< GO: passed to the DC file as it is
 
   static constexpr RawField<CG_RECORD> kFields[] = {
       {L"AO", &CG_RECORD::azimuthOrigin},
@@ -679,12 +683,12 @@ struct CG_RECORD {
 };
 
 struct LM_RECORD {
-  std::int32_t mode = 0;
+  std::int32_t mode = 0;  ///< ME, and CS, DA, ZO and HE: the indices of CGeodeticDllIndices
   std::int32_t coordinateSystem = 0;
   std::int32_t datum = 0;
   std::int32_t zone = 0;
   std::int32_t hemisphere = 0;
-  std::wstring_view fileName;
+  std::wstring_view fileName;  ///< of a custom zone, with its path
 
   static constexpr RawField<LM_RECORD> kFields[] = {
       {L"ME", &LM_RECORD::mode},       {L"CS", &LM_RECORD::coordinateSystem},
@@ -708,9 +712,9 @@ struct CONTROL_RECORD {
 
 struct SC_RECORD {
   std::wstring_view fileName;
-  std::int32_t points = 0;
-  double horizontalStep = 0;
-  double verticalStep = 0;
+  std::int32_t points = 0;    ///< how many
+  double horizontalStep = 0;  ///< angle
+  double verticalStep = 0;    ///< angle
 
   static constexpr RawField<SC_RECORD> kFields[] = {
       {L"FI", &SC_RECORD::fileName},
@@ -721,7 +725,7 @@ struct SC_RECORD {
 };
 
 struct CR_RECORD {
-  double x0 = 0, y0 = 0;
+  double x0 = 0, y0 = 0;                 ///< as the camera gives it, like all without a comment
   double focalLength = 0;                ///< CK
   double kappa = 0, phi = 0, omega = 0;  ///< angles
   double s0 = 0, c0 = 0, z0 = 0, i = 0;
@@ -744,7 +748,7 @@ struct CR_RECORD {
 
 struct IM_RECORD {
   std::wstring_view fileName;
-  double horizontalAngle = 0, verticalAngle = 0;
+  double horizontalAngle = 0, verticalAngle = 0;              ///< of the line of sight
   std::int32_t width = 0, height = 0;                         ///< of the picture, in pixels
   std::int32_t startX = 0, startY = 0, sizeX = 0, sizeY = 0;  ///< of the part that counts
 
