@@ -77,9 +77,9 @@ ExitCode BatchLog::Finish() {
   const std::size_t good = Count(BatchStatus::Converted) + Count(BatchStatus::Skipped);
   const ExitCode code = good == m_files.size() ? kConverted : kFailed;
   TellSums(code);
-  m_report.close();
-  if (m_report.fail() && m_report.is_open()) {
-    throw HostFailure(kNoOutput, "the report can't be written");
+  if (m_report.is_open()) {
+    m_report.close();
+    if (m_report.fail()) throw HostFailure(kNoOutput, "the report can't be written");
   }
   return code;
 }

@@ -48,22 +48,32 @@ int UnitsOfLog(const fs::path& log) {
   return isInFeet ? 1 : unit == LinearUnit::UsSurveyFoot ? 2 : 0;
 }
 
-// A list that can't be read leaves no job, which is for the conversion to tell.
-void ImportBesideLog(const fs::path& list, const fs::path& log, const fs::path& job) {
+// A list that can't be read leaves no job, which is for the conversion to tell. False if the job
+// can't be written.
+bool ImportBesideLog(const fs::path& list, const fs::path& log, const fs::path& job) {
   try {
     ImportCr5(list, job, FT_JOB, UnitsOfLog(log));
   } catch (const HostFailure& failure) {
-    if (failure.GetCode() == kNoOutput) throw;
     fs::remove(job);
+    return failure.GetCode() != kNoOutput;
   }
+  return true;
 }
 
 Result ConvertBesideList(Conversion staged, const fs::path& job) {
-  ImportBesideLog(staged.input, staged.read, job);
+  if (!ImportBesideLog(staged.input, staged.read, job)) {
+    return {kNoOutput, {"Unable to write the file " + ToText(staged.output) + "."}};
+  }
   staged.job = job;
   Result result = ConvertWithProgress(staged);
   Rename(result.messages, ToText(job), ToText(staged.input));
   return result;
+}
+
+// For the job that may be made on the way: short, since the name of the output may be as long as
+// the system takes.
+const char* NameBetween(const fs::path& output) {
+  return output == "between.job" ? "way.job" : "between.job";
 }
 
 // `job`: where one may be made on the way.
@@ -84,7 +94,7 @@ void RunPlan(const ConvertPlan& plan, bool force, Outcome& outcome, const Approv
   const StagingFolder staging(asked.output.parent_path());
   Conversion staged = asked;
   staged.output = staging.GetPath() / asked.output.filename();
-  const fs::path job = fs::path(staged.output) += ".job";
+  const fs::path job = staging.GetPath() / NameBetween(asked.output.filename());
 
   const Result result = ConvertStaged(staged, job);
   outcome.messages = result.messages;

@@ -47,7 +47,9 @@ void ImportCr5(const fs::path& list, const fs::path& jobPath, FileType type, int
   conversion.SetUnits(units);
   const bool converted = created && conversion.ConvertToNative(report);
   job.Close();
-  if (!created || job.HasWriteFailed()) throw HostFailure(kNoOutput, "OUT can't be written");
+  if (!created || job.HasWriteFailed()) {
+    throw HostFailure(kNoOutput, ToText(jobPath) + " can't be written");
+  }
   if (cr5.HasReadFailed()) throw HostFailure(kFailed, ToText(list) + " can't be read to its end");
   if (!converted) throw HostFailure(kFailed, ToText(list) + " ends within its header");
 }

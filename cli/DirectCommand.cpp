@@ -6,6 +6,7 @@
 #include "cli/FileChecks.h"
 #include "cli/ProgressBar.h"
 #include "cli/StagingFolder.h"
+#include "cli/platform/Host.h"
 #include "io/Strings.h"
 
 namespace zelconvert::cli {
@@ -25,8 +26,11 @@ void RunIntoPlace(const Options& options, const std::vector<InputFile>& inputs,
   {
     std::optional<ProgressBar> bar;
     if (ShowsProgress()) bar.emplace();
-    convert(inputs, staging.GetPath() / output.filename(), outcome);
+    const fs::path staged = staging.GetPath() / output.filename();
+    Attempt(outcome, [&] { convert(inputs, staged, outcome); });
+    Rename(outcome, platform::ToText(staged), platform::ToText(output));
   }
+  if (outcome.code != kConverted) throw HostFailure(outcome.code, outcome.error);
   outcome.files = staging.MoveFiles(staging.GetTargets(), output, options.force);
 }
 

@@ -41,7 +41,9 @@ void ImportSdr(const InputFile& input, const std::filesystem::path& output, cons
   const bool converted = created && conversion.ConvertToRaw(report);
   raw.Close();
   AddMessages(outcome, report.messages);
-  if (!created || raw.HasWriteFailed()) throw HostFailure(kNoOutput, "OUT can't be written");
+  if (!created || raw.HasWriteFailed()) {
+    throw HostFailure(kNoOutput, platform::ToText(output) + " can't be written");
+  }
   if (sdr.HasReadFailed()) throw HostFailure(kFailed, shown + " can't be read to its end");
   if (!converted) throw HostFailure(kFailed, shown + " was not converted");
 }

@@ -17,8 +17,11 @@ namespace zelconvert::cli {
 namespace {
 
 // The merge itself gives no texts.
-[[noreturn]] void Refuse(MergeResult result, const std::vector<InputFile>& files) {
-  if (result == MergeResult::NotWritten) throw HostFailure(kNoOutput, "OUT can't be written");
+[[noreturn]] void Refuse(MergeResult result, const std::vector<InputFile>& files,
+                         const std::filesystem::path& output) {
+  if (result == MergeResult::NotWritten) {
+    throw HostFailure(kNoOutput, platform::ToText(output) + " can't be written");
+  }
   if (result == MergeResult::ScalesDiffer) {
     throw HostFailure(kFailed, "the jobs have different scales");
   }
@@ -51,7 +54,7 @@ void Merge(const std::vector<InputFile>& inputs, const std::filesystem::path& ou
   MergeCounts counts;
   const MergeResult result = MergeJobs(first, second, merged, report, &counts);
   AddMessages(outcome, report.messages);
-  if (result != MergeResult::Merged) Refuse(result, inputs);
+  if (result != MergeResult::Merged) Refuse(result, inputs, output);
   AddWarning(outcome.warnings, WarnOfRepeated(counts));
 }
 

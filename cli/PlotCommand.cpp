@@ -41,7 +41,7 @@ void Write(const fs::path& path, const std::string& svg) {
   std::ofstream file(path, std::ios::binary);
   file.write(svg.data(), static_cast<std::streamsize>(svg.size()));
   file.close();
-  if (!file) throw HostFailure(kNoOutput, "OUT can't be written");
+  if (!file) throw HostFailure(kNoOutput, platform::ToText(path) + " can't be written");
 }
 
 // For a large sheet that is still read easily on a screen.

@@ -351,11 +351,6 @@ class PosixTest(HostTest):
 
     test_cases = test_json = test_standard_streams = test_batch_any_jobs = test_batch_roads = test_batch_again = None  # run once
 
-    def test_full_output(self):
-        with open("/dev/full", "wb") as full:
-            result = subprocess.run(HOST + ["types"], stdout=full, stderr=subprocess.PIPE)
-        self.assertEqual(result.returncode, 4)
-
     def test_devices_and_links(self):
         os.symlink("a.job", os.path.join(self.folder, "link.dc"))
         os.symlink("unmounted", os.path.join(self.folder, "lost.dc"))

@@ -1,0 +1,152 @@
+#!/usr/bin/env python3
+"""failures_test.py HOST [ARGUMENTS...]: what isn't the fault of a file: no room, no permission, names that are
+long or of other letters, another file system. The exit code is right, a text says what is wrong, nothing of
+what was there is lost, and no piece of a file is left."""
+
+import os
+import pathlib
+import shutil
+import subprocess
+import sys
+import tempfile
+import unittest
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+HOST = []
+ON_WINDOWS = False
+INPUTS = {
+    "job": "examples/boundary.job", "2.job": "examples/control.job", "dc": "examples/ridge-road.dc",
+    "raw": "examples/mill-creek.raw", "sdr": "examples/mill-creek.sdr",
+    "cr5": "tests/golden/job-to-cr5/boundary/out.cr5", "p.dc": "tests/golden/dc-to-job/roads-before-points/in.dc",
+}
+
+# Of everything that prints much or little: what can't be printed.
+PRINTED = [
+    "types", "types --json", "types raw", "help", "help --json", "help convert", "--version", "--help", "generate man",
+    "detect n.job", "detect n.job --json", "info n.raw", "info n.raw --json", "points n.job",
+    "points n.job --format geojson", "plot n.raw -", "diff n.job n.2.job", "diff n.job n.2.job --json",
+    "convert n.job - --to dc", "convert n.job out.dc", "convert n.job out.dc --json", "merge n.job n.2.job - --to job",
+    "batch --to dc --out-dir out n.job", "batch --to dc --out-dir out n.job --json",
+    "batch --to dc --out-dir out n.job --report -",
+]
+
+# One command of each kind, and what it makes; "n" is the name of the files.
+MADE = [
+    ("convert n.job n-1.dc", ["n-1.dc"]),
+    ("convert n.job n-1.dc --verify", ["n-1.dc"]),
+    ("convert n.p.dc n-1.cr5", ["Main_St_.RD5", "T.tp5", "n-1.cr5"]),
+    ("convert n.p.dc between.job --to cr5", ["Main_St_.RD5", "T.tp5", "between.job"]),
+    ("convert n.dc n-1.job", ["RIDGE_RO.RD5", "RURAL_2L.tp5", "n-1.job"]),
+    ("import-cr5 n.cr5 n-1.job --units usft", ["n-1.job"]),
+    ("import-sdr n.sdr n-1.raw", ["n-1.raw"]),
+    ("merge n.job n.2.job n-1.job", ["n-1.job"]),
+    ("points n.dc -o n-1.csv", ["n-1.csv"]),
+    ("plot n.dc n-1.svg", ["n-1.svg"]),
+]
+NAMES = ["a name of blanks", "Gr\u00fcnwald \u4e2d\u6587 \u00e9t\u00e9", "x" * 200, "\u00e9" * 100]
+
+
+class FailuresTest(unittest.TestCase):
+    def setUp(self):
+        self.folder = pathlib.Path(tempfile.mkdtemp())
+        self.addCleanup(shutil.rmtree, self.folder)
+
+    def fill(self, name):
+        for suffix, source in INPUTS.items():
+            shutil.copyfile(ROOT / source, self.folder / f"{name}.{suffix}")
+        self.before = self.contents(self.folder)
+
+    @staticmethod
+    def contents(folder):
+        return {path.relative_to(folder).as_posix(): path.read_bytes() for path in folder.rglob("*") if path.is_file()}
+
+    def run_host(self, words, **options):
+        with tempfile.TemporaryFile() as out, tempfile.TemporaryFile() as err:
+            options = {"stdout": out, **options}
+            code = subprocess.run([*HOST, *words], cwd=self.folder, stderr=err, timeout=120, **options).returncode
+            err.seek(0)
+            return code, err.read().decode("utf-8", "replace")
+
+    def check_made(self, files, told):
+        after = self.contents(self.folder)
+        self.assertEqual({name: after.get(name) for name in self.before}, self.before)
+        self.assertEqual(sorted(set(after) - set(self.before)), sorted(files), told)
+
+    @unittest.skipUnless(os.path.exists("/dev/full") and os.name == "posix", "needs /dev/full")
+    def test_standard_output_is_full(self):
+        for line in [] if ON_WINDOWS else PRINTED:
+            with self.subTest(line):
+                self.fill("n")
+                with open("/dev/full", "wb") as full:
+                    code, told = self.run_host(line.split(), stdout=full)
+                self.assertEqual(code, 4, told)
+                self.assertIn("standard output can't be written", told)
+                shutil.rmtree(self.folder / "out", ignore_errors=True)
+                (self.folder / "out.dc").unlink(missing_ok=True)
+
+    def test_names(self):
+        names = NAMES if ON_WINDOWS else [*NAMES, "x" * 249]  # with the longest ending 255 characters
+        for name in names:
+            for line, made in MADE:
+                with self.subTest(name[:20] + ": " + line):
+                    self.fill(name)
+                    words = [word.replace("n", name, 1) if word.startswith("n") else word for word in line.split()]
+                    code, told = self.run_host(words)
+                    self.assertEqual(code, 0, told)
+                    self.check_made([each.replace("n-", name + "-") for each in made], told)
+                    shutil.rmtree(self.folder)
+                    self.folder.mkdir()
+
+    def check_refused(self, text, **options):
+        for line, made in MADE:
+            with self.subTest(line):
+                self.fill("n")
+                code, told = self.run_host(line.split(), **options)
+                self.assertEqual(code, 4, told)
+                self.assertIn(text or made[-1], told)
+                self.assertNotIn(".zelconvert-", told)
+                self.check_made([], told)
+
+    @unittest.skipIf(os.name != "posix", "POSIX alone")
+    def test_no_room(self):
+        if ON_WINDOWS:
+            self.skipTest("POSIX alone")
+        import resource
+
+        def limit():
+            resource.setrlimit(resource.RLIMIT_FSIZE, (128, 128))
+
+        self.check_refused("", preexec_fn=limit)
+        # The report of a batch has no room for its second line.
+        words = ["batch", "--to", "cr5", "--out-dir", "out", "absent.job", "gone.job", "--keep-going", "--report", "report"]
+        result = subprocess.run([*HOST, *words], cwd=self.folder, stderr=subprocess.PIPE, preexec_fn=limit)
+        self.assertEqual(result.returncode, 4)
+        self.assertIn(b"the report can't be written", result.stderr)
+
+    @unittest.skipIf(os.name != "posix", "POSIX alone")
+    def test_folder_may_not_be_written(self):
+        if ON_WINDOWS:
+            self.skipTest("POSIX alone")
+        nobody = {"user": 65534} if os.geteuid() == 0 else {}
+        self.folder.chmod(0o555)
+        self.addCleanup(self.folder.chmod, 0o755)
+        if nobody == {}:
+            self.skipTest("files are put there by root")
+        self.check_refused(f"the folder {self.folder} can't be written: Permission denied", **nobody)
+
+    def test_another_file_system(self):
+        other = pathlib.Path("/dev/shm")
+        if ON_WINDOWS or not other.is_dir() or other.stat().st_dev == self.folder.stat().st_dev:
+            self.skipTest("there is no other file system")
+        self.fill("n")
+        with tempfile.TemporaryDirectory(dir=other) as name:
+            code, told = self.run_host(["convert", "n.dc", name + "/out.job"])
+            self.assertEqual(code, 0, told)
+            self.assertEqual(sorted(os.listdir(name)), ["RIDGE_RO.RD5", "RURAL_2L.tp5", "out.job"])
+        self.check_made([], told)
+
+
+if __name__ == "__main__":
+    HOST = [os.path.abspath(each) if os.path.exists(each) else each for each in sys.argv[1:]]
+    ON_WINDOWS = HOST[-1].endswith(".exe")
+    unittest.main(argv=sys.argv[:1], failfast="GTEST_FAIL_FAST" in os.environ)
