@@ -6,9 +6,11 @@ it. cs2cs of the PROJ library goes by the EPSG code of the zone in its database.
 within a centimetre, in every third zone of each table, and find the same code.
 """
 
+import concurrent.futures
 import csv
 import json
 import math
+import os
 import pathlib
 import subprocess
 import sys
@@ -45,18 +47,22 @@ def places(row):
     return [(north + n, east + e) for n, e in ((0, 0), (100000, 50000), (250000, -40000))]
 
 
-def positions_by_host(host, folder, system, datum, zone, points):
-    log = folder / "zone.raw"
+def store_log(log, system, datum, zone, points):
     lines = ["JB,NMZONE,DT01-02-2026,TM08:00:00", "MO,AD0,UN1,SF1.0,EC0,EO0.0,AU0",
              f"LM,ME0,CS{system},DA{datum},ZO{zone},HE0,FI"]
     lines += [f"SP,PN{i},N {n:.6f},E {e:.6f},EL0.0,--" for i, (n, e) in enumerate(points)]
     log.write_text("\n".join(lines) + "\n", encoding="ascii")
+
+
+def positions_by_host(host, log):
     out = subprocess.run(host + ["points", "--format", "geojson", "--crs", "wgs84", str(log)], check=True,
                          capture_output=True, text=True).stdout
-    info = subprocess.run(host + ["info", "--json", str(log)], check=True, capture_output=True, text=True).stdout
-    features = json.loads(out)["features"]
-    code = json.loads(info)["files"][0]["system"]["epsg"]
-    return [feature["geometry"]["coordinates"] for feature in features], code
+    return [feature["geometry"]["coordinates"] for feature in json.loads(out)["features"]]
+
+
+def codes_by_host(host, logs):
+    info = subprocess.run([*host, "info", "--json", *logs], check=True, capture_output=True, text=True).stdout
+    return [each["system"]["epsg"] for each in json.loads(info)["files"]]
 
 
 def positions_by_code(cs2cs, code, unit, points):
@@ -76,16 +82,20 @@ def metres_between(a, b):
 def main():
     host, cs2cs = sys.argv[1:-1], sys.argv[-1]
     seen, worst, faults = {}, 0.0, 0
-    with tempfile.TemporaryDirectory() as name:
-        for table, system, datum, zone, code, unit, row in tables():
-            points = places(row)
-            mine, found = positions_by_host(host, pathlib.Path(name), system, datum, zone, points)
-            theirs = positions_by_code(cs2cs, code, unit, points)
-            off = max(metres_between(a, b) for a, b in zip(mine, theirs, strict=True))
+    zones = list(tables())
+    with tempfile.TemporaryDirectory() as name, concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as threads:
+        logs = [pathlib.Path(name, f"{i}.raw") for i in range(len(zones))]
+        for log, (_, system, datum, zone, _, _, row) in zip(logs, zones, strict=True):
+            store_log(log, system, datum, zone, places(row))
+        found = codes_by_host(host, logs)
+        mine = threads.map(lambda log: positions_by_host(host, log), logs)
+        theirs = threads.map(lambda zone: positions_by_code(cs2cs, zone[4], zone[5], places(zone[6])), zones)
+        for (table, _, _, zone, code, _, _), told, here, there in zip(zones, found, mine, theirs, strict=True):
+            off = max(metres_between(a, b) for a, b in zip(here, there, strict=True))
             worst = max(worst, off)
             seen[table] = seen.get(table, 0) + 1
-            if found != code or not off < 0.01:
-                print(f"{table} zone {zone}: EPSG:{found} for EPSG:{code}, {off:.4f} m")
+            if told != code or not off < 0.01:
+                print(f"{table} zone {zone}: EPSG:{told} for EPSG:{code}, {off:.4f} m")
                 faults += 1
     print(seen, f"worst {worst:.5f} m")
     assert all(count >= 10 for count in seen.values()) and len(seen) == 3
