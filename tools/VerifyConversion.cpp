@@ -112,7 +112,8 @@ void DropGpsPoints(Survey& survey) {
   std::unordered_set<std::wstring_view> rovers;
   for (const GpsVector& vector : survey.vectors) rovers.insert(vector.rover);
   std::erase_if(survey.points, [&](const SurveyPoint& point) {
-    return point.source == PointSource::Gps || (point.isDeleted && rovers.contains(point.name));
+    const bool isTold = !point.isDeleted && point.source != PointSource::Occupied;
+    return point.source == PointSource::Gps || (!isTold && rovers.contains(point.name));
   });
 }
 

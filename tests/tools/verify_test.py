@@ -75,7 +75,7 @@ class VerifyTest(unittest.TestCase):
 
     # Names, heights and records of GPS that no conversion brings aren't missed.
     def test_gps_logs(self):
-        for case in "bases", "empty-values", "localization", "offsets", "point-kinds", "quality", "rover", "states":
+        for case in "bases empty-values localization offsets point-kinds quality roles rover states".split():
             with self.subTest(case):
                 path = GOLDEN / f"raw-to-dc1070/gps-{case}/in.raw"
                 code, _, errors = self.host("convert", str(path), f"{case}.dc", "--to", "dc1070", "--verify")
