@@ -52,8 +52,12 @@ class Window {
     windowClass.hInstance = GetModuleHandleW(nullptr);
     windowClass.lpszClassName = L"WindowHostTest";
     RegisterClassW(&windowClass);
-    m_handle = CreateWindowExW(0, windowClass.lpszClassName, L"", 0, 0, 0, 0, 0, HWND_MESSAGE,
-                               nullptr, windowClass.hInstance, nullptr);
+    // A desktop that has only just been asked for may not be there yet.
+    for (int i = 0; i < 100 && m_handle == nullptr; ++i) {
+      if (i > 0) Sleep(100);
+      m_handle = CreateWindowExW(0, windowClass.lpszClassName, L"", 0, 0, 0, 0, 0, HWND_MESSAGE,
+                                 nullptr, windowClass.hInstance, nullptr);
+    }
     EXPECT_NE(m_handle, nullptr);
     SetWindowLongPtrW(m_handle, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
   }
