@@ -70,15 +70,7 @@ class CDcFile : public CFileCE {
   /// Every field but those that a table names as constants is set. Throws ConversionFailure for a
   /// line that is shorter than the record's kShortestLine.
   template <DcRecordType R>
-  static void Read(std::wstring_view line, R& record) {
-    static_assert(Abut(kColumns<R>));
-    if constexpr (requires { R::kShortestLine; }) {
-      if (line.size() < R::kShortestLine) throw ConversionFailure();
-    }
-    record.type = R::kType;
-    record.subtype.assign(Mid(line, 2, 2));
-    ReadColumns(line, kColumns<R>, record);
-  }
+  static void Read(std::wstring_view line, R& record);
 
   // Not used by any route: empty lines are passed over before, and no backsight is read.
 
@@ -98,37 +90,53 @@ class CDcFile : public CFileCE {
   void Write(const R& record) {
     Write(record, R::kHasOwnSubtype ? Left(record.subtype, 2) : std::wstring_view(R::kHead + 2));
   }
-
   /// subtype: two characters, whatever the record holds.
   template <DcRecordType R>
-  void Write(const R& record, std::wstring_view subtype) {
-    m_strLine.assign(R::kHead, 2);
-    AppendRight(m_strLine, subtype, 2);
-    if constexpr (requires { record.AsWritten(); }) {
-      AppendFields(record.AsWritten());
-    } else {
-      AppendFields(record);
-    }
-    WriteLine(m_strLine);
-  }
+  void Write(const R& record, std::wstring_view subtype);
 
   /// Where names that a column cuts are told of, each once; the list stays the caller's.
   void SetMessages(StringList* messages) { m_cutNames.SetMessages(messages); }
 
  private:
   template <DcRecordType R>
-  void AppendFields(const R& record) {
-    static_assert(Abut(kColumns<R>));
-    if constexpr (requires { record.IsWrittenBlank(); }) {
-      if (record.IsWrittenBlank()) {
-        return AppendBlanks(m_strLine, End(kColumns<R>) - m_strLine.size());
-      }
-    }
-    WriteColumns(m_strLine, kWrittenColumns<R>, record, m_cutNames);
-  }
+  void AppendFields(const R& record);
 
   std::wstring m_strLine;  // the line being written; its memory is reused
   CutNames m_cutNames;
 };
+
+template <DcRecordType R>
+void CDcFile::Read(std::wstring_view line, R& record) {
+  static_assert(Abut(kColumns<R>));
+  if constexpr (requires { R::kShortestLine; }) {
+    if (line.size() < R::kShortestLine) throw ConversionFailure();
+  }
+  record.type = R::kType;
+  record.subtype.assign(Mid(line, 2, 2));
+  ReadColumns(line, kColumns<R>, record);
+}
+
+template <DcRecordType R>
+void CDcFile::Write(const R& record, std::wstring_view subtype) {
+  m_strLine.assign(R::kHead, 2);
+  AppendRight(m_strLine, subtype, 2);
+  if constexpr (requires { record.AsWritten(); }) {
+    AppendFields(record.AsWritten());
+  } else {
+    AppendFields(record);
+  }
+  WriteLine(m_strLine);
+}
+
+template <DcRecordType R>
+void CDcFile::AppendFields(const R& record) {
+  static_assert(Abut(kColumns<R>));
+  if constexpr (requires { record.IsWrittenBlank(); }) {
+    if (record.IsWrittenBlank()) {
+      return AppendBlanks(m_strLine, End(kColumns<R>) - m_strLine.size());
+    }
+  }
+  WriteColumns(m_strLine, kWrittenColumns<R>, record, m_cutNames);
+}
 
 }  // namespace zelconvert

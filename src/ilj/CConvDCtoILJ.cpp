@@ -73,10 +73,14 @@ double PpmToFactor(double ppm) {
   return 1 + ppm * 1e-6;
 }
 
+constexpr bool IsNameBlank(wchar_t c) {
+  return c == L' ' || (c >= L'\a' && c <= L'\f');  // a carriage return isn't one
+}
+
 constexpr std::wstring_view TrimName(std::wstring_view name) {
-  constexpr std::wstring_view kBlanks = L" \a\b\t\n\v\f";  // a carriage return isn't one
-  name.remove_suffix(name.size() - 1 - name.find_last_not_of(kBlanks));
-  return name.substr(std::min(name.find_first_not_of(kBlanks), name.size()));
+  while (!name.empty() && IsNameBlank(name.front())) name.remove_prefix(1);
+  while (!name.empty() && IsNameBlank(name.back())) name.remove_suffix(1);
+  return name;
 }
 
 // One run.

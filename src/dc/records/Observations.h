@@ -35,12 +35,12 @@ struct tDC_VECTORRecord : DcRecord<"70KI", tDC_VECTORRecord> {
 
 /// What the observations 79, D9 and 80 begin with.
 struct tDC_OBSERVATION_FIELDS : tDC_RECORD {
-  std::wstring from;    ///< station
-  std::wstring to;      ///< target
-  double distance = 0;  ///< slope distance
-  double angle1 = 0;    ///< of 79 and D9 the zenith angle, of 80 the azimuth
-  double angle2 = 0;    ///< of 79 and D9 the circle reading, of 80 the zenith angle
-  std::wstring code;
+  std::wstring from = {};  ///< station
+  std::wstring to = {};    ///< target
+  double distance = 0;     ///< slope distance
+  double angle1 = 0;       ///< of 79 and D9 the zenith angle, of 80 the azimuth
+  double angle2 = 0;       ///< of 79 and D9 the circle reading, of 80 the zenith angle
+  std::wstring code = {};
 };
 
 /// 79: distance, zenith angle and circle reading.

@@ -99,11 +99,11 @@ struct tDC_GRID_POSITIONRecord : DcRecord<"69NM", tDC_GRID_POSITIONRecord, kOwnS
 
 /// What the positions 66 to 68 begin with.
 struct tDC_GPS_FIELDS : tDC_RECORD {
-  std::wstring name;
+  std::wstring name = {};
   double coord1 = 0;  ///< latitude; in 67 the geocentric difference X, then Y and Z
   double coord2 = 0;  ///< longitude
   double coord3 = 0;  ///< height
-  std::wstring code;
+  std::wstring code = {};
   std::int32_t method = 0;
   wchar_t classification = L'1';
 };

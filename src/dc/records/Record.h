@@ -48,22 +48,22 @@ struct tDC_RECORD {
 inline constexpr bool kOwnSubtype = true;
 inline constexpr bool kFixedSubtype = false;
 
+/// The fields that most records share with others.
+struct DcNoFields : tDC_RECORD {};
+
 /// A record of a fixed type. Its subtype starts as that of `head`, which is also what is written,
 /// unless the record has a subtype of its own.
 /// R: the record itself, which names its fields in its table: `&Self::name`.
 /// Fields: those that it shares with other records. (A base beside this one would lie at a place
 /// that a table inside of the record can't know yet.)
-template <DcHead head, class R = void, bool ownSubtype = kFixedSubtype, class Fields = tDC_RECORD>
+template <DcHead head, class R = void, bool ownSubtype = kFixedSubtype, class Fields = DcNoFields>
 struct DcRecord : Fields {
   using Self = R;
   static constexpr std::int32_t kType = head.Type();
   static constexpr const wchar_t* kHead = head.text;
   static constexpr bool kHasOwnSubtype = ownSubtype;
 
-  DcRecord() {
-    this->type = kType;
-    this->subtype = head.text + 2;
-  }
+  DcRecord() : Fields{{kType, head.text + 2}} {}
 };
 
 }  // namespace zelconvert
