@@ -1,29 +1,11 @@
 // ILJ to DC and DC to ILJ by the exported function, beside plain loops over the same files.
 #include <benchmark/benchmark.h>
 
-#include "Generate.h"
-#include "PlainLoop.h"
+#include "GenerateDc.h"
 #include "zelconvert/zelconvert.h"
 
 namespace zelconvert::bench {
 namespace {
-
-void MakeDc(const std::string& path, std::size_t points) {
-  std::string dc = "00NMFX V10-70           03-13-2026 14:15111111\r\n";
-  for (std::size_t i = 0; i < points; ++i) {
-    const Point point = MakePoint(i);
-    const std::string name = "P" + std::to_string(point.number);
-    dc += "69KI";
-    dc.append(16 - name.size(), ' ');
-    dc += name;
-    AppendNumber(dc, point.north, 16, 5);
-    AppendNumber(dc, point.east, 16, 5);
-    AppendNumber(dc, point.elevation, 16, 5);
-    AppendText(dc, point.code, 16);
-    dc += "11\r\n";
-  }
-  WriteWhole(path, dc);
-}
 
 void AppendField(std::string& line, std::string_view tag, double value) {
   line += tag;
