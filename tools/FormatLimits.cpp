@@ -22,27 +22,27 @@ constexpr KindSet kKindsOfIlj = {Kind::Points, Kind::Geodetic, Kind::Deletions,
                                  Kind::Shots,  Kind::System,   Kind::Notes};
 
 // kinds, names, characters of a name and of a code, 8 bits, length, height, angle, scale
-constexpr FormatLimits kDc = {kAllKinds, NameForm::Text, 16,      16,     true,
-                              {5, 16},   {5, 16},        {9, 16}, {9, 16}};
-constexpr FormatLimits kJob = {kKindsOfJob, NameForm::Word, 16,     16,    false,
-                               kWhole,      kWhole,         kWhole, kWhole};
-constexpr FormatLimits kList = {{Kind::Points}, NameForm::Number, 7,      16,    true,
-                                kWhole,         kWhole,           kWhole, kWhole};
-constexpr FormatLimits kLog = {kAllKinds.Without({Kind::Roads}),
-                               NameForm::Text,
-                               kAnyLength,
-                               kAnyLength,
-                               true,
-                               kWhole,
-                               kWhole,
-                               kWhole,
-                               kWhole};
+constexpr FormatLimits kDcFile = {kAllKinds, NameForm::Text, 16,      16,     true,
+                                  {5, 16},   {5, 16},        {9, 16}, {9, 16}};
+constexpr FormatLimits kJobFile = {kKindsOfJob, NameForm::Word, 16,     16,    false,
+                                   kWhole,      kWhole,         kWhole, kWhole};
+constexpr FormatLimits kListFile = {{Kind::Points}, NameForm::Number, 7,      16,    true,
+                                    kWhole,         kWhole,           kWhole, kWhole};
+constexpr FormatLimits kLogFile = {kAllKinds.Without({Kind::Roads}),
+                                   NameForm::Text,
+                                   kAnyLength,
+                                   kAnyLength,
+                                   true,
+                                   kWhole,
+                                   kWhole,
+                                   kWhole,
+                                   kWhole};
 constexpr FormatLimits kSdr33File = {kKindsOfSdr, NameForm::Text, 14,      16,     true,
                                      {5, 16},     {3, 16},        {5, 16}, {3, 16}};
 constexpr FormatLimits kSdr2File = {kKindsOfSdr, NameForm::Number, 4,       16,     true,
                                     {3, 10},     {3, 10},          {5, 10}, {3, 10}};
-constexpr FormatLimits kIlj = {kKindsOfIlj, NameForm::Word, 16,      kAnyLength, false,
-                               {5, 16},     {5, 16},        {7, 16}, {9, 16}};
+constexpr FormatLimits kIljFile = {kKindsOfIlj, NameForm::Word, 16,      kAnyLength, false,
+                                   {5, 16},     {5, 16},        {7, 16}, {9, 16}};
 constexpr FormatLimits kDocument = {kKindsOfSdr, NameForm::Text, 16,      kAnyLength, false,
                                     {5, 16},     {3, 16},        {6, 16}, {9, 16}};
 
@@ -97,27 +97,27 @@ const FormatLimits& LimitsOf(FileType type) {
     case FT_JOB:
     case FT_OLD_JOB:
     case FT_PW_JOB:
-      return kJob;
+      return kJobFile;
     case FT_CR5:
     case FT_SEQ_CR5:
-      return kList;
+      return kListFile;
     case FT_RAW:
     case FT_RW5:
     case FT_PW_RAW:
     case FT_JOB_RAW:
     case FT_PW_JOB_RAW:
     case FT_CR5_RW5:
-      return kLog;
+      return kLogFile;
     case FT_SDR33:
       return kSdr33File;
     case FT_SDR2:
       return kSdr2File;
     case FT_ILJ:
-      return kIlj;
+      return kIljFile;
     case FT_JXL:
       return kDocument;
     default:
-      return kDc;
+      return kDcFile;
   }
 }
 
