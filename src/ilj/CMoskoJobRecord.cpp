@@ -44,11 +44,13 @@ void CMoskoJobRecord::ClearFields() {
 }
 
 bool CMoskoJobRecord::HasAll(const IljFieldList& fields) const {
-  return std::ranges::all_of(fields.Types(), [this](IljFieldType type) { return Has(type); });
+  const auto types = fields.Types();
+  return std::all_of(types.begin(), types.end(), [this](IljFieldType type) { return Has(type); });
 }
 
 bool CMoskoJobRecord::HasAny(const IljFieldList& fields) const {
-  return std::ranges::any_of(fields.Types(), [this](IljFieldType type) { return Has(type); });
+  const auto types = fields.Types();
+  return std::any_of(types.begin(), types.end(), [this](IljFieldType type) { return Has(type); });
 }
 
 std::int32_t CMoskoJobRecord::GetInteger(IljFieldType type) const {

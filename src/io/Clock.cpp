@@ -36,7 +36,8 @@ platform::LocalTime CurrentLocalTime() {
 std::wstring FormatTime(std::wstring_view pattern, const platform::LocalTime& time) {
   std::wstring text;
   for (const wchar_t c : pattern) {
-    const TimePart* part = std::ranges::find(kTimeParts, c, &TimePart::letter);
+    const TimePart* part = std::find_if(std::begin(kTimeParts), std::end(kTimeParts),
+                                        [c](const TimePart& other) { return other.letter == c; });
     if (part == std::end(kTimeParts)) {
       text.push_back(c);
     } else {

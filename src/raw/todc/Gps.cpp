@@ -27,7 +27,8 @@ enum class Role { Base, GetBase, VrsBase, Rover, Static, Other };
 constexpr std::wstring_view kRoles[] = {L"BASE", L"GETBASE", L"VRSBASE", L"ROVER", L"STATIC"};
 
 Role RoleOf(std::wstring_view text) {
-  return static_cast<Role>(std::ranges::find(kRoles, text) - std::begin(kRoles));
+  const auto* const role = std::find(std::begin(kRoles), std::end(kRoles), text);
+  return static_cast<Role>(role - std::begin(kRoles));
 }
 
 /// The subtype of a GPS record.
