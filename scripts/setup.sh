@@ -16,6 +16,7 @@ elif [ "${1:-build}" = test ]; then
   packages+=(
     "${pages[@]}" "${web[@]}"
     node-typescript faketime                                   # declarations; the host at a fixed time
+    chromium                                                   # the page of web/
     clang-14 clang-format-14 clang-tidy-14 libclang-rt-14-dev  # fuzz targets, formatting, checks
     g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix wine64 # Windows
     libgtest-dev libgmock-dev googletest libbenchmark-dev

@@ -27,12 +27,15 @@ step_release() {
   ctest --preset release -j "$jobs"
 }
 
-# The package for browsers and Node, beside the host.
+# The package for browsers and Node, beside the host; the page in a browser without a window.
 step_web() {
   build wasm
   cmake --preset release --log-level=WARNING
   cmake --build --preset release -j "$jobs" --target zelconvert-host
   node --test tests/js/*.test.mjs
+  scripts/web.sh build
+  npm install --prefix tests/web --no-package-lock --no-audit --no-fund --prefer-offline --silent
+  node --test tests/web/*.test.mjs
 }
 
 # By the other compiler, whose clang-tidy reads along (.clang-tidy says what it looks for).
