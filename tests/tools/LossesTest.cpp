@@ -173,8 +173,10 @@ TEST_P(LossesTest, TableIsTrue) {
 
 // What a verification takes to arrive because these records do: without them a survey lacks it.
 TEST(RecordKinds, GiveWhatTheySay) {
-  for (const auto& [type, extension] :
+  for (const auto& formOfInput :
        {std::pair{FT_RAW, ".raw"}, {FT_DC, ".dc"}, {FT_ILJ, ".ilj"}, {FT_JOB, ".job"}}) {
+    const FileType type = formOfInput.first;
+    const char* const extension = formOfInput.second;
     const std::vector<std::string> inputs = ReadInputs(extension);
     KindSet given;
     for (const RecordKind& kind : GetRecordKinds(type)) {

@@ -12,9 +12,9 @@ namespace zelconvert::tools {
 inline std::optional<Survey> ReadFile(const std::wstring& path, FileType type, StringList& messages,
                                       std::optional<LinearUnit> listUnit = {}) {
   const TempDir folder;
-  return ReadSurvey(
-      path, type, messages,
-      {.makeFolder = [&folder] { return ToText(folder.Folder()); }, .listUnit = listUnit});
+  return ReadSurvey(path, type, messages,
+                    {.makeFolder = [&folder] { return zelconvert::ToText(folder.Folder()); },
+                     .listUnit = listUnit});
 }
 
 }  // namespace zelconvert::tools

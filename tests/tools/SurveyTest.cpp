@@ -416,7 +416,8 @@ TEST(ReadSurvey, TouchesNothingAndAsksForAPlaceOnce) {
   const std::wstring job = folder.Write(L"a.job", ReadBytes("examples/boundary.job"));
   const auto before = std::filesystem::last_write_time(ToPath(job));
   int asked = 0;
-  const ReadOptions options{.makeFolder = [&] { return ++asked, ToText(work.Folder()); }};
+  const ReadOptions options{
+      .makeFolder = [&] { return ++asked, zelconvert::ToText(work.Folder()); }};
   StringList messages;
   EXPECT_TRUE(ReadSurvey(job, FT_JOB, messages, options));
   EXPECT_EQ(asked, 1);
