@@ -4,7 +4,7 @@
 A folder includes those before it in FOLDERS. Conversions may also include later formats, but no
 other conversion, save those of CALLS. Anything of the operating system stands in src/platform/.
 tools/ includes any of them and itself; nothing of src/ includes tools/. A library that is not ours is
-known to the one file that OUTSIDE names.
+known to the one file that OUTSIDE names. What the standard library of Emscripten lacks is not used.
 """
 
 import pathlib
@@ -19,6 +19,8 @@ OUTSIDE = {"tools/Json.cpp": ["nlohmann/json.hpp"], "tools/proj/Wgs84.cpp": ["pr
 
 INCLUDE = re.compile(r'^\s*#\s*include\s+(?:"([^"]+)"|<([^>]+)>)', re.M)
 PLATFORM_TEST = re.compile(r"^\s*#.*\b(_WIN32|_WIN64|__linux__|__unix__|__APPLE__|_MSC_VER|__MINGW|__EMSCRIPTEN__)", re.M)
+
+NOT_EVERYWHERE = re.compile(r"\bstd::(ranges::\w+|bit_cast|pmr::\w+)")
 
 
 def is_conversion(path):
@@ -55,6 +57,8 @@ def faults_of_file(path, text, root):
             faults.append(f"<{system}> is a header from outside")
     if not is_border:
         faults += [f"{name} asks for the platform" for name in PLATFORM_TEST.findall(text)]
+    code = re.sub(r"//.*", "", text)
+    faults += [f"std::{name} isn't in every standard library" for name in NOT_EVERYWHERE.findall(code)]
     if path.endswith(".cpp"):
         own = path[:-4] + ".h" if root == "src" else f"tools/{path[:-4]}.h"
         first = next((quoted for quoted, _ in INCLUDE.findall(text)), None)
