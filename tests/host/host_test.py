@@ -146,7 +146,7 @@ class HostTest(unittest.TestCase):
         self.assertEqual([result.stdout, result.stderr], [made, b""])
         roads = self.run_host(["convert", "road.dc", "-", "--to", "job"])
         self.assertTrue(roads.stdout.startswith(b"Zelmont Geodata"))
-        self.assertRegex(roads.stderr, b"one file; left out.*: RIDGE_RO.RD5, RURAL_2L.tp5\n")
+        self.assertRegex(roads.stderr, b"one file; left out.*: RIDGE_RO.RD5, RURAL_2L.tp5\r?\n")
         self.assertEqual(self.made(), [])
 
     def make_many(self, count):
