@@ -282,7 +282,10 @@ onPage("all of it is reached by keys alone", async (user) => {
     assert.fail(`no stop of the tab key is ${pattern}`);
   };
   await to(/^Choose files$/);
-  const [chooser] = await Promise.all([page.waitForFileChooser(), key("Enter")]);
+  const opened = page.waitForFileChooser();
+  await new Promise((done) => setTimeout(done, 500));  // until the browser hands choosers over
+  await key("Enter");
+  const chooser = await opened;
   await chooser.accept([example("mill-creek.raw")]);
   await says(user, "#tab-points", /Points \(14\)/);
   assert.match(await page.$eval("#status", (status) => status.textContent), /mill-creek\.raw: 14 points/);
