@@ -1,20 +1,24 @@
 #!/usr/bin/env bash
-# scripts/setup.sh [build|docs|web|test]: installs the Debian packages that are missing, as root or
+# scripts/setup.sh [build|docs|web|csharp|test]: installs the Debian packages that are missing, as root or
 # through sudo. "build" (the default) is what the library and its host need, "docs" what makes the site
-# of docs/, "web" what makes the package for browsers and Node, "test" is everything.
+# of docs/, "web" what makes the package for browsers and Node, "csharp" what compiles and runs C#, "test"
+# is everything.
 set -euo pipefail
 
 packages=(cmake ninja-build g++ libcli11-dev nlohmann-json3-dev libproj-dev)
 pages=(mkdocs python3)
 web=(cmake ninja-build nlohmann-json3-dev emscripten libfast-float-dev)
+csharp=(mono-mcs mono-runtime)
 command -v npm >/dev/null || web+=(nodejs npm) # which may have come from elsewhere
 if [ "${1:-build}" = docs ]; then
   packages=("${pages[@]}")
 elif [ "${1:-build}" = web ]; then
   packages=("${web[@]}")
+elif [ "${1:-build}" = csharp ]; then
+  packages=("${csharp[@]}")
 elif [ "${1:-build}" = test ]; then
   packages+=(
-    "${pages[@]}" "${web[@]}"
+    "${pages[@]}" "${web[@]}" "${csharp[@]}"
     node-typescript faketime                                   # declarations; the host at a fixed time
     chromium                                                   # the page of web/
     clang-14 clang-format-14 clang-tidy-14 libclang-rt-14-dev  # fuzz targets, formatting, checks

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # scripts/test.sh [STEP...]: every check of the project, from a fresh clone or again.
-# Steps, in their order: format docs release web clang asan fuzz mingw64 mingw32. Without arguments all of them.
+# Steps, in their order: format docs release web csharp clang asan fuzz mingw64 mingw32. Without arguments all of them.
 # FUZZ_SECONDS (default 10) bounds the run of each fuzz target.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -36,6 +36,13 @@ step_web() {
   scripts/web.sh build
   npm install --prefix tests/web --no-package-lock --no-audit --no-fund --prefer-offline --silent
   node --test tests/web/*.test.mjs
+}
+
+# The binding for C#, compiled and run by Mono.
+step_csharp() {
+  cmake --preset release --log-level=WARNING
+  cmake --build --preset release -j "$jobs" --target zelconvert
+  python3 tests/csharp/csharp_test.py build/release
 }
 
 # By the other compiler, whose clang-tidy reads along (.clang-tidy says what it looks for).
@@ -85,7 +92,7 @@ step_mingw32() {
 }
 
 scripts/setup.sh test
-for step in ${*:-format docs release web clang asan fuzz mingw64 mingw32}; do
+for step in ${*:-format docs release web csharp clang asan fuzz mingw64 mingw32}; do
   echo "== $step"
   "step_$step"
 done
