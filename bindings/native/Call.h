@@ -1,11 +1,11 @@
-// A call of JavaScript as the host's commands take it.
+// A call of another language as the host's commands take it.
 #pragma once
 
 #include <string_view>
 
 #include "cli/Commands.h"
 
-namespace zelconvert::module {
+namespace zelconvert::bindings {
 
 struct Call {
   cli::ExitCode (*run)(const cli::Options&);
@@ -17,4 +17,4 @@ struct Call {
 /// a HostFailure for what there isn't.
 Call ParseCall(std::string_view words);
 
-}  // namespace zelconvert::module
+}  // namespace zelconvert::bindings

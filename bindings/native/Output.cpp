@@ -1,25 +1,22 @@
-#include "bindings/js/native/Output.h"
+#include "bindings/native/Output.h"
+
+#include <utility>
 
 #include "cli/Host.h"
-#include "cli/platform/Program.h"
 
 namespace {
 
-std::string g_output;
+thread_local std::string g_output;
 
 }  // namespace
 
-namespace zelconvert::module {
+namespace zelconvert::bindings {
 
-const std::string& GetOutput() {
-  return g_output;
+std::string TakeOutput() {
+  return std::exchange(g_output, {});
 }
 
-void ClearOutput() {
-  g_output.clear();
-}
-
-}  // namespace zelconvert::module
+}  // namespace zelconvert::bindings
 
 // The host's functions where there is no terminal. All that a command has to say stands in its
 // object, so what it would print beside that is dropped.
@@ -41,11 +38,5 @@ void PrintError(const std::string& /*text*/) {}
 void PrintMessages(const std::vector<std::string>& /*messages*/) {}
 void PrintNote(const std::string& /*text*/) {}
 void PrintWarning(const std::string& /*text*/) {}
-
-// There are no other programs.
-std::optional<int> platform::RunProgram(const std::string& /*name*/,
-                                        const std::vector<std::filesystem::path>& /*arguments*/) {
-  return std::nullopt;
-}
 
 }  // namespace zelconvert::cli

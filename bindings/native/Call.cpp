@@ -1,4 +1,4 @@
-#include "bindings/js/native/Call.h"
+#include "bindings/native/Call.h"
 
 #include <algorithm>
 #include <optional>
@@ -10,7 +10,7 @@
 #include "cli/Cr5Import.h"
 #include "cli/FileTypes.h"
 
-namespace zelconvert::module {
+namespace zelconvert::bindings {
 namespace {
 
 using cli::HostFailure;
@@ -49,6 +49,7 @@ constexpr Option kOptions[] = {
     {"tolerance", &Options::tolerance},
     {"job", &Options::job},
     {"verify", &Options::verify},
+    {"force", &Options::force},
 };
 
 // The one of `rows` with this name.
@@ -98,4 +99,4 @@ Call ParseCall(std::string_view words) {
   return call;
 }
 
-}  // namespace zelconvert::module
+}  // namespace zelconvert::bindings
