@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# scripts/setup.sh [build|docs|web|csharp|test]: installs the Debian packages that are missing, as root or
-# through sudo. "build" (the default) is what the library and its host need, "docs" what makes the site
-# of docs/, "web" what makes the package for browsers and Node, "csharp" what compiles and runs C#, "test"
-# is everything.
+# scripts/setup.sh [build|docs|web|csharp|gdal|test]: installs the Debian packages that are missing, as
+# root or through sudo. "build" (the default) is what the library and its host need, "docs" what makes
+# the site of docs/, "web" what makes the package for browsers and Node, "csharp" what compiles and runs
+# C#, "gdal" what makes and uses the GDAL plugin, "test" is everything.
 set -euo pipefail
 
 packages=(cmake ninja-build g++ libcli11-dev nlohmann-json3-dev libproj-dev)
@@ -10,15 +10,18 @@ pages=(mkdocs python3)
 web=(cmake ninja-build nlohmann-json3-dev emscripten libfast-float-dev)
 csharp=(mono-mcs mono-runtime)
 command -v npm >/dev/null || web+=(nodejs npm) # which may have come from elsewhere
+gdal=(libgdal-dev gdal-bin python3-gdal) # Python bindings of /usr/bin/python3
 if [ "${1:-build}" = docs ]; then
   packages=("${pages[@]}")
 elif [ "${1:-build}" = web ]; then
   packages=("${web[@]}")
 elif [ "${1:-build}" = csharp ]; then
   packages=("${csharp[@]}")
+elif [ "${1:-build}" = gdal ]; then
+  packages+=("${gdal[@]}")
 elif [ "${1:-build}" = test ]; then
   packages+=(
-    "${pages[@]}" "${web[@]}" "${csharp[@]}"
+    "${pages[@]}" "${web[@]}" "${csharp[@]}" "${gdal[@]}"
     node-typescript faketime                                   # declarations; the host at a fixed time
     chromium                                                   # the page of web/
     clang-14 clang-format-14 clang-tidy-14 libclang-rt-14-dev  # fuzz targets, formatting, checks

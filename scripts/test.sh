@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # scripts/test.sh [STEP...]: every check of the project, from a fresh clone or again.
-# Steps, in their order: format docs release web csharp clang asan fuzz mingw64 mingw32. Without arguments all of them.
+# Steps, in their order: format docs release web csharp gdal clang asan fuzz mingw64 mingw32. Without arguments all of them.
 # FUZZ_SECONDS (default 10) bounds the run of each fuzz target.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -43,6 +43,18 @@ step_csharp() {
   cmake --preset release --log-level=WARNING
   cmake --build --preset release -j "$jobs" --target zelconvert
   python3 tests/csharp/csharp_test.py build/release
+}
+
+# The GDAL plugin, installed by itself and used as GDAL's users do.
+step_gdal() {
+  cmake --preset release --log-level=WARNING
+  cmake --build --preset release -j "$jobs" --target zelconvert_gdal zelconvert-host
+  local prefix result=0
+  prefix=$(mktemp -d)
+  cmake --install build/release --component gdal --prefix "$prefix" >/dev/null
+  /usr/bin/python3 tests/gdal/gdal_test.py "$prefix" build/release/cli/zelconvert || result=$?
+  rm -rf "$prefix"
+  return "$result"
 }
 
 # By the other compiler, whose clang-tidy reads along (.clang-tidy says what it looks for).
@@ -92,7 +104,7 @@ step_mingw32() {
 }
 
 scripts/setup.sh test
-for step in ${*:-format docs release web csharp clang asan fuzz mingw64 mingw32}; do
+for step in ${*:-format docs release web csharp gdal clang asan fuzz mingw64 mingw32}; do
   echo "== $step"
   "step_$step"
 done

@@ -68,7 +68,7 @@ bool HasEllipsoid(const CGlkProjectionRecord& system) {
 
 }  // namespace
 
-std::string InverseProjection(const CGlkProjectionRecord& system, std::string& why) {
+std::string Projection(const CGlkProjectionRecord& system, std::string& why) {
   if (IsMovedFromProjection(system)) {
     why =
         "the coordinates are fitted to a local site or to control points, not those of the "
@@ -79,14 +79,20 @@ std::string InverseProjection(const CGlkProjectionRecord& system, std::string& w
     why = "the file doesn't tell the ellipsoid of its coordinate system";
     return {};
   }
-  Words words("+proj=pipeline +step +inv +proj=");
+  Words words("+proj=");
   if (!AddProjection(words, system)) {
     why = "the projection of the file (" + std::to_string(system.projectionId) +
           ") isn't one that can be reckoned";
     return {};
   }
-  AddEllipsoid(words, system).Text(" +step +proj=unitconvert +xy_in=rad +xy_out=deg");
-  return words.Get();
+  return AddEllipsoid(words, system).Get();
+}
+
+std::string InverseProjection(const CGlkProjectionRecord& system, std::string& why) {
+  const std::string projection = Projection(system, why);
+  if (projection.empty()) return {};
+  return "+proj=pipeline +step +inv " + projection +
+         " +step +proj=unitconvert +xy_in=rad +xy_out=deg";
 }
 
 std::string GeographicSystem(const CGlkProjectionRecord& system, std::string& why) {

@@ -12,6 +12,9 @@ namespace zelconvert::tools {
 /// known parameters, and for a grid that is moved away from its projection.
 std::string InverseProjection(const CGlkProjectionRecord& system, std::string& why);
 
+/// The projection itself with its ellipsoid, on the same terms; it tells no datum.
+std::string Projection(const CGlkProjectionRecord& system, std::string& why);
+
 /// The geographic system under it: a code such as "EPSG:4269", or ellipsoid and three shifts. Empty
 /// for any other datum.
 std::string GeographicSystem(const CGlkProjectionRecord& system, std::string& why);
