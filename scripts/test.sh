@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # scripts/test.sh [STEP...]: every check of the project, from a fresh clone or again.
-# Steps, in their order: format docs release web csharp gdal clang asan fuzz mingw64 mingw32. Without arguments all of them.
+# Steps, in their order: format docs release web csharp gdal clang asan tsan fuzz mingw64 mingw32. Without arguments all of them.
 # FUZZ_SECONDS (default 10) bounds the run of each fuzz target.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -67,6 +67,13 @@ step_asan() {
   ctest --preset asan -j "$jobs"
 }
 
+# Conversions side by side in one process.
+step_tsan() {
+  cmake --preset tsan --log-level=WARNING
+  cmake --build --preset tsan -j "$jobs" --target test_threads
+  ctest --preset tsan -R '^threads$'
+}
+
 # Each target over its stored inputs, then for a bounded time on inputs of its own.
 step_fuzz() {
   build fuzz
@@ -104,7 +111,7 @@ step_mingw32() {
 }
 
 scripts/setup.sh test
-for step in ${*:-format docs release web csharp gdal clang asan fuzz mingw64 mingw32}; do
+for step in ${*:-format docs release web csharp gdal clang asan tsan fuzz mingw64 mingw32}; do
   echo "== $step"
   "step_$step"
 done

@@ -36,18 +36,6 @@ constexpr std::wstring_view kNoPlace = L"No file can be made in the folder for t
 
 constexpr int kNewestDialect = 3;
 
-/// Lets logs be converted with the vectors of receivers that aren't signed: the survey says so.
-class WithoutGpsSecurity {
- public:
-  WithoutGpsSecurity() = default;
-  ~WithoutGpsSecurity() { ExchangeGpsSecurity(m_before); }
-  WithoutGpsSecurity(const WithoutGpsSecurity&) = delete;
-  WithoutGpsSecurity& operator=(const WithoutGpsSecurity&) = delete;
-
- private:
-  bool m_before = ExchangeGpsSecurity(false);
-};
-
 /// A unit as conversions of coordinate lists number it.
 int ListUnit(LinearUnit unit) {
   return unit == LinearUnit::InternationalFoot ? 1 : unit == LinearUnit::UsSurveyFoot ? 2 : 0;

@@ -5,8 +5,10 @@
  * below. In paths "/" and "\" both separate. Where file names are bytes they are taken as UTF-8; a
  * byte B that is no part of UTF-8 is the character U+DC00 + B.
  *
- * Threads: none of the functions takes a lock. One conversion runs at a time in a process, and all
- * calls come from one thread at a time. No function throws or ends the process.
+ * Threads: every function may be called in any thread at any time, conversions side by side, also
+ * from within the procedure that receives progress. A file is the input of one conversion at a time
+ * (a second is refused: "Unable to open the file ...") and the output of one. Conversions that make
+ * road files have output folders of their own. No function throws or ends the process.
  */
 #ifndef ZELCONVERT_ZELCONVERT_H_
 #define ZELCONVERT_ZELCONVERT_H_
@@ -55,7 +57,7 @@ enum FileType {
 };
 
 /* Progress reaches the host as messages to one window, sent synchronously on the thread that called
- * cZelFileConvert. wParam says the kind:
+ * cZelFileConvert: conversions side by side send each from its own thread. wParam says the kind:
  *   0 start:   lParam points to a zero-terminated wchar_t text, valid until the procedure returns
  *   1 percent: lParam is the percentage
  *   2 end:     lParam is 0
@@ -107,11 +109,13 @@ ZELCONVERT_API char cZelGetSupportedInputTypes(int type, int** list,
 ZELCONVERT_API char cZelGetSupportedOutputTypes(int type, int** list,
                                                 int* count) ZELCONVERT_NOEXCEPT;
 
-/* Registers the window that receives progress, until the next call. NULL: no progress. */
+/* Registers the window that receives progress, until the next call. NULL: no progress. A conversion
+ * tells the window that was registered when it began, and nobody once that is no longer the one. A
+ * window that goes away while another thread converts must outlive that thread's conversion. */
 ZELCONVERT_API void cZelSetupZelConvertDLLCallBack(ZelWindowHandle window) ZELCONVERT_NOEXCEPT;
 
 /* Switches the signature test of GPS records in raw to DC conversions: 0 off, anything else on.
- * It is on when the library is loaded. */
+ * It is on when the library is loaded. A conversion goes by what it was when it began. */
 ZELCONVERT_API void cZelSetGpsSecurityInDcConversions(unsigned char enable) ZELCONVERT_NOEXCEPT;
 
 /* Converts one file into another.

@@ -18,43 +18,29 @@ CZelConvertApp& CZelConvertApp::Get() {
   return app;
 }
 
-void CZelConvertApp::SendStart(std::wstring_view text) {
-  if (m_hConvertCallbackWnd == nullptr || !platform::IsWindowAlive(m_hConvertCallbackWnd)) return;
-  m_strProgressText = text;
-  Send(m_hConvertCallbackWnd, Message::Start,
-       reinterpret_cast<std::intptr_t>(m_strProgressText.c_str()));
-}
-
-void CZelConvertApp::SendPercent(std::int32_t percent) {
-  if (m_hConvertCallbackWnd == nullptr || !platform::IsWindowAlive(m_hConvertCallbackWnd)) return;
-  Send(m_hConvertCallbackWnd, Message::Percent, percent);
-}
-
-// Sent even to a window that no longer stands: the system drops it then.
-void CZelConvertApp::SendEnd() {
-  if (m_hConvertCallbackWnd != nullptr) Send(m_hConvertCallbackWnd, Message::End, 0);
-}
-
 void CConvertProgress::Start(std::wstring_view text) {
   if (m_bStarted) return;
-  CZelConvertApp::Get().SendStart(text);
+  m_hWindow = CZelConvertApp::Get().GetWindow();
+  m_strProgressText = text;
   m_bStarted = true;
+  if (!platform::IsWindowAlive(m_hWindow)) return;
+  Send(m_hWindow, Message::Start, reinterpret_cast<std::intptr_t>(m_strProgressText.c_str()));
 }
 
 void CConvertProgress::SetPercent(std::int32_t percent) {
-  if (m_bStarted) CZelConvertApp::Get().SendPercent(percent);
+  if (!m_bStarted || !HasWindow() || !platform::IsWindowAlive(m_hWindow)) return;
+  Send(m_hWindow, Message::Percent, percent);
 }
 
 void CConvertProgress::SetPosition(std::int64_t position, std::int64_t length) {
-  if (m_bStarted && CZelConvertApp::Get().HasWindow()) {
-    CZelConvertApp::Get().SendPercent(MulDiv(position, 100, length));
-  }
+  if (m_bStarted && HasWindow()) SetPercent(MulDiv(position, 100, length));
 }
 
+// Sent even to a window that no longer stands: the system drops it then.
 void CConvertProgress::End() {
   if (!m_bStarted) return;
   m_bStarted = false;
-  CZelConvertApp::Get().SendEnd();
+  if (HasWindow()) Send(m_hWindow, Message::End, 0);
 }
 
 }  // namespace zelconvert

@@ -1,6 +1,7 @@
 // Progress of a running conversion, as messages to the host's window.
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -12,7 +13,7 @@ namespace zelconvert {
 /// The text every conversion starts with.
 inline constexpr std::wstring_view kStartText = L"Start converting...";
 
-/// The library's one application object: the host's window and the messages to it.
+/// The library's one application object: it keeps the host's window, for all threads.
 class CZelConvertApp {
  public:
   /// The one of this process.
@@ -20,20 +21,15 @@ class CZelConvertApp {
 
   /// Null: nobody is told. The window stays the host's.
   void SetWindow(ZelWindowHandle window) { m_hConvertCallbackWnd = window; }
-  /// A window is set, alive or not.
-  bool HasWindow() const { return m_hConvertCallbackWnd != nullptr; }
-  // Each returns when the host has handled the message; nothing without a living window.
-  // `text` is copied; percent: 0 to 100.
-  void SendStart(std::wstring_view text);
-  void SendPercent(std::int32_t percent);
-  void SendEnd();
+  ZelWindowHandle GetWindow() const { return m_hConvertCallbackWnd; }
 
  private:
-  ZelWindowHandle m_hConvertCallbackWnd = nullptr;
-  std::wstring m_strProgressText;  // read by the host while it handles a start
+  std::atomic<ZelWindowHandle> m_hConvertCallbackWnd = nullptr;
 };
 
-/// One conversion's progress. Ends by itself when it goes out of scope.
+/// One conversion's progress, told to the window that is registered when it starts, for as long as
+/// that stays registered. Each call returns when the host has handled the message; a window that is
+/// no longer alive gets none. Ends by itself when it goes out of scope.
 class CConvertProgress {
  public:
   CConvertProgress() = default;
@@ -41,7 +37,7 @@ class CConvertProgress {
   CConvertProgress(const CConvertProgress&) = delete;
   CConvertProgress& operator=(const CConvertProgress&) = delete;
 
-  /// Tells the host that a conversion starts.
+  /// Tells the host that a conversion starts. `text` is copied.
   void Start(std::wstring_view text = kStartText);
   /// 0 to 100. Nothing before Start.
   void SetPercent(std::int32_t percent);
@@ -51,7 +47,13 @@ class CConvertProgress {
   void End();
 
  private:
+  bool HasWindow() const {
+    return m_hWindow != nullptr && m_hWindow == CZelConvertApp::Get().GetWindow();
+  }
+
   bool m_bStarted = false;
+  ZelWindowHandle m_hWindow = nullptr;
+  std::wstring m_strProgressText;  // read by the host while it handles a start
 };
 
 }  // namespace zelconvert

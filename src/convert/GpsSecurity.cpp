@@ -1,11 +1,26 @@
 #include "convert/GpsSecurity.h"
 
-#include <utility>
-
 namespace zelconvert {
+namespace {
+
+thread_local int t_exemptions = 0;
+
+}  // namespace
 
 bool ExchangeGpsSecurity(bool isTested) {
-  return std::exchange(g_bGpsSecurityInDcConversions, isTested);
+  return g_bGpsSecurityInDcConversions.exchange(isTested);
+}
+
+bool IsGpsSecurityOn() {
+  return t_exemptions == 0 && g_bGpsSecurityInDcConversions;
+}
+
+WithoutGpsSecurity::WithoutGpsSecurity() {
+  ++t_exemptions;
+}
+
+WithoutGpsSecurity::~WithoutGpsSecurity() {
+  --t_exemptions;
 }
 
 }  // namespace zelconvert

@@ -156,26 +156,26 @@ bool OpenInput(CFileCE& /*file*/, const std::wstring& /*path*/) {
 template <class Input, class Convert>
 bool ToJob(const ConvertRequest& asked, Report& report, Input& input, Convert convert) {
   ConvertRequest request = asked;
-  if (request.output.empty()) request.output = GetTempJobName(nullptr);
+  if (asked.output.empty()) request.output = MakeTempJob(nullptr, {});
   const JobOutput& form = Find(kJobOutputs, request.outputType);
   CJobFile job(form.brand);
-  return Execute(request, report,
-                 {
-                     .openInput = [&] { return OpenInput(input, request.input); },
-                     .createOutput = [&] { return job.Create(request.output, form.version); },
-                     .convert = [&] { return convert(job); },
-                     .closing = {Closer(job.GetFile()), Closer(input)},
-                 });
+  const bool converted =
+      Execute(request, report,
+              {
+                  .openInput = [&] { return OpenInput(input, request.input); },
+                  .createOutput = [&] { return job.Create(request.output, form.version); },
+                  .convert = [&] { return convert(job); },
+                  .closing = {Closer(job.GetFile()), Closer(input)},
+              });
+  if (!converted && asked.output.empty()) RemoveOutput(request.output);
+  return converted;
 }
 
 // A job beside the output that bridges two conversions; gone when this is.
 class TemporaryJob {
  public:
-  explicit TemporaryJob(const std::wstring& directory) {
-    do {
-      m_path = GetTempJobName(directory.c_str()) + L".job";
-    } while (FileExists(m_path));
-  }
+  explicit TemporaryJob(const std::wstring& directory)
+      : m_path(MakeTempJob(directory.c_str(), L".job")) {}
   ~TemporaryJob() { platform::RemoveFile(m_path); }
   TemporaryJob(const TemporaryJob&) = delete;
   TemporaryJob& operator=(const TemporaryJob&) = delete;

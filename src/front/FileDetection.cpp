@@ -24,7 +24,7 @@ constexpr Signature kSignatures[] = {
 bool StartsWith(const std::wstring& path, std::string_view signature) {
   CFileCE file;
   std::string start(signature.size(), '\0');
-  if (!file.Open(path, platform::kOpenReadOnly) || !file.Read(start.data(), start.size())) {
+  if (!file.Open(path, platform::kOpenShared) || !file.Read(start.data(), start.size())) {
     return false;
   }
   return std::equal(start.begin(), start.end(), signature.begin(), [](char a, char b) {

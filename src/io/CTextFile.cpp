@@ -55,7 +55,7 @@ void AppendDecodedUtf8(std::wstring& out, std::string_view bytes) {
 
 }  // namespace
 
-bool CTextFile::s_bUnicodeAllowed = false;
+std::atomic<bool> CTextFile::s_bUnicodeAllowed = false;
 
 CTextFile::CTextFile(bool bUnicode, bool bStripNulls)
     : m_Encoding(bUnicode ? kUtf16LittleEndian : kAnsi), m_bStripNulls(bStripNulls) {}

@@ -2,6 +2,7 @@
 // the file type detection and the interlock job files.
 #pragma once
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -33,8 +34,8 @@ class CTextFile {
   bool SetUnicode(bool bUnicode) { return SetEncoding(bUnicode ? kUtf16LittleEndian : kAnsi); }
   /// Lets this object open a file that turns out to be no 8-bit text.
   void SetAllowUnicode(bool bAllowUnicode) { m_bAllowUnicode = bAllowUnicode; }
-  /// The same for every object of the process, for good.
-  static bool s_bUnicodeAllowed;
+  /// The same for every object of the process that opens a file from then on, for good.
+  static std::atomic<bool> s_bUnicodeAllowed;
 
   /// flags: an access word of Platform.h. Without the create bit the encoding is found in the file;
   /// with it the mark of the encoding is written: FF FE, EF BB or FE FF. (Two bytes for UTF-8 as

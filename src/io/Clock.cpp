@@ -1,6 +1,7 @@
 #include "io/Clock.h"
 
 #include <algorithm>
+#include <atomic>
 #include <iterator>
 #include <optional>
 
@@ -11,7 +12,7 @@ namespace {
 
 struct Fixed {
   platform::LocalTime time;
-  std::uint32_t ticks;
+  std::atomic<std::uint32_t> ticks;
 };
 std::optional<Fixed> g_fixed;
 
@@ -53,7 +54,7 @@ std::uint32_t CurrentTickCount() {
 }
 
 ScopedClock::ScopedClock(const platform::LocalTime& time, std::uint32_t ticks) {
-  g_fixed = Fixed{time, ticks};
+  g_fixed.emplace(time, ticks);
 }
 
 ScopedClock::~ScopedClock() {

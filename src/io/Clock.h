@@ -17,7 +17,8 @@ std::wstring FormatTime(std::wstring_view pattern, const platform::LocalTime& ti
 /// Milliseconds, monotonic, wrapping at 2^32.
 std::uint32_t CurrentTickCount();
 
-/// Fixes the clock while it lives. For tests and golden files; nothing of it is exported.
+/// Fixes the clock of all threads while it lives; no other thread may run when it begins or ends.
+/// For tests and golden files; nothing of it is exported.
 class ScopedClock {
  public:
   /// The tick count starts at `ticks` milliseconds and grows by 1 with each look; the time stands.

@@ -65,6 +65,14 @@ std::wstring GetTempJobName(const wchar_t* directory) {
   return name;
 }
 
+std::wstring MakeTempJob(const wchar_t* directory, std::wstring_view extension) {
+  std::wstring path;
+  do {
+    path = GetTempJobName(directory).append(extension);
+  } while (platform::MakeNewFile(path) == platform::NewFile::Taken);
+  return path;
+}
+
 std::wstring GetProgramDirectory() {
   return platform::ProgramDirectory();
 }

@@ -24,6 +24,9 @@ void EnsureSeparator(std::wstring& path);
 /// "temp" and the tick count in `directory`; a name that nothing bears. Not created. With no
 /// directory the name starts with a separator: the root of the current drive.
 std::wstring GetTempJobName(const wchar_t* directory);
+/// Such a name with `extension`, and an empty file that bears it, so that no other thread or
+/// program takes it too. Where the system lets no file be made the name comes alone.
+std::wstring MakeTempJob(const wchar_t* directory, std::wstring_view extension);
 /// Folder of the host's executable, with its separator.
 std::wstring GetProgramDirectory();
 

@@ -27,15 +27,18 @@ inline constexpr std::uint32_t kAccessNoTruncate = 0x2000;  ///< with create: ke
 // permission) is opened for reading all the same: asking for both keeps others from changing an
 // input while it is read.
 inline constexpr std::uint32_t kOpenReadOnly = 0x0020;
+/// For a look at a file that others may be writing.
+inline constexpr std::uint32_t kOpenShared = 0x0000;
 inline constexpr std::uint32_t kOpenReadWrite = 0x0022;
 inline constexpr std::uint32_t kCreateOutput = 0x1022;
 inline constexpr std::uint32_t kOpenText = 0x2022;
 
 enum class SeekFrom { Begin = 0, Current = 1, End = 2 };
 
-/// An open file, unbuffered. Deny-write holds within the process on every platform: while a file is
-/// open, a second open of it (by any path or link) fails if either may write. A file that is open
-/// can be deleted everywhere. Directories don't open, nor devices of Windows as outputs.
+/// An open file, unbuffered. Deny-write holds within the process, in all its threads, on every
+/// platform: while a file is open, a second open of it (by any path or link) fails if one may write
+/// and the other isn't kOpenShared. A file that is open can be deleted everywhere. Directories
+/// don't open, nor devices of Windows as outputs. An object belongs to one thread at a time.
 class File {
  public:
   File();
@@ -79,6 +82,10 @@ bool ClearReadOnly(const std::wstring& path, const Attributes& found);
 bool RestoreAttributes(const std::wstring& path, const Attributes& found);
 /// Deletes a file, open or not; false if absent or refused. Devices stay.
 bool RemoveFile(const std::wstring& path);
+enum class NewFile { Made, Taken, Refused };
+/// Makes an empty file of a name that nothing has, not even a link to nowhere: of all who ask at
+/// once, one makes it. Refused: by the system, for whatever else.
+NewFile MakeNewFile(const std::wstring& path);
 /// Whether both paths name one file that is there, by whatever links.
 bool IsSameFile(const std::wstring& path, const std::wstring& other);
 

@@ -165,6 +165,48 @@ TEST(Progress, TellsOfTwoStagesAndTheJobBetweenThem) {
   std::filesystem::current_path(before);
 }
 
+// Another conversion of a file, and of the same, from within the procedure.
+TEST(Progress, LetsItsProcedureConvert) {
+  const TempDir dir;
+  const std::wstring job = dir.Write(L"in.job", ReadBytes("examples/boundary.job"));
+  const std::wstring log = dir.Write(L"in.raw", ReadBytes("examples/mill-creek-simple.raw"));
+  ASSERT_TRUE(HostLists().Convert(FT_JOB, job, FT_DC, dir.Path(L"alone.dc")));
+  const auto alone = Told(dir.Read(L"in.job"), 1), inner = Told(dir.Read(L"in.raw"), 1);
+  Host host;
+  int calls = 0;
+  host.watch = [&] {
+    if (++calls != 4) return;  // in the midst of the job
+    EXPECT_TRUE(HostLists().Convert(FT_RAW, log, FT_DC, dir.Path(L"inner.dc")));
+    HostLists again;
+    EXPECT_FALSE(again.Convert(FT_JOB, job, FT_CR5, dir.Path(L"again.cr5")));
+    EXPECT_EQ(again.Messages(),
+              std::vector<std::wstring>{L"Unable to open the file " + job + L"."});
+    EXPECT_EQ(cZelGetFileType(job.c_str()), FT_JOB);
+  };
+  EXPECT_TRUE(HostLists().Convert(FT_JOB, job, FT_DC, dir.Path(L"out.dc")));
+  EXPECT_EQ(dir.Read(L"out.dc"), dir.Read(L"alone.dc"));
+  std::vector<Message> told(alone.begin(), alone.begin() + 3);
+  told.insert(told.end(), inner.begin(), inner.end());
+  told.insert(told.end(), alone.begin() + 3, alone.end());
+  EXPECT_EQ(host.messages, told);
+}
+
+TEST(Progress, GoesToTheWindowOfItsStart) {
+  Host host;
+  {
+    CConvertProgress progress;
+    progress.Start();
+    {
+      const Host other;
+      progress.SetPercent(50);
+      progress.SetPosition(1, 2);
+      EXPECT_TRUE(other.messages.empty());
+    }
+    progress.End();  // the first was taken away
+  }
+  EXPECT_EQ(host.messages.size(), 1u);
+}
+
 #endif
 
 }  // namespace

@@ -25,7 +25,8 @@ TEST(File, DeniesWritersByAnyName) {
   for (const auto& [first, second, opens] :
        {Case{kOpenReadOnly, kOpenReadOnly, true}, Case{kOpenReadOnly, kOpenReadWrite, false},
         Case{kOpenReadOnly, kCreateOutput, false}, Case{kOpenReadWrite, kOpenReadOnly, false},
-        Case{kOpenReadWrite, kCreateOutput, false}}) {
+        Case{kOpenReadWrite, kCreateOutput, false}, Case{kOpenReadWrite, kOpenShared, true},
+        Case{kOpenShared, kOpenReadWrite, true}, Case{kOpenShared, kOpenReadOnly, true}}) {
     for (const std::wstring& name : {path, link, roundabout}) {
       SCOPED_TRACE(testing::Message() << first << " " << second << " " << name);
       File held, other;

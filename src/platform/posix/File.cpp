@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <mutex>
 #include <vector>
 
 #include "platform/Platform.h"
@@ -14,27 +15,37 @@ namespace {
 
 static_assert(sizeof(off_t) == 8, "files over 2 GB need 64-bit offsets");
 
-// The system has no deny-write that every program keeps, so the process keeps a list of its own.
 struct OpenFile {
   int descriptor;
   dev_t device;
   ino_t inode;
-  bool writes;
+  std::uint32_t access;
 };
 
-std::vector<OpenFile>& OpenFiles() {
-  static std::vector<OpenFile> files;
-  return files;
-}
+// The system has no deny-write that every program keeps, so the process keeps a list of its own.
+struct OpenFiles {
+  std::mutex mutex;
+  std::vector<OpenFile> list;
+};
 
-bool IsDenied(const struct stat& file, bool writes) {
-  return std::any_of(OpenFiles().begin(), OpenFiles().end(), [&](const OpenFile& open) {
-    return open.device == file.st_dev && open.inode == file.st_ino && (open.writes || writes);
-  });
+// Never destroyed: a thread may still convert while the process ends.
+OpenFiles& Registry() {
+  static OpenFiles& registry = *new OpenFiles;
+  return registry;
 }
 
 bool Writes(std::uint32_t access) {
   return (access & (kAccessWrite | kAccessReadWrite)) != 0;
+}
+
+bool Exclude(std::uint32_t one, std::uint32_t other) {
+  return (Writes(one) && other != kOpenShared) || (Writes(other) && one != kOpenShared);
+}
+
+bool IsDenied(const std::vector<OpenFile>& list, const struct stat& file, std::uint32_t access) {
+  return std::any_of(list.begin(), list.end(), [&](const OpenFile& open) {
+    return open.device == file.st_dev && open.inode == file.st_ino && Exclude(open.access, access);
+  });
 }
 
 // No truncation before the file is known to be free; no blocking on a named pipe.
@@ -59,18 +70,27 @@ int OpenDescriptor(const std::string& name, std::uint32_t access) {
 }
 
 // Enters a file of data in the list, unless an open of it excludes this one; empties it if asked
-// to.
+// to, before anybody else may open it.
 bool Accept(int descriptor, std::uint32_t access) {
   struct stat file {};
   if (fstat(descriptor, &file) != 0) return false;
   if (S_ISDIR(file.st_mode) || S_ISFIFO(file.st_mode)) return false;
-  if (IsDenied(file, Writes(access))) return false;
+  OpenFiles& open = Registry();
+  const std::lock_guard lock(open.mutex);
+  if (IsDenied(open.list, file, access)) return false;
   const bool truncate = (access & kAccessCreate) && !(access & kAccessNoTruncate);
   if (truncate && S_ISREG(file.st_mode) && Retry([&] { return ftruncate(descriptor, 0); }) != 0) {
     return false;
   }
-  OpenFiles().push_back({descriptor, file.st_dev, file.st_ino, Writes(access)});
+  open.list.push_back({descriptor, file.st_dev, file.st_ino, access});
   return true;
+}
+
+// Before the descriptor is closed: another thread may be given its number at once.
+void Forget(int descriptor) {
+  OpenFiles& open = Registry();
+  const std::lock_guard lock(open.mutex);
+  std::erase_if(open.list, [&](const OpenFile& file) { return file.descriptor == descriptor; });
 }
 
 }  // namespace
@@ -148,9 +168,18 @@ bool File::Close() {
   if (!IsOpen()) return true;
   const int descriptor = m_pHandle->descriptor;
   m_pHandle->descriptor = -1;
-  std::erase_if(OpenFiles(), [&](const OpenFile& file) { return file.descriptor == descriptor; });
+  Forget(descriptor);
   // An interrupted close has closed all the same: the descriptor must not be touched again.
   return close(descriptor) == 0 || errno == EINTR;
+}
+
+NewFile MakeNewFile(const std::wstring& path) {
+  const std::string name = ToSystemPath(path);
+  constexpr int kFlags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
+  const int descriptor = Retry([&] { return open(name.c_str(), kFlags, 0666); });
+  if (descriptor < 0) return errno == EEXIST ? NewFile::Taken : NewFile::Refused;
+  close(descriptor);
+  return NewFile::Made;
 }
 
 }  // namespace zelconvert::platform

@@ -24,12 +24,16 @@ DWORD Disposition(std::uint32_t access) {
   return (access & kAccessNoTruncate) ? OPEN_ALWAYS : CREATE_ALWAYS;
 }
 
-// Sharing for reading denies writers; sharing for deletion lets a failed output go while it is
-// open.
+// Sharing for reading alone denies writers; sharing for deletion lets a failed output go while it
+// is open.
+DWORD Sharing(std::uint32_t access) {
+  const DWORD shared = FILE_SHARE_READ | FILE_SHARE_DELETE;
+  return access == kOpenShared ? shared | FILE_SHARE_WRITE : shared;
+}
+
 HANDLE OpenHandle(const std::wstring& path, std::uint32_t access) {
-  return CreateFileW(ToSystemPath(path).c_str(), Rights(access),
-                     FILE_SHARE_READ | FILE_SHARE_DELETE, nullptr, Disposition(access),
-                     FILE_ATTRIBUTE_NORMAL, nullptr);
+  return CreateFileW(ToSystemPath(path).c_str(), Rights(access), Sharing(access), nullptr,
+                     Disposition(access), FILE_ATTRIBUTE_NORMAL, nullptr);
 }
 
 }  // namespace
@@ -109,6 +113,16 @@ bool File::Close() {
   const HANDLE handle = m_pHandle->handle;
   m_pHandle->handle = INVALID_HANDLE_VALUE;
   return CloseHandle(handle) != 0;
+}
+
+NewFile MakeNewFile(const std::wstring& path) {
+  const HANDLE handle = CreateFileW(ToSystemPath(path).c_str(), GENERIC_WRITE, 0, nullptr,
+                                    CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (handle == INVALID_HANDLE_VALUE) {
+    return GetLastError() == ERROR_FILE_EXISTS ? NewFile::Taken : NewFile::Refused;
+  }
+  CloseHandle(handle);
+  return NewFile::Made;
 }
 
 }  // namespace zelconvert::platform

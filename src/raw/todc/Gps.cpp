@@ -5,7 +5,6 @@
 #include <iterator>
 #include <limits>
 
-#include "convert/GpsSecurity.h"
 #include "io/Strings.h"
 #include "raw/Angles.h"
 #include "raw/CRawFile.h"
@@ -88,7 +87,7 @@ Outcome Gps::OnEquipment() {
   if (!HasReceiver()) return Outcome::Done;
   std::wstring_view record = m_pass.record;
   const bool isTested =
-      g_bGpsSecurityInDcConversions && HasRover() && m_pass.previousKind == RawRecordType::RX;
+      m_isSignatureTested && HasRover() && m_pass.previousKind == RawRecordType::RX;
   if (isTested && !TestGpsSignature(m_roverRecord, record)) {
     m_receiver = Receiver::Other;
     m_pass.Say(kNotSigned);

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "convert/GpsSecurity.h"
 #include "raw/todc/Ecef.h"
 #include "raw/todc/RawPass.h"
 #include "raw/todc/StakeOut.h"
@@ -91,6 +92,7 @@ class Gps {
 
   RawPass& m_pass;
   StakeOut& m_stakeOut;
+  const bool m_isSignatureTested = IsGpsSecurityOn();
 
   Receiver m_receiver = Receiver::None;
   Base m_base = Base::Real;
