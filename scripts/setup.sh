@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
-# scripts/setup.sh [build|docs|web|csharp|gdal|test]: installs the Debian packages that are missing, as
-# root or through sudo. "build" (the default) is what the library and its host need, "docs" what makes
+# scripts/setup.sh [build|docs|web|csharp|gdal|python|test]: installs the Debian packages that are missing,
+# as root or through sudo. "build" (the default) is what the library and its host need, "docs" what makes
 # the site of docs/, "web" what makes the package for browsers and Node, "csharp" what compiles and runs
-# C#, "gdal" what makes and uses the GDAL plugin, "test" is everything.
+# C#, "gdal" what makes and uses the GDAL plugin, "python" what makes the package for Python, "test" is
+# everything.
 set -euo pipefail
 
 packages=(cmake ninja-build g++ libcli11-dev nlohmann-json3-dev libproj-dev)
@@ -11,6 +12,7 @@ web=(cmake ninja-build nlohmann-json3-dev emscripten libfast-float-dev)
 csharp=(mono-mcs mono-runtime)
 command -v npm >/dev/null || web+=(nodejs npm) # which may have come from elsewhere
 gdal=(libgdal-dev gdal-bin python3-gdal) # Python bindings of /usr/bin/python3
+python=(python3-build python3-setuptools python3-venv python3-wheel binutils) # of /usr/bin/python3
 if [ "${1:-build}" = docs ]; then
   packages=("${pages[@]}")
 elif [ "${1:-build}" = web ]; then
@@ -19,9 +21,12 @@ elif [ "${1:-build}" = csharp ]; then
   packages=("${csharp[@]}")
 elif [ "${1:-build}" = gdal ]; then
   packages+=("${gdal[@]}")
+elif [ "${1:-build}" = python ]; then
+  packages+=("${python[@]}")
 elif [ "${1:-build}" = test ]; then
   packages+=(
-    "${pages[@]}" "${web[@]}" "${csharp[@]}" "${gdal[@]}"
+    "${pages[@]}" "${web[@]}" "${csharp[@]}" "${gdal[@]}" "${python[@]}"
+    python3-mypy python3-pandas                                # types and frames of the package for Python
     node-typescript faketime                                   # declarations; the host at a fixed time
     chromium                                                   # the page of web/
     clang-14 clang-format-14 clang-tidy-14 libclang-rt-14-dev  # fuzz targets, formatting, checks

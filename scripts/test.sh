@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # scripts/test.sh [STEP...]: every check of the project, from a fresh clone or again.
-# Steps, in their order: format docs release web csharp gdal clang asan tsan fuzz mingw64 mingw32. Without arguments all of them.
+# Steps, in their order: format docs release web python csharp gdal clang asan tsan fuzz mingw64 mingw32. Without arguments all of them.
 # FUZZ_SECONDS (default 10) bounds the run of each fuzz target.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -57,6 +57,14 @@ step_gdal() {
   return "$result"
 }
 
+# The package for Python, installed into an empty environment.
+step_python() {
+  cmake --preset release --log-level=WARNING
+  cmake --build --preset release -j "$jobs" --target zelconvert zelconvert-host zelconvert_tools_library
+  scripts/python.sh build/release
+  /usr/bin/python3 tests/python/python_test.py build/python/*.whl
+}
+
 # By the other compiler, whose clang-tidy reads along (.clang-tidy says what it looks for).
 step_clang() {
   build clang
@@ -111,7 +119,7 @@ step_mingw32() {
 }
 
 scripts/setup.sh test
-for step in ${*:-format docs release web csharp gdal clang asan tsan fuzz mingw64 mingw32}; do
+for step in ${*:-format docs release web python csharp gdal clang asan tsan fuzz mingw64 mingw32}; do
   echo "== $step"
   "step_$step"
 done

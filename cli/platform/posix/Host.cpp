@@ -22,7 +22,16 @@ std::vector<std::string> GetArguments(int argc, char** argv) {
   return std::vector<std::string>(argv + std::min(argc, 1), argv + argc);
 }
 
+namespace {
+
+// Whether the process is the host's own. In that of a program that calls its commands, signals are
+// the program's.
+bool g_isOwnProcess = false;
+
+}  // namespace
+
 void PrepareProcess() {
+  g_isOwnProcess = true;
   signal(SIGXFSZ, SIG_IGN);
 }
 
@@ -174,11 +183,12 @@ bool MakeTemporaryFolder(const std::filesystem::path& path, std::error_code& err
   g_leftBehind.folders.push_back({path, opendir(path.c_str())});
   DIR* entries = g_leftBehind.folders.back().entries;
   if (entries != nullptr) flock(dirfd(entries), LOCK_EX | LOCK_NB);
-  static const bool isHandled = [] {
+  static const bool isPrepared = [] {
+    if (!g_isOwnProcess) return true;
     for (const int number : kSignals) CleanUpOn(number);
     return true;
   }();
-  return isHandled;
+  return isPrepared;
 }
 
 void RemoveTemporaryFolder(const std::filesystem::path& path) {
