@@ -1,46 +1,38 @@
 #!/usr/bin/env bash
-# scripts/setup.sh [build|docs|web|csharp|gdal|python|test]: installs the Debian packages that are missing,
-# as root or through sudo. "build" (the default) is what the library and its host need, "docs" what makes
-# the site of docs/, "web" what makes the package for browsers and Node, "csharp" what compiles and runs
-# C#, "gdal" what makes and uses the GDAL plugin, "python" what makes the package for Python, "test" is
-# everything.
+# scripts/setup.sh [build|docs|web|csharp|gdal|python|package|test]: installs the Debian packages that are
+# missing, as root or through sudo.
 set -euo pipefail
 
-packages=(cmake ninja-build g++ libcli11-dev nlohmann-json3-dev libproj-dev)
-pages=(mkdocs python3)
-web=(cmake ninja-build nlohmann-json3-dev emscripten libfast-float-dev)
-csharp=(mono-mcs mono-runtime)
-command -v npm >/dev/null || web+=(nodejs npm) # which may have come from elsewhere
-gdal=(libgdal-dev gdal-bin python3-gdal) # Python bindings of /usr/bin/python3
-python=(python3-build python3-setuptools python3-venv python3-wheel binutils) # of /usr/bin/python3
-if [ "${1:-build}" = docs ]; then
-  packages=("${pages[@]}")
-elif [ "${1:-build}" = web ]; then
-  packages=("${web[@]}")
-elif [ "${1:-build}" = csharp ]; then
-  packages=("${csharp[@]}")
-elif [ "${1:-build}" = gdal ]; then
-  packages+=("${gdal[@]}")
-elif [ "${1:-build}" = python ]; then
-  packages+=("${python[@]}")
-elif [ "${1:-build}" = test ]; then
-  packages+=(
-    "${pages[@]}" "${web[@]}" "${csharp[@]}" "${gdal[@]}" "${python[@]}"
-    python3-mypy python3-pandas                                # types and frames of the package for Python
-    node-typescript faketime                                   # declarations; the host at a fixed time
-    chromium                                                   # the page of web/
-    clang-14 clang-format-14 clang-tidy-14 libclang-rt-14-dev  # fuzz targets, formatting, checks
-    g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix wine64 # Windows
-    libgtest-dev libgmock-dev googletest libbenchmark-dev
-    libpugixml-dev                                             # an XML reader that is not ours
-    proj-bin                                                   # positions by the codes of zones
-    zsh fish                                                   # their completions
-    git pkg-config binutils locales
-  )
-fi
+build="cmake ninja-build g++ libcli11-dev nlohmann-json3-dev libproj-dev"
+mingw="g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix"
+
+declare -A packages=(
+  [build]="$build"                                  # the library and its host: the default
+  [docs]="mkdocs python3"                           # the site of docs/
+  [web]="cmake ninja-build nlohmann-json3-dev emscripten libfast-float-dev" # for browsers and Node
+  [csharp]="mono-mcs mono-runtime"                  # compiles and runs C#
+  [gdal]="$build libgdal-dev gdal-bin python3-gdal" # the GDAL plugin and its users
+  [python]="$build python3-build python3-setuptools python3-venv python3-wheel binutils" # the wheel
+)
+command -v npm >/dev/null || packages[web]+=" nodejs npm" # which may have come from elsewhere
+packages[package]="${packages[gdal]} ${packages[python]} $mingw nsis dpkg-dev git python3" # of Debian, Windows
+tests=(
+  node-typescript faketime                                  # declarations; the host at a fixed time
+  chromium                                                  # the page of web/
+  clang-14 clang-format-14 clang-tidy-14 libclang-rt-14-dev # fuzz targets, formatting, checks
+  wine64                                                    # Windows
+  libgtest-dev libgmock-dev googletest libbenchmark-dev
+  libpugixml-dev                                            # an XML reader that is not ours
+  proj-bin                                                  # positions by the codes of zones
+  python3-mypy python3-pandas                               # types and frames of the package for Python
+  lintian                                                   # the packages of Debian
+  zsh fish                                                  # their completions
+  pkg-config locales
+)
+packages[test]="${packages[*]} ${tests[*]}" # everything
 
 missing=()
-for package in "${packages[@]}"; do
+for package in ${packages[${1:-build}]}; do
   dpkg-query -W -f '${db:Status-Status}\n' "$package" 2>/dev/null | grep -qx installed ||
     missing+=("$package")
 done

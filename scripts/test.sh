@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # scripts/test.sh [STEP...]: every check of the project, from a fresh clone or again.
-# Steps, in their order: format docs release web python csharp gdal clang asan tsan fuzz mingw64 mingw32. Without arguments all of them.
+# scripts/test.sh [STEP...]: every check of the project, from a fresh clone or again. Without arguments all steps.
 # FUZZ_SECONDS (default 10) bounds the run of each fuzz target.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -98,8 +98,8 @@ step_fuzz() {
   done <build/fuzz/fuzz-targets.txt
 }
 
-step_mingw64() {
-  build mingw64
+# A command with a Windows of its own.
+in_wine() { # command...
   WINEPREFIX=$(mktemp -d)
   export WINEPREFIX WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" DISPLAY=
   local wine result=0
@@ -107,9 +107,14 @@ step_mingw64() {
   "$wine" wineboot --init >/dev/null 2>&1 || true # once, not in every test
   # No screen is looked for when the first window is made, nor is one waited for.
   "$wine" reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f >/dev/null 2>&1 || true
-  ctest --preset mingw64 -j "$jobs" || result=$?
+  "$@" || result=$?
   rm -rf "$WINEPREFIX"
   return "$result"
+}
+
+step_mingw64() {
+  build mingw64
+  in_wine ctest --preset mingw64 -j "$jobs"
 }
 
 # The 32-bit library is built and its export names are checked; nothing runs it here.
@@ -118,8 +123,16 @@ step_mingw32() {
   python3 tests/exports/check_exports.py build/mingw32/zelconvert.dll
 }
 
+# The packages of Debian and Windows: made, installed, used, removed.
+step_packages() {
+  scripts/package.sh
+  python3 tests/packages/packages_test.py debian
+  in_wine python3 tests/packages/packages_test.py windows
+}
+
 scripts/setup.sh test
-for step in ${*:-format docs release web python csharp gdal clang asan tsan fuzz mingw64 mingw32}; do
+steps="format docs release web python csharp gdal clang asan tsan fuzz mingw64 mingw32 packages"
+for step in ${*:-$steps}; do
   echo "== $step"
   "step_$step"
 done

@@ -37,7 +37,7 @@ def test_binding(library, work):
         shutil.copy(ROOT / "examples/boundary.job", os.fsencode(names) + b"/" + name + b".job")
     clock = work / "clock.so"
     subprocess.run(["cc", "-shared", "-fPIC", ROOT / "tests/csharp/FixedClock.c", "-o", clock], check=True)
-    run(library, "env", f"LD_PRELOAD={clock}", "mono", work / "BindingTest.exe", ROOT, names, check=True)
+    run(library, "env", f"LD_PRELOAD={clock}", "mono", work / "BindingTest.exe", ROOT, names, check=True, cwd=work)
     expected = {name + end for name in NAMES for end in (b".job", b".dc")}
     assert set(os.listdir(os.fsencode(names))) == expected, os.listdir(os.fsencode(names))
 
