@@ -208,7 +208,7 @@ constexpr Column<GpsVector> kVectorColumns[] = {
 constexpr Table<GpsVector> kVectors = {
     "vectors", &Survey::vectors, wkbLineString25D, kVectorColumns,
     [](const GpsVector& vector, Places& places) -> std::unique_ptr<OGRGeometry> {
-      return LineBetween(places.Named(vector.base).get(), places.Named(vector.rover).get());
+      return places.VectorBetween(vector.base, vector.rover);
     }};
 
 // ---- Roads

@@ -87,7 +87,7 @@ OGRCoordinateTransformation* Places::WayFrom(bool isGpsDatum) {
   return way.transformation.get();
 }
 
-std::unique_ptr<OGRPoint> Places::Named(std::wstring_view name) {
+const tools::SurveyPoint* Places::Find(std::wstring_view name) {
   if (m_named.empty()) {
     for (const tools::SurveyPoint& point : m_survey.points) {
       const bool hasPlace = point.grid.HasPlan() || point.geodetic.HasPlan();
@@ -95,7 +95,21 @@ std::unique_ptr<OGRPoint> Places::Named(std::wstring_view name) {
     }
   }
   const auto found = m_named.find(name);
-  return found == m_named.end() ? nullptr : Of(*found->second);
+  return found == m_named.end() ? nullptr : found->second;
+}
+
+std::unique_ptr<OGRPoint> Places::Named(std::wstring_view name) {
+  const tools::SurveyPoint* point = Find(name);
+  return point == nullptr ? nullptr : Of(*point);
+}
+
+std::unique_ptr<OGRLineString> Places::VectorBetween(std::wstring_view base,
+                                                     std::wstring_view rover) {
+  const tools::SurveyPoint *from = Find(base), *to = Find(rover);
+  if (from == nullptr || to == nullptr) return nullptr;
+  const auto fromPlace = FromEllipsoid(from->geodetic), toPlace = FromEllipsoid(to->geodetic);
+  auto line = LineBetween(fromPlace.get(), toPlace.get());
+  return line != nullptr ? std::move(line) : LineBetween(Of(*from).get(), Of(*to).get());
 }
 
 std::unique_ptr<OGRLineString> LineBetween(const OGRPoint* from, const OGRPoint* to) {

@@ -39,6 +39,9 @@ class Places {
   std::unique_ptr<OGRPoint> Of(const tools::SurveyPoint& point);
   /// The first point of this name that isn't deleted and has a place.
   std::unique_ptr<OGRPoint> Named(std::wstring_view name);
+  /// From base to rover, by the latitude and longitude of both if they have them: those, not the
+  /// grid, are what a vector is between.
+  std::unique_ptr<OGRLineString> VectorBetween(std::wstring_view base, std::wstring_view rover);
 
  private:
   using Transformation = std::unique_ptr<OGRCoordinateTransformation>;
@@ -49,6 +52,7 @@ class Places {
   };
 
   Reference ReferenceOfPoints() const;
+  const tools::SurveyPoint* Find(std::wstring_view name);
   std::unique_ptr<OGRPoint> FromEllipsoid(const tools::GeodeticPosition& position);
   OGRCoordinateTransformation* WayFrom(bool isGpsDatum);
 

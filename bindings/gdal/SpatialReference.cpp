@@ -87,7 +87,7 @@ Reference ByParameters(const tools::Survey& survey, LinearUnit unit, std::string
 
 Reference ReferenceOfGrid(const tools::Survey& survey, std::string& why) {
   if (!survey.hasSystem) {
-    why = "the file has no coordinate system";
+    why = "the file tells no projection";
     return nullptr;
   }
   const LinearUnit unit = survey.lengthUnit.value_or(LinearUnit::Metre);

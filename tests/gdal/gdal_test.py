@@ -235,6 +235,13 @@ class PluginTest(unittest.TestCase):
             reckoned = math.degrees(math.atan2(line.GetX(1) - line.GetX(0), line.GetY(1) - line.GetY(0))) % 360
             self.assertAlmostEqual(reckoned, shot["azimuth"], 3)
         self.assertGreater(drawn, 10)
+        # The ends of a vector are where GPS has them, as far apart as it says. (That of BL records
+        # in the example leads elsewhere.)
+        source = open_file(ROOT / "examples/prairie-rtk.raw")
+        for vector in source.GetLayerByName("vectors"):
+            if vector.GetGeometryRef() is not None and vector["delta_x"] < 0:
+                slope = math.hypot(vector["delta_x"], vector["delta_y"], vector["delta_z"])
+                self.assertAlmostEqual(vector.GetGeometryRef().Length() / slope, 1, 1)
         # Without a grid the points are where GPS has them.
         layer = open_file(GOLDEN / "raw-to-dc1070/gps-bases/in.raw").GetLayer(0)
         self.assertEqual(layer.GetSpatialRef().GetAuthorityCode(None), "4326")
