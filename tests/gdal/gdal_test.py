@@ -319,6 +319,15 @@ class PluginTest(unittest.TestCase):
                                     text=True, env={**os.environ, "PATH": f"{HOST.parent}:{os.environ['PATH']}"})
             self.assertEqual(re.sub(r"[ \r]+$", "", result.stdout, flags=re.M).strip("\n"), expected.strip("\n"), line)
 
+    def test_page_tells_all_fields(self):
+        page = (ROOT / "docs/gdal.md").read_text(encoding="utf-8")
+        told = {name: re.findall("`(.*?)`", fields) for name, fields in re.findall(r"^\| `(\w+)` \|.*\| (`.*) \|$", page, re.M)}
+        found = {}
+        for example in EXAMPLES:
+            for layer in layers_of(open_file(example)):
+                found[layer.GetName()] = [field.GetName() for field in layer.schema]
+        self.assertEqual(told, found)
+
     def test_geopackage_holds_the_same(self):
         for example in EXAMPLES:
             output = self.folder / f"{example.name}.gpkg"
