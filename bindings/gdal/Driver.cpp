@@ -12,6 +12,7 @@
 #include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "bindings/gdal/FileIdentity.h"
 #include "bindings/gdal/LocalFiles.h"
@@ -69,10 +70,22 @@ const char* LogExtension(FileType type) {
                                  : nullptr;
 }
 
+void Replace(std::string& text, const std::string& from, const std::string& to) {
+  if (from.empty()) return;
+  for (std::size_t at = 0; (at = text.find(from, at)) != text.npos; at += to.size()) {
+    text.replace(at, from.size(), to);
+  }
+}
+
 class Input {
  public:
   Input(const GDALOpenInfo& info, FileType type)
-      : m_info(info), m_type(type), m_given(info.pszFilename), m_path(m_given) {}
+      : m_info(info),
+        m_type(type),
+        m_given(info.pszFilename),
+        m_givenJob(CSLFetchNameValueDef(info.papszOpenOptions, kJob, "")),
+        m_path(m_given),
+        m_job(m_givenJob) {}
 
   /// Null, and the reason has been told, if it can't be read.
   std::unique_ptr<GDALDataset> Open();
@@ -81,14 +94,15 @@ class Input {
   bool MakeReal();
   bool Copy(const std::string& path, const std::string& extension, std::string& copy);
   tools::ReadOptions MakeOptions();
-  void Tell(const StringList& messages, bool isRead) const;
-  /// With the file as GDAL knows it, not as its copy.
-  std::string Worded(const std::wstring& message) const;
+  /// With the files as GDAL knows them, not as their copies.
+  std::vector<std::string> Worded(const StringList& messages) const;
+  void Tell(const std::vector<std::string>& messages, bool isRead) const;
 
   const GDALOpenInfo& m_info;
   const FileType m_type;
-  const std::string m_given;
+  const std::string m_given, m_givenJob;
   std::string m_path;  // of the real file
+  std::string m_job;   // likewise; empty: none
   WorkFolder m_copies, m_work;
 };
 
@@ -101,6 +115,9 @@ bool Input::Copy(const std::string& path, const std::string& extension, std::str
 }
 
 bool Input::MakeReal() {
+  if (IsVirtual(m_givenJob) && !Copy(m_givenJob, Extension(m_givenJob.c_str()), m_job)) {
+    return false;
+  }
   if (!IsVirtual(m_given)) return true;
   const std::string own = Extension(m_given.c_str());
   if (!Copy(m_given, own.empty() ? ExtensionOf(m_type) : own, m_path)) return false;
@@ -120,21 +137,21 @@ tools::ReadOptions Input::MakeOptions() {
        {LinearUnit::Metre, LinearUnit::InternationalFoot, LinearUnit::UsSurveyFoot}) {
     if (tools::NameOf(each) == unit) options.listUnit = each;
   }
-  if (const char* job = CSLFetchNameValue(m_info.papszOpenOptions, kJob)) {
-    options.job = platform::FromSystemPath(job);
-  }
+  options.job = platform::FromSystemPath(m_job);
   return options;
 }
 
-std::string Input::Worded(const std::wstring& message) const {
-  std::string text = tools::Utf8(message);
-  for (std::size_t at = 0; (at = text.find(m_path, at)) != text.npos; at += m_given.size()) {
-    text.replace(at, m_path.size(), m_given);
+std::vector<std::string> Input::Worded(const StringList& messages) const {
+  std::vector<std::string> texts;
+  for (const std::wstring& message : messages) {
+    std::string& text = texts.emplace_back(tools::Utf8(message));
+    Replace(text, m_path, m_given);
+    Replace(text, m_job, m_givenJob);
   }
-  return text;
+  return texts;
 }
 
-void Input::Tell(const StringList& messages, bool isRead) const {
+void Input::Tell(const std::vector<std::string>& messages, bool isRead) const {
   for (std::size_t i = 0; i < messages.size(); ++i) {
     if (isRead && i == kMostWarnings) {
       CPLError(CE_Warning, CPLE_AppDefined, "%s: %zu more in the metadata domain WARNINGS.",
@@ -143,7 +160,7 @@ void Input::Tell(const StringList& messages, bool isRead) const {
     }
     const bool isReason = !isRead && i + 1 == messages.size();
     CPLError(isReason ? CE_Failure : CE_Warning, isReason ? CPLE_OpenFailed : CPLE_AppDefined, "%s",
-             Worded(messages[i]).c_str());
+             messages[i].c_str());
   }
 }
 
@@ -156,9 +173,10 @@ std::unique_ptr<GDALDataset> Input::Open() {
     const std::lock_guard lock(oneAtATime);
     survey = tools::ReadSurvey(platform::FromSystemPath(m_path), m_type, messages, MakeOptions());
   }
-  Tell(messages, survey.has_value());
+  std::vector<std::string> texts = Worded(messages);
+  Tell(texts, survey.has_value());
   if (!survey) return nullptr;
-  return std::make_unique<SurveyDataset>(*std::move(survey), std::move(messages));
+  return std::make_unique<SurveyDataset>(*std::move(survey), std::move(texts));
 }
 
 GDALDataset* Open(GDALOpenInfo* info) {

@@ -1,6 +1,5 @@
 #include "bindings/gdal/SurveyDataset.h"
 
-#include <string>
 #include <utility>
 
 #include "cli/FileTypes.h"
@@ -14,7 +13,7 @@ constexpr const char* kWarningDomain = "WARNINGS";
 
 }  // namespace
 
-SurveyDataset::SurveyDataset(tools::Survey survey, StringList messages)
+SurveyDataset::SurveyDataset(tools::Survey survey, std::vector<std::string> messages)
     : m_survey(std::move(survey)), m_messages(std::move(messages)), m_places(m_survey) {
   for (const LayerKind& kind : LayerKinds()) {
     const bool isFirst = m_layers.empty();
@@ -61,8 +60,7 @@ char** SurveyDataset::GetMetadataDomainList() {
 char** SurveyDataset::GetMetadata(const char* domain) {
   if (domain == nullptr || !EQUAL(domain, kWarningDomain)) return GDALDataset::GetMetadata(domain);
   if (!std::exchange(m_hasWarnings, true)) {
-    std::vector<std::string> texts;
-    for (const std::wstring& message : m_messages) texts.push_back(tools::Utf8(message));
+    std::vector<std::string> texts = m_messages;
     for (tools::InfoWarning& warning : tools::MakeInfo(m_survey).warnings) {
       texts.push_back(std::move(warning.text));
     }

@@ -4,11 +4,12 @@
 #include <gdal_priv.h>
 
 #include <memory>
+#include <string>
+#include <string_view>
 #include <vector>
 
 #include "bindings/gdal/Layers.h"
 #include "bindings/gdal/Places.h"
-#include "convert/ConversionBase.h"
 #include "tools/Survey.h"
 
 namespace zelconvert::gdal {
@@ -18,7 +19,7 @@ namespace zelconvert::gdal {
 class SurveyDataset : public GDALDataset {
  public:
   /// messages: of the reading.
-  SurveyDataset(tools::Survey survey, StringList messages);
+  SurveyDataset(tools::Survey survey, std::vector<std::string> messages);
   ~SurveyDataset() override;
 
   int GetLayerCount() override { return static_cast<int>(m_layers.size()); }
@@ -37,7 +38,7 @@ class SurveyDataset : public GDALDataset {
   void Describe();
 
   const tools::Survey m_survey;
-  const StringList m_messages;
+  const std::vector<std::string> m_messages;
   Places m_places;
   std::vector<Slot> m_layers;
   CPLStringList m_warnings;

@@ -300,8 +300,12 @@ class PluginTest(unittest.TestCase):
         expected = [feature.ExportToJson() for feature in open_file(log).GetLayer(0)]
         inside = f"/vsizip/{self.folder}/all.zip"
         self.assertEqual([each.ExportToJson() for each in open_file(f"{inside}/survey.raw").GetLayer(0)], expected)
-        self.assertEqual(open_file(f"{inside}/in.job", TYPE="job+raw").GetLayerCount(),
-                         open_file(pair / "in.job", TYPE="job+raw").GetLayerCount())
+        told = open_file(pair / "in.job", TYPE="job+raw"), open_file(f"{inside}/in.job", TYPE="job+raw")
+        self.assertEqual(*(source.GetLayerCount() for source in told))
+        unreadable = open_file(log, JOB=f"{inside}/in.job"), told[1]
+        for source in unreadable:
+            self.assertEqual(source.GetMetadata("WARNINGS")["1"],
+                             f"Warning: The points of the job {inside}/in.job could not be read.")
         with self.assertRaisesRegex(RuntimeError, f"^Unable to convert the file {inside}/cut.job.$"):
             open_file(f"{inside}/cut.job")
         with open(log, "rb") as stream:
