@@ -1,6 +1,5 @@
 #!/usr/bin/env bash
-# scripts/test.sh [STEP...]: every check of the project, from a fresh clone or again.
-# scripts/test.sh [STEP...]: every check of the project, from a fresh clone or again. Without arguments all steps.
+# scripts/test.sh [STEP...]: every check of the project, from a fresh clone or again; without arguments all steps.
 # FUZZ_SECONDS (default 10) bounds the run of each fuzz target.
 set -euo pipefail
 cd "$(dirname "$0")/.."
