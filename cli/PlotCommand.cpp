@@ -11,7 +11,6 @@
 #include "cli/platform/Host.h"
 #include "cli/platform/Program.h"
 #include "io/Paths.h"
-#include "io/Strings.h"
 #include "tools/Plot.h"
 
 namespace zelconvert::cli {
@@ -19,27 +18,26 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* kConverter = "rsvg-convert";
 constexpr const char* kConverterMissing =
     "a PNG is made by rsvg-convert, which isn't there (Debian has it in librsvg2-bin); an SVG "
     "needs "
     "no other program";
 
 bool IsPng(const fs::path& path) {
-  return HasExtension(platform::ToLibrary(path), L".png");
+  return HasExtensionIgnoringCase(platform::ToLibrary(path), L".png");
 }
 
 void CheckOutputName(const std::string& output) {
   if (IsStandardStream(output)) return;
   const fs::path path = platform::ToPath(output);
-  if (!IsPng(path) && !HasExtension(platform::ToLibrary(path), L".svg")) {
+  if (!IsPng(path) && !HasExtensionIgnoringCase(platform::ToLibrary(path), L".svg")) {
     throw HostFailure(kWrongUsage, "the name of OUT ends in .svg or .png");
   }
 }
 
-void Write(const fs::path& path, const std::string& svg) {
+void Write(const fs::path& path, const std::string& drawing) {
   std::ofstream file(path, std::ios::binary);
-  file.write(svg.data(), static_cast<std::streamsize>(svg.size()));
+  file.write(drawing.data(), static_cast<std::streamsize>(drawing.size()));
   file.close();
   if (!file) throw HostFailure(kNoOutput, platform::ToText(path) + " can't be written");
 }
@@ -47,18 +45,14 @@ void Write(const fs::path& path, const std::string& svg) {
 // For a large sheet that is still read easily on a screen.
 constexpr const char* kDotsPerInch = "150";
 
-void WritePng(const fs::path& path, const std::string& svg) {
-  const TemporaryFolder folder;
-  const fs::path drawing = folder.GetPath() / "plot.svg";
-  Write(drawing, svg);
+std::string MakePng(const std::string& svg) {
+  std::string png;
   const std::optional<int> code = platform::RunProgram(
-      kConverter,
-      {"--unlimited", "--dpi-x", kDotsPerInch, "--dpi-y", kDotsPerInch, "--output", path, drawing});
+      {"rsvg-convert", "--unlimited", "--dpi-x", kDotsPerInch, "--dpi-y", kDotsPerInch}, svg, png);
   if (!code) throw HostFailure(kFailed, kConverterMissing);
-  if (*code != 0) {
-    throw HostFailure(kFailed,
-                      "rsvg-convert makes no PNG: it ended with code " + std::to_string(*code));
-  }
+  if (*code == 0) return png;
+  throw HostFailure(kFailed,
+                    "rsvg-convert makes no PNG: it ended with code " + std::to_string(*code));
 }
 
 Json::Object Counts(std::initializer_list<std::pair<const char*, std::size_t>> counts) {
@@ -106,7 +100,7 @@ ExitCode RunPlot(const Options& options) {
     const tools::Survey survey = ReadSurveyOf(input, ReadOptionsOf(options), outcome.messages);
     const fs::path name = platform::ToPath(input.GetGivenName()).filename();
     const tools::Plot plot = tools::DrawPlot(survey, platform::ToLibrary(name));
-    IsPng(output) ? WritePng(output, plot.svg) : Write(output, plot.svg);
+    Write(output, IsPng(output) ? MakePng(plot.svg) : plot.svg);
     Tell(plot.summary, outcome);
   };
   return RunDirect(options, {{options.input, options.from}}, ".svg", draw);

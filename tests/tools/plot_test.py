@@ -30,6 +30,12 @@ def run(*arguments, **options):
     return subprocess.run([*HOST, "plot", *map(str, arguments)], capture_output=True, **options)
 
 
+def limit_files():
+    import resource
+
+    resource.setrlimit(resource.RLIMIT_FSIZE, (16, 16))
+
+
 class Sheet:
     """A plan as its elements tell it, in units of 1/100 mm."""
 
@@ -178,21 +184,23 @@ class PlotTest(unittest.TestCase):
     def test_png_by_a_converter(self):
         if len(HOST) > 1:
             self.skipTest("the host runs elsewhere")
-        output = self.folder / "plan.png"
+        output = self.folder / "plan.PNG"
         tools = self.folder / "tools"
         tools.mkdir()
         environment = dict(os.environ, PATH=str(tools))
         for script, code, text in [
                 ("", 1, b"librsvg2-bin"),
                 ("#!/bin/sh\nexit 3\n", 1, b"code 3"),
-                ("#!/bin/sh\nfor last; do :; done\nread line < \"$last\"\necho \"$line\" > \"$7\"\n", 0, b""),
+                ("#!/bin/sh\nread line\necho \"$line\"\n", 4, b"plan.PNG can't be written"),
+                ("#!/bin/sh\nread line\necho \"$line\"\n", 0, b""),
         ]:
             if script:
                 (tools / "rsvg-convert").write_text(script)
                 (tools / "rsvg-convert").chmod(0o755)
-            done = run(EXAMPLES / "control.job", output, env=environment)
+            done = run(EXAMPLES / "ridge-control.dc", output, env=environment, preexec_fn=limit_files if code == 4 else None)
             self.assertEqual(done.returncode, code, done)
             self.assertIn(text, done.stderr)
+            self.assertNotIn(b".zelconvert-", done.stderr)
             self.assertEqual(output.exists(), code == 0)
         self.assertIn(b"<?xml", output.read_bytes())
 

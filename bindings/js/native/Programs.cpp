@@ -3,8 +3,8 @@
 namespace zelconvert::cli {
 
 // There are no other programs.
-std::optional<int> platform::RunProgram(const std::string& /*name*/,
-                                        const std::vector<std::filesystem::path>& /*arguments*/) {
+std::optional<int> platform::RunProgram(const std::vector<std::string>& /*words*/,
+                                        std::string_view /*input*/, std::string& /*output*/) {
   return std::nullopt;
 }
 

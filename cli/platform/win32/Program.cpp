@@ -2,29 +2,29 @@
 
 #include <windows.h>
 
+#include "cli/platform/win32/Pipe.h"
+
 namespace zelconvert::cli::platform {
 
-// No argument holds a quotation mark, which no path can, or ends in a backslash.
-std::optional<int> RunProgram(const std::string& name,
-                              const std::vector<std::filesystem::path>& arguments) {
-  std::wstring line = std::filesystem::path(name).native();
-  for (const std::filesystem::path& argument : arguments)
-    line += L" \"" + argument.native() + L"\"";
-  STARTUPINFOW startup{};
-  startup.cb = sizeof(startup);
-  startup.dwFlags = STARTF_USESTDHANDLES;
-  startup.hStdOutput = startup.hStdError = GetStdHandle(STD_ERROR_HANDLE);
-  PROCESS_INFORMATION process{};
-  if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup,
-                      &process)) {
-    return std::nullopt;
+std::optional<int> RunProgram(const std::vector<std::string>& words, std::string_view input,
+                              std::string& output) {
+  std::wstring line;
+  for (const std::string& word : words) line.append(word.begin(), word.end()).append(L" ");
+  const Pipe toProgram = MakePipe(&Pipe::read), fromProgram = MakePipe(&Pipe::write);
+  const HANDLE process = StartProcess(nullptr, line, toProgram.read, fromProgram.write);
+  CloseHandle(toProgram.read);
+  CloseHandle(fromProgram.write);
+  if (process != nullptr) WriteAll(toProgram.write, input);
+  CloseHandle(toProgram.write);
+  char block[1 << 16];
+  for (DWORD size = 0; process != nullptr &&
+                       ReadFile(fromProgram.read, block, sizeof block, &size, nullptr) != 0 &&
+                       size != 0;) {
+    output.append(block, size);
   }
-  DWORD code = 0;
-  const bool hasEnded = WaitForSingleObject(process.hProcess, INFINITE) == WAIT_OBJECT_0 &&
-                        GetExitCodeProcess(process.hProcess, &code);
-  CloseHandle(process.hThread);
-  CloseHandle(process.hProcess);
-  return hasEnded ? static_cast<int>(code) : -1;
+  CloseHandle(fromProgram.read);
+  if (process == nullptr) return std::nullopt;
+  return static_cast<int>(WaitForEnd(process));
 }
 
 }  // namespace zelconvert::cli::platform
