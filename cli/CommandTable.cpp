@@ -220,9 +220,10 @@ constexpr CommandInfo kCommands[] = {
      "first bytes. The reason stands after it. Exit code 1 means that a type isn't known.",
      kDetectExamples, &RunDetect},
     {"types", "List the file types, what they convert to, and what that carries", kTypesOptions,
-     "With FROM: the kinds of records that a route carries over and those that it drops. Of a log "
-     "beside a file of coordinates it is the records of the log; the coordinates give points that "
-     "the log knows. --json prints all types with their routes and records.",
+     "With FROM: the kinds of records that a route carries over, those that it drops, and what "
+     "comes out as something else. Of a log beside a file of coordinates it is the records of the "
+     "log; the coordinates give points that the log knows. --json prints all types with their "
+     "routes, records and changes.",
      kTypesExamples, &RunTypes},
     {"info", "Tell what files hold", kInfoOptions,
      "Type, units, coordinate system, extents and dates; how many points, setups, shots, vectors "

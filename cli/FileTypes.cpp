@@ -12,13 +12,24 @@ bool ConvertsTo(const TypeInfo& from, const TypeInfo& to) {
   return route != nullptr && route->carries;
 }
 
+std::vector<std::string_view> OutputsAmong(const TypeInfo& from, TypeSet types) {
+  std::vector<std::string_view> names;
+  for (const TypeInfo& to : kTypes) {
+    if (types.Contains(to.type) && ConvertsTo(from, to)) names.push_back(to.name);
+  }
+  return names;
+}
+
 namespace {
 
 bool IsSameFor(const TypeInfo& from, FileType a, FileType b) {
   const auto kinds = tools::GetRecordKinds(from.type);
-  return std::all_of(kinds.begin(), kinds.end(), [&](const tools::RecordKind& kind) {
-    return kind.carriedTo.Contains(a) == kind.carriedTo.Contains(b);
-  });
+  const auto changes = tools::GetRecordChanges(from.type);
+  const auto agreesIn = [a, b](TypeSet types) { return types.Contains(a) == types.Contains(b); };
+  return std::all_of(kinds.begin(), kinds.end(),
+                     [&](const auto& kind) { return agreesIn(kind.carriedTo); }) &&
+         std::all_of(changes.begin(), changes.end(),
+                     [&](const auto& change) { return agreesIn(change.outputs); });
 }
 
 }  // namespace

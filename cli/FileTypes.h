@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "front/CFileTypeManager.h"
 #include "zelconvert/zelconvert.h"
 
 namespace zelconvert::cli {
@@ -66,7 +67,10 @@ constexpr const TypeInfo* FindType(std::string_view name) {
 /// Whether "convert" makes the one of the other. (The library's own list of pairs is made for the
 /// dialogs of hosts and doesn't tell the direction; its routes do.)
 bool ConvertsTo(const TypeInfo& from, const TypeInfo& to);
-/// Outputs of a type that the same kinds of its records reach, in the order of the types.
+/// The names of those of the types that `from` converts to.
+std::vector<std::string_view> OutputsAmong(const TypeInfo& from, TypeSet types);
+/// Outputs of a type that the same kinds of its records reach in the same way, in the order of the
+/// types.
 struct OutputGroup {
   std::vector<std::string_view> names;
   FileType first;

@@ -45,12 +45,8 @@ std::string Table(const std::vector<std::string_view>& inputs, const TypeInfo& f
 std::string Changes(const TypeInfo& from) {
   std::string table;
   for (const tools::RecordChange& change : tools::GetRecordChanges(from.type)) {
-    std::vector<std::string_view> outputs;
-    for (const TypeInfo& to : kTypes) {
-      if (change.outputs.Contains(to.type) && ConvertsTo(from, to)) outputs.push_back(to.name);
-    }
-    table +=
-        Row({"`" + std::string(change.records) + "`", Names(outputs), std::string(change.text)});
+    table += Row({"`" + std::string(change.records) + "`",
+                  Names(OutputsAmong(from, change.outputs)), std::string(change.text)});
   }
   return "\nWhat comes out as something else:\n\n" + Row({"record", "in", "becomes"}) +
          Row({"---", "---", "---"}) + table;

@@ -10,19 +10,32 @@
 namespace zelconvert::cli {
 namespace {
 
+Json::List NamesAmong(const TypeInfo& from, TypeSet types) {
+  Json::List names;
+  for (const std::string_view name : OutputsAmong(from, types)) {
+    names.emplace_back(std::string(name));
+  }
+  return names;
+}
+
 Json::List DescribeRecords(const TypeInfo& from) {
   Json::List records;
   for (const tools::RecordKind& kind : tools::GetRecordKinds(from.type)) {
-    Json::List outputs;
-    for (const TypeInfo& to : kTypes) {
-      const bool isCarried = ConvertsTo(from, to) && kind.carriedTo.Contains(to.type);
-      if (isCarried) outputs.emplace_back(std::string(to.name));
-    }
     records.emplace_back(Json::Object{{"key", std::string(kind.tag)},
                                       {"name", std::string(kind.name)},
-                                      {"carriedTo", std::move(outputs)}});
+                                      {"carriedTo", NamesAmong(from, kind.carriedTo)}});
   }
   return records;
+}
+
+Json::List DescribeChanges(const TypeInfo& from) {
+  Json::List changes;
+  for (const tools::RecordChange& change : tools::GetRecordChanges(from.type)) {
+    changes.emplace_back(Json::Object{{"records", std::string(change.records)},
+                                      {"outputs", NamesAmong(from, change.outputs)},
+                                      {"becomes", std::string(change.text)}});
+  }
+  return changes;
 }
 
 Json::Object Describe(const TypeInfo& from) {
@@ -33,7 +46,7 @@ Json::Object Describe(const TypeInfo& from) {
   return {{"name", std::string(from.name)},       {"number", static_cast<int>(from.type)},
           {"extension", GetExtension(from.type)}, {"description", GetDescription(from.type)},
           {"filter", GetFilter(from.type)},       {"convertsTo", std::move(outputs)},
-          {"records", DescribeRecords(from)}};
+          {"records", DescribeRecords(from)},     {"changes", DescribeChanges(from)}};
 }
 
 std::string ListTypesAsJson(const std::string& asked) {
@@ -71,12 +84,21 @@ std::string ListRecords(const TypeInfo& from, FileType to, bool isCarried) {
   return lines.empty() ? "  nothing\n" : lines;
 }
 
+std::string ListChanges(const TypeInfo& from, FileType to) {
+  std::string lines;
+  for (const tools::RecordChange& change : tools::GetRecordChanges(from.type)) {
+    if (!change.outputs.Contains(to)) continue;
+    lines += "  " + Padded(std::string(change.records), 6) + std::string(change.text) + "\n";
+  }
+  return lines.empty() ? "" : "comes out as something else:\n" + lines;
+}
+
 std::string ListRoute(const TypeInfo& from, const OutputGroup& group) {
   std::string names;
   for (const std::string_view name : group.names) names += " " + std::string(name);
   return std::string(from.name) + " to" + names + "\ncarried over:\n" +
          ListRecords(from, group.first, true) + "dropped:\n" +
-         ListRecords(from, group.first, false);
+         ListRecords(from, group.first, false) + ListChanges(from, group.first);
 }
 
 // Of one output, or of all.
