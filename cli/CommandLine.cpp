@@ -88,15 +88,19 @@ CLI::App& AddCommand(CLI::App& app, const CommandInfo& info, Options& options) {
   return command;
 }
 
-void AddCommands(CLI::App& app, Options& options) {
+// only: the one that is run, which has no need of the others. A short run is kept short by it.
+void AddCommands(CLI::App& app, Options& options, const CommandInfo* only) {
   app.set_version_flag("--version", "zelconvert " ZELCONVERT_VERSION);
   app.require_subcommand(1);
   app.allow_windows_style_options(false);  // "/data/a.job" and "//server/a.job" are paths
   for (const Section& section : GetSections()) {
     if (section.title == "Exit codes") app.footer("Exit codes:\n" + Wrapped(section.text));
   }
+  if (only != nullptr) {
+    AddCommand(app, *only, options);
+    return;
+  }
   for (const CommandInfo& info : GetCommands()) AddCommand(app, info, options);
-  for (const CommandInfo& info : GetHiddenCommands()) AddCommand(app, info, options).group("");
 }
 
 std::string TellUnknownCommand(std::string_view name) {
@@ -181,12 +185,14 @@ ExitCode Run(CLI::App& app, const Options& options) {
 
 ExitCode ParseAndRun(std::vector<std::string> arguments) {
   const bool namesCommand = !arguments.empty() && !arguments.front().starts_with('-');
-  if (namesCommand && FindCommand(arguments.front()) == nullptr) {
+  const CommandInfo* command = namesCommand ? FindCommand(arguments.front()) : nullptr;
+  if (namesCommand && command == nullptr) {
     throw HostFailure(kWrongUsage, TellUnknownCommand(arguments.front()));
   }
+  const bool isHelp = command == nullptr || command->run == nullptr;
   Options options;
   CLI::App app(std::string(kHostHelp), "zelconvert");
-  AddCommands(app, options);
+  AddCommands(app, options, isHelp ? nullptr : command);
   try {
     std::reverse(arguments.begin(), arguments.end());  // as the parser takes them
     app.parse(std::move(arguments));
