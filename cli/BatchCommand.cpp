@@ -64,6 +64,7 @@ ExitCode Batch::Run() {
     while (threads.size() + 1 < jobs) threads.emplace_back([this] { Work(); });
     Work();
   }
+  for (const fs::path& folder : m_folders) platform::FlushFolder(folder);
   return m_log.Finish();
 }
 

@@ -55,8 +55,11 @@ BatchLog::BatchLog(const Options& options, const std::vector<BatchFile>& files)
   const fs::path path = Absolute(*options.report);
   for (const BatchFile& file : files) CheckDistinct(path, file.input);
   CheckOutput(path, options.force || options.skipExisting);
-  m_report.open(path, std::ios::binary);
-  if (!m_report) throw HostFailure(kNoOutput, platform::ToText(path) + " can't be written");
+  m_pReport.reset(platform::OpenForWriting(path, options.force || options.skipExisting));
+  if (m_pReport == nullptr) {
+    CheckOutput(path, options.force || options.skipExisting);  // it may have come meanwhile
+    throw HostFailure(kNoOutput, platform::ToText(path) + " can't be written");
+  }
 }
 
 void BatchLog::Add(std::size_t number, BatchStatus status, Outcome outcome) {
@@ -77,9 +80,10 @@ ExitCode BatchLog::Finish() {
   const std::size_t good = Count(BatchStatus::Converted) + Count(BatchStatus::Skipped);
   const ExitCode code = good == m_files.size() ? kConverted : kFailed;
   TellSums(code);
-  if (m_report.is_open()) {
-    m_report.close();
-    if (m_report.fail()) throw HostFailure(kNoOutput, "the report can't be written");
+  if (m_pReport != nullptr) {
+    const bool isWhole = std::fflush(m_pReport.get()) == 0 && std::ferror(m_pReport.get()) == 0;
+    const bool isClosed = std::fclose(m_pReport.release()) == 0;
+    if (!isWhole || !isClosed) throw HostFailure(kNoOutput, "the report can't be written");
   }
   return code;
 }
@@ -87,8 +91,12 @@ ExitCode BatchLog::Finish() {
 void BatchLog::Tell(const BatchFile& file, const Entry& entry) {
   if (m_options.report || m_options.json) {
     Json::Object object = ToJson(file, entry);
-    if (m_report.is_open()) m_report << ToLine(object) << std::flush;
-    if (m_options.report && !m_report.is_open()) PrintOut(ToLine(object));
+    if (m_pReport != nullptr) {
+      std::fputs(ToLine(object).c_str(), m_pReport.get());
+      std::fflush(m_pReport.get());
+    } else if (m_options.report) {
+      PrintOut(ToLine(object));
+    }
     if (m_options.json) m_objects.emplace_back(std::move(object));
   }
   if (!m_options.json) TellAsText(file, entry);
@@ -104,9 +112,9 @@ void BatchLog::TellAsText(const BatchFile& file, const Entry& entry) {
     for (const std::string& text : outcome.messages) PrintMessages({About(file, text)});
   }
   if (hasFailed) PrintNote(About(file, outcome.error));
-  const bool isReportOnOutput = m_options.report && !m_report.is_open();
+  const bool isReportOnOutput = m_options.report && m_pReport == nullptr;
   if (IsQuiet() || isReportOnOutput) return;
-  for (const fs::path& made : outcome.files) PrintOut(platform::ToText(made) + "\n");
+  for (const fs::path& made : outcome.files) PrintLine(platform::ToText(made));
 }
 
 Json::Object BatchLog::ToJson(const BatchFile& file, const Entry& entry) const {

@@ -4,7 +4,8 @@
 #include <array>
 #include <chrono>
 #include <cstddef>
-#include <fstream>
+#include <cstdio>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -51,7 +52,7 @@ class BatchLog {
   std::size_t m_told = 0;
   std::array<std::size_t, 4> m_counts = {};  // of each status
   Json::List m_objects;                      // of the files told, if JSON is printed at the end
-  std::ofstream m_report;
+  std::unique_ptr<std::FILE, int (*)(std::FILE*)> m_pReport{nullptr, &std::fclose};
   bool m_isShown = false;  // the line of progress
   std::chrono::steady_clock::time_point m_start = std::chrono::steady_clock::now();
   std::chrono::steady_clock::time_point m_lastShown = {};

@@ -110,7 +110,7 @@ bool ReadFromBatch(char* bytes, std::size_t size) {
 }
 
 void Answer(const Words& words) {
-  PrintOut(Pack(words));
+  WriteOut(Pack(words));
   std::fflush(stdout);
 }
 

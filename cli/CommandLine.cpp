@@ -207,7 +207,9 @@ ExitCode TellFailure(ExitCode code, const std::string& text, bool asJson) {
     PrintOut(ToLines(Json::Object{{"exitCode", static_cast<int>(code)}, {"error", text}}));
     return code;
   }
-  return Fail(code, code == kWrongUsage ? text + "\nRun \"zelconvert help\" for usage." : text);
+  PrintNote(text);
+  if (code == kWrongUsage) PrintError("Run \"zelconvert help\" for usage.\n");
+  return code;
 }
 
 }  // namespace

@@ -289,7 +289,9 @@ constexpr Section kSections[] = {
      "The paths of the files made go to standard output, one a line. The library's texts go to "
      "standard error as it gave them; on success they are warnings. On a terminal standard error "
      "shows a bar while a conversion runs. --quiet leaves errors and what was asked for. No file "
-     "is replaced without --force. A run that is broken off leaves nothing behind."},
+     "is replaced without --force. A run that is broken off leaves nothing behind.\n"
+     "Characters of names and texts that would do something to a screen are shown as \\n, \\x1b or "
+     "\\u202e, bytes that are no UTF-8 as \\xff."},
     {"Standard input and output",
      "- in the place of a file to read or to make is standard input or output. Neither has a name "
      "that tells a type: of standard input the first bytes do, or --from, of standard output --to. "

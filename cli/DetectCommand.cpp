@@ -35,12 +35,12 @@ void PrintAsText(const Detected& detected) {
   if (detected.code == kNoInput) {
     PrintNote(detected.file + " can't be read");
   } else if (detected.type == nullptr) {
-    PrintOut(detected.file + ": unknown: " + detected.reason + "\n");
+    PrintLine(detected.file + ": unknown: " + detected.reason);
   } else {
     std::string description = GetDescription(detected.type->type);
     description.erase(description.find_last_not_of(' ') + 1);  // one of them ends in a blank
-    PrintOut(detected.file + ": " + std::string(detected.type->name) + " (" + description +
-             "): " + detected.reason + "\n");
+    PrintLine(detected.file + ": " + std::string(detected.type->name) + " (" + description +
+              "): " + detected.reason);
   }
 }
 

@@ -72,7 +72,8 @@ void ReadBoth(const Options& options, DiffSide& a, DiffSide& b, Outcome& outcome
 void Print(const DiffSide& a, const DiffSide& b, const SurveyDiff& diff,
            const tools::DiffOptions& how) {
   if (diff.IsEqual()) return;
-  PrintOut("A  " + a.file.GetGivenName() + "\nB  " + b.file.GetGivenName() + "\n");
+  PrintLine("A  " + a.file.GetGivenName());
+  PrintLine("B  " + b.file.GetGivenName());
   PrintOut(AsUtf8(tools::FormatDiff(diff, how)));
 }
 

@@ -7,7 +7,6 @@
 #include "cli/ProgressBar.h"
 #include "cli/StagingFolder.h"
 #include "cli/platform/Host.h"
-#include "io/Strings.h"
 
 namespace zelconvert::cli {
 
@@ -32,6 +31,7 @@ void RunIntoPlace(const Options& options, const std::vector<InputFile>& inputs,
   }
   if (outcome.code != kConverted) throw HostFailure(outcome.code, outcome.error);
   outcome.files = staging.MoveFiles(staging.GetTargets(), output, options.force);
+  platform::FlushFolder(output.parent_path());
 }
 
 }  // namespace
@@ -57,7 +57,9 @@ ExitCode RunDirect(const Options& options, const std::vector<DirectInput>& input
 }
 
 void AddMessages(Outcome& outcome, const std::vector<std::wstring>& texts) {
-  for (const std::wstring& text : texts) AppendUtf8(outcome.messages.emplace_back(), text);
+  for (const std::wstring& text : texts) {
+    outcome.messages.push_back(platform::FromLibraryText(text));
+  }
 }
 
 }  // namespace zelconvert::cli

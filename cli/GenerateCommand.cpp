@@ -9,7 +9,7 @@ namespace zelconvert::cli {
 
 ExitCode RunGenerate(const Options& options) {
   const std::string& page = options.subject;
-  PrintOut(page == "man"    ? MakeManPage()
+  WriteOut(page == "man"    ? MakeManPage()
            : page == "bash" ? MakeBashCompletion()
            : page == "zsh"  ? MakeZshCompletion()
            : page == "fish" ? MakeFishCompletion()

@@ -2,8 +2,10 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <string_view>
 
 #include "cli/platform/Host.h"
+#include "tools/Printable.h"
 
 namespace zelconvert::cli {
 namespace {
@@ -22,7 +24,7 @@ void PrintLabelled(const char* label, const char* colour, const std::string& tex
   static const bool usesColour = UsesColour();
   const std::string shown = "zelconvert: " + std::string(label);
   PrintError((usesColour ? "\033[1;" + std::string(colour) + "m" + shown + "\033[0m" : shown) +
-             text + "\n");
+             tools::Printable(text) + "\n");
 }
 
 }  // namespace
@@ -40,7 +42,15 @@ bool ShowsProgress() {
 }
 
 void PrintOut(const std::string& text) {
-  std::fwrite(text.data(), 1, text.size(), stdout);
+  WriteOut(tools::PrintableLines(text));
+}
+
+void PrintLine(const std::string& text) {
+  WriteOut(tools::Printable(text) + "\n");
+}
+
+void WriteOut(const std::string& bytes) {
+  std::fwrite(bytes.data(), 1, bytes.size(), stdout);
 }
 
 void PrintError(const std::string& text) {
@@ -49,7 +59,10 @@ void PrintError(const std::string& text) {
 }
 
 void PrintMessages(const std::vector<std::string>& messages) {
-  for (const std::string& each : messages) PrintError(each.ends_with('\n') ? each : each + "\n");
+  for (std::string_view each : messages) {
+    if (each.ends_with('\n')) each.remove_suffix(1);  // as one of the texts does
+    PrintError(tools::Printable(each) + "\n");
+  }
 }
 
 void PrintNote(const std::string& text) {

@@ -31,8 +31,16 @@ bool IsQuiet();
 /// Whether there is somebody to see how a run gets on.
 bool ShowsProgress();
 
-/// UTF-8 text to standard output and standard error.
+// Names and texts of files are UTF-8 but for bytes that are none. What could do something to a
+// screen is printed as tools::Printable shows it.
+
+/// Lines to standard output.
 void PrintOut(const std::string& text);
+/// One line; its end is added.
+void PrintLine(const std::string& text);
+/// Data to standard output, as it is.
+void WriteOut(const std::string& bytes);
+/// The host's own words and bars to standard error, as they are.
 void PrintError(const std::string& text);
 /// Texts of a conversion, each on a line of its own, to standard error.
 void PrintMessages(const std::vector<std::string>& messages);

@@ -8,7 +8,6 @@
 #include "cli/FileChecks.h"
 #include "cli/TemporaryFolder.h"
 #include "cli/platform/Host.h"
-#include "io/Strings.h"
 
 namespace zelconvert::cli {
 
@@ -30,7 +29,7 @@ tools::Survey ReadSurveyOf(const InputFile& file, const tools::ReadOptions& how,
   StringList texts;
   std::optional<tools::Survey> survey =
       tools::ReadSurvey(platform::ToLibrary(file.GetPath()), type.type, texts, how);
-  for (const std::wstring& text : texts) AppendUtf8(messages.emplace_back(), text);
+  for (const std::wstring& text : texts) messages.push_back(platform::FromLibraryText(text));
   file.RenameIn(messages);
   if (!survey) {
     throw HostFailure(kNoInput,

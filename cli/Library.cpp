@@ -4,22 +4,15 @@
 #include "cli/platform/Host.h"
 #include "front/DriverRun.h"
 #include "front/FileDetection.h"
-#include "io/Strings.h"
 
 namespace zelconvert::cli {
 namespace {
-
-std::string ToUtf8(const wchar_t* text) {
-  std::string utf8;
-  AppendUtf8(utf8, text);
-  return utf8;
-}
 
 template <class Function>
 std::string GetTypeText(Function function, FileType type) {
   wchar_t buffer[64] = L"";
   function(type, buffer);
-  return ToUtf8(buffer);
+  return platform::FromLibraryText(buffer);
 }
 
 // The exported function says how a run went wrong by its last text alone. The core words that text.
@@ -70,7 +63,7 @@ Result Convert(const Conversion& conversion) {
   std::wstring last;
   for (wchar_t** text = messages; text != nullptr && *text != nullptr; ++text) {
     last = *text;
-    result.messages.push_back(ToUtf8(*text));
+    result.messages.push_back(platform::FromLibraryText(*text));
   }
   result.code = converted ? kConverted : CodeOfFailure(conversion, last);
   cZelFreeAfterFileConvert(files, messages);

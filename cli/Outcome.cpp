@@ -21,7 +21,7 @@ void TellAsText(const Outcome& outcome) {
   if (outcome.code != kConverted || !IsQuiet()) PrintMessages(outcome.messages);
   if (!outcome.error.empty()) PrintNote(outcome.error);
   if (IsQuiet()) return;
-  for (const fs::path& file : outcome.files) PrintOut(platform::ToText(file) + "\n");
+  for (const fs::path& file : outcome.files) PrintLine(platform::ToText(file));
 }
 
 }  // namespace

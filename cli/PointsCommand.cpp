@@ -48,13 +48,16 @@ std::vector<fs::path> Store(const Options& options, const InputFile& input,
   if (!WriteTo(staging.GetPath() / output.filename(), text)) {
     throw HostFailure(kNoOutput, platform::ToText(output) + " can't be written");
   }
-  return staging.MoveFiles(staging.GetTargets(), output, options.force);
+  const std::vector<fs::path> files =
+      staging.MoveFiles(staging.GetTargets(), output, options.force);
+  platform::FlushFolder(output.parent_path());
+  return files;
 }
 
-// Line ends are those of the format, on every system.
+// Line ends are those of the format, on every system. What a program reads is the data as it is.
 void Print(const std::string& text) {
   platform::UseBinaryStreams();
-  PrintOut(text);
+  platform::IsOutputATerminal() ? PrintOut(text) : WriteOut(text);
   if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
     throw HostFailure(kNoOutput, "standard output can't be written");
   }

@@ -22,11 +22,31 @@ bool HaveSameBytes(const fs::path& a, const fs::path& b) {
   return first && second && std::equal(Bytes(first), Bytes(), Bytes(second), Bytes());
 }
 
-void Move(const fs::path& from, const fs::path& to) {
-  std::error_code error;
-  fs::rename(from, to, error);
+void RefuseReplacing(const fs::path& path) {
+  throw HostFailure(kNoOutput, platform::ToText(path) + " exists; --force replaces it");
+}
+
+void Require(const std::error_code& error, const fs::path& output) {
   if (!error) return;
-  throw HostFailure(kNoOutput, platform::ToText(to) + " can't be written: " + error.message());
+  if (error == std::errc::file_exists) RefuseReplacing(output);
+  throw HostFailure(kNoOutput, platform::ToText(output) + " can't be written: " + error.message());
+}
+
+// The last one first. If one doesn't move those that did go away again, as long as no other file
+// stood in their places.
+void MoveAll(const fs::path& folder, const std::vector<fs::path>& targets, bool replace) {
+  std::error_code error;
+  for (const fs::path& target : targets) {
+    platform::FlushFile(folder / target.filename(), error);
+    Require(error, target);
+  }
+  for (auto at = targets.rbegin(); at != targets.rend(); ++at) {
+    platform::MoveIntoPlace(folder / at->filename(), *at, replace, error);
+    if (!error) continue;
+    std::error_code ignored;
+    for (auto made = targets.rbegin(); made != at && !replace; ++made) fs::remove(*made, ignored);
+    Require(error, *at);
+  }
 }
 
 }  // namespace
@@ -45,6 +65,9 @@ std::vector<fs::path> StagingFolder::MoveFiles(std::vector<fs::path> targets,
                                                const std::vector<fs::path>& kept) const {
   std::stable_partition(targets.begin(), targets.end(),
                         [&](const fs::path& target) { return target == output; });
+  if (targets.empty() || targets.front() != output) {  // the name was one of a device
+    throw HostFailure(kNoOutput, platform::ToText(output) + " can't be written");
+  }
   std::vector<fs::path> moved;
   for (const fs::path& target : targets) {
     if (target != output && HaveSameBytes(GetPath() / target.filename(), target)) continue;
@@ -55,8 +78,7 @@ std::vector<fs::path> StagingFolder::MoveFiles(std::vector<fs::path> targets,
     }
     moved.push_back(target);
   }
-  std::for_each(moved.rbegin(), moved.rend(),
-                [&](const fs::path& target) { Move(GetPath() / target.filename(), target); });
+  MoveAll(GetPath(), moved, replace);
   return targets;
 }
 
@@ -67,9 +89,7 @@ void CheckReplaceable(const fs::path& path, bool replace) {
   if (fs::exists(status) && !fs::is_regular_file(status)) {
     throw HostFailure(kNoOutput, platform::ToText(path) + " is no file to be replaced");
   }
-  if (!replace) {
-    throw HostFailure(kNoOutput, platform::ToText(path) + " exists; --force replaces it");
-  }
+  if (!replace) RefuseReplacing(path);
 }
 
 }  // namespace zelconvert::cli

@@ -20,9 +20,11 @@ class StagingFolder {
 
   /// Where the files in it go, in the order of their names.
   std::vector<std::filesystem::path> GetTargets() const;
-  /// Moves the files to these places, and returns them, `output` first. That is moved last: where
-  /// it stands the others do. Of the others one that is there with the same bytes is left as it is.
-  /// If one may not be replaced, as none of `kept` may, none is moved. Throws a HostFailure.
+  /// Moves the files, all of them written to the disk, to these places, and returns them, `output`
+  /// first. That is moved last: where it stands the others do. (The folder itself is for the caller
+  /// to write, platform::FlushFolder, when no more is to come.) Of the others one that is there
+  /// with the same bytes is left as it is. If one may not be replaced, as none of `kept` may, none
+  /// is moved. Throws a HostFailure.
   std::vector<std::filesystem::path> MoveFiles(
       std::vector<std::filesystem::path> targets, const std::filesystem::path& output, bool replace,
       const std::vector<std::filesystem::path>& kept = {}) const;

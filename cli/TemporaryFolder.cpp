@@ -1,5 +1,6 @@
 #include "cli/TemporaryFolder.h"
 
+#include <cstring>
 #include <memory>
 #include <optional>
 #include <random>
@@ -17,7 +18,13 @@ namespace {
 constexpr const char* kNameStart = ".zelconvert-";
 
 std::string RandomName() {
-  return kNameStart + std::to_string(std::random_device()());
+  std::random_device random;
+  return kNameStart + std::to_string(random()) + std::to_string(random());
+}
+
+bool IsRandomName(const std::string& name) {
+  return name.starts_with(kNameStart) &&
+         name.find_first_not_of("0123456789", std::strlen(kNameStart)) == std::string::npos;
 }
 
 fs::path SystemFolder() {
@@ -55,8 +62,7 @@ tools::FolderMaker MakeTemporaryFolders() {
 void RemoveAbandonedFolders(const fs::path& parent) {
   std::error_code error;
   for (fs::directory_iterator at(parent, error), end; at != end; at.increment(error)) {
-    const bool isOurs = ToText(at->path().filename()).starts_with(kNameStart);
-    if (isOurs) platform::RemoveIfAbandoned(at->path());
+    if (IsRandomName(ToText(at->path().filename()))) platform::RemoveIfAbandoned(at->path());
   }
 }
 

@@ -20,10 +20,9 @@ using tools::Verification;
 std::string DescribeMissing(const SurveyDifference& difference, int decimals) {
   const bool isGone = difference.change == tools::Change::OnlyFirst;
   std::string text = AsUtf8(NameOf(difference.subject)) + " ";
-  if (!difference.name.empty()) text += AsUtf8(tools::ShowText(difference.name)) + " ";
+  if (!difference.name.empty()) text += AsUtf8(difference.name) + " ";
   text += isGone ? "is missing" : AsUtf8(NameOf(difference.change));
-  const std::string details =
-      AsUtf8(tools::ShowText(tools::DescribeDifference(difference, decimals)));
+  const std::string details = AsUtf8(tools::DescribeDifference(difference, decimals));
   return "verify: " + text + (details.empty() ? "" : ": " + details);
 }
 
@@ -53,7 +52,8 @@ std::string Verify(const ConvertPlan& plan, const Conversion& staged, Outcome& o
        platform::ToLibrary(asked.job)},
       MakeTemporaryFolders());
   if (!result.isRead) {
-    for (const std::wstring& text : result.messages) outcome.messages.push_back(AsUtf8(text));
+    for (const std::wstring& text : result.messages)
+      outcome.messages.push_back(platform::FromLibraryText(text));
     return ToText(result.isInputRead ? asked.output : asked.input) +
            " can't be read to verify the conversion";
   }

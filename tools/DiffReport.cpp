@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "io/Numbers.h"
+#include "tools/Printable.h"
 
 namespace zelconvert::tools {
 namespace {
@@ -81,12 +82,6 @@ void AppendPadded(std::wstring& row, std::wstring_view cell, std::size_t width) 
 
 }  // namespace
 
-std::wstring ShowText(std::wstring text) {
-  std::replace_if(
-      text.begin(), text.end(), [](wchar_t c) { return c < L' ' || c == 0x7F; }, L'?');
-  return text;
-}
-
 int DecimalsFor(double tolerance) {
   constexpr int kUsual = 4, kMost = 8;
   if (!(tolerance > 0)) return kMost;
@@ -142,16 +137,16 @@ std::wstring FormatDiff(const SurveyDiff& diff, const DiffOptions& options) {
   std::size_t subjectWidth = 0, nameWidth = 0, changeWidth = 0;
   for (const SurveyDifference& each : diff.differences) {
     subjectWidth = std::max(subjectWidth, NameOf(each.subject).size());
-    nameWidth = std::max(nameWidth, each.name.size());
+    nameWidth = std::max(nameWidth, Printable(each.name).size());
     changeWidth = std::max(changeWidth, NameOf(each.change).size());
   }
   std::wstring text;
   for (const SurveyDifference& each : diff.differences) {
     std::wstring row;
     AppendPadded(row, NameOf(each.subject), subjectWidth);
-    AppendPadded(row, ShowText(each.name), nameWidth);
+    AppendPadded(row, Printable(each.name), nameWidth);
     AppendPadded(row, NameOf(each.change), changeWidth);
-    row.append(ShowText(DescribeDifference(each, decimals)));
+    row.append(Printable(DescribeDifference(each, decimals)));
     row.erase(row.find_last_not_of(L' ') + 1);
     text.append(row).append(L"\n");
   }

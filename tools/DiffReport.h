@@ -10,9 +10,6 @@ namespace zelconvert::tools {
 /// Decimals of metres at which a tolerance shows, and one more.
 int DecimalsFor(double tolerance);
 
-/// A text of a file for a line: what would break it shows as "?".
-std::wstring ShowText(std::wstring text);
-
 /// What a row says after name and change: "plan 0.0120  height +0.0030", or codes, or a property
 /// before and after. Lengths are metres, angles degrees.
 std::wstring DescribeDifference(const SurveyDifference& difference, int decimals);

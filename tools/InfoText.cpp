@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "tools/Info.h"
+#include "tools/Printable.h"
 #include "tools/Units.h"
 
 namespace zelconvert::tools {
@@ -50,7 +51,7 @@ class InfoText {
     m_text += "  ";
     m_text += name;
     m_text.append(kNameWidth - std::min(name.size(), kNameWidth - 1), ' ');
-    m_text += value + "\n";
+    m_text += Printable(value) + "\n";
   }
   void AddSettings();
   void AddSystem();
@@ -70,7 +71,7 @@ class InfoText {
 };
 
 std::string InfoText::Write() {
-  m_text = m_info.file + "\n";
+  m_text = Printable(m_info.file) + "\n";
   AddSettings();
   AddSystem();
   AddContents();

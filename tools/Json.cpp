@@ -2,6 +2,8 @@
 
 #include <nlohmann/json.hpp>
 
+#include "tools/Printable.h"
+
 namespace zelconvert::tools {
 namespace {
 
@@ -28,19 +30,24 @@ ordered_json Convert(const Json& json) {
   return std::visit([](const auto& value) { return ConvertValue(value); }, json.m_value);
 }
 
+// Bytes of names that are no UTF-8 become U+FFFD.
+std::string Write(const ordered_json& json, int indent = -1) {
+  return PrintableLines(json.dump(indent, ' ', false, ordered_json::error_handler_t::replace));
+}
+
 }  // namespace
 
 std::string ToLine(const Json& json) {
-  return Convert(json).dump() + "\n";
+  return Write(Convert(json)) + "\n";
 }
 
 std::string Quoted(const std::string& text) {
-  return ordered_json(text).dump();
+  return Write(text);
 }
 
 std::string ToLines(const Json& json) {
   constexpr int kIndent = 2;
-  return Convert(json).dump(kIndent) + "\n";
+  return Write(Convert(json), kIndent) + "\n";
 }
 
 }  // namespace zelconvert::tools

@@ -9,7 +9,8 @@
 
 namespace zelconvert::tools {
 
-/// A value; texts are UTF-8, reals finite, and the fields of an object keep their order.
+/// A value; texts are UTF-8 but for bytes of names, reals finite, and the fields of an object keep
+/// their order. What is made of it is UTF-8 throughout.
 struct Json {
   using List = std::vector<Json>;
   using Object = std::vector<std::pair<std::string, Json>>;

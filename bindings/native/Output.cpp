@@ -34,6 +34,11 @@ void PrintOut(const std::string& text) {
   g_output += text;
 }
 
+void PrintLine(const std::string& /*text*/) {}
+void WriteOut(const std::string& bytes) {
+  g_output += bytes;
+}
+
 void PrintError(const std::string& /*text*/) {}
 void PrintMessages(const std::vector<std::string>& /*messages*/) {}
 void PrintNote(const std::string& /*text*/) {}

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <cstdio>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -17,6 +18,7 @@ namespace zelconvert::cli::platform {
 std::vector<std::string> GetArguments(int argc, char** argv);
 /// Once, first: output takes UTF-8, and a file that may not grow further is a failed write.
 void PrepareProcess();
+bool IsOutputATerminal();
 bool IsErrorATerminal();
 /// Whether standard error is a terminal that takes escape sequences.
 bool ErrorShowsColour();
@@ -30,14 +32,27 @@ std::string ToArgument(const std::filesystem::path& path);
 /// A path as the library takes it and gives it.
 std::wstring ToLibrary(const std::filesystem::path& path);
 std::filesystem::path FromLibrary(const std::wstring& path);
-/// A path for the user's eyes.
+/// A path for the user's eyes: in UTF-8, but for what is none in the name itself.
 std::string ToText(const std::filesystem::path& path);
+/// A text of the library, in which paths are what ToText makes of them.
+std::string FromLibraryText(std::wstring_view text);
 
 /// Equal for two spellings that the system takes for one name.
 std::filesystem::path::string_type NameKey(const std::filesystem::path& path);
 
 /// Whether the file opens for reading.
 bool IsReadable(const std::filesystem::path& path);
+
+/// Gives a file that was just made its place, in the same file system. If it may not replace one,
+/// the error is file_exists where there is an entry of that name, whoever made it when.
+void MoveIntoPlace(const std::filesystem::path& from, const std::filesystem::path& to, bool replace,
+                   std::error_code& error);
+/// When it returns without an error what was written is on the disk, where there is one.
+void FlushFile(const std::filesystem::path& path, std::error_code& error);
+/// Likewise what was moved into a folder, as far as the system lets one know.
+void FlushFolder(const std::filesystem::path& path);
+/// A file for writing, null if it can't be opened. If it may not replace one, it is new.
+std::FILE* OpenForWriting(const std::filesystem::path& path, bool replace);
 
 /// Receives the progress of conversions while it lives, of those of the library and of those of the
 /// core that the host is linked to. `receive` gets the percentage; -1: the

@@ -140,6 +140,15 @@ TEST(Checks, FindsWhatLooksWrong) {
   EXPECT_EQ(ofLog[1].line, 6);
 }
 
+// A name that holds a line end makes no line.
+TEST(Info, ShowsNamesOnOneLine) {
+  Info info;
+  info.file = "a\nb.job";
+  info.job = "c\nd";
+  EXPECT_NE(ToText(info).find("a\\nb.job\n"), std::string::npos);
+  EXPECT_NE(ToText(info).find("c\\nd\n"), std::string::npos);
+}
+
 // The text and the JSON, of the square.
 TEST(Info, ShowsTheSameAsTextAndJson) {
   Info info = MakeInfo(ReadText(kSquare));

@@ -1,6 +1,7 @@
 #include "cli/platform/Host.h"
 
 #include <dirent.h>
+#include <fcntl.h>
 #include <signal.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -35,6 +36,10 @@ void PrepareProcess() {
   signal(SIGXFSZ, SIG_IGN);
 }
 
+bool IsOutputATerminal() {
+  return isatty(STDOUT_FILENO) != 0;
+}
+
 bool IsErrorATerminal() {
   return isatty(STDERR_FILENO) != 0;
 }
@@ -65,9 +70,23 @@ std::filesystem::path FromLibrary(const std::wstring& path) {
 }
 
 std::string ToText(const std::filesystem::path& path) {
-  std::string text;
-  AppendUtf8(text, ToLibrary(path));
-  return text;
+  return path.native();
+}
+
+// Of a path the library has half pairs for bytes that are no UTF-8.
+std::string FromLibraryText(std::wstring_view text) {
+  constexpr wchar_t kFirstByte = 0xDC80, kLastByte = 0xDCFF;
+  std::string bytes;
+  while (!text.empty()) {
+    const wchar_t first = text.front();
+    if (first >= kFirstByte && first <= kLastByte) {
+      bytes += static_cast<char>(first & 0xFF);
+    } else {
+      AppendUtf8(bytes, text.substr(0, 1));
+    }
+    text.remove_prefix(1);
+  }
+  return bytes;
 }
 
 std::filesystem::path::string_type NameKey(const std::filesystem::path& path) {
@@ -76,6 +95,61 @@ std::filesystem::path::string_type NameKey(const std::filesystem::path& path) {
 
 bool IsReadable(const std::filesystem::path& path) {
   return access(path.c_str(), R_OK) == 0;
+}
+
+namespace {
+
+bool Flush(int file) {
+  return fsync(file) == 0 || errno == EINVAL || errno == EROFS || errno == ENOTSUP;
+}
+
+// False, with errno EEXIST, if there is an entry of that name. Not every file system can move so,
+// nor give a file a second name; where neither is possible the name is taken first.
+bool MoveToNewName(const char* from, const char* to) {
+#ifdef RENAME_NOREPLACE
+  if (renameat2(AT_FDCWD, from, AT_FDCWD, to, RENAME_NOREPLACE) == 0) return true;
+#endif
+  if (link(from, to) == 0) {
+    unlink(from);
+    return true;
+  }
+  const int taken = open(to, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR);
+  if (taken < 0) return false;
+  close(taken);
+  if (rename(from, to) == 0) return true;
+  const int error = errno;
+  unlink(to);
+  errno = error;
+  return false;
+}
+
+}  // namespace
+
+void MoveIntoPlace(const std::filesystem::path& from, const std::filesystem::path& to, bool replace,
+                   std::error_code& error) {
+  const bool isMoved =
+      replace ? rename(from.c_str(), to.c_str()) == 0 : MoveToNewName(from.c_str(), to.c_str());
+  if (!isMoved) error.assign(errno, std::generic_category());
+}
+
+void FlushFile(const std::filesystem::path& path, std::error_code& error) {
+  const int file = open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC);
+  if (file < 0 || !Flush(file)) error.assign(errno, std::generic_category());
+  if (file >= 0) close(file);
+}
+
+// One that may be written but not read can't be asked.
+void FlushFolder(const std::filesystem::path& path) {
+  const int folder = open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (folder < 0) return;
+  fsync(folder);
+  close(folder);
+}
+
+std::FILE* OpenForWriting(const std::filesystem::path& path, bool replace) {
+  const int file =
+      open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | (replace ? O_TRUNC : O_EXCL), 0666);
+  return file < 0 ? nullptr : fdopen(file, "wb");
 }
 
 struct ProgressWindow::Window : ZelWindow {
@@ -203,11 +277,13 @@ void RemoveTemporaryFolder(const std::filesystem::path& path) {
 }
 
 void RemoveIfAbandoned(const std::filesystem::path& path) {
-  DIR* entries = opendir(path.c_str());
-  if (entries == nullptr) return;
+  const int folder = open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+  if (folder < 0) return;
+  struct stat found {};
+  const bool isOwn = fstat(folder, &found) == 0 && found.st_uid == geteuid();
   std::error_code ignored;
-  if (flock(dirfd(entries), LOCK_EX | LOCK_NB) == 0) std::filesystem::remove_all(path, ignored);
-  closedir(entries);
+  if (isOwn && flock(folder, LOCK_EX | LOCK_NB) == 0) std::filesystem::remove_all(path, ignored);
+  close(folder);
 }
 
 void KeepReadOnly(const std::filesystem::path& file) {

@@ -102,6 +102,11 @@ void PrepareProcess() {
   SetConsoleOutputCP(CP_UTF8);
 }
 
+bool IsOutputATerminal() {
+  DWORD mode = 0;
+  return GetConsoleMode(GetStdHandle(STD_OUTPUT_HANDLE), &mode) != 0;
+}
+
 bool IsErrorATerminal() {
   DWORD mode = 0;
   return GetConsoleMode(GetStdHandle(STD_ERROR_HANDLE), &mode) != 0;
@@ -139,6 +144,10 @@ std::string ToText(const std::filesystem::path& path) {
   return Utf8(path.native());
 }
 
+std::string FromLibraryText(std::wstring_view text) {
+  return Utf8(text);
+}
+
 std::filesystem::path::string_type NameKey(const std::filesystem::path& path) {
   std::wstring key = path.native();
   CharUpperBuffW(key.data(), static_cast<DWORD>(key.size()));
@@ -152,6 +161,38 @@ bool IsReadable(const std::filesystem::path& path) {
   if (file == INVALID_HANDLE_VALUE) return false;
   CloseHandle(file);
   return true;
+}
+
+// The move itself waits until the folder is written.
+void MoveIntoPlace(const std::filesystem::path& from, const std::filesystem::path& to, bool replace,
+                   std::error_code& error) {
+  const DWORD how = MOVEFILE_WRITE_THROUGH | (replace ? MOVEFILE_REPLACE_EXISTING : 0);
+  if (MoveFileExW(from.c_str(), to.c_str(), how) != 0) return;
+  error.assign(static_cast<int>(GetLastError()), std::system_category());
+  if (error.value() == ERROR_ALREADY_EXISTS) error = std::make_error_code(std::errc::file_exists);
+}
+
+void FlushFile(const std::filesystem::path& path, std::error_code& error) {
+  const HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE,
+                                  FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                  OPEN_EXISTING, 0, nullptr);
+  if (file == INVALID_HANDLE_VALUE || FlushFileBuffers(file) == 0) {
+    error.assign(static_cast<int>(GetLastError()), std::system_category());
+  }
+  if (file != INVALID_HANDLE_VALUE) CloseHandle(file);
+}
+
+void FlushFolder(const std::filesystem::path&) {}
+
+std::FILE* OpenForWriting(const std::filesystem::path& path, bool replace) {
+  const HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                                  replace ? CREATE_ALWAYS : CREATE_NEW, 0, nullptr);
+  if (file == INVALID_HANDLE_VALUE) return nullptr;
+  if (GetFileType(file) == FILE_TYPE_DISK) {
+    return _fdopen(_open_osfhandle(reinterpret_cast<std::intptr_t>(file), 0), "wb");
+  }
+  CloseHandle(file);
+  return nullptr;
 }
 
 // A window that only takes messages. The library sends them on this thread, so no loop is needed.
@@ -218,8 +259,10 @@ void RemoveTemporaryFolder(const std::filesystem::path& path) {
   fs::remove_all(path, ignored);
 }
 
-// While its process lives the folder is open, and doesn't open for one alone.
+// While its process lives the folder is open, and doesn't open for one alone. What leads elsewhere
+// was made by nobody here.
 void RemoveIfAbandoned(const std::filesystem::path& path) {
+  if ((GetFileAttributesW(path.c_str()) & FILE_ATTRIBUTE_REPARSE_POINT) != 0) return;
   const HANDLE handle = OpenFolder(path, 0);
   if (handle == INVALID_HANDLE_VALUE) return;
   CloseHandle(handle);

@@ -1,0 +1,251 @@
+#!/usr/bin/env python3
+"""hostile_test.py HOST [ARGUMENTS...]: names and contents that somebody made who means no good, and others who
+work in the same folder. Nothing that is printed does something to a screen, nothing is made, replaced or
+removed but what was asked for."""
+
+import json
+import os
+import pathlib
+import re
+import shutil
+import subprocess
+import sys
+import tempfile
+import unittest
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+EXAMPLES = ROOT / "examples"
+HOST = []
+ON_WINDOWS = False
+
+# Names of files and how they are shown. (Those of Windows have neither control characters below 32 nor bytes.)
+NAMES = [
+    ("c1\u009b31m\u0085", r"c1\u009b31m\u0085"), ("del\x7f", r"del\u007f"), ("turn\u202egpj\u2066", r"turn\u202egpj\u2066"),
+    ("line\u2028end", r"line\u2028end"), ("caf\u00e9 \u4e2d\U0001f600", "caf\u00e9 \u4e2d\U0001f600"),
+]
+NAMES_OF_POSIX = [
+    ("line\nzelconvert: done", r"line\nzelconvert: done"), ("esc\x1b[2J\x1b]0;x\x07", r"esc\x1b[2J\x1b]0;x\x07"),
+    ("cr\rtab\tbs\x08", r"cr\rtab\tbs\x08"), (b"raw\xff\xfe", r"raw\xff\xfe"), (b"half\xe2\x82", r"half\xe2\x82"),
+]
+# Calls in which "n" is the name; code; whether the name is told as text.
+CALLS = [
+    ("convert n.job n.out.dc", 0, True), ("convert n.job n.out.dc --json", 0, False), ("convert n.dc n.job", 4, True),
+    ("convert n.job n.cr5", 1, True), ("convert n.job n.cr5 --json", 1, False), ("convert n.absent out.dc", 3, True),
+    ("convert n.job n", 2, True), ("convert n n.dc", 3, True), ("convert n.job out.dc --to n", 2, True),
+    ("convert n.job out.dc --to n --json", 2, False), ("convert n.job out.dc --n", 2, True), ("n", 2, True),
+    ("n --json", 2, False), ("convert n.job out.dc n", 2, True), ("help n", 2, True), ("types n", 2, True),
+    ("detect n.job n.x n.none", 3, True), ("detect n.job n.x n.none --json", 3, False),
+    ("info n.raw n.none", 3, True), ("info n.raw n.none --json", 3, False), ("diff n.job n.raw", 1, True),
+    ("diff n.job n.raw --json", 1, False), ("diff n.job n.raw --tolerance n", 2, True), ("points n.job -o n.csv", 0, True),
+    ("points n.job -o n.csv --json", 0, False), ("plot n.dc n.svg", 0, True), ("merge n.job n.2.job n.3.job", 0, True),
+    ("import-sdr n.sdr n.raw", 4, True), ("batch --to cr5 --out-dir out n.2.job n.x --keep-going", 1, True),
+    ("batch --to cr5 --out-dir n n.job n.2.job --jobs 1 --keep-going --report -", 1, True),
+    ("batch --to dc --out-dir n n.job n.raw --keep-going --json", 2, False),
+    ("batch --to dc --out-dir out n.job --report n.log", 0, False),
+    ("convert n.job n.dc --job n.x", 2, False),
+]
+INPUTS = {".job": "control.job", ".2.job": "boundary.job", ".dc": "ridge-road.dc", ".raw": "mill-creek.raw",
+          ".sdr": "mill-creek.sdr", ".x": "ridge-control.dc"}
+CONTROLS = re.compile("[\x00-\x09\x0b-\x1f\x7f-\x9f\u2028-\u202e\u2066-\u2069\ufffd]")
+
+# Names of roads and templates, and of the files that they may become: eight letters, digits, "$", "-" and "_" at most.
+ROADS = ["../../up", "..\\..\\up", "/etc/passwd", "\\\\host\\share", "C:evil", "a:stream", "..", ".", "~", "-rf", "x\x1b[2J",
+         "a%sb%n", "*?<>|\""]
+DEVICES = ["CON", "con", "NUL", "nul ", "AUX", "PRN", "COM1", "LPT9", "CONIN$", "CONOUT$"]
+
+
+def lines_of(path, **options):
+    return path.read_text(encoding="utf-8", **options).splitlines() if path.exists() else []
+
+
+class HostileTest(unittest.TestCase):
+    def setUp(self):
+        self.outside = pathlib.Path(tempfile.mkdtemp())
+        self.addCleanup(shutil.rmtree, self.outside)
+        self.folder = self.outside / "in" / "folder"
+        self.folder.mkdir(parents=True)
+
+    def run_host(self, words, **options):
+        with tempfile.TemporaryFile() as out, tempfile.TemporaryFile() as err:
+            options = {"stdout": out, **options}
+            done = subprocess.run([*HOST, *words], cwd=self.folder, stderr=err, timeout=120, **options)
+            for stream in out, err:
+                stream.seek(0)
+            return done.returncode, out.read(), err.read()
+
+    def check_shown(self, told):
+        text = told.decode("utf-8").replace("\r\n", "\n")  # strictly
+        self.assertIsNone(CONTROLS.search(text), text.encode())
+        return text
+
+    def fill(self, name):
+        shutil.rmtree(self.folder)
+        self.folder.mkdir()
+        for extension, example in INPUTS.items():
+            shutil.copyfile(EXAMPLES / example, os.fsencode(self.folder) + b"/" + name + extension.encode())
+
+    def test_names(self):
+        for name, shown in NAMES + ([] if ON_WINDOWS else NAMES_OF_POSIX):
+            name = name if isinstance(name, bytes) else name.encode()
+            for line, code, is_told in CALLS:
+                with self.subTest(f"{shown}: {line}"):
+                    self.fill(name)
+                    words = [re.sub(rb"^(--)?n(?=\.|$)", lambda m: (m[1] or b"") + name, word.encode()) for word in line.split()]
+                    found, out, err = self.run_host([word.decode() for word in words] if ON_WINDOWS else words)
+                    self.assertEqual(found, code, err)
+                    is_data = "--json" in line or "--report -" in line
+                    if is_data:
+                        json.loads(b"[%s]" % out.replace(b"}\n{", b"},{"))
+                    text = self.check_shown(err if is_data else out + err)
+                    self.assertEqual(is_told and shown in text, is_told, text)
+                    for report in self.folder.glob("*.log"):
+                        for each in report.read_bytes().decode("utf-8").splitlines():
+                            json.loads(each)
+
+    # Names of points, codes and the name of the job, of a DC file and of a log.
+    def hostile_contents(self):
+        dc = (EXAMPLES / "ridge-control.dc").read_bytes().replace(b"RIDGE ROAD", b"R\x1b[2J\x07\x08\x7fXX")
+        dc = dc.replace(b"             RC1", b"          \x1b]0;x\x07").replace(b"FENCE ", b"\x1b[2J\t\t")
+        raw = (EXAMPLES / "mill-creek.raw").read_bytes().replace(b"NMMILL CREEK", b"NM\x1b[2J\x9b31m").replace(b"--EP", b"--\x1b[1m")
+        (self.folder / "n.dc").write_bytes(dc)
+        (self.folder / "n.raw").write_bytes(raw)
+        (self.folder / "twice.dc").write_bytes(dc + b"69KI          \x1b]0;x\x07         1.00000         2.00000         3.00000\r\n")
+
+    def test_contents(self):
+        self.hostile_contents()
+        for line, code, told in [
+            ("info n.dc n.raw", 0, r"\x1b[2J"), ("diff n.dc n.raw", 1, r"\x1b]0;x\x07  only"), ("convert twice.dc out.job", 1, ""),
+            ("convert n.dc out.job --verify", 0, ""), ("points n.raw --json -o p.csv", 0, ""), ("info n.dc --json", 0, r"\u001b[2J"),
+            ("diff n.dc n.raw --json", 1, r"\u001b]0;x\u0007"), ("points n.dc --format geojson", 0, r"\u001b]0;x\u0007"),
+        ]:
+            with self.subTest(line):
+                found, out, err = self.run_host(line.split())
+                self.assertEqual(found, code, err)
+                self.assertIn(told, self.check_shown(out + err))
+
+    def test_points_on_a_terminal(self):
+        if ON_WINDOWS:
+            self.skipTest("needs a pseudoterminal")
+        import pty
+
+        self.hostile_contents()
+        leader, follower = pty.openpty()
+        self.assertEqual(self.run_host(["points", "n.dc"], stdout=follower)[0], 0)
+        os.close(follower)
+        self.assertIn(r"\x1b]0;x\x07,5326041.20000", self.check_shown(os.read(leader, 1 << 16).replace(b"\r", b"")))
+        os.close(leader)
+        self.assertIn(b"\x1b]0;x\x07,5326041.20000", self.run_host(["points", "n.dc"])[1])  # data are data
+
+    # Neither leads a name out of the folder, nor to a device.
+    def test_roads(self):
+        example = (EXAMPLES / "ridge-road.dc").read_bytes()
+        for name in ROADS + DEVICES:
+            with self.subTest(name):
+                field = name.encode().ljust(16)
+                dc = example.replace(b"28KI" + b"RIDGE ROAD".ljust(16), b"28KI" + field)
+                (self.folder / "n.dc").write_bytes(dc.replace(b"RURAL 2L".ljust(16), field))
+                before = set(self.outside.rglob("*"))
+                code, out, err = self.run_host(["convert", "n.dc", "out.job"])
+                self.check_shown(out + err)
+                made = set(self.outside.rglob("*")) - before
+                if ON_WINDOWS and name in DEVICES and code != 0:
+                    self.assertEqual((code, made), (1, set()), err)
+                    continue
+                self.assertEqual(code, 0, err)
+                self.assertEqual(len(made), 3)
+                for path in made:
+                    self.assertRegex(str(path.relative_to(self.folder)), r"^(out\.job|[A-Za-z0-9$_-]{1,8}\.(RD5|tp5))$")
+                    path.unlink()
+
+    # What the user himself names so isn't lost in silence.
+    def test_outputs_on_devices(self):
+        if not ON_WINDOWS:
+            self.skipTest("devices of Windows")
+        shutil.copyfile(EXAMPLES / "ridge-road.dc", self.folder / "n.dc")
+        for line in "convert n.dc nul.job", "points n.dc -o aux.csv", "plot n.dc nul.svg", "batch --to job --out-dir . n.dc --report nul":
+            with self.subTest(line):
+                self.assertEqual(self.run_host(line.split())[0], 4)
+                self.assertEqual(os.listdir(self.folder), ["n.dc"])
+
+    # What others have made under the names of folders that a killed run leaves.
+    def test_abandoned_folders(self):
+        if ON_WINDOWS:
+            self.skipTest("links")
+        shutil.copyfile(EXAMPLES / "boundary.job", self.folder / "n.job")
+        mine, out = self.outside / "mine", self.folder / "out"
+        for kept in mine, out / ".zelconvert-notes", out / ".zelconvert-2x":
+            kept.mkdir(parents=True)
+            (kept / "file").touch()
+        (out / ".zelconvert-3").symlink_to(mine)
+        (out / ".zelconvert-4").mkdir()
+        if os.geteuid() == 0:
+            (out / ".zelconvert-5").mkdir()
+            os.chown(out / ".zelconvert-5", 65534, 65534)
+        before = set(self.outside.rglob("*")) - {out / ".zelconvert-4"}
+        self.assertEqual(self.run_host("batch --to dc --out-dir out n.job".split())[0], 0)
+        self.assertEqual(set(self.outside.rglob("*")), before | {out / "n.dc"})
+
+
+FLUSHED = ["flush out.job", "flush RIDGE_RO.RD5", "flush RURAL_2L.tp5"]
+PLACES = ["RURAL_2L.tp5", "RIDGE_RO.RD5", "out.job"]
+MOVED = [*FLUSHED, *(f"move {name}" for name in PLACES), "flush folder"]
+LINKED = [*FLUSHED, *(f"link {name}" for name in PLACES), "flush folder"]
+TAKEN = [*FLUSHED, *(f"replace {name}" for name in PLACES), "flush folder"]
+# What goes wrong, options, exit code, what the system is asked for if that tells something.
+PLACED = [
+    ("", "", 0, MOVED), ("rename", "", 0, LINKED), ("rename link", "", 0, TAKEN), ("", "--force", 0, TAKEN),
+    ("late", "", 4, None), ("late rename", "", 4, None), ("late rename link", "", 4, None), ("late", "--force", 0, TAKEN),
+    ("flush", "", 4, FLUSHED[:1]), ("flush", "--force", 4, FLUSHED[:1]), ("rename link replace", "", 4, FLUSHED),
+]
+
+
+@unittest.skipUnless("SYSTEM_CALLS" in os.environ, "needs a library that stands before the system's")
+class PlaceTest(unittest.TestCase):
+    """How what was made comes into its place: flushed, and never in the place of what somebody made meanwhile."""
+
+    def run_with(self, faults, line, name):
+        """The process that has ended, and the files in the folder then."""
+        folder = pathlib.Path(name, "folder")
+        folder.mkdir()
+        shutil.copyfile(EXAMPLES / "ridge-road.dc", folder / "n.dc")
+        shutil.copyfile(EXAMPLES / "ridge-control.dc", folder / "other.dc")
+        environment = {**os.environ, "LD_PRELOAD": os.environ["SYSTEM_CALLS"], "FAULTS": faults, "CALLS": name + "/calls",
+                       "ASAN_OPTIONS": "verify_asan_link_order=0"}
+        done = subprocess.run([*HOST, *line.split()], cwd=folder, env=environment, capture_output=True, timeout=60)
+        return done, {path.name: path.read_bytes() for path in folder.iterdir()}
+
+    def test_report(self):
+        with tempfile.TemporaryDirectory() as name:
+            done, made = self.run_with("seize", "batch --to job --out-dir . n.dc --report out.log", name)
+        self.assertEqual((done.returncode, sorted(made), made["out.log"]), (4, ["n.dc", "other.dc", "out.log"], b"mine"), done.stderr)
+        self.assertIn(b"out.log exists; --force replaces it", done.stderr)
+
+    # The folder once for all.
+    def test_batch(self):
+        with tempfile.TemporaryDirectory() as name:
+            self.run_with("", "batch --to job --out-dir . n.dc other.dc --jobs 1", name)
+            calls = [*MOVED[:-1], "flush other.job", "move other.job", "flush folder"]
+            self.assertEqual([each.replace("n.job", "out.job") for each in lines_of(pathlib.Path(name, "calls"))], calls)
+
+    def test_place(self):
+        for faults, option, code, calls in PLACED:
+            with self.subTest(faults + option), tempfile.TemporaryDirectory() as name:
+                done, made = self.run_with(faults, f"convert n.dc out.job {option}", name)
+                self.assertEqual(done.returncode, code, done.stderr)
+                if calls is not None:
+                    self.assertEqual(lines_of(pathlib.Path(name, "calls")), calls)
+                if code == 0:
+                    self.assertEqual(sorted(made), ["RIDGE_RO.RD5", "RURAL_2L.tp5", "n.dc", "other.dc", "out.job"])
+                    self.assertTrue(made["out.job"].startswith(b"Zelmont"))
+                elif "late" in faults:
+                    self.assertEqual((sorted(made), made["out.job"]), (["n.dc", "other.dc", "out.job"], b"mine"))
+                    self.assertIn(b"out.job exists; --force replaces it", done.stderr)
+                else:
+                    self.assertEqual(sorted(made), ["n.dc", "other.dc"])
+                    self.assertIn(b" can't be written: Input/output error", done.stderr)
+
+
+if __name__ == "__main__":
+    HOST = [os.path.abspath(each) if os.path.exists(each) else each for each in sys.argv[1:]]
+    ON_WINDOWS = HOST[-1].endswith(".exe")
+    unittest.main(argv=sys.argv[:1], failfast="GTEST_FAIL_FAST" in os.environ)
