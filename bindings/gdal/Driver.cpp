@@ -165,7 +165,7 @@ void Input::Tell(const std::vector<std::string>& messages, bool isRead) const {
 }
 
 std::unique_ptr<GDALDataset> Input::Open() {
-  static std::mutex oneAtATime;  // as with all conversions
+  static std::mutex oneAtATime;  // as ReadSurvey asks
   if (!MakeReal()) return nullptr;
   StringList messages;
   std::optional<tools::Survey> survey;
