@@ -3,8 +3,9 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
-#include <unordered_map>
 #include <utility>
+
+#include "tools/NameMap.h"
 
 namespace zelconvert::tools {
 namespace {
@@ -28,14 +29,14 @@ class PointIndex {
   explicit PointIndex(const Survey& survey) : m_points(survey.points) {
     for (std::size_t i = 0; i < m_points.size(); ++i) {
       if (!m_points[i].isDeleted && m_points[i].grid.HasPlan()) {
-        m_index.try_emplace(m_points[i].name, i);
+        m_index.Insert(m_points[i].name, i);
       }
     }
   }
   /// Null if there is none.
   const SurveyPoint* Find(const std::wstring& name) const {
-    const auto found = m_index.find(name);
-    return found == m_index.end() ? nullptr : &m_points[found->second];
+    const std::size_t* found = m_index.Find(name);
+    return found == nullptr ? nullptr : &m_points[*found];
   }
   /// Likewise; only one whose coordinates don't come from a shot.
   const SurveyPoint* FindStated(const std::wstring& name) const {
@@ -47,7 +48,7 @@ class PointIndex {
 
  private:
   const std::vector<SurveyPoint>& m_points;
-  std::unordered_map<std::wstring, std::size_t> m_index;
+  NameMap<std::size_t> m_index;
 };
 
 /// The positions of one point.
@@ -73,12 +74,12 @@ struct Spread {
 }  // namespace
 
 std::vector<Repeat> FindRepeats(const Survey& survey) {
-  std::unordered_map<std::wstring, std::size_t> index;
+  NameMap<std::size_t> index;
   std::vector<std::pair<const std::wstring*, Spread>> spreads;
   const auto add = [&](const std::wstring& name, const GridPosition& position, bool isMeasured) {
-    const auto [found, isNew] = index.try_emplace(name, spreads.size());
-    if (isNew) spreads.push_back({&found->first, {}});
-    spreads[found->second].second.Add(position, isMeasured);
+    const auto [number, isNew] = index.Insert(name, spreads.size());
+    if (isNew) spreads.push_back({&name, {}});
+    spreads[number].second.Add(position, isMeasured);
   };
   for (const SurveyPoint& point : survey.points) {
     if (point.isDeleted || !point.grid.HasPlan() || point.source == PointSource::Shot) continue;
@@ -108,19 +109,17 @@ std::vector<Traverse> FindTraverses(const Survey& survey) {
     double length = 0;
   };
   const PointIndex points(survey);
-  std::unordered_map<std::wstring, Way> wayTo;  // over the last shot to each point
-  std::vector<Way> ways;                        // of the setups
+  NameMap<Way> wayTo;     // over the last shot to each point
+  std::vector<Way> ways;  // of the setups
   std::map<std::pair<std::wstring, std::wstring>, std::size_t> places;
   std::vector<Traverse> traverses;
   for (const Shot& shot : survey.shots) {
     if (!IsMeasurement(shot) || shot.setup == kNone) continue;
     for (std::size_t i = ways.size(); i <= shot.setup; ++i) {
       const Setup& setup = survey.setups[i];
-      const auto way = wayTo.find(setup.station);
+      const Way* way = wayTo.Find(setup.station);
       const bool isKnown = points.FindStated(setup.station) != nullptr;
-      ways.push_back(isKnown              ? Way{&setup.station, nullptr, 0, 0}
-                     : way != wayTo.end() ? way->second
-                                          : Way());
+      ways.push_back(isKnown ? Way{&setup.station, nullptr, 0, 0} : way != nullptr ? *way : Way());
     }
     const Setup& setup = survey.setups[shot.setup];
     const Way& way = ways[shot.setup];
@@ -210,7 +209,7 @@ void FindFarPoints(const Survey& survey, std::vector<Warning>& warnings) {
 }
 
 void FindDuplicates(const Survey& survey, std::vector<Warning>& warnings) {
-  std::unordered_map<std::wstring, std::size_t> counts;
+  NameMap<std::size_t> counts;
   for (const SurveyPoint& point : survey.points) {
     if (point.isDeleted || point.source != PointSource::Stated || !point.grid.HasPlan()) continue;
     if (++counts[point.name] == 2) {
@@ -223,16 +222,16 @@ void FindDuplicates(const Survey& survey, std::vector<Warning>& warnings) {
 }
 
 void FindUnknownStations(const Survey& survey, std::vector<Warning>& warnings) {
-  std::unordered_map<std::wstring, std::size_t> places;
+  NameMap<std::size_t> places;
   for (const Shot& shot : survey.shots) {
     const bool isKnown = shot.setup != kNone && survey.setups[shot.setup].position.HasPlan();
     if (shot.isDeleted || shot.kind == ShotKind::Backsight || isKnown) continue;
     if (shot.position.HasPlan()) continue;  // from a point on which no setup stands
-    const auto [place, isNew] = places.try_emplace(shot.station, warnings.size());
+    const auto [place, isNew] = places.Insert(shot.station, warnings.size());
     if (isNew) {
       warnings.push_back({WarningKind::UnknownStation, shot.station, 1, shot.line});
     } else {
-      ++warnings[place->second].count;
+      ++warnings[place].count;
     }
   }
 }

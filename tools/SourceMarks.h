@@ -4,12 +4,11 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "io/Strings.h"
+#include "tools/NameMap.h"
 #include "tools/Survey.h"
 
 namespace zelconvert::tools {
@@ -24,25 +23,31 @@ struct SourceMark {
 class SourceMarks {
  public:
   void Add(std::wstring_view name, const SourceMark& mark) {
-    m_marks[std::wstring(Trim(name))].marks.push_back(mark);
+    const auto [queue, isNew] = m_queues.Insert(Trim(name), {m_marks.size(), m_marks.size()});
+    if (!isNew) m_marks[queue.last].next = m_marks.size();
+    queue.last = m_marks.size();
+    m_marks.push_back({mark, kNone});
   }
   /// The next one of the name; the last one again when there are no more, and an empty one for a
   /// name that has none.
   SourceMark Take(std::wstring_view name) {
-    m_key = Trim(name);
-    const auto found = m_marks.find(m_key);
-    if (found == m_marks.end()) return {};
-    Queue& queue = found->second;
-    return queue.marks[queue.next + 1 < queue.marks.size() ? queue.next++ : queue.next];
+    Queue* queue = m_queues.Find(Trim(name));
+    if (queue == nullptr) return {};
+    const Entry& entry = m_marks[queue->first];
+    if (entry.next != kNone) queue->first = entry.next;
+    return entry.mark;
   }
 
  private:
-  struct Queue {
-    std::vector<SourceMark> marks;
-    std::size_t next = 0;
+  struct Entry {
+    SourceMark mark;
+    std::size_t next;  // the next one of its name, or kNone
   };
-  std::unordered_map<std::wstring, Queue> m_marks;
-  std::wstring m_key;
+  struct Queue {
+    std::size_t first = kNone, last = kNone;  // of those that weren't taken
+  };
+  std::vector<Entry> m_marks;
+  NameMap<Queue> m_queues;
 };
 
 /// By what a record is of.

@@ -33,9 +33,8 @@ SurveyPoint& SurveyBuilder::Add(const PointFacts& facts, PointSource source) {
 }
 
 SurveyPoint* SurveyBuilder::FindOpen(std::wstring_view name) {
-  m_key = Trim(name);
-  const auto found = m_latest.find(m_key);
-  return found == m_latest.end() ? nullptr : &m_survey.points[found->second];
+  const std::size_t* found = m_latest.Find(Trim(name));
+  return found == nullptr ? nullptr : &m_survey.points[*found];
 }
 
 void SurveyBuilder::EnsurePoint(const PointFacts& facts, PointSource source) {
@@ -148,10 +147,10 @@ void SurveyBuilder::AddShot(Shot shot) {
 }
 
 /// The latest setup on the station; of no station the latest of all.
-std::size_t SurveyBuilder::FindSetup(const std::wstring& station) const {
+std::size_t SurveyBuilder::FindSetup(std::wstring_view station) const {
   if (station.empty()) return m_survey.setups.empty() ? kNone : m_survey.setups.size() - 1;
-  const auto found = m_setupOf.find(station);
-  return found == m_setupOf.end() ? kNone : found->second;
+  const std::size_t* found = m_setupOf.Find(station);
+  return found == nullptr ? kNone : *found;
 }
 
 void SurveyBuilder::AddTarget(const Shot& shot) {
@@ -177,7 +176,7 @@ void SurveyBuilder::AddVector(GpsVector vector) {
 void SurveyBuilder::Reduce() {
   const std::vector<SurveyPoint>& points = m_survey.points;
   for (std::size_t i = 0; i < points.size(); ++i) {
-    if (points[i].grid.HasPlan() && !points[i].isDeleted) m_known.try_emplace(points[i].name, i);
+    if (points[i].grid.HasPlan() && !points[i].isDeleted) m_known.Insert(points[i].name, i);
   }
   TakeStationsOfSetups();
   std::size_t next = 0;  // the first setup whose station hasn't been looked up
@@ -192,17 +191,17 @@ void SurveyBuilder::LookUpStation(Setup& setup) const {
   if (!setup.position.HasPlan()) setup.position = KnownPosition(setup.station);
 }
 
-GridPosition SurveyBuilder::KnownPosition(const std::wstring& name) const {
-  const auto known = m_known.find(name);
-  return known == m_known.end() ? GridPosition() : m_survey.points[known->second].grid;
+GridPosition SurveyBuilder::KnownPosition(std::wstring_view name) const {
+  const std::size_t* known = m_known.Find(name);
+  return known == nullptr ? GridPosition() : m_survey.points[*known].grid;
 }
 
 // A station that a setup gives coordinates has these, also where a shot led to it before.
 void SurveyBuilder::TakeStationsOfSetups() {
   for (const Setup& setup : m_survey.setups) {
-    if (!setup.position.HasPlan() || m_known.contains(setup.station)) continue;
+    if (!setup.position.HasPlan() || m_known.Find(setup.station) != nullptr) continue;
     AddGrid({setup.station, {}, L'1', setup.line}, setup.position, PointSource::Occupied);
-    m_known.emplace(setup.station, m_latest.at(setup.station));
+    m_known.Insert(setup.station, m_latest[setup.station]);
   }
 }
 
@@ -224,12 +223,12 @@ void SurveyBuilder::ReduceShot(Shot& shot) {
     return;
   }
   if (!shot.position.HasPlan()) return;
-  const auto latest = m_latest.find(shot.target);
-  if (latest == m_latest.end()) return;
-  SurveyPoint& point = m_survey.points[latest->second];
+  const std::size_t* latest = m_latest.Find(shot.target);
+  if (latest == nullptr) return;
+  SurveyPoint& point = m_survey.points[*latest];
   if (point.source != PointSource::Shot || point.grid.HasPlan()) return;
   point.grid = shot.position;
-  m_known.try_emplace(point.name, latest->second);
+  m_known.Insert(point.name, *latest);
 }
 
 }  // namespace zelconvert::tools

@@ -4,11 +4,10 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
+#include "tools/NameMap.h"
 #include "tools/Survey.h"
 
 namespace zelconvert::tools {
@@ -61,25 +60,24 @@ class SurveyBuilder {
   void Reduce();
 
  private:
-  using Index = std::unordered_map<std::wstring, std::size_t>;
+  using Index = NameMap<std::size_t>;
 
   SurveyPoint& Add(const PointFacts& facts, PointSource source);
   SurveyPoint* FindOpen(std::wstring_view name);
   void EnsurePoint(const PointFacts& facts, PointSource source);
-  std::size_t FindSetup(const std::wstring& station) const;
+  std::size_t FindSetup(std::wstring_view station) const;
   void AddTarget(const Shot& shot);
   void TakeStationsOfSetups();
   void LookUpStation(Setup& setup) const;
-  GridPosition KnownPosition(const std::wstring& name) const;
+  GridPosition KnownPosition(std::wstring_view name) const;
   void ReduceShot(Shot& shot);
 
   Survey& m_survey;
-  Index m_latest;  // of each name the last point that isn't deleted
-  Index m_known;   // of each name the first point with a place in plan, while shots are reduced
-  std::unordered_map<std::wstring, std::size_t> m_setupOf;  // the latest of each station
-  std::vector<std::size_t> m_deletedTargets;                // of the deleted shots, in their order
+  Index m_latest;   // of each name the last point that isn't deleted
+  Index m_known;    // of each name the first point with a place in plan, while shots are reduced
+  Index m_setupOf;  // the latest of each station
+  std::vector<std::size_t> m_deletedTargets;  // of the deleted shots, in their order
   std::size_t m_nextDeleted = 0;
-  std::wstring m_key;
   double m_instrumentHeight = DC_NULL;
   double m_targetHeight = DC_NULL;
 };
