@@ -48,8 +48,14 @@ void AppendWide(std::wstring& out, std::string_view text) {
 void AppendNarrow(std::string& out, std::wstring_view text) {
   const std::size_t start = out.size();
   out.resize(start + text.size());
-  std::transform(text.begin(), text.end(), out.begin() + static_cast<std::ptrdiff_t>(start),
-                 NarrowChar);
+  char* const narrow = out.data() + start;
+  std::uint32_t all = 0;  // as above
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const auto c = static_cast<std::uint32_t>(text[i]);
+    all |= c;
+    narrow[i] = static_cast<char>(c);
+  }
+  if (all >= 0x80) std::transform(text.begin(), text.end(), narrow, NarrowChar);
 }
 
 }  // namespace zelconvert::platform
