@@ -3,6 +3,7 @@ find_program(ZEL_EM_CONFIG em-config REQUIRED)
 execute_process(COMMAND ${ZEL_EM_CONFIG} EMSCRIPTEN_ROOT OUTPUT_VARIABLE EMSCRIPTEN_ROOT_PATH
                 OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
 include(${EMSCRIPTEN_ROOT_PATH}/cmake/Modules/Platform/Emscripten.cmake)
-# Exceptions as the engine has them, which cost nothing where none is thrown.
-set(CMAKE_CXX_FLAGS_INIT -fwasm-exceptions)
+# Exceptions as the engine has them, which cost nothing where none is thrown; its vectors; and the
+# functions of strings compiled along with the code that calls them, to be part of its loops.
+set(CMAKE_CXX_FLAGS_INIT "-fwasm-exceptions -msimd128 -D_LIBCPP_DISABLE_EXTERN_TEMPLATE")
 set(CMAKE_EXE_LINKER_FLAGS_INIT -fwasm-exceptions)

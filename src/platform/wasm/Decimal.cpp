@@ -24,8 +24,9 @@ constexpr int kMostDecimals = 18;  // 10^18 fits 60 bits, and with the 53 of a m
 std::uint64_t Scale(std::uint64_t mantissa, int exponent, int decimals) {
   constexpr int kBits = 128;
   if (exponent <= -kBits) return 0;
-  Wide product = mantissa;
-  for (int i = 0; i < decimals; ++i) product *= 10;
+  std::uint64_t scale = 1;
+  for (int i = 0; i < decimals; ++i) scale *= 10;
+  const Wide product = Wide{mantissa} * scale;
   const Wide one = Wide{1} << -exponent;
   const auto whole = static_cast<std::uint64_t>(product >> -exponent);
   const Wide rest = product & (one - 1), half = one / 2;
