@@ -21,8 +21,15 @@ struct Command {
   cli::ExitCode (*run)(const Options&);
 };
 constexpr Command kCommands[] = {
-    {"convert", cli::RunConvert}, {"detect", cli::RunDetect}, {"diff", cli::RunDiff},
-    {"info", cli::RunInfo},       {"plot", cli::RunPlot},     {"points", cli::RunPoints},
+    {"convert", cli::RunConvert},
+    {"detect", cli::RunDetect},
+    {"diff", cli::RunDiff},
+    {"import-cr5", cli::RunImportCr5},
+    {"import-sdr", cli::RunImportSdr},
+    {"info", cli::RunInfo},
+    {"merge", cli::RunMerge},
+    {"plot", cli::RunPlot},
+    {"points", cli::RunPoints},
     {"types", cli::RunTypes},
 };
 

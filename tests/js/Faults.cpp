@@ -47,6 +47,18 @@ ExitCode RunDiff(const Options& /*options*/) {
   }
 }
 
+ExitCode RunImportCr5(const Options& /*options*/) {
+  return kConverted;
+}
+
+ExitCode RunImportSdr(const Options& /*options*/) {
+  return kConverted;
+}
+
+ExitCode RunMerge(const Options& /*options*/) {
+  return kConverted;
+}
+
 ExitCode RunTypes(const Options& /*options*/) {
   PrintOut("{\"types\": []}");
   return kConverted;

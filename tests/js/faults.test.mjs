@@ -68,6 +68,8 @@ describe("a call that can't be", () => {
     "from no type": [() => converter.info({ files: [log], from: "dxf" }), /from can't be dxf/],
     "on no route": [() => converter.convert({ files: [log], to: "job" }), /no conversion from raw to job/],
     "of a name that tells no type": [() => converter.info({ files: [{ ...log, name: "a.txt" }] }), /tells no type/],
+    "of a list to no job": [() => converter.importCr5({ files: [log], to: "dc" }), /dc is no type of a job/],
+    "of a log as an SDR file": [() => converter.importSdr({ files: [log], from: "raw" }), /raw is no type of an SDR file/],
     "by WGS 84, which needs a library": [
       () => converter.points({ files: [example("prairie-rtk.raw")], crs: "wgs84" }), /needs the PROJ library/, "failed",
     ],

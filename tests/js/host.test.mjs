@@ -90,6 +90,35 @@ describe("examples", () => {
   });
 });
 
+describe("what no route does", () => {
+  const golden = (path) => readFile(join(top, "tests/golden", path));
+  const list = golden("job-to-cr5/boundary/out.cr5"), sdr = example("mill-creek.sdr");
+  const [a, b] = ["control.job", "boundary.job"].map(example);
+  const cases = {
+    "a list in feet": [[list], ["import-cr5", "out.cr5", "out.job", "--units", "usft"],
+      () => converter.importCr5({ files: [list], units: "usft" })],
+    "a list of no unit as a job of the other brand": [[list], ["import-cr5", "out.cr5", "b.pwj", "--to", "pwj"],
+      () => converter.importCr5({ files: [list], to: "pwj", name: "b.pwj" })],
+    "an SDR file": [[sdr], ["import-sdr", "mill-creek.sdr", "mill-creek.raw"],
+      () => converter.importSdr({ files: [sdr] })],
+    "an SDR file as one of the older form": [[sdr], ["import-sdr", "mill-creek.sdr", "old.raw", "--from", "sdr2"],
+      () => converter.importSdr({ files: [sdr], from: "sdr2", name: "old.raw" })],
+    "two jobs": [[a, b], ["merge", a.name, b.name, "merged.job"], () => converter.merge({ a, b })],
+    "jobs whose scales differ": [[a, golden("job-to-dc/scale-null/in.job")], ["merge", a.name, "in.job", "c.job"],
+      () => converter.merge({ a, b: golden("job-to-dc/scale-null/in.job"), name: "c.job" })],
+  };
+  for (const [name, [files, words, call]] of Object.entries(cases)) {
+    test(name, async () => {
+      const { told, made } = await askHost(files, words, "2026-03-13 14:15:16");
+      const done = await outcomeOf(call());
+      assert.equal(done.error, told.error ?? null);
+      assert.deepEqual(done.messages, told.messages);
+      assert.deepEqual(unlikeFiles(done.files, made), []);
+      assert.equal(done.warning ?? undefined, told.error ? undefined : told.warning);
+    });
+  }
+});
+
 describe("inputs of fuzzing", () => {
   const corpus = join(top, "fuzz/corpus");
   const typeOf = {

@@ -1,7 +1,7 @@
 // What a program in TypeScript does with the package: read by the compiler alone.
 import {
-  ConversionError, Converter, type Difference, type Info, type TypeName, convert, detect, diff, info,
-  losses, plot, points, pointsAsCsv, types,
+  ConversionError, Converter, type Difference, type Info, type MadeFile, type TypeName, convert, detect,
+  diff, importCr5, importSdr, info, losses, merge, plot, points, pointsAsCsv, types,
 } from "zelconvert";
 
 declare const bytes: Uint8Array;
@@ -20,6 +20,9 @@ const made: Uint8Array[] = (await convert({
   onProgress: (percent) => percent.toFixed(),
   signal: new AbortController().signal,
 })).files.map((file) => file.bytes);
+const jobs: MadeFile[] = (await importCr5({ files, units: "ft", to: "pwj" })).files;
+const logs: string[] = (await importSdr({ files, from: "sdr2" })).messages;
+const joined: string | null = (await merge({ a: files[0], b: jobs[0], name: "c.job" })).warning;
 const dropped: (number | null)[] =
   (await losses({ from: "raw", to: "dc", info: told })).dropped.map(({ count }) => count);
 const east: number = (await points({ files, crs: "native" })).collection.features[0].geometry.coordinates[0];
@@ -29,6 +32,8 @@ const moved: Difference[] = (await diff({ a: files, b: files, tolerance: 0.01 })
 
 // @ts-expect-error: there is no such type
 await convert({ files, to: "dxf" });
+// @ts-expect-error: no job is of this type
+await importCr5({ files, to: "dc" });
 // @ts-expect-error: a file has a name
 await info({ files: [{ bytes }] });
 
@@ -41,4 +46,4 @@ try {
   converter.close();
 }
 
-export { names, reason, lowest, made, dropped, east, csv, names2, moved };
+export { names, reason, lowest, made, jobs, logs, joined, dropped, east, csv, names2, moved };

@@ -7,6 +7,10 @@ const kRoot = "/zelconvert.files/";
 /** By the exit codes of the commands. */
 const kCodes = ["failed", "failed", "usage", "input", "output"];
 
+/** What importCr5 and importSdr can be asked for; other names are those of types too. */
+const kJobTypes = ["job", "oldjob", "pwj"];
+const kSdrTypes = [undefined, "sdr2", "sdr33"];
+
 const kOwnModule = {
   script: new URL("../dist/zelconvert.mjs", import.meta.url),
   wasm: new URL("../dist/zelconvert.wasm", import.meta.url),
@@ -15,6 +19,9 @@ const kOwnModule = {
 function usageError(message) {
   return new ConversionError("usage", message);
 }
+
+const stemOf = (name) => name.replace(/(?<=.)\.[^.]*$/s, "");
+const extensionOf = (name) => name.slice(stemOf(name).length);
 
 function checkName(name) {
   if (typeof name !== "string" || /^\.{0,2}$|[/\\\0]/.test(name)) {
@@ -101,19 +108,34 @@ export class Converter {
 
   async convert(request) {
     const files = copyFiles(request.files);
-    const { to, verify, gpsSignature = true } = request;
+    const { to, verify, gpsSignature } = request;
+    const options = { ...inputOptions({ ...request, files }), to, verify };
     const name = request.name ?? (await this.#outputName(files[0].name, to));
-    checkName(name);
-    const options = {
-      ...inputOptions({ ...request, files }),
-      output: `${kRoot}out/${name}`,
-      to,
-      verify,
-    };
-    const { answer, files: made } =
-      await this.#run("convert", options, { in: files }, request, gpsSignature);
-    const inOrder = answer.files.map((path) => made.find((file) => file.name === path));
-    return { files: inOrder, messages: answer.messages, warning: answer.warning ?? null };
+    return this.#makeFiles("convert", name, options, { in: files }, request, gpsSignature);
+  }
+
+  async importCr5(request) {
+    const files = copyFiles(request.files);
+    const { to = "job" } = request;
+    if (!kJobTypes.includes(to)) throw usageError(`${to} is no type of a job`);
+    const { input, units } = inputOptions({ ...request, files });
+    const name = request.name ?? (await this.#outputName(files[0].name, to));
+    return this.#makeFiles("import-cr5", name, { input, units, to }, { in: files }, request);
+  }
+
+  async importSdr(request) {
+    const files = copyFiles(request.files);
+    if (!kSdrTypes.includes(request.from)) throw usageError(`${request.from} is no type of an SDR file`);
+    const { input, from } = inputOptions({ ...request, files });
+    const name = request.name ?? (await this.#outputName(files[0].name, "raw"));
+    return this.#makeFiles("import-sdr", name, { input, from }, { in: files }, request);
+  }
+
+  async merge(request) {
+    const [a, b] = [copyFiles([request.a]), copyFiles([request.b])];
+    const options = { input: `${kRoot}a/${a[0].name}`, second: `${kRoot}b/${b[0].name}` };
+    const name = request.name ?? `merged${extensionOf(a[0].name)}`;
+    return this.#makeFiles("merge", name, options, { a, b }, request);
   }
 
   async losses({ from, to, info, signal }) {
@@ -179,7 +201,16 @@ export class Converter {
   async #outputName(input, to) {
     const type = (await this.types()).find(({ name }) => name === to);
     if (type === undefined) throw usageError(`there is no type ${to}`);
-    return input.replace(/(?<=.)\.[^.]*$/s, "") + type.extension;
+    return stemOf(input) + type.extension;
+  }
+
+  /** Of a command that makes files, the first of them under `name`: these, and what it said. */
+  async #makeFiles(command, name, own, folders, request, gpsSignature) {
+    checkName(name);
+    const options = { ...own, output: `${kRoot}out/${name}` };
+    const { answer, files } = await this.#run(command, options, folders, request, gpsSignature);
+    const inOrder = answer.files.map((path) => files.find((file) => file.name === path));
+    return { files: inOrder, messages: answer.messages, warning: answer.warning ?? null };
   }
 
   /** Of a command that makes one text: that, and what the command told. */

@@ -114,6 +114,34 @@ export interface Converted {
   warning: string | null;
 }
 
+export interface ImportCr5Request extends CallOptions {
+  /** The list, alone. */
+  files: SurveyFile[];
+  /** Of its coordinates; without it metres, which `warning` says. */
+  units?: LengthUnit;
+  /** What it becomes: "job" without it. */
+  to?: "job" | "oldjob" | "pwj";
+  /** Name of the job. Without it that of the list, with the extension of `to`. */
+  name?: string;
+}
+
+export interface ImportSdrRequest extends CallOptions {
+  /** The SDR file, alone. */
+  files: SurveyFile[];
+  /** Without it the first header of the file decides. */
+  from?: "sdr2" | "sdr33";
+  /** Name of the log. Without it that of the file, with the extension .raw. */
+  name?: string;
+}
+
+export interface MergeRequest extends CallOptions {
+  /** The job whose settings, coordinate system and layers the new one has. */
+  a: SurveyFile;
+  b: SurveyFile;
+  /** Name of the new job, by which its brand is told; "merged" with the extension of `a` without it. */
+  name?: string;
+}
+
 export interface LossesRequest extends CallOptions {
   from: TypeName;
   to: TypeName;
@@ -358,6 +386,24 @@ export class Converter {
    */
   convert(request: ConvertRequest): Promise<Converted>;
 
+  /**
+   * Makes a job of a coordinate list, numbers as names. Units, scale and coordinate system don't
+   * stand in a list.
+   */
+  importCr5(request: ImportCr5Request): Promise<Converted>;
+
+  /**
+   * Makes a raw log of an SDR file: job names, units, scale; collimation, atmosphere, prism and notes
+   * as comments. Points, stations, backsights and observations are left out.
+   */
+  importSdr(request: ImportSdrRequest): Promise<Converted>;
+
+  /**
+   * Joins two jobs of one scale in a new one. Points of a name that both have are both in it;
+   * attributes of points are left out.
+   */
+  merge(request: MergeRequest): Promise<Converted>;
+
   /** What a route carries and what it drops, before anything is converted. */
   losses(request: LossesRequest): Promise<Losses>;
 
@@ -391,6 +437,9 @@ export function detect(
   call?: CallOptions,
 ): Promise<Detected>;
 export function convert(request: ConvertRequest): Promise<Converted>;
+export function importCr5(request: ImportCr5Request): Promise<Converted>;
+export function importSdr(request: ImportSdrRequest): Promise<Converted>;
+export function merge(request: MergeRequest): Promise<Converted>;
 export function losses(request: LossesRequest): Promise<Losses>;
 export function info(request: ReadRequest): Promise<Info>;
 export function points(request: PointsRequest): Promise<Points>;
