@@ -1,7 +1,7 @@
 // Two files side by side: what they don't have in common.
 import { announce, fillSelect, labelled, make, tableOf } from "./dom.js";
 import { summaryOf } from "./contents.js";
-import { messagesList } from "./convertPanel.js";
+import { linksTo, messagesList, releaseLinks } from "./convertPanel.js";
 import { countOf, failureOf, formatCount, kUnitNames } from "./texts.js";
 import { WindowedTable } from "./windowedTable.js";
 
@@ -31,6 +31,7 @@ export class CompareView {
   #sides = [make("div", { class: "side" }), make("div", { class: "side" })];
   #tolerance = make("input", { type: "number", min: 0, step: "any", value: "0.001", inputmode: "decimal" });
   #button = make("button", { type: "button", class: "primary", click: () => this.#compare() }, "Compare");
+  #merge = make("button", { type: "button", hidden: true, click: () => this.#join() }, "Join both jobs in one");
   #result = make("div", {});
   #shown = "";
 
@@ -44,7 +45,7 @@ export class CompareView {
       make("div", { class: "sides" }, this.#selects.map((select, side) =>
         make("div", { class: "stack" }, labelled(`File ${"AB"[side]}`, select), this.#sides[side]))),
       make("div", { class: "fields" },
-        labelled("The same place is within (metres)", this.#tolerance), this.#button),
+        labelled("The same place is within (metres)", this.#tolerance), this.#button, this.#merge),
       this.#result);
     const { items, selected } = session;
     this.#fill();
@@ -58,7 +59,9 @@ export class CompareView {
     this.#showSides();
   }
 
-  dispose() {}
+  dispose() {
+    releaseLinks(this.element);
+  }
 
   #fill() {
     const { items } = this.#session;
@@ -88,22 +91,44 @@ export class CompareView {
       this.#sides[side].replaceChildren(...lines.map((line) => make("p", {}, line)));
     });
     this.#button.disabled = chosen.includes(undefined) || chosen[0] === chosen[1];
+    this.#merge.hidden = this.#button.disabled || !this.#session.canMerge({ a: chosen[0], b: chosen[1] });
   }
 
-  async #compare() {
+  #compare() {
     const [a, b] = this.#chosen();
     const tolerance = this.#tolerance.valueAsNumber;
-    this.#button.disabled = true;
-    this.#result.replaceChildren(make("p", {}, "Comparing \u2026"));
+    const request = { a, b, tolerance: Number.isFinite(tolerance) ? tolerance : undefined };
+    return this.#show("Comparing \u2026", async () => this.#told(await this.#session.diff(request)));
+  }
+
+  #join() {
+    const [a, b] = this.#chosen();
+    return this.#show("Joining \u2026", async () => {
+      const { files, warning, messages } = await this.#session.merge({ a, b });
+      announce("Both jobs joined in one.");
+      return [
+        make("p", { class: "fine-line" }, `One job of A and B, with the settings and the system of A. Save it:`),
+        linksTo(files),
+        warning && make("p", { class: "warning-line" }, warning),
+        messagesList(messages),
+      ].filter(Boolean);
+    });
+  }
+
+  /** What `act` gives, or why it gives nothing. */
+  async #show(note, act) {
+    this.#button.disabled = this.#merge.disabled = true;
+    releaseLinks(this.#result);
+    this.#result.replaceChildren(make("p", {}, note));
     try {
-      const request = { a, b, tolerance: Number.isFinite(tolerance) ? tolerance : undefined };
-      this.#result.replaceChildren(...this.#told(await this.#session.diff(request)));
+      this.#result.replaceChildren(...await act());
     } catch (error) {
       const { message, messages } = failureOf(error);
       announce(message);
       this.#result.replaceChildren(...[
         make("p", { class: "error-line" }, message), messagesList(messages)].filter(Boolean));
     }
+    this.#merge.disabled = false;
     this.#showSides();
   }
 

@@ -2,8 +2,9 @@
 import { announce, fillSelect, labelled, make, setText } from "./dom.js";
 import { contentsOf, summaryOf } from "./contents.js";
 import { ConvertPanel, messagesList, releaseLinks } from "./convertPanel.js";
-import { Plan, readSheet } from "./plan.js";
+import { Plan } from "./plan.js";
 import { PointTable } from "./pointTable.js";
+import { readSheet } from "./sheet.js";
 import { Tabs } from "./tabs.js";
 import { countOf, failureOf, formatCount, formatSize, kUnitNames } from "./texts.js";
 import { WindowedTable } from "./windowedTable.js";
@@ -101,17 +102,24 @@ export class FileView {
     const told = [
       kind ? `${kind} (${item.inputType})` : "Type not told", formatSize(item.file.size),
       item.info ? summaryOf(item.info) : item.isRead ? null : "reading \u2026",
+      item.first && `until then what its first ${formatSize(item.first.part.size)} hold`,
     ];
     setText(this.#fact, told.filter(Boolean).join(" \u00b7 "));
-    const key = item.isRead ? item.info ?? item.failure : null;
+    const key = this.#info ?? (item.isRead ? item.failure : null);
     if (this.#shownInfo !== key) this.#showInfo(key);
     this.#convert.update();
+  }
+
+  /** What it holds, for now its first lines; null: it isn't known. */
+  get #info() {
+    return this.#item.info ?? this.#item.first?.info ?? null;
   }
 
   /** What was read, or nothing while it is read again. */
   #showInfo(key) {
     this.#shownInfo = key;
-    const { info, failure } = this.#item;
+    const { failure } = this.#item;
+    const info = this.#info;
     this.#texts = [];
     this.#opened.clear();
     this.#failure.hidden = failure === null;
@@ -131,7 +139,7 @@ export class FileView {
     }
     this.#reading.replaceChildren(...reading);
     if (info === null) return;
-    announce(`${this.#item.name}: ${summaryOf(info)}.`);
+    if (this.#item.isRead) announce(`${this.#item.name}: ${summaryOf(info)}.`);
     this.#contents.replaceChildren(...contentsOf(info, this.#item));
     this.#tell("Contents", [...info.warnings.map(({ text }) => text), ...info.messages]);
     if (this.#tabs.chosen) this.#open(this.#tabs.chosen);
@@ -149,7 +157,7 @@ export class FileView {
   }
 
   #open(name) {
-    if (this.#item.info === null || !["plan", "points"].includes(name)) return;
+    if (this.#info === null || !["plan", "points"].includes(name)) return;
     this.#once("points", () => this.#readPoints());
     if (name === "plan") this.#once("plan", () => this.#readPlan());
   }
@@ -162,8 +170,8 @@ export class FileView {
 
   /** The answer to a question about the file as it is read now; nothing of an earlier reading. */
   async #ask(kind, note, show) {
-    const { info } = this.#item;
-    const isOld = () => info !== this.#item.info;
+    const info = this.#info;
+    const isOld = () => info !== this.#info;
     setText(note, "Reading \u2026");
     try {
       const told = await this.#session.read(this.#item, kind);
@@ -183,7 +191,7 @@ export class FileView {
       this.#table = table;
       this.#tabs.rename("points", `Points (${formatCount(table.length)})`);
       this.#find();
-      this.#plan.setPoints(table, this.#item.info.lengthUnit);
+      this.#plan.setPoints(table, this.#info.lengthUnit);
       this.#tell("Points", [warning, ...messages].filter(Boolean));
     });
   }
@@ -191,7 +199,7 @@ export class FileView {
   #readPlan() {
     return this.#ask("plot", this.#planNote, (plot) => {
       const url = URL.createObjectURL(new Blob([plot.svg], { type: "image/svg+xml" }));
-      const sheet = readSheet(plot, this.#item.info.lengthUnit);
+      const sheet = readSheet(plot, this.#info.lengthUnit);
       this.#plan.setSheet(sheet, url);
       releaseLinks(this.#planSave);
       this.#planSave.replaceChildren(make("a",

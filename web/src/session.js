@@ -19,6 +19,16 @@ const kPairs = [
   { coordinates: ".cr5", log: ".rw5", type: "cr5+rw5" },
 ];
 
+/** What files become that no route leads from: the call that makes it, and the kinds of records it takes. */
+const kListImport = { call: "importCr5", to: ["job", "oldjob", "pwj"], carried: ["point"] };
+const kSdrImport = { call: "importSdr", to: ["raw"], carried: ["00", "01", "04", "05", "06", "10", "13"] };
+const kImports = { cr5: kListImport, seqcr5: kListImport, sdr33: kSdrImport, sdr2: kSdrImport };
+const kTakenForMetres = "The coordinates were taken to be metres. Contents, \"Read it otherwise\", is where to say their unit.";
+const kJobs = ["job", "oldjob", "pwj"];
+
+/** Texts whose first lines tell something by themselves. */
+const kTexts = ["raw", "rw5", "pwr", "dc", "dc77", "dc1000", "dc1070", "sdr33", "sdr2"];
+
 const stemOf = (name) => name.replace(/(?<=.)\.[^.]*$/s, "");
 const extensionOf = (name) => name.slice(stemOf(name).length).toLowerCase();
 
@@ -30,6 +40,8 @@ export class Item {
   isRead = false;  // whether it is known what it holds, or that it can't be read
   info = null;
   failure = null;  // why it can't be read
+  first = null;  // of a large text, until it is read: {part, info}, its first lines and what they hold
+  reading = null;  // the one under way; an earlier one counts no more
   from = null;  // the type as the user says it
   units = null;  // of a coordinate list, likewise
   pair = null;  // {coordinates, log, type}, if both are here
@@ -55,10 +67,20 @@ export class Item {
 /** Of files beyond that many bytes one is read at a time, since each reading takes several times that. */
 const kLarge = 8e6;
 
+/** That much of a large text is shown at once. */
+const kFirstPart = 1e6;
+
 /** A large file that is being read gives way to what the user looks at. */
 const kGaveWay = new DOMException("gave way", "AbortError");
 
-const isLarge = ({ item }) => item.file.size > kLarge;
+const isLarge = ({ item, part }) => part === null && item.file.size > kLarge;
+
+/** Null: it has no line end there. */
+async function firstLines(file) {
+  const bytes = new Uint8Array(await file.slice(0, kFirstPart).arrayBuffer());
+  const end = bytes.lastIndexOf(10) + 1;
+  return end === 0 ? null : file.slice(0, end);
+}
 
 export class Session extends EventTarget {
   items = [];
@@ -120,27 +142,52 @@ export class Session extends EventTarget {
     this.#readAgain(item);
   }
 
-  /** What `kind`, one of info, pointsAsCsv and plot, tells of a file. */
+  /** What `kind`, one of info, pointsAsCsv and plot, tells of a file, or for now of its first lines. */
   read(item, kind) {
-    if (!item.views.has(kind)) {
-      item.views.set(kind, new Promise((resolve, reject) => {
-        this.#tasks.push({ item, kind, resolve, reject, controller: new AbortController() });
-        this.#work();
-      }));
-    }
+    if (!item.views.has(kind)) item.views.set(kind, this.#ask(item, kind, item.first?.part ?? null));
     return item.views.get(kind);
+  }
+
+  #ask(item, kind, part) {
+    return new Promise((resolve, reject) => {
+      this.#tasks.push({ item, kind, part, resolve, reject, controller: new AbortController() });
+      this.#work();
+    });
   }
 
   /** What a route drops of a file. */
   async losses(item, to) {
     const log = item.isTogether ? item.pair.log : item;
     const info = log === item ? item.info : await this.read(log, "info").catch(() => null);
+    if (this.#isImport(item, to)) return this.#importLosses(item, info);
     return this.#looking.losses({ from: item.inputType, to, info: info ?? undefined });
   }
 
   /** What `item` can become. */
   targetsOf(item) {
-    return this.typeOf(item.inputType)?.convertsTo ?? [];
+    const { inputType } = item;
+    return [...this.typeOf(inputType)?.convertsTo ?? [], ...kImports[inputType]?.to ?? []];
+  }
+
+  #isImport({ inputType }, to) {
+    return kImports[inputType]?.to.includes(to) ?? false;
+  }
+
+  #importLosses({ inputType }, info) {
+    const counts = new Map(info?.records.map(({ tag, count }) => [tag, count]));
+    const kinds = this.typeOf(inputType).records.map(({ key, name }) => ({ key, name, count: counts.get(key) ?? null }));
+    const isCarried = ({ key }) => kImports[inputType].carried.includes(key);
+    return { carried: kinds.filter(isCarried), dropped: kinds.filter((kind) => !isCarried(kind)) };
+  }
+
+  /** Whether two files are jobs, which become one. */
+  canMerge({ a, b }) {
+    return [a, b].every((item) => kJobs.includes(item?.inputType));
+  }
+
+  async merge({ a, b }) {
+    const [{ files: [first] }, { files: [second] }] = await Promise.all([this.#filesOf(a), this.#filesOf(b)]);
+    return this.#making.merge({ a: first, b: second });
   }
 
   /** Converts one file after those that wait; what came of it stands in its `conversion`. */
@@ -177,7 +224,9 @@ export class Session extends EventTarget {
     try {
       const input = await this.#filesOf(item);
       const onProgress = (percent) => tell({ percent });
-      const made = await this.#making.convert({ ...input, ...options, to, signal, onProgress });
+      const call = this.#isImport(item, to) ? kImports[item.inputType].call : "convert";
+      const made = await this.#making[call]({ ...input, ...options, to, signal, onProgress });
+      if (call === "importCr5" && item.units === null) made.warning = kTakenForMetres;
       tell({ state: "done", ...made });
     } catch (error) {
       const { message, messages } = failureOf(error);
@@ -202,24 +251,34 @@ export class Session extends EventTarget {
   }
 
   async #readInfo(item) {
-    const told = this.read(item, "info");
+    const reading = item.reading = {};
+    const isOld = () => item.reading !== reading;
+    if (isLarge({ item, part: null }) && kTexts.includes(item.inputType)) await this.#readFirst(item, isOld);
+    if (isOld()) return;
+    const told = this.#ask(item, "info", null);
     // What will be asked for next; who asks is told of a failure.
-    if (item === this.selected) this.read(item, "pointsAsCsv").catch(() => {});
-    try {
-      const info = await told;
-      if (item.views.get("info") !== told) return;
-      Object.assign(item, { info, failure: null, isRead: true });
-    } catch (error) {
-      if (item.views.get("info") !== told) return;
-      Object.assign(item, { info: null, failure: failureOf(error), isRead: true });
-    }
+    if (item === this.selected && item.first === null) this.read(item, "pointsAsCsv").catch(() => {});
+    const [info, failure] = await told.then((some) => [some, null], (error) => [null, failureOf(error)]);
+    if (isOld()) return;
+    if (item.first !== null) item.views.clear();
+    item.views.set("info", told);
+    Object.assign(item, { info, failure, first: null, isRead: true });
+    this.#changed();
+  }
+
+  /** Of a large text what its first lines hold; what is wrong there is told of the whole. */
+  async #readFirst(item, isOld) {
+    const part = await firstLines(item.file).catch(() => null);
+    const info = part && await this.#ask(item, "info", part).catch(() => null);
+    if (info === null || isOld()) return;
+    item.first = { part, info };
     this.#changed();
   }
 
   #readAgain(item) {
     this.#tasks = this.#tasks.filter((task) => task.item !== item);
     item.views.clear();
-    Object.assign(item, { info: null, failure: null, isRead: false });
+    Object.assign(item, { info: null, failure: null, first: null, isRead: false });
     this.#changed();
     this.#readInfo(item);
   }
@@ -247,7 +306,7 @@ export class Session extends EventTarget {
 
   async #run(converter, task) {
     try {
-      const input = await this.#filesOf(task.item);
+      const input = await this.#filesOf(task.item, task.part);
       task.resolve(await converter[task.kind]({ ...input, signal: task.controller.signal }));
     } catch (error) {
       if (error !== kGaveWay) task.reject(error);
@@ -257,12 +316,13 @@ export class Session extends EventTarget {
     }
   }
 
-  /** What a call of the package takes of a file: bytes are read when they are needed. */
-  async #filesOf(item) {
+  /** What a call of the package takes of a file, or of a part of it: bytes are read when they are needed. */
+  async #filesOf(item, part = null) {
     const load = async ({ file }, name) => ({ name, bytes: await file.arrayBuffer() });
     const units = item.units ?? undefined;
     if (!item.isTogether) {
-      return { files: [await load(item, item.name)], from: item.from ?? undefined, units };
+      const file = part ?? item.file;
+      return { files: [await load({ file }, item.name)], from: item.from ?? undefined, units };
     }
     const { coordinates, log, logExtension, type } = item.pair;
     const name = coordinates.name;
