@@ -4,7 +4,7 @@ do, and leaves nothing when it goes.
 
 debian   installs by apt-get into a copy of this machine that lasts as long as the test (an overlay in a
          namespace of its own, which takes root); the machine stays as it is
-windows  runs the installer by Wine, in the folder of WINEPREFIX
+windows  runs the installer by Wine, in the folder of WINEPREFIX, which is a new one
 """
 
 import gzip
