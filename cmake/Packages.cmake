@@ -95,14 +95,24 @@ if(TARGET zelconvert_gdal)
 Opens jobs of coordinates, raw field logs, data collector text and roads
 as vector data sets in programs that use GDAL, such as ogr2ogr and QGIS.")
 endif()
-if(TARGET zelconvert_python)
-  zel_debian_package(python python3-zelconvert BINARY zelconvert_python
+if(TARGET zelconvert_tools_library)
+  zel_debian_package(python_debian python3-zelconvert BINARY zelconvert_tools_library
     PACKAGE_SECTION python
-    PACKAGE_DEPENDS "python3"
+    PACKAGE_DEPENDS "python3 (>= 3.9)" PACKAGE_RECOMMENDS zelconvert PACKAGE_SUGGESTS python3-pandas
+    PACKAGE_CONTROL_EXTRA "${debian}/python3/postinst;${debian}/python3/prerm"
     DESCRIPTION "converter for land-survey field data, Python package
 Converts jobs of coordinates, raw field logs of instrument and GPS
 observations, road definitions and coordinate systems between data
 collectors and office programs, and gives what they hold to Python.")
+  # The modules with the system's library, which the wheel has inside.
+  set(modules lib/python3/dist-packages)
+  install(DIRECTORY ${PROJECT_SOURCE_DIR}/bindings/python/zelconvert DESTINATION ${modules}
+          COMPONENT python_debian PATTERN __pycache__ EXCLUDE)
+  install(TARGETS zelconvert_tools_library LIBRARY DESTINATION ${modules}/zelconvert/lib
+          COMPONENT python_debian)
+  file(CONFIGURE OUTPUT METADATA CONTENT "Metadata-Version: 2.1\nName: zelconvert\nVersion: @PROJECT_VERSION@\n")
+  install(FILES ${CMAKE_CURRENT_BINARY_DIR}/METADATA COMPONENT python_debian
+          DESTINATION ${modules}/zelconvert-${PROJECT_VERSION}.dist-info)
 endif()
 
 # Where the class for C# is looked for.
