@@ -34,7 +34,8 @@ set_property(DIRECTORY ${PROJECT_SOURCE_DIR} APPEND PROPERTY CMAKE_CONFIGURE_DEP
                                                              ${PROJECT_SOURCE_DIR}/CHANGELOG.md)
 
 # zel_debian_package(component name KEY value...): a component as the package of that name. The keys are
-# those of CPACK_DEBIAN_<COMPONENT>_KEY. BINARY is a target whose needs become the package's.
+# those of CPACK_DEBIAN_<COMPONENT>_KEY. BINARY is a target whose needs become the package's, and which has
+# been said to be installed before.
 macro(zel_debian_package component name)
   cmake_parse_arguments(package "" "BINARY" "" ${ARGN})
   string(TOUPPER ${component} prefix)
@@ -96,14 +97,6 @@ Opens jobs of coordinates, raw field logs, data collector text and roads
 as vector data sets in programs that use GDAL, such as ogr2ogr and QGIS.")
 endif()
 if(TARGET zelconvert_tools_library)
-  zel_debian_package(python_debian python3-zelconvert BINARY zelconvert_tools_library
-    PACKAGE_SECTION python
-    PACKAGE_DEPENDS "python3 (>= 3.9)" PACKAGE_RECOMMENDS zelconvert PACKAGE_SUGGESTS python3-pandas
-    PACKAGE_CONTROL_EXTRA "${debian}/python3/postinst;${debian}/python3/prerm"
-    DESCRIPTION "converter for land-survey field data, Python package
-Converts jobs of coordinates, raw field logs of instrument and GPS
-observations, road definitions and coordinate systems between data
-collectors and office programs, and gives what they hold to Python.")
   # The modules with the system's library, which the wheel has inside.
   set(modules lib/python3/dist-packages)
   install(DIRECTORY ${PROJECT_SOURCE_DIR}/bindings/python/zelconvert DESTINATION ${modules}
@@ -113,6 +106,14 @@ collectors and office programs, and gives what they hold to Python.")
   file(CONFIGURE OUTPUT METADATA CONTENT "Metadata-Version: 2.1\nName: zelconvert\nVersion: @PROJECT_VERSION@\n")
   install(FILES ${CMAKE_CURRENT_BINARY_DIR}/METADATA COMPONENT python_debian
           DESTINATION ${modules}/zelconvert-${PROJECT_VERSION}.dist-info)
+  set(CPACK_DEBIAN_PYTHON_DEBIAN_PACKAGE_CONTROL_EXTRA ${debian}/python3/postinst ${debian}/python3/prerm)
+  zel_debian_package(python_debian python3-zelconvert BINARY zelconvert_tools_library
+    PACKAGE_SECTION python
+    PACKAGE_DEPENDS "python3 (>= 3.9)" PACKAGE_RECOMMENDS zelconvert PACKAGE_SUGGESTS python3-pandas
+    DESCRIPTION "converter for land-survey field data, Python package
+Converts jobs of coordinates, raw field logs of instrument and GPS
+observations, road definitions and coordinate systems between data
+collectors and office programs, and gives what they hold to Python.")
 endif()
 
 # Where the class for C# is looked for.

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# scripts/package.sh [debian|windows...]: makes the packages of this system (Debian's) and of Windows, into
-# build/packages/. Without arguments both. scripts/setup.sh package has what it takes.
+# scripts/package.sh [debian|windows|python...]: makes the packages for Debian and Windows and the wheel for
+# Python, into build/packages/. Without arguments all. scripts/setup.sh package has what it takes.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 jobs=$(nproc)
@@ -20,7 +20,7 @@ package_debian() {
   )
   cmake --build --preset debian -j "$jobs"
   rm -f "$out"/*.deb
-  (cd build/debian && cpack -G DEB -B "$PWD/cpack" >cpack.log || { cat cpack.log && false; })
+  (cd build/debian && cpack -G DEB -B "$PWD/cpack" >cpack.log 2>&1 || { cat cpack.log && false; })
   mv build/debian/cpack/*.deb "$out"
 }
 
@@ -65,7 +65,13 @@ package_windows() {
     --mtime="$(date -u -d "@$SOURCE_DATE_EPOCH" "+%F %T")" "zelconvert-$version")
 }
 
-for system in ${*:-debian windows}; do
+package_python() {
+  scripts/python.sh
+  rm -f "$out"/*.whl
+  cp build/python/*.whl "$out"
+}
+
+for system in ${*:-debian windows python}; do
   "package_$system"
 done
 (cd "$out" && ls -l ./*)

@@ -109,10 +109,21 @@ def use_library_from_csharp(work):
     assert told == "Start converting...\nmade: monday.dc", told
 
 
+PYTHON = """import sys, zelconvert
+example, output = sys.argv[1:]
+zelconvert.convert(example, output, to="dc1070")
+try:
+    zelconvert.convert(example, output + ".jxl")
+except zelconvert.ConversionError as refusal:
+    print(*refusal.messages, zelconvert.__version__)
+"""
+
+
 def use_from_python(work):
-    script = "import sys, zelconvert; zelconvert.convert(sys.argv[1], sys.argv[2], to='dc1070')"
-    run("/usr/bin/python3", "-c", script, EXAMPLE, work / "python.dc")
+    told = said("/usr/bin/python3", "-c", PYTHON, EXAMPLE, work / "python.dc", cwd=work)
+    assert told == "Bad raw data record found at line 14. The conversion is aborted. 1.0.0", told
     assert (work / "python.dc").read_bytes() == EXPECTED.read_bytes()
+    assert said("/usr/bin/python3", "-m", "zelconvert", "types") == said("zelconvert", "types")
 
 
 def use_from_gdal(_):
