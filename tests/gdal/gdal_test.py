@@ -235,6 +235,11 @@ class PluginTest(unittest.TestCase):
             reckoned = math.degrees(math.atan2(line.GetX(1) - line.GetX(0), line.GetY(1) - line.GetY(0))) % 360
             self.assertAlmostEqual(reckoned, shot["azimuth"], 3)
         self.assertGreater(drawn, 10)
+        # A line has z if both ends have: the first station of this log has none, the second has.
+        flat = self.folder / "flat.raw"
+        flat.write_bytes((ROOT / "examples/mill-creek-simple.raw").read_bytes().replace(b"EL100.000000", b"EL"))
+        back = next(shot for shot in open_file(flat).GetLayerByName("shots") if (shot["station"], shot["target"]) == ("3", "1"))
+        self.assertEqual(place_of(back).ExportToWkt(), "LINESTRING (5110.538 4895.21,5000 5000)")
         # The ends of a vector are where GPS has them, as far apart as it says. (That of BL records
         # in the example leads elsewhere.)
         source = open_file(ROOT / "examples/prairie-rtk.raw")
