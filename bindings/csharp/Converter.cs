@@ -1,6 +1,7 @@
 using System;
 using System.Collections.Generic;
 using System.Runtime.InteropServices;
+using System.Threading;
 
 namespace Zelconvert
 {
@@ -122,17 +123,18 @@ namespace Zelconvert
     }
 
     /// <summary>
-    /// Converts survey files. Any thread may use any converter at any time: the library does one thing at a
-    /// time in a process, so a call waits until those of other threads are done. In file names that are
-    /// bytes, a byte B that is no UTF-8 is the character U+DC00 + B.
+    /// Converts survey files. Any thread may use any converter at any time. Conversions run side by side,
+    /// but those with a handler of progress, or without the test of signatures, run by themselves, since both
+    /// are settings of the process. In file names that are bytes, a byte B that is no UTF-8 is the character
+    /// U+DC00 + B.
     /// </summary>
     public sealed class Converter
     {
         // Of the descriptions, extensions and filters, in characters with the terminator.
         private const int LongestText = 128;
 
-        private static readonly object Gate = new object();
-        private static bool isConverting;
+        // For writing where a conversion changes settings of the process, for reading where it doesn't.
+        private static readonly ReaderWriterLockSlim Settings = new ReaderWriterLockSlim();
 
         private delegate byte TextOfType(int type, byte[] buffer);
         private delegate byte TypesOfType(int type, ref IntPtr list, ref int count);
@@ -158,7 +160,7 @@ namespace Zelconvert
         /// <summary>The number of file types.</summary>
         public static int FileTypeCount
         {
-            get { lock (Gate) return NativeMethods.cZelGetNumFileTypes(); }
+            get { return NativeMethods.cZelGetNumFileTypes(); }
         }
 
         /// <summary>What a type is called in a dialog.</summary>
@@ -202,12 +204,8 @@ namespace Zelconvert
         /// </summary>
         public static FileType? Detect(string path)
         {
-            byte[] name = WideText.Encode(NotNull(path, nameof(path)), nameof(path));
-            lock (Gate)
-            {
-                int type = NativeMethods.cZelGetFileType(name);
-                return type < 0 ? (FileType?)null : (FileType)type;
-            }
+            int type = NativeMethods.cZelGetFileType(WideText.Encode(NotNull(path, nameof(path)), nameof(path)));
+            return type < 0 ? (FileType?)null : (FileType)type;
         }
 
         /// <summary>Converts a file into another, both of the types that their names and the input's first bytes tell.</summary>
@@ -227,35 +225,55 @@ namespace Zelconvert
         /// <exception cref="InvalidOperationException">Called from a handler of progress.</exception>
         public ConversionResult Convert(string input, FileType from, string output, FileType to)
         {
-            byte[] inputPath = WideText.Encode(NotNull(input, nameof(input)), nameof(input));
-            byte[] outputPath = WideText.Encode(NotNull(output, nameof(output)), nameof(output));
-            byte[] job = WideText.Encode(JobOfLog, nameof(JobOfLog));
-            IntPtr files = IntPtr.Zero, messages = IntPtr.Zero;
-            lock (Gate)
+            NotNull(input, nameof(input));
+            NotNull(output, nameof(output));
+            if (Settings.IsWriteLockHeld) throw new InvalidOperationException("A handler of progress can't convert.");
+            EventHandler<ProgressEventArgs> handler = Progress;
+            if (handler == null && TestsGpsSignature)
             {
-                // The lock lets its own thread in again, which is in the midst of a conversion.
-                if (isConverting) throw new InvalidOperationException("A handler of progress can't convert.");
-                isConverting = true;
-                ProgressWindow window = null;
+                Settings.EnterReadLock();
                 try
                 {
-                    NativeMethods.cZelSetGpsSecurityInDcConversions(TestsGpsSignature ? (byte)1 : (byte)0);
-                    if (Progress != null) window = ProgressWindow.Open(each => Progress(this, each));
-                    NativeMethods.cZelSetupZelConvertDLLCallBack(window == null ? IntPtr.Zero : window.Handle);
-                    bool done = NativeMethods.cZelFileConvert(
-                        (int)from, inputPath, (int)to, outputPath, ref files, ref messages, (int)CoordinateUnit, job) != 0;
-                    if (window != null) window.ThrowIfFailed();
-                    IReadOnlyList<string> texts = WideText.ReadList(messages);
-                    if (!done) throw new ConversionException(input, texts);
-                    return new ConversionResult(WideText.ReadList(files), texts);
+                    return Call(input, from, output, to, null);
                 }
                 finally
                 {
-                    isConverting = false;
-                    NativeMethods.cZelFreeAfterFileConvert(files, messages);
-                    NativeMethods.cZelSetupZelConvertDLLCallBack(IntPtr.Zero);
-                    if (window != null) window.Dispose();
+                    Settings.ExitReadLock();
                 }
+            }
+
+            Settings.EnterWriteLock();
+            try
+            {
+                NativeMethods.cZelSetGpsSecurityInDcConversions(TestsGpsSignature ? (byte)1 : (byte)0);
+                using (ProgressWindow window = handler == null ? null : ProgressWindow.Open(each => handler(this, each)))
+                    return Call(input, from, output, to, window);
+            }
+            finally
+            {
+                NativeMethods.cZelSetGpsSecurityInDcConversions(1);
+                Settings.ExitWriteLock();
+            }
+        }
+
+        private ConversionResult Call(string input, FileType from, string output, FileType to, ProgressWindow window)
+        {
+            byte[] inputPath = WideText.Encode(input, nameof(input));
+            byte[] outputPath = WideText.Encode(output, nameof(output));
+            byte[] job = WideText.Encode(JobOfLog, nameof(JobOfLog));
+            IntPtr files = IntPtr.Zero, messages = IntPtr.Zero;
+            try
+            {
+                bool done = NativeMethods.cZelFileConvert(
+                    (int)from, inputPath, (int)to, outputPath, ref files, ref messages, (int)CoordinateUnit, job) != 0;
+                if (window != null) window.ThrowIfFailed();
+                IReadOnlyList<string> texts = WideText.ReadList(messages);
+                if (!done) throw new ConversionException(input, texts);
+                return new ConversionResult(WideText.ReadList(files), texts);
+            }
+            finally
+            {
+                NativeMethods.cZelFreeAfterFileConvert(files, messages);
             }
         }
 
@@ -275,10 +293,7 @@ namespace Zelconvert
         private static string TextOf(TextOfType function, FileType type)
         {
             var buffer = new byte[LongestText * WideText.UnitSize];
-            lock (Gate)
-            {
-                if (function((int)type, buffer) == 0) throw new ArgumentOutOfRangeException(nameof(type));
-            }
+            if (function((int)type, buffer) == 0) throw new ArgumentOutOfRangeException(nameof(type));
             return WideText.Decode(buffer, WideText.UnitSize);
         }
 
@@ -286,10 +301,7 @@ namespace Zelconvert
         {
             IntPtr list = IntPtr.Zero;
             int count = 0;
-            lock (Gate)
-            {
-                if (function((int)type, ref list, ref count) == 0) throw new OutOfMemoryException();
-            }
+            if (function((int)type, ref list, ref count) == 0) throw new OutOfMemoryException();
             try
             {
                 var numbers = new int[count];

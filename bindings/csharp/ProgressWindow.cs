@@ -6,7 +6,7 @@ using System.Runtime.InteropServices;
 namespace Zelconvert
 {
     /// <summary>
-    /// The window that the library tells its progress to. It keeps its procedure alive while it is open, and
+    /// The window that the library tells its progress to while it is open. It keeps its procedure alive, and
     /// what the handler throws away from the library's code until <see cref="ThrowIfFailed"/>.
     /// </summary>
     internal abstract class ProgressWindow : IDisposable
@@ -21,18 +21,26 @@ namespace Zelconvert
 
         internal static ProgressWindow Open(Action<ProgressEventArgs> handler)
         {
-            if (WideText.IsWindows) return new WindowsProgressWindow(handler);
-            return new PosixProgressWindow(handler);
+            ProgressWindow window = WideText.IsWindows
+                ? (ProgressWindow)new WindowsProgressWindow(handler) : new PosixProgressWindow(handler);
+            NativeMethods.cZelSetupZelConvertDLLCallBack(window.Handle);
+            return window;
         }
 
         internal IntPtr Handle { get; set; }
 
-        public abstract void Dispose();
+        public void Dispose()
+        {
+            NativeMethods.cZelSetupZelConvertDLLCallBack(IntPtr.Zero);
+            Close();
+        }
 
         internal void ThrowIfFailed()
         {
             if (failure != null) failure.Throw();
         }
+
+        protected abstract void Close();
 
         /// <summary>After the handler has failed once it is not called again.</summary>
         protected void Receive(UIntPtr kind, IntPtr value)
@@ -63,7 +71,7 @@ namespace Zelconvert
             Marshal.WriteIntPtr(Handle, Marshal.GetFunctionPointerForDelegate(procedure));
         }
 
-        public override void Dispose()
+        protected override void Close()
         {
             Marshal.FreeHGlobal(Handle);
             GC.KeepAlive(procedure);
@@ -97,7 +105,7 @@ namespace Zelconvert
             previous = SetProcedure(Marshal.GetFunctionPointerForDelegate(procedure));
         }
 
-        public override void Dispose()
+        protected override void Close()
         {
             SetProcedure(previous);
             WindowsMethods.DestroyWindow(Handle);

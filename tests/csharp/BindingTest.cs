@@ -240,23 +240,28 @@ static class BindingTest
         File.Delete(output);
     }
 
+    // Two threads that want progress, among others that don't: each hears of its own conversions alone.
     static void Threads()
     {
         int done = 0;
-        var threads = Enumerable.Range(0, 4).Select(number => new Thread(() =>
+        var heard = new int[8];
+        var threads = Enumerable.Range(0, heard.Length).Select(number => new Thread(() =>
         {
-            string output = Path.GetTempFileName();
+            string input = Path.GetTempFileName(), output = Path.GetTempFileName();
+            File.Copy(Path.Combine(top, "examples/mill-creek.raw"), input, true);
             var converter = new Converter();
-            int told = 0;
-            converter.Progress += (sender, each) => ++told;
-            for (int i = 0; i < 20; ++i)
-                converter.Convert(Path.Combine(top, "examples/mill-creek.raw"), FileType.Raw, output, FileType.Dc);
-            if (told > 40 && new FileInfo(output).Length > 1000) Interlocked.Increment(ref done);
+            int self = Thread.CurrentThread.ManagedThreadId;
+            if (number < 2)
+                converter.Progress += (sender, each) => heard[number] += Thread.CurrentThread.ManagedThreadId == self ? 1 : 1000000;
+            for (int i = 0; i < 20; ++i) converter.Convert(input, FileType.Raw, output, FileType.Dc);
+            if (new FileInfo(output).Length > 1000) Interlocked.Increment(ref done);
+            File.Delete(input);
             File.Delete(output);
         })).ToList();
         threads.ForEach(each => each.Start());
         threads.ForEach(each => each.Join());
-        Equal(4, done, "threads");
+        Equal(heard.Length, done, "threads");
+        Check(heard[0] > 40 && heard[0] == heard[1] && heard.Skip(2).All(each => each == 0), "told: " + string.Join(" ", heard));
     }
 
     static int Main(string[] arguments)
