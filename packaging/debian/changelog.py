@@ -2,7 +2,7 @@
 """changelog.py VERSION MAINTAINER OUT: makes the changelog of the Debian packages of CHANGELOG.md.
 
 VERSION is that of the packages. The first section of CHANGELOG.md is about it; one that is still called
-"Unreleased" takes the section of the last release in. Older sections tell their day in the heading:
+"Unreleased" takes the section of that version in, if there is one. Older sections tell their day in the heading:
 "## 1.2.0, 2027-04-30". The day of the first is that of SOURCE_DATE_EPOCH or else of the last commit."""
 
 import datetime
@@ -47,15 +47,18 @@ def first_day():
 def main():
     version, maintainer, out = sys.argv[1:]
     (heading, body), *older = sections()
-    state = "unstable"
+    state, number = "unstable", version.rsplit("-", 1)[0]
     if heading == "Unreleased":
         state = "UNRELEASED"
-        body += "\n\n" + older.pop(0)[1]
-    elif heading.split(",")[0] != version.rsplit("-", 1)[0]:
+        if older[0][0].split(",")[0] == number:
+            body += "\n\n" + older.pop(0)[1]
+    elif heading.split(",")[0] != number:
         sys.exit(f"CHANGELOG.md begins with {heading}, the version is {version}")
     entries = [entry(version, state, body, first_day(), maintainer)]
     for heading, body in older:
-        number, day = heading.split(", ")
+        number, comma, day = heading.partition(", ")
+        if not comma:
+            sys.exit(f"CHANGELOG.md doesn't tell the day of {number}")
         day = email.utils.format_datetime(datetime.datetime.fromisoformat(day + "T12:00+00:00"))
         entries.append(entry(f"{number}-1", "unstable", body, day, maintainer))
     pathlib.Path(out).write_bytes(gzip.compress("\n".join(entries).encode(), 9, mtime=0))

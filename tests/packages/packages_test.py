@@ -21,6 +21,7 @@ import zipfile
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 PACKAGES = ROOT / "build/packages"
 USER = ROOT / "tests/install/user"
+VERSION = re.search(r"^project\(zelconvert VERSION (\S+)", (ROOT / "CMakeLists.txt").read_text(), re.M)[1]
 EXAMPLE, EXPECTED = ROOT / "examples/mill-creek.raw", ROOT / "tests/golden/raw-to-dc1070/mill-creek/out.dc"
 
 
@@ -121,7 +122,7 @@ except zelconvert.ConversionError as refusal:
 
 def use_from_python(work):
     told = said("/usr/bin/python3", "-c", PYTHON, EXAMPLE, work / "python.dc", cwd=work)
-    assert told == "Bad raw data record found at line 14. The conversion is aborted. 1.0.0", told
+    assert told == "Bad raw data record found at line 14. The conversion is aborted. " + VERSION, told
     assert (work / "python.dc").read_bytes() == EXPECTED.read_bytes()
     assert said("/usr/bin/python3", "-m", "zelconvert", "types") == said("zelconvert", "types")
 
@@ -241,7 +242,7 @@ def test_windows(work):
     use_windows_library(wine, folder, "x86_64-w64-mingw32-gcc-posix", work)
     use_windows_library(wine, unpacked / "x86", "i686-w64-mingw32-gcc-posix", work)
 
-    assert "1.0.0" in wine.run("reg", "query", KEY)[1]
+    assert VERSION in wine.run("reg", "query", KEY)[1]
     (folder / "mine.dc").write_text("not the installer's")
     assert wine.run(folder / "uninstall.exe", "/S")[0] == 0
     wait_until(lambda: not (folder / "uninstall.exe").exists(), "removed")
