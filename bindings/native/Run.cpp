@@ -2,7 +2,7 @@
 
 #include <exception>
 #include <new>
-#include <optional>
+#include <utility>
 
 #include "bindings/native/Call.h"
 #include "bindings/native/Output.h"
@@ -34,17 +34,39 @@ ExitCode RunCommand(std::string_view words) {
   }
 }
 
-}  // namespace
+class Listener;
+thread_local Listener* g_pListener = nullptr;
 
-// A message comes for every record.
-Answer Run(std::string_view words, const std::function<void(int percent)>& onPercent) {
-  std::optional<ProgressWindow> window;
-  int shown = -1;
-  if (onPercent) {
-    window.emplace([&onPercent, &shown](int percent) {
-      if (percent >= 0 && percent != shown) onPercent(shown = percent);
+// Tells of every percent of this thread once, though a message comes for every record.
+class Listener {
+ public:
+  explicit Listener(const std::function<void(int percent)>& onPercent) : m_onPercent(onPercent) {
+    if (onPercent) Register();
+  }
+  ~Listener() { g_pListener = m_pOuter; }
+  Listener(const Listener&) = delete;
+  Listener& operator=(const Listener&) = delete;
+
+ private:
+  // One window for all threads: a message comes on the thread whose conversion it tells of.
+  static void Register() {
+    static const ProgressWindow window([](int percent) {
+      if (g_pListener != nullptr) g_pListener->Tell(percent);
     });
   }
+  void Tell(int percent) {
+    if (m_onPercent && percent >= 0 && percent != m_shown) m_onPercent(m_shown = percent);
+  }
+
+  const std::function<void(int percent)>& m_onPercent;
+  int m_shown = -1;
+  Listener* m_pOuter = std::exchange(g_pListener, this);  // of the call around this one
+};
+
+}  // namespace
+
+Answer Run(std::string_view words, const std::function<void(int percent)>& onPercent) {
+  Listener listener(onPercent);
   const ExitCode code = RunCommand(words);
   return {code, TakeOutput()};
 }

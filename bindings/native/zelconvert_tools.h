@@ -1,7 +1,8 @@
 /* zelconvert_tools: the commands of the zelconvert program for programs of other languages, which
  * get as JSON what the commands tell. Conversions go through the functions of libzelconvert.
  *
- * Threads: one call at a time in a process.
+ * Threads: calls may be made in any thread at any time, also from within the function that receives
+ * percentages. A file is the input of one conversion at a time and the output of one.
  */
 #ifndef ZELCONVERT_TOOLS_H_
 #define ZELCONVERT_TOOLS_H_

@@ -106,7 +106,7 @@ class CallTest(TemporaryFolderTest):
         self.assertEqual([(each["name"], tuple(each["convertsTo"])) for each in told],
                          [(each.name, each.converts_to) for each in TYPES.values()])
         self.assertIn(zelconvert.RecordKind("13", "notes", ("ilj",)), TYPES["dc"].records)
-        for path in EXAMPLES.iterdir():
+        for path in EXAMPLES.glob("*.*"):
             [expected] = host("detect", path)["files"]
             self.assertEqual(zelconvert.detect(path).type, expected["type"])
         self.assertIsNone(zelconvert.detect(self.copy("boundary.job", "a.txt")).type)
@@ -132,7 +132,7 @@ class CallTest(TemporaryFolderTest):
             else:
                 self.assertIsInstance(value, (float, int) if declared is float else declared)
 
-        for path in EXAMPLES.iterdir():
+        for path in EXAMPLES.glob("*.*"):
             check(zelconvert.Info, zelconvert.info(path))
             check(zelconvert.Diff, zelconvert.diff(EXAMPLES / "ridge-road.dc", path, tolerance=0.5))
             check(zelconvert.Plot, zelconvert.plot(path, self.folder / "plan.svg", overwrite=True))
@@ -203,16 +203,28 @@ class CallTest(TemporaryFolderTest):
         with self.assertRaisesRegex(ZeroDivisionError, "zero"):
             zelconvert.convert(EXAMPLES / "mill-creek.raw", self.folder / "b.dc", progress=lambda percent: 1 / 0)
         self.assertEqual(read(self.folder, "b.dc"), read(self.folder, "a.dc"))
-        with self.assertRaisesRegex(RuntimeError, "progress can't call zelconvert"):
-            zelconvert.convert(EXAMPLES / "mill-creek.raw", self.folder / "c.dc", progress=lambda _: zelconvert.types())
+        outer, inner, other = [], [], self.copy("mill-creek.raw")
+
+        def convert_another(percent):
+            outer.append(percent)
+            zelconvert.convert(other, self.folder / f"{percent}.dc", progress=inner.append)
+
+        zelconvert.convert(EXAMPLES / "mill-creek.raw", self.folder / "c.dc", progress=convert_another)
+        self.assertEqual(outer, told)
+        self.assertEqual(inner, told * len(told))
 
     def test_threads(self):
-        sources = [EXAMPLES / name for name in ("boundary.job", "control.job")] * 6
-        alone = [zelconvert.convert_bytes(each.read_bytes(), from_="job", to="dc") for each in sources[:2]]
+        """Each makes what it makes alone, and is told of its own percentages."""
+        sources = [("boundary.job", "job"), ("mill-creek.raw", "raw")] * 20
+
+        def work(source):
+            told = []
+            contents = (EXAMPLES / source[0]).read_bytes()
+            return zelconvert.convert_bytes(contents, from_=source[1], to="dc", progress=told.append).data, told
+
+        alone = {source: work(source) for source in sources}
         with ThreadPoolExecutor(4) as pool:
-            together = pool.map(lambda each: zelconvert.convert_bytes(each.read_bytes(), from_="job", to="dc"), sources)
-        for source, done in zip(sources, together):
-            self.assertEqual(done.data, alone[sources.index(source)].data)
+            self.assertEqual(list(pool.map(work, sources)), [alone[source] for source in sources])
 
     def test_signals_stay_those_of_the_program(self):
         zelconvert.convert(EXAMPLES / "boundary.job", self.folder / "a.dc")

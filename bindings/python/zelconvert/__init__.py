@@ -1,8 +1,9 @@
 """Converts land-survey field data between file types, and tells what files of them hold.
 
 Paths are texts or path objects, types go by the short names that types() lists, lengths of units are
-"m", "ft" (international feet) or "usft". A call that is refused raises ConversionError. Calls may come
-from any thread; they leave other threads running, but one runs at a time in a process.
+"m", "ft" (international feet) or "usft". A call that is refused raises ConversionError. Calls may
+come from any thread, and run side by side; a file is the input of one conversion at a time, and the output
+of one.
 
 Every function that reads a file takes `from_`, its type, where name and contents don't tell it.
 """

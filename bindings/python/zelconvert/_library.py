@@ -5,7 +5,6 @@ from __future__ import annotations
 import ctypes
 import json
 import os
-import threading
 from collections.abc import Callable, Mapping, Sequence
 from pathlib import Path
 from typing import Any, Union
@@ -18,9 +17,6 @@ Progress = Callable[[int], object]
 
 _CODES = ("failed", "failed", "usage", "input", "output")
 
-# One conversion runs at a time in a process. (A call leaves other threads of Python running.)
-_lock = threading.Lock()
-_here = threading.local()
 
 
 class ConversionError(Exception):
@@ -89,14 +85,7 @@ class _Listener:
 
 def _call(words: bytes, percent: ctypes.c_void_p | None) -> ctypes.c_void_p:
     text = ctypes.c_void_p()
-    if getattr(_here, "is_calling", False):
-        raise RuntimeError("progress can't call zelconvert")
-    with _lock:
-        _here.is_calling = True
-        try:
-            _tools.zelToolsRun(words, len(words), percent, None, ctypes.byref(text))
-        finally:
-            _here.is_calling = False
+    _tools.zelToolsRun(words, len(words), percent, None, ctypes.byref(text))
     if not text.value:
         raise MemoryError
     return text

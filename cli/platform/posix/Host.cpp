@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdlib>
+#include <mutex>
 #include <utility>
 
 #include "convert/CConvertProgress.h"
@@ -230,18 +231,28 @@ void CleanUpOn(int number) {
   sigaction(number, &action, nullptr);
 }
 
-// While one lives no handler runs, so that what is left behind can be changed.
+// While one lives no handler runs, nor another thread of a program that calls commands, so that
+// what is left behind can be changed.
 class SignalsHeld {
  public:
   SignalsHeld() {
     const sigset_t signals = SignalsHandled();
-    sigprocmask(SIG_BLOCK, &signals, &m_before);
+    pthread_sigmask(SIG_BLOCK, &signals, &m_before);
+    Guard().lock();
   }
-  ~SignalsHeld() { sigprocmask(SIG_SETMASK, &m_before, nullptr); }
+  ~SignalsHeld() {
+    Guard().unlock();
+    pthread_sigmask(SIG_SETMASK, &m_before, nullptr);
+  }
   SignalsHeld(const SignalsHeld&) = delete;
   SignalsHeld& operator=(const SignalsHeld&) = delete;
 
  private:
+  static std::mutex& Guard() {
+    static std::mutex& guard = *new std::mutex;
+    return guard;
+  }
+
   sigset_t m_before;
 };
 
