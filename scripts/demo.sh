@@ -19,7 +19,7 @@ convert() { # input, output, further arguments
   run convert "examples/$1" "demo-out/$2" "${@:3}"
 }
 
-run detect examples/*
+run detect examples/*.*
 run info examples/mill-creek.raw
 
 for job in boundary.job boundary-old.job boundary.pwj; do

@@ -25,6 +25,7 @@ tests=(
   libpugixml-dev                                            # an XML reader that is not ours
   proj-bin                                                  # positions by the codes of zones
   python3-mypy python3-pandas                               # types and frames of the package for Python
+  python3-dask python3-distributed python3-fsspec           # a cluster of it
   lintian                                                   # the packages of Debian
   zsh fish                                                  # their completions
   pkg-config locales

@@ -56,12 +56,13 @@ step_gdal() {
   return "$result"
 }
 
-# The package for Python, installed into an empty environment.
+# The package for Python, installed into an empty environment; a cluster of it.
 step_python() {
   cmake --preset release --log-level=WARNING
   cmake --build --preset release -j "$jobs" --target zelconvert zelconvert-host zelconvert_tools_library
   scripts/python.sh build/release
   /usr/bin/python3 tests/python/python_test.py build/python/*.whl
+  /usr/bin/python3 tests/python/python_test.py build/python/*.whl cluster
 }
 
 # By the other compiler, whose clang-tidy reads along (.clang-tidy says what it looks for).

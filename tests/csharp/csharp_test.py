@@ -52,7 +52,7 @@ def test_page(library, work):
     (work / "convert.exe.config").write_text(settings)
     (work / "lib").mkdir()
     shutil.copy(library / "libzelconvert.so.1", work / "lib")
-    for example in (ROOT / "examples").iterdir():
+    for example in (ROOT / "examples").glob("*.*"):
         shutil.copy(example, work)
     compile_program(work / "convert.exe", *SOURCES, work / "convert.cs")
     for words, expected in calls:

@@ -22,7 +22,7 @@ import unittest
 import zipfile
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
-EXAMPLES = sorted((ROOT / "examples").iterdir())
+EXAMPLES = sorted((ROOT / "examples").glob("*.*"))
 GOLDEN = ROOT / "tests/golden"
 PREFIX = pathlib.Path(sys.argv[1]).resolve()
 HOST = pathlib.Path(sys.argv[2]).resolve()

@@ -330,7 +330,7 @@ class PagesTest(unittest.TestCase):
         pages = [ROOT / "README.md", ROOT / "docs/tour.md", *(ROOT / "docs/commands").glob("*.md")]
         for page in sorted(pages):
             with tempfile.TemporaryDirectory() as folder:
-                for example in EXAMPLES.iterdir():
+                for example in EXAMPLES.glob("*.*"):
                     shutil.copy(example, folder)
                 shown = re.findall(r"```console\n(.*?)```", page.read_text(encoding="utf-8"), re.S)
                 self.assertTrue(shown, page)

@@ -22,7 +22,7 @@ export const clock = { time: new Date(2026, 2, 13, 14, 15, 16, 789), ticks: 1234
 export const readFile = (path) => ({ name: basename(path), bytes: readFileSync(path) });
 export const readText = (path) => (existsSync(path) ? readFileSync(path, "utf8") : "");
 export const example = (name) => readFile(join(top, "examples", name));
-export const exampleNames = readdirSync(join(top, "examples")).sort();
+export const exampleNames = readdirSync(join(top, "examples")).filter((name) => name.includes(".")).sort();
 
 export function foldersIn(folder) {
   return readdirSync(folder, { withFileTypes: true })

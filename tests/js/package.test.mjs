@@ -7,7 +7,7 @@ import { tmpdir } from "node:os";
 import { join } from "node:path";
 import { after, describe, test } from "node:test";
 
-import { packageFolder, top } from "./package.mjs";
+import { exampleNames, packageFolder, top } from "./package.mjs";
 
 const folder = mkdtempSync(join(tmpdir(), "zelconvert-js-"));
 after(() => rmSync(folder, { recursive: true }));
@@ -24,7 +24,7 @@ const npm = (...words) => run("npm", ...words, "--offline", "--no-audit", "--no-
 const packed = JSON.parse(npm("pack", packageFolder, "--json"))[0];
 writeFileSync(join(folder, "package.json"), '{"private": true, "type": "module"}');
 npm("install", join(folder, packed.filename));
-for (const name of readdirSync(join(top, "examples"))) {
+for (const name of exampleNames) {
   copyFileSync(join(top, "examples", name), join(folder, name));
 }
 

@@ -108,7 +108,7 @@ class PlotTest(unittest.TestCase):
             self.assertFalse(not box[4] and any(overlap(box, ink) for ink in inks), box)
 
     def test_examples(self):
-        for path in sorted(EXAMPLES.iterdir()):
+        for path in sorted(EXAMPLES.glob("*.*")):
             with self.subTest(path.name):
                 sheet, told = self.draw(path)
                 self.check(sheet, told, METRES_PER_FOOT if path.name in FEET else 1.0)
