@@ -11,6 +11,8 @@ namespace zelconvert {
 namespace {
 
 struct Fixed {
+  Fixed(const platform::LocalTime& now, std::uint32_t first) : time(now), ticks(first) {}
+
   platform::LocalTime time;
   std::atomic<std::uint32_t> ticks;
 };
