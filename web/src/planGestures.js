@@ -31,7 +31,7 @@ function listenToKeys(canvas, acts) {
   });
 }
 
-/** One pointer moves; of two each zooms about the other, so that both together move, too. */
+/** One pointer moves the plan; two zoom it by their distance, and move it with their middle. */
 class Pointers {
   #acts;
   #down = new Map();
@@ -51,9 +51,9 @@ class Pointers {
     const [right, down] = [x - pointer.x, y - pointer.y];
     const other = [...this.#down].find(([otherId]) => otherId !== id)?.[1];
     if (other) {
-      const before = Math.hypot(pointer.x - other.x, pointer.y - other.y);
-      const after = Math.hypot(x - other.x, y - other.y);
-      this.#acts.zoom(Math.max(after, 1) / Math.max(before, 1), [other.x, other.y]);
+      const distance = ({ x: east, y: south }) => Math.max(Math.hypot(east - other.x, south - other.y), 1);
+      this.#acts.move(right / 2, down / 2);  // as their middle goes
+      this.#acts.zoom(distance({ x, y }) / distance(pointer), [(x + other.x) / 2, (y + other.y) / 2]);
     } else {
       this.#acts.move(right, down);
     }
