@@ -16,13 +16,15 @@ const kTypes = {
   ".webmanifest": "application/manifest+json", ".wasm": "application/wasm",
 };
 
-/** A server of a folder with the paths that were asked for. */
-export async function serve(folder = join(top, "build/web")) {
+/** A server that has the page at a path, with what was asked for beneath it. */
+export async function serve(at = "/") {
+  const folder = join(top, "build/web");
   const asked = [];
   const server = createServer((request, response) => {
     const path = normalize(decodeURIComponent(new URL(request.url, "http://host").pathname));
-    asked.push(path);
-    const file = join(folder, path.endsWith("/") ? `${path}index.html` : path);
+    if (!path.startsWith(at)) return response.writeHead(404).end();
+    asked.push(path.slice(at.length));
+    const file = join(folder, path.slice(at.length), path.endsWith("/") ? "index.html" : "");
     if (!existsSync(file) || !statSync(file).isFile()) return response.writeHead(404).end();
     response.writeHead(200, { "Content-Type": kTypes[extname(file)] ?? "application/octet-stream" });
     response.end(readFileSync(file));
@@ -32,7 +34,7 @@ export async function serve(folder = join(top, "build/web")) {
     server.closeAllConnections();
     server.close(resolve);
   });
-  return { url: `http://127.0.0.1:${server.address().port}/`, asked, close };
+  return { url: `http://127.0.0.1:${server.address().port}${at}`, asked, close };
 }
 
 function browserPath() {
@@ -52,7 +54,7 @@ export function launch() {
 }
 
 /** A page that was opened and has started, with what it complained of and asked for. */
-export async function open(browser, url, { width = 1280, height = 900, scheme = "light" } = {}) {
+export async function open(browser, url, { width = 1280, height = 900, scheme = "light", hasTouch = false } = {}) {
   const context = await browser.createBrowserContext();
   const page = await context.newPage();
   const downloads = mkdtempSync(join(tmpdir(), "zelconvert-web-"));
@@ -60,7 +62,7 @@ export async function open(browser, url, { width = 1280, height = 900, scheme = 
   page.on("console", (message) => ["error", "warn"].includes(message.type()) && complaints.push(message.text()));
   page.on("pageerror", (error) => complaints.push(String(error)));
   page.on("request", (request) => requests.push(request.url()));
-  await page.setViewport({ width, height });
+  await page.setViewport({ width, height, hasTouch });
   await page.emulateMediaFeatures([{ name: "prefers-color-scheme", value: scheme }]);
   const client = await page.createCDPSession();
   await client.send("Browser.setDownloadBehavior", {

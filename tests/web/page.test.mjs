@@ -11,6 +11,7 @@ import { after, before, describe, test } from "node:test";
 
 import { makeLog } from "../js/log.mjs";
 import { Converter, askHost, readFile } from "../js/package.mjs";
+import { PlanView } from "../../web/src/planView.js";
 import { drop, example, launch, open, press, save, says, serve, text, top } from "./browser.mjs";
 
 const golden = join(top, "tests/golden");
@@ -172,6 +173,44 @@ onPage("two files are compared side by side", async (user) => {
   assert.ok(await user.page.$eval(".compare button.primary", (button) => button.disabled));
 });
 
+onPage("two jobs that are compared are joined in one", async (user) => {
+  const names = ["control.job", "boundary.job"];
+  await drop(user, ...names.map(example));
+  await says(user, "#count", /2 files/);
+  await user.page.click("#compare");
+  await press(user, "Join both jobs in one[role='button']");
+  await says(user, ".compare .warning-line", /^45 points of the second job have a name/);
+  const { made } = await askHost(names.map((name) => readFile(example(name))), ["merge", ...names, "merged.job"]);
+  assertSame(await save(user, ".compare .save"), made[0].bytes);
+});
+
+describe("what no route leads from", () => {
+  const list = write("list.cr5", readFileSync(join(golden, "job-to-cr5/boundary/out.cr5")));
+  onPage("a list becomes a job in the unit that the user says", async (user) => {
+    await drop(user, list);
+    await says(user, ".losses", /No record that was counted/);
+    await press(user, "Convert[role='button']");
+    await says(user, ".result", /were taken to be metres\..*where to say their unit/);
+    await user.page.click("#tab-contents");
+    await user.page.click("#panel-contents summary");
+    await user.page.select("#panel-contents label:last-of-type select", "ft");
+    await user.page.waitForFunction(() => /international feet/.test(document.querySelector(".facts")?.textContent));
+    await press(user, "Convert[role='button']");
+    await user.page.waitForFunction(() => /Converted to job/.test(document.querySelector(".result").textContent)
+      && !/metres/.test(document.querySelector(".result").textContent));
+    const { made } = await askHost([readFile(list)], ["import-cr5", "list.cr5", "list.job", "--units", "ft"]);
+    const withoutTime = (bytes) => Buffer.concat([bytes.subarray(0, 42), bytes.subarray(58)]);
+    assertSame(withoutTime(await save(user, ".result .save")), withoutTime(made[0].bytes));
+  });
+  onPage("an SDR file becomes a log without its points", async (user) => {
+    await drop(user, example("mill-creek.sdr"));
+    await says(user, ".losses", /raw can't take 2 kinds.*02 stations.*08 coordinates 1/);
+    await press(user, "Convert[role='button']");
+    await says(user, ".result", /Converted to raw/);
+    assert.match((await save(user, ".result .save")).toString("latin1"), /^JB,NM[^]*\r\nMO,/);
+  });
+});
+
 describe("a file that can't be read", () => {
   const cases = [
     ["broken.job", Buffer.alloc(3000, 0xa5), /doesn't begin as a file of this kind/],
@@ -225,10 +264,11 @@ onPage("a log of 50 MB is shown, looked through and converted while the page liv
   });
   const start = performance.now();
   await drop(user, path);
-  await says(user, ".file h2", /large\.raw/);
+  await says(user, "#tab-points", /Points \(\d\d,\d{3}\)/);
   const named = performance.now() - start;
+  assert.match(await text(user, ".file-head .summary"), /^.* 50 MB .* reading \u2026 .* first 1\.0 MB hold$/);
   await says(user, "#tab-points", /Points \([\d,]{7,}\)/, kLong);
-  t.diagnostic(`name after ${named.toFixed(0)} ms, points after ${((performance.now() - start) / 1000).toFixed(1)} s`);
+  t.diagnostic(`first points after ${named.toFixed(0)} ms, all after ${((performance.now() - start) / 1000).toFixed(1)} s`);
   await user.page.click("#tab-points");
   const rows = await user.page.$eval(".windowed", async (table) => {
     table.scrollTop = table.scrollHeight;
@@ -315,6 +355,89 @@ onPage("all of it is reached by keys alone", async (user) => {
   }
 });
 
+describe("the plan", () => {
+  const log = readFile(example("mill-creek.raw"));
+
+  /** The plan of a log as it lies on the screen at first, and what is read where a point must be. */
+  async function openPlan(user) {
+    await drop(user, example(log.name));
+    await says(user, "#tab-points", /Points \(14\)/);
+    const converter = new Converter();
+    const { collection } = await converter.points({ files: [log] });
+    converter.close();
+    const points = collection.features.map(({ properties }) => properties).filter(({ north }) => north !== null);
+    const range = (key) => [Math.min, Math.max].map((of) => of(...points.map((point) => point[key])));
+    const [[south, north], [west, east]] = [range("north"), range("east")];
+    const canvas = await user.page.$(".plan-canvas");
+    await canvas.scrollIntoView();
+    const { x, y, width, height } = await canvas.boundingBox();
+    const view = new PlanView();
+    Object.assign(view, { size: [width, height] });
+    view.setBounds([west, south, east, north]);
+    view.fit();
+    const reads = async (name, tap) => {
+      const point = points.find((each) => each.name === name);
+      const [right, down] = view.screenOf(point.east, point.north);
+      assert.ok(right > 0 && down > 0 && right < width && down < height, `${name} is out of sight`);
+      await tap(x + right, y + down);
+      await says(user, ".readout", new RegExp(`^${name} N ${point.north}`), 5000);
+    };
+    return { view, reads, middle: [x + width / 2, y + height / 2] };
+  }
+
+  onPage("is moved by a finger, zoomed by two, and read by a tap", async (user) => {
+    const { page, client } = user;
+    const { view, reads, middle: [x, y] } = await openPlan(user);
+    const touch = (type, ...places) => client.send("Input.dispatchTouchEvent",
+      { type, touchPoints: places.map(([right, down], id) => ({ x: x + right, y: y + down, id })) });
+    const tap = (right, down) => page.touchscreen.tap(right, down);
+    await reads("104", tap);
+    await touch("touchStart", [-40, 0], [40, 0]);
+    await touch("touchMove", [-60, 10], [60, 10]);
+    await touch("touchMove", [-80, 20], [80, 20]);
+    await touch("touchEnd");
+    view.zoom(2);
+    view.move(0, 20);
+    await reads("102", tap);
+    await touch("touchStart", [0, 0]);
+    await touch("touchMove", [30, -20]);
+    await touch("touchMove", [60, -40]);
+    await touch("touchEnd");
+    view.move(60, -40);
+    await reads("101", tap);
+  }, { hasTouch: true });
+
+  onPage("is moved and zoomed by keys and wheel", async (user) => {
+    const { page } = user;
+    const { view, reads, middle } = await openPlan(user);
+    const click = (right, down) => page.mouse.click(right, down);
+    await page.focus(".plan-canvas");
+    for (const key of ["+", "+", "-", "ArrowLeft", "ArrowDown", "ArrowDown"]) await page.keyboard.press(key);
+    view.zoom(1.5);
+    view.move(60, -120);
+    await reads("102", click);
+    await page.mouse.move(...middle);
+    await page.mouse.wheel({ deltaY: -300 });
+    view.zoom(Math.exp(0.45));
+    await reads("102", click);
+    await page.keyboard.press("0");
+    view.fit();
+    await reads("104", click);
+  });
+});
+
+onPage("nothing moves by itself where the user wants none of it", async ({ page }) => {
+  const durations = async (value) => {
+    await page.emulateMediaFeatures([{ name: "prefers-reduced-motion", value }]);
+    return page.$$eval("*", (all) => [...new Set(all.flatMap((each) => {
+      const { transitionDuration, animationDuration, scrollBehavior } = getComputedStyle(each);
+      return [transitionDuration, animationDuration, scrollBehavior];
+    }))].sort());
+  };
+  assert.deepEqual(await durations("reduce"), ["0s", "auto"]);
+  assert.notDeepEqual(await durations("no-preference"), ["0s", "auto"]);
+});
+
 for (const width of [1280, 400]) {
   onPage(`has names for all controls and nothing beside the edge at ${width} pixels`, async (user) => {
     const { page } = user;
@@ -350,8 +473,8 @@ for (const width of [1280, 400]) {
   }, { width });
 }
 
-test("works without the server once it was loaded", async () => {
-  const own = await serve();
+test("works from a folder of a server, and without it once it was loaded", async () => {
+  const own = await serve("/office/field/");
   const user = await open(browser, own.url);
   await says(user, "#offline", /Works offline/);
   const loaded = new Set(own.asked);
@@ -366,6 +489,6 @@ test("works without the server once it was loaded", async () => {
   await user.context.close();
   const names = readdirSync(join(top, "build/web"), { recursive: true, withFileTypes: true })
     .filter((entry) => entry.isFile() && entry.name !== "LICENSE")
-    .map((entry) => join(entry.parentPath ?? entry.path, entry.name).slice(join(top, "build/web").length));
+    .map((entry) => join(entry.parentPath ?? entry.path, entry.name).slice(join(top, "build/web/").length));
   assert.deepEqual(names.filter((name) => !loaded.has(name)), []);
 });
