@@ -63,6 +63,12 @@ void Print(const std::string& text) {
   }
 }
 
+std::string TellLeftOut(std::size_t count, const std::string& crs) {
+  const bool isOne = count == 1;
+  return std::to_string(count) + (isOne ? " point has" : " points have") + " no place in " +
+         (crs == "wgs84" ? "WGS 84" : "the grid") + (isOne ? " and is" : " and are") + " left out";
+}
+
 void Run(const Options& options, Outcome& outcome) {
   const bool toScreen = options.output.empty() || IsStandardStream(options.output);
   if (toScreen && options.json) {
@@ -73,9 +79,7 @@ void Run(const Options& options, Outcome& outcome) {
   const tools::PointTable table =
       MakeTable(options, ReadSurveyOf(input, ReadOptionsOf(options), outcome.messages));
   if (table.leftOut > 0) {
-    AddWarning(outcome.warnings,
-               std::to_string(table.leftOut) +
-                   " of the points have no place in that system and are left out");
+    AddWarning(outcome.warnings, TellLeftOut(table.leftOut, options.crs));
   }
   outcome.about.emplace_back("points", static_cast<std::int64_t>(table.written));
   if (toScreen) {
