@@ -5,6 +5,7 @@ what was there is lost, and no piece of a file is left."""
 
 import os
 import pathlib
+import select
 import shutil
 import subprocess
 import sys
@@ -43,6 +44,7 @@ MADE = [
     ("points n.dc -o n-1.csv", ["n-1.csv"]),
     ("plot n.dc n-1.svg", ["n-1.svg"]),
 ]
+BIG_SIZE = 48518296  # of the DC file of a job of 60 million bytes
 NAMES = ["a name of blanks", "Gr\u00fcnwald \u4e2d\u6587 \u00e9t\u00e9", "x" * 200, "\u00e9" * 100]
 
 
@@ -110,6 +112,38 @@ class FailuresTest(unittest.TestCase):
     def ask_for_posix(self):
         if ON_WINDOWS or os.name != "posix":
             self.skipTest("POSIX alone")
+
+    @staticmethod
+    def is_whole(path):
+        return path.suffix == ".dc" and path.stat().st_size == BIG_SIZE
+
+    # Wine gives programs a console where its standard streams are a terminal.
+    @unittest.skipUnless("INTERRUPT" in os.environ, "needs a program that presses Ctrl-C on Windows")
+    def test_interrupt_on_windows(self):
+        import pty
+
+        job = (ROOT / "examples/boundary.job").read_bytes()
+        records = job[int.from_bytes(job[30:34], "little") :]
+        for words in "convert big.job out/big.dc", "batch --to dc --out-dir out big.job 2.job --jobs 2":
+            with self.subTest(words):
+                (self.folder / "out").mkdir()
+                for name in "big.job", "2.job":
+                    (self.folder / name).write_bytes(job + records * (60_000_000 // len(records)))
+                leader, follower = pty.openpty()
+                arguments = [*HOST[:-1], os.environ["INTERRUPT"], "result", "out", HOST[-1], *words.split()]
+                run = subprocess.Popen(arguments, cwd=self.folder, stdin=follower, stdout=follower, stderr=follower)
+                os.close(follower)
+                while select.select([leader], [], [], 120)[0]:
+                    try:
+                        os.read(leader, 1 << 16)
+                    except OSError:  # the terminal is closed
+                        break
+                self.assertEqual(run.wait(), 0)
+                self.assertEqual((self.folder / "result").read_text(), "c000013a")
+                left = [path for path in (self.folder / "out").iterdir() if not self.is_whole(path)]
+                self.assertEqual(left, [])  # a batch may have made one of the files before
+                os.close(leader)
+                shutil.rmtree(self.folder / "out")
 
     def test_no_room(self):
         self.ask_for_posix()
