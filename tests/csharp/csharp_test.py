@@ -14,8 +14,17 @@ import tempfile
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 SOURCES = sorted((ROOT / "bindings/csharp").glob("*.cs"))
 NAMES = [b"plain", "\u00e9t\u00e9".encode(), "\U0001d538\U0001f600".encode(), b"\xff\x80" + "\U0001f600".encode()]
-SIZES = """#include <windows.h>
-_Static_assert(sizeof(wchar_t) == 2 && sizeof(WPARAM) == sizeof(void*), "");
+# The sizes of a function's result and of its arguments, by its convention (which 32-bit Windows tells apart).
+SIZES = """#include <type_traits>
+#include <windows.h>
+#include <zelconvert/zelconvert.h>
+template <int...> struct Sizes {};
+template <class T> constexpr int kSize = sizeof(T);
+template <> constexpr int kSize<void> = 0;
+template <class R, class... A> Sizes<kSize<R>, kSize<A>...> System(R (__stdcall*)(A...));
+template <class R, class... A> Sizes<kSize<R>, kSize<A>...> Library(R (__cdecl*)(A...));
+constexpr int P = sizeof(void*);
+static_assert(sizeof(wchar_t) == 2);
 """
 
 
@@ -60,16 +69,34 @@ def test_page(library, work):
         assert told.stdout == expected, told.stdout
 
 
+def size(declared):
+    sizes = {"void": "0", "byte": "1", "int": "4", "uint": "4"}
+    return sizes.get(declared.replace("[Out] ", "").split(" ")[0], "P")
+
+
+def assertion(kind, function, result, parameters):
+    sizes = ", ".join(map(size, [result, *re.split(r",\s*", parameters)] if parameters else [result]))
+    return f'static_assert(std::is_same_v<decltype({kind}({function})), Sizes<{sizes}>>, "{function}");\n'
+
+
 def test_windows():
-    """The constants that the binding declares are those of the system's headers."""
-    compiler = shutil.which("x86_64-w64-mingw32-gcc-posix")
-    if not compiler:
-        return
+    """What the binding declares of Windows is what the system's headers and ours have for it."""
     text = (ROOT / "bindings/csharp/NativeMethods.cs").read_text()
-    values = {name: re.search(rf"\b{name} = (-\d+);", text)[1] for name in ("HwndMessage", "GwlpWndProc")}
-    source = SIZES + f"""_Static_assert(GWLP_WNDPROC == {values['GwlpWndProc']}, "");
-    int HwndMessageIs[(LONG_PTR)HWND_MESSAGE == {values['HwndMessage']} ? 1 : -1];"""
-    subprocess.run([compiler, "-xc", "-w", "-fsyntax-only", "-"], input=source, text=True, check=True)
+    library, system = text.split("class WindowsMethods")[0].split("class PosixMethods")[0], text.split("class WindowsMethods")[1]
+    functions = r"static extern (\w+) (\w+)\(\s*([^)]*)\)"
+    lines = [assertion("Library", f"&{name}", result, rest) for result, name, rest in re.findall(functions, library)]
+    lines += [assertion("System", f"&{name}", result, rest) for result, name, rest in re.findall(functions, system)]
+    assert len(lines) == 11 + 8, lines
+    procedure = re.search(r"delegate (\w+) WindowsProcedure\(([^)]*)\)", text)
+    lines.append(assertion("System", "WNDPROC()", *procedure.groups()))
+    for name, value in (("GwlpWndProc", "GWLP_WNDPROC"), ("HwndMessage", "(LONG_PTR)HWND_MESSAGE")):
+        lines.append(f"int {name}[{value} == {re.search(rf'{name} = (-.*);', text)[1]} ? 1 : -1];\n")
+    for bits, machine in ((64, "x86_64"), (32, "i686")):
+        compiler = shutil.which(f"{machine}-w64-mingw32-g++-posix")
+        if compiler:  # 64-bit programs don't call SetWindowLongW
+            source = SIZES + "".join(line for line in lines if bits == 32 or "&SetWindowLongW" not in line)
+            command = [compiler, "-std=c++20", "-xc++", "-fsyntax-only", f"-I{ROOT}/include", "-"]
+            subprocess.run(command, input=source, text=True, check=True)
 
 
 def main():
