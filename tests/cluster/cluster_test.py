@@ -15,6 +15,7 @@ import types
 import unittest
 from unittest import mock
 
+import dask
 import fsspec
 from distributed import Client, LocalCluster
 
@@ -43,6 +44,7 @@ def convert_or_die(plan, items):
 class ClusterTest(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
+        dask.config.set({"distributed.comm.timeouts.connect": "120s"})  # of a machine with much to do
         cls.local = LocalCluster(n_workers=2, threads_per_worker=1, dashboard_address=":0")
         cls.client = Client(cls.local)
         cls.addClassCleanup(cls.local.close)

@@ -235,9 +235,9 @@ class CallTest(TemporaryFolderTest):
         source = os.fsencode(self.folder) + b"/\xff.job"
         shutil.copy(EXAMPLES / "boundary.job", source)
         output = self.folder / os.fsdecode(b"\xfe.dc")
-        zelconvert.convert(os.fsdecode(source), output)
+        done = zelconvert.convert(os.fsdecode(source), output)
         zelconvert.convert(EXAMPLES / "boundary.job", self.folder / "a.dc")
-        self.assertEqual(output.stat().st_size, (self.folder / "a.dc").stat().st_size)
+        self.assertEqual(done.output.stat().st_size, (self.folder / "a.dc").stat().st_size)
 
     def test_program(self):
         run = subprocess.run([sys.executable, "-m", "zelconvert", "convert", "away.raw", "a.dc"],

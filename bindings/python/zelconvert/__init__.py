@@ -123,10 +123,9 @@ def convert(
         "verify": verify,
     }
     told = run("convert", options, progress)
-    files = tuple(Path(file) for file in told["files"])
-    return Conversion(
-        told["from"], told["to"], files[0], files, tuple(told["messages"]), told.get("warning")
-    )
+    made = Path(os.path.abspath(output))  # a name that is no UTF-8 has another in the answer
+    files = (made, *map(Path, told["files"][1:]))
+    return Conversion(told["from"], told["to"], made, files, tuple(told["messages"]), told.get("warning"))
 
 
 def convert_bytes(
