@@ -101,8 +101,8 @@ export class FileView {
     const kind = item.inputType ? this.#session.typeOf(item.inputType)?.description.trim() : null;
     const told = [
       kind ? `${kind} (${item.inputType})` : "Type not told", formatSize(item.file.size),
-      item.info ? summaryOf(item.info) : item.isRead ? null : "reading \u2026",
-      item.first && `until then what its first ${formatSize(item.first.part.size)} hold`,
+      item.first && `its first ${formatSize(item.first.part.size)}`,
+      item.info ? summaryOf(item.info) : item.isRead ? null : item.first ? "reading the rest \u2026" : "reading \u2026",
     ];
     setText(this.#fact, told.filter(Boolean).join(" \u00b7 "));
     const key = this.#info ?? (item.isRead ? item.failure : null);

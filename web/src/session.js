@@ -187,7 +187,8 @@ export class Session extends EventTarget {
 
   async merge({ a, b }) {
     const [{ files: [first] }, { files: [second] }] = await Promise.all([this.#filesOf(a), this.#filesOf(b)]);
-    return this.#making.merge({ a: first, b: second });
+    const made = await this.#making.merge({ a: first, b: second });
+    return { ...made, warning: made.warning?.replace(/\bOUT\b/, "the new job") ?? null };
   }
 
   /** Converts one file after those that wait; what came of it stands in its `conversion`. */
