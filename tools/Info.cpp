@@ -127,15 +127,17 @@ double ParameterValue(double value, ParameterKind kind) {
 }
 
 void InfoMaker::TakeSystem() {
-  if (!m_survey.hasSystem) return;
   const CGlkProjectionRecord& system = m_survey.system;
+  const bool isNamed = !(system.zoneGroupName + system.zoneName + system.datumName).empty();
+  if (!m_survey.hasSystem && !isNamed) return;
   InfoSystem& shown = m_info.system.emplace();
   shown.epsg = m_survey.epsg;
-  shown.projection = NameOfProjection(system.projectionId);
   shown.zoneGroup = Utf8(system.zoneGroupName);
   shown.zone = Utf8(system.zoneName);
   shown.datum = Utf8(system.datumName);
   shown.ellipsoid = Utf8(system.ellipsoidName);
+  if (!m_survey.hasSystem) return;
+  shown.projection = NameOfProjection(system.projectionId);
   for (const Parameter& parameter : kParameters) {
     const double value = system.*parameter.member;
     if (IsNull(value) || !std::isfinite(value)) continue;
@@ -265,7 +267,7 @@ Json SystemToJson(const std::optional<InfoSystem>& system) {
   Json::Object parameters;
   for (const auto& [name, value] : system->parameters) parameters.emplace_back(name, value);
   return Json::Object{{"epsg", OrNull(system->epsg)},
-                      {"projection", system->projection},
+                      {"projection", TextOrNull(system->projection)},
                       {"zoneGroup", TextOrNull(system->zoneGroup)},
                       {"zone", TextOrNull(system->zone)},
                       {"datum", TextOrNull(system->datum)},

@@ -27,7 +27,8 @@ struct InfoRoad {
 };
 struct InfoSystem {
   std::optional<int> epsg;
-  std::string projection, zoneGroup, zone, datum, ellipsoid;
+  std::string projection;  ///< empty where the file names the system alone
+  std::string zoneGroup, zone, datum, ellipsoid;
   /// Of projection and ellipsoid, those that the file tells: degrees, metres, ratios.
   std::vector<std::pair<std::string, double>> parameters;
 };

@@ -105,7 +105,9 @@ void InfoText::AddSystem() {
   }
   if (system.epsg) names += (names.empty() ? "EPSG:" : ", EPSG:") + std::to_string(*system.epsg);
   Line("system", names.empty() ? system.projection : names);
-  if (!names.empty()) Line("projection", system.projection);
+  const bool isNamedAlone = system.projection.empty();
+  const std::string scale = m_info.scale == 1 ? "" : ", scale " + Shortest(m_info.scale);
+  if (!names.empty()) Line("projection", isNamedAlone ? "not told" + scale : system.projection);
 }
 
 void InfoText::AddContents() {
