@@ -205,7 +205,8 @@ export interface Info {
 export interface CoordinateSystem {
   /** Only where projection and datum are those of this code. */
   epsg: number | null;
-  projection: string;
+  /** Null where the file names a system without telling it. */
+  projection: string | null;
   zoneGroup: string | null;
   zone: string | null;
   datum: string | null;

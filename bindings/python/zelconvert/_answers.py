@@ -164,7 +164,7 @@ class RecordCount(TypedDict):
 
 class CoordinateSystem(TypedDict):
     epsg: Optional[int]  # only where projection and datum are those of this code
-    projection: str
+    projection: Optional[str]  # None where the file names a system without telling it
     zoneGroup: Optional[str]
     zone: Optional[str]
     datum: Optional[str]
