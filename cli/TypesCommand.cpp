@@ -31,8 +31,10 @@ Json::List DescribeRecords(const TypeInfo& from) {
 Json::List DescribeChanges(const TypeInfo& from) {
   Json::List changes;
   for (const tools::RecordChange& change : tools::GetRecordChanges(from.type)) {
+    Json::List outputs = NamesAmong(from, change.outputs);
+    if (outputs.empty()) continue;  // of a pair, whose log alone goes there
     changes.emplace_back(Json::Object{{"records", std::string(change.records)},
-                                      {"outputs", NamesAmong(from, change.outputs)},
+                                      {"outputs", std::move(outputs)},
                                       {"becomes", std::string(change.text)}});
   }
   return changes;

@@ -42,10 +42,10 @@ CALLS = [
     ("batch --to cr5 --out-dir n n.job n.2.job --jobs 1 --keep-going --report -", 1, True),
     ("batch --to dc --out-dir n n.job n.raw --keep-going --json", 2, False),
     ("batch --to dc --out-dir out n.job --report n.log", 0, False),
-    ("convert n.job n.dc --job n.x", 2, False),
+    ("convert n.job n.dc --job n.x", 2, False), ("convert n.raw n.out.dc --job n.bad.job", 0, True),
 ]
 INPUTS = {".job": "control.job", ".2.job": "boundary.job", ".dc": "ridge-road.dc", ".raw": "mill-creek.raw",
-          ".sdr": "mill-creek.sdr", ".x": "ridge-control.dc"}
+          ".sdr": "mill-creek.sdr", ".x": "ridge-control.dc", ".bad.job": "ridge-control.dc"}
 CONTROLS = re.compile("[\x00-\x09\x0b-\x1f\x7f-\x9f\u2028-\u202e\u2066-\u2069\ufffd]")
 
 # Names of roads and templates, and of the files that they may become: eight letters, digits, "$", "-" and "_" at most.
@@ -105,7 +105,7 @@ class HostileTest(unittest.TestCase):
     # Names of points, codes and the name of the job, of a DC file and of a log.
     def hostile_contents(self):
         dc = (EXAMPLES / "ridge-control.dc").read_bytes().replace(b"RIDGE ROAD", b"R\x1b[2J\x07\x08\x7fXX")
-        dc = dc.replace(b"             RC1", b"          \x1b]0;x\x07").replace(b"FENCE ", b"\x1b[2J\t\t")
+        dc = dc.replace(b"             RC1", b"          \x1b]0;x\x07").replace(b"FENCE ", b"\x1b[2J\t\x7f")
         raw = (EXAMPLES / "mill-creek.raw").read_bytes().replace(b"NMMILL CREEK", b"NM\x1b[2J\x9b31m").replace(b"--EP", b"--\x1b[1m")
         (self.folder / "n.dc").write_bytes(dc)
         (self.folder / "n.raw").write_bytes(raw)
