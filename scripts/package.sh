@@ -42,7 +42,7 @@ removal() { # folder
 # An installer and a zip file, in which the 32-bit library is too.
 package_windows() {
   local version work
-  cmake --preset mingw64 --log-level=WARNING
+  cmake --preset mingw64 --log-level=WARNING -DZELCONVERT_BUILD_TESTS=OFF # which need more to be there
   cmake --build --preset mingw64 -j "$jobs" --target zelconvert zelconvert-host
   cmake --preset mingw32 --log-level=WARNING
   cmake --build --preset mingw32 -j "$jobs" --target zelconvert

@@ -8,7 +8,8 @@ build=${1:-build/release}
 
 if [ $# = 0 ]; then
   scripts/setup.sh python
-  cmake --preset release --log-level=WARNING
+  # Without what only tests and benchmarks need; the next who configures it so has them again.
+  cmake --preset release --log-level=WARNING -DZELCONVERT_BUILD_TESTS=OFF -DZELCONVERT_BUILD_BENCHMARKS=OFF
   cmake --build --preset release --target zelconvert zelconvert-host zelconvert_tools_library
 fi
 rm -rf "$folder"
