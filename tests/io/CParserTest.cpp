@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
+#include <random>
+#include <span>
 #include <vector>
 
 #include "CaseFile.h"
@@ -80,6 +83,82 @@ TEST(CQuickSort, OrdersEqualKeysAsItAlwaysDoes) {
   EXPECT_EQ(Sorted("3a3b3c3d3e3f3g3h"), "3b3c3d3e3f3g3h3a");
   EXPECT_EQ(Sorted("3a3b3c3d3e3f3g3h3i"), "3e3b3c3d3a3f3g3h3i");
   EXPECT_EQ(Sorted("4 1 9a7 5 3 9b2 8 "), "1 2 3 4 5 7 8 9a9b");
+}
+
+struct Element {
+  int key, place;
+  bool operator==(const Element&) const = default;
+};
+
+// The same sort in its plainest form, which takes time by the square of some inputs.
+void SortPlainly(std::span<Element> all) {
+  const auto isLess = [](const Element& a, const Element& b) { return a.key < b.key; };
+  if (all.size() <= 8) {
+    for (; all.size() > 1; all = all.first(all.size() - 1)) {
+      std::swap(*std::max_element(all.begin(), all.end(), isLess), all.back());
+    }
+    return;
+  }
+  std::swap(all[all.size() / 2], all[0]);
+  std::size_t up = 0, down = all.size();
+  for (;;) {
+    while (++up < all.size() && all[up].key <= all[0].key) continue;
+    while (--down > 0 && all[down].key >= all[0].key) continue;
+    if (down < up) break;
+    std::swap(all[up], all[down]);
+  }
+  std::swap(all[0], all[down]);
+  SortPlainly(all.first(down));
+  SortPlainly(all.subspan(up));
+}
+
+long g_comparisons = 0;
+
+// The number of comparisons for each element.
+double Sort(std::vector<Element>& elements) {
+  g_comparisons = 0;
+  CQuickSort::Sort(
+      elements.data(), elements.size(), sizeof(Element), [](const void* a, const void* b) {
+        ++g_comparisons;
+        return static_cast<const Element*>(a)->key - static_cast<const Element*>(b)->key;
+      });
+  return static_cast<double>(g_comparisons) / static_cast<double>(elements.size());
+}
+
+std::vector<Element> RandomElements(std::mt19937& random, int count, int keys) {
+  std::vector<Element> elements;
+  for (int i = 0; i < count; ++i) {
+    elements.push_back({static_cast<int>(random() % static_cast<unsigned>(keys)), i});
+  }
+  return elements;
+}
+
+TEST(CQuickSort, LeavesTheOrderOfThePlainSort) {
+  std::mt19937 random(1);
+  for (const int count : {9, 16, 17, 100, 257, 2000}) {
+    for (const int keys : {1, 2, 3, 7, 1000000}) {
+      for (int times = 0; times < 20; ++times) {
+        std::vector<Element> elements = RandomElements(random, count, keys), plain;
+        if (times % 4 == 1)
+          std::stable_sort(elements.begin(), elements.end(),
+                           [](auto& a, auto& b) { return a.key > b.key; });
+        plain = elements;
+        Sort(elements);
+        SortPlainly(plain);
+        ASSERT_EQ(elements, plain) << count << " of " << keys;
+      }
+    }
+  }
+}
+
+TEST(CQuickSort, TakesNoLongerOverEqualKeys) {
+  std::mt19937 random(1);
+  for (const int keys : {1, 2, 3, 1000000}) {
+    std::vector<Element> few = RandomElements(random, 4000, keys);
+    std::vector<Element> many = RandomElements(random, 64000, keys);
+    const double ofFew = Sort(few);
+    EXPECT_LT(Sort(many), 1.5 * ofFew) << keys;  // for each element, of 16 times as many
+  }
 }
 
 }  // namespace
