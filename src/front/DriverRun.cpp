@@ -61,7 +61,9 @@ class OutputGuard {
 };
 
 bool Fail(Report& report, DriverText text, const std::wstring& path) {
-  return report.Refuse(FormatDriverText(text, path));
+  const std::wstring line = FormatDriverText(text, path);
+  if (!report.messages.empty() && report.messages.back() == line) return false;
+  return report.Refuse(line);
 }
 
 // Conversions report what they expect to go wrong by a result. What their formats have no answer
@@ -86,7 +88,25 @@ bool Finish(const ConvertRequest& request, Report& report, const DriverRun& run,
   const FileState state = CloseAll(run);
   if (state == FileState::WriteFailed) return Fail(report, DriverText::CannotWrite, request.output);
   if (state == FileState::Intact) return converted;
-  return converted && Fail(report, DriverText::CannotConvert, request.input);
+  return Fail(report, DriverText::CannotConvert, request.input);
+}
+
+bool RunSteps(const ConvertRequest& request, Report& report, const DriverRun& run) {
+  if (!FileExists(request.input)) return Fail(report, run.missing, request.input);
+  const WritableWhile writable(request.input);
+  if (!run.openInput()) return Fail(report, DriverText::CannotOpen, request.input);
+  OutputGuard output(request.output, report);
+  // An output that is the input would be emptied before it is read.
+  if (platform::IsSameFile(request.input, request.output) || !run.createOutput()) {
+    output.Keep();
+    CloseAll(run);
+    return Fail(report, DriverText::CannotCreate, request.output);
+  }
+
+  if (!Finish(request, report, run, Convert(request, report, run))) return false;
+  report.files.push_back(request.output);
+  output.Keep();
+  return true;
 }
 
 }  // namespace
@@ -100,21 +120,13 @@ void RemoveOutput(const std::wstring& output) {
   if (found && !found->isReadOnly) platform::RemoveFile(output);
 }
 
+// Outside of the conversion, too, memory may be short.
 bool Execute(const ConvertRequest& request, Report& report, const DriverRun& run) {
-  if (!FileExists(request.input)) return Fail(report, run.missing, request.input);
-  const WritableWhile writable(request.input);
-  if (!run.openInput()) return Fail(report, DriverText::CannotOpen, request.input);
-  // An output that is the input would be emptied before it is read.
-  if (platform::IsSameFile(request.input, request.output) || !run.createOutput()) {
-    CloseAll(run);
-    return Fail(report, DriverText::CannotCreate, request.output);
+  try {
+    return RunSteps(request, report, run);
+  } catch (...) {
+    return Fail(report, DriverText::CannotConvert, request.input);
   }
-
-  OutputGuard output(request.output, report);
-  if (!Finish(request, report, run, Convert(request, report, run))) return false;
-  report.files.push_back(request.output);
-  output.Keep();
-  return true;
 }
 
 }  // namespace zelconvert

@@ -187,17 +187,25 @@ class TemporaryJob {
 
 using Stage = bool (*)(const ConvertRequest& request, Report& report);
 
-bool ThroughJob(const ConvertRequest& request, Stage toJob, Stage fromJob) {
-  if (platform::IsSameFile(request.input, request.output)) return false;
-
+// True when both stages are. `made`: what the first one reports.
+bool RunStages(const ConvertRequest& request, Stage toJob, Stage fromJob, Report& made) {
   const TemporaryJob job(GetFolder(request.output));
   ConvertRequest first = request, second = request;
   first.output = second.input = job.GetPath();
   first.outputType = second.inputType = FT_JOB;
-  Report made, ignored;
-  if (!toJob(first, made)) return false;
-  if (fromJob(second, ignored)) return true;
-  RemoveOutput(request.output);
+  Report ignored;
+  return toJob(first, made) && fromJob(second, ignored);
+}
+
+// Nobody is told why such a conversion fails, not even if memory is short.
+bool ThroughJob(const ConvertRequest& request, Stage toJob, Stage fromJob) {
+  if (platform::IsSameFile(request.input, request.output)) return false;
+  Report made;
+  try {
+    if (RunStages(request, toJob, fromJob, made)) return true;
+  } catch (...) {
+  }
+  if (!made.files.empty()) RemoveOutput(request.output);
   RemoveFiles(made.beside);
   return false;
 }

@@ -88,9 +88,15 @@ void HandOver(TextArray texts, wchar_t*** target) {
 bool Convert(const ConvertRequest& request, wchar_t*** files, wchar_t*** messages) {
   Report report;
   const bool converted = RunConversion(request, report);
-  TextArray fileTexts = MakeTexts(report.files);
-  HandOver(MakeTexts(report.messages), messages);
-  HandOver(std::move(fileTexts), files);
+  try {
+    TextArray fileTexts = MakeTexts(report.files);
+    HandOver(MakeTexts(report.messages), messages);
+    HandOver(std::move(fileTexts), files);
+  } catch (...) {  // a failure for the host, which leaves nothing
+    RemoveFiles(report.files);
+    RemoveFiles(report.beside);
+    throw;
+  }
   return converted;
 }
 

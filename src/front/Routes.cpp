@@ -44,8 +44,12 @@ const Route* FindRoute(int inputType, int outputType) {
 
 bool RunConversion(const ConvertRequest& request, Report& report) {
   const Route* route = FindRoute(request.inputType, request.outputType);
-  if (route != nullptr) return route->run(request, report);
-  return report.Refuse(FormatDriverText(DriverText::NotSupported));
+  if (route == nullptr) return report.Refuse(FormatDriverText(DriverText::NotSupported));
+  try {
+    return route->run(request, report);
+  } catch (...) {  // memory is short before there is a file
+    return report.Refuse(FormatDriverText(DriverText::CannotConvert, request.input));
+  }
 }
 
 }  // namespace zelconvert

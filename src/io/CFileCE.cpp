@@ -24,8 +24,10 @@ char16_t CharacterAt(const char* bytes, std::size_t size, bool bBigEndian) {
 bool CFileCE::Open(const std::wstring& path, std::uint32_t flags) {
   if (IsOpen()) return false;
   SetBufferSize((flags & kAnyWriteBit) ? kReadWriteKilobytes : kReadOnlyKilobytes);
+  std::wstring opened = path;  // no exception leaves a file that was made and that nobody knows of
   if (!m_File.Open(path, flags & ~kTextModeBits)) return false;
-  m_strPath = path;
+  m_strPath.swap(opened);
+  m_bMade = (flags & platform::kAccessCreate) != 0;
   m_nCachedLength = kUnknown;
   m_nEndMark = kUnknown;
   m_bWriteFailed = false;
@@ -148,12 +150,17 @@ bool CFileCE::Seek(std::int64_t offset, platform::SeekFrom from) {
   ClearReadState();
   const auto position = m_File.Seek(target, platform::SeekFrom::Begin);
   m_nCachedPos = position.value_or(kUnknown);
+  if (!position) NoteRefusal();
   return position.has_value();
 }
 
 std::int64_t CFileCE::GetLength() {
   if (!IsOpen()) return 0;
-  if (m_nCachedLength == kUnknown) m_nCachedLength = m_File.Length().value_or(0);
+  if (m_nCachedLength == kUnknown) {
+    const auto length = m_File.Length();
+    if (!length) NoteRefusal();
+    m_nCachedLength = length.value_or(0);
+  }
   if (m_strHeldBack.empty()) return m_nCachedLength;
   return std::max(m_nCachedLength, GetPosition());
 }
@@ -271,6 +278,7 @@ bool CFileCE::WritePlatform(const void* buffer, std::size_t count) {
 std::int64_t CFileCE::PlatformPosition() {
   if (m_nCachedPos == kUnknown && IsOpen()) {
     m_nCachedPos = m_File.Seek(0, platform::SeekFrom::Current).value_or(kUnknown);
+    if (m_nCachedPos == kUnknown) NoteRefusal();
   }
   return std::max<std::int64_t>(m_nCachedPos, 0);
 }
@@ -280,11 +288,12 @@ void CFileCE::ClearReadState() {
   m_nLinePos = m_nLineLeft = 0;
 }
 
-// Puts the system's position back to where the reader is; a refusal leaves it, and all goes on.
+// Puts the system's position back to where the reader is.
 void CFileCE::DiscardReadBuffer() {
   if (m_nBufferLeft > 0 && IsOpen()) {
     const auto position = m_File.Seek(GetPosition(), platform::SeekFrom::Begin);
     if (position) m_nCachedPos = *position;
+    if (!position) NoteRefusal();
   }
   ClearReadState();
 }

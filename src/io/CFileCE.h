@@ -52,9 +52,11 @@ class CFileCE {
   /// False at once if the line reader holds unread characters. The bytes reach the platform in
   /// blocks: a full disk may show at a later call, at Close, and in HasWriteFailed.
   bool Write(const void* buffer, std::size_t count);
-  /// True once any write, flush or close has failed since Open.
+  /// True once any write, flush or close has failed since Open; in a file that was made, or
+  /// emptied, a seek that the system refused, too.
   bool HasWriteFailed() const { return m_bWriteFailed; }
-  /// True once the system has failed a read since Open; the reader above saw the end of the file.
+  /// True once the system has failed a read, or a seek in a file that was there, since Open; the
+  /// reader above saw the end of the file.
   bool HasReadFailed() const { return m_bReadFailed; }
 
   /// The next line without its line end (LF or CR LF), in `text`, whose memory is reused. False at
@@ -106,6 +108,7 @@ class CFileCE {
   std::int64_t PlatformPosition();
   void ClearReadState();
   void DiscardReadBuffer();
+  void NoteRefusal() { (m_bMade ? m_bWriteFailed : m_bReadFailed) = true; }
 
   platform::File m_File;
   std::wstring m_strPath;
@@ -127,6 +130,7 @@ class CFileCE {
   std::int64_t m_nCachedLength = kUnknown;
   std::int64_t m_nEndMark = kUnknown;  // where the line reader stops
   bool m_bUnicode;
+  bool m_bMade = false;  // or emptied, when it was opened
   bool m_bWriteFailed = false;
   bool m_bReadFailed = false;
 };

@@ -79,9 +79,9 @@ std::optional<Attributes> GetAttributes(const std::wstring& path);
 /// Makes the file writable for its owner, all else as `found`.
 bool ClearReadOnly(const std::wstring& path, const Attributes& found);
 /// Puts back what GetAttributes found. Both are false if the system refuses.
-bool RestoreAttributes(const std::wstring& path, const Attributes& found);
+bool RestoreAttributes(const std::wstring& path, const Attributes& found) noexcept;
 /// Deletes a file, open or not; false if absent or refused. Devices stay.
-bool RemoveFile(const std::wstring& path);
+bool RemoveFile(const std::wstring& path) noexcept;
 enum class NewFile { Made, Taken, Refused };
 /// Makes an empty file of a name that nothing has, not even a link to nowhere: of all who ask at
 /// once, one makes it. Refused: by the system, for whatever else.

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <string>
 #include <unordered_map>
+#include <utility>
 
 #include "convert/ConversionBase.h"
 #include "io/Paths.h"
@@ -27,9 +28,7 @@ class CRoadFiles {
   [[nodiscard]] bool CreateRoad(const std::wstring& roadName, CRd5File& file,
                                 std::wstring& fileName) {
     fileName = m_roadNames.Give(CleanRoadName(roadName));
-    const std::wstring path = PathOf(fileName, kRoadExtension);
-    if (!file.OpenForWrite(path)) return false;
-    m_report.beside.push_back(path);
+    if (!Create(file, PathOf(fileName, kRoadExtension))) return false;
     TellName(road_texts::kRoadRenamed, roadName, fileName);
     return true;
   }
@@ -45,10 +44,8 @@ class CRoadFiles {
       return true;
     }
     fileName = m_templateNames.Give(clean);
-    const std::wstring path = PathOf(fileName, kTemplateExtension);
     CTp5File file;
-    if (!file.OpenForWrite(path)) return false;
-    m_report.beside.push_back(path);
+    if (!Create(file, PathOf(fileName, kTemplateExtension))) return false;
     TellName(road_texts::kTemplateRenamed, templateName, fileName);
     file.WriteTH(form);
     for (const TEMPLATE_SEGMENT& segment : form.segments) file.WriteTS(segment);
@@ -71,6 +68,17 @@ class CRoadFiles {
 
   std::wstring PathOf(const std::wstring& fileName, std::wstring_view extension) const {
     return (m_folder + fileName).append(extension);
+  }
+
+  /// Its place in the report comes first, so that no file is made that nobody takes away again.
+  bool Create(CFileCE& file, std::wstring path) {
+    m_report.beside.emplace_back();
+    if (!file.OpenForWrite(path)) {
+      m_report.beside.pop_back();
+      return false;
+    }
+    m_report.beside.back() = std::move(path);
+    return true;
   }
 
   /// Against the file and not against what was written into it: templates need no room in memory.

@@ -318,6 +318,8 @@ TEST(DriverRun, EndsEveryWayWithItsFilesClosed) {
       {"no memory", []() -> bool { throw std::bad_alloc(); }, kIntact, true},
       {"lost data", succeed, kWriteFailed, false, true},
       {"broken drive", succeed, kReadFailed, true},
+      {"broken drive, told otherwise", [] { return false; }, kReadFailed, true},
+      {"broken drive, told already", fail, kReadFailed, true},
       {"both", fail, kWriteFailed, true, true},
   };
   for (const auto& each : cases) {

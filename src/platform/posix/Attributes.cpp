@@ -10,14 +10,14 @@ namespace {
 constexpr mode_t kPermissions = 07777;
 
 bool SetPermissions(const std::wstring& path, mode_t mode) {
-  return chmod(ToSystemPath(path).c_str(), mode) == 0;
+  return chmod(SystemPath(path).c_str(), mode) == 0;
 }
 
 }  // namespace
 
 std::optional<Attributes> GetAttributes(const std::wstring& path) {
   struct stat found {};
-  if (stat(ToSystemPath(path).c_str(), &found) != 0) return std::nullopt;
+  if (stat(SystemPath(path).c_str(), &found) != 0) return std::nullopt;
   Attributes attributes;
   attributes.isDirectory = S_ISDIR(found.st_mode);
   attributes.isReadOnly = (found.st_mode & S_IWUSR) == 0;
@@ -29,12 +29,12 @@ bool ClearReadOnly(const std::wstring& path, const Attributes& found) {
   return SetPermissions(path, found.word | S_IWUSR);
 }
 
-bool RestoreAttributes(const std::wstring& path, const Attributes& found) {
+bool RestoreAttributes(const std::wstring& path, const Attributes& found) noexcept {
   return SetPermissions(path, found.word);
 }
 
-bool RemoveFile(const std::wstring& path) {
-  const std::string name = ToSystemPath(path);
+bool RemoveFile(const std::wstring& path) noexcept {
+  const SystemPath name(path);
   struct stat found {};
   if (lstat(name.c_str(), &found) != 0) return false;
   if (!S_ISREG(found.st_mode) && !S_ISLNK(found.st_mode)) return false;
@@ -44,9 +44,8 @@ bool RemoveFile(const std::wstring& path) {
 bool IsSameFile(const std::wstring& path, const std::wstring& other) {
   struct stat one {};
   struct stat two {};
-  return stat(ToSystemPath(path).c_str(), &one) == 0 &&
-         stat(ToSystemPath(other).c_str(), &two) == 0 && one.st_dev == two.st_dev &&
-         one.st_ino == two.st_ino;
+  return stat(SystemPath(path).c_str(), &one) == 0 && stat(SystemPath(other).c_str(), &two) == 0 &&
+         one.st_dev == two.st_dev && one.st_ino == two.st_ino;
 }
 
 }  // namespace zelconvert::platform

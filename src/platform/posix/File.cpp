@@ -65,8 +65,18 @@ auto Retry(Call call) {
   return result;
 }
 
-int OpenDescriptor(const std::string& name, std::uint32_t access) {
-  return Retry([&] { return open(name.c_str(), OpenFlags(access), 0666); });
+int OpenDescriptor(const SystemPath& name, int flags) {
+  return Retry([&] { return open(name.c_str(), flags, 0666); });
+}
+
+// False if there is no memory for it.
+bool Enter(std::vector<OpenFile>& list, const OpenFile& file) noexcept {
+  try {
+    list.push_back(file);
+  } catch (...) {
+    return false;
+  }
+  return true;
 }
 
 // Enters a file of data in the list, unless an open of it excludes this one; empties it if asked
@@ -82,8 +92,7 @@ bool Accept(int descriptor, std::uint32_t access) {
   if (truncate && S_ISREG(file.st_mode) && Retry([&] { return ftruncate(descriptor, 0); }) != 0) {
     return false;
   }
-  open.list.push_back({descriptor, file.st_dev, file.st_ino, access});
-  return true;
+  return Enter(open.list, {descriptor, file.st_dev, file.st_ino, access});
 }
 
 // Before the descriptor is closed: another thread may be given its number at once.
@@ -107,15 +116,19 @@ File::~File() {
 
 bool File::Open(const std::wstring& path, std::uint32_t access) {
   if (IsOpen()) return false;
-  const std::string name = ToSystemPath(path);
-  int descriptor = OpenDescriptor(name, access);
-  if (descriptor < 0 && !(access & kAccessCreate)) {
+  const SystemPath name(path);
+  const bool creates = (access & kAccessCreate) != 0;
+  int descriptor = creates ? OpenDescriptor(name, OpenFlags(access) | O_EXCL) : -1;
+  const bool isNew = descriptor >= 0;
+  if (!isNew) descriptor = OpenDescriptor(name, OpenFlags(access));
+  if (descriptor < 0 && !creates) {
     access = kOpenReadOnly;
-    descriptor = OpenDescriptor(name, access);
+    descriptor = OpenDescriptor(name, OpenFlags(access));
   }
   if (descriptor < 0) return false;
   if (!Accept(descriptor, access)) {
     close(descriptor);
+    if (isNew) unlink(name.c_str());
     return false;
   }
   m_pHandle->descriptor = descriptor;
@@ -174,9 +187,8 @@ bool File::Close() {
 }
 
 NewFile MakeNewFile(const std::wstring& path) {
-  const std::string name = ToSystemPath(path);
   constexpr int kFlags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
-  const int descriptor = Retry([&] { return open(name.c_str(), kFlags, 0666); });
+  const int descriptor = OpenDescriptor(SystemPath(path), kFlags);
   if (descriptor < 0) return errno == EEXIST ? NewFile::Taken : NewFile::Refused;
   close(descriptor);
   return NewFile::Made;

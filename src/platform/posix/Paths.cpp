@@ -2,6 +2,9 @@
 
 #include <unistd.h>
 
+#include <algorithm>
+#include <iterator>
+
 #include "platform/Platform.h"
 #include "platform/Utf8.h"
 
@@ -10,6 +13,20 @@ namespace {
 
 constexpr char32_t kRawByte = 0xDC00;  // plus a byte from 80 on
 
+// The bytes of a character that isn't zero: few enough for a string to hold in itself.
+std::string SystemBytes(wchar_t wide) {
+  const auto c = static_cast<char32_t>(wide);
+  std::string bytes;
+  if (wide == L'\\') {
+    bytes.push_back('/');
+  } else if (c >= kRawByte + 0x80 && c <= kRawByte + 0xFF) {
+    bytes.push_back(static_cast<char>(c - kRawByte));
+  } else {
+    AppendUtf8(bytes, c);
+  }
+  return bytes;
+}
+
 }  // namespace
 
 const wchar_t kPathSeparator = L'/';
@@ -17,17 +34,24 @@ const wchar_t kPathSeparator = L'/';
 std::string ToSystemPath(std::wstring_view path) {
   std::string bytes;
   for (const wchar_t wide : path) {
-    const auto c = static_cast<char32_t>(wide);
-    if (c == 0) return std::string();
-    if (wide == L'\\') {
-      bytes.push_back('/');
-    } else if (c >= kRawByte + 0x80 && c <= kRawByte + 0xFF) {
-      bytes.push_back(static_cast<char>(c - kRawByte));
-    } else {
-      AppendUtf8(bytes, c);
-    }
+    if (wide == L'\0') return std::string();
+    bytes += SystemBytes(wide);
   }
   return bytes;
+}
+
+SystemPath::SystemPath(std::wstring_view path) noexcept {
+  char* end = m_bytes;
+  for (const wchar_t wide : path) {
+    const std::string bytes = SystemBytes(wide);
+    const bool fits = end + bytes.size() < std::end(m_bytes);
+    if (wide == L'\0' || !fits) {
+      end = m_bytes;
+      break;
+    }
+    end = std::copy(bytes.begin(), bytes.end(), end);
+  }
+  *end = '\0';
 }
 
 std::wstring FromSystemPath(std::string_view path) {

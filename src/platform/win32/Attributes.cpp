@@ -10,6 +10,16 @@ bool SetAttributes(const std::wstring& path, DWORD word) {
   return SetFileAttributesW(ToSystemPath(path).c_str(), word ? word : FILE_ATTRIBUTE_NORMAL) != 0;
 }
 
+// False if there is no memory for the path.
+template <class Action>
+bool UnlessThrown(Action action) noexcept {
+  try {
+    return action();
+  } catch (...) {
+    return false;
+  }
+}
+
 // What stays the same by whatever path a file is reached. False if it isn't there.
 bool GetIdentity(const std::wstring& path, BY_HANDLE_FILE_INFORMATION& identity) {
   const HANDLE handle = CreateFileW(ToSystemPath(path).c_str(), FILE_READ_ATTRIBUTES,
@@ -37,12 +47,12 @@ bool ClearReadOnly(const std::wstring& path, const Attributes& found) {
   return SetAttributes(path, found.word & ~static_cast<DWORD>(FILE_ATTRIBUTE_READONLY));
 }
 
-bool RestoreAttributes(const std::wstring& path, const Attributes& found) {
-  return SetAttributes(path, found.word);
+bool RestoreAttributes(const std::wstring& path, const Attributes& found) noexcept {
+  return UnlessThrown([&] { return SetAttributes(path, found.word); });
 }
 
-bool RemoveFile(const std::wstring& path) {
-  return DeleteFileW(ToSystemPath(path).c_str()) != 0;
+bool RemoveFile(const std::wstring& path) noexcept {
+  return UnlessThrown([&] { return DeleteFileW(ToSystemPath(path).c_str()) != 0; });
 }
 
 bool IsSameFile(const std::wstring& path, const std::wstring& other) {
