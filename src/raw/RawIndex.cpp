@@ -41,13 +41,18 @@ void RawIndex::Add(std::wstring_view record) {
   if (kind == RawRecordType::MO) AddMode(record);
   if (kind == RawRecordType::LM || kind == RawRecordType::LH) m_hasLocalization = true;
   if (NAME_RECORD name; kind == RawRecordType::DP && CRawFile::Parse(record, name)) {
-    m_deletedPoints.insert_or_assign(std::wstring(name.name), line);
+    AddDeletion(name.name, line);
   }
   if (kind == RawRecordType::OC) AddOccupied(line, record);
   if (kind == RawRecordType::RP) m_askedNames.Insert(NameOf(record, L"PN", L"PN"));
   if (kind == RawRecordType::GP && m_isVectorOpen) AddGpsPoint(line, record);
   if (kGpsPointMarks.Contains(kind)) m_isVectorOpen = false;
   if (kind == RawRecordType::BL) m_isVectorOpen = true;
+}
+
+void RawIndex::AddDeletion(std::wstring_view name, std::int64_t line) {
+  if (m_deletedNames.Insert(name)) m_deletedAt.push_back(line);
+  m_deletedAt[*m_deletedNames.Find(name)] = line;
 }
 
 void RawIndex::AddMode(std::wstring_view record) {
@@ -101,9 +106,8 @@ std::int64_t RawIndex::Search::Next(const std::vector<RawRecordType>& lines, std
 }
 
 bool RawIndex::IsDeleted(std::wstring_view name, std::int64_t line) const {
-  if (m_deletedPoints.empty()) return false;
-  const auto found = m_deletedPoints.find(name);
-  return found != m_deletedPoints.end() && line < found->second;
+  const auto found = m_deletedNames.Find(name);
+  return found && line < m_deletedAt[*found];
 }
 
 bool RawIndex::OccupyIsSuperseded(std::int64_t line) {

@@ -5,12 +5,10 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "raw/CRawFile.h"
@@ -110,14 +108,8 @@ class RawIndex {
     GpsPointKind kind;
     std::wstring name;
   };
-  struct NameHash {
-    using is_transparent = void;
-    std::size_t operator()(std::wstring_view name) const {
-      return std::hash<std::wstring_view>()(name);
-    }
-  };
-
   void Add(std::wstring_view record);
+  void AddDeletion(std::wstring_view name, std::int64_t line);
   void AddMode(std::wstring_view record);
   void AddHeights(RawRecordType kind, std::int64_t line, std::wstring_view record);
   void AddOccupied(std::int64_t line, std::wstring_view record);
@@ -130,7 +122,8 @@ class RawIndex {
   std::vector<HeightsAhead> m_heights;
   std::vector<Occupied> m_occupied;
   std::vector<GpsPoint> m_gpsPoints;
-  std::unordered_map<std::wstring, std::int64_t, NameHash, std::equal_to<>> m_deletedPoints;
+  NameSet m_deletedNames;
+  std::vector<std::int64_t> m_deletedAt;  // the line of the last DP, by the name's number
   NameSet m_askedNames;
   MO_RECORD m_firstMode;
   std::optional<LinearUnit> m_unit;  // of the latest good MO
