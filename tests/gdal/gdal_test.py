@@ -103,7 +103,8 @@ class PluginTest(unittest.TestCase):
                 warnings = list((source.GetMetadata("WARNINGS") or {}).values())
                 self.assertEqual(warnings, [each["text"] for each in info["warnings"]])
                 system = source.GetLayer(0).GetSpatialRef()
-                code = info["system"] and str(info["system"]["epsg"])
+                epsg = info["system"] and info["system"]["epsg"]
+                code = str(epsg) if epsg else None
                 self.assertEqual(system and system.GetAuthorityCode(None), code)
                 self.assertEqual(source.GetMetadataItem("NO_GRID_SYSTEM") is None, system is not None)
 
