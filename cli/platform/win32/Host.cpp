@@ -239,11 +239,11 @@ ProgressWindow::~ProgressWindow() {
 
 // The folder is the user's own where profiles are, in which the system's temporary folder lies.
 bool MakeTemporaryFolder(const std::filesystem::path& path, std::error_code& error) {
+  static const bool isHandled = SetConsoleCtrlHandler(&CleanUp, TRUE) != 0;
   LeftBehind& left = GetLeftBehind();
   const std::lock_guard held(left.guard);
   if (fs::exists(path, error) || error || !fs::create_directory(path, error)) return false;
   left.folders.push_back({path, OpenFolder(path, FILE_SHARE_READ | FILE_SHARE_WRITE)});
-  static const bool isHandled = SetConsoleCtrlHandler(&CleanUp, TRUE) != 0;
   return isHandled;
 }
 

@@ -8,6 +8,12 @@
 #include "cli/platform/win32/Pipe.h"
 
 namespace zelconvert::cli::platform {
+
+struct RunningWorker {
+  HANDLE process = nullptr;  // null: waited for
+  HANDLE input = nullptr, output = nullptr;
+};
+
 namespace {
 
 [[noreturn]] void Throw() {
@@ -30,7 +36,7 @@ struct Workers {
   // Also while one starts, which must not inherit the streams of another: that wouldn't end with
   // them then.
   std::mutex guard;
-  std::vector<HANDLE> processes;
+  std::vector<RunningWorker> running;
 };
 
 // Never destroyed, as the user may break the program off while it ends.
@@ -40,11 +46,17 @@ Workers& GetWorkers() {
 }
 
 // Ctrl-C is for all processes of the console. The guard stays locked: this one ends when the others
-// have cleaned up.
+// have cleaned up. A worker that was just starting may have missed it: it ends with its input,
+// after the file that it has.
 BOOL WINAPI EndAfterWorkers(DWORD) {
+  constexpr DWORD kPatience = 20'000;  // milliseconds
   Workers& workers = GetWorkers();
   workers.guard.lock();
-  for (const HANDLE each : workers.processes) WaitForSingleObject(each, INFINITE);
+  for (const RunningWorker& each : workers.running) CloseHandle(each.input);
+  for (const RunningWorker& each : workers.running) {
+    if (WaitForSingleObject(each.process, kPatience) == WAIT_OBJECT_0) continue;
+    TerminateProcess(each.process, static_cast<UINT>(STATUS_CONTROL_C_EXIT));
+  }
   return TerminateProcess(GetCurrentProcess(), static_cast<UINT>(STATUS_CONTROL_C_EXIT));
 }
 
@@ -55,10 +67,7 @@ void StandStillIfEnding() {
 
 }  // namespace
 
-struct WorkerProcess::Handles {
-  HANDLE input = nullptr, output = nullptr;  // of the worker
-  HANDLE process = nullptr;                  // null: waited for
-};
+struct WorkerProcess::Handles : RunningWorker {};
 
 WorkerProcess::WorkerProcess(const std::string& argument) : m_pHandles(new Handles) {
   [[maybe_unused]] static const bool isHandled = SetConsoleCtrlHandler(&EndAfterWorkers, TRUE) != 0;
@@ -67,10 +76,10 @@ WorkerProcess::WorkerProcess(const std::string& argument) : m_pHandles(new Handl
   const Pipe input = MakePipe(&Pipe::read);
   const Pipe output = MakePipe(&Pipe::write);
   const std::wstring line = L"zelconvert " + std::wstring(argument.begin(), argument.end());
-  *m_pHandles = {input.write, output.read,
-                 StartProcess(ProgramPath().c_str(), line, input.read, output.write)};
+  *m_pHandles = {{StartProcess(ProgramPath().c_str(), line, input.read, output.write), input.write,
+                  output.read}};
   if (m_pHandles->process == nullptr) Throw();
-  workers.processes.push_back(m_pHandles->process);
+  workers.running.push_back(*m_pHandles);
   CloseHandle(input.read);
   CloseHandle(output.write);
 }
@@ -100,14 +109,16 @@ bool WorkerProcess::Read(char* bytes, std::size_t size) {
 }
 
 std::string WorkerProcess::Wait() {
-  if (m_pHandles->process == nullptr) return {};
+  const HANDLE process = m_pHandles->process;
+  if (process == nullptr) return {};
   CloseHandle(m_pHandles->input);
   CloseHandle(m_pHandles->output);
-  WaitForSingleObject(m_pHandles->process, INFINITE);
+  WaitForSingleObject(process, INFINITE);
   Workers& workers = GetWorkers();
   const std::lock_guard held(workers.guard);
-  std::erase(workers.processes, m_pHandles->process);
-  const DWORD code = WaitForEnd(m_pHandles->process);
+  std::erase_if(workers.running,
+                [&](const RunningWorker& each) { return each.process == process; });
+  const DWORD code = WaitForEnd(process);
   m_pHandles->process = nullptr;
   return "ended with code " + std::to_string(code);
 }
