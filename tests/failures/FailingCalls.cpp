@@ -63,6 +63,7 @@ using zelconvert::failing::g_state;
 using zelconvert::failing::Kind;
 using zelconvert::failing::Try;
 
+// NOLINTBEGIN: the linker has given the names
 extern "C" {
 
 int __real_open64(const char*, int, mode_t);
@@ -119,6 +120,7 @@ int __wrap_unlink(const char* path) {
   return Try("unlink", EBUSY, [&] { return __real_unlink(path); });
 }
 }
+// NOLINTEND
 
 void* operator new(std::size_t size) {
   void* const block = Fails(Kind::Allocation, "new") ? nullptr : std::malloc(size ? size : 1);

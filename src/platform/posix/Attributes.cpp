@@ -10,14 +10,14 @@ namespace {
 constexpr mode_t kPermissions = 07777;
 
 bool SetPermissions(const std::wstring& path, mode_t mode) {
-  return chmod(SystemPath(path).c_str(), mode) == 0;
+  return chmod(SystemPath(path).Get(), mode) == 0;
 }
 
 }  // namespace
 
 std::optional<Attributes> GetAttributes(const std::wstring& path) {
   struct stat found {};
-  if (stat(SystemPath(path).c_str(), &found) != 0) return std::nullopt;
+  if (stat(SystemPath(path).Get(), &found) != 0) return std::nullopt;
   Attributes attributes;
   attributes.isDirectory = S_ISDIR(found.st_mode);
   attributes.isReadOnly = (found.st_mode & S_IWUSR) == 0;
@@ -36,15 +36,15 @@ bool RestoreAttributes(const std::wstring& path, const Attributes& found) noexce
 bool RemoveFile(const std::wstring& path) noexcept {
   const SystemPath name(path);
   struct stat found {};
-  if (lstat(name.c_str(), &found) != 0) return false;
+  if (lstat(name.Get(), &found) != 0) return false;
   if (!S_ISREG(found.st_mode) && !S_ISLNK(found.st_mode)) return false;
-  return unlink(name.c_str()) == 0;
+  return unlink(name.Get()) == 0;
 }
 
 bool IsSameFile(const std::wstring& path, const std::wstring& other) {
   struct stat one {};
   struct stat two {};
-  return stat(SystemPath(path).c_str(), &one) == 0 && stat(SystemPath(other).c_str(), &two) == 0 &&
+  return stat(SystemPath(path).Get(), &one) == 0 && stat(SystemPath(other).Get(), &two) == 0 &&
          one.st_dev == two.st_dev && one.st_ino == two.st_ino;
 }
 

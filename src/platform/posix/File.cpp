@@ -66,7 +66,7 @@ auto Retry(Call call) {
 }
 
 int OpenDescriptor(const SystemPath& name, int flags) {
-  return Retry([&] { return open(name.c_str(), flags, 0666); });
+  return Retry([&] { return open(name.Get(), flags, 0666); });
 }
 
 // False if there is no memory for it.
@@ -128,7 +128,7 @@ bool File::Open(const std::wstring& path, std::uint32_t access) {
   if (descriptor < 0) return false;
   if (!Accept(descriptor, access)) {
     close(descriptor);
-    if (isNew) unlink(name.c_str());
+    if (isNew) unlink(name.Get());
     return false;
   }
   m_pHandle->descriptor = descriptor;

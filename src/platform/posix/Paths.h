@@ -16,7 +16,7 @@ std::string ToSystemPath(std::wstring_view path);
 class SystemPath {
  public:
   explicit SystemPath(std::wstring_view path) noexcept;
-  const char* c_str() const { return m_bytes; }
+  const char* Get() const { return m_bytes; }
 
  private:
   char m_bytes[PATH_MAX];
