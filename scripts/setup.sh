@@ -42,7 +42,7 @@ done
 echo "installing: ${missing[*]}"
 as_root=()
 [ "$(id -u)" = 0 ] || as_root=(sudo)
-"${as_root[@]}" dpkg --configure -a >/dev/null # what an interrupted installation left
+"${as_root[@]}" env DEBIAN_FRONTEND=noninteractive dpkg --configure -a >/dev/null # what an interrupted installation left
 "${as_root[@]}" apt-get update -qq
 "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends \
   "${missing[@]}" >/dev/null
