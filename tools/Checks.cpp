@@ -3,9 +3,12 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
+#include <memory>
+#include <string>
 #include <utility>
 
 #include "tools/NameMap.h"
+#include "tools/Wgs84.h"
 
 namespace zelconvert::tools {
 namespace {
@@ -208,6 +211,38 @@ void FindFarPoints(const Survey& survey, std::vector<Warning>& warnings) {
   }
 }
 
+/// Over the earth, near enough to tell a wrong zone from a right one; in metres.
+double DistanceOnEarth(const GeodeticPosition& a, const LongitudeLatitude& b) {
+  constexpr double kMeanRadius = 6371008.8;  // of the GRS 80 ellipsoid
+  const double latitude = b.latitude * kPi / 180, longitude = b.longitude * kPi / 180;
+  const double eastward = std::remainder(longitude - a.longitude, 2 * kPi) * std::cos(a.latitude);
+  return kMeanRadius * std::hypot(latitude - a.latitude, eastward);
+}
+
+void FindGridApart(const Survey& survey, std::vector<Warning>& warnings) {
+  constexpr double kLimit = 100;
+  std::unique_ptr<Wgs84> way;
+  Warning apart{WarningKind::GridApart, {}, 0, 0, kLimit};
+  for (const SurveyPoint& point : survey.points) {
+    const bool hasBoth = point.grid.HasPlan() && point.geodetic.HasPlan();
+    if (point.isDeleted || !hasBoth || !point.geodetic.isOnGpsDatum) continue;
+    std::string why;
+    if (way == nullptr) way = Wgs84::Make(survey, why);
+    if (way == nullptr) return;
+    LongitudeLatitude ofGrid;
+    if (!way->Transform(point.grid, ofGrid)) continue;
+    const double distance = DistanceOnEarth(point.geodetic, ofGrid);
+    if (!(distance > kLimit)) continue;
+    ++apart.count;
+    if (distance > apart.distance) {
+      apart.name = point.name;
+      apart.line = point.line;
+      apart.distance = distance;
+    }
+  }
+  if (apart.count > 0) warnings.push_back(std::move(apart));
+}
+
 void FindDuplicates(const Survey& survey, std::vector<Warning>& warnings) {
   NameMap<std::size_t> counts;
   for (const SurveyPoint& point : survey.points) {
@@ -241,6 +276,7 @@ void FindUnknownStations(const Survey& survey, std::vector<Warning>& warnings) {
 std::vector<Warning> FindWarnings(const Survey& survey) {
   std::vector<Warning> warnings;
   FindFarPoints(survey, warnings);
+  FindGridApart(survey, warnings);
   FindDuplicates(survey, warnings);
   FindUnknownStations(survey, warnings);
   for (const std::int64_t line : survey.unsignedLines) {

@@ -42,6 +42,7 @@ struct BacksightCheck {
 
 enum class WarningKind : std::uint8_t {
   FarPoint,
+  GridApart,
   DuplicateName,
   UnknownStation,
   UnsignedGps,
@@ -51,8 +52,9 @@ enum class WarningKind : std::uint8_t {
 struct Warning {
   WarningKind kind;
   std::wstring name;      ///< of the point or station; empty where the line says it
-  std::size_t count = 1;  ///< points of the name, shots from the station
+  std::size_t count = 1;  ///< points of the name, shots from the station, points apart
   std::int64_t line = 0;
+  double distance = DC_NULL;  ///< GridApart: of the point, in metres
 };
 
 /// In the order of the first record of each point.
@@ -62,7 +64,9 @@ std::vector<Traverse> FindTraverses(const Survey& survey);
 /// In the order of the setups.
 std::vector<BacksightCheck> CheckBacksights(const Survey& survey);
 /// By kind. A point is far from all others if it lies more than twenty times as far from the middle
-/// as half of the points do; files of fewer than five points have none.
+/// as half of the points do; files of fewer than five points have none. Grid and latitudes are
+/// apart where they put a point more than 100 m from itself, which no datum does: the one that is
+/// farthest stands for all. Nothing is said of them without a way from the grid to WGS 84.
 std::vector<Warning> FindWarnings(const Survey& survey);
 
 }  // namespace zelconvert::tools

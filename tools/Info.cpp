@@ -207,11 +207,20 @@ std::string Times(std::size_t count, const char* thing) {
   return std::to_string(count) + " " + thing + (count == 1 ? "" : "s");
 }
 
+std::string ApartText(const Warning& warning, const std::string& name) {
+  constexpr double kKilometre = 1000;
+  const std::wstring kilometres = FormatFixed(warning.distance / kKilometre, 1);
+  return "grid and latitude of " + Times(warning.count, "point") + " are apart, of " + name +
+         " by " + Utf8(kilometres) + " km: another zone, datum or unit?";
+}
+
 InfoWarning Worded(const Warning& warning) {
   const std::string name = Utf8(warning.name), line = std::to_string(warning.line);
   switch (warning.kind) {
     case WarningKind::FarPoint:
       return {"far-point", "point " + name + " is far from all others", warning.line};
+    case WarningKind::GridApart:
+      return {"grid-apart", ApartText(warning, name), warning.line};
     case WarningKind::DuplicateName:
       return {"duplicate-name", std::to_string(warning.count) + " points are named " + name,
               warning.line};

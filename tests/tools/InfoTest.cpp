@@ -9,6 +9,7 @@
 #include "tools/Checks.h"
 #include "tools/Info.h"
 #include "tools/PointTable.h"
+#include "tools/Wgs84.h"
 
 namespace zelconvert::tools {
 namespace {
@@ -138,6 +139,29 @@ TEST(Checks, FindsWhatLooksWrong) {
   EXPECT_EQ(ofLog[0].count, 2u);
   EXPECT_EQ(ofLog[1].kind, WarningKind::UnitChange);
   EXPECT_EQ(ofLog[1].line, 6);
+}
+
+std::string Fix(const char* latitude, const char* longitude) {
+  return std::string("EP,LA") + latitude + ",LN" + longitude +
+         ",HT184.0,GM1,CL1,RH0.0081,RV0.0142\n";
+}
+
+// Three points in the North Central zone of Texas; the latitude of the second is 123 m north of it,
+// that of the third 90.0 km off.
+TEST(Checks, FindsCoordinatesOfAnotherZone) {
+  std::string why;
+  const Survey survey = ReadText(
+      kStart + "LM,ME0,CS2,DA1,ZO102,HE0,FI\n" + Fix("32.452227810", "-97.081553870") +
+      "GS,PN1,N 2121644.6125,E 727646.8828,EL1.0,--\n" + Fix("32.452645120", "-97.081574640") +
+      "GS,PN2,N 2121649.8738,E 727641.4082,EL1.0,--\n" + Fix("32.452227810", "-97.081553870") +
+      "GS,PN3,N 2100350.5000,E 640215.8000,EL1.0,--\n");
+  if (Wgs84::Make(survey, why) == nullptr) GTEST_SKIP() << why;
+  const auto warnings = FindWarnings(survey);
+  ASSERT_EQ(warnings.size(), 1u);
+  EXPECT_EQ(warnings[0].kind, WarningKind::GridApart);
+  EXPECT_EQ(warnings[0].name, L"3");
+  EXPECT_EQ(warnings[0].count, 2u);
+  EXPECT_NEAR(warnings[0].distance, 89996, 300);
 }
 
 // A name that holds a line end makes no line.

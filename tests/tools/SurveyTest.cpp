@@ -162,7 +162,7 @@ TEST(SurveyOfLog, TakesPointsOfGpsFromTheLog) {
   const Survey survey = ReadExample(L"prairie-rtk.raw", FT_RAW);
   const SurveyPoint* point = Find(survey, L"501");
   ASSERT_NE(point, nullptr);
-  ExpectGrid(point->grid, 2100350.5, 640215.8, 209.17);
+  ExpectGrid(point->grid, 2121644.6125, 727646.8828, 209.17);
   EXPECT_NEAR(point->geodetic.latitude, (32 + 45 / 60. + 22.27810 / 3600) * kDegree, 1e-12);
   EXPECT_NEAR(point->geodetic.longitude, -(97 + 8 / 60. + 15.53870 / 3600) * kDegree, 1e-12);
   EXPECT_NEAR(point->geodetic.height, 183.97, 1e-9);
@@ -173,7 +173,7 @@ TEST(SurveyOfLog, TakesPointsOfGpsFromTheLog) {
                                    [](const GpsVector& each) { return each.rover == L"503"; });
   ASSERT_NE(vector, survey.vectors.end());
   EXPECT_EQ(vector->base, L"BASE1");
-  EXPECT_NEAR(vector->deltaY, -26.1, 1e-9);
+  EXPECT_NEAR(vector->deltaY, 11.6812, 1e-9);
   EXPECT_EQ(vector->signature, Signature::Signed);
   EXPECT_EQ(vector->line, 17);
   EXPECT_EQ(survey.epsg, 32138);  // Texas North Central, NAD 83
@@ -186,7 +186,7 @@ TEST(SurveyOfLog, SaysWhatIsNotSigned) {
   EXPECT_EQ(survey.unsignedLines, std::vector<std::int64_t>{9});
   ASSERT_FALSE(survey.vectors.empty());
   EXPECT_EQ(survey.vectors[0].signature, Signature::Missing);
-  ExpectGrid(Find(survey, L"501")->grid, 2100350.5, 640215.8, 209.17);
+  ExpectGrid(Find(survey, L"501")->grid, 2121644.6125, 727646.8828, 209.17);
 }
 
 // ---- DC files
