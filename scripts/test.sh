@@ -70,6 +70,7 @@ step_clang() {
   build clang
 }
 
+# The stored inputs of the fuzz targets are read with the same sanitizers in step fuzz.
 step_asan() {
   build asan
   ctest --preset asan -j "$jobs"
