@@ -65,7 +65,7 @@ step_python() {
   /usr/bin/python3 tests/python/python_test.py build/python/*.whl cluster
 }
 
-# By the other compiler, whose clang-tidy reads along (.clang-tidy says what it looks for).
+# By the other compiler, whose clang-tidy reads the product along (.clang-tidy says what it looks for).
 step_clang() {
   build clang
 }
