@@ -103,12 +103,17 @@ step_fuzz() {
 in_wine() { # command...
   WINEPREFIX=$(mktemp -d)
   export WINEPREFIX WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" DISPLAY=
-  local wine result=0
+  local wine server result=0
   wine=$(command -v wine64 || echo /usr/lib/wine/wine64)
+  server=$(command -v wineserver || echo /usr/lib/wine/wineserver64)
+  # Stays until it is ended. Left to itself it goes after some idle seconds, and a command that comes just
+  # then can end with exit code 1, not one word said.
+  "$server" --persistent
   "$wine" wineboot --init >/dev/null 2>&1 || true # once, not in every test
   # No screen is looked for when the first window is made, nor is one waited for.
   "$wine" reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f >/dev/null 2>&1 || true
   "$@" || result=$?
+  "$server" --kill --wait || true
   rm -rf "$WINEPREFIX"
   return "$result"
 }
