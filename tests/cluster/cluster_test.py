@@ -10,7 +10,6 @@ import shutil
 import signal
 import subprocess
 import sys
-import tempfile
 import types
 import unittest
 from unittest import mock
@@ -19,9 +18,10 @@ import dask
 import fsspec
 from distributed import Client, LocalCluster
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
-sys.path.insert(0, str(ROOT / "examples/cluster"))
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1]))
+from hosted import ROOT, FolderTest  # noqa: E402
 
+sys.path.insert(0, str(ROOT / "examples/cluster"))
 import convert_tree as cluster  # noqa: E402
 
 KINDS = ("boundary.job", "mill-creek.raw", "prairie-rtk.raw", "boundary-old.job")
@@ -41,7 +41,7 @@ def convert_or_die(plan, items):
     return rows
 
 
-class ClusterTest(unittest.TestCase):
+class ClusterTest(FolderTest):
     @classmethod
     def setUpClass(cls):
         dask.config.set({"distributed.comm.timeouts.connect": "120s"})  # of a machine with much to do
@@ -51,9 +51,7 @@ class ClusterTest(unittest.TestCase):
         cls.addClassCleanup(cls.client.close)
 
     def setUp(self):
-        folder = tempfile.TemporaryDirectory()
-        self.addCleanup(folder.cleanup)
-        self.folder = pathlib.Path(folder.name)
+        super().setUp()
         self.source, self.target = self.folder / "field", self.folder / "office"
         self.plan = cluster.Plan(str(self.source), str(self.target), "dc")
 

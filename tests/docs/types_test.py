@@ -5,20 +5,18 @@ library has. HOST and ARGUMENTS are the command to run the host."""
 import json
 import pathlib
 import re
-import subprocess
 import sys
-import tempfile
 import unittest
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1]))
+from hosted import ROOT, main, run_host  # noqa: E402
+
 DC = {"dc", "dc77", "dc1000", "dc1070"}
 
 
 def types_of_library():
-    with tempfile.TemporaryFile() as out:  # not a pipe: what Wine leaves running would keep it open
-        subprocess.run(sys.argv[1:] + ["types", "--json"], stdout=out, check=True, timeout=60)
-        out.seek(0)
-        return {each["name"]: (each["extension"], set(each["convertsTo"])) for each in json.load(out)["types"]}
+    types = json.loads(run_host(["types", "--json"]).stdout)["types"]
+    return {each["name"]: (each["extension"], set(each["convertsTo"])) for each in types}
 
 
 def types_on_page(page, known):
@@ -51,4 +49,4 @@ class TypesTest(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    unittest.main(argv=sys.argv[:1])
+    main()

@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "HostLists.h"
+#include "RouteTable.h"
 #include "TempDir.h"
-#include "cli/FileTypes.h"
 #include "failures/FailingCalls.h"
 #include "front/DriverRun.h"
 #include "io/Clock.h"
@@ -25,32 +25,13 @@ using failing::Watch;
 
 constexpr std::size_t kNever = ~std::size_t{0};
 
-// One pair for each driver and each kind of file that it makes.
-struct Route {
-  FileType from;
-  const wchar_t* input;
-  const char* example;
-  FileType to;
-  const wchar_t* second = L"";  // beside the input, or the job of a log
-  const char* secondExample = "";
-};
-
-constexpr Route kRoutes[] = {
-    {FT_JOB, L"in.job", "boundary.job", FT_CR5},
-    {FT_PW_JOB, L"in.pwj", "boundary.pwj", FT_SEQ_CR5},
-    {FT_JOB, L"in.job", "control.job", FT_DC},
+// Others by two files, by a file on the way, and such as aren't supported.
+constexpr Route kMoreRoutes[] = {
     {FT_JOB, L"in.job", "control.job", FT_JXL},
-    {FT_DC, L"in.dc", "ridge-road.dc", FT_JOB},
-    {FT_DC77, L"in.dc", "ridge-control.dc", FT_OLD_JOB},
-    {FT_DC, L"in.dc", "ridge-control.dc", FT_ILJ},
     {FT_DC, L"in.dc", "../tests/golden/dc-to-cr5/roads-alone/in.dc", FT_CR5},
-    {FT_ILJ, L"in.ilj", "grenze.ilj", FT_DC1070},
     {FT_CR5, L"in.cr5", "../tests/golden/job-to-cr5/boundary/out.cr5", FT_DC},
     {FT_CR5, L"in.cr5", "../tests/golden/job-to-cr5/boundary/out.cr5", FT_PW_JOB},
     {FT_SDR33, L"in.sdr", "mill-creek.sdr", FT_JOB},
-    {FT_RAW, L"in.raw", "prairie-rtk.raw", FT_DC, L"points.job", "control.job"},
-    {FT_RW5, L"in.rw5", "../tests/golden/raw-to-sdr2/figure-marks-us-feet/in.raw", FT_SDR2},
-    {FT_PW_RAW, L"in.pwr", "mill-creek-simple.raw", FT_JXL},
     {FT_RAW, L"in.raw", "mill-creek-simple.raw", FT_JOB},
     {FT_JOB_RAW, L"in.job", "control.job", FT_DC, L"in.raw", "mill-creek-simple.raw"},
     {FT_CR5_RW5, L"in.cr5", "control.job", FT_DC77, L"in.rw5", "mill-creek-simple.raw"},
@@ -204,12 +185,10 @@ TEST_P(Injected, AllocationsThatFailFromThenOn) {
   FailEach(Kind::Allocation, Times::FromThenOn);
 }
 
-INSTANTIATE_TEST_SUITE_P(Routes, Injected, testing::ValuesIn(kRoutes), [](const auto& route) {
-  std::string name = std::string(cli::FindType(route.param.from)->name) + "_to_" +
-                     std::string(cli::FindType(route.param.to)->name);
-  std::replace(name.begin(), name.end(), '+', '_');
-  return name + "_" + std::to_string(route.index);
-});
+INSTANTIATE_TEST_SUITE_P(Routes, Injected, testing::ValuesIn(kRoutes),
+                         RouteName<testing::TestParamInfo<Route>>);
+INSTANTIATE_TEST_SUITE_P(MoreRoutes, Injected, testing::ValuesIn(kMoreRoutes),
+                         RouteName<testing::TestParamInfo<Route>>);
 
 }  // namespace
 }  // namespace zelconvert

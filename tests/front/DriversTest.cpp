@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "HostLists.h"
+#include "RouteTable.h"
 #include "TempDir.h"
 #include "Unprivileged.h"
-#include "cli/FileTypes.h"
 #include "front/DriverRun.h"
 #include "io/CFileCE.h"
 #include "io/Clock.h"
@@ -20,30 +20,6 @@ namespace zelconvert {
 namespace {
 
 namespace fs = std::filesystem;
-
-// One pair for each driver and each kind of file that it makes.
-struct Route {
-  FileType from;
-  const wchar_t* input;
-  const char* example;
-  FileType to;
-  const wchar_t* missing = L"The file %s does not exist.";
-};
-
-constexpr const wchar_t* kRawMissing = L"File %s does not exist.";
-constexpr Route kRoutes[] = {
-    {FT_JOB, L"in.job", "boundary.job", FT_CR5},
-    {FT_PW_JOB, L"in.pwj", "boundary.pwj", FT_SEQ_CR5},
-    {FT_JOB, L"in.job", "control.job", FT_DC},
-    {FT_DC, L"in.dc", "ridge-road.dc", FT_JOB},
-    {FT_DC77, L"in.dc", "ridge-control.dc", FT_OLD_JOB},
-    {FT_DC, L"in.dc", "ridge-control.dc", FT_ILJ},
-    {FT_ILJ, L"in.ilj", "grenze.ilj", FT_DC1070},
-    {FT_RAW, L"in.raw", "mill-creek-simple.raw", FT_DC, kRawMissing},
-    {FT_RW5, L"in.rw5", "../tests/golden/raw-to-sdr2/figure-marks-us-feet/in.raw", FT_SDR2,
-     kRawMissing},  // with a warning
-    {FT_PW_RAW, L"in.pwr", "mill-creek-simple.raw", FT_JXL, kRawMissing},
-};
 
 // A conversion of a route in a folder of its own.
 class HostCall {
@@ -108,10 +84,12 @@ constexpr const wchar_t* kCannotCreate = L"Unable to create the destination file
 const Failure kFailures[] = {
     {"no file as input",
      [](HostCall& run, const Route& route) {
+       const bool isLog = route.from == FT_RAW || route.from == FT_RW5 || route.from == FT_PW_RAW;
+       const auto* missing = isLog ? L"File %s does not exist." : L"The file %s does not exist.";
        fs::remove(run.InputPath());
-       run.ExpectRefusal(route.missing, run.input);
+       run.ExpectRefusal(missing, run.input);
        fs::create_directory(run.InputPath());
-       run.ExpectRefusal(route.missing, run.input);
+       run.ExpectRefusal(missing, run.input);
      }},
     {"output in a missing folder, a directory, and the input",
      [](HostCall& run, const Route&) {
@@ -197,10 +175,8 @@ TEST_P(Drivers, FailWell) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Routes, Drivers, testing::ValuesIn(kRoutes), [](const auto& route) {
-  return std::string(cli::FindType(route.param.from)->name) + "_to_" +
-         std::string(cli::FindType(route.param.to)->name);
-});
+INSTANTIATE_TEST_SUITE_P(Routes, Drivers, testing::ValuesIn(kRoutes),
+                         RouteName<testing::TestParamInfo<Route>>);
 
 // The brand of a job goes by its exact extension.
 TEST(Drivers, RefuseAJobOfTheOtherBrand) {

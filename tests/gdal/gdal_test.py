@@ -12,7 +12,6 @@ import math
 import os
 import pathlib
 import re
-import shlex
 import shutil
 import subprocess
 import sys
@@ -21,9 +20,10 @@ import time
 import unittest
 import zipfile
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1]))
+from hosted import GOLDEN, ROOT, FolderTest  # noqa: E402
+
 EXAMPLES = sorted((ROOT / "examples").glob("*.*"))
-GOLDEN = ROOT / "tests/golden"
 PREFIX = pathlib.Path(sys.argv[1]).resolve()
 HOST = pathlib.Path(sys.argv[2]).resolve()
 PLUGIN = next(PREFIX.rglob("ogr_ZELCONVERT.so"))
@@ -31,7 +31,7 @@ os.environ["GDAL_DRIVER_PATH"] = str(PLUGIN.parent)
 TEMPORARY = tempfile.TemporaryDirectory()
 os.environ["CPL_TMPDIR"] = TEMPORARY.name  # what the driver leaves there is a fault
 
-from osgeo import gdal, ogr, osr  # noqa: E402
+from osgeo import gdal, ogr  # noqa: E402
 
 gdal.UseExceptions()
 OPEN = []  # layers of Python don't keep their data set alive
@@ -69,12 +69,7 @@ def store_log(path, unit, zone, north, east):
                     f"LM,ME0,CS2,DA1,ZO{zone},HE0,FI\nSP,PN1,N {north:.5f},E {east:.5f},EL10.0,--\n", encoding="ascii")
 
 
-class PluginTest(unittest.TestCase):
-    def setUp(self):
-        folder = tempfile.TemporaryDirectory()
-        self.addCleanup(folder.cleanup)
-        self.folder = pathlib.Path(folder.name)
-
+class PluginTest(FolderTest):
     def tearDown(self):
         OPEN.clear()
         self.assertEqual(os.listdir(TEMPORARY.name), [])

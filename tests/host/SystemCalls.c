@@ -2,16 +2,28 @@
  * in its place, and writes them into the file that CALLS names. What goes wrong stands in FAULTS:
  * "rename": the system can't move without replacing; "link": nor give a file a second name;
  * "replace": nor take the place of one; "late": in the last moment somebody makes a file where one
- * is moved to; "seize": or where a report is opened; "flush": the disk is broken. */
+ * is moved to; "seize": or where a report is opened; "flush": the disk is broken. KILL_AT ends the
+ * program, as a loss of power would, before the call that writes, moves, links or deletes a file
+ * and has this number, from 1. */
 #define _GNU_SOURCE
 #include <dlfcn.h>
 #include <errno.h>
 #include <fcntl.h>
+#include <signal.h>
 #include <stdarg.h>
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
+#include <sys/uio.h>
 #include <unistd.h>
+
+#define REAL(name) ((__typeof__(&name))dlsym(RTLD_NEXT, #name))
+
+static void Count(void) {
+  static int count = 0;
+  const char* limit = getenv("KILL_AT");
+  if (limit != NULL && ++count == atoi(limit)) kill(getpid(), SIGKILL);
+}
 
 static int HasFault(const char* name) {
   const char* faults = getenv("FAULTS");
@@ -40,49 +52,57 @@ static void Make(const char* fault, const char* path) {
   fclose(file);
 }
 
+ssize_t write(int file, const void* bytes, size_t size) {
+  if (file > STDERR_FILENO) Count();
+  return REAL(write)(file, bytes, size);
+}
+
+ssize_t writev(int file, const struct iovec* parts, int count) {
+  if (file > STDERR_FILENO) Count();
+  return REAL(writev)(file, parts, count);
+}
+
+int unlink(const char* path) {
+  Count();
+  return REAL(unlink)(path);
+}
+
 int renameat2(int fromFolder, const char* from, int toFolder, const char* to, unsigned flags) {
-  int (*next)(int, const char*, int, const char*, unsigned);
-  *(void**)&next = dlsym(RTLD_NEXT, "renameat2");
+  Count();
   Make("late", to);
   if (HasFault("rename")) return Fail(EINVAL);
   Tell("move", to);
-  return next(fromFolder, from, toFolder, to, flags);
+  return REAL(renameat2)(fromFolder, from, toFolder, to, flags);
 }
 
 int rename(const char* from, const char* to) {
-  int (*next)(const char*, const char*);
-  *(void**)&next = dlsym(RTLD_NEXT, "rename");
+  Count();
   Make("late", to);
   if (HasFault("replace")) return Fail(EIO);
   Tell("replace", to);
-  return next(from, to);
+  return REAL(rename)(from, to);
 }
 
 int link(const char* from, const char* to) {
-  int (*next)(const char*, const char*);
-  *(void**)&next = dlsym(RTLD_NEXT, "link");
+  Count();
   if (HasFault("link")) return Fail(EPERM);
   Tell("link", to);
-  return next(from, to);
+  return REAL(link)(from, to);
 }
 
 int open(const char* path, int flags, ...) {
-  int (*next)(const char*, int, ...);
   va_list arguments;
   unsigned mode;
   va_start(arguments, flags);
   mode = (flags & O_CREAT) != 0 ? va_arg(arguments, unsigned) : 0;
   va_end(arguments);
-  *(void**)&next = dlsym(RTLD_NEXT, "open");
   Make("seize", path);
-  return next(path, flags, mode);
+  return REAL(open)(path, flags, mode);
 }
 
 int fsync(int file) {
   char name[64], path[4096] = "";
-  int (*next)(int);
-  *(void**)&next = dlsym(RTLD_NEXT, "fsync");
   snprintf(name, sizeof name, "/proc/self/fd/%d", file);
   if (readlink(name, path, sizeof path - 1) > 0) Tell("flush", path);
-  return HasFault("flush") ? Fail(EIO) : next(file);
+  return HasFault("flush") ? Fail(EIO) : REAL(fsync)(file);
 }

@@ -13,12 +13,13 @@ import select
 import shutil
 import subprocess
 import sys
-import tempfile
 import time
 import unittest
 
-PAGES = pathlib.Path(__file__).resolve().parents[2] / "cli/pages"
-HOST = []
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1]))
+from hosted import ROOT, FolderTest, main, run_host  # noqa: E402
+
+PAGES = ROOT / "cli/pages"
 FILES = {"my second.raw", "my survey.raw", "out", "ridge.dc", "zw\u00f6lf's.job"}
 FOLDERS = {"out"}
 # By what "help --json" calls a value that has no choices; "" is an argument.
@@ -52,8 +53,7 @@ SHELLS = {
 
 
 def table():
-    shown = subprocess.run([*HOST, "help", "--json"], stdout=subprocess.PIPE, check=True, timeout=60).stdout
-    return json.loads(shown)["commands"]
+    return json.loads(run_host(["help", "--json"]).stdout)["commands"]
 
 
 def queries():
@@ -115,11 +115,10 @@ class Terminal:
         os.close(self.terminal)
 
 
-class CompletionsTest(unittest.TestCase):
+class CompletionsTest(FolderTest):
     def setUp(self):
-        top = pathlib.Path(tempfile.mkdtemp())
-        self.addCleanup(shutil.rmtree, top)
-        self.words, self.folder = top / "words", top / "folder"
+        super().setUp()
+        self.words, self.folder = self.folder / "words", self.folder / "folder"
         self.folder.mkdir()
         for name in FILES:
             (self.folder / name).mkdir() if name in FOLDERS else (self.folder / name).touch()
@@ -170,5 +169,4 @@ class CompletionsTest(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    HOST = [str(pathlib.Path(each).resolve()) for each in sys.argv[1:]]
-    unittest.main(argv=sys.argv[:1], verbosity=2)
+    main()

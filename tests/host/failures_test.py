@@ -7,14 +7,15 @@ import os
 import pathlib
 import select
 import shutil
+import signal
 import subprocess
 import sys
 import tempfile
 import unittest
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
-HOST = []
-ON_WINDOWS = False
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1]))
+from hosted import HOST, ON_WINDOWS, ROOT, FolderTest, main, run_host  # noqa: E402
+
 INPUTS = {
     "job": "examples/boundary.job", "2.job": "examples/control.job", "dc": "examples/ridge-road.dc",
     "raw": "examples/mill-creek.raw", "sdr": "examples/mill-creek.sdr",
@@ -48,11 +49,7 @@ BIG_SIZE = 48518296  # of the DC file of a job of 60 million bytes
 NAMES = ["a name of blanks", "Gr\u00fcnwald \u4e2d\u6587 \u00e9t\u00e9", "x" * 200, "\u00e9" * 100]
 
 
-class FailuresTest(unittest.TestCase):
-    def setUp(self):
-        self.folder = pathlib.Path(tempfile.mkdtemp())
-        self.addCleanup(shutil.rmtree, self.folder)
-
+class FailuresTest(FolderTest):
     def fill(self, name):
         for suffix, source in INPUTS.items():
             shutil.copyfile(ROOT / source, self.folder / f"{name}.{suffix}")
@@ -62,12 +59,9 @@ class FailuresTest(unittest.TestCase):
     def contents(folder):
         return {path.relative_to(folder).as_posix(): path.read_bytes() for path in folder.rglob("*") if path.is_file()}
 
-    def run_host(self, words, **options):
-        with tempfile.TemporaryFile() as out, tempfile.TemporaryFile() as err:
-            options = {"stdout": out, **options}
-            code = subprocess.run([*HOST, *words], cwd=self.folder, stderr=err, timeout=120, **options).returncode
-            err.seek(0)
-            return code, err.read().decode("utf-8", "replace")
+    def run_line(self, line, **options):
+        code, _, told = self.run_host(line if isinstance(line, list) else line.split(), **options)
+        return code, told.decode("utf-8", "replace")
 
     def check_made(self, files, told):
         after = self.contents(self.folder)
@@ -80,7 +74,7 @@ class FailuresTest(unittest.TestCase):
             with self.subTest(line):
                 self.fill("n")
                 with open("/dev/full", "wb") as full:
-                    code, told = self.run_host(line.split(), stdout=full)
+                    code, told = self.run_line(line, stdout=full)
                 self.assertEqual(code, 4, told)
                 self.assertIn("standard output can't be written", told)
                 shutil.rmtree(self.folder / "out", ignore_errors=True)
@@ -93,7 +87,7 @@ class FailuresTest(unittest.TestCase):
                 with self.subTest(name[:20] + ": " + line):
                     self.fill(name)
                     words = [word.replace("n", name, 1) if word.startswith("n") else word for word in line.split()]
-                    code, told = self.run_host(words)
+                    code, told = self.run_line(words)
                     self.assertEqual(code, 0, told)
                     self.check_made([each.replace("n-", name + "-") for each in made], told)
                     shutil.rmtree(self.folder)
@@ -103,7 +97,7 @@ class FailuresTest(unittest.TestCase):
         for line, made in MADE:
             with self.subTest(line):
                 self.fill("n")
-                code, told = self.run_host(line.split(), **options)
+                code, told = self.run_line(line, **options)
                 self.assertEqual(code, 4, told)
                 self.assertIn(text or made[-1], told)
                 self.assertNotIn(".zelconvert-", told)
@@ -154,8 +148,8 @@ class FailuresTest(unittest.TestCase):
 
         self.check_refused("", preexec_fn=limit)
         # The report of a batch has no room for its second line.
-        words = ["batch", "--to", "cr5", "--out-dir", "out", "absent.job", "gone.job", "--keep-going", "--report", "report"]
-        result = subprocess.run([*HOST, *words], cwd=self.folder, stderr=subprocess.PIPE, preexec_fn=limit)
+        line = "batch --to cr5 --out-dir out absent.job gone.job --keep-going --report report"
+        result = subprocess.run([*HOST, *line.split()], cwd=self.folder, stderr=subprocess.PIPE, preexec_fn=limit)
         self.assertEqual(result.returncode, 4)
         self.assertIn(b"the report can't be written", result.stderr)
 
@@ -165,7 +159,7 @@ class FailuresTest(unittest.TestCase):
             self.skipTest("needs root, who may write there")
         self.folder.chmod(0o555)
         try:
-            self.run_host(["--version"], user=65534)
+            self.run_line("--version", user=65534)
         except PermissionError:
             self.skipTest("only root may run the host where it stands")
         self.check_refused(f"the folder {self.folder} can't be written: Permission denied", user=65534)
@@ -176,13 +170,63 @@ class FailuresTest(unittest.TestCase):
             self.skipTest("there is no other file system")
         self.fill("n")
         with tempfile.TemporaryDirectory(dir=other) as name:
-            code, told = self.run_host(["convert", "n.dc", name + "/out.job"])
+            code, told = self.run_line(["convert", "n.dc", name + "/out.job"])
             self.assertEqual(code, 0, told)
             self.assertEqual(sorted(os.listdir(name)), ["RIDGE_RO.RD5", "RURAL_2L.tp5", "out.job"])
         self.check_made([], told)
 
 
+@unittest.skipUnless("KILL_CALLS" in os.environ, "needs a library that stands before the system's")
+class KilledTest(unittest.TestCase):
+    """The host is killed before each of its calls that changes a file. Under the names of its outputs stands what
+    was there before, or the whole file."""
+
+    OLD = b"an older file"
+
+    def run_until(self, line, old, call):
+        """What stands in the folder after a run that ends before this call, and whether it got that far."""
+        with tempfile.TemporaryDirectory() as name:
+            folder = pathlib.Path(name)
+            for suffix, source in INPUTS.items():
+                shutil.copyfile(ROOT / source, folder / f"n.{suffix}")
+            for each in old:
+                (folder / each).write_bytes(self.OLD)
+            environment = {**os.environ, "LD_PRELOAD": os.environ["KILL_CALLS"], "KILL_AT": str(call)}
+            run = run_host(line.split(), cwd=folder, env=environment)
+            self.assertIn(run.returncode, (0, -signal.SIGKILL), run.stderr)
+            files = {path.name: path.read_bytes() for path in folder.iterdir() if path.is_file()}
+            return files, run.returncode == 0
+
+    def check(self, line, made, replaces):
+        old = made if replaces else []
+        whole, _ = self.run_until(line, old, 0)
+        self.assertTrue(set(made) <= set(whole))
+        call, is_over = 0, False
+        while not is_over:
+            call += 1
+            files, is_over = self.run_until(line, old, call)
+            for name, content in files.items():
+                is_whole = self.is_same(content, whole.get(name, b""))
+                self.assertTrue(is_whole or (name in old and content == self.OLD), f"{name}, call {call}")
+            self.assertTrue(set(old) <= set(files), f"call {call}")
+        self.assertEqual(sorted(files), sorted(whole))
+        self.assertGreater(call, 2)
+
+    @staticmethod
+    def is_same(content, other):
+        """But for the few bytes of a time of day."""
+        return len(content) == len(other) and sum(a != b for a, b in zip(content, other)) <= 16
+
+    def test_a_new_output(self):
+        for line, made in MADE:
+            with self.subTest(line):
+                self.check(line, made, False)
+
+    def test_an_output_that_is_replaced(self):
+        for line, made in MADE:
+            with self.subTest(line):
+                self.check(line + " --force", made, True)
+
+
 if __name__ == "__main__":
-    HOST = [os.path.abspath(each) if os.path.exists(each) else each for each in sys.argv[1:]]
-    ON_WINDOWS = HOST[-1].endswith(".exe")
-    unittest.main(argv=sys.argv[:1], failfast="GTEST_FAIL_FAST" in os.environ)
+    main()

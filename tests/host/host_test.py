@@ -22,10 +22,8 @@ import tempfile
 import time
 import unittest
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
-EXAMPLES = ROOT / "examples"
-HOST = []
-ON_WINDOWS = False
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1]))
+from hosted import EXAMPLES, HOST, ON_WINDOWS, ROOT, FolderTest, main, run_host  # noqa: E402
 
 
 def read_cases():
@@ -57,26 +55,13 @@ def limit_files():
     resource.setrlimit(resource.RLIMIT_FSIZE, (128, 128))
 
 
-class HostTest(unittest.TestCase):
+class HostTest(FolderTest):
     def setUp(self):
-        self.folder = tempfile.mkdtemp()
-        self.addCleanup(shutil.rmtree, self.folder)
+        super().setUp()
         for name, example in INPUTS.items():
             os.makedirs(os.path.dirname(os.path.join(self.folder, name)), exist_ok=True)
             shutil.copyfile(EXAMPLES / example, os.path.join(self.folder, name))
         self.before = contents(self.folder)
-
-    def run_host(self, arguments, **options):
-        # Standard error is never a terminal here: no bar may be among the texts. Files, not pipes:
-        # what Wine leaves running in the background would keep a pipe open.
-        with tempfile.TemporaryFile() as out, tempfile.TemporaryFile() as err:
-            result = subprocess.run(
-                HOST + arguments, cwd=self.folder, stdout=out, stderr=err, timeout=120, **options
-            )
-            for stream in out, err:
-                stream.seek(0)
-            result.stdout, result.stderr = out.read(), err.read()
-            return result
 
     def made(self):
         self.after = after = contents(self.folder)
@@ -281,8 +266,7 @@ class PagesTest(unittest.TestCase):
     PAGES = {"man": "zelconvert.1", "bash": "zelconvert.bash", "zsh": "_zelconvert", "fish": "zelconvert.fish"}
 
     def ask(self, *arguments):
-        result = subprocess.run(HOST + list(arguments), stdout=subprocess.PIPE, check=True, timeout=60)
-        return result.stdout.decode("utf-8").replace("\r\n", "\n")
+        return run_host(arguments).stdout.decode("utf-8").replace("\r\n", "\n")
 
     # "cmake --build --preset release --target host_pages" makes them anew.
     def test_pages_are_made_of_the_table(self):
@@ -344,10 +328,7 @@ class PagesTest(unittest.TestCase):
         if program != "zelconvert":  # "head" or "cat", of what a call has made
             return re.sub(r"[ \r]+$", "", subprocess.check_output([program, *words], cwd=folder, text=True), flags=re.M)
         words = [name for word in words for name in (sorted(glob.glob(word, root_dir=folder)) or [word])]
-        with tempfile.TemporaryFile() as out:
-            subprocess.run(HOST + words, cwd=folder, stdout=out, stderr=subprocess.STDOUT, timeout=60)
-            out.seek(0)
-            text = out.read().decode("utf-8").replace("\r\n", "\n")
+        text = run_host(words, cwd=folder, stderr=subprocess.STDOUT).stdout.decode("utf-8").replace("\r\n", "\n")
         if ON_WINDOWS:
             text = text.replace("\\\\", "\\").replace("\\", "/")
         return re.sub(r"(?:[A-Z]:)?" + re.escape(str(pathlib.Path(folder).resolve())), "/survey", text)
@@ -559,14 +540,6 @@ class PosixTest(HostTest):
             self.assertEqual(b"\033[1;31mzelconvert: \033[0m" in shown, is_coloured, variables)
 
 
-def main():
-    global HOST, ON_WINDOWS
-    HOST = [os.path.abspath(each) if os.path.exists(each) else each for each in sys.argv[1:]]
-    ON_WINDOWS = HOST[-1].endswith(".exe")
-    signal.signal(signal.SIGINT, signal.default_int_handler)  # set aside in the background of a shell
-    # Asked for like that of the other tests, by those who only want to know whether one fails.
-    unittest.main(argv=sys.argv[:1], failfast="GTEST_FAIL_FAST" in os.environ)
-
-
 if __name__ == "__main__":
+    signal.signal(signal.SIGINT, signal.default_int_handler)  # set aside in the background of a shell
     main()

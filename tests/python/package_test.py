@@ -16,9 +16,9 @@ from concurrent.futures import ThreadPoolExecutor
 import zelconvert
 from zelconvert import ConversionError
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
-EXAMPLES = ROOT / "examples"
-GOLDEN = ROOT / "tests/golden"
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1]))
+from hosted import EXAMPLES, GOLDEN, FolderTest  # noqa: E402
+
 TYPES = {each.name: each for each in zelconvert.types()}
 
 
@@ -32,14 +32,7 @@ def host(*words):
     return json.loads(subprocess.run(words, stdout=subprocess.PIPE, check=False).stdout)
 
 
-class TemporaryFolderTest(unittest.TestCase):
-    def setUp(self):
-        folder = tempfile.TemporaryDirectory()
-        self.addCleanup(folder.cleanup)
-        self.folder = pathlib.Path(folder.name)
-
-
-class GoldenTest(TemporaryFolderTest):
+class GoldenTest(FolderTest):
     """tests/GoldenTest.cpp tells what stands in the folders of the cases. The program does more than
     the library's function where two files are read or made; there its texts are what is expected."""
 
@@ -90,7 +83,7 @@ class GoldenTest(TemporaryFolderTest):
         return {path.name: path.read_bytes() for path in folder.iterdir()}, messages, told.get("error")
 
 
-class CallTest(TemporaryFolderTest):
+class CallTest(FolderTest):
     def copy(self, name, to=None):
         return pathlib.Path(shutil.copy(EXAMPLES / name, self.folder / (to or name)))
 

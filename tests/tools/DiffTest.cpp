@@ -1,4 +1,4 @@
-// What the pairs of files in tests/tools/diff don't show: orders, names and codes as formats hold
+// What the pairs of files in tests/tools/shown don't show: orders, names and codes as formats hold
 // them, and many records of one name.
 #include <gtest/gtest.h>
 

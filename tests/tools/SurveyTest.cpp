@@ -1,11 +1,11 @@
 // Files of every type as surveys. Positions are worked out from the records by formulas that stand
-// beside them, or by numerical integration, apart from the code under test.
+// beside them, or by numerical integration, apart from the code under test. What commands show
+// of a survey stands in tests/tools/shown.
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
-#include <map>
 #include <string>
 #include <vector>
 
@@ -25,17 +25,6 @@ Survey ReadExample(const wchar_t* name, FileType type) {
   const auto survey = ReadFile(std::wstring(L"examples/") + name, type, messages);
   EXPECT_TRUE(survey.has_value()) << name;
   return survey.value_or(Survey());
-}
-
-Survey ReadText(const std::string& text, FileType type, const wchar_t* name) {
-  const TempDir folder;
-  StringList messages;
-  const auto survey = ReadFile(folder.Write(name, text), type, messages);
-  EXPECT_TRUE(survey.has_value());
-  return survey.value_or(Survey());
-}
-Survey ReadLog(const std::string& text) {
-  return ReadText(text, FT_RAW, L"in.raw");
 }
 
 const SurveyPoint* Find(const Survey& survey, std::wstring_view name) {
@@ -59,39 +48,6 @@ std::size_t CountOf(const Survey& survey, std::wstring_view tag) {
 
 // ---- A log
 
-// run = SD sin(ZE) SF, N + run cos(azimuth), E + run sin(azimuth), EL + HI + SD cos(ZE) - HR. The
-// second setup's backsight is half a circle from the way there.
-TEST(SurveyOfLog, ReducesEveryKindOfShot) {
-  const Survey survey = ReadExample(L"mill-creek.raw", FT_RAW);
-  struct Case {
-    const wchar_t* name;
-    double north, east, elevation;
-    const wchar_t* code;
-    int line;
-  };
-  for (const Case& point : {
-           Case{L"1", 5000, 5000, 100, L"CP1 IRON PIN", 6},
-           Case{L"101", 5024.1117, 5038.2456, 100.2567, L"EP", 10},          // AR, ZE
-           Case{L"104", 4927.4867, 5017.7301, 98.9068, L"TREE OAK 18", 14},  // VA
-           Case{L"105", 4971.5400, 4983.0647, 98.9289, L"FENCE", 15},        // AZ
-           Case{L"106", 5045.4232, 5025.9702, 99.9740, L"FENCE", 16},        // AL, CE and HD
-           Case{L"107", 5017.1595, 5007.5514, 99.5621, L"GATE", 17},         // BR
-           Case{L"108", 4925.2435, 5083.9555, 99.8044, L"CL ROAD", 21},
-           Case{L"110", 4901.8573, 5100.4839, 100.5663, L"HYDRANT", 24},  // DR
-           Case{L"111", 4912.6274, 5174.8111, 100.1031, L"BLDG COR", 31},
-           Case{L"200", 5100, 5200, 101.25, L"CALC COR", 23},
-       }) {
-    SCOPED_TRACE(ToNarrow(point.name));
-    const SurveyPoint* found = Find(survey, point.name);
-    ASSERT_NE(found, nullptr);
-    ExpectGrid(found->grid, point.north, point.east, point.elevation);
-    EXPECT_EQ(found->code, point.code);
-    EXPECT_EQ(found->line, point.line);
-    EXPECT_EQ(found->isDeleted, found->name == L"105");
-  }
-  EXPECT_EQ(survey.points.size(), 15u);
-}
-
 // The log gives the station of the second setup coordinates; the shot to it keeps where it led.
 TEST(SurveyOfLog, HasSetupsAndShots) {
   const Survey survey = ReadExample(L"mill-creek.raw", FT_RAW);
@@ -104,6 +60,7 @@ TEST(SurveyOfLog, HasSetupsAndShots) {
   EXPECT_EQ(survey.setups[2].line, 26);
   ExpectGrid(survey.setups[2].position, 4895.21, 5110.538, 100.15);
   EXPECT_EQ(Find(survey, L"3")->source, PointSource::Occupied);
+  EXPECT_EQ(Find(survey, L"104")->line, 14);
   const auto traverse = std::find_if(survey.shots.begin(), survey.shots.end(),
                                      [](const Shot& shot) { return shot.target == L"3"; });
   ASSERT_NE(traverse, survey.shots.end());
@@ -123,39 +80,6 @@ TEST(SurveyOfLog, HasSetupsAndShots) {
   EXPECT_EQ(survey.notes.front().line, 3);
   EXPECT_EQ(CountOf(survey, L"SS"), 11u);
   EXPECT_DOUBLE_EQ(survey.scale, 0.99987);
-}
-
-// 100 ft south of a station, then 100 m with a scale of its own: 30.48 m and 99 m.
-TEST(SurveyOfLog, FollowsChangesOfUnits) {
-  const Survey survey = ReadLog(
-      "JB,NMX,DT01-02-2026,TM08:00:00\nMO,AD0,UN0,SF1.0,EC0,EO0.0,AU0\n"
-      "OC,OP1,N 1000.0,E 1000.0,EL10.0,--\nBK,OP1,BP2,BS180.0000,BC0.0000\nLS,HI1.0,HR1.0\n"
-      "SS,OP1,FP3,AR0.0000,ZE90.0000,SD100.0,--\n--Date: 01-05-2026  Time: 08:00:00\n"
-      "--Date: 01-03-2026  Time: 08:00:00\n"
-      "MO,AD0,UN1,SF0.99,EC0,EO0.0,AU1\nSS,OP1,FP4,AR0.0000,ZE100.0000,SD100.0,--\n");
-  ExpectGrid(Find(survey, L"1")->grid, 304.8, 304.8, 3.048);
-  ExpectGrid(Find(survey, L"3")->grid, 304.8 - 30.48, 304.8, 3.048);
-  ExpectGrid(Find(survey, L"4")->grid, 304.8 - 99, 304.8, 3.048);
-  EXPECT_EQ(survey.lengthUnit, LinearUnit::InternationalFoot);
-  ASSERT_EQ(survey.unitChanges.size(), 1u);
-  EXPECT_EQ(survey.unitChanges[0].line, 9);
-  EXPECT_EQ(survey.unitChanges[0].lengthUnit, LinearUnit::Metre);
-  EXPECT_EQ(survey.unitChanges[0].angleUnit, AngularUnit::Gon);
-  EXPECT_EQ(survey.firstDate, L"2026-01-02");
-  EXPECT_EQ(survey.lastDate, L"2026-01-05");
-}
-
-// A new height of the instrument is no new setup: the direction holds.
-TEST(SurveyOfLog, KeepsASetupWhoseHeightChanges) {
-  const Survey survey = ReadLog(
-      "JB,NMX,DT01-02-2026,TM08:00:00\nMO,AD0,UN1,SF1.0,EC0,EO0.0,AU0\n"
-      "OC,OP1,N 1000.0,E 1000.0,EL10.0,--\nBK,OP1,BP2,BS90.0000,BC0.0000\nLS,HI1.5,HR1.5\n"
-      "SS,OP1,FP3,AR0.0000,ZE90.0000,SD10.0,--\nLS,HI1.6,HR1.5\n"
-      "SS,OP1,FP4,AR0.0000,ZE90.0000,SD20.0,--\n");
-  ASSERT_EQ(survey.setups.size(), 1u);
-  EXPECT_NEAR(survey.setups[0].instrumentHeight, 1.6, 1e-9);
-  ExpectGrid(Find(survey, L"3")->grid, 1000, 1010, 10);
-  ExpectGrid(Find(survey, L"4")->grid, 1000, 1020, 10.1);
 }
 
 TEST(SurveyOfLog, TakesPointsOfGpsFromTheLog) {
@@ -179,46 +103,7 @@ TEST(SurveyOfLog, TakesPointsOfGpsFromTheLog) {
   EXPECT_EQ(survey.epsg, 32138);  // Texas North Central, NAD 83
 }
 
-TEST(SurveyOfLog, SaysWhatIsNotSigned) {
-  std::string log = ReadBytes("examples/prairie-rtk.raw");
-  log.replace(log.find("*3731591496"), 11, "*3731591497");
-  const Survey survey = ReadLog(log);
-  EXPECT_EQ(survey.unsignedLines, std::vector<std::int64_t>{9});
-  ASSERT_FALSE(survey.vectors.empty());
-  EXPECT_EQ(survey.vectors[0].signature, Signature::Missing);
-  ExpectGrid(Find(survey, L"501")->grid, 2121644.6125, 727646.8828, 209.17);
-}
-
 // ---- DC files
-
-// In feet, east before north, azimuths from south: the shot goes 90 degrees from south, which is
-// west, 100 ft.
-TEST(SurveyOfDc, ReadsEveryOrderAndUnit) {
-  const auto columns = [](std::string head, const std::vector<std::string>& fields) {
-    for (const std::string& field : fields) head += std::string(16 - field.size(), ' ') + field;
-    return head + "\r\n";
-  };
-  const Survey survey = ReadText(
-      "00NMFX V10-70           01-02-2026 10:05122121\r\n10NMFEET\r\n78NM21\r\n" +
-          columns("64KI>", {"", "", "", "", "", "", "1.0"}) +
-          columns("69KI", {"A", "2000.0", "1000.0", ""}) + "CODE            11\r\n" +
-          columns("69DL", {"B", "1.0", "2.0", ""}) + columns("69KI", {"C", "1.0", "2.0", ""}) +
-          columns("E0NM", {"A", "5.0"}) + columns("E1KI", {"A", "B", "0.0", "10.0"}) +
-          columns("77NM", {"6.0"}) + columns("D9F1", {"A", "D", "100.0", "90.0", "100.0"}),
-      FT_DC, L"in.dc");
-  const SurveyPoint* point = Find(survey, L"A");
-  ASSERT_NE(point, nullptr);
-  EXPECT_NEAR(point->grid.north, 304.8, 1e-9);
-  EXPECT_NEAR(point->grid.east, 609.6, 1e-9);
-  EXPECT_TRUE(IsNull(point->grid.elevation));
-  EXPECT_TRUE(Find(survey, L"B")->isDeleted);
-  EXPECT_FALSE(Find(survey, L"C")->isDeleted);
-  EXPECT_NEAR(Find(survey, L"D")->grid.north, 304.8, 1e-9);
-  EXPECT_NEAR(Find(survey, L"D")->grid.east, 609.6 - 30.48, 1e-9);
-  EXPECT_TRUE(survey.isSouthAzimuth);
-  EXPECT_EQ(survey.shots.back().line, 12);
-  EXPECT_EQ(CountOf(survey, L"69"), 3u);
-}
 
 // The end of each element by adding up 20,000 steps of changing direction.
 TEST(SurveyOfDc, FollowsRoads) {
@@ -385,31 +270,6 @@ TEST(SurveyOfPair, HasThePointsOfBothFiles) {
 }
 
 // ---- Failure
-
-TEST(ReadSurvey, SaysWhyNot) {
-  const TempDir folder;
-  const std::wstring bad = folder.Write(L"bad.raw", "MO,AD0,UN1,SF1.0,EC0,EO0.0\nOC,OP1\n");
-  struct Case {
-    std::wstring path;
-    FileType type;
-    std::wstring text;
-  };
-  for (const Case& each : {
-           Case{L"nowhere.dc", FT_DC, L"nowhere.dc"},
-           Case{L"nowhere.raw", FT_RAW, L"nowhere.raw"},
-           Case{L"examples/mill-creek.raw", FT_JXL, L"only written"},
-           Case{L"examples/mill-creek.raw", FT_SDR33, L"SDR file"},
-           Case{L"examples/mill-creek.raw", FT_JOB, L"mill-creek.raw"},
-           Case{bad, FT_RAW, L"Bad raw data record found at line 2."},
-           Case{folder.Write(L"short.dc", "00NM"), FT_DC, L"short.dc"},
-           Case{folder.Write(L"text.ilj", "no tab\n"), FT_ILJ, L""},
-       }) {
-    StringList messages;
-    EXPECT_FALSE(ReadFile(each.path, each.type, messages).has_value());
-    ASSERT_FALSE(messages.empty()) << ToNarrow(each.path);
-    EXPECT_NE(messages.back().find(each.text), std::wstring::npos) << ToNarrow(messages.back());
-  }
-}
 
 TEST(ReadSurvey, TouchesNothingAndAsksForAPlaceOnce) {
   const TempDir folder, work;

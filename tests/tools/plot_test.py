@@ -13,14 +13,13 @@ import random
 import re
 import subprocess
 import sys
-import tempfile
 import unittest
 import xml.etree.ElementTree as ElementTree
 
-TOP = pathlib.Path(__file__).resolve().parents[2]
-EXAMPLES = TOP / "examples"
-PICTURES = TOP / "docs" / "pictures"
-HOST = []
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1]))
+from hosted import EXAMPLES, HOST, ROOT, FolderTest, main  # noqa: E402
+
+PICTURES = ROOT / "docs/pictures"
 SVG = "{http://www.w3.org/2000/svg}"
 FEET = {"boundary.job", "boundary-old.job"}  # in US survey feet
 METRES_PER_FOOT = 1200 / 3937
@@ -69,12 +68,7 @@ def overlap(a, b):
     return a[0] < b[2] and b[0] < a[2] and a[1] < b[3] and b[1] < a[3]
 
 
-class PlotTest(unittest.TestCase):
-    def setUp(self):
-        folder = tempfile.TemporaryDirectory()
-        self.addCleanup(folder.cleanup)
-        self.folder = pathlib.Path(folder.name)
-
+class PlotTest(FolderTest):
     def draw(self, path):
         output = self.folder / "plan.svg"
         done = run("--json", "--force", path, output)
@@ -215,5 +209,4 @@ class PlotTest(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    HOST = sys.argv[1:]
-    unittest.main(argv=sys.argv[:1])
+    main()

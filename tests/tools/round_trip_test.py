@@ -5,13 +5,10 @@ every type that leads back to its own. What is lost, and why, stands in a row; a
 
 import json
 import pathlib
-import subprocess
 import sys
-import tempfile
-import unittest
 
-EXAMPLES = pathlib.Path(__file__).resolve().parents[2] / "examples"
-HOST = []
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1]))
+from hosted import EXAMPLES, FolderTest, extension_of, main, run_host  # noqa: E402
 
 DC = "dc dc77 dc1000 dc1070"
 LISTS = "cr5 seqcr5"
@@ -42,27 +39,18 @@ ROWS = [
     ("mill-creek.sdr", "raw", "points: 2 only in A; setups: 1 only in A", "import-sdr takes settings and notes alone"),
 ]
 IMPORTS = {"import-cr5": ["job", "oldjob", "pwj"], "import-sdr": ["raw"]}
-EXTENSIONS = {"oldjob": "job", "seqcr5": "cr5", "sdr2": "sdr", "sdr33": "sdr"}
 IMPORTED = {"cr5": "import-cr5", "seqcr5": "import-cr5", "sdr2": "import-sdr", "sdr33": "import-sdr"}
-
-
-def extension_of(name):
-    return "dc" if name.startswith("dc") else EXTENSIONS.get(name, name)
 
 
 def host(*arguments):
     """Exit code and standard output."""
-    with tempfile.TemporaryFile() as out:
-        code = subprocess.run([*HOST, *map(str, arguments)], stdout=out, stderr=subprocess.DEVNULL, timeout=120)
-        out.seek(0)
-        return code.returncode, out.read().decode().replace("\r\n", "\n")
+    code, text, _ = run_host(map(str, arguments))
+    return code, text.decode().replace("\r\n", "\n")
 
 
-class RoundTripTest(unittest.TestCase):
+class RoundTripTest(FolderTest):
     def setUp(self):
-        folder = tempfile.TemporaryDirectory()
-        self.addCleanup(folder.cleanup)
-        self.folder = pathlib.Path(folder.name)
+        super().setUp()
         types = json.loads(host("types", "--json")[1])["types"]
         self.ways = {each["name"]: each["convertsTo"] or IMPORTS.get(IMPORTED.get(each["name"]), []) for each in types}
 
@@ -104,5 +92,4 @@ class RoundTripTest(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    HOST = [str(pathlib.Path(each).resolve()) if pathlib.Path(each).exists() else each for each in sys.argv[1:]]
-    unittest.main(argv=sys.argv[:1])
+    main()

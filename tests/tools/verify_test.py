@@ -8,14 +8,10 @@ The mutants of tests/mutants/diff.txt plant faults into conversions that this te
 import json
 import pathlib
 import shutil
-import subprocess
 import sys
-import tempfile
-import unittest
 
-TOP = pathlib.Path(__file__).resolve().parents[2]
-GOLDEN = TOP / "tests" / "golden"
-HOST = []
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1]))
+from hosted import GOLDEN, ROOT, FolderTest, extension_of, main  # noqa: E402
 
 # By type: the file to convert and what stands beside it.
 INPUTS = {
@@ -29,28 +25,15 @@ INPUTS = {
 }
 INPUTS |= {name: ["tests/tools/verify/every.dc"] for name in ("dc", "dc77", "dc1000", "dc1070")}
 INPUTS |= {name: ["tests/tools/verify/every.raw", "examples/mill-creek.raw"] for name in ("raw", "rw5", "pwr")}
-EXTENSIONS = {"oldjob": "job", "seqcr5": "cr5", "sdr2": "sdr", "sdr33": "sdr"}
 
 
-def extension_of(name):
-    return "dc" if name.startswith("dc") else EXTENSIONS.get(name, name)
-
-
-class VerifyTest(unittest.TestCase):
-    def setUp(self):
-        self.folder = pathlib.Path(tempfile.mkdtemp())
-        self.addCleanup(shutil.rmtree, self.folder)
-
+class VerifyTest(FolderTest):
     def host(self, *arguments):
-        with tempfile.TemporaryFile() as out, tempfile.TemporaryFile() as err:
-            code = subprocess.run(HOST + list(arguments), cwd=self.folder, stdout=out, stderr=err,
-                                  timeout=120).returncode
-            for stream in out, err:
-                stream.seek(0)
-            return code, out.read().decode(), err.read().decode()
+        code, shown, errors = self.run_host(arguments)
+        return code, shown.decode(), errors.decode()
 
     def copy_input(self, path):
-        source = TOP / path
+        source = ROOT / path
         for beside in source.parent.glob(source.stem + ".*"):
             shutil.copy(beside, self.folder / beside.name)
         return source.name
@@ -106,5 +89,4 @@ class VerifyTest(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    HOST = [str(pathlib.Path(each).resolve()) if pathlib.Path(each).exists() else each for each in sys.argv[1:]]
-    unittest.main(argv=sys.argv[:1])
+    main()

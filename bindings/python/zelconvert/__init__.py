@@ -112,17 +112,8 @@ def convert(
     percentages, 0 to 100, on this thread; a conversion in several steps counts each. An exception
     of it is raised when the conversion has ended, which it doesn't break off.
     """
-    options: dict[str, Option] = {
-        "input": input,
-        "output": output,
-        "from": from_,
-        "to": to,
-        "job": job,
-        "units": units,
-        "force": overwrite,
-        "verify": verify,
-    }
-    told = run("convert", options, progress)
+    options: dict[str, Option] = {"to": to, "verify": verify}
+    told = run("convert", options | _between(input, output, from_, units, job, overwrite), progress)
     made = Path(os.path.abspath(output))  # a name that is no UTF-8 has another in the answer
     files = (made, *map(Path, told["files"][1:]))
     return Conversion(told["from"], told["to"], made, files, tuple(told["messages"]), told.get("warning"))
@@ -178,7 +169,7 @@ def points(
     several times each. Their frame() is a frame of pandas."""
     with tempfile.TemporaryDirectory() as folder:
         table = Path(folder, "points.csv")
-        told = run("points", {"input": path, "output": table, "from": from_, "units": units, "job": job})
+        told = run("points", _between(path, table, from_, units, job))
         with table.open(encoding="utf-8", newline="") as lines:
             rows = list(csv.reader(lines))[1:]
     return Points(map(_point, rows), told["messages"], told.get("warning"))
@@ -195,15 +186,7 @@ def plot(
 ) -> Plot:
     """Draws a plan of what a file holds, north up on a sheet of A3 paper. The name of the output ends in
     ".svg", or in ".png", which is made by rsvg-convert where that is installed."""
-    options: dict[str, Option] = {
-        "input": path,
-        "output": output,
-        "from": from_,
-        "units": units,
-        "job": job,
-        "force": overwrite,
-    }
-    told = run("plot", options)
+    told = run("plot", _between(path, output, from_, units, job, overwrite))
     return cast(Plot, {name: told[name] for name in Plot.__annotations__})
 
 
@@ -228,6 +211,13 @@ def diff(
     }
     told = run("diff", options)
     return cast(Diff, {name: told[name] for name in Diff.__annotations__})
+
+
+def _between(
+    input: StrPath, output: StrPath, from_: str | None, units: str | None, job: StrPath | None, overwrite: bool = False
+) -> dict[str, Option]:
+    """The options of a command that makes a file of another."""
+    return {"input": input, "output": output, "from": from_, "units": units, "job": job, "force": overwrite}
 
 
 def _point(row: list[str]) -> Point:
