@@ -1,16 +1,12 @@
-// Raw logs of any size for the benchmarks, and how a plain loop reads their fields.
+// Raw logs of any size for the benchmarks.
 #pragma once
 
-#include <charconv>
-#include <cmath>
 #include <cstddef>
 #include <cstdio>
 #include <string>
-#include <string_view>
 
 #include "Generate.h"
 #include "PlainLoop.h"
-#include "zelconvert/zelconvert.h"
 
 namespace zelconvert::bench {
 
@@ -78,38 +74,6 @@ void MakeLog(const std::string& path, std::size_t records) {
   text += HeadOf(log);
   for (std::size_t i = 0; i < records; ++i) AppendRecord(text, log, i);
   WriteWhole(path, text);
-}
-
-// ---- For plain loops
-
-inline std::string_view Field(std::string_view line, std::string_view tag) {
-  const std::size_t at = line.find(tag);
-  if (at == line.npos) return {};
-  const std::size_t start = at + tag.size();
-  return line.substr(start, line.find(',', start) - start);
-}
-
-inline double Number(std::string_view text) {
-  double value = 0;
-  std::from_chars(text.data(), text.data() + text.size(), value);
-  return value;
-}
-
-inline double Degrees(double dms) {
-  const double size = std::fabs(dms), degrees = std::floor(size);
-  const double rest = (size - degrees) * 100 + 1e-9, minutes = std::floor(rest);
-  return std::copysign(degrees + minutes / 60 + (rest - minutes) / 36, dms);
-}
-
-/// Converts a log by the exported function; false if it refuses.
-inline bool ConvertLog(const std::string& input, FileType type, const std::string& output) {
-  const std::wstring from = ToText(input), to = ToText(output);
-  wchar_t** files = nullptr;
-  wchar_t** messages = nullptr;
-  const bool converted =
-      cZelFileConvert(FT_RAW, from.c_str(), type, to.c_str(), &files, &messages, 0, nullptr) != 0;
-  cZelFreeAfterFileConvert(files, messages);
-  return converted;
 }
 
 }  // namespace zelconvert::bench
