@@ -19,10 +19,10 @@ std::wstring Rewrite(std::wstring_view line) {
   R record;
   CDcFile::Read(line, record);
   Require(record.type == R::kType && record.subtype.size() <= 2);
-  std::wstring written(R::kHead);
+  std::string written = ToNarrow(R::kHead);
   CutNames cut;
   WriteColumns(written, kColumns<R>, record, cut);
-  return written;
+  return ToWide(written);
 }
 
 // A number that fills its column may have lost digits, and loses one more each time.

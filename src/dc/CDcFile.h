@@ -101,7 +101,7 @@ class CDcFile : public CFileCE {
   template <DcRecordType R>
   void AppendFields(const R& record);
 
-  std::wstring m_strLine;  // the line being written; its memory is reused
+  std::string m_strLine;  // the line being written, as it goes to the file; its memory is reused
   CutNames m_cutNames;
 };
 
@@ -118,14 +118,15 @@ void CDcFile::Read(std::wstring_view line, R& record) {
 
 template <DcRecordType R>
 void CDcFile::Write(const R& record, std::wstring_view subtype) {
-  m_strLine.assign(R::kHead, 2);
+  m_strLine.clear();
+  AppendLeft(m_strLine, Left(R::kHead, 2), 2);
   AppendRight(m_strLine, subtype, 2);
   if constexpr (requires { record.AsWritten(); }) {
     AppendFields(record.AsWritten());
   } else {
     AppendFields(record);
   }
-  WriteLine(m_strLine);
+  WriteLine(std::string_view(m_strLine));
 }
 
 template <DcRecordType R>

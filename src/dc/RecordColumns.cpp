@@ -12,14 +12,22 @@ std::int64_t FitInteger(std::int32_t value, int width) {
   return std::clamp<std::int64_t>(value, 1 - limit / 10, limit - 1);
 }
 
-}  // namespace
-
-void AppendDcNumber(std::wstring& line, double value, int decimals, int width) {
+template <class Line>
+void AppendNumber(Line& line, double value, int decimals, int width) {
   const auto columns = static_cast<std::size_t>(width);
   if (IsNull(value)) return AppendBlanks(line, columns);
   const std::size_t start = line.size();
   AppendFixed(line, value, decimals, columns);
   if (line.size() > start + columns) line.resize(start + columns);
+}
+
+}  // namespace
+
+void AppendDcNumber(std::wstring& line, double value, int decimals, int width) {
+  AppendNumber(line, value, decimals, width);
+}
+void AppendDcNumber(std::string& line, double value, int decimals, int width) {
+  AppendNumber(line, value, decimals, width);
 }
 
 std::wstring FormatDcNumber(double value, int decimals) {
@@ -63,7 +71,7 @@ double ReadReal(std::wstring_view field, RealForm form) {
   return form == RealForm::Nullable ? ReadDcNumber(field) : ToReal(field);
 }
 
-void WriteText(std::wstring& line, std::wstring_view value, TextForm form, int width,
+void WriteText(std::string& line, std::wstring_view value, TextForm form, int width,
                CutNames& cut) {
   const auto columns = static_cast<std::size_t>(width);
   if ((form & kName) != 0 && value.size() > columns) cut.Tell(value, width);
@@ -72,30 +80,34 @@ void WriteText(std::wstring& line, std::wstring_view value, TextForm form, int w
   (form & kLeft) != 0 ? AppendLeft(line, value, columns) : AppendRight(line, value, columns);
 }
 
-void WriteInteger(std::wstring& line, std::int32_t value, IntegerForm form, int width) {
+void WriteInteger(std::string& line, std::int32_t value, IntegerForm form, int width) {
   const auto columns = static_cast<std::size_t>(width);
-  if (form == IntegerForm::Method) return line.push_back(MethodCharacter(value));
+  if (form == IntegerForm::Method) return WriteCharacter(line, MethodCharacter(value));
   if (form == IntegerForm::Offset) {
     // 16 bits on every platform, as wide as the field's characters are.
-    return line.push_back(static_cast<wchar_t>(static_cast<std::uint16_t>(
-        static_cast<std::uint32_t>(value) + static_cast<std::uint32_t>(L'0'))));
+    return WriteCharacter(line, static_cast<std::uint16_t>(static_cast<std::uint32_t>(value) +
+                                                           static_cast<std::uint32_t>(L'0')));
   }
   const std::size_t start = line.size();
   AppendInteger(line, form == IntegerForm::First ? value : FitInteger(value, width));
   const std::size_t length = line.size() - start;
   if (length < columns && form == IntegerForm::Zeros) {
-    line.insert(start + (value < 0 ? 1 : 0), columns - length, L'0');
+    line.insert(start + (value < 0 ? 1 : 0), columns - length, '0');
   } else if (length < columns) {
-    line.insert(start, columns - length, L' ');
+    line.insert(start, columns - length, ' ');
   } else if (length > columns && form == IntegerForm::First) {
     line.resize(start + columns);
   }
 }
 
-void WriteReal(std::wstring& line, double value, int decimals, RealForm form, int width) {
+void WriteReal(std::string& line, double value, int decimals, RealForm form, int width) {
   const bool isMarked = form == RealForm::Marked;
-  if (isMarked) line.push_back(IsNull(value) ? L'0' : L'3');
+  if (isMarked) line.push_back(IsNull(value) ? '0' : '3');
   AppendDcNumber(line, value, decimals, width - isMarked);
+}
+
+void WriteCharacter(std::string& line, wchar_t value) {
+  platform::AppendNarrow(line, {&value, 1});
 }
 
 }  // namespace columns

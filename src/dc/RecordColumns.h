@@ -164,6 +164,7 @@ constexpr std::size_t End(const std::array<Column<R>, N>& columns) {
 /// Appends a DC number in 16 columns: blank for a null value, else what "%16.*f" gives, cut to its
 /// first 16 characters.
 void AppendDcNumber(std::wstring& line, double value, int decimals, int width = 16);
+void AppendDcNumber(std::string& line, double value, int decimals, int width = 16);
 /// The same as text of its own; a null value is a single blank.
 std::wstring FormatDcNumber(double value, int decimals);
 /// A nullable number field: blank gives DC_NULL.
@@ -178,11 +179,11 @@ void ReadText(std::wstring_view field, TextForm form, std::wstring& value);
 std::int32_t ReadInteger(std::wstring_view field, IntegerForm form, Choice choice);
 double ReadReal(std::wstring_view field, RealForm form);
 
-/// Appends `width` columns; a text that may stand in full, more.
-void WriteText(std::wstring& line, std::wstring_view value, TextForm form, int width,
-               CutNames& cut);
-void WriteInteger(std::wstring& line, std::int32_t value, IntegerForm form, int width);
-void WriteReal(std::wstring& line, double value, int decimals, RealForm form, int width);
+/// Appends `width` columns, in the 8-bit text of the file; a text that may stand in full, more.
+void WriteText(std::string& line, std::wstring_view value, TextForm form, int width, CutNames& cut);
+void WriteInteger(std::string& line, std::int32_t value, IntegerForm form, int width);
+void WriteReal(std::string& line, double value, int decimals, RealForm form, int width);
+void WriteCharacter(std::string& line, wchar_t value);
 
 }  // namespace columns
 
@@ -209,7 +210,7 @@ void ReadColumns(std::wstring_view line, const Table& table, R& record) {
 /// Appends the columns of `record` to `line`, which already holds everything before them.
 /// cut: hears of the names that don't fit.
 template <class R, std::size_t N>
-void WriteColumns(std::wstring& line, const std::array<Column<R>, N>& table, const R& record,
+void WriteColumns(std::string& line, const std::array<Column<R>, N>& table, const R& record,
                   CutNames& cut) {
   for (const Column<R>& c : table) {
     if (c.always) {
@@ -223,9 +224,9 @@ void WriteColumns(std::wstring& line, const std::array<Column<R>, N>& table, con
     } else if (c.member.kind == MemberKind::Integer) {
       columns::WriteInteger(line, record.*c.member.integer, c.integer, c.width);
     } else if (c.member.kind == MemberKind::Character) {
-      line.push_back(record.*c.member.character);
+      columns::WriteCharacter(line, record.*c.member.character);
     } else if (c.member.kind == MemberKind::Flag) {
-      line.push_back(record.*c.member.flag ? L'2' : L'1');
+      line.push_back(record.*c.member.flag ? '2' : '1');
     }
   }
 }

@@ -107,18 +107,22 @@ bool CFileCE::ReadLine(std::wstring& text) {
   return !m_strLine.empty();
 }
 
-bool CFileCE::WriteLine(std::wstring_view text) {
-  constexpr std::wstring_view kLineEnd = L"\r\n";
+template <class View>
+bool CFileCE::WriteLines(View text) {
+  constexpr std::string_view kLineEnd("\r\0\n", 4);  // with the zero at its end
   if (!PrepareWrite()) return true;
   do {
-    const std::size_t lineFeed = std::min(text.find(L'\n'), text.size());
+    const std::size_t lineFeed = std::min(text.find('\n'), text.size());
     AppendForFile(text.substr(0, lineFeed));
-    AppendForFile(kLineEnd);
+    m_bUnicode ? m_strHeldBack.append(kLineEnd) : m_strHeldBack.append("\r\n");
     text.remove_prefix(std::min(lineFeed + 1, text.size()));
   } while (!text.empty());
   if (m_strHeldBack.size() > kHeldBackLimit) Flush();
   return true;
 }
+
+template bool CFileCE::WriteLines(std::wstring_view);
+template bool CFileCE::WriteLines(std::string_view);
 
 bool CFileCE::Flush() {
   if (m_strHeldBack.empty()) return true;

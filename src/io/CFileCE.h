@@ -65,7 +65,9 @@ class CFileCE {
   bool ReadLine(std::wstring& text);
   /// Writes `text` and CR LF; a text with line feeds in it becomes several lines, without an empty
   /// one after a line feed at its end. Always true: HasWriteFailed tells the truth.
-  bool WriteLine(std::wstring_view text);
+  bool WriteLine(std::wstring_view text) { return WriteLines(text); }
+  /// The same of text that is 8-bit already, as the file is.
+  bool WriteLine(std::string_view text) { return WriteLines(text); }
   /// Hands to the system what was held back.
   bool Flush();
 
@@ -103,7 +105,10 @@ class CFileCE {
   void StripCarriageReturn(std::string_view& line) const;
   void Widen(std::wstring& text, std::string_view line) const;
   bool PrepareWrite();
+  template <class View>
+  bool WriteLines(View text);
   void AppendForFile(std::wstring_view text);
+  void AppendForFile(std::string_view text) { m_strHeldBack.append(text); }
   bool WritePlatform(const void* buffer, std::size_t count);
   std::int64_t PlatformPosition();
   void ClearReadState();

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/Platform.h"
+
 namespace zelconvert {
 
 /// "%-*s": text, then blanks up to `width`.
@@ -22,6 +24,19 @@ inline void AppendRight(std::wstring& line, std::wstring_view text, std::size_t 
 /// `width` blanks.
 inline void AppendBlanks(std::wstring& line, std::size_t width) {
   line.append(width, L' ');
+}
+
+// The same in a line of an 8-bit file. Columns count characters of the wide text.
+inline void AppendLeft(std::string& line, std::wstring_view text, std::size_t width) {
+  platform::AppendNarrow(line, text);
+  if (text.size() < width) line.append(width - text.size(), ' ');
+}
+inline void AppendRight(std::string& line, std::wstring_view text, std::size_t width) {
+  if (text.size() < width) line.append(width - text.size(), ' ');
+  platform::AppendNarrow(line, text);
+}
+inline void AppendBlanks(std::string& line, std::size_t width) {
+  line.append(width, ' ');
 }
 
 }  // namespace zelconvert

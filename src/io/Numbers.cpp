@@ -1,8 +1,10 @@
 #include "io/Numbers.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
+#include <cstring>
 #include <iterator>
 #include <limits>
 #include <optional>
@@ -20,10 +22,19 @@ struct RealShape {
   std::size_t first = 0;  // after white space and sign
   std::size_t end = 0;    // after the longest valid prefix; equal to `first` without a digit
   bool negative = false;
+  bool hasExponent = false;
+  std::uint64_t mantissa = 0;  // the digits without the point, as long as 64 bits hold them
+  std::size_t digits = 0;
+  std::size_t decimals = 0;
 };
 
-std::size_t SkipDigits(std::wstring_view text, std::size_t at) {
-  while (at < text.size() && IsDigit(text[at])) ++at;
+// Steps over digits and takes them into the mantissa.
+std::size_t TakeDigits(std::wstring_view text, std::size_t at, RealShape& shape) {
+  const std::size_t first = at;
+  for (; at < text.size() && IsDigit(text[at]); ++at) {
+    shape.mantissa = shape.mantissa * 10 + static_cast<std::uint64_t>(text[at] - L'0');
+  }
+  shape.digits += at - first;
   return at;
 }
 
@@ -42,14 +53,13 @@ RealShape FindReal(std::wstring_view text) {
   std::size_t at = SkipSpace(text);
   shape.negative = TakeSign(text, at);
   shape.first = at;
-  at = SkipDigits(text, at);
-  std::size_t digits = at - shape.first;
+  at = TakeDigits(text, at, shape);
   if (at < text.size() && text[at] == L'.') {
     const std::size_t fraction = at + 1;
-    at = SkipDigits(text, fraction);
-    digits += at - fraction;
+    at = TakeDigits(text, fraction, shape);
+    shape.decimals = at - fraction;
   }
-  if (digits == 0) {
+  if (shape.digits == 0) {
     shape.end = shape.first;
     return shape;
   }
@@ -57,10 +67,31 @@ RealShape FindReal(std::wstring_view text) {
   if (at < text.size() && (text[at] == L'e' || text[at] == L'E')) {
     TakeSign(text, ++at);
     const std::size_t exponent = at;
-    at = SkipDigits(text, exponent);
-    if (at > exponent) shape.end = at;
+    while (at < text.size() && IsDigit(text[at])) ++at;
+    shape.hasExponent = at > exponent;
+    if (shape.hasExponent) shape.end = at;
   }
   return shape;
+}
+
+// As many digits as 64 bits hold.
+constexpr std::size_t kMostDigits = 19;
+
+constexpr auto kPowersOfTen = [] {
+  std::array<std::uint64_t, kMostDigits> powers = {1};
+  for (std::size_t i = 1; i < powers.size(); ++i) powers[i] = powers[i - 1] * 10;
+  return powers;
+}();
+
+// Two integers that a real holds exactly have a quotient that is rounded once, as a conversion
+// rounds: nearly every number of a survey is one of so few digits.
+std::optional<double> QuotientOf(const RealShape& shape) {
+  constexpr std::uint64_t kMostExact = std::uint64_t{1} << 53;
+  if (shape.digits > kMostDigits || shape.decimals >= kMostDigits || shape.hasExponent ||
+      shape.mantissa > kMostExact) {
+    return std::nullopt;
+  }
+  return static_cast<double>(shape.mantissa) / static_cast<double>(kPowersOfTen[shape.decimals]);
 }
 
 // Whether an out-of-range number is too large, by the decimal exponent of its first digit.
@@ -84,9 +115,19 @@ bool IsTooLarge(std::string_view number) {
 }
 
 // `number` has no sign and is valid to its end.
-double ConvertReal(std::string_view number, bool& overflow) {
+double ConvertReal(std::wstring_view number, bool& overflow) {
+  char onStack[128];
+  std::string onHeap;  // only for numbers that no instrument writes
+  char* narrow = onStack;
+  if (number.size() > sizeof(onStack)) {
+    onHeap.resize(number.size());
+    narrow = onHeap.data();
+  }
+  std::transform(number.begin(), number.end(), narrow,
+                 [](wchar_t c) { return static_cast<char>(c); });
+  const std::string_view digits(narrow, number.size());
   double value = 0;
-  if (!platform::ParseDecimal(number, value)) value = IsTooLarge(number) ? HUGE_VAL : 0.0;
+  if (!platform::ParseDecimal(digits, value)) value = IsTooLarge(digits) ? HUGE_VAL : 0.0;
   overflow = value == HUGE_VAL;
   return value;
 }
@@ -108,54 +149,70 @@ struct FixedPoint {
   std::uint64_t fraction = 0;
 };
 
-constexpr int kMaxFixedDecimals = 18;
+// The product of two numbers: its upper 64 bits, and its lower.
+struct Product {
+  std::uint64_t upper, lower;
+};
+Product Multiply(std::uint64_t a, std::uint64_t b) {
+  constexpr std::uint64_t kHalf = 0xFFFFFFFF;
+  const std::uint64_t low = (a & kHalf) * (b & kHalf);
+  const std::uint64_t middle = (a >> 32) * (b & kHalf) + (low >> 32);
+  const std::uint64_t other = (a & kHalf) * (b >> 32) + (middle & kHalf);
+  return {(a >> 32) * (b >> 32) + (middle >> 32) + (other >> 32), other << 32 | (low & kHalf)};
+}
 
 // Integer arithmetic is several times faster than the general conversion. It serves zero and the
-// magnitudes from 2^-8 to 2^53, nearly all that surveys hold: there a real is an integer of 53 bits
-// divided by 2^shift, and ten times its fraction still fits 64 bits.
+// magnitudes from 2^-12 to 2^53, nearly all that surveys hold: there a real is an integer of 53
+// bits divided by 2^shift. As a part of 2^64 its fraction needs one multiplication, which has the
+// digits in its upper half, and in its lower what decides how the last of them is rounded.
 std::optional<FixedPoint> ToFixedPoint(double value, int decimals) {
   constexpr int kMantissaBits = 52, kExponentMask = 0x7FF, kZeroShiftExponent = 1075;
-  if (decimals > kMaxFixedDecimals) return std::nullopt;
+  constexpr std::uint64_t kHalfway = std::uint64_t{1} << 63;
+  if (decimals >= static_cast<int>(kMostDigits)) return std::nullopt;
   if (value == 0) return FixedPoint();
   const auto bits = BitCast<std::uint64_t>(value);
   const int shift = kZeroShiftExponent - (static_cast<int>(bits >> kMantissaBits) & kExponentMask);
-  if (shift < 0 || shift > 60) return std::nullopt;
+  if (shift < 0 || shift > 64) return std::nullopt;
   const std::uint64_t hiddenBit = std::uint64_t{1} << kMantissaBits;
   const std::uint64_t mantissa = (bits & (hiddenBit - 1)) | hiddenBit;
-  const std::uint64_t one = std::uint64_t{1} << shift;
-  FixedPoint fixed{mantissa >> shift, 0};
-  std::uint64_t rest = mantissa & (one - 1);
-  std::uint64_t scale = 1;
-  for (int i = 0; i < decimals; ++i) {
-    rest *= 10;
-    fixed.fraction = fixed.fraction * 10 + (rest >> shift);
-    rest &= one - 1;
-    scale *= 10;
-  }
-  const bool isOdd = (decimals > 0 ? fixed.fraction : fixed.whole) & 1;
-  const bool roundUp = 2 * rest > one || (2 * rest == one && isOdd);
-  if (roundUp && ++fixed.fraction == scale) {
+  FixedPoint fixed{shift < 64 ? mantissa >> shift : 0, 0};
+  const std::uint64_t part = shift > 0 ? mantissa << (64 - shift) : 0;
+  const std::uint64_t scale = kPowersOfTen[static_cast<std::size_t>(decimals)];
+  const auto [digits, rest] = Multiply(part, scale);
+  const bool isOdd = (decimals > 0 ? digits : fixed.whole) & 1;
+  fixed.fraction = digits + (rest > kHalfway || (rest == kHalfway && isOdd));
+  if (fixed.fraction == scale) {
     fixed.fraction = 0;
     ++fixed.whole;
   }
   return fixed;
 }
 
+constexpr auto kDigitPairs = [] {
+  std::array<char, 200> pairs{};
+  for (std::size_t i = 0; i < pairs.size(); ++i) {
+    pairs[i] = static_cast<char>('0' + (i % 2 == 0 ? i / 20 : i / 2 % 10));
+  }
+  return pairs;
+}();
+
+// Writes `count` digits, with leading zeros.
+void WriteDigits(char* first, int count, std::uint64_t value) {
+  char* at = first + count;
+  for (; at - first > 1; value /= 100) {
+    at -= 2;
+    std::memcpy(at, kDigitPairs.data() + 2 * (value % 100), 2);
+  }
+  if (at > first) *first = static_cast<char>('0' + value);
+}
+
 // Writes the digits and returns their end.
 char* WriteFixedPoint(char* at, char* end, FixedPoint fixed, int decimals) {
   at = std::to_chars(at, end, fixed.whole).ptr;
   if (decimals == 0) return at;
-  *at++ = '.';
-  char* const last = at + decimals;
-  char* digit = last;
-  for (; fixed.fraction > std::numeric_limits<std::uint32_t>::max(); fixed.fraction /= 10) {
-    *--digit = static_cast<char>('0' + fixed.fraction % 10);
-  }
-  // Division in 32 bits is quicker on most machines.
-  for (auto rest = static_cast<std::uint32_t>(fixed.fraction); digit > at; rest /= 10) {
-    *--digit = static_cast<char>('0' + rest % 10);
-  }
-  return last;
+  *at = '.';
+  WriteDigits(at + 1, decimals, fixed.fraction);
+  return at + 1 + decimals;
 }
 
 char* WriteFixed(char* at, char* end, double value, int decimals) {
@@ -182,23 +239,23 @@ void WithFixed(double value, int decimals, Use use) {
   use(std::string_view(onHeap.data(), static_cast<std::size_t>(end - onHeap.data())));
 }
 
+template <class Use>
+void WithInteger(std::int64_t value, Use use) {
+  char digits[24];
+  const auto result = std::to_chars(digits, digits + sizeof(digits), value);
+  use(std::string_view(digits, static_cast<std::size_t>(result.ptr - digits)));
+}
+
 }  // namespace
 
 ParsedReal ParseReal(std::wstring_view text) {
   const RealShape shape = FindReal(text);
   ParsedReal parsed;
   if (shape.end == shape.first) return parsed;
-  const std::wstring_view number = text.substr(shape.first, shape.end - shape.first);
-  char onStack[128];
-  std::string onHeap;  // only for numbers that no instrument writes
-  char* narrow = onStack;
-  if (number.size() > sizeof(onStack)) {
-    onHeap.resize(number.size());
-    narrow = onHeap.data();
-  }
-  std::transform(number.begin(), number.end(), narrow,
-                 [](wchar_t c) { return static_cast<char>(c); });
-  const double value = ConvertReal({narrow, number.size()}, parsed.overflow);
+  const auto quotient = QuotientOf(shape);
+  const double value =
+      quotient ? *quotient
+               : ConvertReal(text.substr(shape.first, shape.end - shape.first), parsed.overflow);
   parsed.value = shape.negative ? -value : value;
   parsed.consumed = shape.end;
   return parsed;
@@ -206,6 +263,7 @@ ParsedReal ParseReal(std::wstring_view text) {
 
 ParsedInteger ParseInteger(std::wstring_view text, int base) {
   constexpr auto kMax = static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
+  constexpr std::size_t kAlwaysFit = 12;  // digits of any base
   std::size_t at = SkipSpace(text);
   const bool negative = TakeSign(text, at);
   const std::size_t first = at;
@@ -214,7 +272,7 @@ ParsedInteger ParseInteger(std::wstring_view text, int base) {
   bool saturated = false;
   for (; at < text.size() && DigitValue(text[at]) < base; ++at) {
     const auto digit = static_cast<std::uint64_t>(DigitValue(text[at]));
-    saturated = saturated || value > (kMax - digit) / radix;
+    saturated = saturated || (at - first >= kAlwaysFit && value > (kMax - digit) / radix);
     if (!saturated) value = value * radix + digit;
   }
   if (at == first) return {};
@@ -239,10 +297,19 @@ void AppendFixed(std::wstring& out, double value, int decimals, std::size_t widt
   });
 }
 
+void AppendFixed(std::string& out, double value, int decimals, std::size_t width) {
+  WithFixed(value, decimals, [&](std::string_view digits) {
+    if (digits.size() < width) out.append(width - digits.size(), ' ');
+    out.append(digits);
+  });
+}
+
 void AppendInteger(std::wstring& out, std::int64_t value) {
-  char digits[24];
-  const auto result = std::to_chars(digits, digits + sizeof(digits), value);
-  AppendAscii(out, {digits, static_cast<std::size_t>(result.ptr - digits)});
+  WithInteger(value, [&](std::string_view digits) { AppendAscii(out, digits); });
+}
+
+void AppendInteger(std::string& out, std::int64_t value) {
+  WithInteger(value, [&](std::string_view digits) { out.append(digits); });
 }
 
 void AppendTwoDigits(std::wstring& out, int value) {

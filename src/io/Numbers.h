@@ -34,8 +34,10 @@ std::int32_t ToInteger(std::wstring_view text, int base = 10);
 /// Appends what printf("%*.*f") gives, all digits of a large value included: right-justified in
 /// `width`, longer if it has to be.
 void AppendFixed(std::wstring& out, double value, int decimals, std::size_t width = 0);
+void AppendFixed(std::string& out, double value, int decimals, std::size_t width = 0);
 /// Appends what printf("%lld") gives.
 void AppendInteger(std::wstring& out, std::int64_t value);
+void AppendInteger(std::string& out, std::int64_t value);
 /// Appends the value, 0 to 99, as two digits.
 void AppendTwoDigits(std::wstring& out, int value);
 /// What AppendFixed and AppendInteger append, as a text of its own.

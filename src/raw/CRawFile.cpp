@@ -353,7 +353,7 @@ void CRawFile::WriteRE(std::wstring_view station, double elevation, double zenit
 
 void CRawFile::WriteControl(std::wstring_view tag, const CONTROL_RECORD& control) {
   WriteFields(tag, control);
-  WriteLine({});
+  WriteLine(L"");
 }
 
 void CRawFile::WriteDateComment(std::wstring& text) {

@@ -6,13 +6,14 @@ RawFields::RawFields(std::wstring_view record) : m_record(record) {
   for (std::size_t comma = record.find(L',');
        comma != std::wstring_view::npos && m_count < kIndexed;
        comma = record.find(L',', comma + 1)) {
+    m_tags[m_count] = KeyAfter(comma);
     m_commas[m_count++] = comma;
   }
 }
 
-bool RawFields::IsTagAt(std::size_t comma, FieldTag tag) const {
-  return m_record.size() - comma > 2 && m_record[comma + 1] == tag[0] &&
-         m_record[comma + 2] == tag[1];
+/// The two characters after a comma; 0, which is no tag, where the record ends before.
+RawFields::TagKey RawFields::KeyAfter(std::size_t comma) const {
+  return m_record.size() - comma > 2 ? KeyOf(m_record[comma + 1], m_record[comma + 2]) : 0;
 }
 
 /// The comma after `comma`, which is the i-th; npos after the last.
@@ -22,10 +23,14 @@ std::size_t RawFields::NextComma(std::size_t i, std::size_t comma) const {
 }
 
 bool RawFields::Find(FieldTag tag, std::wstring_view& value) const {
-  std::size_t comma = m_count == 0 ? std::wstring_view::npos : m_commas[0];
-  for (std::size_t i = 0; comma != std::wstring_view::npos; ++i) {
+  const TagKey key = KeyOf(tag[0], tag[1]);
+  std::size_t i = 0;
+  while (i < m_count && m_tags[i] != key) ++i;
+  std::size_t comma = i < m_count ? m_commas[i] : std::wstring_view::npos;
+  if (i == kIndexed) comma = NextComma(i - 1, m_commas.back());
+  for (; comma != std::wstring_view::npos; ++i) {
     const std::size_t next = NextComma(i, comma);
-    if (IsTagAt(comma, tag)) {
+    if (KeyAfter(comma) == key) {
       value = m_record.substr(comma + 3, next - comma - 3);
       return true;
     }

@@ -33,14 +33,20 @@ class RawFields {
   bool Has(FieldTag tag) const;
 
  private:
-  bool IsTagAt(std::size_t comma, FieldTag tag) const;
+  using TagKey = std::uint64_t;
+
+  static constexpr TagKey KeyOf(wchar_t first, wchar_t second) {
+    return static_cast<TagKey>(first) << 32 | static_cast<std::uint32_t>(second);
+  }
+  TagKey KeyAfter(std::size_t comma) const;
   std::size_t NextComma(std::size_t i, std::size_t comma) const;
 
   /// More than any record has; commas beyond are looked for when they are needed.
   static constexpr std::size_t kIndexed = 24;
 
   std::wstring_view m_record;
-  std::array<std::size_t, kIndexed> m_commas;  // only the first m_count are set
+  std::array<std::size_t, kIndexed> m_commas;  // only the first m_count of both are set
+  std::array<TagKey, kIndexed> m_tags;         // what stands after each comma
   std::size_t m_count = 0;
 };
 

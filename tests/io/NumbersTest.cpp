@@ -92,6 +92,9 @@ TEST(Numbers, FormatsAsPrintfAndReadsBackAsStrtod) {
     std::snprintf(expected, sizeof(expected), "%.*f", decimals, value);
     const std::wstring text = FormatFixed(value, decimals);
     ASSERT_EQ(ToNarrow(text), PointFromLocale(expected)) << decimals;
+    std::string narrow = "=";
+    AppendFixed(narrow, value, decimals);
+    ASSERT_EQ(narrow, "=" + PointFromLocale(expected)) << decimals;
     ASSERT_EQ(ParseReal(text).value, std::strtod(expected, nullptr)) << expected;
 
     std::snprintf(expected, sizeof(expected), "%.*e", decimals, value);
