@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "raw/NameSet.h"
+#include "io/NameSet.h"
 
 namespace zelconvert::tools {
 

@@ -1,9 +1,11 @@
 // What every conversion class shares: the two bases, and the texts of a record that can't be read.
 #pragma once
 
+#include <cstddef>
 #include <exception>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace zelconvert {
@@ -11,11 +13,31 @@ namespace zelconvert {
 /// Texts in the order they arose; the paths of files made.
 using StringList = std::vector<std::wstring>;
 
+/// Texts for the host. A file may give cause for a warning with each of its lines, so of the
+/// warnings only the first are kept.
+class MessageList : public StringList {
+ public:
+  /// Adds the text of a run that goes on. At the first one too many a text takes its place that
+  /// says so; the rest is dropped. What ends a run is added by push_back and never dropped.
+  void Warn(std::wstring text) {
+    constexpr std::wstring_view kMoreText = L"There are more warnings; they are not listed.";
+    if (IsFull()) return;
+    m_characters += text.size();
+    push_back(IsFull() ? std::wstring(kMoreText) : std::move(text));
+  }
+  bool IsFull() const { return m_characters > kMostCharacters; }
+
+ private:
+  /// Some thousands of warnings, with names of the usual length.
+  static constexpr std::size_t kMostCharacters = std::size_t{1} << 19;
+  std::size_t m_characters = 0;  // of the warnings
+};
+
 /// What a run tells its host.
 struct Report {
-  StringList files;     ///< the paths of the files made
-  StringList messages;  ///< warnings and errors, in the order they arose
-  StringList beside;    ///< files made beside the output, which no host is told of: those of roads
+  StringList files;      ///< the paths of the files made
+  MessageList messages;  ///< warnings and errors, in the order they arose
+  StringList beside;     ///< files made beside the output, which no host is told of: those of roads
 
   /// Says why a run ends, and is false.
   bool Refuse(std::wstring_view text) {

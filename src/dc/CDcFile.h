@@ -95,7 +95,7 @@ class CDcFile : public CFileCE {
   void Write(const R& record, std::wstring_view subtype);
 
   /// Where names that a column cuts are told of, each once; the list stays the caller's.
-  void SetMessages(StringList* messages) { m_cutNames.SetMessages(messages); }
+  void SetMessages(MessageList* messages) { m_cutNames.SetMessages(messages); }
 
  private:
   template <DcRecordType R>

@@ -86,7 +86,7 @@ constexpr std::wstring_view TrimName(std::wstring_view name) {
 // One run.
 class DcToIlj {
  public:
-  DcToIlj(CDcFile& dc, CTextFile& ilj, StringList& messages)
+  DcToIlj(CDcFile& dc, CTextFile& ilj, MessageList& messages)
       : m_dc(dc), m_ilj(ilj), m_messages(messages) {}
 
   bool Run() {
@@ -141,7 +141,12 @@ class DcToIlj {
 
   bool CarryLine(const Row& row) {
     if ((this->*row.carry)(m_line)) return true;
-    m_messages.push_back(FormatRecordParseError(m_index, row.label));
+    std::wstring text = FormatRecordParseError(m_index, row.label);
+    if (row.failure == kGoesOn) {
+      m_messages.Warn(std::move(text));
+    } else {
+      m_messages.push_back(std::move(text));
+    }
     return row.failure == kGoesOn;
   }
 
@@ -404,7 +409,7 @@ class DcToIlj {
 
   CDcFile& m_dc;
   CTextFile& m_ilj;
-  StringList& m_messages;
+  MessageList& m_messages;
   const std::int64_t m_now = CivilSeconds(CurrentLocalTime());  // which DC records don't know
   std::optional<tDC_HEADERRecord> m_header;
 

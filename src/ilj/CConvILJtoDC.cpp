@@ -208,9 +208,11 @@ class IljToDc {
     const bool isValid = m_record.ParseText(fields);
     if (isValid && (this->*row.carry)()) return true;
     const std::wstring_view label = IljLayoutOf(type).tag.View();
-    m_report.messages.push_back(isValid ? FormatRecordParseError(m_index, label)
-                                        : FormatRecordReadError(m_index, label));
-    return row.failure == kGoesOn;
+    std::wstring text =
+        isValid ? FormatRecordParseError(m_index, label) : FormatRecordReadError(m_index, label);
+    if (row.failure == kFatal) return m_report.Refuse(text);
+    m_report.messages.Warn(std::move(text));
+    return true;
   }
 
   /// What the record held before is cleared when it is parsed.

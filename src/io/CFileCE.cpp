@@ -90,12 +90,12 @@ bool CFileCE::ReadLine(std::wstring& text) {
     const std::string_view chunk = RestOfChunk();
     const std::size_t lineFeed = FindLineFeed(chunk);
     if (lineFeed == std::string_view::npos) {
-      m_strLine.append(chunk);
+      AppendToLine(chunk);
       m_nLineLeft = 0;
       continue;
     }
     std::string_view line = chunk.substr(0, lineFeed);
-    if (!m_strLine.empty()) line = m_strLine.append(line);
+    if (!m_strLine.empty()) line = AppendToLine(line);
     StripCarriageReturn(line);
     Widen(text, line);
     const std::size_t characters = lineFeed / CharacterSize() + 1;
@@ -236,6 +236,10 @@ std::size_t CFileCE::FindLineFeed(std::string_view chunk) const {
     if (chunk[i] == '\n' && chunk[i + 1] == '\0') return i;
   }
   return std::string_view::npos;
+}
+
+std::string_view CFileCE::AppendToLine(std::string_view part) {
+  return m_strLine.append(part.substr(0, kLongestLine * CharacterSize() - m_strLine.size()));
 }
 
 void CFileCE::StripCarriageReturn(std::string_view& line) const {

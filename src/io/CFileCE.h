@@ -59,6 +59,9 @@ class CFileCE {
   /// reader above saw the end of the file.
   bool HasReadFailed() const { return m_bReadFailed; }
 
+  /// Of a line so many characters count, here and in CTextFile; the rest is passed over. No record
+  /// is nearly as long, and a file without line ends must not fill the memory.
+  static constexpr std::size_t kLongestLine = std::size_t{1} << 18;
   /// The next line without its line end (LF or CR LF), in `text`, whose memory is reused. False at
   /// the end mark or the end of the file; a last line without line end is a line, and keeps a CR at
   /// its end.
@@ -102,6 +105,7 @@ class CFileCE {
   bool FillLineBuffer();
   std::string_view RestOfChunk() const;
   std::size_t FindLineFeed(std::string_view chunk) const;
+  std::string_view AppendToLine(std::string_view part);
   void StripCarriageReturn(std::string_view& line) const;
   void Widen(std::wstring& text, std::string_view line) const;
   bool PrepareWrite();

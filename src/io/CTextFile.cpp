@@ -11,6 +11,7 @@ namespace {
 constexpr std::uint32_t kTextModeBit = 0x4000;
 constexpr std::size_t kPieceLength = 256;  // characters that one step of the writer takes
 constexpr std::size_t kChunkBytes = 256;   // UTF-16 takes twice as many
+constexpr std::size_t kLongestLine = CFileCE::kLongestLine;
 constexpr std::wstring_view kLineEnd = L"\r\n";
 
 constexpr bool IsUtf16(CTextFile::Encoding encoding) {
@@ -94,6 +95,7 @@ bool CTextFile::ReadString(std::wstring& line) {
   std::size_t searched = m_nStart;
   std::size_t lineFeed = m_strBuffer.find(L'\n', searched);
   while (lineFeed == std::wstring::npos) {
+    if (HeldLength() > kLongestLine) m_strBuffer.resize(m_nStart + kLongestLine);
     const std::size_t held = HeldLength();
     if (!ReadChunk()) break;
     searched = m_nStart + held;
@@ -102,7 +104,7 @@ bool CTextFile::ReadString(std::wstring& line) {
   const std::wstring_view text = std::wstring_view(m_strBuffer).substr(m_nStart);
   const bool isLast = lineFeed == std::wstring::npos;
   const std::wstring_view found = isLast ? text : text.substr(0, lineFeed - m_nStart);
-  line = found.substr(0, found.find(L'\r'));
+  line = found.substr(0, std::min(found.find(L'\r'), kLongestLine));
   const bool hasLine = !text.empty();
   if (isLast) {
     ClearHeld();

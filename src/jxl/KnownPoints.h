@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "io/NameSet.h"
 #include "jxl/CJxlFile.h"
-#include "raw/NameSet.h"
 
 namespace zelconvert {
 

@@ -1,6 +1,8 @@
 #include "raw/RawIndex.h"
 
 #include <algorithm>
+#include <limits>
+#include <stdexcept>
 
 namespace zelconvert {
 namespace {
@@ -10,7 +12,7 @@ constexpr RawKinds kSetupKinds = {RawRecordType::OC, RawRecordType::BK, RawRecor
 
 /// The entry of a line in a list that is sorted by lines; null if the line isn't in it.
 template <class Entry>
-const Entry* EntryOf(const std::vector<Entry>& entries, std::int64_t line) {
+const Entry* EntryOf(const std::deque<Entry>& entries, std::int64_t line) {
   const auto found =
       std::lower_bound(entries.begin(), entries.end(), line,
                        [](const Entry& entry, std::int64_t at) { return entry.line < at; });
@@ -35,10 +37,12 @@ void RawIndex::Build(CRawFile& raw) {
 
 void RawIndex::Add(std::wstring_view record) {
   const RawRecordType kind = CRawFile::GetRecordType(record);
+  GrowByQuarter(m_kinds);
   m_kinds.push_back(kind);
-  const std::int64_t line = LineCount();
+  if (m_kinds.size() > std::numeric_limits<std::uint32_t>::max()) throw std::length_error("lines");
+  const auto line = static_cast<std::uint32_t>(m_kinds.size());
   AddHeights(kind, line, record);
-  if (kind == RawRecordType::MO) AddMode(record);
+  if (kind == RawRecordType::MO) AddMode(line, record);
   if (kind == RawRecordType::LM || kind == RawRecordType::LH) m_hasLocalization = true;
   if (NAME_RECORD name; kind == RawRecordType::DP && CRawFile::Parse(record, name)) {
     AddDeletion(name.name, line);
@@ -50,29 +54,29 @@ void RawIndex::Add(std::wstring_view record) {
   if (kind == RawRecordType::BL) m_isVectorOpen = true;
 }
 
-void RawIndex::AddDeletion(std::wstring_view name, std::int64_t line) {
+void RawIndex::AddDeletion(std::wstring_view name, std::uint32_t line) {
   if (m_deletedNames.Insert(name)) m_deletedAt.push_back(line);
   m_deletedAt[*m_deletedNames.Find(name)] = line;
 }
 
-void RawIndex::AddMode(std::wstring_view record) {
+void RawIndex::AddMode(std::uint32_t line, std::wstring_view record) {
   MO_RECORD mode;
   const bool isGood = CRawFile::Parse(record, mode);
   if (isGood && !m_hasMode) m_firstMode = mode;
   if (isGood) {
     m_unit = LinearUnitOfRaw(mode.distanceUnit);
-    m_modeLine = LineCount();
+    m_modeLine = line;
   }
   m_hasMode = true;
 }
 
 /// Keeps what an LS says if a setup may look for it.
-void RawIndex::AddHeights(RawRecordType kind, std::int64_t line, std::wstring_view record) {
+void RawIndex::AddHeights(RawRecordType kind, std::uint32_t line, std::wstring_view record) {
   if (kind == RawRecordType::LS && m_isSetupOpen) {
     LS_RECORD heights;
     const bool isWhole = CRawFile::Parse(record, heights);
     if (isWhole || CRawFile::GetDoubleField(record, L"HI", heights.instrumentHeight)) {
-      m_heights.push_back({line, heights, isWhole, m_unit, m_modeLine});
+      m_heights.push_back({heights, line, m_modeLine, m_unit, isWhole});
     }
   }
   if (kSetupKinds.Contains(kind)) {
@@ -82,17 +86,19 @@ void RawIndex::AddHeights(RawRecordType kind, std::int64_t line, std::wstring_vi
   }
 }
 
-void RawIndex::AddOccupied(std::int64_t line, std::wstring_view record) {
+void RawIndex::AddOccupied(std::uint32_t line, std::wstring_view record) {
   const std::wstring name = NameOf(record, L"OP", L"PN");
   m_askedNames.Insert(name);
   m_occupied.push_back({line, static_cast<std::uint32_t>(*m_askedNames.Find(name))});
 }
 
 /// Keeps what a GP says if a vector may ask for it.
-void RawIndex::AddGpsPoint(std::int64_t line, std::wstring_view record) {
+void RawIndex::AddGpsPoint(std::uint32_t line, std::wstring_view record) {
   GP_RECORD point;
-  const bool valid = CRawFile::Parse(record, point);
-  m_gpsPoints.push_back({line, valid, point.kind, std::wstring(point.name)});
+  if (!CRawFile::Parse(record, point)) return;
+  m_gpsNames.Insert(point.name);
+  m_gpsPoints.push_back(
+      {line, static_cast<std::uint32_t>(*m_gpsNames.Find(point.name)), point.kind});
 }
 
 std::int64_t RawIndex::Search::Next(const std::vector<RawRecordType>& lines, std::int64_t line) {
@@ -147,7 +153,7 @@ bool RawIndex::FindGpsPointKind(std::int64_t line, std::wstring_view name, bool&
   line = m_nextGpsPoint.Next(m_kinds, line);
   if (line > LineCount() || KindAt(line) != RawRecordType::GP) return true;
   const GpsPoint* point = EntryOf(m_gpsPoints, line);
-  if (point == nullptr || !point->valid || point->name != name) return false;
+  if (point == nullptr || m_gpsNames.Find(name) != point->name) return false;
   isControl = point->kind == GpsPointKind::Control;
   return true;
 }

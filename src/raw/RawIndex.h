@@ -5,14 +5,15 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "io/NameSet.h"
 #include "raw/CRawFile.h"
-#include "raw/NameSet.h"
 #include "raw/RawRecords.h"
 #include "raw/RawUnits.h"
 
@@ -42,15 +43,17 @@ inline constexpr RawKinds kGpsPointMarks = {RawRecordType::GP, RawRecordType::GS
 
 /// What an LS ahead says.
 struct HeightsAhead {
-  std::int64_t line;
   LS_RECORD heights;
+  std::uint32_t line;
+  std::uint32_t modeLine;          ///< the line of the latest good MO before it, or 0
+  std::optional<LinearUnit> unit;  ///< that of this MO, if it tells one
   bool hasRodHeight;               ///< the LS has an HR
-  std::optional<LinearUnit> unit;  ///< that of the latest good MO before it, if one tells a unit
-  std::int64_t modeLine;           ///< the line of that MO
 };
 
 /// Lines are counted from 1. The look-aheads answer for the record on `line`, by the records after
-/// it; asked in the order of the file, all of them together take linear time.
+/// it; asked in the order of the file, all of them together take linear time. What is kept of a
+/// line is small, since a log may hold nothing but what is kept: lines are counted in 32 bits, and
+/// Build throws std::length_error for more of them.
 class RawIndex {
  public:
   /// Reads the whole file and goes back to its start.
@@ -99,35 +102,35 @@ class RawIndex {
     std::int64_t m_found = 0;
   };
   struct Occupied {
-    std::int64_t line;
+    std::uint32_t line;
     std::uint32_t name;  // its number in m_askedNames
   };
   struct GpsPoint {
-    std::int64_t line;
-    bool valid;
+    std::uint32_t line;
+    std::uint32_t name;  // its number in m_gpsNames
     GpsPointKind kind;
-    std::wstring name;
   };
   void Add(std::wstring_view record);
-  void AddDeletion(std::wstring_view name, std::int64_t line);
-  void AddMode(std::wstring_view record);
-  void AddHeights(RawRecordType kind, std::int64_t line, std::wstring_view record);
-  void AddOccupied(std::int64_t line, std::wstring_view record);
-  void AddGpsPoint(std::int64_t line, std::wstring_view record);
+  void AddDeletion(std::wstring_view name, std::uint32_t line);
+  void AddMode(std::uint32_t line, std::wstring_view record);
+  void AddHeights(RawRecordType kind, std::uint32_t line, std::wstring_view record);
+  void AddOccupied(std::uint32_t line, std::wstring_view record);
+  void AddGpsPoint(std::uint32_t line, std::wstring_view record);
   RawRecordType KindAt(std::int64_t line) const {
     return m_kinds[static_cast<std::size_t>(line - 1)];
   }
 
   std::vector<RawRecordType> m_kinds;
-  std::vector<HeightsAhead> m_heights;
-  std::vector<Occupied> m_occupied;
-  std::vector<GpsPoint> m_gpsPoints;
+  std::deque<HeightsAhead> m_heights;
+  std::deque<Occupied> m_occupied;
+  std::deque<GpsPoint> m_gpsPoints;  // the good ones
+  NameSet m_gpsNames;
   NameSet m_deletedNames;
-  std::vector<std::int64_t> m_deletedAt;  // the line of the last DP, by the name's number
+  std::deque<std::uint32_t> m_deletedAt;  // the line of the last DP, by the name's number
   NameSet m_askedNames;
   MO_RECORD m_firstMode;
   std::optional<LinearUnit> m_unit;  // of the latest good MO
-  std::int64_t m_modeLine = 0;       // its line
+  std::uint32_t m_modeLine = 0;      // its line
   bool m_hasMode = false;
   bool m_isSetupOpen = false;   // an OC, BK or TR, and neither LS nor shot since
   bool m_isVectorOpen = false;  // a BL, and no GP, GS or GK since

@@ -14,7 +14,7 @@ namespace {
 
 class RoadCheck {
  public:
-  RoadCheck(RoadNames& badRoads, StringList& messages)
+  RoadCheck(RoadNames& badRoads, MessageList& messages)
       : m_badRoads(badRoads), m_messages(messages) {}
 
   void Line(std::wstring_view line) {
@@ -34,8 +34,8 @@ class RoadCheck {
     m_isRoadOpen = false;
     if (!m_road.isBad) CheckEndOfRoad();
     if (!m_road.isBad) return;
-    m_messages.push_back(FormatRoadFailure(m_road.name));
-    m_badRoads.insert(m_road.name);
+    m_messages.Warn(FormatRoadFailure(m_road.name));
+    m_badRoads.Insert(m_road.name);
   }
 
   bool FoundAnything() const { return m_foundAnything; }
@@ -143,12 +143,12 @@ class RoadCheck {
   }
 
   void Refuse(std::wstring_view text) {
-    m_messages.emplace_back(text);
+    m_messages.Warn(std::wstring(text));
     m_road.isBad = true;
   }
 
   RoadNames& m_badRoads;
-  StringList& m_messages;
+  MessageList& m_messages;
 
   struct Template {
     std::size_t segments = 0;
@@ -175,7 +175,7 @@ std::wstring FormatRoadFailure(const std::wstring& roadName) {
   return FormatText(road_texts::kRoadFailure, roadName);
 }
 
-bool CheckDcRoads(CDcFile& file, RoadNames& badRoads, StringList& messages) {
+bool CheckDcRoads(CDcFile& file, RoadNames& badRoads, MessageList& messages) {
   RoadCheck check(badRoads, messages);
   std::wstring line;
   file.Rewind();

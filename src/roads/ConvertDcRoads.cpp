@@ -141,7 +141,7 @@ class RoadConversion {
   bool OnRoad(std::wstring_view line) {
     if (!FinishRoad()) return false;
     const std::wstring& name = m_records.Read<tDC_ROAD_HEADERRecord>(line).name;
-    return m_badRoads.count(name) != 0 || BeginRoad(name);
+    return m_badRoads.Find(name) || BeginRoad(name);
   }
 
   bool BeginRoad(const std::wstring& name) {

@@ -92,8 +92,8 @@ class CRoadFiles {
   void TellName(std::wstring_view text, const std::wstring& name, const std::wstring& fileName) {
     if (fileName == CleanRoadName(name)) return;
     const std::size_t second = text.rfind(L"%s");
-    m_report.messages.push_back(FormatText(text.substr(0, second), name) +
-                                FormatText(text.substr(second), fileName));
+    m_report.messages.Warn(FormatText(text.substr(0, second), name) +
+                           FormatText(text.substr(second), fileName));
   }
 
   std::wstring m_folder;  // with its separator

@@ -117,7 +117,8 @@ TEST(DcWriters, WriteEveryRecord) {
   TempDir folder;
   CDcFile file;
   ASSERT_TRUE(file.OpenForWrite(folder.Path(L"out.dc")));
-  StringList told, expected;
+  MessageList told;
+  StringList expected;
   file.SetMessages(&told);
   for (const CaseFields& texts : cases) {
     SCOPED_TRACE(testing::PrintToString(texts));

@@ -34,6 +34,17 @@ TEST(CFileCE, SplitsLines) {
   }
 }
 
+TEST(CFileCE, PassesOverTheRestOfALongLine) {
+  const TempDir dir;
+  for (const std::size_t more : {0, 1, 1000}) {
+    CFileCE file;
+    const std::string line(CFileCE::kLongestLine + more, 'x');
+    ASSERT_TRUE(file.Open(dir.Write(L"lines", line + "\nnext\n" + line), kOpenReadOnly));
+    const std::wstring kept(CFileCE::kLongestLine, L'x');
+    EXPECT_EQ(Lines(file), (std::vector<std::wstring>{kept, L"next", kept}));
+  }
+}
+
 TEST(CFileCE, WritesLines) {
   const TempDir dir;
   for (const bool unicode : {false, true}) {

@@ -44,6 +44,17 @@ TEST(CTextFile, FindsTheEncodingAndReadsLines) {
   }
 }
 
+TEST(CTextFile, PassesOverTheRestOfALongLine) {
+  const TempDir dir;
+  for (const std::size_t more : {0, 1, 1000}) {
+    CTextFile file(false, false);
+    const std::string line(CFileCE::kLongestLine + more, 'x');
+    ASSERT_TRUE(file.Open(dir.Write(L"text", line + "\nnext\n" + line), kOpenText));
+    const std::wstring kept(CFileCE::kLongestLine, L'x');
+    EXPECT_EQ(Lines(file), (std::vector<std::wstring>{kept, L"next", kept}));
+  }
+}
+
 // What the constructor is told: the encoding of a file that doesn't say, and whether zeros go.
 TEST(CTextFile, KeepsTheEncodingItCannotFind) {
   const TempDir dir;

@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "TempDir.h"
+#include "io/NameSet.h"
 #include "platform/Platform.h"
-#include "raw/NameSet.h"
 #include "raw/RawIndex.h"
 
 namespace zelconvert {

@@ -110,7 +110,7 @@ class RawToSdr {
     m_mode = mode;
     m_angles = AngularUnitOfRaw(mode.angleUnit);
     m_lengths = LinearUnitOfRaw(mode.distanceUnit);
-    if (m_lengths == LinearUnit::UsSurveyFoot) m_report.messages.emplace_back(kUsFeetText);
+    if (m_lengths == LinearUnit::UsSurveyFoot) m_report.messages.Warn(std::wstring(kUsFeetText));
 
     m_lines.MakeHeader(m_date, m_time, m_angles, m_lengths == LinearUnit::Metre);
     m_sdr.WriteLine(m_lines.Line());

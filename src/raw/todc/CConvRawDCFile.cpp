@@ -131,7 +131,7 @@ constexpr auto kHandlers = MakeHandlerTable<kRawRecordTypes, Kind, Handler>({
 /// One run over a log.
 class RawToDc {
  public:
-  RawToDc(CRawFile& raw, CDcFile& dc, int version, StringList& messages)
+  RawToDc(CRawFile& raw, CDcFile& dc, int version, MessageList& messages)
       : m_raw(raw), m_subjects{.pass{dc, version, messages}} {}
 
   bool Convert(const std::wstring& jobPath, bool writeUnusedPoints) {
@@ -155,7 +155,7 @@ class RawToDc {
   void ReadJob(const std::wstring& path) {
     if (!IsJobPath(path)) return;
     const auto unit = LinearUnitOfRaw(m_pass.index.FirstMode().distanceUnit);
-    if (!ReadJobPoints(path, unit, m_pass.m_JobPoints)) m_pass.Say(FormatText(kJobNotRead, path));
+    if (!ReadJobPoints(path, unit, m_pass.m_JobPoints)) m_pass.Warn(FormatText(kJobNotRead, path));
   }
 
   Outcome ConvertRecord() {

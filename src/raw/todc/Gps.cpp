@@ -90,7 +90,7 @@ Outcome Gps::OnEquipment() {
       m_isSignatureTested && HasRover() && m_pass.previousKind == RawRecordType::RX;
   if (isTested && !TestGpsSignature(m_roverRecord, record)) {
     m_receiver = Receiver::Other;
-    m_pass.Say(kNotSigned);
+    m_pass.Warn(std::wstring(kNotSigned));
     return Outcome::Done;
   }
   EQ_RECORD equipment;
@@ -187,7 +187,7 @@ void Gps::OnPoint(const GP_RECORD& point) {
 /// the name has no room for the prefix.
 bool Gps::AddPrefix(std::wstring& name) {
   if (name.size() > kLongestPrefixedName) {
-    m_pass.Say(FormatText(kNameTooLong, name));
+    m_pass.Warn(FormatText(kNameTooLong, name));
     return false;
   }
   name.insert(0, kPrefix);

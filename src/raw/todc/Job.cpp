@@ -21,7 +21,7 @@ Outcome Job::OnMode(const MO_RECORD& mode) {
     if (!WriteHeader(mode)) return Outcome::Failed;
     WriteJob(mode);
   } else if (!m_isConflictReported) {
-    m_pass.Say(kConflictingModes);
+    m_pass.Warn(std::wstring(kConflictingModes));
     m_isConflictReported = true;
   }
   WriteCogo(mode.azimuthOrigin == kFromSouth ? 2 : 1, 1);

@@ -4,7 +4,7 @@
 
 namespace zelconvert {
 
-RawPass::RawPass(CDcFile& dcFile, int dcVersion, StringList& messageList)
+RawPass::RawPass(CDcFile& dcFile, int dcVersion, MessageList& messageList)
     : dc(dcFile), version(dcVersion), m_messages(messageList) {
   m_position.subtype = L"KI";
 }

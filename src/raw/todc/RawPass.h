@@ -6,12 +6,13 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "convert/ConversionBase.h"
 #include "dc/CDcFile.h"
+#include "io/NameSet.h"
 #include "raw/CZelPoint.h"
-#include "raw/NameSet.h"
 #include "raw/RawIndex.h"
 #include "raw/RawRecords.h"
 #include "raw/todc/Mode.h"
@@ -50,7 +51,7 @@ class NameMarks {
 
 class RawPass {
  public:
-  RawPass(CDcFile& dcFile, int dcVersion, StringList& messageList);
+  RawPass(CDcFile& dcFile, int dcVersion, MessageList& messageList);
 
   CDcFile& dc;
   int version;  ///< the dialect of the DC file, as DcDialect.h counts them
@@ -70,7 +71,10 @@ class RawPass {
 
   /// Takes `record` as the next one.
   void NextRecord();
+  /// Why the conversion ends.
   void Say(std::wstring_view text) { m_messages.emplace_back(text); }
+  /// What isn't as it should be, while the conversion goes on.
+  void Warn(std::wstring text) { m_messages.Warn(std::move(text)); }
 
   /// Once the index is built: from here on names are marked that a record asks for, or that end the
   /// file if nothing wrote them.
@@ -93,7 +97,7 @@ class RawPass {
  private:
   bool IsBacksightName(std::wstring_view name) const;
 
-  StringList& m_messages;
+  MessageList& m_messages;
   bool m_bKeepBacksightClass = true;   // nothing clears it so far
   tDC_GRID_POSITIONRecord m_position;  // reused, so that a point allocates nothing
 };

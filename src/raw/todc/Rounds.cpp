@@ -19,7 +19,7 @@ ROUND_SHOT Rounds::ToRoundShot(const ROUND_SHOT_RECORD& shot) const {
 void Rounds::OnDirection(const DIRECTION_RECORD& direction) {
   RD_RECORD& current = m_set.currentDirection;
   if (direction.set != current.set) {
-    if (m_set.hasDirection) m_set.directions.push_back(current);
+    if (m_set.hasDirection && m_isPending) m_set.directions.push_back(current);
     current = {};
     current.set = direction.set;
   }

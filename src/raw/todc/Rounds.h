@@ -1,5 +1,5 @@
-// Sets of rounds are gathered, and dropped at the next shot: what a DC file gets from a log are its
-// plain shots.
+// What a DC file gets from a log are its plain shots. Sets of rounds are gathered while one is
+// pending, which no record tells, and dropped at the next shot.
 #pragma once
 
 #include <string>
@@ -16,10 +16,10 @@ class Rounds {
   explicit Rounds(RawPass& pass) : m_pass(pass) {}
 
   void OnBacksightShot(const ROUND_BACKSIGHT_RECORD& shot) {  // RB
-    m_set.backsightShots.push_back(ToRoundShot(shot));
+    if (m_isPending) m_set.backsightShots.push_back(ToRoundShot(shot));
   }
   void OnForesightShot(const ROUND_FORESIGHT_RECORD& shot) {  // RF
-    m_set.foresightShots.push_back(ToRoundShot(shot));
+    if (m_isPending) m_set.foresightShots.push_back(ToRoundShot(shot));
   }
   void OnDirection(const DIRECTION_RECORD& direction);      // RD
   void OnSetDistance(const SET_DISTANCE_RECORD& distance);  // MD

@@ -1,10 +1,13 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <functional>
 #include <limits>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,19 +16,28 @@
 
 namespace zelconvert {
 
-/// A set of point names that only grows, at some 30 bytes a name. Names are numbered from 0 in the
-/// order in which they came.
+/// Makes room for `more` elements at the end of a list or text that may come to hold much of a
+/// file: a quarter more at a time, since the old room and the new one are there together.
+template <class List>
+void GrowByQuarter(List& list, std::size_t more = 1) {
+  constexpr std::size_t kLeast = 64;
+  if (list.capacity() - list.size() >= more) return;
+  list.reserve(list.size() + std::max({more, list.size() / 4, kLeast}));
+}
+
+/// A set of names that only grows, at some 20 to 35 bytes a name of up to eight characters. Names
+/// are numbered from 0 in the order in which they came. Throws std::length_error for names of more
+/// than 4 GiB together.
 class NameSet {
  public:
   /// False if the name was there already.
   bool Insert(std::wstring_view name) {
-    if (m_ends.size() * 3 >= m_slots.size() * 2) Grow();
+    if ((m_ends.size() + 1) * 4 > m_slots.size() * 3) Grow();
     Encode(name);
     const std::size_t hash = HashOf(m_key);
     const std::size_t slot = FindSlot(m_key, hash);
     if (m_slots[slot] != 0) return false;
-    m_pool += m_key;
-    m_ends.push_back(m_pool.size());
+    Keep();
     m_slots[slot] = TagOf(hash) | m_ends.size();
     return true;
   }
@@ -41,6 +53,11 @@ class NameSet {
 
   /// How many names there are.
   std::size_t Size() const { return m_ends.size(); }
+  /// A name by its number, in UTF-8; valid until the next one comes.
+  std::string_view Name(std::size_t index) const {
+    const std::size_t start = index == 0 ? 0 : m_ends[index - 1];
+    return std::string_view(m_pool).substr(start, m_ends[index] - start);
+  }
 
  private:
   void Encode(std::wstring_view name) const {
@@ -48,9 +65,13 @@ class NameSet {
     AppendUtf8(m_key, name);
   }
 
-  std::string_view Name(std::size_t index) const {
-    const std::size_t start = index == 0 ? 0 : m_ends[index - 1];
-    return std::string_view(m_pool).substr(start, m_ends[index] - start);
+  void Keep() {
+    if (m_key.size() > std::numeric_limits<std::uint32_t>::max() - m_pool.size()) {
+      throw std::length_error("names");
+    }
+    GrowByQuarter(m_pool, m_key.size());
+    m_pool += m_key;
+    m_ends.push_back(static_cast<std::uint32_t>(m_pool.size()));
   }
 
   // A slot has 1 + the name's index in its lower bits and some of the hash above: most other names
@@ -79,7 +100,9 @@ class NameSet {
   }
 
   void Grow() {
-    m_slots.assign(m_slots.empty() ? 16 : m_slots.size() * 2, 0);
+    const std::size_t size = m_slots.empty() ? 16 : m_slots.size() * 2;
+    std::vector<std::uint64_t>().swap(m_slots);  // all of it is made again from the names
+    m_slots.resize(size);
     for (std::size_t index = 0; index < m_ends.size(); ++index) {
       const std::size_t hash = HashOf(Name(index));
       m_slots[FindSlot(Name(index), hash)] = TagOf(hash) | (index + 1);
@@ -87,7 +110,7 @@ class NameSet {
   }
 
   std::string m_pool;                  // the names in UTF-8, one after the other
-  std::vector<std::size_t> m_ends;     // where each name ends in the pool
+  std::deque<std::uint32_t> m_ends;    // where each name ends in the pool
   std::vector<std::uint64_t> m_slots;  // open addressing; 0 is free
   mutable std::string m_key;           // the name in UTF-8 that is looked for
 };
