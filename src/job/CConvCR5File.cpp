@@ -268,9 +268,9 @@ class JobToCr5 {
   // records, no gap is filled any more until they catch up, and it ends at the highest number.
   bool WriteSequential(const std::vector<RecordPointer>& records) {
     const auto kUnused = Packed<Cr5RecordBlock>(CoordinateRecord());
-    const std::int32_t last = NumberOf(records.at(records.size() - 1));
-    std::size_t i = 0;
-    for (std::int32_t expected = NumberOf(records.front()); expected <= last; ++expected, ++i) {
+    std::int32_t expected = NumberOf(records.at(0));
+    const std::int32_t last = NumberOf(records.back());
+    for (std::size_t i = 0; expected <= last; ++expected, ++i) {
       for (; expected < NumberOf(records[i]); ++expected) {
         if (!WriteRecord(kUnused)) return false;
       }
