@@ -180,7 +180,7 @@ struct SdrNote {
 /// The fields of a line. A real without a character is `blank`.
 template <class Record>
 Record ReadSdr(std::wstring_view line, const SdrLayout& layout, double blank = 0) {
-  Record record;
+  Record record = {};
   std::size_t start = Record::kCode.size();
   for (const SdrColumn<Record>& column : Record::kColumns) {
     const std::wstring_view field = Mid(line, start, column.Width(layout));
