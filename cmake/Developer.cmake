@@ -47,7 +47,11 @@ function(zel_developer_settings target)
   if(ZELCONVERT_SANITIZE)
     target_compile_options(${target} PRIVATE -fsanitize=${ZELCONVERT_SANITIZE}
                                              -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    set(ignored ${PROJECT_SOURCE_DIR}/cmake/ubsan-ignore.txt)
+    target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:Clang>:-fsanitize-ignorelist=${ignored}>)
     target_link_options(${target} PUBLIC -fsanitize=${ZELCONVERT_SANITIZE})
+    # A program in C loads a library in C++, for which the sanitizers have a part of their own.
+    set_target_properties(${target} PROPERTIES LINKER_LANGUAGE CXX)
   endif()
   if(ZELCONVERT_BUILD_FUZZERS)
     target_compile_options(${target} PRIVATE -fsanitize=fuzzer-no-link)

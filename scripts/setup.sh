@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# scripts/setup.sh [build|docs|web|csharp|gdal|python|package|test]: installs the Debian packages that are
+# scripts/setup.sh [build|docs|web|csharp|gdal|python|package|test|check]: installs the Debian packages that are
 # missing, as root or through sudo.
 set -euo pipefail
 
@@ -30,7 +30,13 @@ tests=(
   zsh fish                                                  # their completions
   pkg-config locales
 )
-packages[test]="${packages[*]} ${tests[*]}" # everything
+packages[test]="${packages[*]} ${tests[*]}" # everything, but for
+checks=(
+  cppcheck valgrind                                   # reading; watching programs run
+  g++-i686-linux-gnu g++-s390x-linux-gnu qemu-user    # other processors
+  libc++-14-dev libc++abi-14-dev                      # the other standard library
+)
+packages[check]="${packages[test]} ${checks[*]}" # what takes long
 
 missing=()
 for package in ${packages[${1:-build}]}; do

@@ -1,0 +1,54 @@
+#!/usr/bin/env bash
+# scripts/check.sh [STEP...]: the checks that take too long for every change; without arguments all steps, some two
+# hours on two cores. docs/testing.md tells what they are.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+jobs=$(nproc)
+
+# Whole conversions, stored inputs, and the folders whose code depends on the machine.
+programs=(test_golden test_io test_dc test_job test_raw_file c_host)
+tests='^(golden|io|dc|job|raw_file|c_host|fuzz_.*)$'
+
+build() { # preset [target...]
+  cmake --preset "$1" --log-level=WARNING
+  cmake --build --preset "$1" -j "$jobs" ${2:+--target "${@:2}"}
+}
+
+stored_inputs() { # preset
+  ninja -C "build/$1" -t targets all | sed -nE 's/^(fuzz_[a-z0-9_]+): phony$/\1/p'
+}
+
+# Builds and runs what looks at the machine and at the standard library.
+run_programs() { # preset
+  cmake --preset "$1" --log-level=WARNING
+  # shellcheck disable=SC2046 # targets are single words
+  build "$1" "${programs[@]}" $(stored_inputs "$1")
+  ctest --preset "$1" -R "$tests" -j "$jobs"
+}
+
+# Undefined behaviour, wrapped and truncated integers, reals divided by zero (cmake/ubsan-ignore.txt: what is meant);
+# calls of libc and of the standard library that check their bounds.
+step_ubsan() {
+  build ubsan
+  ctest --preset ubsan -j "$jobs"
+}
+
+# Reads the product alone (cmake/cppcheck-suppressions.txt: what it gets wrong).
+step_cppcheck() {
+  cppcheck --std=c++20 --language=c++ --enable=warning,performance,portability -j "$jobs" --quiet --error-exitcode=1 \
+    --inline-suppr --suppressions-list=cmake/cppcheck-suppressions.txt -Iinclude -Isrc -I. -U_WIN32 \
+    src tools cli bindings/native
+}
+
+# Pointers and `long` of 32 bits, which this machine runs by itself.
+step_i686() {
+  run_programs i686
+}
+
+scripts/setup.sh check
+steps="ubsan cppcheck i686"
+for step in ${*:-$steps}; do
+  echo "== $step"
+  "step_$step"
+done
+echo "all steps passed"
