@@ -19,7 +19,6 @@
 #include "CaseFile.h"
 #include "DcRecordList.h"
 #include "dc/CDcFile.h"
-#include "dc/ProjectionCodes.h"
 
 namespace zelconvert {
 namespace {
@@ -272,20 +271,6 @@ TEST(DcLines, TypesAndSubtypes) {
   for (int i = 0; i < kDcSubtypeCount; ++i) {
     EXPECT_EQ(CDcFile::GetRecordSubtype(L"69" + std::wstring(CDcFile::GetSubtypeString(i))), i);
   }
-}
-
-TEST(DcProjectionCodes, BothDirections) {
-  const std::wstring read = L"1>B9C547@8?:2<=A;3DEF6GHxZ0";
-  const std::vector<int> ids = {2048, 2048, 2049, 2050, 2051, 2052, 2053, 2054, 2055,
-                                2056, 2056, 2057, 2058, 2059, 2059, 2059, 2060, 2062,
-                                2063, 2064, 2065, 2066, 2068, 2069, 2048, 2048, 2048};
-  for (std::size_t i = 0; i < read.size(); ++i) {
-    EXPECT_EQ(ProjectionIdFromCode(read[i]), ids[i]) << static_cast<char>(read[i]);
-  }
-  EXPECT_EQ(ProjectionIdFromCode(L'\0'), 2048);
-  std::wstring written;
-  for (std::uint16_t id = 2047; id <= 2070; ++id) written += ProjectionCodeFromId(id);
-  EXPECT_EQ(written, L"1>B9C547@?:2<;13DEF61GH1");
 }
 
 }  // namespace

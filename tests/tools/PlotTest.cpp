@@ -1,4 +1,5 @@
-// Plans of surveys whose sheet coordinates were worked out by hand, beside each case.
+// Plans of surveys whose sheet coordinates were worked out by hand, beside each case. Others stand
+// in tests/tools/shown.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -176,24 +177,6 @@ TEST(PlotPanel, BreaksLinesAtBlanks) {
   EXPECT_EQ(WrapText(L"", 700, 100).size(), 0u);
 }
 
-TEST(Plot, PutsPointsWhereTheyAre) {
-  const Plot plot = DrawPlot(Triangle(), L"t.dc");
-  EXPECT_EQ(plot.summary.scale, 600);
-  EXPECT_FALSE(plot.summary.isPortrait);
-  EXPECT_EQ(plot.summary.points, 3u);
-  EXPECT_EQ(plot.summary.names, 3u);
-  EXPECT_TRUE(Has(plot, "href=\"#diamond\" x=\"4700\" y=\"22833\"><title>A"));
-  EXPECT_TRUE(Has(plot, "href=\"#shot\" x=\"4700\" y=\"6167\"><title>B"));
-  EXPECT_TRUE(Has(plot, "href=\"#gps\" x=\"29700\" y=\"22833\"><title>C"));
-  EXPECT_TRUE(Has(plot, "N 1000.000\nE 2150.000\nElevation 12.500") ||
-              Has(plot, "N 1000.000&#x00a;E 2150.000&#x00a;Elevation 12.500"));
-  EXPECT_TRUE(Has(plot, ">1 : 600 on A3 paper<"));
-  // The grid: 50 m are 8333 units, more than 40 mm. E 2000 is left of A by nothing.
-  EXPECT_TRUE(Has(plot, "x=\"4700\" y=\"28330\">E 2000</text>"));
-  EXPECT_TRUE(Has(plot, "translate(1570 14500) rotate(-90)\">N 1050</text>"));
-  EXPECT_TRUE(TellLeftOut(plot.summary).empty());
-}
-
 TEST(Plot, DrawsLinesOfEachKind) {
   Survey survey = Triangle();
   survey.setups = {{L"A", {1000, 2000}, 1.5, L"C"}};
@@ -253,43 +236,6 @@ TEST(Plot, DrawsRoadsWithTheirStations) {
   EXPECT_EQ(Count(plot.svg, "class=\"station\""), 16u);
 }
 
-TEST(Plot, TellsOfWhatItLeavesOut) {
-  Survey survey = Triangle();
-  survey.points.push_back(PointAt(L"far", 1050, 1002075));
-  survey.points.push_back(PointAt(L"null", DC_NULL, 5));
-  survey.points.push_back(PointAt(L"huge", 1e30, 5));
-  survey.points.push_back(PointAt(L"deleted", 1050, 2075));
-  survey.points.back().isDeleted = true;
-  const Plot plot = DrawPlot(survey, L"t.dc");
-  EXPECT_EQ(plot.summary.scale, 600);
-  EXPECT_EQ(plot.summary.points, 3u);
-  EXPECT_EQ(plot.summary.outsidePoints, 1u);
-  EXPECT_EQ(plot.summary.unplacedPoints, 2u);
-  EXPECT_EQ(plot.summary.deletedPoints, 1u);
-  EXPECT_FALSE(Has(plot, "<title>deleted"));
-  // The arrow points east from the middle of the right edge, 1.5 mm inside.
-  EXPECT_TRUE(Has(plot, "d=\"M32550 14500L32130 14650L32130 14350Z\""));
-  EXPECT_TRUE(Has(plot, ">1 point outside, 1000 km</text>"));
-  EXPECT_EQ(TellLeftOut(plot.summary),
-            (std::vector<std::wstring>{L"1 point far from the others",
-                                       L"2 points without coordinates", L"1 deleted point"}));
-}
-
-TEST(Plot, IsASheetEvenOfNothing) {
-  Survey survey;
-  const Plot nothing = DrawPlot(survey, L"t.dc");
-  EXPECT_EQ(nothing.summary.scale, 0);
-  EXPECT_TRUE(Has(nothing, "nothing that has a place in plan"));
-  for (int i = 0; i < 20; ++i) survey.points.push_back(PointAt(L"P", 7, 8));
-  survey.lengthUnit = LinearUnit::InternationalFoot;
-  const Plot same = DrawPlot(survey, L"t.dc");
-  EXPECT_EQ(same.summary.scale, 600);
-  EXPECT_EQ(same.summary.points, 20u);
-  EXPECT_EQ(same.summary.names + same.summary.unplacedNames, 20u);
-  EXPECT_GE(same.summary.names, 4u);
-  EXPECT_EQ(Count(same.svg, "x=\"17200\" y=\"14500\"><title>P"), 20u);
-}
-
 TEST(Plot, HoldsAnyName) {
   Survey survey = Triangle();
   survey.points[0].name = std::wstring(L"<&>\"\x01", 5) + wchar_t{0xD800};
@@ -299,41 +245,6 @@ TEST(Plot, HoldsAnyName) {
   EXPECT_TRUE(Has(plot, "\">&lt;&amp;&gt;&quot;\xEF\xBF\xBD\xEF\xBF\xBD</text>"));
   EXPECT_TRUE(Has(plot, std::string(39, 'W') + "\xE2\x80\xA6</text>"));
   EXPECT_TRUE(Has(plot, "<title>Plan of J&lt;/title&gt;</title>"));
-}
-
-TEST(Plot, ProjectsGeographicPositions) {
-  Survey survey;
-  const double minute = kPi / 10800, latitude = kPi / 4, longitude = -kPi + minute / 4;
-  for (const auto& [north, east] : {std::pair{0.0, 0.0}, {1.0, 0.0}, {0.0, 1.0}, {0.0, -1.0}}) {
-    SurveyPoint point;
-    point.geodetic = {latitude + north * minute, std::remainder(longitude + east * minute, 2 * kPi),
-                      50};
-    survey.points.push_back(point);
-  }
-  const Plot plot = DrawPlot(survey, L"t.raw");
-  EXPECT_TRUE(plot.summary.isGeographic);
-  // At 45 degrees a minute of latitude has 1852.2 m, one of longitude 1314.1 m. 2628.3 m by 1852.2
-  // have room at 1 : 10000: the first point is 92.61 mm below the top, the third 131.41 mm to the
-  // right, across the 180th meridian.
-  EXPECT_EQ(plot.summary.scale, 10000);
-  EXPECT_TRUE(Has(plot, "x=\"17200\" y=\"23761\""));
-  EXPECT_TRUE(Has(plot, "x=\"17200\" y=\"5239\""));
-  EXPECT_TRUE(Has(plot, "x=\"30341\" y=\"23761\""));
-  EXPECT_TRUE(Has(plot, "x=\"4059\" y=\"23761\""));
-  EXPECT_TRUE(Has(plot, "\">45\u00b001&apos;00&quot;N</text>"));
-}
-
-TEST(Plot, RanksCodes) {
-  Survey survey = Triangle();
-  for (int i = 0; i < 30; ++i) {
-    survey.points.push_back(PointAt(L"", 1050, 2000 + i));
-    if (i != 0) survey.points.back().code = L"C" + std::to_wstring(i % 15);  // 2 each, 0 has 1
-  }
-  const Plot plot = DrawPlot(survey, L"t.dc");
-  EXPECT_TRUE(Has(plot, ">C1</text>\n<text class=\"grey e\" x=\"41000\" y=\"7700\">2</text>"));
-  EXPECT_TRUE(Has(plot, ">other (3 codes)</text>"));
-  EXPECT_FALSE(Has(plot, ">C9</text>"));  // nor C8: the last ones of two points by their letters
-  EXPECT_TRUE(Has(plot, ">none</text>"));
 }
 
 TEST(Plot, GrowsWithThePointsAndNoFaster) {

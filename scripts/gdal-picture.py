@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""draw.py HOST FILE OUT: what "zelconvert plot" and QGIS draw of a field file, beside each other.
+"""scripts/gdal-picture.py HOST FILE OUT: what "zelconvert plot" and QGIS draw of a field file, beside each other.
 
 QGIS (python3-qgis) draws the GeoPackage that ogr2ogr makes of the file, with names from its fields. Two
 pictures of one file should be alike. docs/pictures/mill-creek-gdal.png is made so.
