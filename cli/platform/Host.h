@@ -29,9 +29,8 @@ void UseBinaryStreams();
 std::filesystem::path ToPath(std::string_view argument);
 /// The argument that gives the path.
 std::string ToArgument(const std::filesystem::path& path);
-/// A path as the library takes it and gives it.
+/// A path as the library takes it.
 std::wstring ToLibrary(const std::filesystem::path& path);
-std::filesystem::path FromLibrary(const std::wstring& path);
 /// A path for the user's eyes: in UTF-8, but for what is none in the name itself.
 std::string ToText(const std::filesystem::path& path);
 /// A text of the library, in which paths are what ToText makes of them.

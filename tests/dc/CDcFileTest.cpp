@@ -256,12 +256,12 @@ TEST(DcLines, TypesAndSubtypes) {
   };
   for (const auto& [line, type, subtype, deleted, blank] :
        {Case{L"69KI", 225, 46, false, false}, Case{L"c8DL", 440, 25, true, false},
-        Case{L"C8dl", 440, 98, false, false}, Case{L"Z91X", 35 * 36 + 9, 0, false, false},
-        Case{L"00XD", 0, 97, false, false}, Case{L"#xLR", 0, 51, false, false},
-        Case{L"-1LQ", -1, 52, false, false}, Case{L" 7NM", 7, 62, false, false},
-        Case{L"7", 7, 98, false, false}, Case{L"10N", 36, 98, false, false},
-        Case{L"", 0, 98, false, true}, Case{L"     ", 0, 98, false, true},
-        Case{L" \t", 0, 98, false, true}}) {
+        Case{L"C8dl", 440, 98, false, false}, Case{L"69DX", 225, 98, false, false},
+        Case{L"Z91X", 35 * 36 + 9, 0, false, false}, Case{L"00XD", 0, 97, false, false},
+        Case{L"#xLR", 0, 51, false, false}, Case{L"-1LQ", -1, 52, false, false},
+        Case{L" 7NM", 7, 62, false, false}, Case{L"7", 7, 98, false, false},
+        Case{L"10N", 36, 98, false, false}, Case{L"", 0, 98, false, true},
+        Case{L"     ", 0, 98, false, true}, Case{L" \t", 0, 98, false, true}}) {
     SCOPED_TRACE(testing::PrintToString(line));
     EXPECT_EQ(CDcFile::GetRecordType(line), type);
     EXPECT_EQ(CDcFile::GetRecordSubtype(line), subtype);

@@ -145,6 +145,18 @@ TEST(CFileCE, RefusesToWriteInsideAChunk) {
   }
 }
 
+TEST(CFileCE, DoesNothingWhileClosed) {
+  const TempDir dir;
+  CFileCE file;
+  std::wstring line;
+  EXPECT_FALSE(file.Seek(1, SeekFrom::Current) || file.ReadLine(line));
+  EXPECT_TRUE(file.WriteLine(L"x") && file.HasWriteFailed());
+  EXPECT_EQ(file.GetPosition() + file.GetLength(), 0);
+  ASSERT_TRUE(file.Open(dir.Path(L"f"), kCreateOutput));
+  EXPECT_FALSE(file.Open(dir.Path(L"g"), kCreateOutput));
+  EXPECT_FALSE(dir.Exists(L"g"));
+}
+
 TEST(CFileCE, RemembersAFullDisk) {
   if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "no /dev/full here";
   for (const int lines : {1, 100000}) {

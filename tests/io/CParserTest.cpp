@@ -40,6 +40,7 @@ void ExpectNumber(const wchar_t* text, bool (CParser::*get)(Value&), bool ok, Va
   EXPECT_EQ((parser.*get)(value), ok);
   EXPECT_EQ(value, expected);
   EXPECT_TRUE(parser.IsEmpty());
+  EXPECT_FALSE((parser.*get)(value));
   parser.SetThrowOnError(true);
   EXPECT_THROW((parser.*get)(value), CParseException);
 }
@@ -63,6 +64,8 @@ TEST(CParser, ReadsNumbers) {
   ExpectNumber<std::uint32_t>(L"-1", &CParser::GetUnsigned, false, 0xFFFFFFFFu);
   ExpectNumber<std::uint32_t>(L"-2", &CParser::GetUnsigned, true, 0xFFFFFFFEu);
   ExpectNumber<std::uint32_t>(L"4294967296", &CParser::GetUnsigned, false, 0xFFFFFFFFu);
+  ExpectNumber<std::uint32_t>(L"-4294967296", &CParser::GetUnsigned, false, 0xFFFFFFFFu);
+  ExpectNumber<std::uint32_t>(L"x", &CParser::GetUnsigned, false, 0);
   ExpectNumber<std::uint16_t>(L"65537", &CParser::GetUnsigned16, true, 1);
 }
 

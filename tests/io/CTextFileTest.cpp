@@ -182,6 +182,8 @@ TEST(CTextFile, CountsPositionInItsOwnWay) {
     EXPECT_EQ(file.GetPosition(), file.GetLength());
     EXPECT_TRUE(file.SeekTo(0));
     EXPECT_EQ(file.GetPosition(), 0);
+    EXPECT_TRUE(file.SetEncoding(CTextFile::kAnsi));
+    EXPECT_EQ(file.GetEncoding(), CTextFile::kAnsi);
   }
 }
 

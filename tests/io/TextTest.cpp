@@ -44,6 +44,8 @@ TEST(Text, CutsUtf16OutsideOfPairs) {
     EXPECT_EQ(out.substr(0, expected), units.substr(0, expected));
     EXPECT_EQ(EncodeUtf16(L"a\xD83D\xDE00\x62", out), expected);  // a pair as two characters
   }
+  std::u16string one(1, u'x');
+  EXPECT_EQ(EncodeUtf16(L"\xD83D!", one), 1u);  // no pair to be kept together
   AssignUtf16(wide, u"\xDE00\xD83D");
   EXPECT_EQ(wide, L"\xDE00\xD83D");
 }

@@ -211,6 +211,9 @@ TEST(CJobFile, WritesTheHeaderOfAnOldJobOverWhatItDoesNotKnow) {
   JOB_HEADER header;
   ASSERT_TRUE(file.ReadJobHeader(header));
   const std::uint32_t extra = header.headerExtra;
+  OldHeaderBlock block;
+  EXPECT_TRUE(file.ReadOldHeader(block));
+  EXPECT_EQ(AsString(block), job.substr(34));
   header.scale = 0.5;
   header.distanceUnit = 2;
   header.angleUnit = 1;

@@ -66,10 +66,6 @@ std::wstring ToLibrary(const std::filesystem::path& path) {
   return zelconvert::platform::FromSystemPath(path.native());
 }
 
-std::filesystem::path FromLibrary(const std::wstring& path) {
-  return zelconvert::platform::ToSystemPath(path);
-}
-
 std::string ToText(const std::filesystem::path& path) {
   return path.native();
 }

@@ -136,10 +136,6 @@ std::wstring ToLibrary(const std::filesystem::path& path) {
   return path.native();
 }
 
-std::filesystem::path FromLibrary(const std::wstring& path) {
-  return path;
-}
-
 std::string ToText(const std::filesystem::path& path) {
   return Utf8(path.native());
 }

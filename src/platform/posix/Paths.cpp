@@ -31,15 +31,6 @@ std::string SystemBytes(wchar_t wide) {
 
 const wchar_t kPathSeparator = L'/';
 
-std::string ToSystemPath(std::wstring_view path) {
-  std::string bytes;
-  for (const wchar_t wide : path) {
-    if (wide == L'\0') return std::string();
-    bytes += SystemBytes(wide);
-  }
-  return bytes;
-}
-
 SystemPath::SystemPath(std::wstring_view path) noexcept {
   char* end = m_bytes;
   for (const wchar_t wide : path) {

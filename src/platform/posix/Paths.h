@@ -9,10 +9,9 @@
 namespace zelconvert::platform {
 
 /// UTF-8 with "/" as the only separator. U+DC80 to U+DCFF stand for the bytes 80 to FF of a name
-/// that is no UTF-8. Empty, which no call finds, if the path holds a zero character.
-std::string ToSystemPath(std::wstring_view path);
-/// The same without memory from the heap, since what was made is also removed when there is none.
-/// Empty, too, if it is longer than any path that the system takes.
+/// that is no UTF-8. Empty, which no call finds, if the path holds a zero character or is longer
+/// than any path that the system takes. Takes no memory from the heap, since what was made is also
+/// removed when there is none.
 class SystemPath {
  public:
   explicit SystemPath(std::wstring_view path) noexcept;

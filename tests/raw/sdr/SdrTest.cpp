@@ -79,6 +79,12 @@ TEST(SdrToRaw, MakesSideshots) {
   }
 }
 
+TEST(SdrLines, FillIntegersOnTheRight) {
+  std::wstring line = L"00";
+  for (const std::size_t width : {4u, 2u}) sdr::FormatInteger(line, 123, width);
+  EXPECT_EQ(line, L"00123 12");
+}
+
 TEST(SdrLinesRead, KnowCodesAndDerivations) {
   for (const CaseFields& texts : ReadCases("tests/golden-lines/sdr-codes.txt")) {
     EXPECT_EQ(GetSdrRecordCode(texts[0]), ToInteger(texts[1])) << texts[0];
