@@ -2,6 +2,7 @@
 
 #include <charconv>
 
+#include "io/Strings.h"
 #include "jxl/CXmlElement.h"
 
 namespace zelconvert::tools::plot {
@@ -38,7 +39,7 @@ void AppendInteger(std::string& svg, int value) {
 
 void AppendText(std::string& svg, std::wstring_view text) {
   std::string utf8;
-  AppendXmlCharacters(utf8, text);
+  AppendUtf8(utf8, text);
   AppendEscapedText(svg, utf8);
 }
 

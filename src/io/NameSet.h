@@ -42,11 +42,20 @@ class NameSet {
     return true;
   }
 
-  /// The number of a name that is there.
+  /// The number of a name, which is added if it isn't there.
+  std::size_t Add(std::wstring_view name) {
+    return Insert(name) ? m_ends.size() - 1 : *Find(std::string_view(m_key));
+  }
+
+  /// The number of a name that is there, by the name or its form in UTF-8.
   std::optional<std::size_t> Find(std::wstring_view name) const {
     if (m_slots.empty()) return std::nullopt;
     Encode(name);
-    const std::size_t slot = FindSlot(m_key, HashOf(m_key));
+    return Find(std::string_view(m_key));
+  }
+  std::optional<std::size_t> Find(std::string_view utf8) const {
+    if (m_slots.empty()) return std::nullopt;
+    const std::size_t slot = FindSlot(utf8, HashOf(utf8));
     if (m_slots[slot] == 0) return std::nullopt;
     return IndexIn(m_slots[slot]);
   }

@@ -1,40 +1,48 @@
-// Many short texts that live as long as one another.
+// Many short texts that go together.
 #pragma once
 
 #include <algorithm>
 #include <cstddef>
-#include <cstring>
 #include <memory>
-#include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
 namespace zelconvert {
 
-/// Keeps copies of texts, close together: a call for memory serves thousands of them. None is given
-/// back before the arena goes.
+/// Keeps copies of texts, close together: a call for memory serves thousands of them.
 class TextArena {
  public:
   TextArena() = default;
   TextArena(const TextArena&) = delete;
   TextArena& operator=(const TextArena&) = delete;
 
-  /// The copy, with a zero character at its end; it stays where it is as long as the arena lives.
-  const char* Keep(const std::string& text) {
-    const std::size_t size = text.size() + 1;
-    if (size > m_left) Grow(size);
+  /// The copy, which stays where it is until the arena is cleared.
+  std::string_view Keep(std::string_view text) {
+    if (text.size() > m_left) Grow(text.size());
     char* const kept = m_next;
-    std::memcpy(kept, text.c_str(), size);
-    m_next += size;
-    m_left -= size;
-    return kept;
+    text.copy(kept, text.size());
+    m_next += text.size();
+    m_left -= text.size();
+    return {kept, text.size()};
+  }
+
+  /// Drops all texts. The first block of memory stays for the next ones.
+  void Clear() {
+    if (m_blocks.empty()) return;
+    m_blocks.resize(1);
+    m_next = m_blocks.front().get();
+    m_left = kBlock;
   }
 
  private:
-  static constexpr std::size_t kBlock = std::size_t{1} << 16;
+  static constexpr std::size_t kBlock = std::size_t{1} << 14;
 
   void Grow(std::size_t needed) {
-    const std::size_t size = std::max(needed, kBlock);
+    if (m_blocks.empty()) AddBlock(kBlock);
+    if (m_left < needed) AddBlock(std::max(needed, kBlock));
+  }
+  void AddBlock(std::size_t size) {
     std::unique_ptr<char[]> block(new char[size]);
     m_blocks.push_back(std::move(block));
     m_next = m_blocks.back().get();

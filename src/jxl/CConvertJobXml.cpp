@@ -92,15 +92,12 @@ bool ParseTime(const JB_RECORD& job, platform::LocalTime& time) {
 /// One run over a log.
 class RawToJxl {
  public:
-  RawToJxl(CRawFile& raw, CJxlFile& jxl) : m_raw(raw), m_jxl(jxl) {}
+  /// The log is at its start; `index` is that of it.
+  RawToJxl(CRawFile& raw, RawIndex& index, CJxlFile& jxl)
+      : m_raw(raw), m_jxl(jxl), m_index(index) {}
 
-  /// False, with a text, for a bad log.
-  [[nodiscard]] bool Run(Report& report) {
-    CConvertProgress progress;
-    progress.Start();
-    const std::wstring version = FindVersion();
-
-    m_index.Build(m_raw);
+  /// False, with a text, for a bad log. progress: null for a run that nobody is told of.
+  [[nodiscard]] bool Run(std::wstring_view version, CConvertProgress* progress, Report& report) {
     std::wstring line;
     if (!m_raw.ReadRecord(line)) return report.Refuse(kEmptyLogText);
     m_line = 1;
@@ -108,7 +105,7 @@ class RawToJxl {
     const std::int64_t length = m_raw.GetLength();
     while (good && m_raw.ReadRecord(line)) {
       ++m_line;
-      progress.SetPosition(m_raw.GetPosition(), length);
+      if (progress != nullptr) progress->SetPosition(m_raw.GetPosition(), length);
       m_hasMore = m_hasMore || !Trim(line).empty();
       good = ConvertRecord(line);
     }
@@ -137,16 +134,6 @@ class RawToJxl {
     std::wstring description;
     JxlPosition position;
   };
-
-  std::wstring FindVersion() {
-    const std::wstring mark = L"--" + ToWide(m_jxl.Product()) + L" Version:";
-    std::wstring version;
-    std::wstring line;
-    while (m_raw.ReadRecord(line)) {
-      if (line.starts_with(mark)) version = Trim(Mid(line, mark.size()));
-    }
-    return version;
-  }
 
   bool BeginDocument(std::wstring_view line, std::wstring_view version) {
     JB_RECORD job;
@@ -180,9 +167,9 @@ class RawToJxl {
 
   void Finish() {
     if (m_shot.isPending) FlushPendingShot();
-    for (const KnownPoints::Point& point : m_points) {
-      if (!point.isDeleted) m_jxl.AddPoint(point.name, point.description, point.position);
-    }
+    m_points.ForEach([this](const XmlText& name, const XmlText& code, const JxlPosition& position) {
+      m_jxl.AddPoint(name, code, position);
+    });
     if (m_hasMore) m_jxl.AddCoordinateSystem();
     m_jxl.WriteDocument();
   }
@@ -218,9 +205,7 @@ class RawToJxl {
 
     const double circle = Degrees(backsight.circle);
     m_lastPointRecord = m_instrument.Orient(
-        m_jxl,
-        {std::wstring(backsight.station), std::wstring(backsight.backsight),
-         NorthAzimuth(backsight.azimuth), circle},
+        m_jxl, backsight.station, backsight.backsight, NorthAzimuth(backsight.azimuth), circle,
         FindHeights(backsight.station), takesShot ? m_shot.readings.horizontal : circle,
         takesShot ? m_shot.position : JxlPosition{});
     JoinOccupiedPoint();
@@ -285,12 +270,12 @@ class RawToJxl {
     }
     const bool moved = m_instrument.PrepareShot(m_jxl, shot.station);
     if (moved && ComparedName(m_occupied.name) == ComparedName(shot.station)) JoinOccupiedPoint();
-    const KnownPoints::Point* station = m_points.Find(shot.station);
+    const JxlPosition* station = m_points.Find(shot.station);
     if (station == nullptr) return false;
     m_shot.name = Left(shot.foresight, kShotNameLength);
     m_shot.description = shot.note;
     m_shot.readings = {Degrees(shot.horizontal), Degrees(shot.vertical), Metres(shot.distance)};
-    m_shot.position = m_instrument.Reduce(m_shot.readings, station->position, m_scale);
+    m_shot.position = m_instrument.Reduce(m_shot.readings, *station, m_scale);
     m_shot.setup = m_instrument.Records();
     m_shot.isPending = true;
     if (traverse) m_instrument.PlanMove(shot.station, m_shot.name, m_shot.readings);
@@ -343,9 +328,9 @@ class RawToJxl {
   bool m_southAzimuths = false;
   bool m_firstMode = true;
   bool m_hasMore = false;  // than its first line
-  std::int32_t m_line = 0;
+  std::int64_t m_line = 0;
 
-  RawIndex m_index;
+  RawIndex& m_index;
   KnownPoints m_points;
   PendingShot m_shot;
   PendingOccupy m_occupied;
@@ -354,10 +339,31 @@ class RawToJxl {
   std::uint32_t m_lastPointRecord = 0;
 };
 
+/// The last version that a comment of the product tells.
+std::wstring FindVersion(CRawFile& raw, const char* product) {
+  const std::wstring mark = L"--" + ToWide(product) + L" Version:";
+  std::wstring version;
+  std::wstring line;
+  while (raw.ReadRecord(line)) {
+    if (line.starts_with(mark)) version = Trim(Mid(line, mark.size()));
+  }
+  return version;
+}
+
 }  // namespace
 
 bool CConvertJobXml::Convert(CRawFile& rawFile, CJxlFile& jxlFile, Report& report) {
-  return RawToJxl(rawFile, jxlFile).Run(report);
+  CConvertProgress progress;
+  progress.Start();
+  const std::wstring version = FindVersion(rawFile, jxlFile.Product());
+  RawIndex index;
+  index.Build(rawFile);
+  if (index.DeletedNames().Size() > 0) {
+    jxlFile.Rehearse(index.DeletedNames());
+    if (!RawToJxl(rawFile, index, jxlFile).Run(version, nullptr, report)) return false;
+    rawFile.SeekToBegin();
+  }
+  return RawToJxl(rawFile, index, jxlFile).Run(version, &progress, report);
 }
 
 }  // namespace zelconvert

@@ -126,12 +126,16 @@ bool CJxlFile::Create(const std::wstring& path) {
   return true;
 }
 
+void CJxlFile::Rehearse(const NameSet& names) {
+  m_isRehearsing = true;
+  m_deletedNames = &names;
+  m_records.assign(names.Size(), {});
+}
+
 void CJxlFile::BeginDocument(std::wstring_view jobName, std::wstring_view productVersion,
                              const platform::LocalTime& time) {
-  m_records.clear();
-  m_newPointRecords.clear();
-  m_tree = std::make_unique<CXmlTree>("JOBFile");
-  m_root = m_tree->Root();
+  m_nextId = 0;
+  m_root = m_document.Restart("JOBFile", false);
   m_root.AddAttribute("jobName", jobName);
   m_root.AddAttribute("version", "4.0");
   m_root.AddAttribute("product", XmlText::Literal(Product()));
@@ -144,12 +148,52 @@ void CJxlFile::BeginDocument(std::wstring_view jobName, std::wstring_view produc
 }
 
 void CJxlFile::WriteDocument() {
-  if (m_root) m_root.Write(*this, 0);
+  if (m_root && !m_isRehearsing) {
+    Enter(kEnvironment);
+    m_root.WriteEnd(*this, 0);
+  }
+  m_root = m_fieldBook = m_reductions = m_environment = {};
+  m_isRehearsing = false;
 }
 
-std::wstring CJxlFile::FormatId(std::uint32_t id) {
-  std::wstring text(8, L'0');
-  for (std::size_t i = text.size(); i-- > 0; id >>= 4) text[i] = L"0123456789abcdef"[id & 0xF];
+CXmlElement& CJxlFile::ElementOf(Container container) {
+  return container == kFieldBook    ? m_fieldBook
+         : container == kReductions ? m_reductions
+                                    : m_environment;
+}
+
+/// Writes the document up to where a child of the container stands; the environment, which has all
+/// of its children, whole. False if no document was begun, in a rehearsal, and after the container.
+bool CJxlFile::Enter(Container container) {
+  if (!m_root || m_isRehearsing || container < m_container) return false;
+  if (m_container == kNoContainer) {
+    m_root.WriteStart(*this, 0);
+    m_container = kFieldBook;
+  }
+  while (m_container < container) Leave();
+  if (container == kEnvironment) {
+    m_environment.Write(*this, 1);
+  } else if (!m_isOpen) {
+    ElementOf(container).WriteStart(*this, 1);
+    m_isOpen = true;
+  }
+  return true;
+}
+
+/// Ends the container at hand, which is written whole if it has no child.
+void CJxlFile::Leave() {
+  if (m_isOpen) {
+    ElementOf(m_container).WriteEnd(*this, 1);
+  } else {
+    ElementOf(m_container).Write(*this, 1);
+  }
+  m_isOpen = false;
+  m_container = static_cast<Container>(m_container + 1);
+}
+
+std::string CJxlFile::FormatId(std::uint32_t id) {
+  std::string text(8, '0');
+  for (std::size_t i = text.size(); i-- > 0; id >>= 4) text[i] = "0123456789abcdef"[id & 0xF];
   return text;
 }
 
@@ -157,11 +201,13 @@ std::wstring CJxlFile::FormatId(std::uint32_t id) {
 template <class Fill>
 std::uint32_t CJxlFile::AddRecord(const char* name, Fill fill) {
   if (!m_fieldBook) return 0;
-  CXmlElement record = m_fieldBook.AddSpacedChild(name);
   const std::uint32_t id = NextId();
+  if (!Enter(kFieldBook)) return id;
+  CXmlElement record = m_element.Restart(name, true);
   record.AddAttribute("ID", FormatId(id));
   record.AddAttribute("TimeStamp", "");
   fill(record);
+  record.Write(*this, 2);
   return id;
 }
 
@@ -241,29 +287,31 @@ std::uint32_t CJxlFile::AddCorrectionsRecord(bool southAzimuths) {
 template <class Fill>
 std::uint32_t CJxlFile::AddPointRecord(const XmlText& name, const XmlText& code,
                                        const PointForm& form, Fill fill) {
+  const bool isDeleted = IsDeleted(name);
   return AddRecord("PointRecord", [&](CXmlElement record) {
-    const CXmlElement nameElement = record.AddChild("Name", name);
+    record.AddChild("Name", name);
     record.AddChild("Code", code);
     record.AddFixedChildren(form);
-    const CXmlElement deleted = record.AddChild("Deleted", "false");
-    m_newPointRecords.emplace_back(nameElement.Index(), deleted.Index());
+    record.AddChild("Deleted", XmlText::Literal(isDeleted ? "true" : "false"));
     fill(record);
   });
 }
 
+/// Of a point record that is being added. In a rehearsal it is counted.
+bool CJxlFile::IsDeleted(const XmlText& name) {
+  const auto number = m_deletedNames ? m_deletedNames->Find(name.Utf8(m_utf8)) : std::nullopt;
+  if (!number) return false;
+  NamedRecords& records = m_records[*number];
+  if (m_isRehearsing) ++records.count;
+  if (m_isRehearsing || records.deletedCount == 0) return false;
+  --records.deletedCount;
+  return true;
+}
+
 void CJxlFile::DeletePoint(std::wstring_view name) {
-  if (!m_fieldBook) return;
-  for (const auto& [nameElement, deleted] : m_newPointRecords) {
-    m_records[m_tree->Element(nameElement).Text()].deletedElements.push_back(deleted);
-  }
-  m_newPointRecords.clear();
-  std::string utf8;
-  AppendXmlCharacters(utf8, name);
-  const auto entry = m_records.find(utf8);
-  if (entry == m_records.end()) return;
-  NamedRecords& records = entry->second;
-  if (records.deletedCount == records.deletedElements.size()) return;
-  m_tree->Element(records.deletedElements[records.deletedCount++]).SetText("true");
+  if (!m_isRehearsing) return;
+  NamedRecords& records = m_records[*m_deletedNames->Find(name)];
+  if (records.deletedCount < records.count) ++records.deletedCount;
 }
 
 void CJxlFile::AddCircle(CXmlElement record, const JxlReadings& readings, const char* face,
@@ -381,12 +429,14 @@ std::uint32_t CJxlFile::AddPoint(const XmlText& name, const XmlText& code,
                                  const JxlPosition& grid) {
   if (!m_reductions) return 0;
   const std::uint32_t id = NextId();
-  CXmlElement point = m_reductions.AddChild("Point");
+  if (!Enter(kReductions)) return id;
+  CXmlElement point = m_element.Restart("Point", false);
   point.AddAttribute("ID", FormatId(id));
   AddId(point, "ID", id);
   point.AddChild("Name", name);
   point.AddChild("Code", code);
   AddGrid(point, "Grid", grid);
+  point.Write(*this, 2);
   return id;
 }
 

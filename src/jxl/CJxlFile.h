@@ -1,22 +1,23 @@
-// The JobXML file, written only: a tree of elements that grows with each call and reaches the disk
-// as a whole. docs/formats/jxl.md lists the elements.
+// The JobXML file, written only: each call builds an element, which is written at once.
+// docs/formats/jxl.md lists the elements.
+//
+// A deletion marks a record before it. So a log with deletions is gone through twice, with the same
+// calls: first in a rehearsal, which writes nothing and finds the records that will be deleted.
 //
 // Lengths are metres. Angles are decimal degrees. DC_NULL in any number gives an empty element.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
-#include <memory>
+#include <deque>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
-#include <unordered_map>
-#include <utility>
 #include <variant>
-#include <vector>
 
 #include "io/CFileCE.h"
+#include "io/NameSet.h"
 #include "io/Units.h"
 #include "jxl/CXmlElement.h"
 #include "platform/Platform.h"
@@ -69,16 +70,19 @@ class CJxlFile : public CFileCE {
 
   /// Creates the file and writes its first line; false if it can't be created.
   [[nodiscard]] bool Create(const std::wstring& path);
-  /// Starts a document; an earlier one is dropped. Until then every Add gives 0.
+  /// Makes the next document a rehearsal. names: all those that DeletePoint will be given; have to
+  /// outlive the document after it.
+  void Rehearse(const NameSet& names);
+  /// Starts a document, one a file and rehearsal. Until then every Add gives 0.
   void BeginDocument(std::wstring_view jobName, std::wstring_view productVersion,
                      const platform::LocalTime& time);
-  /// Writes the document, if one was begun.
+  /// Writes what is left of the document and ends it, if one was begun.
   void WriteDocument();
   /// The product's name, as the document has it.
   const char* Product() const { return m_bNative ? "Gridlark" : "Plumbwick"; }
 
   // Each adds one element with the next id, which is returned. Records go into the field book in
-  // the order of the calls.
+  // the order of the calls; points come after all of them.
   std::uint32_t AddUnitsRecord(const JxlUnits& units);
   std::uint32_t AddCorrectionsRecord(bool southAzimuths);
   std::uint32_t AddDirectReading(const XmlText& name, const XmlText& code,
@@ -104,17 +108,23 @@ class CJxlFile : public CFileCE {
   std::uint32_t AddDisplaySettings(const JxlUnits& units);
   std::uint32_t AddCoordinateSystem();
 
-  /// Marks the first point record of this name that isn't deleted yet.
+  /// Marks the first point record of this name that isn't deleted yet: in the document after a
+  /// rehearsal.
   void DeletePoint(std::wstring_view name);
 
   /// The next id of the one sequence that all kinds share; the first is 1.
   std::uint32_t NextId() { return ++m_nextId; }
   /// Eight lower-case hexadecimal digits.
-  static std::wstring FormatId(std::uint32_t id);
+  static std::string FormatId(std::uint32_t id);
 
  private:
   using PointForm = XmlFixedChild[3];
 
+  enum Container : int { kNoContainer = -1, kFieldBook, kReductions, kEnvironment };
+  CXmlElement& ElementOf(Container container);
+  bool Enter(Container container);
+  void Leave();
+  bool IsDeleted(const XmlText& name);
   template <class Fill>
   std::uint32_t AddRecord(const char* name, Fill fill);
   template <class Fill>
@@ -131,25 +141,29 @@ class CJxlFile : public CFileCE {
   void AddHeight(CXmlElement record, const char* name, const char* rawName, double height);
   void AddUnits(CXmlElement parent, const JxlUnits& units, bool withAzimuthFormat);
 
-  /// The elements "Deleted" of the point records of a name, and how many say "true".
+  /// The point records of a name: how many there are, and how many of the first are deleted.
   struct NamedRecords {
-    std::vector<std::uint32_t> deletedElements;
-    std::size_t deletedCount = 0;
+    std::uint32_t count = 0;
+    std::uint32_t deletedCount = 0;
   };
 
-  std::unique_ptr<CXmlTree> m_tree;
+  // The document but for what goes into the field book and the reductions.
+  CXmlTree m_document;
   CXmlElement m_root;
   CXmlElement m_fieldBook;
   CXmlElement m_reductions;
   CXmlElement m_environment;
+  CXmlTree m_element;                    // the record or point at hand
+  Container m_container = kNoContainer;  // the last one of which something is written
+  bool m_isOpen = false;                 // its first line is written, its last one isn't
   std::uint32_t m_nextId = 0;
   bool m_bNative;
 
-  // For deletions: the point records of each name, which lives in the tree, but for those that have
-  // come since the last one, by their elements "Name" and "Deleted". Most logs have none.
-  std::unordered_map<std::string_view, NamedRecords> m_records;
-  std::vector<std::pair<std::uint32_t, std::uint32_t>> m_newPointRecords;
-  std::wstring m_number;  // reused
+  bool m_isRehearsing = false;
+  const NameSet* m_deletedNames = nullptr;
+  std::deque<NamedRecords> m_records;  // by the numbers of these names
+  std::string m_utf8;                  // reused, as is the number
+  std::wstring m_number;
 };
 
 }  // namespace zelconvert

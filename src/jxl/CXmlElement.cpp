@@ -4,14 +4,12 @@
 
 #include "io/CFileCE.h"
 #include "io/Strings.h"
-#include "platform/Utf8.h"
 
 namespace zelconvert {
 namespace {
 
-// Lines are gathered up to this size before they go to the file.
-constexpr std::size_t kBlock = 1 << 16;
 constexpr std::size_t kIndent = 4;
+constexpr std::string_view kReplacement = "\xEF\xBF\xBD";  // U+FFFD
 
 void AppendReference(std::string& out, unsigned code) {
   constexpr char kDigits[] = "0123456789abcdef";
@@ -20,50 +18,60 @@ void AppendReference(std::string& out, unsigned code) {
   out += ';';
 }
 
-// Control characters that XML can hold: tab, LF and CR, and U+007F to 9F, which are C2 80 to C2 9F
-// in UTF-8 after 7F.
-bool IsControl(unsigned char c) {
-  return c < 0x20 || c == 0x7F;
-}
-bool IsHighControl(std::string_view text, std::size_t at) {
-  return static_cast<unsigned char>(text[at]) == 0xC2 && at + 1 < text.size() &&
-         static_cast<unsigned char>(text[at + 1]) < 0xA0;
+// Bytes that stand for themselves wherever they come: nearly all.
+struct PlainBytes {
+  bool are[256] = {};
+  constexpr PlainBytes() {
+    for (int c = 0x20; c < 256; ++c) are[c] = true;
+    for (const unsigned char c : {'"', '&', '\'', '<', '>', '\x7F', '\xC2', '\xEF'}) are[c] = false;
+  }
+};
+constexpr PlainBytes kPlain;
+
+const char* EntityOf(char c) {
+  return c == '"'    ? "&quot;"
+         : c == '&'  ? "&amp;"
+         : c == '\'' ? "&apos;"
+         : c == '<'  ? "&lt;"
+         : c == '>'  ? "&gt;"
+                     : nullptr;
 }
 
-void AppendEscaped(std::string& out, std::string_view text) {
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const auto c = static_cast<unsigned char>(text[i]);
-    switch (c) {
-      case '"':
-        out += "&quot;";
-        break;
-      case '&':
-        out += "&amp;";
-        break;
-      case '\'':
-        out += "&apos;";
-        break;
-      case '<':
-        out += "&lt;";
-        break;
-      case '>':
-        out += "&gt;";
-        break;
-      default:
-        if (IsControl(c)) {
-          AppendReference(out, c);
-        } else if (IsHighControl(text, i)) {
-          AppendReference(out, static_cast<unsigned char>(text[++i]));
-        } else {
-          out += static_cast<char>(c);
-        }
-    }
+// How many bytes at the start of the text are a control character that XML can hold: tab, LF and
+// CR, and U+007F to 9F, which are C2 80 to C2 9F in UTF-8 after 7F.
+std::size_t ControlLength(std::string_view text) {
+  const auto c = static_cast<unsigned char>(text[0]);
+  if (c == '\t' || c == '\n' || c == '\r' || c == 0x7F) return 1;
+  return c == 0xC2 && text.size() > 1 && static_cast<unsigned char>(text[1]) < 0xA0 ? 2 : 0;
+}
+
+// The same for what XML can't hold. Halves of surrogate pairs don't come in UTF-8.
+std::size_t ForbiddenLength(std::string_view text) {
+  if (static_cast<unsigned char>(text[0]) < 0x20) return 1;
+  return text.starts_with("\xEF\xBF\xBE") || text.starts_with("\xEF\xBF\xBF") ? 3 : 0;
+}
+
+// Appends what begins with a byte that isn't plain; how many bytes that was.
+std::size_t AppendSpecial(std::string& out, std::string_view text) {
+  if (const char* entity = EntityOf(text[0])) {
+    out += entity;
+    return 1;
   }
+  if (const std::size_t length = ControlLength(text)) {
+    AppendReference(out, static_cast<unsigned char>(text[length - 1]));
+    return length;
+  }
+  if (const std::size_t length = ForbiddenLength(text)) {
+    out += kReplacement;
+    return length;
+  }
+  out += text[0];
+  return 1;
 }
 
 /// What follows the name and the attributes of an element without children.
-void AppendText(std::string& out, const char* name, const char* text) {
-  if (*text == '\0') {
+void AppendText(std::string& out, const char* name, std::string_view text) {
+  if (text.empty()) {
     out += "/>\r\n";
     return;
   }
@@ -72,47 +80,44 @@ void AppendText(std::string& out, const char* name, const char* text) {
   out.append("</").append(name).append(">\r\n");
 }
 
-void AppendFixedChild(std::string& out, const XmlFixedChild& child, std::size_t indent) {
-  out.append(indent, ' ').append("<").append(child.name);
-  AppendText(out, child.name, child.text);
-}
-
-// What an XML 1.0 document can't hold, be it as a reference. Halves of pairs fall to AppendUtf8.
-bool IsForbidden(wchar_t c) {
-  const auto code = static_cast<char32_t>(c);
-  return (code < 0x20 && c != L'\t' && c != L'\n' && c != L'\r') || code == 0xFFFE ||
-         code == 0xFFFF;
+std::size_t IndentOf(int depth) {
+  return kIndent * static_cast<std::size_t>(depth);
 }
 
 }  // namespace
 
-void AppendXmlCharacters(std::string& out, std::wstring_view text) {
-  while (!text.empty()) {
-    const auto forbidden = std::find_if(text.begin(), text.end(), IsForbidden);
-    const auto clean = static_cast<std::size_t>(forbidden - text.begin());
-    AppendUtf8(out, text.substr(0, clean));
-    if (forbidden == text.end()) return;
-    platform::AppendUtf8(out, platform::kReplacementCharacter);
-    text.remove_prefix(clean + 1);
-  }
-}
-
 void AppendEscapedText(std::string& out, std::string_view text) {
   while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
   while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
-  AppendEscaped(out, text);
+  while (!text.empty()) {
+    const auto special = std::find_if(text.begin(), text.end(), [](char c) {
+      return !kPlain.are[static_cast<unsigned char>(c)];
+    });
+    out.append(text.begin(), special);
+    text.remove_prefix(static_cast<std::size_t>(special - text.begin()));
+    if (!text.empty()) text.remove_prefix(AppendSpecial(out, text));
+  }
 }
 
-CXmlTree::CXmlTree(const char* rootName) {
-  m_nodes.push_back(Node(rootName));
+std::string_view XmlText::Utf8(std::string& buffer) const {
+  if (m_literal != nullptr) return m_literal;
+  if (m_text.empty()) return m_utf8;
+  buffer.clear();
+  AppendUtf8(buffer, m_text);
+  return buffer;
 }
 
-const char* CXmlTree::Keep(const XmlText& text) {
-  if (text.m_literal != nullptr) return text.m_literal;
-  if (text.m_text.empty() && text.m_utf8.empty()) return "";
-  m_utf8 = text.m_utf8;
-  AppendXmlCharacters(m_utf8, text.m_text);
-  return m_texts.Keep(m_utf8);
+CXmlElement CXmlTree::Restart(const char* rootName, bool isSpaced) {
+  m_nodes.clear();
+  m_attributes.clear();
+  m_texts.Clear();
+  m_nodes.push_back({.m_name = rootName, .m_bNewLine = isSpaced});
+  return {this, 0};
+}
+
+std::string_view CXmlTree::Keep(const XmlText& text) {
+  const std::string_view utf8 = text.Utf8(m_utf8);
+  return text.m_literal != nullptr || utf8.empty() ? utf8 : m_texts.Keep(utf8);
 }
 
 std::uint32_t CXmlTree::Append(std::uint32_t parent, const Node& node) {
@@ -130,80 +135,83 @@ std::uint32_t CXmlTree::Append(std::uint32_t parent, const Node& node) {
 
 void CXmlElement::AddAttribute(const char* name, XmlText value) {
   CXmlTree::Node& node = m_tree->m_nodes[m_index];
-  if (node.m_attributeCount == 0) {
-    node.m_firstAttribute = m_tree->m_attributes.size() & 0xFFFFFFFu;
+  if (node.m_attributeCount++ == 0) {
+    node.m_firstAttribute = static_cast<std::uint32_t>(m_tree->m_attributes.size());
   }
-  node.m_attributeCount = (node.m_attributeCount + 1) & 7u;
   m_tree->m_attributes.push_back({name, m_tree->Keep(value)});
 }
 
 CXmlElement CXmlElement::AddSpacedChild(const char* name) {
-  CXmlTree::Node node(name);
-  node.m_bNewLine = 1;
-  return {m_tree, m_tree->Append(m_index, node)};
+  return {m_tree, m_tree->Append(m_index, {.m_name = name, .m_bNewLine = true})};
 }
 
 CXmlElement CXmlElement::AddChild(const char* name, XmlText text) {
-  return {m_tree, m_tree->Append(m_index, CXmlTree::Node(name, m_tree->Keep(text)))};
+  return {m_tree, m_tree->Append(m_index, {.m_name = name, .m_text = m_tree->Keep(text)})};
 }
 
 void CXmlElement::AddFixedChildren(std::span<const XmlFixedChild> children) {
-  m_tree->Append(m_index, CXmlTree::Node(children));
-}
-
-void CXmlElement::SetText(XmlText text) {
-  m_tree->m_nodes[m_index].m_text = m_tree->Keep(text);
-}
-
-std::string_view CXmlElement::Text() const {
-  return m_tree->m_nodes[m_index].m_text;
+  m_tree->Append(m_index, {.m_fixedChildren = children});
 }
 
 void CXmlElement::Write(CFileCE& file, int depth) const {
-  std::string out;
-  out.reserve(kBlock + kBlock / 4);
-  m_tree->AppendTo(out, m_index, depth, file);
-  file.Write(out.data(), out.size());
+  m_tree->AppendTree(m_index, depth);
+  m_tree->Flush(file);
 }
 
-void CXmlTree::AppendTo(std::string& out, std::uint32_t index, int depth, CFileCE& file) const {
-  const Node& node = m_nodes[index];
-  const std::size_t indent = kIndent * static_cast<std::size_t>(depth);
-  if (node.m_name == nullptr) {
-    for (const XmlFixedChild& child : std::span(node.m_fixedChildren, node.m_fixedCount)) {
-      AppendFixedChild(out, child, indent);
-    }
-    return;
-  }
-  const bool hasText = *node.m_text != '\0';
-  const bool hasChildren = node.m_firstChild != kNone;
+void CXmlElement::WriteStart(CFileCE& file, int depth) const {
+  m_tree->AppendStart(m_tree->m_nodes[m_index], depth);
+  m_tree->m_out += ">\r\n";
+  m_tree->Flush(file);
+}
 
-  if (node.m_bNewLine) out += "\r\n";
-  out.append(indent, ' ').append("<").append(node.m_name);
+void CXmlElement::WriteEnd(CFileCE& file, int depth) const {
+  m_tree->AppendEnd(m_tree->m_nodes[m_index], depth);
+  m_tree->Flush(file);
+}
+
+void CXmlTree::Flush(CFileCE& file) {
+  file.Write(m_out.data(), m_out.size());
+  m_out.clear();
+}
+
+void CXmlTree::AppendStart(const Node& node, int depth) {
+  if (node.m_bNewLine) m_out += "\r\n";
+  m_out.append(IndentOf(depth), ' ').append("<").append(node.m_name);
   for (std::uint32_t a = 0; a < node.m_attributeCount; ++a) {
     const Attribute& attribute = m_attributes[node.m_firstAttribute + a];
-    out.append(" ").append(attribute.name).append("=\"");
-    AppendEscapedText(out, attribute.value);
-    out += '"';
+    m_out.append(" ").append(attribute.name).append("=\"");
+    AppendEscapedText(m_out, attribute.value);
+    m_out += '"';
   }
-  if (!hasChildren && !(hasText && node.m_bNewLine)) {
-    return AppendText(out, node.m_name, node.m_text);
+}
+
+void CXmlTree::AppendEnd(const Node& node, int depth) {
+  m_out.append(IndentOf(depth), ' ').append("</").append(node.m_name).append(">\r\n");
+}
+
+void CXmlTree::AppendTree(std::uint32_t index, int depth) {
+  const Node& node = m_nodes[index];
+  for (const XmlFixedChild& child : node.m_fixedChildren) {
+    m_out.append(IndentOf(depth), ' ').append("<").append(child.name);
+    AppendText(m_out, child.name, child.text);
   }
-  out += ">\r\n";
+  if (node.m_name == nullptr) return;
+  const bool hasText = !node.m_text.empty();
+  AppendStart(node, depth);
+  if (node.m_firstChild == kNone && !(hasText && node.m_bNewLine)) {
+    return AppendText(m_out, node.m_name, node.m_text);
+  }
+  m_out += ">\r\n";
   if (hasText) {
-    out.append(indent + kIndent, ' ');
-    AppendEscapedText(out, node.m_text);
-    out += "\r\n";
+    m_out.append(IndentOf(depth + 1), ' ');
+    AppendEscapedText(m_out, node.m_text);
+    m_out += "\r\n";
   }
   for (std::uint32_t child = node.m_firstChild; child != kNone;
        child = m_nodes[child].m_nextSibling) {
-    AppendTo(out, child, depth + 1, file);
+    AppendTree(child, depth + 1);
   }
-  out.append(indent, ' ').append("</").append(node.m_name).append(">\r\n");
-  if (out.size() >= kBlock) {
-    file.Write(out.data(), out.size());
-    out.clear();
-  }
+  AppendEnd(node, depth);
 }
 
 }  // namespace zelconvert

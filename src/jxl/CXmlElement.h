@@ -1,14 +1,13 @@
-// An XML document that is built once and then written. A survey of a million shots has some thirty
-// million elements, so an element is 32 bytes in a tree that holds them all, and CXmlElement is the
-// handle by which one is reached.
+// XML elements that are built as a tree and then written. A tree holds a part of a document, such
+// as one record; CXmlElement is the handle by which an element of it is reached.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
-#include <deque>
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "io/TextArena.h"
 
@@ -18,7 +17,7 @@ class CFileCE;
 class CXmlTree;
 
 /// Character data of an element or an attribute: a literal, which is kept by its address, or a text
-/// that the tree copies as UTF-8. What is UTF-8 already is what AppendXmlCharacters makes.
+/// that the tree copies as UTF-8.
 class XmlText {
  public:
   XmlText() = default;
@@ -33,7 +32,11 @@ class XmlText {
   }
   XmlText(std::wstring_view text) : m_text(text) {}    // NOLINT
   XmlText(const std::wstring& text) : m_text(text) {}  // NOLINT
+  XmlText(std::string_view utf8) : m_utf8(utf8) {}     // NOLINT
   XmlText(const std::string& utf8) : m_utf8(utf8) {}   // NOLINT
+
+  /// `buffer` holds the text where it isn't there in this form.
+  std::string_view Utf8(std::string& buffer) const;
 
  private:
   friend class CXmlTree;
@@ -48,7 +51,8 @@ struct XmlFixedChild {
   const char* text;
 };
 
-/// One element of a tree; valid as long as the tree. A default-made handle is none and is false.
+/// One element of a tree; valid until the tree is restarted. A default-made handle is none and is
+/// false.
 class CXmlElement {
  public:
   CXmlElement() = default;
@@ -64,15 +68,13 @@ class CXmlElement {
   void AddFixedChildren(std::span<const XmlFixedChild> children);
   /// A new last child that is written after an empty line.
   CXmlElement AddSpacedChild(const char* name);
-  /// Replaces the text.
-  void SetText(XmlText text);
-  /// As UTF-8, alive as long as the tree.
-  std::string_view Text() const;
-  /// What CXmlTree::Element takes: a handle in four bytes.
-  std::uint32_t Index() const { return m_index; }
   /// Writes the element and what is beneath it as lines, indented by four blanks for each step of
   /// `depth`. HasWriteFailed of the file tells of a failed write.
   void Write(CFileCE& file, int depth) const;
+  /// Writes the lines with which an element without text begins and ends, for one whose children
+  /// are written between.
+  void WriteStart(CFileCE& file, int depth) const;
+  void WriteEnd(CFileCE& file, int depth) const;
 
  private:
   friend class CXmlTree;
@@ -84,58 +86,46 @@ class CXmlElement {
 
 class CXmlTree {
  public:
-  explicit CXmlTree(const char* rootName);
-
-  CXmlElement Root() { return {this, 0}; }
-  CXmlElement Element(std::uint32_t index) { return {this, index}; }
+  /// Drops all elements but keeps their memory; the new root, which is written after an empty line
+  /// if `isSpaced`.
+  CXmlElement Restart(const char* rootName, bool isSpaced);
 
  private:
   friend class CXmlElement;
   static constexpr std::uint32_t kNone = 0xFFFFFFFF;
 
   struct Node {
-    explicit Node(const char* name, const char* text = "")
-        : m_name(name), m_text(text), m_firstChild(kNone) {}
-    explicit Node(std::span<const XmlFixedChild> children)
-        : m_name(nullptr),
-          m_fixedChildren(children.data()),
-          m_fixedCount(static_cast<std::uint32_t>(children.size())) {}
-
-    const char* m_name;  ///< null: the node stands for a table of children
-    union {
-      const char* m_text;  ///< UTF-8, not escaped
-      const XmlFixedChild* m_fixedChildren;
-    };
-    union {
-      std::uint32_t m_firstChild;
-      std::uint32_t m_fixedCount;
-    };
+    const char* m_name = nullptr;  ///< null: the node stands for a table of children
+    std::string_view m_text = {};  ///< UTF-8, not escaped
+    std::span<const XmlFixedChild> m_fixedChildren = {};
+    bool m_bNewLine = false;
+    std::uint32_t m_firstAttribute = 0;
+    std::uint32_t m_attributeCount = 0;
+    std::uint32_t m_firstChild = kNone;
     std::uint32_t m_lastChild = kNone;
     std::uint32_t m_nextSibling = kNone;
-    std::uint32_t m_firstAttribute : 28 = 0;
-    std::uint32_t m_attributeCount : 3 = 0;
-    std::uint32_t m_bNewLine : 1 = 0;
   };
   struct Attribute {
     const char* name;
-    const char* value;
+    std::string_view value;
   };
-  const char* Keep(const XmlText& text);
+  std::string_view Keep(const XmlText& text);
   std::uint32_t Append(std::uint32_t parent, const Node& node);
-  void AppendTo(std::string& out, std::uint32_t index, int depth, CFileCE& file) const;
+  void AppendStart(const Node& node, int depth);
+  void AppendEnd(const Node& node, int depth);
+  void AppendTree(std::uint32_t index, int depth);
+  void Flush(CFileCE& file);
 
-  std::deque<Node> m_nodes;
-  std::deque<Attribute> m_attributes;
+  std::vector<Node> m_nodes;
+  std::vector<Attribute> m_attributes;
   TextArena m_texts;
   std::string m_utf8;
+  std::string m_out;  // on its way to the file
 };
 
-/// Appends `text` as UTF-8 that XML can hold. Characters below U+0020 but tab, LF and CR, halves of
-/// surrogate pairs, U+FFFE and U+FFFF become U+FFFD.
-void AppendXmlCharacters(std::string& out, std::wstring_view text);
-
 /// Appends UTF-8 `text` for XML: the five characters of markup as entities, control characters as
-/// "&#x%03x;", blanks at both ends of the result removed.
+/// "&#x%03x;", blanks at both ends of the result removed. What XML has no place for, be it as a
+/// reference (others below U+0020 than tab, LF and CR, U+FFFE, U+FFFF), becomes U+FFFD.
 void AppendEscapedText(std::string& out, std::string_view text);
 
 }  // namespace zelconvert

@@ -7,12 +7,13 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
-#include <map>
+#include <deque>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 
+#include "io/NameSet.h"
 #include "io/Strings.h"
 #include "io/Units.h"
 #include "jxl/CJxlFile.h"
@@ -37,8 +38,8 @@ class JxlInstrument {
   };
 
   struct Orientation {
-    std::wstring station;
-    std::wstring backsight;
+    std::string station;  ///< names in UTF-8, which is the document's
+    std::string backsight;
     double backAzimuth = 0;
     double backCircle = 0;  ///< the circle's reading at the backsight
 
@@ -51,13 +52,16 @@ class JxlInstrument {
   void SetHeights(const Heights& heights) { m_heights = heights; }
   const Heights& GetHeights() const { return m_heights; }
 
-  /// A backsight. Adds its five records, which tell `heights`; the last one, the angle only form,
-  /// has the reading and the position of the shot to the backsight. Returns the id of that one.
-  std::uint32_t Orient(CJxlFile& file, Orientation orientation, const Heights& heights,
-                       double reading, const JxlPosition& grid) {
-    m_orientation = std::move(orientation);
-    const auto move = m_moves.find(ComparedName(m_orientation.station));
-    if (move != m_moves.end()) m_moves.erase(move);
+  /// A backsight at `station`. Adds its five records, which tell `heights`; the last one, the angle
+  /// only form, has the reading and the position of the shot to the backsight. Returns the id of
+  /// that one.
+  std::uint32_t Orient(CJxlFile& file, std::wstring_view station, std::wstring_view backsight,
+                       double azimuth, double circle, const Heights& heights, double reading,
+                       const JxlPosition& grid) {
+    m_orientation = {{}, {}, azimuth, circle};
+    AppendUtf8(m_orientation.station, station);
+    AppendUtf8(m_orientation.backsight, backsight);
+    if (Move* move = FindMove(station)) move->isPlanned = false;
     return AddSetup(file, heights, reading, grid);
   }
 
@@ -67,19 +71,23 @@ class JxlInstrument {
     const double azimuth = m_orientation.Azimuth(readings.horizontal);
     // In face two the telescope points away from where the circle reads: back, as seen from there.
     const double back = IsFaceTwo(readings.vertical, kDegrees) ? azimuth : azimuth + 180;
-    m_moves.insert_or_assign(std::wstring(ComparedName(to)),
-                             Orientation{std::wstring(to), std::wstring(from), WithinCircle(back),
-                                         m_orientation.backCircle});
+    const Move move = {WithinCircle(back), m_orientation.backCircle, NumberOf(to),
+                       NumberOf(from) & 0x7FFFFFFFu, true};
+    const std::size_t place = m_names.Add(ComparedName(to));
+    if (place >= m_moves.size()) m_moves.resize(m_names.Size());
+    m_moves[place] = move;
   }
 
   /// Before a shot: makes the move to its station, or tells heights that the records of the
   /// setup lack. True if the instrument has moved.
   bool PrepareShot(CJxlFile& file, std::wstring_view station) {
-    const auto move = m_moves.find(ComparedName(station));
-    const bool moves = move != m_moves.end();
+    Move* const move = FindMove(station);
+    const bool moves = move != nullptr;
     if (moves) {
-      m_orientation = std::move(move->second);
-      m_moves.erase(move);
+      move->isPlanned = false;
+      m_orientation = {std::string(m_names.Name(move->station)),
+                       std::string(m_names.Name(move->backsight)), move->backAzimuth,
+                       move->backCircle};
     }
     const bool hasSetup = m_records.station != 0;
     if (moves || (hasSetup && m_heights.instrument != m_recorded.instrument)) {
@@ -112,6 +120,24 @@ class JxlInstrument {
   /// In [0, 360), and never -0. What noise has put right below a full circle is 0 as well.
   static double WithinCircle(double degrees) { return NormalizeZenith(degrees, kDegrees) + 0.0; }
 
+  /// An orientation that waits for a shot from its station: a log may be full of them.
+  struct Move {
+    double backAzimuth = 0;
+    double backCircle = 0;
+    std::uint32_t station = 0;  // numbers of names
+    std::uint32_t backsight : 31 = 0;
+    std::uint32_t isPlanned : 1 = false;
+  };
+  /// The move to this station that is planned, or null.
+  Move* FindMove(std::wstring_view station) {
+    const auto place = m_names.Find(ComparedName(station));
+    if (!place || *place >= m_moves.size() || !m_moves[*place].isPlanned) return nullptr;
+    return &m_moves[*place];
+  }
+  std::uint32_t NumberOf(std::wstring_view name) {
+    return static_cast<std::uint32_t>(m_names.Add(name));
+  }
+
   std::uint32_t AddSetup(CJxlFile& file, const Heights& heights, double reading,
                          const JxlPosition& grid) {
     const auto& [station, backsight, backAzimuth, backCircle] = m_orientation;
@@ -135,7 +161,8 @@ class JxlInstrument {
   Heights m_recorded;  // in the records of the setup
   Orientation m_orientation;
   JxlSetup m_records;
-  std::map<std::wstring, Orientation, std::less<>> m_moves;  // by the compared name of the station
+  NameSet m_names;           // of stations, as compared too, and of backsights
+  std::deque<Move> m_moves;  // by the numbers of the stations' compared names
 };
 
 }  // namespace zelconvert

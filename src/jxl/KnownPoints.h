@@ -1,9 +1,9 @@
 // The points that a log has told of on its way to JobXML.
 #pragma once
 
+#include <cstdint>
 #include <deque>
 #include <optional>
-#include <string>
 #include <string_view>
 
 #include "io/NameSet.h"
@@ -11,32 +11,25 @@
 
 namespace zelconvert {
 
-/// Points by name, in the order in which their names first came. A later point of a name takes the
-/// place of the earlier one.
+/// Points by name, in the order in which their names first came, at some 60 bytes each. A later
+/// point of a name takes the place of the earlier one.
 class KnownPoints {
  public:
-  struct Point {
-    std::string name;  // texts in UTF-8, which is the document's
-    std::string description;
-    JxlPosition position;
-    bool isDeleted = false;
-  };
-
   /// An empty description leaves that of an earlier point of the name.
   void Add(std::wstring_view name, std::wstring_view description, const JxlPosition& position) {
-    if (m_names.Insert(name)) {
-      m_points.push_back({Utf8(name), Utf8(description), position, false});
-      return;
-    }
-    Point& known = m_points[*m_names.Find(name)];
-    known.position = position;
-    known.isDeleted = false;
-    if (!description.empty()) known.description = Utf8(description);
+    const std::size_t number = m_names.Add(name);
+    if (number == m_points.size()) m_points.emplace_back();
+    Point& point = m_points[number];
+    point.position = position;
+    point.isDeleted = false;
+    if (description.empty()) return;
+    const auto known = static_cast<std::uint32_t>(m_descriptions.Add(description) + 1);
+    point.description = known & 0x7FFFFFFFu;  // a set holds fewer
   }
-  /// The live point of the name, or null.
-  const Point* Find(std::wstring_view name) const {
+  /// Of the live point of the name, or null.
+  const JxlPosition* Find(std::wstring_view name) const {
     const std::optional<std::size_t> number = m_names.Find(name);
-    return number && !m_points[*number].isDeleted ? &m_points[*number] : nullptr;
+    return number && !m_points[*number].isDeleted ? &m_points[*number].position : nullptr;
   }
   /// A live point of the name is there.
   bool PointExists(std::wstring_view name) const { return Find(name) != nullptr; }
@@ -45,17 +38,27 @@ class KnownPoints {
     if (const auto number = m_names.Find(name)) m_points[*number].isDeleted = true;
   }
 
-  auto begin() const { return m_points.begin(); }
-  auto end() const { return m_points.end(); }
+  /// Gives each live point: its name and its description in UTF-8, and its position.
+  template <class Take>
+  void ForEach(Take take) const {
+    for (std::size_t number = 0; number < m_points.size(); ++number) {
+      const Point& point = m_points[number];
+      if (!point.isDeleted) take(m_names.Name(number), Description(point), point.position);
+    }
+  }
 
  private:
-  static std::string Utf8(std::wstring_view text) {
-    std::string utf8;
-    AppendXmlCharacters(utf8, text);
-    return utf8;
+  struct Point {
+    JxlPosition position;
+    std::uint32_t description : 31 = 0;  // 1 + its number, or 0
+    std::uint32_t isDeleted : 1 = false;
+  };
+  std::string_view Description(const Point& point) const {
+    return point.description == 0 ? std::string_view() : m_descriptions.Name(point.description - 1);
   }
 
   NameSet m_names;
+  NameSet m_descriptions;      // most are codes of which a log has few
   std::deque<Point> m_points;  // by the numbers of their names
 };
 

@@ -20,10 +20,10 @@ const Entry* EntryOf(const std::deque<Entry>& entries, std::int64_t line) {
 }
 
 /// The value of the first tag, or else of the second.
-std::wstring NameOf(std::wstring_view record, FieldTag tag, FieldTag otherTag) {
+std::wstring_view NameOf(std::wstring_view record, FieldTag tag, FieldTag otherTag) {
   std::wstring_view name;
   if (!CRawFile::GetField(record, tag, name)) CRawFile::GetField(record, otherTag, name);
-  return std::wstring(name);
+  return name;
 }
 
 }  // namespace
@@ -55,8 +55,9 @@ void RawIndex::Add(std::wstring_view record) {
 }
 
 void RawIndex::AddDeletion(std::wstring_view name, std::uint32_t line) {
-  if (m_deletedNames.Insert(name)) m_deletedAt.push_back(line);
-  m_deletedAt[*m_deletedNames.Find(name)] = line;
+  const std::size_t number = m_deletedNames.Add(name);
+  if (number == m_deletedAt.size()) m_deletedAt.emplace_back();
+  m_deletedAt[number] = line;
 }
 
 void RawIndex::AddMode(std::uint32_t line, std::wstring_view record) {
@@ -87,18 +88,15 @@ void RawIndex::AddHeights(RawRecordType kind, std::uint32_t line, std::wstring_v
 }
 
 void RawIndex::AddOccupied(std::uint32_t line, std::wstring_view record) {
-  const std::wstring name = NameOf(record, L"OP", L"PN");
-  m_askedNames.Insert(name);
-  m_occupied.push_back({line, static_cast<std::uint32_t>(*m_askedNames.Find(name))});
+  const std::size_t name = m_askedNames.Add(NameOf(record, L"OP", L"PN"));
+  m_occupied.push_back({line, static_cast<std::uint32_t>(name)});
 }
 
 /// Keeps what a GP says if a vector may ask for it.
 void RawIndex::AddGpsPoint(std::uint32_t line, std::wstring_view record) {
   GP_RECORD point;
   if (!CRawFile::Parse(record, point)) return;
-  m_gpsNames.Insert(point.name);
-  m_gpsPoints.push_back(
-      {line, static_cast<std::uint32_t>(*m_gpsNames.Find(point.name)), point.kind});
+  m_gpsPoints.push_back({line, static_cast<std::uint32_t>(m_gpsNames.Add(point.name)), point.kind});
 }
 
 std::int64_t RawIndex::Search::Next(const std::vector<RawRecordType>& lines, std::int64_t line) {

@@ -69,6 +69,8 @@ class RawIndex {
   const NameSet& AskedNames() const { return m_askedNames; }
   /// Adds to these names.
   void AskFor(std::wstring_view name) { m_askedNames.Insert(name); }
+  /// The names of all good DP.
+  const NameSet& DeletedNames() const { return m_deletedNames; }
   /// A DP after `line` deletes the point. Of several DP of a name the last counts.
   bool IsDeleted(std::wstring_view name, std::int64_t line) const;
 

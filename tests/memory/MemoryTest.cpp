@@ -90,7 +90,7 @@ struct Leg {
 // Of each kind of input what its routes are; what is a job then goes on from there.
 const Leg kLegs[] = {
     {FT_DC, {FT_JOB, FT_ILJ}},
-    {FT_RAW, {FT_DC, FT_SDR33}},
+    {FT_RAW, {FT_DC, FT_SDR33, FT_JXL}},
     {FT_ILJ, {FT_DC}},
     {FT_JOB, {FT_DC, FT_CR5, FT_SEQ_CR5}},
 };
