@@ -28,6 +28,7 @@ tests=(
   python3-dask python3-distributed python3-fsspec           # a cluster of it
   lintian                                                   # the packages of Debian
   zsh fish                                                  # their completions
+  valgrind                                                  # counts instructions
   pkg-config locales
 )
 packages[test]="${packages[*]} ${tests[*]}" # everything, but for

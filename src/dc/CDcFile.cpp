@@ -46,6 +46,13 @@ std::int32_t CDcFile::GetRecordType(std::wstring_view line) {
   return ToInteger(Left(line, 2), 36);
 }
 
+std::int32_t CDcFile::GetRecordType(std::string_view bytes) {
+  wchar_t head[2];
+  const std::string_view first = bytes.substr(0, std::size(head));
+  std::transform(first.begin(), first.end(), head, [](unsigned char c) { return wchar_t{c}; });
+  return GetRecordType(std::wstring_view(head, first.size()));
+}
+
 int CDcFile::GetRecordSubtype(std::wstring_view line) {
   const auto* found = std::find(std::begin(kSubtypes), std::end(kSubtypes), SubtypeOf(line));
   return static_cast<int>(found - std::begin(kSubtypes));

@@ -56,6 +56,8 @@ class CDcFile : public CFileCE {
 
   /// The first two characters as a base-36 number in either case; 0 if they are none, such as "#x".
   static std::int32_t GetRecordType(std::wstring_view line);
+  /// The same of a line that isn't decoded.
+  static std::int32_t GetRecordType(std::string_view bytes);
   /// Index of columns 2 and 3 in the table of subtypes; 98 if unknown. Case matters.
   static int GetRecordSubtype(std::wstring_view line);
   /// `index` is below 98.
@@ -118,8 +120,7 @@ void CDcFile::Read(std::wstring_view line, R& record) {
 
 template <DcRecordType R>
 void CDcFile::Write(const R& record, std::wstring_view subtype) {
-  m_strLine.clear();
-  AppendLeft(m_strLine, Left(R::kHead, 2), 2);
+  m_strLine = {static_cast<char>(R::kHead[0]), static_cast<char>(R::kHead[1])};
   AppendRight(m_strLine, subtype, 2);
   if constexpr (requires { record.AsWritten(); }) {
     AppendFields(record.AsWritten());

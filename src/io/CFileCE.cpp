@@ -84,7 +84,13 @@ bool CFileCE::Write(const void* buffer, std::size_t count) {
 }
 
 bool CFileCE::ReadLine(std::wstring& text) {
-  text.clear();
+  std::string_view bytes;
+  const bool found = ReadLine(bytes);
+  Widen(text, bytes);
+  return found;
+}
+
+bool CFileCE::ReadLine(std::string_view& bytes) {
   m_strLine.clear();
   while (m_nLineLeft > 0 || FillLineBuffer()) {
     const std::string_view chunk = RestOfChunk();
@@ -94,16 +100,15 @@ bool CFileCE::ReadLine(std::wstring& text) {
       m_nLineLeft = 0;
       continue;
     }
-    std::string_view line = chunk.substr(0, lineFeed);
-    if (!m_strLine.empty()) line = AppendToLine(line);
-    StripCarriageReturn(line);
-    Widen(text, line);
+    bytes = chunk.substr(0, lineFeed);
+    if (!m_strLine.empty()) bytes = AppendToLine(bytes);
+    StripCarriageReturn(bytes);
     const std::size_t characters = lineFeed / CharacterSize() + 1;
     m_nLinePos += characters;
     m_nLineLeft -= characters;
     return true;
   }
-  Widen(text, m_strLine);
+  bytes = m_strLine;
   return !m_strLine.empty();
 }
 
@@ -248,11 +253,12 @@ void CFileCE::StripCarriageReturn(std::string_view& line) const {
   if (line.ends_with(end)) line.remove_suffix(end.size());
 }
 
-void CFileCE::Widen(std::wstring& text, std::string_view line) const {
-  if (!m_bUnicode) return platform::AppendWide(text, line);
-  std::u16string units(line.size() / 2, u'\0');
+void CFileCE::Widen(std::wstring& text, std::string_view bytes) const {
+  text.clear();
+  if (!m_bUnicode) return platform::AppendWide(text, bytes);
+  std::u16string units(bytes.size() / 2, u'\0');
   for (std::size_t i = 0; i < units.size(); ++i) {
-    units[i] = Utf16UnitAt(line.data() + 2 * i, false);
+    units[i] = Utf16UnitAt(bytes.data() + 2 * i, false);
   }
   AssignUtf16(text, units);
 }

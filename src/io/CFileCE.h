@@ -66,6 +66,10 @@ class CFileCE {
   /// the end mark or the end of the file; a last line without line end is a line, and keeps a CR at
   /// its end.
   bool ReadLine(std::wstring& text);
+  /// The same as its bytes stand in the file, valid until the next call; for a look at lines of
+  /// which few are wanted. Widen makes the text of one.
+  bool ReadLine(std::string_view& bytes);
+  void Widen(std::wstring& text, std::string_view bytes) const;
   /// Writes `text` and CR LF; a text with line feeds in it becomes several lines, without an empty
   /// one after a line feed at its end. Always true: HasWriteFailed tells the truth.
   bool WriteLine(std::wstring_view text) { return WriteLines(text); }
@@ -107,7 +111,6 @@ class CFileCE {
   std::size_t FindLineFeed(std::string_view chunk) const;
   std::string_view AppendToLine(std::string_view part);
   void StripCarriageReturn(std::string_view& line) const;
-  void Widen(std::wstring& text, std::string_view line) const;
   bool PrepareWrite();
   template <class View>
   bool WriteLines(View text);

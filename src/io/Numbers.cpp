@@ -31,9 +31,13 @@ struct RealShape {
 // Steps over digits and takes them into the mantissa.
 std::size_t TakeDigits(std::wstring_view text, std::size_t at, RealShape& shape) {
   const std::size_t first = at;
-  for (; at < text.size() && IsDigit(text[at]); ++at) {
-    shape.mantissa = shape.mantissa * 10 + static_cast<std::uint64_t>(text[at] - L'0');
+  std::uint64_t mantissa = shape.mantissa;
+  for (; at < text.size(); ++at) {
+    const std::uint32_t digit = static_cast<std::uint32_t>(text[at]) - U'0';
+    if (digit > 9) break;
+    mantissa = mantissa * 10 + digit;
   }
+  shape.mantissa = mantissa;
   shape.digits += at - first;
   return at;
 }
@@ -196,47 +200,60 @@ constexpr auto kDigitPairs = [] {
   return pairs;
 }();
 
-// Writes `count` digits, with leading zeros.
-void WriteDigits(char* first, int count, std::uint64_t value) {
-  char* at = first + count;
-  for (; at - first > 1; value /= 100) {
-    at -= 2;
-    std::memcpy(at, kDigitPairs.data() + 2 * (value % 100), 2);
+// Numbers are written from their end; each returns where what it wrote begins.
+char* PrependPair(char* at, std::uint32_t pair) {
+  at -= 2;
+  std::memcpy(at, kDigitPairs.data() + 2 * std::size_t{pair}, 2);
+  return at;
+}
+
+// Takes pairs off the end of a number until 32 bits hold it: division is quicker there.
+std::uint32_t PrependLarge(char*& at, std::uint64_t number) {
+  for (; number > std::numeric_limits<std::uint32_t>::max(); number /= 100) {
+    at = PrependPair(at, static_cast<std::uint32_t>(number % 100));
   }
-  if (at > first) *first = static_cast<char>('0' + value);
+  return static_cast<std::uint32_t>(number);
 }
 
-// Writes the digits and returns their end.
-char* WriteFixedPoint(char* at, char* end, FixedPoint fixed, int decimals) {
-  at = std::to_chars(at, end, fixed.whole).ptr;
-  if (decimals == 0) return at;
-  *at = '.';
-  WriteDigits(at + 1, decimals, fixed.fraction);
-  return at + 1 + decimals;
+char* PrependFixed(char* at, FixedPoint fixed, int decimals) {
+  const char* const point = at - decimals;
+  for (std::uint32_t rest = PrependLarge(at, fixed.fraction); at > point; rest /= 100) {
+    at = PrependPair(at, rest % 100);
+  }
+  if (at < point) ++at;  // the zero of an odd pair
+  if (decimals > 0) *--at = '.';
+  std::uint32_t rest = PrependLarge(at, fixed.whole);
+  for (; rest >= 100; rest /= 100) at = PrependPair(at, rest % 100);
+  at = PrependPair(at, rest);
+  return rest < 10 ? at + 1 : at;
 }
 
-char* WriteFixed(char* at, char* end, double value, int decimals) {
-  const auto fixed = ToFixedPoint(value, decimals);
-  if (!fixed) return platform::WriteDecimal(at, end, value, decimals);
-  if (std::signbit(value)) *at++ = '-';
-  return WriteFixedPoint(at, end, *fixed, decimals);
-}
-
-// Gives `use` the digits of printf("%.*f").
+// Gives `use` the digits of printf("%.*f"), with blanks in front of them up to `width` or not.
 template <class Use>
-void WithFixed(double value, int decimals, Use use) {
+void WithFixed(double value, int decimals, std::size_t width, Use use) {
   constexpr std::size_t kLongestWhole = 1 + std::numeric_limits<double>::max_exponent10 + 1 + 1;
   constexpr int kDefaultDecimals = 6;  // printf's for a negative precision
   constexpr int kDecimalsOnStack = 64;
   if (decimals < 0) decimals = kDefaultDecimals;
   char onStack[kLongestWhole + kDecimalsOnStack];
+  char* const end = std::end(onStack);
+  const auto from = [](const char* first, const char* last) {
+    return std::string_view(first, static_cast<std::size_t>(last - first));
+  };
+  if (const auto fixed = ToFixedPoint(value, decimals)) {
+    char* at = PrependFixed(end, *fixed, decimals);
+    if (std::signbit(value)) *--at = '-';
+    const auto size = static_cast<std::size_t>(end - at);
+    const std::size_t blanks = size < width ? std::min(width, sizeof onStack) - size : 0;
+    std::memset(at - blanks, ' ', blanks);
+    return use(from(at - blanks, end));
+  }
   if (decimals <= kDecimalsOnStack) {
-    const char* const end = WriteFixed(onStack, std::end(onStack), value, decimals);
-    return use(std::string_view(onStack, static_cast<std::size_t>(end - onStack)));
+    return use(from(onStack, platform::WriteDecimal(onStack, end, value, decimals)));
   }
   std::string onHeap(kLongestWhole + static_cast<std::size_t>(decimals), '\0');
-  const char* const end = WriteFixed(onHeap.data(), onHeap.data() + onHeap.size(), value, decimals);
-  use(std::string_view(onHeap.data(), static_cast<std::size_t>(end - onHeap.data())));
+  char* const first = onHeap.data();
+  use(from(first, platform::WriteDecimal(first, first + onHeap.size(), value, decimals)));
 }
 
 template <class Use>
@@ -270,8 +287,9 @@ ParsedInteger ParseInteger(std::wstring_view text, int base) {
   const auto radix = static_cast<std::uint64_t>(base);
   std::uint64_t value = 0;
   bool saturated = false;
-  for (; at < text.size() && DigitValue(text[at]) < base; ++at) {
+  for (; at < text.size(); ++at) {
     const auto digit = static_cast<std::uint64_t>(DigitValue(text[at]));
+    if (digit >= radix) break;
     saturated = saturated || (at - first >= kAlwaysFit && value > (kMax - digit) / radix);
     if (!saturated) value = value * radix + digit;
   }
@@ -291,14 +309,14 @@ std::int32_t ToInteger(std::wstring_view text, int base) {
 }
 
 void AppendFixed(std::wstring& out, double value, int decimals, std::size_t width) {
-  WithFixed(value, decimals, [&](std::string_view digits) {
+  WithFixed(value, decimals, width, [&](std::string_view digits) {
     if (digits.size() < width) out.append(width - digits.size(), L' ');
     AppendAscii(out, digits);
   });
 }
 
 void AppendFixed(std::string& out, double value, int decimals, std::size_t width) {
-  WithFixed(value, decimals, [&](std::string_view digits) {
+  WithFixed(value, decimals, width, [&](std::string_view digits) {
     if (digits.size() < width) out.append(width - digits.size(), ' ');
     out.append(digits);
   });

@@ -1,5 +1,7 @@
 #include "io/Strings.h"
 
+#include <algorithm>
+
 #include "io/Numbers.h"
 #include "platform/Platform.h"
 #include "platform/Utf8.h"
@@ -42,20 +44,6 @@ std::wstring ReplaceFirst(std::wstring_view format, std::wstring_view mark,
   return text;
 }
 
-// How many characters at the start of a text are ASCII. Whole blocks without a branch for each
-// character, which the compiler makes vectors of.
-std::size_t AsciiLength(std::wstring_view text) {
-  constexpr std::size_t kBlock = 16;
-  std::size_t length = 0;
-  for (; length + kBlock <= text.size(); length += kBlock) {
-    char32_t bits = 0;
-    for (std::size_t i = 0; i < kBlock; ++i) bits |= static_cast<char32_t>(text[length + i]);
-    if (bits >= 0x80) break;
-  }
-  while (length < text.size() && static_cast<char32_t>(text[length]) < 0x80) ++length;
-  return length;
-}
-
 }  // namespace
 
 std::wstring FormatText(std::wstring_view format, std::wstring_view argument) {
@@ -90,9 +78,19 @@ std::wstring ToWide(std::string_view text) {
 
 void AppendUtf8(std::string& out, std::wstring_view text) {
   const std::size_t start = out.size();
-  const std::size_t plain = AsciiLength(text);
+  out.resize(start + text.size());
+  char* const narrow = out.data() + start;
+  char32_t all = 0;  // nearly every text is ASCII: this loop becomes vector instructions
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    all |= static_cast<char32_t>(text[i]);
+    narrow[i] = static_cast<char>(text[i]);
+  }
+  if (all < 0x80) return;
+  const auto plain = static_cast<std::size_t>(
+      std::find_if(text.begin(), text.end(),
+                   [](wchar_t c) { return static_cast<char32_t>(c) >= 0x80; }) -
+      text.begin());
   out.resize(start + plain);
-  for (std::size_t i = 0; i < plain; ++i) out[start + i] = static_cast<char>(text[i]);
   for (std::size_t i = plain; i < text.size(); ++i) {
     auto c = static_cast<char32_t>(text[i]);
     const auto next = i + 1 < text.size() ? static_cast<char32_t>(text[i + 1]) : U'\0';
@@ -107,6 +105,10 @@ void AppendUtf8(std::string& out, std::wstring_view text) {
 std::size_t EncodeUtf16(std::wstring_view text, std::span<char16_t> units) {
   std::size_t used = 0;
   for (const wchar_t c : text) {
+    if (static_cast<char32_t>(c) < 0xD800 && used < units.size()) {  // nearly every character
+      units[used++] = static_cast<char16_t>(c);
+      continue;
+    }
     const Utf16Units next = UnitsOf(c);
     if (used + next.count > units.size()) {
       // A pair may also stand in the text as two characters.

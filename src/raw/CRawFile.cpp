@@ -42,6 +42,15 @@ constexpr auto kTypeOfLetters = [] {
   return types;
 }();
 
+template <class Text>
+RawRecordType TypeOf(Text record) {
+  if (record.size() < 2) return RawRecordType::Other;
+  if (IsLetter(record[0]) && IsLetter(record[1])) {
+    return kTypeOfLetters[LetterPair(record[0], record[1])];
+  }
+  return record[0] == '-' && record[1] == '-' ? RawRecordType::Comment : RawRecordType::Other;
+}
+
 /// The fields of a point after its name.
 bool ReadPosition(const RawFields& fields, POINT_RECORD& point) {
   return ReadFields<POINT_RECORD>(fields, std::span(POINT_RECORD::kFields).subspan(1), point);
@@ -133,11 +142,11 @@ bool CRawFile::FindRecord(FieldTag tag, std::wstring& text) {
 }
 
 RawRecordType CRawFile::GetRecordType(std::wstring_view record) {
-  if (record.size() < 2) return RawRecordType::Other;
-  if (IsLetter(record[0]) && IsLetter(record[1])) {
-    return kTypeOfLetters[LetterPair(record[0], record[1])];
-  }
-  return record[0] == L'-' && record[1] == L'-' ? RawRecordType::Comment : RawRecordType::Other;
+  return TypeOf(record);
+}
+
+RawRecordType CRawFile::GetRecordType(std::string_view bytes) {
+  return TypeOf(bytes);
 }
 
 bool CRawFile::GetField(std::wstring_view record, FieldTag tag, std::wstring_view& value) {

@@ -78,6 +78,8 @@ class CRawFile : public CFileCE {
 
   /// By the first two characters, exactly; Other if they are no tag.
   static RawRecordType GetRecordType(std::wstring_view record);
+  /// The same of a line that isn't decoded.
+  static RawRecordType GetRecordType(std::string_view bytes);
   /// The first field of the tag, by plain search: an earlier text that holds ",TG" hides it. False,
   /// with `value` as it was, if there is none.
   static bool GetField(std::wstring_view record, FieldTag tag, std::wstring_view& value);

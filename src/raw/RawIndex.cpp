@@ -10,6 +10,10 @@ namespace {
 /// After these the instrument stands somewhere, at a height that an LS tells.
 constexpr RawKinds kSetupKinds = {RawRecordType::OC, RawRecordType::BK, RawRecordType::TR};
 
+/// Of other records the index wants the kind alone.
+constexpr RawKinds kKindsRead = {RawRecordType::LS, RawRecordType::MO, RawRecordType::DP,
+                                 RawRecordType::OC, RawRecordType::RP, RawRecordType::GP};
+
 /// The entry of a line in a list that is sorted by lines; null if the line isn't in it.
 template <class Entry>
 const Entry* EntryOf(const std::deque<Entry>& entries, std::int64_t line) {
@@ -31,12 +35,17 @@ std::wstring_view NameOf(std::wstring_view record, FieldTag tag, FieldTag otherT
 void RawIndex::Build(CRawFile& raw) {
   raw.SeekToBegin();
   std::wstring record;
-  while (raw.ReadRecord(record)) Add(record);
+  for (std::string_view bytes; raw.ReadLine(bytes);) {
+    const RawRecordType kind = CRawFile::GetRecordType(bytes);
+    record.clear();
+    if (kKindsRead.Contains(kind)) raw.Widen(record, bytes);
+    Add(kind, record);
+  }
   raw.SeekToBegin();
 }
 
-void RawIndex::Add(std::wstring_view record) {
-  const RawRecordType kind = CRawFile::GetRecordType(record);
+/// record: empty unless it is of a kind that is read.
+void RawIndex::Add(RawRecordType kind, std::wstring_view record) {
   GrowByQuarter(m_kinds);
   m_kinds.push_back(kind);
   if (m_kinds.size() > std::numeric_limits<std::uint32_t>::max()) throw std::length_error("lines");

@@ -112,7 +112,7 @@ class RawIndex {
     std::uint32_t name;  // its number in m_gpsNames
     GpsPointKind kind;
   };
-  void Add(std::wstring_view record);
+  void Add(RawRecordType kind, std::wstring_view record);
   void AddDeletion(std::wstring_view name, std::uint32_t line);
   void AddMode(std::uint32_t line, std::wstring_view record);
   void AddHeights(RawRecordType kind, std::uint32_t line, std::wstring_view record);

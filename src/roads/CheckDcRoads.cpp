@@ -1,6 +1,7 @@
 #include "roads/CheckDcRoads.h"
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 #include "io/HandlerTable.h"
@@ -17,8 +18,12 @@ class RoadCheck {
   RoadCheck(RoadNames& badRoads, MessageList& messages)
       : m_badRoads(badRoads), m_messages(messages) {}
 
-  void Line(std::wstring_view line) {
-    const std::int32_t type = CDcFile::GetRecordType(line);
+  /// Whether a line of this type says anything where the file stands.
+  bool Wants(std::int32_t type) const {
+    return m_isRoadOpen || type == tDC_ROAD_HEADERRecord::kType || type == tDC_HEADERRecord::kType;
+  }
+
+  void Line(std::int32_t type, std::wstring_view line) {
     if (type == tDC_ROAD_HEADERRecord::kType) return BeginRoad(line);
     if (type == tDC_HEADERRecord::kType && line.size() < tDC_HEADERRecord::kShortestLine) {
       m_foundAnything = true;
@@ -179,8 +184,11 @@ bool CheckDcRoads(CDcFile& file, RoadNames& badRoads, MessageList& messages) {
   RoadCheck check(badRoads, messages);
   std::wstring line;
   file.Rewind();
-  while (file.ReadLine(line)) {
-    if (!CDcFile::IsDeleted(line)) check.Line(line);
+  for (std::string_view bytes; file.ReadLine(bytes);) {
+    const std::int32_t type = CDcFile::GetRecordType(bytes);
+    if (!check.Wants(type)) continue;
+    file.Widen(line, bytes);
+    if (!CDcFile::IsDeleted(line)) check.Line(type, line);
   }
   check.EndRoad();
   return check.FoundAnything();

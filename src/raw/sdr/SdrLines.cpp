@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <iterator>
 
-#include "io/Columns.h"
-
 namespace zelconvert {
 namespace {
 
@@ -18,11 +16,11 @@ constexpr std::wstring_view kDerivations[] = {
     L"KM", L"OS", L"RO", L"TL", L"GE", L"IP", L"FD", L"IM", L"TA"};
 
 // "%-*.*f": a longer number stays whole.
-void AppendWhole(std::wstring& line, double value, std::size_t width, int decimals) {
+void AppendWhole(std::string& line, double value, std::size_t width, int decimals) {
   if (IsNull(value)) return AppendBlanks(line, width);
   const std::size_t start = line.size();
   AppendFixed(line, value, decimals);
-  line.resize(std::max(line.size(), start + width), L' ');
+  line.resize(std::max(line.size(), start + width), ' ');
 }
 
 }  // namespace
@@ -32,27 +30,28 @@ const SdrLayout kSdr2 = {false, 4, 10, 3, L"00NMSDR22  V03-01.7a0000", L"SDR2"};
 
 namespace sdr {
 
-void FormatReal(std::wstring& line, double value, std::size_t width, int decimals) {
+void FormatReal(std::string& line, double value, std::size_t width, int decimals) {
   const std::size_t start = line.size();
   AppendWhole(line, value, width, decimals);
   line.resize(start + width);
 }
 
-void FormatInteger(std::wstring& line, std::int32_t value, std::size_t width) {
+void FormatInteger(std::string& line, std::int32_t value, std::size_t width) {
   const std::size_t start = line.size();
   AppendInteger(line, value);
-  line.resize(start + width, L' ');
+  line.resize(start + width, ' ');
 }
 
-void FormatPointNumber(std::wstring& line, std::int32_t number) {
+void FormatPointNumber(std::string& line, std::int32_t number) {
   const std::size_t start = line.size();
-  const std::wstring digits = zelconvert::FormatInteger(number);
-  if (digits.size() < kNumberWidth) line.append(kNumberWidth - digits.size(), L'0');
+  std::string digits;
+  AppendInteger(digits, number);
+  if (digits.size() < kNumberWidth) line.append(kNumberWidth - digits.size(), '0');
   line += digits;
   line.resize(start + kNumberWidth);
 }
 
-void FormatName(std::wstring& line, std::wstring_view name) {
+void FormatName(std::string& line, std::wstring_view name) {
   AppendRight(line, Left(Trim(name), kNameLength), kNameWidth);
 }
 
@@ -78,14 +77,15 @@ int GetSdrDerivation(std::wstring_view line) {
 
 void SdrLines::MakeHeader(std::wstring_view date, std::wstring_view time, AngularUnit angles,
                           bool metres) {
-  m_line = m_layout.headerStart;
-  m_line.append(date).append(L" ").append(Left(time, 5)).append(L"122211");
+  std::wstring line(m_layout.headerStart);
+  line.append(date).append(L" ").append(Left(time, 5)).append(L"122211");
   // The columns stand where they do for a date of ten characters, whatever the log has.
-  const auto put = [this](std::size_t column, wchar_t c) {
-    if (m_line.size() > column) m_line[column] = c;
+  const auto put = [&line](std::size_t column, wchar_t c) {
+    if (line.size() > column) line[column] = c;
   };
   put(kSdrAngleUnitColumn, angles == AngularUnit::Gon ? L'2' : L'1');
   put(kSdrLengthUnitColumn, metres ? L'1' : L'2');
+  m_line = ToNarrow(line);
 }
 
 void SdrLines::AppendReal(double value, SdrForm form) {

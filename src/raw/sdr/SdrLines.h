@@ -10,23 +10,25 @@
 #include <string_view>
 #include <variant>
 
+#include "io/Columns.h"
 #include "io/Numbers.h"
 #include "io/Strings.h"
 #include "io/Units.h"
 
 namespace zelconvert {
 
-// The fields of a line. Each is appended and never longer than its width: the right end is lost.
+// The fields of a line, in the 8-bit text of the file. Each is appended and never longer than its
+// width: the right end is lost.
 namespace sdr {
 
 /// "%-*.*f"; blank for a null value.
-void FormatReal(std::wstring& line, double value, std::size_t width, int decimals);
+void FormatReal(std::string& line, double value, std::size_t width, int decimals);
 /// "%-*d". No record has one.
-void FormatInteger(std::wstring& line, std::int32_t value, std::size_t width);
+void FormatInteger(std::string& line, std::int32_t value, std::size_t width);
 /// "%04d" in 4.
-void FormatPointNumber(std::wstring& line, std::int32_t number);
+void FormatPointNumber(std::string& line, std::int32_t number);
 /// Trimmed, the first 14 characters, right-justified in 16.
-void FormatName(std::wstring& line, std::wstring_view name);
+void FormatName(std::string& line, std::wstring_view name);
 
 }  // namespace sdr
 
@@ -220,7 +222,8 @@ class SdrLines {
   /// False, and the line not to be used, for a name that the layout has no way to write.
   template <class Record>
   [[nodiscard]] bool Make(const Record& record) {
-    m_line = Record::kCode;
+    m_line.clear();
+    AppendLeft(m_line, Record::kCode, 0);
     for (const SdrColumn<Record>& column : Record::kColumns) {
       if (const auto* real = std::get_if<1>(&column.member)) {
         AppendReal(record.**real, column.form);
@@ -234,14 +237,14 @@ class SdrLines {
   void MakeHeader(std::wstring_view date, std::wstring_view time, AngularUnit angles, bool metres);
 
   /// The line made last.
-  const std::wstring& Line() const { return m_line; }
+  std::string_view Line() const { return m_line; }
 
  private:
   void AppendReal(double value, SdrForm form);
   bool AppendText(std::wstring_view text, SdrForm form, std::size_t width);
 
   const SdrLayout& m_layout;
-  std::wstring m_line;
+  std::string m_line;
 };
 
 }  // namespace zelconvert
