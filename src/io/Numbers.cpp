@@ -17,28 +17,29 @@
 namespace zelconvert {
 namespace {
 
+// As many digits as 64 bits hold.
+constexpr std::size_t kMostDigits = 19;
+
 // The extent of a decimal number in a text: positions in it, and where its magnitude lies.
 struct RealShape {
   std::size_t first = 0;  // after white space and sign
   std::size_t end = 0;    // after the longest valid prefix; equal to `first` without a digit
   bool negative = false;
   bool hasExponent = false;
-  std::uint64_t mantissa = 0;  // the digits without the point, as long as 64 bits hold them
+  std::uint64_t mantissa = 0;  // the first digits, without the point
   std::size_t digits = 0;
   std::size_t decimals = 0;
 };
 
 // Steps over digits and takes them into the mantissa.
 std::size_t TakeDigits(std::wstring_view text, std::size_t at, RealShape& shape) {
-  const std::size_t first = at;
   std::uint64_t mantissa = shape.mantissa;
-  for (; at < text.size(); ++at) {
-    const std::uint32_t digit = static_cast<std::uint32_t>(text[at]) - U'0';
-    if (digit > 9) break;
-    mantissa = mantissa * 10 + digit;
+  std::size_t digits = shape.digits;
+  for (; at < text.size() && IsDigit(text[at]); ++at) {
+    if (++digits <= kMostDigits) mantissa = mantissa * 10 + static_cast<unsigned>(text[at] - L'0');
   }
   shape.mantissa = mantissa;
-  shape.digits += at - first;
+  shape.digits = digits;
   return at;
 }
 
@@ -77,9 +78,6 @@ RealShape FindReal(std::wstring_view text) {
   }
   return shape;
 }
-
-// As many digits as 64 bits hold.
-constexpr std::size_t kMostDigits = 19;
 
 constexpr auto kPowersOfTen = [] {
   std::array<std::uint64_t, kMostDigits> powers = {1};
