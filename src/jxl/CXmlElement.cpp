@@ -23,10 +23,11 @@ struct PlainBytes {
   bool are[256] = {};
   constexpr PlainBytes() {
     for (int c = 0x20; c < 256; ++c) are[c] = true;
-    for (const unsigned char c : {'"', '&', '\'', '<', '>', '\x7F', '\xC2', '\xEF'}) are[c] = false;
+    for (const char c : std::string_view("\"&'<>\x7F\xC2\xEF"))
+      are[static_cast<unsigned char>(c)] = false;
   }
 };
-constexpr PlainBytes kPlain;
+constexpr PlainBytes kPlainBytes;
 
 const char* EntityOf(char c) {
   return c == '"'    ? "&quot;"
@@ -91,7 +92,7 @@ void AppendEscapedText(std::string& out, std::string_view text) {
   while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
   while (!text.empty()) {
     const auto special = std::find_if(text.begin(), text.end(), [](char c) {
-      return !kPlain.are[static_cast<unsigned char>(c)];
+      return !kPlainBytes.are[static_cast<unsigned char>(c)];
     });
     out.append(text.begin(), special);
     text.remove_prefix(static_cast<std::size_t>(special - text.begin()));
