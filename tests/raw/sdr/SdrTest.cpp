@@ -80,9 +80,9 @@ TEST(SdrToRaw, MakesSideshots) {
 }
 
 TEST(SdrLines, FillIntegersOnTheRight) {
-  std::wstring line = L"00";
+  std::string line = "00";
   for (const std::size_t width : {4u, 2u}) sdr::FormatInteger(line, 123, width);
-  EXPECT_EQ(line, L"00123 12");
+  EXPECT_EQ(line, "00123 12");
 }
 
 TEST(SdrLinesRead, KnowCodesAndDerivations) {
