@@ -79,20 +79,28 @@ bool Enter(std::vector<OpenFile>& list, const OpenFile& file) noexcept {
   return true;
 }
 
-// Enters a file of data in the list, unless an open of it excludes this one; empties it if asked
-// to, before anybody else may open it.
-bool Accept(int descriptor, std::uint32_t access) {
-  struct stat file {};
-  if (fstat(descriptor, &file) != 0) return false;
+// Enters a file of data in the list; empties it if asked to, before anybody else may open it.
+bool Take(std::vector<OpenFile>& list, int descriptor, const struct stat& file,
+          std::uint32_t access) {
   if (S_ISDIR(file.st_mode) || S_ISFIFO(file.st_mode)) return false;
-  OpenFiles& open = Registry();
-  const std::lock_guard lock(open.mutex);
-  if (IsDenied(open.list, file, access)) return false;
   const bool truncate = (access & kAccessCreate) && !(access & kAccessNoTruncate);
   if (truncate && S_ISREG(file.st_mode) && Retry([&] { return ftruncate(descriptor, 0); }) != 0) {
     return false;
   }
-  return Enter(open.list, {descriptor, file.st_dev, file.st_ino, access});
+  return Enter(list, {descriptor, file.st_dev, file.st_ino, access});
+}
+
+// Takes a file unless an open of it excludes this one. The file that this open has made goes if it
+// isn't taken, but not if another thread was faster to take it.
+bool Accept(int descriptor, std::uint32_t access, const SystemPath* made) {
+  OpenFiles& open = Registry();
+  const std::lock_guard lock(open.mutex);
+  struct stat file {};
+  const bool isKnown = fstat(descriptor, &file) == 0;
+  if (isKnown && IsDenied(open.list, file, access)) return false;
+  if (isKnown && Take(open.list, descriptor, file, access)) return true;
+  if (made != nullptr) unlink(made->Get());
+  return false;
 }
 
 // Before the descriptor is closed: another thread may be given its number at once.
@@ -126,9 +134,8 @@ bool File::Open(const std::wstring& path, std::uint32_t access) {
     descriptor = OpenDescriptor(name, OpenFlags(access));
   }
   if (descriptor < 0) return false;
-  if (!Accept(descriptor, access)) {
+  if (!Accept(descriptor, access, isNew ? &name : nullptr)) {
     close(descriptor);
-    if (isNew) unlink(name.Get());
     return false;
   }
   m_pHandle->descriptor = descriptor;
