@@ -7,6 +7,7 @@
 #include "ReadFile.h"
 #include "TempDir.h"
 #include "tools/Checks.h"
+#include "tools/Info.h"
 #include "tools/PointTable.h"
 #include "tools/Wgs84.h"
 
@@ -43,6 +44,15 @@ TEST(Checks, FindsCoordinatesOfAnotherZone) {
   EXPECT_EQ(warnings[0].name, L"3");
   EXPECT_EQ(warnings[0].count, 2u);
   EXPECT_NEAR(warnings[0].distance, 89996, 300);
+}
+
+// A name that holds a line end makes no line.
+TEST(Info, ShowsNamesOnOneLine) {
+  Info info;
+  info.file = "a\nb.job";
+  info.job = "c\nd";
+  EXPECT_NE(ToText(info).find("a\\nb.job\n"), std::string::npos);
+  EXPECT_NE(ToText(info).find("c\\nd\n"), std::string::npos);
 }
 
 SurveyPoint PointAt(const wchar_t* name, const wchar_t* code, const GridPosition& grid,
