@@ -21,15 +21,30 @@ async function makeInstance({ script, module }) {
   });
 }
 
-const kManyBytes = 1 << 26;
+const kFewBytes = 2 ** 20;
+const kMostInPlace = 2 ** 31 - 2 ** 16;
 
-/** Grows a file fourfold, later twofold. The file system's own step is an eighth, which copies it often. */
+/**
+ * Room for `size` bytes in a file that is being written, at least twofold: the file system's own step
+ * is an eighth. A large one grows in place, where the engine has addresses to spare for that.
+ */
 function expandFile(node, size) {
-  const { contents, usedBytes } = node;
-  const had = contents?.length ?? 0;
+  const had = node.contents?.length ?? 0;
   if (had >= size) return;
-  node.contents = new Uint8Array(Math.max(size, had * (had < kManyBytes ? 4 : 2)));
-  if (usedBytes > 0) node.contents.set(contents.subarray(0, usedBytes));
+  const wanted = Math.max(size, 2 * had);
+  if (node.contents?.buffer.resizable && wanted <= kMostInPlace) return node.contents.buffer.resize(wanted);
+  const contents = newContents(wanted);
+  if (node.usedBytes > 0) contents.set(node.contents.subarray(0, node.usedBytes));
+  node.contents = contents;
+}
+
+function newContents(size) {
+  if (size < kFewBytes) return new Uint8Array(size);
+  try {
+    return new Uint8Array(new ArrayBuffer(size, { maxByteLength: kMostInPlace }));
+  } catch {
+    return new Uint8Array(size);
+  }
 }
 
 function putFiles(FS, folders) {
