@@ -33,6 +33,16 @@ step_ubsan() {
   ctest --preset ubsan -j "$jobs"
 }
 
+# Memory that nobody set or that isn't there, over whole conversions and stored inputs. Runs the programs as they are,
+# which are those of GCC: valgrind doesn't read what clang says of its own.
+step_memcheck() {
+  cmake --preset release --log-level=WARNING
+  # shellcheck disable=SC2046 # targets are single words
+  build release test_golden $(stored_inputs release)
+  valgrind -q --trace-children=yes --error-exitcode=99 --suppressions="$PWD/cmake/valgrind.supp" \
+    ctest --preset release -R '^(golden|fuzz_.*)$' -j "$jobs"
+}
+
 # Reads the product alone (cmake/cppcheck-suppressions.txt: what it gets wrong).
 step_cppcheck() {
   cppcheck --std=c++20 --language=c++ --enable=warning,performance,portability -j "$jobs" --quiet --error-exitcode=1 \
@@ -45,8 +55,13 @@ step_i686() {
   run_programs i686
 }
 
+# The most significant byte first, by QEMU.
+step_s390x() {
+  run_programs s390x
+}
+
 scripts/setup.sh check
-steps="ubsan cppcheck i686"
+steps="ubsan memcheck cppcheck i686 s390x"
 for step in ${*:-$steps}; do
   echo "== $step"
   "step_$step"

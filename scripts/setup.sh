@@ -35,7 +35,6 @@ packages[test]="${packages[*]} ${tests[*]}" # everything, but for
 checks=(
   cppcheck valgrind                                   # reading; watching programs run
   g++-i686-linux-gnu g++-s390x-linux-gnu qemu-user    # other processors
-  libc++-14-dev libc++abi-14-dev                      # the other standard library
 )
 packages[check]="${packages[test]} ${checks[*]}" # what takes long
 
