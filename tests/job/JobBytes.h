@@ -1,6 +1,8 @@
 // Job and CR5 files put together byte by byte, without the code that is tested.
 #pragma once
 
+#include <algorithm>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -10,14 +12,16 @@
 
 namespace zelconvert {
 
-/// A block of a fixed size, zero where nothing is put. For machines of the files' byte order.
+/// A block of a fixed size, zero where nothing is put.
 class Block {
  public:
   explicit Block(std::size_t size, char fill = '\0') : m_bytes(size, fill) {}
   explicit Block(std::string bytes) : m_bytes(std::move(bytes)) {}
   template <class Value>
   Block& Put(std::size_t offset, Value value) {
-    std::memcpy(&m_bytes.at(offset), &value, sizeof value);
+    char* const first = &m_bytes.at(offset);
+    std::memcpy(first, &value, sizeof value);
+    if (std::endian::native == std::endian::big) std::reverse(first, first + sizeof value);
     return *this;
   }
   /// 8-bit characters as UTF-16, with zeros up to `units`.
