@@ -17,7 +17,7 @@ inline std::string ExportCr5(const std::wstring& jobPath, bool brand, bool seque
     CJobFile job(brand);
     CFileCE file;
     if (!job.Open(jobPath, true)) return {};
-    Require(file.Open(FuzzDir().Path(L"out.cr5"), platform::kCreateOutput));
+    Require(file.Open(MemoryFiles::Path(L"out.cr5"), platform::kCreateOutput));
     Report report;
     try {
       if (!CConvCR5File(&file, &job, sequential).ConvertFromNative(report)) return {};
@@ -26,7 +26,7 @@ inline std::string ExportCr5(const std::wstring& jobPath, bool brand, bool seque
       return {};
     }
   }
-  return FuzzDir().Read(L"out.cr5");
+  return MemoryFiles::Read(L"out.cr5");
 }
 
 /// Whether a job was made of a CR5 file.

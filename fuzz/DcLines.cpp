@@ -93,9 +93,9 @@ void ReadLine(std::wstring_view line) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace zelconvert;
-  if (size > 2048) return 0;
-  CDcFile file;
-  Require(file.OpenForRead(StoreInput(L"lines.dc", data, size)));
-  for (std::wstring line; file.ReadLine(line);) ReadLine(line);
-  return 0;
+  return RunOnFile(L"in.dc", 2048, data, size, [](const std::wstring& input) {
+    CDcFile file;
+    Require(file.OpenForRead(input));
+    for (std::wstring line; file.ReadLine(line);) ReadLine(line);
+  });
 }

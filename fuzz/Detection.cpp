@@ -1,6 +1,5 @@
 // Any bytes as a job of either brand, and any text as a path.
 
-#include <algorithm>
 #include <string>
 #include <string_view>
 
@@ -10,11 +9,11 @@
 namespace zelconvert {
 namespace {
 
-void DetectAsJob(const std::uint8_t* data, std::size_t size) {
-  const std::wstring job = StoreInput(L"in.job", data, size);
+void DetectAsJob(std::string_view bytes) {
+  const std::wstring job = MemoryFiles::Write(L"in.job", bytes);
   const std::int32_t jobType = cZelGetFileType(job.c_str());
   Require(jobType == FT_JOB || jobType == FT_JOB_RAW);
-  const std::int32_t pwjType = cZelGetFileType(StoreInput(L"in.pwj", data, size).c_str());
+  const std::int32_t pwjType = cZelGetFileType(MemoryFiles::Write(L"in.pwj", bytes).c_str());
   Require(pwjType == FT_PW_JOB || pwjType == FT_PW_JOB_RAW);
   Require(jobType == FT_JOB_RAW || pwjType == FT_PW_JOB_RAW);  // of one brand at most
 }
@@ -25,7 +24,7 @@ void DetectByName(std::string_view bytes) {
   for (const char byte : bytes) {
     if (byte != '/' && byte != '\\') name += static_cast<wchar_t>(static_cast<unsigned char>(byte));
   }
-  const std::int32_t type = cZelGetFileType(FuzzDir().Path(name).c_str());
+  const std::int32_t type = cZelGetFileType(MemoryFiles::Path(name).c_str());
   Require(type >= -1 && type < cZelGetNumFileTypes());
 }
 
@@ -34,7 +33,8 @@ void DetectByName(std::string_view bytes) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace zelconvert;
-  DetectAsJob(data, size);
-  DetectByName({reinterpret_cast<const char*>(data), std::min<std::size_t>(size, 200)});
+  const std::string_view bytes = ToBytes(data, size);
+  DetectAsJob(bytes);
+  DetectByName(bytes.substr(0, 200));
   return 0;
 }

@@ -34,8 +34,8 @@ std::optional<Survey> Read(std::wstring_view name, char which, std::string_view 
   const Type& type = kTypes[static_cast<unsigned char>(which) % kTypes.size()];
   StringList messages;
   const std::wstring file = std::wstring(name).append(type.extension);
-  return ReadSurvey(FuzzDir().Write(file, bytes), type.type, messages,
-                    {.makeFolder = [] { return ToText(FuzzDir().Folder()); }});
+  return ReadSurvey(MemoryFiles::Write(file, bytes), type.type, messages,
+                    {.makeFolder = [] { return MemoryFiles::Path({}); }});
 }
 
 bool IsInOrder(const SurveyDifference& a, const SurveyDifference& b) {
@@ -86,7 +86,7 @@ void Compare(const Survey& a, const Survey& b) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace zelconvert::tools;
   if (size < 2 || size > 16384) return 0;
-  const std::string_view types(reinterpret_cast<const char*>(data), 2);
+  const std::string_view types = zelconvert::ToBytes(data, 2);
   const std::string_view bytes(types.data() + 2, size - 2);
   const std::size_t end = bytes.find('\x1E');
   const auto a = Read(L"a", types[0], bytes.substr(0, end));

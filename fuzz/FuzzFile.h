@@ -1,4 +1,4 @@
-// Inputs of fuzz targets as files. TMPDIR on a RAM disk makes the targets fast.
+// What every fuzz target stands on: its input as a file, and what it asserts.
 #pragma once
 
 #include <cstddef>
@@ -7,35 +7,32 @@
 #include <string>
 #include <string_view>
 
-#include "TempDir.h"
+#include "MemoryFiles.h"
 
 namespace zelconvert {
-
-/// The folder of this run's files.
-inline const TempDir& FuzzDir() {
-  static const TempDir dir;
-  return dir;
-}
-
-/// Stores an input under `name` and gives its path.
-inline std::wstring StoreInput(std::wstring_view name, const std::uint8_t* data, std::size_t size) {
-  return FuzzDir().Write(name, {reinterpret_cast<const char*>(data), size});
-}
 
 /// What a target asserts in every build.
 inline void Require(bool holds) {
   if (!holds) std::abort();
 }
 
+inline std::string_view ToBytes(const std::uint8_t* data, std::size_t size) {
+  return {reinterpret_cast<const char*>(data), size};
+}
+
 /// Runs `target` on the path of a file with these bytes, which have to be there still when it is
-/// done. largest: more bytes than that would make runs slow and find nothing new. Gives what the
-/// entry of a target has to return.
+/// done, with nothing left open and nothing made outside the folder. Gives what the entry of a
+/// target has to return.
+/// largest: more bytes than that would make runs slow and find nothing new.
 template <class Target>
 int RunOnFile(std::wstring_view name, std::size_t largest, const std::uint8_t* data,
               std::size_t size, Target target) {
   if (size > largest) return 0;
-  target(StoreInput(name, data, size));
-  Require(FuzzDir().Read(name) == std::string_view(reinterpret_cast<const char*>(data), size));
+  MemoryFiles::Clear();
+  target(MemoryFiles::Write(name, ToBytes(data, size)));
+  Require(MemoryFiles::Read(name) == ToBytes(data, size));
+  Require(MemoryFiles::CountOpen() == 0);
+  for (const std::wstring& made : MemoryFiles::Names()) Require(!made.starts_with(L'/'));
   return 0;
 }
 

@@ -1,13 +1,14 @@
 // Conversions as a host asks for them, and what has to hold of each, whatever the input was.
 #pragma once
 
-#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "FuzzFile.h"
 #include "HostLists.h"
+#include "front/CFileTypeManager.h"
+#include "platform/Platform.h"
 
 namespace zelconvert {
 
@@ -18,27 +19,28 @@ struct RouteResult {
   std::string output;  ///< its bytes
 };
 
-/// From DC to CR5 there are neither texts nor a list of files.
+/// Between DC and CR5 there are neither texts nor a list of files.
 constexpr bool IsSilent(FileType from, FileType to) {
-  return from == FT_DC && (to == FT_CR5 || to == FT_SEQ_CR5);
+  return (kDcTypes.Contains(from) && kCr5Types.Contains(to)) ||
+         (kCr5Types.Contains(from) && kDcTypes.Contains(to));
 }
 
-/// name: of the output, in the folder of this run. There is an output, and the library names it, or
-/// there is none and a text says why.
+/// name: of the output, in the folder of this run. job: whose points a log refers to. There is an
+/// output, and the library names it, or there is none and a text says why.
 inline RouteResult ConvertFile(FileType from, const std::wstring& input, FileType to,
-                               std::wstring_view name) {
+                               std::wstring_view name, const std::wstring& job = {}) {
   RouteResult result;
-  result.path = FuzzDir().Path(name);
-  std::filesystem::remove(ToPath(result.path));
+  result.path = MemoryFiles::Path(name);
+  platform::RemoveFile(result.path);
   HostLists lists;
-  result.converted = lists.Convert(from, input, to, result.path);
+  result.converted = lists.Convert(from, input, to, result.path, 0, job);
   result.messages = lists.Messages();
-  Require(FuzzDir().Exists(name) == result.converted);
+  Require(MemoryFiles::Exists(name) == result.converted);
   if (!IsSilent(from, to)) {
     Require(result.converted ? lists.Files().front() == result.path
                              : lists.Files().empty() && !result.messages.empty());
   }
-  if (result.converted) result.output = FuzzDir().Read(name);
+  if (result.converted) result.output = MemoryFiles::Read(name);
   return result;
 }
 

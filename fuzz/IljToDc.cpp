@@ -23,7 +23,7 @@ Lines ReadLines(const std::wstring& path) {
 }
 
 std::wstring StoreLines(const Lines& lines, CTextFile::Encoding encoding) {
-  const std::wstring path = FuzzDir().Path(L"again.ilj");
+  const std::wstring path = MemoryFiles::Path(L"again.ilj");
   CTextFile file(encoding);
   Require(file.Open(path, platform::kCreateOutput, encoding, true));
   for (const std::wstring& line : lines) file.WriteString(line);

@@ -63,7 +63,7 @@ bool CopyRecord(JobKind kind, CJobFile& from, CJobFile& to, Records& records) {
 
 // What can be read of the job, in a new one.
 std::string Copy(const std::wstring& input, bool brand, std::uint16_t version) {
-  const std::wstring output = FuzzDir().Path(L"copy.job");
+  const std::wstring output = MemoryFiles::Path(L"copy.job");
   CJobFile from(brand), to(brand);
   if (!from.Open(input, true)) return {};
   Require(to.Create(output, version));
@@ -80,7 +80,7 @@ std::string Copy(const std::wstring& input, bool brand, std::uint16_t version) {
     if (!CopyRecord(kind, from, to, records)) break;
   }
   to.Close();
-  return FuzzDir().Read(L"copy.job");
+  return MemoryFiles::Read(L"copy.job");
 }
 
 void Search(const std::wstring& path, bool brand) {
@@ -109,11 +109,11 @@ void Search(const std::wstring& path, bool brand) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace zelconvert;
   if (size > 32768) return 0;
-  const std::wstring path = StoreInput(L"in.job", data, size);
+  const std::wstring path = MemoryFiles::Write(L"in.job", ToBytes(data, size));
   for (const bool brand : {true, false}) {
     for (const std::uint16_t version : {kOldJobVersion, kJobVersion}) {
       const std::string once = Copy(path, brand, version);
-      const std::wstring again = FuzzDir().Write(L"once.job", once);
+      const std::wstring again = MemoryFiles::Write(L"once.job", once);
       Require(Copy(again, brand, version) == once);
     }
     Search(path, brand);

@@ -23,7 +23,7 @@ void Convert(const std::wstring& path, bool bBrand, int version) {
   CJobFile job(bBrand);
   if (!job.Open(path, false)) return;
   CDcFile file;
-  Require(file.OpenForWrite(FuzzDir().Path(L"out.dc")));
+  Require(file.OpenForWrite(MemoryFiles::Path(L"out.dc")));
   Report report;
   CConvDcFile conversion(&file, &job, version);
   if (version == 3) conversion.SetFeatureData(std::make_unique<AnyFeature>());
@@ -34,7 +34,7 @@ void Convert(const std::wstring& path, bool bBrand, int version) {
 // Whatever the job held, the file begins as every DC file does.
 void RequireHeader() {
   CDcFile file;
-  Require(file.OpenForRead(FuzzDir().Path(L"out.dc")));
+  Require(file.OpenForRead(MemoryFiles::Path(L"out.dc")));
   tDC_HEADERRecord header;
   std::wstring line;
   if (!file.ReadLine(line)) return;
@@ -52,6 +52,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
       Convert(input, true, version);
       Convert(input, false, version);
     }
-    if (FuzzDir().Exists(L"out.dc")) RequireHeader();
+    if (MemoryFiles::Exists(L"out.dc")) RequireHeader();
   });
 }

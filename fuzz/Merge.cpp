@@ -31,11 +31,12 @@ Found CountRecords(const std::wstring& path) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace zelconvert;
   if (size > 32768) return 0;
-  const std::wstring output = FuzzDir().Path(L"out.job");
+  const std::string_view bytes = ToBytes(data, size);
+  const std::wstring output = MemoryFiles::Path(L"out.job");
   Report report;
   for (const wchar_t* extension : {L".job", L".pwj"}) {
-    const std::wstring first = StoreInput(std::wstring(L"a") + extension, data, size);
-    const std::wstring second = StoreInput(std::wstring(L"b") + extension, data, size);
+    const std::wstring first = MemoryFiles::Write(std::wstring(L"a") + extension, bytes);
+    const std::wstring second = MemoryFiles::Write(std::wstring(L"b") + extension, bytes);
     MergeCounts counts;
     if (MergeJobs(first, second, output, report, &counts) != MergeResult::Merged) continue;
     const Found found = CountRecords(output);

@@ -51,7 +51,7 @@ void CheckRecord(std::wstring_view text) {
 void CheckRoundTrip(std::wstring_view text) {
   POINT_RECORD point;
   if (!CRawFile::Parse(text, point) || text.size() > 300) return;
-  const std::wstring path = FuzzDir().Path(L"out.raw");
+  const std::wstring path = MemoryFiles::Path(L"out.raw");
   CRawFile out;
   Require(out.OpenForWrite(path));
   out.WriteSP(point);

@@ -12,7 +12,7 @@ void Convert(const std::wstring& path, SdrVersion version) {
   CFileCE sdr;
   CRawFile raw;
   Require(sdr.Open(path, platform::kOpenReadWrite));
-  Require(raw.OpenForWrite(FuzzDir().Path(L"out.raw")));
+  Require(raw.OpenForWrite(MemoryFiles::Path(L"out.raw")));
   Report report;
   CConvRawSDRFile conversion(&raw, &sdr);
   conversion.SetSdrVersion(version);
@@ -23,7 +23,7 @@ void Convert(const std::wstring& path, SdrVersion version) {
 // Whatever the file held, the log is jobs, modes and comments that parse.
 void RequireLog() {
   CRawFile raw;
-  Require(raw.Open(FuzzDir().Path(L"out.raw"), platform::kOpenReadWrite));
+  Require(raw.Open(MemoryFiles::Path(L"out.raw"), platform::kOpenReadWrite));
   std::wstring record;
   while (raw.ReadRecord(record)) {
     JB_RECORD job;

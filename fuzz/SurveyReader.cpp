@@ -61,13 +61,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   using namespace zelconvert;
   using namespace zelconvert::tools;
   if (size > 16384) return 0;
+  const std::string_view bytes = ToBytes(data, size);
+  MemoryFiles::Clear();
   for (const Name& name : kNames) {
-    const std::wstring path = StoreInput(name.file, data, size);
-    if (name.beside != nullptr) StoreInput(name.beside, data, size);
+    const std::wstring path = MemoryFiles::Write(name.file, bytes);
+    if (name.beside != nullptr) MemoryFiles::Write(name.beside, bytes);
     StringList messages;
     const auto survey =
-        ReadSurvey(path, name.type, messages,
-                   {.makeFolder = [] { return zelconvert::ToText(FuzzDir().Folder()); }});
+        ReadSurvey(path, name.type, messages, {.makeFolder = [] { return MemoryFiles::Path({}); }});
     if (survey) {
       Check(*survey);
     } else {

@@ -42,7 +42,7 @@ void RequireRoundTrip(Lines lines, CTextFile::Encoding encoding) {
     lines.back().pop_back();
     std::erase(lines, std::wstring());
   }
-  const std::wstring path = FuzzDir().Path(L"again");
+  const std::wstring path = MemoryFiles::Path(L"again");
   CTextFile file(false, false);
   Require(file.Open(path, platform::kCreateOutput, encoding, true));
   for (const std::wstring& line : lines) Require(file.WriteString(line));
@@ -86,8 +86,8 @@ void ParseFields(const Lines& lines) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace zelconvert;
   if (size > 8192) return 0;
-  const std::wstring path = StoreInput(L"text", data, size);
-  RequirePlainLines(path, {reinterpret_cast<const char*>(data), size});
+  const std::wstring path = MemoryFiles::Write(L"text", ToBytes(data, size));
+  RequirePlainLines(path, ToBytes(data, size));
   ReadText(path, true, true);
   const Lines lines = ReadText(path, false, false);
   ParseFields(lines);

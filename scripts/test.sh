@@ -83,20 +83,9 @@ step_tsan() {
   ctest --preset tsan -R '^threads$'
 }
 
-# Each target over its stored inputs, then for a bounded time on inputs of its own.
+# Each target from its stored inputs on for a bounded time, as many side by side as there are processors.
 step_fuzz() {
-  build fuzz
-  local target inputs folder
-  while read -r target inputs; do
-    echo "fuzzing $target"
-    folder=$(mktemp -d) # the stored inputs stay as they are: what the run finds goes into "found"
-    mkdir "$folder/found" "$folder/seeds"
-    # shellcheck disable=SC2086 # the inputs are several words
-    cp -r $inputs "$folder/seeds"
-    build/fuzz/fuzz/"$target" -max_total_time="$fuzz_seconds" -max_len=16384 -timeout=20 \
-      -rss_limit_mb=2048 -verbosity=0 -artifact_prefix=build/fuzz/ "$folder/found" "$folder/seeds"
-    rm -rf "$folder"
-  done <build/fuzz/fuzz-targets.txt
+  scripts/fuzz.sh --each "$fuzz_seconds"
 }
 
 # A command with a Windows of its own.

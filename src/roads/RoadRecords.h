@@ -295,8 +295,16 @@ struct tDC_ROAD_45Record : DcRecord<"45KI", tDC_ROAD_45Record> {
   });
 };
 
-/// One record of each kind that a conversion reads, used again line after line: their texts keep
-/// their memory.
+/// One record of each kind that a conversion reads.
+using RoadRecordSet =
+    std::tuple<tDC_ROAD_HEADERRecord, tDC_ROAD_HALRecord, tDC_ROAD_STRAIGHT_POINTRecord,
+               tDC_ROAD_STRAIGHTRecord, tDC_ROAD_ARCRecord, tDC_ROAD_ARC_DIRECTIONRecord,
+               tDC_ROAD_ARC_ANGLERecord, tDC_ROAD_SPIRALRecord, tDC_ROAD_VALRecord,
+               tDC_ROAD_VPARABOLARecord, tDC_ROAD_VPOINTRecord, tDC_ROAD_TEMPLATERecord,
+               tDC_ROAD_SEGMENTRecord, tDC_ROAD_HINGERecord, tDC_ROAD_SIDESLOPERecord,
+               tDC_ROAD_APPLYTEMPLATERecord, tDC_ROAD_APPLYSUPERRecord>;
+
+/// They are used again line after line: their texts keep their memory.
 class CRoadRecords {
  public:
   template <class R>
@@ -307,13 +315,7 @@ class CRoadRecords {
   }
 
  private:
-  std::tuple<tDC_ROAD_HEADERRecord, tDC_ROAD_HALRecord, tDC_ROAD_STRAIGHT_POINTRecord,
-             tDC_ROAD_STRAIGHTRecord, tDC_ROAD_ARCRecord, tDC_ROAD_ARC_DIRECTIONRecord,
-             tDC_ROAD_ARC_ANGLERecord, tDC_ROAD_SPIRALRecord, tDC_ROAD_VALRecord,
-             tDC_ROAD_VPARABOLARecord, tDC_ROAD_VPOINTRecord, tDC_ROAD_TEMPLATERecord,
-             tDC_ROAD_SEGMENTRecord, tDC_ROAD_HINGERecord, tDC_ROAD_SIDESLOPERecord,
-             tDC_ROAD_APPLYTEMPLATERecord, tDC_ROAD_APPLYSUPERRecord>
-      m_records;
+  RoadRecordSet m_records;
 };
 
 }  // namespace zelconvert

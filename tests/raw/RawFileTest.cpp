@@ -7,6 +7,7 @@
 #include <span>
 #include <sstream>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include "CaseFile.h"
@@ -15,6 +16,7 @@
 #include "platform/Platform.h"
 #include "raw/Angles.h"
 #include "raw/CRawFile.h"
+#include "raw/RawRecordList.h"
 
 namespace zelconvert {
 namespace {
@@ -171,57 +173,25 @@ RecordOfTags Of(const std::string& tag, const std::string& name) {
   return {tag, row.substr(0, row.find("PN s")) + name + row.substr(row.find(", N ")), ShowLine<R>};
 }
 
-const RecordOfTags kRecords[] = {
-    Of<JB_RECORD>("JB"),
-    Of<MO_RECORD>("MO"),
-    Of<OC_RECORD>("OC", "OP s"),
-    Of<POINT_RECORD>("SP, GS, RP"),
-    Of<AP_RECORD>("AP", "PN s~"),
-    Of<BK_RECORD>("BK"),
-    Of<LS_RECORD>("LS"),
-    Of<SHOT_RECORD>("TR, SS"),
-    Of<STAKE_SHOT_RECORD>("SK"),
-    Of<ROUND_BACKSIGHT_RECORD>("RB"),
-    Of<ROUND_FORESIGHT_RECORD>("RF"),
-    Of<DIRECTION_RECORD>("RD"),
-    Of<SET_DISTANCE_RECORD>("MD"),
-    Of<NAME_RECORD>("DP, DE, GK"),
-    Of<CF_RECORD>("CF"),
-    Of<SLOPE_RECORD>("SL, SR"),
-    Of<STAKED_DELTA_RECORD>("SD"),
-    Of<STATION_ERROR_RECORD>("OE"),
-    Of<RX_RECORD>("RX"),
-    Of<EQ_RECORD>("EQ"),
-    Of<AH_RECORD>("AH"),
-    Of<BP_RECORD>("BP"),
-    Of<EP_RECORD>("EP"),
-    Of<BL_RECORD>("BL"),
-    Of<CV_RECORD>("CV"),
-    Of<GQ_RECORD>("GQ"),
-    Of<GP_RECORD>("GP"),
-    Of<GO_RECORD>("GO"),
-    Of<ES_RECORD>("ES"),
-    Of<ST_RECORD>("ST"),
-    Of<PJ_RECORD>("PJ"),
-    Of<PE_RECORD>("PE"),
-    Of<DT_RECORD>("DT"),
-    Of<FILE_RECORD>("DG, SG"),
-    Of<HA_RECORD>("HA"),
-    Of<VA_RECORD>("VA"),
-    Of<CT_RECORD>("CT"),
-    Of<CS_RECORD>("CS"),
-    Of<CG_RECORD>("CG"),
-    Of<LM_RECORD>("LM"),
-    Of<SC_RECORD>("SC"),
-    Of<CR_RECORD>("CR"),
-    Of<IM_RECORD>("IM"),
-};
+const std::vector<RecordOfTags> kRecords = [] {
+  std::vector<RecordOfTags> records;
+  ForEachRawRecord([&]<class R>(const char* tags) {
+    if constexpr (std::is_same_v<R, OC_RECORD>) {
+      records.push_back(Of<R>(tags, "OP s"));
+    } else if constexpr (std::is_same_v<R, AP_RECORD>) {
+      records.push_back(Of<R>(tags, "PN s~"));
+    } else {
+      records.push_back(Of<R>(tags));
+    }
+  });
+  return records;
+}();
 
 std::wstring Parse(const std::wstring& line) {
-  const auto* record = std::find_if(std::begin(kRecords), std::end(kRecords),
-                                    [tag = ToNarrow(line.substr(0, 2))](const auto& each) {
-                                      return each.tags.find(tag) != std::string::npos;
-                                    });
+  const auto record = std::find_if(kRecords.begin(), kRecords.end(),
+                                   [tag = ToNarrow(line.substr(0, 2))](const auto& each) {
+                                     return each.tags.find(tag) != std::string::npos;
+                                   });
   return record->show(line);
 }
 
