@@ -1,0 +1,42 @@
+// Any line as every record of an interlock job: written once it may come out otherwise, since a
+// value that isn't valid isn't written, and its field may have one when it is unset; then it stays.
+
+#include "FuzzFile.h"
+#include "convert/ConversionBase.h"
+#include "ilj/CMoskoJobRecord.h"
+#include "io/CTextFile.h"
+
+namespace zelconvert {
+namespace {
+
+/// The line that a record makes of another one; empty for a date that no calendar has.
+std::wstring Rewrite(CMoskoJobRecord& record, std::wstring_view line) {
+  try {
+    record.ParseText(line.substr(line.find(L'\t') + 1));
+    return record.ToText();
+  } catch (const ConversionFailure&) {
+    return {};
+  }
+}
+
+void ReadLine(std::wstring_view line) {
+  for (std::size_t type = 1; type < kIljRecordTypes; ++type) {
+    CMoskoJobRecord record(static_cast<IljRecordType>(type));
+    const std::wstring twice = Rewrite(record, Rewrite(record, line));
+    Require(twice.empty() || Rewrite(record, twice) == twice);
+  }
+}
+
+}  // namespace
+}  // namespace zelconvert
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using namespace zelconvert;
+  return RunOnFile(L"in.ilj", 2048, data, size, [](const std::wstring& input) {
+    CTextFile file(CTextFile::kUtf16LittleEndian);
+    file.SetAllowUnicode(true);
+    if (!file.Open(input, platform::kOpenText)) return;
+    file.Rewind();
+    for (std::wstring line; file.ReadString(line);) ReadLine(line);
+  });
+}

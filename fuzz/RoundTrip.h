@@ -1,0 +1,43 @@
+// What a writer made, read back and made again.
+#pragma once
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+
+#include "FuzzRoute.h"
+#include "io/Clock.h"
+
+namespace zelconvert {
+
+/// The lines that begin so, in their order.
+inline std::string LinesOf(const std::string& file, std::string_view start) {
+  std::string lines;
+  for (std::size_t at = 0; at < file.size();) {
+    const std::size_t length = file.find('\n', at) - at;
+    if (file.compare(at, start.size(), start) == 0) lines.append(file, at, length);
+    at += std::min(length, file.size() - at - 1) + 1;
+  }
+  return lines;
+}
+
+/// Any bytes as a file of one type, to another and back, three times: what comes back first lacks
+/// what the other type can't hold, and then the points that lost a coordinate so; but from then on
+/// nothing of the points gets lost, or moves. pointStart: what the lines of points begin with.
+inline void RequireRoundTrip(FileType type, const std::wstring& input, FileType other,
+                             std::string_view pointStart) {
+  const ScopedClock clock({2026, 3, 5, 13, 14, 15, 16, 789}, 123456);
+  std::string points[3];
+  std::wstring path = input;
+  for (std::string& found : points) {
+    const RouteResult out = ConvertFile(type, path, other, L"out.job");
+    if (!out.converted) return;
+    const RouteResult back = ConvertFile(other, out.path, type, L"back");
+    if (!back.converted) return;
+    found = LinesOf(back.output, pointStart);
+    path = back.path;
+  }
+  Require(points[1] == points[2]);
+}
+
+}  // namespace zelconvert
