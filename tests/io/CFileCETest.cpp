@@ -5,6 +5,7 @@
 #include "CaseFile.h"
 #include "TempDir.h"
 #include "io/CFileCE.h"
+#include "io/Numbers.h"
 
 namespace zelconvert {
 namespace {
@@ -120,6 +121,27 @@ TEST(CFileCE, OverwritesAmongReads) {
   EXPECT_TRUE(file.Write("B", 1));
   EXPECT_TRUE(file.Close());
   EXPECT_EQ(dir.Read(L"f"), "0aB34567" + std::string(100000, 'z'));
+}
+
+// The hole before the lines takes no room on the disk.
+TEST(CFileCE, ReachesBeyondFourGiB) {
+  const TempDir dir;
+  constexpr std::int64_t kFar = (std::int64_t{1} << 32) + 3;
+  CFileCE file;
+  ASSERT_TRUE(file.OpenForWrite(dir.Path(L"f")));
+  ASSERT_TRUE(file.SeekTo(kFar));
+  for (const wchar_t* line : {L"one", L"two"}) EXPECT_TRUE(file.WriteLine(line));
+  EXPECT_EQ(file.GetPosition(), kFar + 10);
+  if (!file.Close()) GTEST_SKIP() << "no such files here";
+  ASSERT_TRUE(file.OpenForRead(dir.Path(L"f")));
+  EXPECT_EQ(file.GetLength(), kFar + 10);
+  std::wstring line;
+  EXPECT_TRUE(file.Seek(-5, SeekFrom::End) && file.ReadLine(line) && line == L"two");
+  EXPECT_TRUE(file.Seek(-10, SeekFrom::Current) && file.ReadLine(line) && line == L"one");
+  EXPECT_EQ(file.GetPosition(), kFar + 5);
+  EXPECT_EQ(MulDiv(file.GetPosition() / 2, 100, file.GetLength()), 50);
+  char byte = 'x';
+  EXPECT_TRUE(file.SeekTo(kFar - 1) && file.Read(&byte, 1) && byte == '\0');
 }
 
 TEST(CFileCE, RefusesToWriteInsideAChunk) {

@@ -3,9 +3,9 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdio>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "zelconvert/zelconvert.h"
 
@@ -16,6 +16,7 @@ struct HostileFile {
   FileType type;
   std::string_view head;    ///< once, at the start
   std::string_view record;  ///< again and again; each "#" is a digit of the record's number
+  std::size_t times = 4;    ///< so much memory at most does a byte of it take
 };
 
 inline constexpr std::string_view kDcHead =
@@ -23,7 +24,11 @@ inline constexpr std::string_view kDcHead =
 inline constexpr std::string_view kDcRoadHead =
     "00NMFX V10-70           09-16-2026 10:05111111\r\n10NMHOSTILE         121111\r\n"
     "28KILONG ROAD       \r\n"
-    "84KI         0.00000         0.00000   5326100.00000    540050.00000       514.00000\r\n";
+    "84KI         0.00000         0.00000         0.00000         0.00000         0.00000\r\n"
+    "31KI         0.00000        20.00000\r\n34KI         0.00000         0.00000\r\n"
+    "37KI  99999999.00000         0.00000\r\n39KIT               \r\n"
+    "46KI3         3.50000        -2.00000        -0.07000         0.00000         0.0000011EP\r\n"
+    "97KI1        50.000001        33.33330         0.00000TOE             \r\n";
 inline constexpr std::string_view kRawHead =
     "JB,NMHOSTILE,DT09-14-2026,TM08:12:30\r\nMO,AD0,UN1,SF1.0,EC0,EO0.0,AU0\r\n"
     "SP,PN1,N 5000.0,E 5000.0,EL100.0,--\r\nOC,OP1,N 5000.0,E 5000.0,EL100.0,--\r\n"
@@ -57,9 +62,9 @@ inline constexpr HostileFile kHostileFiles[] = {
     {"ilj_one_note", FT_ILJ, kIljNoteHead, "\xC3\xB6"},
     // Names: all equal, all different, and as short as can be.
     {"dc_equal_names", FT_DC, kDcHead,
-     "69KI               A   5326041.20000    540017.60000       512.70000               11\n"},
+     "69KI               A   5326041.20000    540017.60000       512.70000                11\n"},
     {"dc_names", FT_DC, kDcHead,
-     "69KI        ########   5326041.20000    540017.60000       512.70000               11\n"},
+     "69KI         #######   5326041.20000    540017.60000       512.70000                11\n"},
     {"dc_bare_names", FT_DC, kDcHead, "69KI        ########\n"},
     {"dc_notes", FT_DC, kDcHead, "13NM\n"},
     {"raw_equal_names", FT_RAW, kRawHead, "SS,OP1,FPA,AR1,ZE9,SD1,--\n"},
@@ -97,18 +102,28 @@ inline constexpr HostileFile kHostileFiles[] = {
      "97KI1        50.000001        33.33330         0.00000TOE             \n"
      "B9KI         0.000003T#######        3T#######        \n"},
     {"dc_roads", FT_DC, kDcHead, "28KI########\n"},
-    {"dc_road_elements", FT_DC, kDcRoadHead, "31KI         1.00000         1.00000\n"},
-    {"dc_road_profile", FT_DC, kDcRoadHead, "34KI ##########.0000       514.00000\n"},
-    {"dc_road_positions", FT_DC, kDcRoadHead,
-     "B9KI########.000003              A3              A\n"},
+    {"dc_road_elements", FT_DC, kDcRoadHead, "31KI         0.00000         0.10000\n"},
+    {"dc_road_profile", FT_DC, kDcRoadHead, "34KI         ######.       514.00000\n"},
+    {"dc_road_positions", FT_DC, kDcRoadHead, "B9KI########.000003T               3T\n", 10},
     {"dc_road_widenings", FT_DC, kDcRoadHead,
      "44KI########.000001        -2.000001        -2.00000         0.00000         0.000002\n"},
-    {"dc_templates", FT_DC, kDcHead, "39KI########\n"},
-    {"dc_template_segments", FT_DC, kDcHead, "46KI3\n"},
+    {"dc_templates", FT_DC, kDcRoadHead,
+     "39KIT#######\n46KI3         3.50000        -2.00000\n97KI1        50.000001        "
+     "33.33330\n",
+     10},
+    {"dc_template_segments", FT_DC, kDcRoadHead, "46KI3         3.50000        -2.00000\n"},
     {"ilj_points", FT_ILJ, kIljHead,
      "POINT\tDATE:20260917\tTIME:090021\tDERV:KI\tPTNM:########\tDESC:E\tNRTH:5\tEAST:5\tELEV:5\t"
      "CDTY:9\tCDOR:1\tCDCL:1\t\n"},
 };
+
+/// What such a file is converted to; and a job that one becomes.
+inline std::vector<FileType> OutputsOf(FileType from) {
+  if (from == FT_DC) return {FT_JOB, FT_ILJ};
+  if (from == FT_RAW) return {FT_DC, FT_SDR33, FT_JXL};
+  if (from == FT_JOB) return {FT_DC, FT_CR5, FT_SEQ_CR5};
+  return {FT_DC};
+}
 
 /// The bytes of such a file, about `size` of them.
 inline std::string MakeHostile(const HostileFile& file, std::size_t size) {
