@@ -10,11 +10,11 @@ void RemoveFiles(StringList& paths) {
   paths.clear();
 }
 
-std::wstring FormatRecordReadError(int n, std::wstring_view text) {
+std::wstring FormatRecordReadError(std::int64_t n, std::wstring_view text) {
   return FormatText(FormatText(L"Could not read %ith record: %s.", n), text);
 }
 
-std::wstring FormatRecordParseError(int n, std::wstring_view text) {
+std::wstring FormatRecordParseError(std::int64_t n, std::wstring_view text) {
   return FormatText(FormatText(L"Could not parse %ith record: %s.", n), text);
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <exception>
 #include <string>
 #include <string_view>
@@ -103,7 +104,7 @@ void RemoveFiles(StringList& paths);
 
 /// "Could not read %ith record: %s." and its twin. n: the number of the record, from 0; text: what
 /// it is called.
-std::wstring FormatRecordReadError(int n, std::wstring_view text);
-std::wstring FormatRecordParseError(int n, std::wstring_view text);
+std::wstring FormatRecordReadError(std::int64_t n, std::wstring_view text);
+std::wstring FormatRecordParseError(std::int64_t n, std::wstring_view text);
 
 }  // namespace zelconvert

@@ -421,7 +421,7 @@ class DcToIlj {
   tDC_LOCAL_POSITIONRecord m_localPosition;
   tDC_GRID_POSITIONRecord m_gridPosition;
   CMoskoJobRecord m_record;
-  int m_index = 0;  // of the record, from 0; blank lines and deleted records don't count
+  std::int64_t m_index = 0;  // of the record, from 0; blank lines and deleted records don't count
 };
 
 }  // namespace

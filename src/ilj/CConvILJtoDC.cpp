@@ -560,7 +560,7 @@ class IljToDc {
   tDC_GRID_POSITIONRecord m_gridPosition;
   tDC_GPS_POSITIONRecord m_gpsPosition;
   tDC_LOCAL_POSITIONRecord m_localPosition;
-  int m_index = 0;  // of the line in the second pass, from 0
+  std::int64_t m_index = 0;  // of the line in the second pass, from 0
 };
 
 }  // namespace

@@ -10,12 +10,14 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
+#include <limits>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 #include <variant>
 
+#include "convert/ConversionBase.h"
 #include "io/CFileCE.h"
 #include "io/NameSet.h"
 #include "io/Units.h"
@@ -112,8 +114,12 @@ class CJxlFile : public CFileCE {
   /// rehearsal.
   void DeletePoint(std::wstring_view name);
 
-  /// The next id of the one sequence that all kinds share; the first is 1.
-  std::uint32_t NextId() { return ++m_nextId; }
+  /// The next id of the one sequence that all kinds share; the first is 1. Throws ConversionFailure
+  /// when its eight digits are used up.
+  std::uint32_t NextId() {
+    if (m_nextId == std::numeric_limits<std::uint32_t>::max()) throw ConversionFailure();
+    return ++m_nextId;
+  }
   /// Eight lower-case hexadecimal digits.
   static std::string FormatId(std::uint32_t id);
 
