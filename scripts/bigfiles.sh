@@ -27,7 +27,7 @@ head = b"JB,NMFAR,DT09-14-2026,TM08:12:30\r\nMO,AD0,UN1,SF1.0,EC0,EO0.0,AU0\r\n"
 dc = b"00NMFX V10-70           09-16-2026 10:05111111\r\n10NMFAR             121111\r\n"
 for name, start, end in (
     ("far.raw", head + b"--", b"\r\nSS,OP1,FPLAST,AR90.0,ZE90.0,SD25.0,--EP\r\n"),
-    ("far.dc", dc, b"\r\n69KI            LAST   5326041.20000    540017.60000       512.70000EP  "
+    ("far.dc", dc + b"13NM", b"\r\n69KI            LAST   5326041.20000    540017.60000       512.70000EP  "
                    b"            11\r\n")):
     with open(f"{folder}/{name}", "wb") as file:
         file.write(start)
