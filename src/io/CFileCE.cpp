@@ -114,7 +114,7 @@ bool CFileCE::ReadLine(std::string_view& bytes) {
 
 template <class View>
 bool CFileCE::WriteLines(View text) {
-  constexpr std::string_view kLineEnd("\r\0\n\0", 4);  // with the zero at its end
+  constexpr std::string_view kLineEnd("\r\0\n\0", 4);
   if (!PrepareWrite()) return true;
   do {
     const std::size_t lineFeed = std::min(text.find('\n'), text.size());

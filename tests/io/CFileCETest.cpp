@@ -37,7 +37,7 @@ TEST(CFileCE, SplitsLines) {
 
 TEST(CFileCE, PassesOverTheRestOfALongLine) {
   const TempDir dir;
-  for (const std::size_t more : {0, 1, 1000}) {
+  for (const std::size_t more : {0u, 1u, 1000u}) {
     CFileCE file;
     const std::string line(CFileCE::kLongestLine + more, 'x');
     ASSERT_TRUE(file.Open(dir.Write(L"lines", line + "\nnext\n" + line), kOpenReadOnly));

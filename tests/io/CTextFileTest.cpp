@@ -46,7 +46,7 @@ TEST(CTextFile, FindsTheEncodingAndReadsLines) {
 
 TEST(CTextFile, PassesOverTheRestOfALongLine) {
   const TempDir dir;
-  for (const std::size_t more : {0, 1, 1000}) {
+  for (const std::size_t more : {0u, 1u, 1000u}) {
     CTextFile file(false, false);
     const std::string line(CFileCE::kLongestLine + more, 'x');
     ASSERT_TRUE(file.Open(dir.Write(L"text", line + "\nnext\n" + line), kOpenText));
