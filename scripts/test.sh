@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
 # scripts/test.sh [STEP...]: every check of the project, from a fresh clone or again; without arguments all steps.
-# FUZZ_SECONDS (default 10) bounds the run of each fuzz target.
+# FUZZ_SECONDS (default 5) bounds the run of each fuzz target.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-fuzz_seconds=${FUZZ_SECONDS:-10}
+fuzz_seconds=${FUZZ_SECONDS:-5}
 jobs=$(nproc)
 
 build() { # preset
