@@ -43,6 +43,8 @@ function startInBrowser(receive, fail) {
 export async function listen(receive) {
   if (isNode) {
     const { parentPort } = await import("node:worker_threads");
+    // Names of temporary files can't be guessed. Node 18 has no such global yet.
+    globalThis.crypto ??= (await import("node:crypto")).webcrypto;
     parentPort.on("message", receive);
     return (message, transfer) => parentPort.postMessage(message, transfer);
   }
