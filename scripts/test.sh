@@ -65,12 +65,8 @@ step_python() {
   /usr/bin/python3 tests/python/python_test.py build/python/*.whl cluster
 }
 
-# By the other compiler, whose clang-tidy reads the product along (.clang-tidy says what it looks for).
-step_clang() {
-  build clang
-}
-
-# The stored inputs of the fuzz targets are read with the same sanitizers in step fuzz.
+# By the other compiler, whose clang-tidy reads the product along (.clang-tidy says what it looks for). The stored
+# inputs of the fuzz targets are read with the same sanitizers in step fuzz.
 step_asan() {
   build asan
   ctest --preset asan -j "$jobs"
@@ -127,7 +123,7 @@ step_packages() {
 }
 
 scripts/setup.sh test
-steps="format docs release web python csharp gdal clang asan tsan fuzz mingw64 mingw32 packages"
+steps="format docs release web python csharp gdal asan tsan fuzz mingw64 mingw32 packages"
 for step in ${*:-$steps}; do
   echo "== $step"
   "step_$step"
