@@ -25,23 +25,13 @@ class Run(typing.NamedTuple):
     stderr: bytes
 
 
-def run_once(words, **options):
+def run_host(words, **options):
     """Files take what is printed, not pipes: what Wine leaves running in the background would keep a pipe open."""
     with tempfile.TemporaryFile() as out, tempfile.TemporaryFile() as err:
         done = subprocess.run([*HOST, *words], **{"stdout": out, "stderr": err, "timeout": 120, **options})
         for stream in out, err:
             stream.seek(0)
         return Run(done.returncode, out.read(), err.read())
-
-
-def run_host(words, **options):
-    """Of many thousand starts under Wine one ends with exit code 1 and without a word, which the host never does on
-    Linux; why isn't known. It is started again, and that is told; a start that ends so twice is taken for what it is."""
-    run = run_once(words, **options)
-    if not ON_WINDOWS or run != (1, b"", b""):
-        return run
-    print("ended without a word, started again:", words, file=sys.stderr)
-    return run_once(words, **options)
 
 
 def extension_of(name):
