@@ -92,20 +92,17 @@ bool CFileCE::ReadLine(std::wstring& text) {
 
 bool CFileCE::ReadLine(std::string_view& bytes) {
   m_strLine.clear();
-  while (m_nLineLeft > 0 || FillLineBuffer()) {
-    const std::string_view chunk = RestOfChunk();
-    const std::size_t lineFeed = FindLineFeed(chunk);
-    if (lineFeed == std::string_view::npos) {
-      AppendToLine(chunk);
-      m_nLineLeft = 0;
-      continue;
-    }
-    bytes = chunk.substr(0, lineFeed);
-    if (!m_strLine.empty()) bytes = AppendToLine(bytes);
+  for (std::string_view text = TextAhead(); !text.empty(); text = TextAhead()) {
+    const std::size_t lineFeed = FindLineFeed(text);
+    const bool isWhole = lineFeed != std::string_view::npos;
+    const std::size_t taken = isWhole ? lineFeed + CharacterSize() : text.size();
+    m_nBufferPos += taken;
+    m_nBufferLeft -= taken;
+    m_nLinePos += taken >> m_bUnicode;
+    bytes = text.substr(0, std::min(lineFeed, kLongestLine << m_bUnicode));
+    if (!isWhole || !m_strLine.empty()) bytes = AppendToLine(bytes);
+    if (!isWhole) continue;
     StripCarriageReturn(bytes);
-    const std::size_t characters = lineFeed / CharacterSize() + 1;
-    m_nLinePos += characters;
-    m_nLineLeft -= characters;
     return true;
   }
   bytes = m_strLine;
@@ -137,8 +134,7 @@ bool CFileCE::Flush() {
 }
 
 std::int64_t CFileCE::GetPosition() {
-  const std::int64_t ahead = static_cast<std::int64_t>(m_nBufferLeft + m_nLineLeft);
-  return PlatformPosition() + static_cast<std::int64_t>(m_strHeldBack.size()) - ahead;
+  return ReaderPosition() + static_cast<std::int64_t>(m_bUnicode ? LineLeft() : 0);
 }
 
 bool CFileCE::Seek(std::int64_t offset, platform::SeekFrom from) {
@@ -153,7 +149,7 @@ bool CFileCE::Seek(std::int64_t offset, platform::SeekFrom from) {
   if (target <= bufferEnd && target >= bufferEnd - held) {
     m_nBufferLeft = static_cast<std::size_t>(bufferEnd - target);
     m_nBufferPos = static_cast<std::size_t>(held) - m_nBufferLeft;
-    m_nLineLeft = 0;
+    m_nLinePos = 0;
     return true;
   }
   ClearReadState();
@@ -216,29 +212,34 @@ std::int64_t CFileCE::FindEndMark(std::size_t characterSize, bool bBigEndian) {
 }
 
 std::size_t CFileCE::BytesBefore(std::int64_t end, std::size_t count) {
-  const auto left = static_cast<std::uint64_t>(std::max<std::int64_t>(end - GetPosition(), 0));
+  if (end == kNoEndMark) return count;
+  const auto left = static_cast<std::uint64_t>(std::max<std::int64_t>(end - ReaderPosition(), 0));
   return static_cast<std::size_t>(std::min<std::uint64_t>(count, left));
 }
 
-bool CFileCE::FillLineBuffer() {
+// What stands in the read-ahead buffer in front of the end mark, filled if it is empty; nothing at
+// the end, or if the system failed.
+std::string_view CFileCE::TextAhead() {
+  if (!m_pBuffer) SetBufferSize(kReadWriteKilobytes);
   if (m_nEndMark == kUnknown) m_nEndMark = FindEndMark(CharacterSize(), false);
-  const std::size_t wanted = kChunkCharacters * CharacterSize();
-  std::size_t got = 0;
-  Read(m_LineBuffer, BytesBefore(m_nEndMark, wanted), &got);
-  m_nLinePos = 0;
-  m_nLineLeft = got / CharacterSize();
-  return m_nLineLeft > 0;
+  if (m_nBufferLeft == 0 && (!IsOpen() || !Flush() || !FillBuffer())) return {};
+  const std::size_t count = BytesBefore(m_nEndMark, m_nBufferLeft);
+  return {m_pBuffer.get() + m_nBufferPos, count - count % CharacterSize()};
 }
 
-std::string_view CFileCE::RestOfChunk() const {
-  return {m_LineBuffer + m_nLinePos * CharacterSize(), m_nLineLeft * CharacterSize()};
+// Characters between the line reader and the end of its chunk, or of the text.
+std::size_t CFileCE::LineLeft() {
+  if (m_nLinePos % kChunkCharacters == 0) return 0;
+  const std::size_t left = kChunkCharacters - m_nLinePos % kChunkCharacters;
+  const std::int64_t end = std::min(m_nEndMark, GetLength());
+  return BytesBefore(end, left * CharacterSize()) / CharacterSize();
 }
 
 // The byte offset of the next line feed, or npos.
-std::size_t CFileCE::FindLineFeed(std::string_view chunk) const {
-  if (!m_bUnicode) return chunk.find('\n');
-  for (std::size_t i = 0; i < chunk.size(); i += 2) {
-    if (chunk[i] == '\n' && chunk[i + 1] == '\0') return i;
+std::size_t CFileCE::FindLineFeed(std::string_view text) const {
+  if (!m_bUnicode) return text.find('\n');
+  for (std::size_t i = 0; i < text.size(); i += 2) {
+    if (text[i] == '\n' && text[i + 1] == '\0') return i;
   }
   return std::string_view::npos;
 }
@@ -248,9 +249,10 @@ std::string_view CFileCE::AppendToLine(std::string_view part) {
 }
 
 void CFileCE::StripCarriageReturn(std::string_view& line) const {
-  constexpr std::string_view kCarriageReturn("\r\0", 2);
-  const std::string_view end = kCarriageReturn.substr(0, CharacterSize());
-  if (line.ends_with(end)) line.remove_suffix(end.size());
+  const std::size_t size = CharacterSize();
+  if (line.size() < size) return;
+  const char* last = line.data() + line.size() - size;
+  if (CharacterAt(last, size, false) == u'\r') line.remove_suffix(size);
 }
 
 void CFileCE::Widen(std::wstring& text, std::string_view bytes) const {
@@ -264,7 +266,7 @@ void CFileCE::Widen(std::wstring& text, std::string_view bytes) const {
 }
 
 bool CFileCE::PrepareWrite() {
-  if (!IsOpen() || m_nLineLeft > 0) {
+  if (!IsOpen() || LineLeft() > 0) {
     m_bWriteFailed = true;
     return false;
   }
@@ -298,8 +300,12 @@ std::int64_t CFileCE::PlatformPosition() {
 }
 
 void CFileCE::ClearReadState() {
-  m_nBufferPos = m_nBufferLeft = 0;
-  m_nLinePos = m_nLineLeft = 0;
+  m_nBufferPos = m_nBufferLeft = m_nLinePos = 0;
+}
+
+std::int64_t CFileCE::ReaderPosition() {
+  return PlatformPosition() + static_cast<std::int64_t>(m_strHeldBack.size()) -
+         static_cast<std::int64_t>(m_nBufferLeft);
 }
 
 // Puts the system's position back to where the reader is.

@@ -36,7 +36,7 @@ class CFileCE {
   [[nodiscard]] bool IsOpen() const { return m_File.IsOpen(); }
   /// The path of the last successful Open.
   const std::wstring& GetPath() const { return m_strPath; }
-  /// Replaces the read-ahead buffer; 0 reads without one.
+  /// Replaces the read-ahead buffer; 0 reads without one, until a line is read.
   void SetBufferSize(std::uint32_t kilobytes);
 
   /// Reads up to `count` bytes. With `pRead` the number read is stored and a short read is a
@@ -78,8 +78,8 @@ class CFileCE {
   /// Hands to the system what was held back.
   bool Flush();
 
-  /// Of the next byte to be read or written; 0 if not open. Characters that the line reader holds
-  /// count as a byte each.
+  /// Of the next byte to be read or written; 0 if not open. In UTF-16 each character that is left
+  /// of the line reader's chunk counts as a byte that has been read.
   std::int64_t GetPosition();
   /// False, with the position as it was, for a target below 0. Past the end is no error.
   bool Seek(std::int64_t offset, platform::SeekFrom from);
@@ -106,10 +106,11 @@ class CFileCE {
   std::size_t CharacterSize() const { return m_bUnicode ? 2 : 1; }
   std::optional<std::size_t> ReadPlatform(void* buffer, std::size_t count);
   bool FillBuffer();
-  bool FillLineBuffer();
-  std::string_view RestOfChunk() const;
-  std::size_t FindLineFeed(std::string_view chunk) const;
+  std::string_view TextAhead();
+  std::size_t FindLineFeed(std::string_view text) const;
   std::string_view AppendToLine(std::string_view part);
+  std::size_t LineLeft();
+  std::int64_t ReaderPosition();
   void StripCarriageReturn(std::string_view& line) const;
   bool PrepareWrite();
   template <class View>
@@ -130,12 +131,10 @@ class CFileCE {
   std::size_t m_nBufferPos = 0;  // next unread byte
   std::size_t m_nBufferLeft = 0;
 
-  // The line reader takes the file in chunks of 255 characters; Write and GetPosition see what is
-  // left of one.
-  char m_LineBuffer[2 * kChunkCharacters];
-  std::size_t m_nLinePos = 0;   // next character
-  std::size_t m_nLineLeft = 0;  // characters
-  std::string m_strLine;        // the bytes of a line that spans chunks
+  // The line reader counts characters from where it began, in chunks of 255: Write and GetPosition
+  // see what is left of one.
+  std::size_t m_nLinePos = 0;
+  std::string m_strLine;  // the bytes of a line that reaches beyond the read-ahead buffer
 
   std::string m_strHeldBack;             // written, but not yet with the system
   std::int64_t m_nCachedPos = kUnknown;  // the system's position
