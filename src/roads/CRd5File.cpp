@@ -24,7 +24,7 @@ constexpr std::wstring_view kSectionMarker = L"+++++++++++++++++++++++++++++++++
 static_assert(kSectionMarker.size() == 50);
 
 /// What superelevation and widening lines begin with; the 0 is the same in every line.
-CommaLine BuildStretch(std::wstring& line, std::wstring_view tag, const RoadStretch& stretch) {
+CommaLine BuildStretch(std::string& line, std::string_view tag, const RoadStretch& stretch) {
   CommaLine built(line, tag);
   built.Integer(stretch.start.number).Real(stretch.start.offset);
   built.Integer(stretch.end.number).Real(stretch.end.offset);
@@ -46,44 +46,44 @@ void CRd5File::WriteSection(std::wstring_view name) {
 }
 
 void CRd5File::WriteHL(double azimuth, double length) {
-  CommaLine(m_line, L"HL").Angle(azimuth).Real(length);
+  CommaLine(m_line, "HL").Angle(azimuth).Real(length);
   WriteLine(m_line);
 }
 
 void CRd5File::WriteHC(double azimuth, double radius, double length, std::wstring_view direction) {
-  CommaLine(m_line, L"HC").Angle(azimuth).Real(radius).Real(length).Text(direction);
+  CommaLine(m_line, "HC").Angle(azimuth).Real(radius).Real(length).Text(direction);
   WriteLine(m_line);
 }
 
 void CRd5File::WriteHS(double azimuth, double radius, double length, std::wstring_view direction,
                        std::wstring_view joins) {
-  CommaLine(m_line, L"HS").Angle(azimuth).Real(radius).Real(length).Text(direction).Text(joins);
+  CommaLine(m_line, "HS").Angle(azimuth).Real(radius).Real(length).Text(direction).Text(joins);
   WriteLine(m_line);
 }
 
 void CRd5File::WriteVG(double length, double grade) {
-  CommaLine(m_line, L"VG").Real(length).Real(grade);
+  CommaLine(m_line, "VG").Real(length).Real(grade);
   WriteLine(m_line);
 }
 
 void CRd5File::WriteVC(double length, double gradeIn, double gradeOut) {
-  CommaLine(m_line, L"VC").Real(length).Real(gradeIn).Real(gradeOut);
+  CommaLine(m_line, "VC").Real(length).Real(gradeIn).Real(gradeOut);
   WriteLine(m_line);
 }
 
-void CRd5File::WriteTemplate(std::wstring_view tag, const RoadStation& start,
+void CRd5File::WriteTemplate(std::string_view tag, const RoadStation& start,
                              std::wstring_view file) {
   CommaLine(m_line, tag).Integer(start.number).Real(start.offset).Text(file);
   WriteLine(m_line);
 }
 
 // Nothing is known of the two last values but that they are 0.
-void CRd5File::WriteSuper(std::wstring_view tag, const RoadStretch& slopes, int startHingeOn) {
+void CRd5File::WriteSuper(std::string_view tag, const RoadStretch& slopes, int startHingeOn) {
   BuildStretch(m_line, tag, slopes).Integer(startHingeOn).Real(0).Real(0);
   WriteLine(m_line);
 }
 
-void CRd5File::WriteWidening(std::wstring_view tag, const RoadStretch& widenings) {
+void CRd5File::WriteWidening(std::string_view tag, const RoadStretch& widenings) {
   BuildStretch(m_line, tag, widenings);
   WriteLine(m_line);
 }

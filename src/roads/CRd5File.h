@@ -53,26 +53,26 @@ class CRd5File : public CFileCE {
   // this side.
 
   void WriteRT(const RoadStation& start, std::wstring_view file) {
-    WriteTemplate(L"RT", start, file);
+    WriteTemplate("RT", start, file);
   }
   void WriteLT(const RoadStation& start, std::wstring_view file) {
-    WriteTemplate(L"LT", start, file);
+    WriteTemplate("LT", start, file);
   }
   void WriteRS(const RoadStretch& slopes, int startHingeOn) {
-    WriteSuper(L"RS", slopes, startHingeOn);
+    WriteSuper("RS", slopes, startHingeOn);
   }
   void WriteLS(const RoadStretch& slopes, int startHingeOn) {
-    WriteSuper(L"LS", slopes, startHingeOn);
+    WriteSuper("LS", slopes, startHingeOn);
   }
-  void WriteRW(const RoadStretch& widenings) { WriteWidening(L"RW", widenings); }
-  void WriteLW(const RoadStretch& widenings) { WriteWidening(L"LW", widenings); }
+  void WriteRW(const RoadStretch& widenings) { WriteWidening("RW", widenings); }
+  void WriteLW(const RoadStretch& widenings) { WriteWidening("LW", widenings); }
 
  private:
-  void WriteTemplate(std::wstring_view tag, const RoadStation& start, std::wstring_view file);
-  void WriteSuper(std::wstring_view tag, const RoadStretch& slopes, int startHingeOn);
-  void WriteWidening(std::wstring_view tag, const RoadStretch& widenings);
+  void WriteTemplate(std::string_view tag, const RoadStation& start, std::wstring_view file);
+  void WriteSuper(std::string_view tag, const RoadStretch& slopes, int startHingeOn);
+  void WriteWidening(std::string_view tag, const RoadStretch& widenings);
 
-  std::wstring m_line;  // reused
+  std::string m_line;  // reused
 };
 
 }  // namespace zelconvert

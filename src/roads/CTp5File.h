@@ -35,20 +35,21 @@ class CTp5File : public CFileCE {
   /// Whether the next line is the one that would be written of a form or a segment.
   template <class Part>
   [[nodiscard]] bool Has(const Part& part) {
-    return ReadLine(m_read) && m_read == Line(part);
+    std::string_view line;
+    return ReadLine(line) && line == Line(part);
   }
 
  private:
-  const std::wstring& Line(const TemplateForm& form) {
-    CommaLine(m_line, L"TH")
+  std::string_view Line(const TemplateForm& form) {
+    CommaLine(m_line, "TH")
         .Integer(static_cast<std::int64_t>(form.segments.size()))
         .Real(form.slopeCut)
         .Real(form.slopeFill);
     return m_line;
   }
 
-  const std::wstring& Line(const TEMPLATE_SEGMENT& segment) {
-    CommaLine(m_line, L"TS")
+  std::string_view Line(const TEMPLATE_SEGMENT& segment) {
+    CommaLine(m_line, "TS")
         .Real(segment.width)
         .Real(segment.grade)
         .Integer(segment.isDelta)
@@ -56,8 +57,7 @@ class CTp5File : public CFileCE {
     return m_line;
   }
 
-  std::wstring m_line;  // reused, as is the next
-  std::wstring m_read;
+  std::string m_line;  // reused
 };
 
 }  // namespace zelconvert

@@ -6,16 +6,17 @@
 #include <string_view>
 
 #include "io/Numbers.h"
+#include "platform/Platform.h"
 
 namespace zelconvert {
 
 class CommaLine {
  public:
-  /// The line is built in `line`, whose memory is reused.
-  CommaLine(std::wstring& line, std::wstring_view tag) : m_line(line) { line.assign(tag); }
+  /// The line is built in `line`, 8-bit as the file is, whose memory is reused.
+  CommaLine(std::string& line, std::string_view tag) : m_line(line) { line.assign(tag); }
 
   CommaLine& Text(std::wstring_view text) {
-    Comma().append(text);
+    platform::AppendNarrow(Comma(), text);
     return *this;
   }
   CommaLine& Integer(std::int64_t value) {
@@ -34,12 +35,12 @@ class CommaLine {
   }
 
  private:
-  std::wstring& Comma() {
-    m_line.push_back(L',');
+  std::string& Comma() {
+    m_line.push_back(',');
     return m_line;
   }
 
-  std::wstring& m_line;
+  std::string& m_line;
 };
 
 }  // namespace zelconvert
