@@ -17,7 +17,7 @@ namespace {
 template <class R>
 std::wstring Rewrite(std::wstring_view line) {
   R record;
-  CDcFile::Read(line, record);
+  CDcFile::Read(DcLine(ToNarrow(line)), record);
   Require(record.type == R::kType && record.subtype.size() <= 2);
   std::string written = ToNarrow(R::kHead);
   CutNames cut;
@@ -51,7 +51,7 @@ void ReadSettings(std::wstring_view line) {
   RequireStable<tDC_COGO_OLDRecord>(line);
   tDC_HEADERRecord header;
   try {
-    CDcFile::Read(line, header);
+    CDcFile::Read(DcLine(ToNarrow(line)), header);
     Require(line.size() >= 45);
   } catch (const ConversionFailure&) {
     Require(line.size() < 45);
@@ -78,14 +78,16 @@ void ReadSystem(std::wstring_view line) {
   RequireStable<tDC_ZONE_LABELRecord>(line);
 }
 
-void ReadLine(std::wstring_view line) {
+void ReadLine(const DcLine& line) {
+  std::wstring text;
+  line.GetText(line.Columns(), text);
   const int subtype = CDcFile::GetRecordSubtype(line);
-  Require(subtype == kDcSubtypeCount || CDcFile::GetSubtypeString(subtype) == Mid(line, 2, 2));
+  Require(subtype == kDcSubtypeCount || CDcFile::GetSubtypeString(subtype) == Mid(text, 2, 2));
   Require(CDcFile::IsDeleted(line) == (subtype == kDcDeletedSubtype));
   CDcFile::GetRecordType(line);
-  ReadSettings(line);
-  ReadPositions(line);
-  ReadSystem(line);
+  ReadSettings(text);
+  ReadPositions(text);
+  ReadSystem(text);
 }
 
 }  // namespace
@@ -96,6 +98,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   return RunOnFile(L"in.dc", 2048, data, size, [](const std::wstring& input) {
     CDcFile file;
     Require(file.OpenForRead(input));
-    for (std::wstring line; file.ReadLine(line);) ReadLine(line);
+    for (DcLine line; file.ReadLine(line);) ReadLine(line);
   });
 }

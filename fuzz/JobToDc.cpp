@@ -36,7 +36,7 @@ void RequireHeader() {
   CDcFile file;
   Require(file.OpenForRead(MemoryFiles::Path(L"out.dc")));
   tDC_HEADERRecord header;
-  std::wstring line;
+  DcLine line;
   if (!file.ReadLine(line)) return;
   CDcFile::Read(line, header);
   Require(header.coordinateOrder == 1);

@@ -22,11 +22,11 @@ constexpr wchar_t kBacksightClass = L'5';
 
 /// Whether a line has nothing in a column: some numbers are read as 0 then.
 template <class Record>
-bool IsBlankIn(std::wstring_view line, double Record::*member) {
+bool IsBlankIn(const DcLine& line, double Record::*member) {
   for (const zelconvert::Column<Record>& column : kColumns<Record>) {
     if (column.member.kind != MemberKind::Real || column.member.real != member) continue;
     const auto start = static_cast<std::size_t>(column.start);
-    return Trim(Mid(line, start, static_cast<std::size_t>(column.width))).empty();
+    return Trim(line.Columns(start, static_cast<std::size_t>(column.width))).empty();
   }
   return true;
 }
@@ -43,7 +43,7 @@ class DcReader {
   void Read();
 
  private:
-  using Handler = void (DcReader::*)(std::wstring_view line);
+  using Handler = void (DcReader::*)(const DcLine& line);
   template <class Record>
   static constexpr HandlerEntry<std::int32_t, Handler> Row() {
     return {Record::kType, &DcReader::On<Record>};
@@ -59,26 +59,26 @@ class DcReader {
   static constexpr auto Handlers();
 
   template <class Record>
-  void On(std::wstring_view line) {
+  void On(const DcLine& line) {
     Record record;
     CDcFile::Read(line, record);
     Take(record);
   }
   template <class Record>
-  void OnSystem(std::wstring_view line) {
+  void OnSystem(const DcLine& line) {
     Record record;
     CDcFile::Read(line, record);
     m_system.Take(record, m_frame.units);
   }
   template <class Record>
-  void OnRoadPart(std::wstring_view line) {
+  void OnRoadPart(const DcLine& line) {
     m_roads.Add(m_roadRecords.Read<Record>(line));
   }
-  void OnRoad(std::wstring_view line);
-  void OnProjection(std::wstring_view line);
-  void OnExtendedProjection(std::wstring_view line);
-  void OnStation(std::wstring_view line);
-  void OnOldStation(std::wstring_view line);
+  void OnRoad(const DcLine& line);
+  void OnProjection(const DcLine& line);
+  void OnExtendedProjection(const DcLine& line);
+  void OnStation(const DcLine& line);
+  void OnOldStation(const DcLine& line);
 
   void Take(const tDC_HEADERRecord& header);
   void Take(const tDC_JOBRecord& job);
@@ -195,12 +195,13 @@ constexpr auto DcReader::Handlers() {
 void DcReader::Read() {
   static constexpr auto kHandlers = Handlers();
   RecordCounter counter(m_survey);
-  std::wstring line;
+  DcLine line;
+  std::wstring tag;
   m_file.Rewind();
   while (m_file.ReadLine(line)) {
     ++m_line;
     if (CDcFile::IsBlank(line)) continue;
-    if (m_source == nullptr) counter.Count(Left(line, 2));
+    if (m_source == nullptr) counter.Count(line.GetText(line.Columns(0, 2), tag));
     m_isDeleted = CDcFile::IsDeleted(line);
     const std::int32_t type = CDcFile::GetRecordType(line);
     // What is deleted counts for nothing, but a point is worth telling of.
@@ -240,7 +241,7 @@ void DcReader::Take(const tDC_COGO_OLDRecord& cogo) {
   m_frame.isSouthAzimuth = m_survey.isSouthAzimuth = cogo.azimuthOrigin == 2;
 }
 
-void DcReader::OnProjection(std::wstring_view line) {
+void DcReader::OnProjection(const DcLine& line) {
   tDC_PROJECTIONRecord projection;
   CDcFile::Read(line, projection);
   m_survey.hasSystem = m_system.Take(projection, m_frame.units);
@@ -248,7 +249,7 @@ void DcReader::OnProjection(std::wstring_view line) {
   m_scale = m_survey.hasSystem ? 1.0 : NullToOne(Finite(projection.scale));
 }
 
-void DcReader::OnExtendedProjection(std::wstring_view line) {
+void DcReader::OnExtendedProjection(const DcLine& line) {
   tDC_PROJECTION_EXTRecord projection;
   CDcFile::Read(line, projection);
   m_survey.hasSystem = m_system.Take(projection, m_frame.units);
@@ -323,14 +324,14 @@ void DcReader::BeginSetup(std::wstring_view station, double height) {
   m_builder.BeginSetup(station, height, mark.line, mark.position);
 }
 
-void DcReader::OnStation(std::wstring_view line) {
+void DcReader::OnStation(const DcLine& line) {
   tDC_STATION_EXTRecord station;
   CDcFile::Read(line, station);
   const bool isBlank = IsBlankIn(line, &tDC_STATION_EXTRecord::height);
   BeginSetup(station.name, isBlank ? DC_NULL : Metres(station.height));
 }
 
-void DcReader::OnOldStation(std::wstring_view line) {
+void DcReader::OnOldStation(const DcLine& line) {
   tDC_STATIONRecord station;
   CDcFile::Read(line, station);
   const bool isBlank = IsBlankIn(line, &tDC_STATIONRecord::height);
@@ -432,7 +433,7 @@ void DcReader::AddShot(Shot shot, wchar_t classification) {
   m_builder.AddShot(std::move(shot));
 }
 
-void DcReader::OnRoad(std::wstring_view line) {
+void DcReader::OnRoad(const DcLine& line) {
   m_roads.Begin(m_roadRecords.Read<tDC_ROAD_HEADERRecord>(line).name,
                 m_source == nullptr ? m_line : 0);
 }

@@ -53,7 +53,7 @@ class DcToJob {
   }
 
  private:
-  using Handler = bool (DcToJob::*)(std::wstring_view line);
+  using Handler = bool (DcToJob::*)(const DcLine& line);
   template <class Record>
   static constexpr HandlerEntry<std::int32_t, Handler> Row() {
     return {Record::kType, &DcToJob::On<Record>};
@@ -96,7 +96,7 @@ class DcToJob {
 
   bool ConvertLines() {
     const std::int64_t length = m_dc.GetLength();
-    std::wstring line;
+    DcLine line;
     while (m_dc.ReadLine(line)) {
       if (CDcFile::IsBlank(line)) continue;
       m_progress.SetPosition(m_dc.GetPosition(), length);
@@ -105,7 +105,7 @@ class DcToJob {
     return true;
   }
 
-  bool ConvertLine(std::wstring_view line) {
+  bool ConvertLine(const DcLine& line) {
     static constexpr auto kHandlers = Handlers();
     const Handler* handle = kHandlers.Find(CDcFile::GetRecordType(line));
     return handle == nullptr || (this->**handle)(line);
@@ -162,13 +162,13 @@ class DcToJob {
   }
 
   template <class Record>
-  bool On(std::wstring_view line) {
+  bool On(const DcLine& line) {
     Record record;
     CDcFile::Read(line, record);
     return Take(record);
   }
 
-  bool OnGridPosition(std::wstring_view line) {
+  bool OnGridPosition(const DcLine& line) {
     CDcFile::Read(line, m_position);
     // Deleted and superseded positions.
     if (m_position.classification >= L'6' && m_position.classification <= L':') return true;
@@ -186,7 +186,7 @@ class DcToJob {
 
   // Roads are listed in the order of the file, those of one name one by one; of a name that was
   // refused none is.
-  bool OnRoad(std::wstring_view line) {
+  bool OnRoad(const DcLine& line) {
     tDC_ROAD_HEADERRecord road;
     CDcFile::Read(line, road);
     m_pRoad = nullptr;
@@ -200,7 +200,7 @@ class DcToJob {
   }
 
   // The record itself has been read by the conversion of the roads.
-  bool OnRoadAlignment(std::wstring_view /*line*/) {
+  bool OnRoadAlignment(const DcLine& /*line*/) {
     if (m_pRoad == nullptr) return true;
     JOB_RECORD16 element;
     element.id = static_cast<std::uint32_t>(RoadId());

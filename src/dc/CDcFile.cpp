@@ -21,10 +21,6 @@ constexpr std::wstring_view kSubtypes[] = {
 static_assert(std::size(kSubtypes) == kDcSubtypeCount);
 static_assert(kSubtypes[kDcDeletedSubtype] == L"DL");
 
-constexpr std::wstring_view SubtypeOf(std::wstring_view line) {
-  return Mid(line, 2, 2);
-}
-
 }  // namespace
 
 // Editors put the mark before text that is 8-bit all the same.
@@ -38,23 +34,19 @@ bool CDcFile::Rewind() {
 
 // What a line is
 
-std::int32_t CDcFile::GetRecordType(std::wstring_view line) {
-  // Asked of every line: two digits or capitals, as nearly all have, need no parser.
-  if (line.size() >= 2 && DcHead::IsDigit(line[0]) && DcHead::IsDigit(line[1])) {
-    return DcHead::Digit(line[0]) * 36 + DcHead::Digit(line[1]);
-  }
-  return ToInteger(Left(line, 2), 36);
-}
-
 std::int32_t CDcFile::GetRecordType(std::string_view bytes) {
-  wchar_t head[2];
-  const std::string_view first = bytes.substr(0, std::size(head));
-  std::transform(first.begin(), first.end(), head, [](unsigned char c) { return wchar_t{c}; });
-  return GetRecordType(std::wstring_view(head, first.size()));
+  // Asked of every line: two digits or capitals, as nearly all have, need no parser.
+  const std::string_view head = bytes.substr(0, 2);
+  if (head.size() == 2 && DcHead::IsDigit(head[0]) && DcHead::IsDigit(head[1])) {
+    return DcHead::Digit(head[0]) * 36 + DcHead::Digit(head[1]);
+  }
+  return ToInteger(head, 36);
 }
 
-int CDcFile::GetRecordSubtype(std::wstring_view line) {
-  const auto* found = std::find(std::begin(kSubtypes), std::end(kSubtypes), SubtypeOf(line));
+int CDcFile::GetRecordSubtype(const DcLine& line) {
+  std::wstring subtype;
+  line.GetText(line.Columns(2, 2), subtype);
+  const auto* found = std::find(std::begin(kSubtypes), std::end(kSubtypes), subtype);
   return static_cast<int>(found - std::begin(kSubtypes));
 }
 
@@ -62,14 +54,16 @@ std::wstring_view CDcFile::GetSubtypeString(int index) {
   return kSubtypes[index];
 }
 
-bool CDcFile::IsBlank(std::wstring_view line) {
-  return std::all_of(line.begin(), line.end(), [](wchar_t c) { return c == L' ' || c == L'\t'; });
+bool CDcFile::IsBlank(const DcLine& line) {
+  const std::string_view columns = line.Columns();
+  return std::all_of(columns.begin(), columns.end(), [](char c) { return c == ' ' || c == '\t'; });
 }
 
-bool CDcFile::IsDeleted(std::wstring_view line) {
+bool CDcFile::IsDeleted(const DcLine& line) {
   // Asked of every line by every reader: two characters, without a call.
   constexpr std::wstring_view kDeleted = kSubtypes[kDcDeletedSubtype];
-  return line.size() >= 4 && line[2] == kDeleted[0] && line[3] == kDeleted[1];
+  const std::string_view subtype = line.Columns(2, 2);
+  return subtype.size() == 2 && subtype[0] == kDeleted[0] && subtype[1] == kDeleted[1];
 }
 
 }  // namespace zelconvert

@@ -2,7 +2,7 @@
 // data go through. CDcFile opens it, says what a line is, and reads and writes every record; it
 // keeps no record and decides nothing about the meaning of one.
 //
-//   std::wstring line;
+//   DcLine line;
 //   tDC_GRID_POSITIONRecord position;
 //   while (file.ReadLine(line)) {
 //     if (CDcFile::IsBlank(line) || CDcFile::IsDeleted(line)) continue;
@@ -21,6 +21,7 @@
 
 #include "convert/ConversionBase.h"
 #include "dc/CutNames.h"
+#include "dc/DcLine.h"
 #include "dc/DcRecords.h"
 #include "dc/RecordColumns.h"
 #include "io/CFileCE.h"
@@ -52,38 +53,47 @@ class CDcFile : public CFileCE {
   using CFileCE::Read;
   using CFileCE::Write;
 
-  // What a line is. ReadLine and WriteLine are those of CFileCE.
+  using CFileCE::ReadLine;
+  /// The next line (see CFileCE), good until the next call.
+  bool ReadLine(DcLine& line) {
+    std::string_view bytes;
+    const bool found = CFileCE::ReadLine(bytes);
+    line.Set(bytes);
+    return found;
+  }
+
+  // What a line is.
 
   /// The first two characters as a base-36 number in either case; 0 if they are none, such as "#x".
-  static std::int32_t GetRecordType(std::wstring_view line);
-  /// The same of a line that isn't decoded.
+  static std::int32_t GetRecordType(const DcLine& line) { return GetRecordType(line.Columns()); }
+  /// The same of a line as it stands in the file: what isn't ASCII ends a number in either form.
   static std::int32_t GetRecordType(std::string_view bytes);
   /// Index of columns 2 and 3 in the table of subtypes; 98 if unknown. Case matters.
-  static int GetRecordSubtype(std::wstring_view line);
+  static int GetRecordSubtype(const DcLine& line);
   /// `index` is below 98.
   static std::wstring_view GetSubtypeString(int index);
   /// Empty, or blanks and tabs alone: no record, passed over by every conversion.
-  [[nodiscard]] static bool IsBlank(std::wstring_view line);
+  [[nodiscard]] static bool IsBlank(const DcLine& line);
   /// Subtype "DL": skipped by every conversion before its type is looked at.
-  [[nodiscard]] static bool IsDeleted(std::wstring_view line);
+  [[nodiscard]] static bool IsDeleted(const DcLine& line);
 
   // Records. Their structures tell the columns; dc/records/Record.h what they have in common.
 
   /// Every field but those that a table names as constants is set. Throws ConversionFailure for a
   /// line that is shorter than the record's kShortestLine.
   template <DcRecordType R>
-  static void Read(std::wstring_view line, R& record);
+  static void Read(const DcLine& line, R& record);
 
   // Not used by any route: empty lines are passed over before, and no backsight is read.
 
   /// Of 66, 68 and 72: false for an empty line.
   template <DcRecordType R>
-  [[nodiscard]] static bool ReadUnlessEmpty(std::wstring_view line, R& record) {
-    if (!line.empty()) Read(line, record);
-    return !line.empty();
+  [[nodiscard]] static bool ReadUnlessEmpty(const DcLine& line, R& record) {
+    if (line.Size() > 0) Read(line, record);
+    return line.Size() > 0;
   }
   /// Sets the type alone.
-  static void Read(std::wstring_view /*line*/, tDC_BACKSIGHTRecord& record) {
+  static void Read(const DcLine& /*line*/, tDC_BACKSIGHTRecord& record) {
     record.type = record.kType;
   }
 
@@ -108,13 +118,13 @@ class CDcFile : public CFileCE {
 };
 
 template <DcRecordType R>
-void CDcFile::Read(std::wstring_view line, R& record) {
+void CDcFile::Read(const DcLine& line, R& record) {
   static_assert(Abut(kColumns<R>));
   if constexpr (requires { R::kShortestLine; }) {
-    if (line.size() < R::kShortestLine) throw ConversionFailure();
+    if (line.Size() < R::kShortestLine) throw ConversionFailure();
   }
   record.type = R::kType;
-  record.subtype.assign(Mid(line, 2, 2));
+  line.GetText(line.Columns(2, 2), record.subtype);
   ReadColumns(line, kColumns<R>, record);
 }
 

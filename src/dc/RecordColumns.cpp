@@ -37,8 +37,8 @@ std::wstring FormatDcNumber(double value, int decimals) {
   return text;
 }
 
-double ReadDcNumber(std::wstring_view field) {
-  const std::wstring_view text = Trim(field);
+double ReadDcNumber(std::string_view field) {
+  const std::string_view text = TrimLeft(field);
   return text.empty() ? DC_NULL : ToReal(text);
 }
 
@@ -48,12 +48,11 @@ wchar_t MethodCharacter(std::int32_t method) {
 
 namespace columns {
 
-void ReadText(std::wstring_view field, TextForm form, std::wstring& value) {
-  value.assign((form & kTrimmed) != 0 ? Trim(field) : field);
+void ReadText(const DcLine& line, std::string_view field, TextForm form, std::wstring& value) {
+  line.GetText((form & kTrimmed) != 0 ? Trim(field) : field, value);
 }
 
-std::int32_t ReadInteger(std::wstring_view field, IntegerForm form, Choice choice) {
-  const wchar_t first = field.empty() ? L'\0' : field.front();
+std::int32_t ReadInteger(std::string_view field, wchar_t first, IntegerForm form, Choice choice) {
   switch (form) {
     case IntegerForm::Truncated:
       return SaturateToInt32(ReadDcNumber(field));
@@ -67,7 +66,7 @@ std::int32_t ReadInteger(std::wstring_view field, IntegerForm form, Choice choic
   }
 }
 
-double ReadReal(std::wstring_view field, RealForm form) {
+double ReadReal(std::string_view field, RealForm form) {
   return form == RealForm::Nullable ? ReadDcNumber(field) : ToReal(field);
 }
 

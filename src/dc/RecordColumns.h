@@ -26,6 +26,7 @@
 #include <string_view>
 
 #include "dc/CutNames.h"
+#include "dc/DcLine.h"
 #include "io/Columns.h"
 #include "io/Numbers.h"
 #include "io/Strings.h"
@@ -168,16 +169,17 @@ void AppendDcNumber(std::string& line, double value, int decimals, int width = 1
 /// The same as text of its own; a null value is a single blank.
 std::wstring FormatDcNumber(double value, int decimals);
 /// A nullable number field: blank gives DC_NULL.
-double ReadDcNumber(std::wstring_view field);
+double ReadDcNumber(std::string_view field);
 /// The character of a method number: 1 to 9, ":" for 10, "1" for anything else.
 wchar_t MethodCharacter(std::int32_t method);
 
 namespace columns {
 
-/// One field of a line, as its form says. field: its columns, fewer where the line ends.
-void ReadText(std::wstring_view field, TextForm form, std::wstring& value);
-std::int32_t ReadInteger(std::wstring_view field, IntegerForm form, Choice choice);
-double ReadReal(std::wstring_view field, RealForm form);
+/// One field of a line, as its form says. field: its columns, fewer where the line ends; first: the
+/// first character of them, NUL if there is none.
+void ReadText(const DcLine& line, std::string_view field, TextForm form, std::wstring& value);
+std::int32_t ReadInteger(std::string_view field, wchar_t first, IntegerForm form, Choice choice);
+double ReadReal(std::string_view field, RealForm form);
 
 /// Appends `width` columns, in the 8-bit text of the file; a text that may stand in full, more.
 void WriteText(std::string& line, std::wstring_view value, TextForm form, int width, CutNames& cut);
@@ -189,20 +191,21 @@ void WriteCharacter(std::string& line, wchar_t value);
 
 /// Fills the members of `record` from `line`. table: an array of Column<R>.
 template <class Table, class R>
-void ReadColumns(std::wstring_view line, const Table& table, R& record) {
+void ReadColumns(const DcLine& line, const Table& table, R& record) {
   for (const Column<R>& c : table) {
-    const std::wstring_view field =
-        Mid(line, static_cast<std::size_t>(c.start), static_cast<std::size_t>(c.width));
+    const auto start = static_cast<std::size_t>(c.start);
+    const std::string_view field = line.Columns(start, static_cast<std::size_t>(c.width));
     if (c.member.kind == MemberKind::Text) {
-      columns::ReadText(field, c.text, record.*c.member.text);
+      columns::ReadText(line, field, c.text, record.*c.member.text);
     } else if (c.member.kind == MemberKind::Real) {
       record.*c.member.real = columns::ReadReal(field, c.real);
     } else if (c.member.kind == MemberKind::Integer) {
-      record.*c.member.integer = columns::ReadInteger(field, c.integer, c.choice);
+      record.*c.member.integer =
+          columns::ReadInteger(field, line.GetCharacter(start), c.integer, c.choice);
     } else if (c.member.kind == MemberKind::Character) {
-      record.*c.member.character = field.empty() ? L'\0' : field.front();
+      record.*c.member.character = line.GetCharacter(start);
     } else if (c.member.kind == MemberKind::Flag) {
-      record.*c.member.flag = field == L"1";
+      record.*c.member.flag = field == "1";
     }
   }
 }

@@ -108,8 +108,8 @@ class DcToIlj {
   enum Failure : bool { kGoesOn, kFatal };
   struct Row {
     std::wstring_view label;
-    Failure failure;                            // whether the run ends with one that has no form
-    bool (DcToIlj::*carry)(std::wstring_view);  // false for such a one
+    Failure failure;                        // whether the run ends with one that has no form
+    bool (DcToIlj::*carry)(const DcLine&);  // false for such a one
   };
 
   static const Row* FindRow(std::int32_t type) {
@@ -153,13 +153,13 @@ class DcToIlj {
   /// Reads a record from its line and carries it over. Records of which a file has many are kept
   /// for their memory.
   template <class Record>
-  bool Carry(std::wstring_view line) {
+  bool Carry(const DcLine& line) {
     Record record;
     CDcFile::Read(line, record);
     return CarryRecord(record);
   }
   template <auto kept>
-  bool Carry(std::wstring_view line) {
+  bool Carry(const DcLine& line) {
     CDcFile::Read(line, this->*kept);
     return CarryRecord(this->*kept);
   }
@@ -414,7 +414,7 @@ class DcToIlj {
   std::optional<tDC_HEADERRecord> m_header;
 
   // Memory that is used again for every line.
-  std::wstring m_line;
+  DcLine m_line;
   std::wstring m_text;
   tDC_NOTERecord m_note;
   tDC_GPS_POSITIONRecord m_gpsPosition;

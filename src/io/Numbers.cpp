@@ -26,34 +26,38 @@ struct RealShape {
   std::size_t end = 0;    // after the longest valid prefix; equal to `first` without a digit
   bool negative = false;
   bool hasExponent = false;
-  std::uint64_t mantissa = 0;  // the first digits, without the point
+  std::uint64_t mantissa = 0;  // the digits without the point, modulo 2^64
   std::size_t digits = 0;
   std::size_t decimals = 0;
 };
 
 // Steps over digits and takes them into the mantissa.
-std::size_t TakeDigits(std::wstring_view text, std::size_t at, RealShape& shape) {
+template <class View>
+std::size_t TakeDigits(View text, std::size_t at, RealShape& shape) {
+  const std::size_t first = at;
   std::uint64_t mantissa = shape.mantissa;
-  std::size_t digits = shape.digits;
   for (; at < text.size() && IsDigit(text[at]); ++at) {
-    if (++digits <= kMostDigits) mantissa = mantissa * 10 + static_cast<unsigned>(text[at] - L'0');
+    mantissa = mantissa * 10 + static_cast<unsigned>(text[at] - L'0');
   }
   shape.mantissa = mantissa;
-  shape.digits = digits;
+  shape.digits += at - first;
   return at;
 }
 
-std::size_t SkipSpace(std::wstring_view text) {
+template <class View>
+std::size_t SkipSpace(View text) {
   return static_cast<std::size_t>(text.size() - TrimLeft(text).size());
 }
 
 // Steps over a sign and says whether it was a minus.
-bool TakeSign(std::wstring_view text, std::size_t& at) {
+template <class View>
+bool TakeSign(View text, std::size_t& at) {
   if (at >= text.size() || (text[at] != L'+' && text[at] != L'-')) return false;
   return text[at++] == L'-';
 }
 
-RealShape FindReal(std::wstring_view text) {
+template <class View>
+RealShape FindReal(View text) {
   RealShape shape;
   std::size_t at = SkipSpace(text);
   shape.negative = TakeSign(text, at);
@@ -116,8 +120,10 @@ bool IsTooLarge(std::string_view number) {
   return point - first + exponent > 0;
 }
 
-// `number` has no sign and is valid to its end.
-double ConvertReal(std::wstring_view number, bool& overflow) {
+// `number` has no sign and is valid to its end. Kept out of its callers, which hardly ever call it
+// and would have to make room for its digits.
+template <class View>
+[[gnu::noinline]] double ConvertReal(View number, bool& overflow) {
   char onStack[128];
   std::string onHeap;  // only for numbers that no instrument writes
   char* narrow = onStack;
@@ -125,8 +131,7 @@ double ConvertReal(std::wstring_view number, bool& overflow) {
     onHeap.resize(number.size());
     narrow = onHeap.data();
   }
-  std::transform(number.begin(), number.end(), narrow,
-                 [](wchar_t c) { return static_cast<char>(c); });
+  std::transform(number.begin(), number.end(), narrow, [](auto c) { return static_cast<char>(c); });
   const std::string_view digits(narrow, number.size());
   double value = 0;
   if (!platform::ParseDecimal(digits, value)) value = IsTooLarge(digits) ? HUGE_VAL : 0.0;
@@ -261,9 +266,8 @@ void WithInteger(std::int64_t value, Use use) {
   use(std::string_view(digits, static_cast<std::size_t>(result.ptr - digits)));
 }
 
-}  // namespace
-
-ParsedReal ParseReal(std::wstring_view text) {
+template <class View>
+ParsedReal RealIn(View text) {
   const RealShape shape = FindReal(text);
   ParsedReal parsed;
   if (shape.end == shape.first) return parsed;
@@ -276,7 +280,8 @@ ParsedReal ParseReal(std::wstring_view text) {
   return parsed;
 }
 
-ParsedInteger ParseInteger(std::wstring_view text, int base) {
+template <class View>
+ParsedInteger IntegerIn(View text, int base) {
   constexpr auto kMax = static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
   constexpr std::size_t kAlwaysFit = 12;  // digits of any base
   std::size_t at = SkipSpace(text);
@@ -296,14 +301,33 @@ ParsedInteger ParseInteger(std::wstring_view text, int base) {
   return {negative ? -magnitude : magnitude, at};
 }
 
+std::int32_t Saturated(std::int64_t value) {
+  using Limits = std::numeric_limits<std::int32_t>;
+  return static_cast<std::int32_t>(std::clamp<std::int64_t>(value, Limits::min(), Limits::max()));
+}
+
+}  // namespace
+
+ParsedReal ParseReal(std::wstring_view text) {
+  return RealIn(text);
+}
+
+ParsedInteger ParseInteger(std::wstring_view text, int base) {
+  return IntegerIn(text, base);
+}
+
 double ToReal(std::wstring_view text) {
-  return ParseReal(text).value;
+  return RealIn(text).value;
+}
+double ToReal(std::string_view text) {
+  return RealIn(text).value;
 }
 
 std::int32_t ToInteger(std::wstring_view text, int base) {
-  using Limits = std::numeric_limits<std::int32_t>;
-  const std::int64_t value = ParseInteger(text, base).value;
-  return static_cast<std::int32_t>(std::clamp<std::int64_t>(value, Limits::min(), Limits::max()));
+  return Saturated(IntegerIn(text, base).value);
+}
+std::int32_t ToInteger(std::string_view text, int base) {
+  return Saturated(IntegerIn(text, base).value);
 }
 
 void AppendFixed(std::wstring& out, double value, int decimals, std::size_t width) {
@@ -321,6 +345,7 @@ void AppendFixed(std::string& out, double value, int decimals, std::size_t width
 }
 
 void AppendInteger(std::wstring& out, std::int64_t value) {
+  if (value >= 0 && value <= 9) return out.push_back(static_cast<wchar_t>(L'0' + value));
   WithInteger(value, [&](std::string_view digits) { AppendAscii(out, digits); });
 }
 
@@ -329,8 +354,9 @@ void AppendInteger(std::string& out, std::int64_t value) {
 }
 
 void AppendTwoDigits(std::wstring& out, int value) {
-  out.push_back(static_cast<wchar_t>(L'0' + value / 10));
-  out.push_back(static_cast<wchar_t>(L'0' + value % 10));
+  const wchar_t digits[] = {static_cast<wchar_t>(L'0' + value / 10),
+                            static_cast<wchar_t>(L'0' + value % 10)};
+  out.append(digits, 2);
 }
 
 std::wstring FormatFixed(double value, int decimals) {

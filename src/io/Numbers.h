@@ -28,8 +28,10 @@ ParsedInteger ParseInteger(std::wstring_view text, int base = 10);
 
 /// The number at the start of a text, 0 if there is none.
 double ToReal(std::wstring_view text);
+double ToReal(std::string_view text);
 /// Likewise, saturated to 32 bits.
 std::int32_t ToInteger(std::wstring_view text, int base = 10);
+std::int32_t ToInteger(std::string_view text, int base = 10);
 
 /// Appends what printf("%*.*f") gives, all digits of a large value included: right-justified in
 /// `width`, longer if it has to be.

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <span>
 #include <string>
 #include <string_view>
@@ -28,16 +30,28 @@ constexpr bool IsAsciiAlnum(wchar_t c) {
   return IsDigit(c) || (c >= L'A' && c <= L'Z') || (c >= L'a' && c <= L'z');
 }
 
-/// Without the white space at its start, its end, or both.
-constexpr std::wstring_view TrimLeft(std::wstring_view text) {
+/// Without the white space at its start, its end, or both. Half of a line in columns is blanks: in
+/// 8-bit text four of them are one comparison.
+template <class C>
+constexpr std::basic_string_view<C> TrimLeft(std::basic_string_view<C> text) {
+  if constexpr (sizeof(C) == 1) {
+    while (text.starts_with("    ")) text.remove_prefix(4);
+  }
   while (!text.empty() && IsSpace(text.front())) text.remove_prefix(1);
   return text;
 }
-constexpr std::wstring_view TrimRight(std::wstring_view text) {
+template <class C>
+constexpr std::basic_string_view<C> TrimRight(std::basic_string_view<C> text) {
+  if constexpr (sizeof(C) == 1) {
+    while (text.ends_with("    ")) text.remove_suffix(4);
+  }
   while (!text.empty() && IsSpace(text.back())) text.remove_suffix(1);
   return text;
 }
 constexpr std::wstring_view Trim(std::wstring_view text) {
+  return TrimLeft(TrimRight(text));
+}
+constexpr std::string_view Trim(std::string_view text) {
   return TrimLeft(TrimRight(text));
 }
 
@@ -54,6 +68,10 @@ constexpr std::wstring_view Mid(std::wstring_view text, std::size_t start,
                                 std::size_t count = std::wstring_view::npos) {
   return start >= text.size() ? std::wstring_view() : text.substr(start, count);
 }
+/// The same; the empty one stands at the end of `text`.
+constexpr std::string_view Mid(std::string_view text, std::size_t start, std::size_t count) {
+  return start >= text.size() ? text.substr(text.size()) : text.substr(start, count);
+}
 
 /// A to Z as a to z; every other character as it is.
 constexpr wchar_t FoldAscii(wchar_t c) {
@@ -66,6 +84,18 @@ constexpr bool EqualsIgnoringCase(std::wstring_view a, std::wstring_view b) {
     if (FoldAscii(a[i]) != FoldAscii(b[i])) return false;
   }
   return true;
+}
+
+/// How many bytes of ASCII a text begins with.
+inline std::size_t AsciiPrefix(std::string_view text) {
+  constexpr std::uint64_t kHighBits = 0x8080808080808080;
+  std::size_t at = 0;
+  for (std::uint64_t word = 0; text.size() - at >= sizeof word; at += sizeof word) {
+    std::memcpy(&word, text.data() + at, sizeof word);
+    if ((word & kHighBits) != 0) break;
+  }
+  while (at < text.size() && static_cast<unsigned char>(text[at]) < 0x80) ++at;
+  return at;
 }
 
 /// For digits and keywords: each byte is a character of its own.

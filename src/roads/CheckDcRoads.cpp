@@ -23,9 +23,9 @@ class RoadCheck {
     return m_isRoadOpen || type == tDC_ROAD_HEADERRecord::kType || type == tDC_HEADERRecord::kType;
   }
 
-  void Line(std::int32_t type, std::wstring_view line) {
+  void Line(std::int32_t type, const DcLine& line) {
     if (type == tDC_ROAD_HEADERRecord::kType) return BeginRoad(line);
-    if (type == tDC_HEADERRecord::kType && line.size() < tDC_HEADERRecord::kShortestLine) {
+    if (type == tDC_HEADERRecord::kType && line.Size() < tDC_HEADERRecord::kShortestLine) {
       m_foundAnything = true;
     }
     if (!m_isRoadOpen || m_road.isBad) return;
@@ -46,7 +46,7 @@ class RoadCheck {
   bool FoundAnything() const { return m_foundAnything; }
 
  private:
-  using Handler = void (RoadCheck::*)(std::wstring_view line);
+  using Handler = void (RoadCheck::*)(const DcLine& line);
 
   static const Handler* FindHandler(std::int32_t type) {
     using Self = RoadCheck;
@@ -66,13 +66,13 @@ class RoadCheck {
   }
 
   template <class Record>
-  void On(std::wstring_view line) {
+  void On(const DcLine& line) {
     Check(m_records.Read<Record>(line));
   }
-  void OnVerticalCircular(std::wstring_view) { Refuse(road_texts::kVerticalCircular); }
-  void OnVerticalAsymmetric(std::wstring_view) { Refuse(road_texts::kVerticalAsymmetric); }
+  void OnVerticalCircular(const DcLine&) { Refuse(road_texts::kVerticalCircular); }
+  void OnVerticalAsymmetric(const DcLine&) { Refuse(road_texts::kVerticalAsymmetric); }
 
-  void OnTemplate(std::wstring_view) {
+  void OnTemplate(const DcLine&) {
     if (m_road.hasTemplate) CheckEndOfTemplate();
     m_road.hasTemplate = true;
     m_road.current = {};
@@ -127,7 +127,7 @@ class RoadCheck {
     }
   }
 
-  void BeginRoad(std::wstring_view line) {
+  void BeginRoad(const DcLine& line) {
     EndRoad();
     m_foundAnything = true;
     m_isRoadOpen = true;
@@ -182,12 +182,12 @@ std::wstring FormatRoadFailure(const std::wstring& roadName) {
 
 bool CheckDcRoads(CDcFile& file, RoadNames& badRoads, MessageList& messages) {
   RoadCheck check(badRoads, messages);
-  std::wstring line;
+  DcLine line;
   file.Rewind();
   for (std::string_view bytes; file.ReadLine(bytes);) {
     const std::int32_t type = CDcFile::GetRecordType(bytes);
     if (!check.Wants(type)) continue;
-    file.Widen(line, bytes);
+    line.Set(bytes);
     if (!CDcFile::IsDeleted(line)) check.Line(type, line);
   }
   check.EndRoad();

@@ -45,7 +45,7 @@ class RoadConversion {
 
  private:
   struct Row {
-    bool (RoadConversion::*handle)(std::wstring_view line);  // false if the run has failed
+    bool (RoadConversion::*handle)(const DcLine& line);  // false if the run has failed
     bool isOfRoad;  // handled within a road that is converted, others wherever they stand
   };
 
@@ -82,7 +82,7 @@ class RoadConversion {
   }
 
   bool ConvertLines() {
-    std::wstring line;
+    DcLine line;
     m_file.Rewind();
     while (m_file.ReadLine(line)) {
       if (!ConvertLine(line)) return false;
@@ -90,7 +90,7 @@ class RoadConversion {
     return FinishRoad();
   }
 
-  bool ConvertLine(std::wstring_view line) {
+  bool ConvertLine(const DcLine& line) {
     if (CDcFile::IsBlank(line) || CDcFile::IsDeleted(line)) return true;
     const Row* row = FindRow(CDcFile::GetRecordType(line));
     if (row == nullptr || (row->isOfRoad && !m_road)) return true;
@@ -101,7 +101,7 @@ class RoadConversion {
   /// A road that fails on the way is listed all the same, and its record 84 may be still to come.
   /// Always false: the run has failed.
   bool TakeStartOfFailedRoad() {
-    std::wstring line;
+    DcLine line;
     while (m_file.ReadLine(line)) {
       if (CDcFile::IsBlank(line) || CDcFile::IsDeleted(line)) continue;
       const std::int32_t type = CDcFile::GetRecordType(line);
@@ -122,7 +122,7 @@ class RoadConversion {
 
   /// Lengths need no unit: road files are in that of the DC file. Mils and unknown units of angle
   /// leave the one before.
-  bool OnHeader(std::wstring_view line) {
+  bool OnHeader(const DcLine& line) {
     tDC_HEADERRecord header;
     CDcFile::Read(line, header);
     m_settings.iNEZOrder = header.coordinateOrder;
@@ -131,14 +131,14 @@ class RoadConversion {
   }
 
   template <class Cogo>
-  bool OnCogo(std::wstring_view line) {
+  bool OnCogo(const DcLine& line) {
     Cogo cogo;
     CDcFile::Read(line, cogo);
     m_settings.azmDir = cogo.azimuthOrigin == 2 ? AzimuthOrigin::South : AzimuthOrigin::North;
     return true;
   }
 
-  bool OnRoad(std::wstring_view line) {
+  bool OnRoad(const DcLine& line) {
     if (!FinishRoad()) return false;
     const std::wstring& name = m_records.Read<tDC_ROAD_HEADERRecord>(line).name;
     return m_badRoads.Find(name) || BeginRoad(name);
@@ -175,7 +175,7 @@ class RoadConversion {
     return true;
   }
 
-  bool OnHorizontalStart(std::wstring_view line) {
+  bool OnHorizontalStart(const DcLine& line) {
     const auto& record = m_records.Read<tDC_ROAD_HALRecord>(line);
     m_road->alignment.Add(record);
     const AlignmentPoint start = m_road->alignment.PointOf(record.coord1, record.coord2);
@@ -187,11 +187,11 @@ class RoadConversion {
     return true;
   }
 
-  bool OnTemplate(std::wstring_view line) {
+  bool OnTemplate(const DcLine& line) {
     return m_road->templates.Begin(m_records.Read<tDC_ROAD_TEMPLATERecord>(line));
   }
 
-  bool OnApplySuper(std::wstring_view line) {
+  bool OnApplySuper(const DcLine& line) {
     const auto& record = m_records.Read<tDC_ROAD_APPLYSUPERRecord>(line);
     const CRoadAlignment& alignment = m_road->alignment;
     if (record.station < alignment.GetStartStation() - kSameStation ||
@@ -204,7 +204,7 @@ class RoadConversion {
 
   /// For records that a part of the road, its alignment or its templates, only has to hear of.
   template <class Record, auto part>
-  bool On(std::wstring_view line) {
+  bool On(const DcLine& line) {
     ((*m_road).*part).Add(m_records.Read<Record>(line));
     return true;
   }

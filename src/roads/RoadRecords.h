@@ -308,7 +308,7 @@ using RoadRecordSet =
 class CRoadRecords {
  public:
   template <class R>
-  const R& Read(std::wstring_view line) {
+  const R& Read(const DcLine& line) {
     R& record = std::get<R>(m_records);
     CDcFile::Read(line, record);
     return record;

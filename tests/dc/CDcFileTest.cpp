@@ -62,7 +62,7 @@ RecordKind KindOf() {
   };
   kind.read = [](std::wstring_view line, const RecordKind::Fill& fill) {
     R record;
-    CDcFile::Read(line, record);
+    CDcFile::Read(DcLine(ToNarrow(line)), record);
     fill(record.subtype, FieldsOf(record));
     return record.type - R::kType;
   };
@@ -227,8 +227,8 @@ TEST(DcReaders, Header) {
               L"FX V10-70       |12|03-13-2026 14:15|" + std::wstring(fields));
   }
   tDC_HEADERRecord record;
-  EXPECT_THROW(CDcFile::Read(front + L"1111", record), ConversionFailure);
-  EXPECT_THROW(CDcFile::Read(L"", record), ConversionFailure);
+  EXPECT_THROW(CDcFile::Read(DcLine(ToNarrow(front + L"1111")), record), ConversionFailure);
+  EXPECT_THROW(CDcFile::Read(DcLine(), record), ConversionFailure);
 }
 
 TEST(DcReaders, EmptyLines) {
@@ -236,13 +236,13 @@ TEST(DcReaders, EmptyLines) {
   tDC_LOCAL_POSITIONRecord local;
   tDC_POST_PROCESSRecord process;
   tDC_NOTERecord note;
-  EXPECT_FALSE(CDcFile::ReadUnlessEmpty(L"", gps));
-  EXPECT_FALSE(CDcFile::ReadUnlessEmpty(L"", local));
-  EXPECT_FALSE(CDcFile::ReadUnlessEmpty(L"", process));
-  CDcFile::Read(L"", note);
+  EXPECT_FALSE(CDcFile::ReadUnlessEmpty(DcLine(), gps));
+  EXPECT_FALSE(CDcFile::ReadUnlessEmpty(DcLine(), local));
+  EXPECT_FALSE(CDcFile::ReadUnlessEmpty(DcLine(), process));
+  CDcFile::Read(DcLine(), note);
   EXPECT_EQ(note.subtype, L"");
   tDC_BACKSIGHTRecord backsight;
-  CDcFile::Read(L"07XX            from", backsight);
+  CDcFile::Read(DcLine("07XX            from"), backsight);
   EXPECT_EQ(backsight.from, L"");
 }
 
@@ -250,26 +250,28 @@ TEST(DcReaders, EmptyLines) {
 
 TEST(DcLines, TypesAndSubtypes) {
   struct Case {
-    const wchar_t* line;
+    const char* text;
     int type, subtype;
     bool deleted, blank;
   };
-  for (const auto& [line, type, subtype, deleted, blank] :
-       {Case{L"69KI", 225, 46, false, false}, Case{L"c8DL", 440, 25, true, false},
-        Case{L"C8dl", 440, 98, false, false}, Case{L"69DX", 225, 98, false, false},
-        Case{L"Z91X", 35 * 36 + 9, 0, false, false}, Case{L"00XD", 0, 97, false, false},
-        Case{L"#xLR", 0, 51, false, false}, Case{L"-1LQ", -1, 52, false, false},
-        Case{L" 7NM", 7, 62, false, false}, Case{L"7", 7, 98, false, false},
-        Case{L"10N", 36, 98, false, false}, Case{L"", 0, 98, false, true},
-        Case{L"     ", 0, 98, false, true}, Case{L" \t", 0, 98, false, true}}) {
-    SCOPED_TRACE(testing::PrintToString(line));
+  for (const auto& [text, type, subtype, deleted, blank] :
+       {Case{"69KI", 225, 46, false, false}, Case{"c8DL", 440, 25, true, false},
+        Case{"C8dl", 440, 98, false, false}, Case{"69DX", 225, 98, false, false},
+        Case{"Z91X", 35 * 36 + 9, 0, false, false}, Case{"00XD", 0, 97, false, false},
+        Case{"#xLR", 0, 51, false, false}, Case{"-1LQ", -1, 52, false, false},
+        Case{" 7NM", 7, 62, false, false}, Case{"7", 7, 98, false, false},
+        Case{"10N", 36, 98, false, false}, Case{"", 0, 98, false, true},
+        Case{"     ", 0, 98, false, true}, Case{" \t", 0, 98, false, true}}) {
+    SCOPED_TRACE(testing::PrintToString(text));
+    const DcLine line(text);
     EXPECT_EQ(CDcFile::GetRecordType(line), type);
     EXPECT_EQ(CDcFile::GetRecordSubtype(line), subtype);
     EXPECT_EQ(CDcFile::IsDeleted(line), deleted);
     EXPECT_EQ(CDcFile::IsBlank(line), blank);
   }
   for (int i = 0; i < kDcSubtypeCount; ++i) {
-    EXPECT_EQ(CDcFile::GetRecordSubtype(L"69" + std::wstring(CDcFile::GetSubtypeString(i))), i);
+    const std::string text = "69" + ToNarrow(CDcFile::GetSubtypeString(i));
+    EXPECT_EQ(CDcFile::GetRecordSubtype(DcLine(text)), i);
   }
 }
 
