@@ -16,8 +16,18 @@ std::wstring_view TakeField(std::wstring_view& rest) {
   return taken;
 }
 
-IljFieldType TypeOf(std::wstring_view tag) {
-  return static_cast<IljFieldType>(kIljFieldMap.GetType(tag));
+// Letters that the tag of a date or a time begins with: most fields need no look at the rest.
+constexpr auto kMomentLetters = [] {
+  std::array<bool, 0x80> letters = {};
+  for (const IljFieldLayout& field : ilj::kFields) {
+    if (IsMoment(field.form.kind)) letters[static_cast<std::size_t>(field.tag.text[0])] = true;
+  }
+  return letters;
+}();
+
+bool BeginsMoment(std::wstring_view field) {
+  const auto letter = field.empty() ? 0 : static_cast<std::size_t>(field.front());
+  return letter < kMomentLetters.size() && kMomentLetters[letter];
 }
 
 }  // namespace
@@ -35,6 +45,7 @@ bool ilj::IsWholePoint(const CMoskoJobRecord& point) {
 void CMoskoJobRecord::Restart(IljRecordType type) {
   if (type == m_recordType) return ClearFields();
   m_recordType = type;
+  m_nextPlace = 0;
   const IljFieldList& fields = Layout().fields;
   for (std::size_t i = 0; i < fields.Size(); ++i) m_fields[i].Restart(fields.Type(i));
 }
@@ -71,12 +82,29 @@ bool CMoskoJobRecord::IsValid() const {
   return layout.rule == nullptr || layout.rule(*this);
 }
 
+// Fields mostly stand in the record's order: the one after the last that was found is tried first.
+int CMoskoJobRecord::FindPlace(std::wstring_view text) {
+  const IljRecordLayout& layout = Layout();
+  if (layout.fields.Size() == 0) return -1;
+  const IljTag& next = IljLayoutOf(layout.fields.Type(m_nextPlace)).tag;
+  auto place = static_cast<int>(m_nextPlace);
+  constexpr std::size_t kHead = kIljFieldTagLength + 1;
+  if (text.size() < kHead || !std::equal(next.text, next.text + kHead, text.begin())) {
+    if (text.size() > kIljFieldTagLength && text[kIljFieldTagLength] != L':') return -1;
+    const std::int32_t type = kIljFieldMap.GetType(Left(text, kIljFieldTagLength));
+    place = layout.Find(static_cast<IljFieldType>(type));
+    if (place < 0) return -1;
+  }
+  m_nextPlace = static_cast<std::size_t>(place) + 1;
+  if (m_nextPlace == layout.fields.Size()) m_nextPlace = 0;
+  return place;
+}
+
 bool CMoskoJobRecord::ParseField(std::wstring_view text, bool momentsAlone) {
-  if (text.size() > kIljFieldTagLength && text[kIljFieldTagLength] != L':') return false;
-  const IljFieldType type = TypeOf(Left(text, kIljFieldTagLength));
-  if (momentsAlone && !IsMoment(IljLayoutOf(type).form.kind)) return false;
-  CMoskoJobRecordField* field = GetField(Layout().Find(type));
+  CMoskoJobRecordField* field = GetField(FindPlace(text));
   if (field == nullptr) return false;
+  const IljFieldType type = field->GetType();
+  if (momentsAlone && !IsMoment(IljLayoutOf(type).form.kind)) return false;
   field->SetText(Mid(text, kIljFieldTagLength + 1));
   return true;
 }
@@ -88,7 +116,10 @@ bool CMoskoJobRecord::ParseText(std::wstring_view text) {
 }
 
 void CMoskoJobRecord::ParseMoments(std::wstring_view text) {
-  while (!text.empty()) ParseField(TakeField(text), true);
+  while (!text.empty()) {
+    const std::wstring_view field = TakeField(text);
+    if (BeginsMoment(field)) ParseField(field, true);
+  }
 }
 
 void CMoskoJobRecord::AppendText(std::wstring& line) const {

@@ -248,6 +248,7 @@ class CMoskoJobRecord {
   friend class IljRecord;
 
   const IljRecordLayout& Layout() const { return IljLayoutOf(m_recordType); }
+  int FindPlace(std::wstring_view text);
   const CMoskoJobRecordField* Find(IljFieldType type) const {
     return GetField(Layout().Find(type));
   }
@@ -265,6 +266,7 @@ class CMoskoJobRecord {
   static constexpr std::size_t kDate = 0, kTime = 1;  // every record begins with these
 
   IljRecordType m_recordType = IljRecordType::None;
+  std::size_t m_nextPlace = 0;  // where the next field to be read is expected
   std::array<CMoskoJobRecordField, IljFieldList::kMaxSize> m_fields;  // as many as the type has
 };
 

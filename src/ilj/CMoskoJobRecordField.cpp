@@ -16,9 +16,19 @@ struct Parts {
   int first, next, last;
 };
 
+// At most four characters, digits in every file that isn't damaged.
+int ParsePart(std::wstring_view text) {
+  int value = 0;
+  for (const wchar_t c : text) {
+    if (!IsDigit(c)) return ToInteger(text);
+    value = value * 10 + (c - L'0');
+  }
+  return value;
+}
+
 Parts SplitDigits(std::wstring_view text, std::size_t firstWidth) {
-  return {ToInteger(Left(text, firstWidth)), ToInteger(Mid(text, firstWidth, 2)),
-          ToInteger(Right(text, 2))};
+  return {ParsePart(Left(text, firstWidth)), ParsePart(Mid(text, firstWidth, 2)),
+          ParsePart(Right(text, 2))};
 }
 
 void RequireRange(int value, int low, int high) {

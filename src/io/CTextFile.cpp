@@ -43,8 +43,7 @@ bool IsAscii(char byte) {
 
 void AppendDecodedUtf8(std::wstring& out, std::string_view bytes) {
   while (!bytes.empty()) {
-    const auto plainEnd = std::find_if_not(bytes.begin(), bytes.end(), IsAscii);
-    const auto plain = static_cast<std::size_t>(plainEnd - bytes.begin());
+    const std::size_t plain = AsciiPrefix(bytes);
     AppendAscii(out, bytes.substr(0, plain));
     bytes.remove_prefix(plain);
     if (bytes.empty()) return;
