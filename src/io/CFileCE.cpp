@@ -181,8 +181,10 @@ std::optional<std::size_t> CFileCE::ReadPlatform(void* buffer, std::size_t count
   return got;
 }
 
-// False if the system failed; at the end of the file the buffer stays empty.
+// False if the system failed; at the end of the file nothing is left in the buffer. One that the
+// file didn't fill ends with it, and stays for a reader that goes back.
 bool CFileCE::FillBuffer() {
+  if (m_nBufferPos > 0 && m_nBufferPos < m_nBufferSize) return true;
   const auto got = ReadPlatform(m_pBuffer.get(), m_nBufferSize);
   m_nBufferPos = 0;
   m_nBufferLeft = got.value_or(0);
@@ -197,6 +199,9 @@ std::int64_t CFileCE::FindEndMark(std::size_t characterSize, bool bBigEndian) {
   const std::int64_t position = GetPosition();
   const auto size = static_cast<std::int64_t>(characterSize);
   std::int64_t mark = kNoEndMark;
+  // What fits the buffer is read once.
+  const bool isSmall = GetLength() <= static_cast<std::int64_t>(m_nBufferSize);
+  if (isSmall && IsOpen() && m_strHeldBack.empty() && m_nBufferLeft == 0) FillBuffer();
   bool isText = false;
   for (std::int64_t end = GetLength() / size * size, start = 0; end > 0 && !isText; end = start) {
     start = std::max<std::int64_t>(end - kBlock, 0);
