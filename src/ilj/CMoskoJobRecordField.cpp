@@ -54,18 +54,26 @@ std::int64_t ParseTime(std::wstring_view text) {
   return CivilSeconds(1970, 1, 2, hour, minute, second);
 }
 
+// Numbers from 0 to 99, two digits each.
+template <std::size_t count>
+void AppendPairs(std::wstring& line, const int (&numbers)[count]) {
+  wchar_t digits[2 * count];
+  for (std::size_t i = 0; i < count; ++i) {
+    digits[2 * i] = static_cast<wchar_t>(L'0' + numbers[i] / 10);
+    digits[2 * i + 1] = static_cast<wchar_t>(L'0' + numbers[i] % 10);
+  }
+  line.append(digits, 2 * count);
+}
+
 void AppendDate(std::wstring& line, std::int64_t moment) {
   const CivilTime time = ToCivilTime(moment);
   AppendInteger(line, time.year);
-  AppendTwoDigits(line, static_cast<int>(time.month));
-  AppendTwoDigits(line, static_cast<int>(time.day));
+  AppendPairs(line, {static_cast<int>(time.month), static_cast<int>(time.day)});
 }
 
 void AppendTime(std::wstring& line, std::int64_t moment) {
   const CivilTime time = ToCivilTime(moment);
-  AppendTwoDigits(line, time.hour);
-  AppendTwoDigits(line, time.minute);
-  AppendTwoDigits(line, time.second);
+  AppendPairs(line, {time.hour, time.minute, time.second});
 }
 
 // The integer part of the number at the start of a text; the smallest integer if it is too large.

@@ -36,8 +36,10 @@ template <class View>
 std::size_t TakeDigits(View text, std::size_t at, RealShape& shape) {
   const std::size_t first = at;
   std::uint64_t mantissa = shape.mantissa;
-  for (; at < text.size() && IsDigit(text[at]); ++at) {
-    mantissa = mantissa * 10 + static_cast<unsigned>(text[at] - L'0');
+  for (; at < text.size(); ++at) {
+    const std::uint32_t digit = static_cast<std::uint32_t>(text[at]) - std::uint32_t{'0'};
+    if (digit > 9) break;
+    mantissa = mantissa * 10 + digit;
   }
   shape.mantissa = mantissa;
   shape.digits += at - first;
@@ -354,9 +356,8 @@ void AppendInteger(std::string& out, std::int64_t value) {
 }
 
 void AppendTwoDigits(std::wstring& out, int value) {
-  const wchar_t digits[] = {static_cast<wchar_t>(L'0' + value / 10),
-                            static_cast<wchar_t>(L'0' + value % 10)};
-  out.append(digits, 2);
+  out.push_back(static_cast<wchar_t>(L'0' + value / 10));
+  out.push_back(static_cast<wchar_t>(L'0' + value % 10));
 }
 
 std::wstring FormatFixed(double value, int decimals) {

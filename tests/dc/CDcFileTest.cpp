@@ -241,6 +241,9 @@ TEST(DcReaders, EmptyLines) {
   EXPECT_FALSE(CDcFile::ReadUnlessEmpty(DcLine(), process));
   CDcFile::Read(DcLine(), note);
   EXPECT_EQ(note.subtype, L"");
+  tDC_GRID_POSITIONRecord position;
+  CDcFile::Read(DcLine("69KI          caf\xE9"), position);
+  EXPECT_EQ(position.name + L'|' + position.code, L"          caf\u00e9|");
   tDC_BACKSIGHTRecord backsight;
   CDcFile::Read(DcLine("07XX            from"), backsight);
   EXPECT_EQ(backsight.from, L"");
