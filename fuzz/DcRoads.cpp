@@ -14,7 +14,7 @@ void Convert(const std::wstring& input) {
   std::vector<ROAD_HEADER> roads;
   try {
     const bool converted = ConvertDcRoads(file, report, roads, MemoryFiles::Path({}));
-    Require(converted || report.beside.empty());
+    Require(converted || report.beside.size() == 0);
   } catch (const ConversionFailure&) {  // a header line that is too short
   }
   Require(MemoryFiles::Names().size() == 1 + report.beside.size());

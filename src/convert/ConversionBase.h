@@ -34,11 +34,32 @@ class MessageList : public StringList {
   std::size_t m_characters = 0;  // of the warnings
 };
 
+/// Files made beside the output, all in one folder. As many may come of an input as it has lines,
+/// so each takes a few bytes.
+class FilesBeside {
+ public:
+  /// Before the first file. folder: with a separator at its end.
+  void SetFolder(std::wstring_view folder);
+  /// The path of a new file, which is in the list from here on. name: ASCII.
+  const std::wstring& Add(std::wstring_view name);
+  /// Takes the file away from the list that came last.
+  void DropLast();
+  std::size_t size() const { return m_count; }
+  /// Deletes the files and forgets them.
+  void Remove() noexcept;
+
+ private:
+  std::wstring m_path;  // the folder, then a name; has room for any that came
+  std::size_t m_folderLength = 0;
+  std::string m_names;  // a zero after each
+  std::size_t m_count = 0;
+};
+
 /// What a run tells its host.
 struct Report {
   StringList files;      ///< the paths of the files made
   MessageList messages;  ///< warnings and errors, in the order they arose
-  StringList beside;     ///< files made beside the output, which no host is told of: those of roads
+  FilesBeside beside;    ///< which no host is told of: the files of roads
 
   /// Says why a run ends, and is false.
   bool Refuse(std::wstring_view text) {
@@ -101,6 +122,9 @@ class CConvRawFile {
 
 /// Deletes the files at these paths, which a run has made, and forgets them.
 void RemoveFiles(StringList& paths);
+inline void RemoveFiles(FilesBeside& files) {
+  files.Remove();
+}
 
 /// "Could not read %ith record: %s." and its twin. n: the number of the record, from 0; text: what
 /// it is called.

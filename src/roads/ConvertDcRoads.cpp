@@ -23,7 +23,10 @@ namespace {
 /// A road while its records are read.
 struct Road {
   Road(std::wstring roadName, const RoadSettings& settings, CRoadFiles& files)
-      : name(std::move(roadName)), alignment(file, settings), templates(files) {}
+      : name(std::move(roadName)),
+        alignment(file, settings),
+        templates(files),
+        sections(templates) {}
 
   std::wstring name;
   CRd5File file;
@@ -155,7 +158,7 @@ class RoadConversion {
   bool FinishRoad() {
     if (!m_road) return true;
     if (!m_road->templates.Close() || !CheckWholeRoad()) return false;
-    m_road->sections.Write(m_road->file, m_road->templates, m_road->alignment.GetHorizontalEnd());
+    m_road->sections.Write(m_road->file, m_road->alignment.GetHorizontalEnd());
     if (!m_road->file.Close() || m_road->file.HasWriteFailed()) return false;
     m_road.reset();
     return true;
@@ -163,10 +166,11 @@ class RoadConversion {
 
   bool CheckWholeRoad() {
     const CRoadAlignment& alignment = m_road->alignment;
-    if (!m_road->sections.GetLeft().HaveEqualSegments(m_road->templates)) {
+    using Position = CRoadPositions::Position;
+    if (!m_road->sections.HaveEqualSegments(&Position::left)) {
       return m_report.Refuse(road_texts::kUnequalLeft);
     }
-    if (!m_road->sections.GetRight().HaveEqualSegments(m_road->templates)) {
+    if (!m_road->sections.HaveEqualSegments(&Position::right)) {
       return m_report.Refuse(road_texts::kUnequalRight);
     }
     if (alignment.GetLastStation() < alignment.GetHorizontalEnd() - kSameStation) {

@@ -2,11 +2,15 @@
 #pragma once
 
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <optional>
 #include <string>
-#include <unordered_map>
-#include <utility>
+#include <string_view>
 
 #include "convert/ConversionBase.h"
+#include "io/NameSet.h"
 #include "io/Paths.h"
 #include "io/Strings.h"
 #include "roads/CRd5File.h"
@@ -18,17 +22,18 @@ namespace zelconvert {
 
 class CRoadFiles {
  public:
-  /// The report hears of the paths of the files, and of a name that isn't the clean one. folder:
-  /// with or without a separator at its end.
+  /// The report hears of the files, and of a name that isn't the clean one. folder: with or without
+  /// a separator at its end.
   CRoadFiles(const std::wstring& folder, Report& report) : m_folder(folder), m_report(report) {
     EnsureSeparator(m_folder);
+    m_report.beside.SetFolder(m_folder);
   }
 
   /// Opens `file` as a new RD5 file for the road. fileName: the name it bears, without extension.
   [[nodiscard]] bool CreateRoad(const std::wstring& roadName, CRd5File& file,
                                 std::wstring& fileName) {
-    fileName = m_roadNames.Give(CleanRoadName(roadName));
-    if (!Create(file, PathOf(fileName, kRoadExtension))) return false;
+    fileName = m_roadNames.Name(m_roadNames.Give(CleanRoadName(roadName)));
+    if (!Create(file, fileName, kRoadExtension)) return false;
     TellName(road_texts::kRoadRenamed, roadName, fileName);
     return true;
   }
@@ -36,27 +41,22 @@ class CRoadFiles {
   /// Writes the TP5 file of a template, unless the one that bears its clean name already is the
   /// same to the byte. False if that fails.
   [[nodiscard]] bool WriteTemplate(const std::wstring& templateName, const TemplateForm& form) {
-    std::wstring& fileName = m_templates[templateName];
     const std::wstring clean = CleanRoadName(templateName);
-    const std::wstring* taken = m_templateNames.Find(clean);
-    if (taken != nullptr && HoldsTemplate(*taken, form)) {
-      fileName = *taken;
+    const std::optional<std::size_t> taken = m_templateNames.Find(clean);
+    if (taken && HoldsTemplate(m_templateNames.Name(*taken), form)) {
+      SetTemplateFile(templateName, *taken);
       return true;
     }
-    fileName = m_templateNames.Give(clean);
-    CTp5File file;
-    if (!Create(file, PathOf(fileName, kTemplateExtension))) return false;
-    TellName(road_texts::kTemplateRenamed, templateName, fileName);
-    file.WriteTH(form);
-    for (const TEMPLATE_SEGMENT& segment : form.segments) file.WriteTS(segment);
-    return file.Close() && !file.HasWriteFailed();
+    const std::size_t file = m_templateNames.Give(clean);
+    SetTemplateFile(templateName, file);
+    return WriteTemplateFile(templateName, m_templateNames.Name(file), form);
   }
 
-  /// The name, without extension, of the file that holds the latest template of this name; if there
-  /// is none, its clean name.
-  std::wstring GetTemplateFileName(const std::wstring& templateName) const {
-    const auto found = m_templates.find(templateName);
-    return found == m_templates.end() ? CleanRoadName(templateName) : found->second;
+  /// The name, without extension, of the file that holds the latest template of this name, which is
+  /// in UTF-8; if there is none, its clean name.
+  std::wstring GetTemplateFileName(std::string_view templateName, const RoadFileName& clean) const {
+    const std::optional<std::size_t> renamed = m_renamed.Find(templateName);
+    return renamed ? m_templateNames.Name(m_renamedFiles[*renamed]) : clean.Text();
   }
 
   /// Deletes every file. None may be open.
@@ -66,25 +66,38 @@ class CRoadFiles {
   static constexpr std::wstring_view kRoadExtension = L".RD5";
   static constexpr std::wstring_view kTemplateExtension = L".tp5";
 
-  std::wstring PathOf(const std::wstring& fileName, std::wstring_view extension) const {
-    return (m_folder + fileName).append(extension);
+  /// Its place in the report comes first, so that no file is made that nobody takes away again.
+  bool Create(CFileCE& file, std::wstring_view name, std::wstring_view extension) {
+    if (file.OpenForWrite(m_report.beside.Add(std::wstring(name).append(extension)))) return true;
+    m_report.beside.DropLast();
+    return false;
   }
 
-  /// Its place in the report comes first, so that no file is made that nobody takes away again.
-  bool Create(CFileCE& file, std::wstring path) {
-    m_report.beside.emplace_back();
-    if (!file.OpenForWrite(path)) {
-      m_report.beside.pop_back();
-      return false;
+  /// A file that bears the clean name of its template needs no place here, and most do.
+  void SetTemplateFile(const std::wstring& templateName, std::size_t file) {
+    if (!m_renamed.Find(templateName) &&
+        m_templateNames.Name(file) == CleanRoadName(templateName)) {
+      return;
     }
-    m_report.beside.back() = std::move(path);
-    return true;
+    const std::size_t index = m_renamed.Add(templateName);
+    if (index == m_renamedFiles.size()) m_renamedFiles.emplace_back();
+    m_renamedFiles[index] = static_cast<std::uint32_t>(file);
+  }
+
+  bool WriteTemplateFile(const std::wstring& templateName, const std::wstring& fileName,
+                         const TemplateForm& form) {
+    CTp5File file;
+    if (!Create(file, fileName, kTemplateExtension)) return false;
+    TellName(road_texts::kTemplateRenamed, templateName, fileName);
+    file.WriteTH(form);
+    for (const TEMPLATE_SEGMENT& segment : form.segments) file.WriteTS(segment);
+    return file.Close() && !file.HasWriteFailed();
   }
 
   /// Against the file and not against what was written into it: templates need no room in memory.
   bool HoldsTemplate(const std::wstring& fileName, const TemplateForm& form) const {
     CTp5File file;
-    return file.OpenForRead(PathOf(fileName, kTemplateExtension)) && file.Has(form) &&
+    return file.OpenForRead((m_folder + fileName).append(kTemplateExtension)) && file.Has(form) &&
            std::all_of(form.segments.begin(), form.segments.end(),
                        [&](const TEMPLATE_SEGMENT& segment) { return file.Has(segment); });
   }
@@ -100,7 +113,8 @@ class CRoadFiles {
   Report& m_report;
   CRoadFileNames m_roadNames;
   CRoadFileNames m_templateNames;
-  std::unordered_map<std::wstring, std::wstring> m_templates;  // names of files by template
+  NameSet m_renamed;                         // templates whose files haven't got their clean names
+  std::deque<std::uint32_t> m_renamedFiles;  // numbers of their files among m_templateNames
 };
 
 }  // namespace zelconvert

@@ -1,11 +1,15 @@
 // Names of roads and templates as they stand in road files, job records and file names.
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
+#include <deque>
+#include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 
+#include "io/NameSet.h"
 #include "io/Numbers.h"
 #include "io/Strings.h"
 
@@ -24,31 +28,47 @@ inline std::wstring CleanRoadName(std::wstring_view name) {
   return clean;
 }
 
-/// The names that a run has given to its road files, or to its template files. Two names that
-/// differ in case alone are one: on some systems their files are.
+/// A clean name where many are kept.
+class RoadFileName {
+ public:
+  explicit RoadFileName(std::wstring_view clean) {
+    for (std::size_t i = 0; i < clean.size(); ++i) m_text[i] = static_cast<char>(clean[i]);
+  }
+  std::wstring Text() const {
+    std::wstring text;
+    AppendAscii(text, {m_text.data(), m_text.size()});
+    return text.substr(0, text.find(L'\0'));
+  }
+
+ private:
+  std::array<char, kRoadNameLength> m_text = {};  // zeros after it
+};
+
+/// The names that a run has given to its road files, or to its template files, numbered from 0. Two
+/// names that differ in case alone are one: on some systems their files are.
 class CRoadFileNames {
  public:
-  /// `clean`, a clean name; when that has been given, a name like it with a number after it, from 2
-  /// on, cut so that eight characters stay: T1, T12; RURAL_2L, RURAL_22.
-  std::wstring Give(const std::wstring& clean) {
-    if (m_given.try_emplace(Folded(clean), clean).second) return clean;
+  /// The number of `clean`, a clean name; when that has been given, of a name like it with a number
+  /// after it, from 2 on, cut so that eight characters stay: T1, T12; RURAL_2L, RURAL_22.
+  std::size_t Give(const std::wstring& clean) {
+    if (Take(clean)) return m_names.size() - 1;
     // More than eight digits would take more files than there are.
-    for (std::int64_t digits = 1, first = 2, end = 10;; ++digits, first = end, end *= 10) {
-      const std::wstring stem(Left(clean, kRoadNameLength - static_cast<std::size_t>(digits)));
-      const std::wstring key = Folded(stem) + FormatInteger(digits);
-      std::int64_t& number = m_numbers.try_emplace(key, first).first->second;
+    for (std::uint32_t digits = 1, first = 2, end = 10;; ++digits, first = end, end *= 10) {
+      const std::wstring stem(Left(clean, kRoadNameLength - digits));
+      std::uint32_t& number = NextNumber(Folded(stem) + FormatInteger(digits), first);
       while (number < end) {
-        const std::wstring name = stem + FormatInteger(number++);
-        if (m_given.try_emplace(Folded(name), name).second) return name;
+        if (Take(stem + FormatInteger(number++))) return m_names.size() - 1;
       }
     }
   }
 
-  /// `clean` as it was given; null if it wasn't.
-  const std::wstring* Find(std::wstring_view clean) const {
-    const auto found = m_given.find(Folded(clean));
-    return found == m_given.end() ? nullptr : &found->second;
+  /// The number of `clean`, in any case, if it was given.
+  std::optional<std::size_t> Find(std::wstring_view clean) const {
+    return m_given.Find(Folded(clean));
   }
+
+  /// A name as it was given.
+  std::wstring Name(std::size_t number) const { return m_names[number].Text(); }
 
  private:
   static std::wstring Folded(std::wstring_view name) {
@@ -57,10 +77,25 @@ class CRoadFileNames {
     return folded;
   }
 
-  std::unordered_map<std::wstring, std::wstring> m_given;  // by the name in lower case
-  // The lowest number that may be free, by what stands before it and its count of digits: files of
-  // many names that are cut alike take linear time.
-  std::unordered_map<std::wstring, std::int64_t> m_numbers;
+  /// False if the name was given before.
+  bool Take(std::wstring_view name) {
+    if (!m_given.Insert(Folded(name))) return false;
+    m_names.emplace_back(name);
+    return true;
+  }
+
+  /// The lowest number that may be free after what stands before it with its count of digits: files
+  /// of many names that are cut alike take linear time.
+  std::uint32_t& NextNumber(std::wstring_view key, std::uint32_t first) {
+    const std::size_t index = m_keys.Add(key);
+    if (index == m_next.size()) m_next.push_back(first);
+    return m_next[index];
+  }
+
+  NameSet m_given;  // in lower case
+  std::deque<RoadFileName> m_names;
+  NameSet m_keys;
+  std::deque<std::uint32_t> m_next;  // by key
 };
 
 }  // namespace zelconvert

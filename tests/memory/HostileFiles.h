@@ -16,7 +16,6 @@ struct HostileFile {
   FileType type;
   std::string_view head;    ///< once, at the start
   std::string_view record;  ///< again and again; each "#" is a digit of the record's number
-  std::size_t times = 4;    ///< so much memory at most does a byte of it take
 };
 
 inline constexpr std::string_view kDcHead =
@@ -104,13 +103,13 @@ inline constexpr HostileFile kHostileFiles[] = {
     {"dc_roads", FT_DC, kDcHead, "28KI########\n"},
     {"dc_road_elements", FT_DC, kDcRoadHead, "31KI         0.00000         0.10000\n"},
     {"dc_road_profile", FT_DC, kDcRoadHead, "34KI         ######.       514.00000\n"},
-    {"dc_road_positions", FT_DC, kDcRoadHead, "B9KI########.000003T               3T\n", 10},
+    {"dc_road_positions", FT_DC, kDcRoadHead, "B9KI########.000003T               3T\n"},
+    {"dc_short_positions", FT_DC, kDcRoadHead, "B9KI\n"},
     {"dc_road_widenings", FT_DC, kDcRoadHead,
      "44KI########.000001        -2.000001        -2.00000         0.00000         0.000002\n"},
     {"dc_templates", FT_DC, kDcRoadHead,
      "39KIT#######\n46KI3         3.50000        -2.00000\n97KI1        50.000001        "
-     "33.33330\n",
-     10},
+     "33.33330\n"},
     {"dc_template_segments", FT_DC, kDcRoadHead, "46KI3         3.50000        -2.00000\n"},
     {"ilj_points", FT_ILJ, kIljHead,
      "POINT\tDATE:20260917\tTIME:090021\tDERV:KI\tPTNM:########\tDESC:E\tNRTH:5\tEAST:5\tELEV:5\t"
