@@ -45,18 +45,18 @@ class DcReader {
  private:
   using Handler = void (DcReader::*)(const DcLine& line);
   template <class Record>
-  static constexpr HandlerEntry<std::int32_t, Handler> Row() {
+  static consteval HandlerEntry<std::int32_t, Handler> Row() {
     return {Record::kType, &DcReader::On<Record>};
   }
   template <class Record>
-  static constexpr HandlerEntry<std::int32_t, Handler> SystemRow() {
+  static consteval HandlerEntry<std::int32_t, Handler> SystemRow() {
     return {Record::kType, &DcReader::OnSystem<Record>};
   }
   template <class Record>
-  static constexpr HandlerEntry<std::int32_t, Handler> RoadRow() {
+  static consteval HandlerEntry<std::int32_t, Handler> RoadRow() {
     return {Record::kType, &DcReader::OnRoadPart<Record>};
   }
-  static constexpr auto Handlers();
+  static consteval auto Handlers();
 
   template <class Record>
   void On(const DcLine& line) {
@@ -141,7 +141,7 @@ class DcReader {
   std::wstring m_occupied;  // of keyed in observations
 };
 
-constexpr auto DcReader::Handlers() {
+consteval auto DcReader::Handlers() {
   return MakeHandlerTable<kDcTypeCount, std::int32_t, Handler>({
       Row<tDC_HEADERRecord>(),
       Row<tDC_JOBRecord>(),

@@ -21,7 +21,7 @@ class IljReader {
 
  private:
   using Handler = void (IljReader::*)();
-  static constexpr auto Handlers();
+  static consteval auto Handlers();
 
   void ReadRecord();
   template <class Record, SourceMarks Source::*marks>
@@ -43,7 +43,7 @@ class IljReader {
   std::int64_t m_line = 0;
 };
 
-constexpr auto IljReader::Handlers() {
+consteval auto IljReader::Handlers() {
   using Slope = CMoskoJobRecordOffsetGroundObservation;
   using Plan = CMoskoJobRecordOffsetGroundVector;
   using Laser = CMoskoJobRecordOffsetLaserObservation;

@@ -55,12 +55,12 @@ class DcToJob {
  private:
   using Handler = bool (DcToJob::*)(const DcLine& line);
   template <class Record>
-  static constexpr HandlerEntry<std::int32_t, Handler> Row() {
+  static consteval HandlerEntry<std::int32_t, Handler> Row() {
     return {Record::kType, &DcToJob::On<Record>};
   }
 
   // False ends the conversion.
-  static constexpr auto Handlers() {
+  static consteval auto Handlers() {
     return MakeHandlerTable<kDcTypeCount, std::int32_t, Handler>({
         Row<tDC_HEADERRecord>(),
         Row<tDC_JOBRecord>(),

@@ -61,7 +61,7 @@ constexpr FileTypeRow kFileTypes[] = {
 };
 // clang-format on
 
-constexpr bool RowsAreInOrder() {
+consteval bool RowsAreInOrder() {
   for (int i = 0; i < kFileTypeCount; ++i) {
     if (kFileTypes[i].type != i) return false;
   }
