@@ -11,7 +11,7 @@ void Convert(const std::wstring& input) {
   CDcFile file;
   Require(file.OpenForRead(input));
   Report report;
-  std::vector<ROAD_HEADER> roads;
+  RoadHeaders roads;
   try {
     const bool converted = ConvertDcRoads(file, report, roads, MemoryFiles::Path({}));
     Require(converted || report.beside.size() == 0);

@@ -59,28 +59,6 @@ class DcToJob {
     return {Record::kType, &DcToJob::On<Record>};
   }
 
-  // False ends the conversion.
-  static consteval auto Handlers() {
-    return MakeHandlerTable<kDcTypeCount, std::int32_t, Handler>({
-        Row<tDC_HEADERRecord>(),
-        Row<tDC_JOBRecord>(),
-        Row<tDC_COGORecord>(),
-        Row<tDC_ELLIPSOIDRecord>(),
-        Row<tDC_LOCAL_SITERecord>(),
-        Row<tDC_PROJECTIONRecord>(),
-        Row<tDC_PROJECTION_EXTRecord>(),
-        Row<tDC_DATUMRecord>(),
-        Row<tDC_DATUM_GRIDRecord>(),
-        Row<tDC_HORIZONTAL_ADJUSTRecord>(),
-        Row<tDC_VERTICAL_ADJUSTRecord>(),
-        Row<tDC_COORDINATE_SYSTEMRecord>(),
-        Row<tDC_ZONE_LABELRecord>(),
-        {tDC_GRID_POSITIONRecord::kType, &DcToJob::OnGridPosition},
-        {tDC_ROAD_HEADERRecord::kType, &DcToJob::OnRoad},
-        {tDC_ROAD_HALRecord::kType, &DcToJob::OnRoadAlignment},
-    });
-  }
-
   bool WriteLayer() {
     m_point.layer = kDefaultLayerId;
     return !IsNewJob() || m_job.WriteLayer(DefaultLayer());
@@ -105,8 +83,26 @@ class DcToJob {
     return true;
   }
 
+  // False ends the conversion.
   bool ConvertLine(const DcLine& line) {
-    static constexpr auto kHandlers = Handlers();
+    static constexpr auto kHandlers = MakeHandlerTable<kDcTypeCount, std::int32_t, Handler>({
+        Row<tDC_HEADERRecord>(),
+        Row<tDC_JOBRecord>(),
+        Row<tDC_COGORecord>(),
+        Row<tDC_ELLIPSOIDRecord>(),
+        Row<tDC_LOCAL_SITERecord>(),
+        Row<tDC_PROJECTIONRecord>(),
+        Row<tDC_PROJECTION_EXTRecord>(),
+        Row<tDC_DATUMRecord>(),
+        Row<tDC_DATUM_GRIDRecord>(),
+        Row<tDC_HORIZONTAL_ADJUSTRecord>(),
+        Row<tDC_VERTICAL_ADJUSTRecord>(),
+        Row<tDC_COORDINATE_SYSTEMRecord>(),
+        Row<tDC_ZONE_LABELRecord>(),
+        {tDC_GRID_POSITIONRecord::kType, &DcToJob::OnGridPosition},
+        {tDC_ROAD_HEADERRecord::kType, &DcToJob::OnRoad},
+        {tDC_ROAD_HALRecord::kType, &DcToJob::OnRoadAlignment},
+    });
     const Handler* handle = kHandlers.Find(CDcFile::GetRecordType(line));
     return handle == nullptr || (this->**handle)(line);
   }
@@ -190,10 +186,12 @@ class DcToJob {
     tDC_ROAD_HEADERRecord road;
     CDcFile::Read(line, road);
     m_pRoad = nullptr;
-    if (m_nRoads == m_roads.size() || m_roads[m_nRoads].name != road.name) return true;
+    std::string name;
+    AppendUtf8(name, road.name);
+    if (m_nRoads == m_roads.size() || m_roads[m_nRoads].name != name) return true;
     m_pRoad = &m_roads[m_nRoads++];
     JOB_RECORD10 record;
-    record.name = m_pRoad->fileName;
+    record.name = m_pRoad->fileName.Text();
     record.id = RoadId();
     TakeRoadStart(record);
     return m_job.WriteRecord10(record);
@@ -289,7 +287,7 @@ class DcToJob {
   bool m_bPlainGridMode = false;  // the grid of a 64 without projection
   PointNameSet m_pointNames;      // the point "1" before a road isn't among them
   bool m_bAnyPoint = false;       // the point "1" included
-  std::vector<ROAD_HEADER> m_roads;
+  RoadHeaders m_roads;
   std::size_t m_nRoads = 0;              // how many of them have come
   const ROAD_HEADER* m_pRoad = nullptr;  // of the last 28, null if it wasn't converted
 

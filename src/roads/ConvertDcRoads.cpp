@@ -37,8 +37,7 @@ struct Road {
 
 class RoadConversion {
  public:
-  RoadConversion(CDcFile& file, Report& report, std::vector<ROAD_HEADER>& roads,
-                 const std::wstring& folder)
+  RoadConversion(CDcFile& file, Report& report, RoadHeaders& roads, const std::wstring& folder)
       : m_file(file), m_report(report), m_roads(roads), m_files(folder, report) {}
 
   bool Run() {
@@ -149,9 +148,11 @@ class RoadConversion {
 
   bool BeginRoad(const std::wstring& name) {
     m_road = std::make_unique<Road>(name, m_settings, m_files);
+    std::string utf8;
+    AppendUtf8(utf8, name);
     std::wstring fileName;
     if (!m_files.CreateRoad(name, m_road->file, fileName)) return false;
-    m_roads.push_back({name, fileName});
+    m_roads.push_back({utf8, RoadFileName(fileName)});
     return true;
   }
 
@@ -215,7 +216,7 @@ class RoadConversion {
 
   CDcFile& m_file;
   Report& m_report;
-  std::vector<ROAD_HEADER>& m_roads;
+  RoadHeaders& m_roads;
   CRoadFiles m_files;
 
   RoadNames m_badRoads;
@@ -226,7 +227,7 @@ class RoadConversion {
 
 }  // namespace
 
-bool ConvertDcRoads(CDcFile& file, Report& report, std::vector<ROAD_HEADER>& roads,
+bool ConvertDcRoads(CDcFile& file, Report& report, RoadHeaders& roads,
                     const std::wstring& outputFolder) {
   return RoadConversion(file, report, roads, outputFolder).Run();
 }

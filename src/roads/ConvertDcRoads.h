@@ -1,10 +1,11 @@
 // Road definitions of a DC file into road files: one RD5 file per road, one TP5 file per template.
 #pragma once
 
+#include <deque>
 #include <string>
-#include <vector>
 
 #include "convert/ConversionBase.h"
+#include "roads/RoadNames.h"
 
 namespace zelconvert {
 
@@ -12,13 +13,15 @@ class CDcFile;
 
 /// Where a road starts, in the units of the DC file. The job holds the same values.
 struct ROAD_HEADER {
-  std::wstring name;        ///< trimmed
-  std::wstring fileName;    ///< of its RD5 file, without extension
+  std::string name;         ///< trimmed, in UTF-8
+  RoadFileName fileName;    ///< of its RD5 file, without extension
   double startStation = 0;  ///< all four from the road's last record 84
   double north = 0;
   double east = 0;
   double elevation = 0;
 };
+
+using RoadHeaders = std::deque<ROAD_HEADER>;
 
 /// Writes the road files of every road that passes CheckDcRoads into `outputFolder` (with or
 /// without a separator at its end); files of the same name are overwritten.
@@ -32,7 +35,7 @@ struct ROAD_HEADER {
 ///
 /// Returns false when a road failed on the way or a road file can't be written: every file in
 /// `beside` is deleted again. Refused roads alone are no failure.
-[[nodiscard]] bool ConvertDcRoads(CDcFile& file, Report& report, std::vector<ROAD_HEADER>& roads,
+[[nodiscard]] bool ConvertDcRoads(CDcFile& file, Report& report, RoadHeaders& roads,
                                   const std::wstring& outputFolder);
 
 }  // namespace zelconvert

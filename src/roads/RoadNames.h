@@ -31,6 +31,7 @@ inline std::wstring CleanRoadName(std::wstring_view name) {
 /// A clean name where many are kept.
 class RoadFileName {
  public:
+  RoadFileName() = default;
   explicit RoadFileName(std::wstring_view clean) {
     for (std::size_t i = 0; i < clean.size(); ++i) m_text[i] = static_cast<char>(clean[i]);
   }

@@ -75,12 +75,12 @@ class Sandbox {
   Files Made() const { return FilesIn(Out()); }
   std::vector<std::wstring> RoadNames() const {
     std::vector<std::wstring> names;
-    for (const ROAD_HEADER& road : roads) names.push_back(road.name);
+    for (const ROAD_HEADER& road : roads) names.push_back(ToWide(road.name));
     return names;
   }
 
   Report report;
-  std::vector<ROAD_HEADER> roads;
+  RoadHeaders roads;
 
  private:
   TempDir m_dir;
@@ -267,7 +267,7 @@ TEST(Roads, InputIsNoOutput) {
   CDcFile file;
   ASSERT_TRUE(file.OpenForRead(dir.Write(L"ROAD.RD5", dc)));
   Report report;
-  std::vector<ROAD_HEADER> roads;
+  RoadHeaders roads;
   EXPECT_FALSE(ConvertDcRoads(file, report, roads, dir.Path(L"")));
   EXPECT_EQ(FilesIn(dir.Folder()), (Files{{L"ROAD.RD5", dc}}));
 }
