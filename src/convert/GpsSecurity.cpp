@@ -7,8 +7,8 @@ thread_local int t_exemptions = 0;
 
 }  // namespace
 
-bool ExchangeGpsSecurity(bool isTested) {
-  return g_bGpsSecurityInDcConversions.exchange(isTested);
+void SetGpsSecurity(bool isTested) {
+  g_bGpsSecurityInDcConversions = isTested;
 }
 
 bool IsGpsSecurityOn() {

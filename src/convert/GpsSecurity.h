@@ -5,13 +5,12 @@
 
 namespace zelconvert {
 
-/// Whether raw to DC conversions test the signature of GPS records. Written by
-/// cZelSetGpsSecurityInDcConversions and the function below, at any time; a conversion goes by what
-/// it was at its start.
+/// Whether raw to DC conversions test the signature of GPS records. Written by the function below,
+/// at any time; a conversion goes by what it was at its start.
 inline std::atomic<bool> g_bGpsSecurityInDcConversions = true;
 
-/// Sets it, that of the core itself wherever the caller is linked, and returns what it was.
-bool ExchangeGpsSecurity(bool isTested);
+/// Sets it, that of the core itself wherever the caller is linked.
+void SetGpsSecurity(bool isTested);
 
 /// Whether a conversion that starts now on this thread tests.
 bool IsGpsSecurityOn();

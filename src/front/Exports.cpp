@@ -143,7 +143,7 @@ void cZelSetupZelConvertDLLCallBack(ZelWindowHandle window) noexcept {
 }
 
 void cZelSetGpsSecurityInDcConversions(unsigned char enable) noexcept {
-  g_bGpsSecurityInDcConversions = enable != 0;
+  SetGpsSecurity(enable != 0);
 }
 
 char cZelFileConvert(int inputType, const wchar_t* inputPath, int outputType,

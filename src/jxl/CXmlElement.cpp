@@ -1,6 +1,7 @@
 #include "jxl/CXmlElement.h"
 
 #include <algorithm>
+#include <array>
 
 #include "io/CFileCE.h"
 #include "io/Strings.h"
@@ -19,15 +20,14 @@ void AppendReference(std::string& out, unsigned code) {
 }
 
 // Bytes that stand for themselves wherever they come: nearly all.
-struct PlainBytes {
-  bool are[256] = {};
-  constexpr PlainBytes() {
-    for (int c = 0x20; c < 256; ++c) are[c] = true;
-    for (const char c : std::string_view("\"&'<>\x7F\xC2\xEF"))
-      are[static_cast<unsigned char>(c)] = false;
-  }
-};
-constexpr PlainBytes kPlainBytes;
+consteval std::array<bool, 256> PlainBytes() {
+  std::array<bool, 256> plain = {};
+  std::fill(plain.begin() + 0x20, plain.end(), true);
+  for (const char c : std::string_view("\"&'<>\x7F\xC2\xEF"))
+    plain[static_cast<unsigned char>(c)] = false;
+  return plain;
+}
+constexpr auto kPlainBytes = PlainBytes();
 
 const char* EntityOf(char c) {
   return c == '"'    ? "&quot;"
@@ -92,7 +92,7 @@ void AppendEscapedText(std::string& out, std::string_view text) {
   while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
   while (!text.empty()) {
     const auto special = std::find_if(text.begin(), text.end(), [](char c) {
-      return !kPlainBytes.are[static_cast<unsigned char>(c)];
+      return !kPlainBytes[static_cast<unsigned char>(c)];
     });
     out.append(text.begin(), special);
     text.remove_prefix(static_cast<std::size_t>(special - text.begin()));

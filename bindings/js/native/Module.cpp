@@ -40,7 +40,7 @@ EMSCRIPTEN_KEEPALIVE std::size_t zelAnswerLength() {
 
 /// Whether GPS records of a log need the signature of their equipment; they do without a call.
 EMSCRIPTEN_KEEPALIVE void zelTestGpsSignatures(bool isTested) {
-  zelconvert::ExchangeGpsSecurity(isTested);
+  zelconvert::SetGpsSecurity(isTested);
 }
 
 /// From now on it is `milliseconds` of the day on this date, of the given day of the week.

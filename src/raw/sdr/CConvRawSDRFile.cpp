@@ -75,8 +75,9 @@ class RawToSdr {
   }
 
  private:
-  using Handler = bool (RawToSdr::*)(std::wstring_view record);
+  using Handler = void (RawToSdr::*)(std::wstring_view record);
 
+  /// False for a point name that the layout can't write.
   [[nodiscard]] bool Convert(std::wstring_view record) {
     static constexpr auto kHandlers = MakeHandlerTable<kRawRecordTypes, RawRecordType, Handler>({
         {RawRecordType::SS, &RawToSdr::OnShot},
@@ -90,20 +91,19 @@ class RawToSdr {
         {RawRecordType::JB, &RawToSdr::OnJob},
     });
     const Handler* handler = kHandlers.Find(CRawFile::GetRecordType(record));
-    return handler == nullptr || (this->**handler)(record);
+    if (handler != nullptr) (this->**handler)(record);
+    return !m_isRefused || m_report.Refuse(kAlphanumericText);
   }
 
-  // Each is false for a point name that the layout can't write.
-  bool OnJob(std::wstring_view record) {
+  void OnJob(std::wstring_view record) {
     JB_RECORD job;
     CRawFile::Parse(record, job);
     KeepRead(job.name, m_jobName);
     KeepRead(job.date, m_date);
     KeepRead(job.time, m_time);
-    return true;
   }
 
-  bool OnMode(std::wstring_view record) {
+  void OnMode(std::wstring_view record) {
     MO_RECORD mode = m_mode;
     mode.angleUnit = 0;  // of a record without AU
     if (!CRawFile::Parse(record, mode)) mode.angleUnit = m_mode.angleUnit;
@@ -114,10 +114,12 @@ class RawToSdr {
 
     m_lines.MakeHeader(m_date, m_time, m_angles, m_lengths == LinearUnit::Metre);
     m_sdr.WriteLine(m_lines.Line());
-    return Put(SdrJob{m_jobName}) && Put(SdrScale{m_mode.scale}) && PutInstrument();
+    Put(SdrJob{m_jobName});
+    Put(SdrScale{m_mode.scale});
+    PutInstrument();
   }
 
-  bool OnBacksight(std::wstring_view record) {
+  void OnBacksight(std::wstring_view record) {
     BK_RECORD backsight;
     backsight.azimuth = backsight.circle = kUnread;
     CRawFile::Parse(record, backsight);
@@ -125,10 +127,11 @@ class RawToSdr {
     KeepRead(backsight.backsight, m_backsight);
     if (WasRead(backsight.azimuth)) m_backsightAzimuth = NorthAzimuth(Angle(backsight.azimuth));
     if (WasRead(backsight.circle)) m_circle = Angle(backsight.circle);
-    return PutBacksight() && PutBacksightObservation({});
+    PutBacksight();
+    PutBacksightObservation({});
   }
 
-  bool OnHeights(std::wstring_view record) {
+  void OnHeights(std::wstring_view record) {
     LS_RECORD heights{kUnread, kUnread};
     CRawFile::Parse(record, heights);
     const double before = m_instrumentHeight;
@@ -136,11 +139,11 @@ class RawToSdr {
     if (WasRead(heights.rodHeight)) m_rodHeight = Length(heights.rodHeight);
     const bool setUpAgain = m_instrumentHeight != before && !m_firstHeights;
     m_firstHeights = false;
-    if (setUpAgain && (!PutStation() || !PutBacksight())) return false;
-    return Put(SdrTargetHeight{m_rodHeight});
+    if (setUpAgain) PutSetup();
+    Put(SdrTargetHeight{m_rodHeight});
   }
 
-  bool OnOccupy(std::wstring_view record) {
+  void OnOccupy(std::wstring_view record) {
     OC_RECORD point;
     point.north = point.east = point.elevation = kUnread;
     CRawFile::Parse(record, point);
@@ -151,10 +154,10 @@ class RawToSdr {
     if (WasRead(point.elevation)) m_occupied.m_dElevation = Length(point.elevation);
     m_station = m_occupied.m_strName;
     FindHeights(RawRecordType::OC, m_station);
-    return PutStation();
+    PutStation();
   }
 
-  bool OnComment(std::wstring_view record) {
+  void OnComment(std::wstring_view record) {
     const std::wstring_view text = Mid(record, 2);
     std::wstring_view value;
     const NoteMark mark = ParseNoteMark(text, value);
@@ -168,27 +171,30 @@ class RawToSdr {
     if (mark == NoteMark::C2) m_curveCountdown = value.empty() ? 2 : ToInteger(value);
     if (mark == NoteMark::C3) m_curveCountdown = 3;
     if (mark == NoteMark::SS) m_joinCountdown = 2;
-    return Put(SdrNote{text});
+    Put(SdrNote{text});
   }
 
-  bool OnStored(std::wstring_view record) {
+  void OnStored(std::wstring_view record) {
     POINT_RECORD point;
     CRawFile::Parse(record, point);
     const std::wstring note = std::wstring(point.note) + m_pendingSuffix;
     m_pendingSuffix.clear();
-    return Put(SdrCoordinates{point.name, Length(point.north), Length(point.east),
-                              Length(point.elevation), note});
+    Put(SdrCoordinates{point.name, Length(point.north), Length(point.east), Length(point.elevation),
+                       note});
   }
 
-  bool OnShot(std::wstring_view record) { return ConvertShot(record, RawRecordType::SS); }
-  bool OnTraverse(std::wstring_view record) { return ConvertShot(record, RawRecordType::TR); }
+  void OnShot(std::wstring_view record) { ConvertShot(record); }
+  void OnTraverse(std::wstring_view record) {
+    ConvertShot(record);
+    Advance();
+  }
 
-  bool ConvertShot(std::wstring_view record, RawRecordType type) {
+  void ConvertShot(std::wstring_view record) {
     SHOT_RECORD shot;
     shot.horizontal = kUnread;
     CRawFile::Parse(record, shot);
     KeepRead(shot.station, m_station);
-    if (!m_backsightWritten && !PutBacksightObservation(shot.note)) return false;
+    if (!m_backsightWritten) PutBacksightObservation(shot.note);
     ReadHorizontal(record, shot);
     ReadVertical(shot);
     CountDown();
@@ -199,12 +205,9 @@ class RawToSdr {
     note += m_pendingSuffix;
     if (note.size() > kNoteLength) note.resize(kNoteLength);
     m_pendingSuffix.clear();
-    if (!Put(SdrObservation{m_station, m_foresight.m_strName, m_slopeDistance, m_zenith,
-                            m_horizontal, note})) {
-      return false;
-    }
+    Put(SdrObservation{m_station, m_foresight.m_strName, m_slopeDistance, m_zenith, m_horizontal,
+                       note});
     ReduceForesight();
-    return type != RawRecordType::TR || Advance();
   }
 
   // All kinds but the circle reading itself give an azimuth first; the circle then counts from the
@@ -269,7 +272,7 @@ class RawToSdr {
   }
 
   // The instrument moves to the foresight and looks back at the point it comes from.
-  bool Advance() {
+  void Advance() {
     const double back = std::atan2(m_occupied.m_dEast - m_foresight.m_dEast,
                                    m_occupied.m_dNorth - m_foresight.m_dNorth);
     m_backsightAzimuth = Computed(NormalizeAngle(AngleOfRadians(back), m_angles),
@@ -279,10 +282,10 @@ class RawToSdr {
     m_occupied = m_foresight;
     FindHeights(RawRecordType::TR, m_station);
     m_backsightWritten = false;
-    return PutStation() && PutBacksight();
+    PutSetup();
   }
 
-  bool PutInstrument() {
+  void PutInstrument() {
     const double offset = NullToZero(m_mode.edmOffset) / kInchesPerFoot;
     SdrInstrument instrument;
     if (offset != 0) {
@@ -290,7 +293,7 @@ class RawToSdr {
       instrument.edmOffset = offset;
       instrument.prismOffset = 0;
     }
-    return Put(instrument);
+    Put(instrument);
   }
 
   void FindHeights(RawRecordType type, std::wstring_view name) {
@@ -319,25 +322,29 @@ class RawToSdr {
   }
 
   template <class Record>
-  [[nodiscard]] bool Put(const Record& record) {
-    if (!m_lines.Make(record)) return m_report.Refuse(kAlphanumericText);
-    m_sdr.WriteLine(m_lines.Line());
-    return true;
+  void Put(const Record& record) {
+    if (m_lines.Make(record)) {
+      m_sdr.WriteLine(m_lines.Line());
+    } else {
+      m_isRefused = true;
+    }
   }
-  [[nodiscard]] bool PutStation() {
+  void PutSetup() {
+    PutStation();
+    PutBacksight();
+  }
+  void PutStation() {
     const double height = NullToZero(m_instrumentHeight) == 0 ? DC_NULL : m_instrumentHeight;
-    return Put(SdrStation{m_occupied.m_strName, m_occupied.m_dNorth, m_occupied.m_dEast,
-                          m_occupied.m_dElevation, height, m_occupied.m_strDescription});
+    Put(SdrStation{m_occupied.m_strName, m_occupied.m_dNorth, m_occupied.m_dEast,
+                   m_occupied.m_dElevation, height, m_occupied.m_strDescription});
   }
-  [[nodiscard]] bool PutBacksight() {
-    return Put(SdrBacksight{m_station, m_backsight, m_backsightAzimuth, m_circle});
-  }
+  void PutBacksight() { Put(SdrBacksight{m_station, m_backsight, m_backsightAzimuth, m_circle}); }
   /// The circle at the backsight, without distance and zenith. Where points are numbers, the
   /// station stands in both columns.
-  [[nodiscard]] bool PutBacksightObservation(std::wstring_view note) {
+  void PutBacksightObservation(std::wstring_view note) {
     m_backsightWritten = true;
-    return Put(SdrObservation{m_station, m_layout.named ? m_backsight : m_station, DC_NULL, DC_NULL,
-                              m_circle, note});
+    Put(SdrObservation{m_station, m_layout.named ? m_backsight : m_station, DC_NULL, DC_NULL,
+                       m_circle, note});
   }
 
   CRawFile& m_raw;
@@ -347,6 +354,7 @@ class RawToSdr {
   Report& m_report;
   RawIndex m_index;
   std::int64_t m_line = 0;
+  bool m_isRefused = false;  // for a name that a line can't hold
 
   std::wstring m_jobName, m_date, m_time;
   MO_RECORD m_mode;
