@@ -1,18 +1,10 @@
-// Any bytes as a file of every type, and the views of its survey for people and programs.
-#include <algorithm>
-
-#include "FuzzFile.h"
+// The survey of any bytes, and the views of it for people and programs.
+#include "SurveyFiles.h"
 #include "tools/Info.h"
 #include "tools/PointTable.h"
-#include "tools/ReadSurvey.h"
 
 namespace zelconvert::tools {
 namespace {
-
-constexpr std::pair<FileType, const wchar_t*> kTypes[] = {
-    {FT_DC, L"in.dc"},   {FT_JOB, L"in.job"}, {FT_CR5, L"in.cr5"},
-    {FT_RAW, L"in.raw"}, {FT_ILJ, L"in.ilj"}, {FT_SDR33, L"in.sdr"},
-};
 
 bool IsOneLine(const std::string& text) {
   return std::ranges::count(text, '\n') == 1 && text.ends_with('\n');
@@ -30,15 +22,5 @@ void Show(const Survey& survey) {
 }  // namespace zelconvert::tools
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  using namespace zelconvert;
-  using namespace zelconvert::tools;
-  if (size > 16384) return 0;
-  MemoryFiles::Clear();
-  for (const auto& [type, name] : kTypes) {
-    StringList messages;
-    const auto survey = ReadSurvey(MemoryFiles::Write(name, ToBytes(data, size)), type, messages,
-                                   {.makeFolder = [] { return MemoryFiles::Path({}); }});
-    if (survey) Show(*survey);
-  }
-  return 0;
+  return zelconvert::tools::ForEachSurvey(data, size, zelconvert::tools::Show);
 }
