@@ -1,11 +1,10 @@
 """The blocks of a job file, after docs/formats/job.md and coordinate-system.md, for the scripts of this
-folder that write jobs or read them. Nothing here knows the converter.
+folder that write jobs. Nothing here knows the converter.
 
 A block is a table of its fields: offset and form, which is that of the module struct, or a number of units
 and "u" for a text. Bytes that no field names are zero.
 
     pack(POINT, 100, name="CP 1", place=(1.0, 2.0, NULL))   the bytes
-    unpack(POINT, data, at)                                  a dictionary; a NaN is null
 """
 import struct
 
@@ -48,26 +47,5 @@ def pack(table, size, **fields):
     return bytes(block)
 
 
-def unpack(table, data, start=0):
-    fields = {}
-    for name, (at, form) in table.items():
-        at += start
-        if form.endswith("u"):
-            text = data[at:at + 2 * int(form[:-1])].decode("utf-16-le", "surrogatepass")
-            fields[name] = text.split("\0")[0]
-        else:
-            values = [NULL if value != value else value for value in struct.unpack_from("<" + form, data, at)]
-            fields[name] = tuple(values) if len(values) > 1 else values[0]
-    return fields
-
-
 def record(kind, payload):
     return struct.pack("<II", kind, len(payload)) + payload
-
-
-def records(data, at):
-    """Kind and offset of the payload of each."""
-    while at + 8 <= len(data):
-        kind, length = struct.unpack_from("<II", data, at)
-        yield kind, at + 8
-        at += 8 + length

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Works out the outputs of the golden cases of DC to job, and on to CR5, from the inputs that stand in
-their folders and the layouts of docs/formats alone.
+"""Works out the outputs of the golden cases of DC to job from the inputs that stand in their folders and the
+layouts of docs/formats alone.
 
 Nothing of the converter runs here: this is a second, plain reading of the tables. Messages and road files
 can be read by eye. Run it to write the outputs again, or with --check to compare them.
@@ -17,7 +17,6 @@ from job_layout import pack, record
 GOLDEN = pathlib.Path(__file__).resolve().parents[2] / "tests" / "golden"
 PI = 3.141592653589793
 METRES = {0: 1.0, 1: 0.3048, 2: 0.30480060960121924}
-PER_METRE = {0: 1.0, 1: 3.280839895013123, 2: 3.280833333333333}
 CREATED = 2026, 3, 5, 13, 14, 15, 16, 789  # the fixed time of the cases
 PROJECTIONS = {
     "B": 2049, "9": 2050, "C": 2051, "5": 2052, "4": 2053, "7": 2054, "@": 2055, "8": 2056,
@@ -194,18 +193,6 @@ class Job:
                 pack(job_layout.OLD_HEADER, 2124, indices=(0, 1, 0, 9999, 1), secondScale=1.0, **settings) +
                 self.records)
 
-    def pack_cr5(self, sequential):
-        """Points with numbers for names, as the job between hands them on."""
-        points = {int(name): (*(value if value == NULL else value * PER_METRE[self.distance_unit]
-                                for value in place), description.encode("cp1252"))
-                  for name, description, *place in self.points}
-        low, high = min(points), max(points)
-        packed = b"CONVTDLL".ljust(30, b"\0") + struct.pack("<ii", high, low if sequential else -1)
-        for number in range(low, high + 1) if sequential else sorted(points):
-            values = points.get(number, (5000.0, 5000.0, 1000.0, b""))
-            packed += struct.pack("<iddd17s", number if number in points else -1, *values)
-        return packed
-
 
 def files_of(folder, to):
     files = {path.name: path.read_bytes() for path in folder.iterdir()}
@@ -215,11 +202,10 @@ def files_of(folder, to):
         data = files["in.dc"].removeprefix(b"\xef\xbb\xbf").split(b"\x1a")[0]
         for line in data.decode("cp1252").split("\n"):
             job.line(line.removesuffix("\r"))
-        files[output] = (job.pack_cr5(to == "seqcr5") if to.endswith("cr5") else
-                         job.pack(job_layout.SIGNATURES["pwj" if to == "pwj" else "job"]))
+        files[output] = job.pack(job_layout.SIGNATURES["pwj" if to == "pwj" else "job"])
     return files
 
 
 if __name__ == "__main__":
-    settle({folder: files_of(folder, to) for to in ("job", "oldjob", "pwj", "cr5", "seqcr5")
+    settle({folder: files_of(folder, to) for to in ("job", "oldjob", "pwj")
             for folder in sorted((GOLDEN / ("dc-to-" + to)).iterdir())})
