@@ -91,6 +91,8 @@ TEST(FileTypes, RefusesWhatIsNone) {
     }
     EXPECT_EQ(ListOf(cZelGetSupportedInputTypes, type), Types{});
     EXPECT_EQ(ListOf(cZelGetSupportedOutputTypes, type), Types{});
+    Types row = {FT_DC};
+    EXPECT_TRUE(CFileTypeManager().GetSupportedOutputTypes(type, row) && row.empty());
   }
   int count = 7;
   EXPECT_FALSE(cZelGetSupportedInputTypes(FT_DC, nullptr, &count));

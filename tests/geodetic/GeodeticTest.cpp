@@ -93,6 +93,7 @@ TEST(Geodetic, DatumsByTable) {
     EXPECT_EQ(record.datumShiftZ, texts[8] == L"null" ? DC_NULL : ToReal(texts[8]));
     EXPECT_EQ(record.gridLatitudeFile, texts[9]);
     EXPECT_EQ(record.gridLongitudeFile, texts.at(10));
+    EXPECT_FALSE(SetDatum(MakeIndices(0, 5, 0, 0), record));
   }
 }
 

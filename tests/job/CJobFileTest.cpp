@@ -270,7 +270,7 @@ TEST(CJobFile, WritesWhatItsVersionHolds) {
     const auto end = job.GetFile().GetPosition();
     EXPECT_EQ(job.WritePoint(JOB_POINT()), row.point);
     EXPECT_EQ(job.WriteLayer(JOB_LAYER()), row.layer);
-    EXPECT_EQ(job.WriteGenericRecord({17, 1, {std::byte{1}}}), row.generic);
+    EXPECT_EQ(job.WriteGenericRecord({17, 1, std::vector<std::byte>(2000)}), row.generic);
     EXPECT_FALSE(job.WriteGenericRecord({17, 1, {}}));
     EXPECT_EQ(job.GetFile().GetLength() > end, row.point || row.layer || row.generic);
   }
