@@ -82,18 +82,6 @@ TEST(DcToJob, DuplicatesAreFoundAmongThousands) {
   EXPECT_FALSE(convert());
 }
 
-TEST(DcToJob, TruncationsOfAnExampleEnd) {
-  const TempDir folder;
-  const std::string whole = ReadBytes("examples/ridge-road.dc");
-  ASSERT_FALSE(whole.empty());
-  for (std::size_t length = 0; length < whole.size(); length += 7) {
-    const std::wstring input = folder.Write(L"in.dc", whole.substr(0, length));
-    HostLists lists;
-    const bool converted = lists.Convert(FT_DC, input, FT_JOB, folder.Path(L"out.job"));
-    ASSERT_EQ(folder.Exists(L"out.job"), converted) << length;
-  }
-}
-
 // The job has nothing of a road whose RD5 file can't be made.
 TEST(DcToJob, RoadWithoutAFile) {
   const TempDir folder;

@@ -175,6 +175,25 @@ TEST_P(Drivers, FailWell) {
   }
 }
 
+// Truncations and bytes changed, at an odd distance, so that every column has its turn.
+TEST_P(Drivers, SurviveDamage) {
+  HostCall run(GetParam());
+  const std::string whole = ReadBytes(run.InputPath());
+  for (std::size_t i = 0; i < whole.size(); i += whole.size() / 150 | 1) {
+    SCOPED_TRACE(i);
+    std::string changed = whole;
+    changed[i] = static_cast<char>(changed[i] ^ (i % 2 == 0 ? 0x80 : 0x0D));
+    for (const std::string& bytes : {whole.substr(0, i), changed}) {
+      run.folder.Write(GetParam().input, bytes);
+      run.Convert();
+      EXPECT_EQ(ReadBytes(run.InputPath()), bytes);
+      fs::remove(run.InputPath());
+      EXPECT_EQ(fs::is_empty(run.folder.Folder()), !run.converted);  // no file of a road either
+      for (const auto& made : fs::directory_iterator(run.folder.Folder())) fs::remove(made);
+    }
+  }
+}
+
 INSTANTIATE_TEST_SUITE_P(Routes, Drivers, testing::ValuesIn(kRoutes),
                          RouteName<testing::TestParamInfo<Route>>);
 

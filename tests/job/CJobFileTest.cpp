@@ -365,27 +365,6 @@ std::size_t Walk(CJobFile& job) {
   return records;
 }
 
-TEST(CJobFile, EndsOnEveryTruncation) {
-  for (const auto& [name, first, record] :
-       {std::tuple{"boundary.job", kFirstRecord, 108u},
-        std::tuple{"boundary-old.job", kOldFirstRecord, 100u}}) {
-    const std::string whole = ReadBytes(std::filesystem::path("examples") / name);
-    const TempDir temp;
-    const std::size_t layer = first == kFirstRecord ? 50 : 0;
-    // Some sizes of the blocks, every one of the first records, some of the others.
-    for (std::size_t size = 0; size < whole.size();
-         size += size + 60 < first || size > first + 170 ? 53 : 1) {
-      CJobFile job(true);
-      const bool opened = job.Open(temp.Write(L"a.job", whole.substr(0, size)), true);
-      ASSERT_EQ(opened, size >= first) << name << ' ' << size;
-      EXPECT_EQ(job.IsOpen(), opened);
-      if (!opened) continue;
-      const std::size_t rest = size - first;
-      EXPECT_EQ(Walk(job), rest < layer ? 0 : (layer != 0) + (rest - layer) / record);
-    }
-  }
-}
-
 TEST(CJobFile, BelievesNoSizeOfItsBlocks) {
   const std::uint32_t kSizes[] = {0, 1, 557, 558, 559, 4017, 0x7FFFFFFF, 0x80000000, 0xFFFFFFFF};
   const TempDir temp;

@@ -314,26 +314,6 @@ TEST(Roads, LongRoads) {
   EXPECT_GT(std::count(rd5.begin(), rd5.end(), '\n'), 4 * static_cast<int>(kMany));
 }
 
-// Every truncation of a file with everything in it, and every byte replaced.
-TEST(Roads, DamagedFiles) {
-  const std::string whole = Dc({Road("R"), "=hal", "=good", "=hinge", "=outer"});
-  Sandbox sandbox(whole);
-  const auto run = [&](const std::string& dc) {
-    sandbox.Restart(dc);
-    try {
-      EXPECT_TRUE(sandbox.Convert() || sandbox.Made().empty());
-    } catch (const ConversionFailure&) {  // a header line that is too short
-      sandbox.ExpectUnharmed();
-    }
-  };
-  for (std::size_t i = 0; i < whole.size(); ++i) {
-    run(whole.substr(0, i));
-    std::string damaged = whole;
-    damaged[i] = "9-\n\0"[i % 4];
-    run(damaged);
-  }
-}
-
 // "4-19 20-35 36 " for a number, another and a flag.
 template <class Record>
 std::string Spans() {
