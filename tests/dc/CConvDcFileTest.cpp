@@ -21,8 +21,8 @@ std::vector<std::string> Lines(const std::string& bytes) {
   return lines;
 }
 
-// A job with a point that has an attribute block, one that names another kind of record for it, and
-// one of the old form, which names none.
+// A job with a point that has an attribute block, one that names another kind of record for it, one
+// of the old form, which names none, and two that name a place outside of the file's records.
 std::wstring MakeJob(const TempDir& folder, const std::wstring& name, std::uint16_t version) {
   CJobFile job(true);
   EXPECT_TRUE(job.Create(folder.Path(name), version));
@@ -44,6 +44,11 @@ std::wstring MakeJob(const TempDir& folder, const std::wstring& name, std::uint1
   const BinaryWriter writer(block.data);
   JOB_POINT::Walk(writer, point, JobRecordForm::Old);
   EXPECT_TRUE(version < kJobVersion ? job.WritePoint(point) : job.WriteGenericRecord(block));
+  point.name = L"P4";
+  for (const std::uint32_t outside : {0xFFFFFFFFu, 1u}) {
+    point.attributeLink = outside;
+    EXPECT_TRUE(job.WritePoint(point));
+  }
   job.Close();
   return folder.Path(name);
 }
@@ -90,7 +95,7 @@ TEST(JobToDc, Dialects) {
   TempDir folder;
   const std::wstring path = MakeJob(folder, L"job.job", kJobVersion);
   const std::vector<std::string> lines = Lines(Convert(folder, path, 0).output);
-  ASSERT_EQ(lines.size(), 9u);
+  ASSERT_EQ(lines.size(), 11u);
   EXPECT_EQ(lines[0].substr(0, 14), "00NMFX V07-50 ");
   EXPECT_EQ(lines[2], "D4NM11                ");
   for (int version : {-1, 4}) {
@@ -126,7 +131,7 @@ TEST(JobToDc, FeaturesFollowTheirPoint) {
       Convert(folder, MakeJob(folder, L"job.job", kJobVersion), 2, std::make_unique<OneFeature>());
   EXPECT_TRUE(run.done);
   const std::vector<std::string> lines = Lines(run.output);
-  ASSERT_EQ(lines.size(), 14u);
+  ASSERT_EQ(lines.size(), 16u);
   EXPECT_EQ(lines[6].substr(0, 20), "69KI              P1");
   EXPECT_EQ(lines[7], pad("87FCTREE", 24));
   EXPECT_EQ(lines[8], pad("89FCSpecies?", 24) + pad("Oak", 100));
@@ -135,32 +140,7 @@ TEST(JobToDc, FeaturesFollowTheirPoint) {
   EXPECT_EQ(lines[11], pad("92FCPlace?", 24) + pad("park/edge", 20) + "012");
   EXPECT_EQ(lines[12].substr(0, 20), "69KI              P2");
   EXPECT_EQ(lines[13].substr(0, 20), "69KI              P3");
-}
-
-TEST(JobToDc, PointsWithoutAKnownFeatureStandAlone) {
-  TempDir folder;
-  const std::wstring path = MakeJob(folder, L"job.job", kJobVersion);
-  EXPECT_EQ(Lines(Convert(folder, path, 2, std::make_unique<CFeatureCodeData>()).output).size(),
-            9u);
-  EXPECT_EQ(Lines(Convert(folder, path, 2).output).size(), 9u);
-  const std::wstring old = MakeJob(folder, L"old.job", kOldJobVersion);
-  EXPECT_EQ(Lines(Convert(folder, old, 2, std::make_unique<OneFeature>()).output).size(), 9u);
-}
-
-TEST(JobToDc, AttributeLinkOutsideTheFile) {
-  TempDir folder;
-  const std::wstring path = folder.Path(L"job.job");
-  CJobFile job(true);
-  ASSERT_TRUE(job.Create(path, kJobVersion));
-  JOB_POINT point;
-  for (std::uint32_t link : {0xFFFFFFFFu, 4618u, 1u}) {
-    point.attributeLink = link;
-    ASSERT_TRUE(job.WritePoint(point));
-  }
-  job.Close();
-  const Outcome run = Convert(folder, path, 2, std::make_unique<OneFeature>());
-  EXPECT_TRUE(run.done);
-  EXPECT_EQ(Lines(run.output).size(), 9u);
+  EXPECT_EQ(lines[15].substr(0, 20), "69KI              P4");
 }
 
 }  // namespace

@@ -96,65 +96,44 @@ TEST(CJobFile, CopiesEveryKindByteForByte) {
   }
 }
 
-TEST(CJobFile, CutsLongTexts) {
+// A pair is one character where a wide one holds 32 bits, and is never cut in two.
+TEST(CJobFile, CutsLongTextsOutsideOfPairs) {
   const TempDir temp;
   CJobFile job(true);
   ASSERT_TRUE(job.CreateNew(temp.Path(L"a.job")));
   JOB_POINT point;
   point.name = L"A name that is longer than its field";
-  point.description = std::wstring(15, L'x') + L"\U0001F332";  // a pair that no longer fits
+  point.description = std::wstring(15, L'x') + L"\U0001F332";
+  EXPECT_TRUE(job.WritePoint(point));
+  point.description = L"a \U0001F332";
   EXPECT_TRUE(job.WritePoint(point));
   job.Close();
-  EXPECT_EQ(temp.Read(L"a.job").substr(kFirstRecord),
-            RecordBytes(13, std::string(PutPoint(
-                                Block(100), {"A name that is l", "xxxxxxxxxxxxxxx", 0, 0, 0}))));
-}
-
-TEST(CJobFile, ReadsPairsAsOneCharacter) {
-  const TempDir temp;
-  CJobFile job(true);
-  ASSERT_TRUE(job.CreateNew(temp.Path(L"a.job")));
-  JOB_POINT written, read;
-  written.description = L"a \U0001F332";
-  EXPECT_TRUE(job.WritePoint(written));
-  job.Close();
+  const std::string cut = RecordBytes(
+      13, std::string(PutPoint(Block(100), {"A name that is l", "xxxxxxxxxxxxxxx", 0, 0, 0})));
+  EXPECT_EQ(temp.Read(L"a.job").substr(kFirstRecord, cut.size()), cut);
   ASSERT_TRUE(job.Open(temp.Path(L"a.job"), false) && job.SeekToFirstRecord());
-  ASSERT_TRUE(Head().Next(job) && job.Read(read));
-  // Where a wide character holds 16 bits the literal is a pair as well.
-  EXPECT_EQ(read.description, written.description);
+  JOB_POINT read;
+  for (int i = 0; i < 2; ++i) ASSERT_TRUE(Head().Next(job) && job.Read(read));
+  EXPECT_EQ(read.description, point.description);
 }
 
 // What the old form lacks stays as the caller had it.
 TEST(CJobFile, ReadsOldFormsIntoTheFrontOfARecord) {
   const TempDir temp;
   CJobFile job(true);
-  const std::string records = RecordBytes(1, Payload(13, 92)) + RecordBytes(2, Payload(14, 124)) +
-                              RecordBytes(3, Payload(15, 80)) + RecordBytes(8, Payload(16, 104));
+  const std::string records = RecordBytes(1, Payload(13, 92)) + RecordBytes(8, Payload(16, 104));
   ASSERT_TRUE(job.Open(temp.Write(L"a.job", JobBytes(3, records)), false) &&
               job.SeekToFirstRecord());
-  const auto read = [&job](auto& record) { return Head().Next(job) && job.Read(record); };
   JOB_POINT point;
   point.layer = 5;
   point.attributeLink = 6;
-  ASSERT_TRUE(read(point));
+  ASSERT_TRUE(Head().Next(job) && job.Read(point));
   EXPECT_EQ(point.name, L"POINT 16 LETTERS");
   EXPECT_TRUE(point.layer == 5 && point.attributeLink == 6);
-
-  JOB_POINT_EX pointEx;
-  pointEx.attributeLink = 6;
-  pointEx.further.fill(std::byte{0xEE});
-  ASSERT_TRUE(read(pointEx));
-  EXPECT_EQ(AsString(pointEx.further), Pattern(124).substr(96) + "\xEE\xEE\xEE\xEE");
-  EXPECT_EQ(pointEx.attributeLink, 6u);
-
   JOB_RECORD15 line;
-  line.body.fill(std::byte{0xEE});
-  ASSERT_TRUE(read(line));
-  EXPECT_EQ(AsString(line.body), Pattern(80).substr(4) + std::string(8, '\xEE'));
-
   JOB_RECORD16 element;
   element.reservedTail.fill(std::byte{0xEE});
-  ASSERT_TRUE(read(point) && job.Read(line));  // of other kinds: nothing is read
+  ASSERT_TRUE(Head().Next(job) && job.Read(point) && job.Read(line));  // of other kinds: nothing
   ASSERT_TRUE(job.Read(element));
   EXPECT_EQ(AsString(element.reservedTail), std::string(8, '\xEE'));
 }

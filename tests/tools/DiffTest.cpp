@@ -2,10 +2,14 @@
 // them, and many records of one name.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
 #include <string>
 #include <vector>
 
+#include "CaseFile.h"
+#include "cli/FileTypes.h"
+#include "io/Strings.h"
 #include "tools/DiffReport.h"
 #include "tools/DiffSurveys.h"
 #include "tools/MatchRecords.h"
@@ -28,11 +32,9 @@ TEST(DiffTest, NamesComeInNaturalOrder) {
   EXPECT_TRUE(std::is_neq(CompareNaturally(L"2", L"02")));
 }
 
-SurveyPoint Point(const wchar_t* name, double north = 0, double east = 0,
-                  const wchar_t* code = L"") {
+SurveyPoint Point(const wchar_t* name, double north = 0, double east = 0) {
   SurveyPoint point;
   point.name = name;
-  point.code = code;
   point.grid = {north, east, 0};
   return point;
 }
@@ -44,46 +46,19 @@ Survey SurveyOf(FileType type, std::vector<SurveyPoint> points) {
   return survey;
 }
 
+// In either order of the files.
 TEST(DiffTest, NamesAndCodesMatchAsBothFormatsHoldThem) {
-  struct Case {
-    FileType first, second;
-    SurveyPoint a, b;
-    bool isSame;
+  const auto typeOf = [](const std::wstring& name) {
+    return std::ranges::find(cli::kTypes, ToNarrow(name), &cli::TypeInfo::name)->type;
   };
-  const wchar_t* kLong = L"ABCDEFGHIJKLMNOPQRST";
-  const Case kCases[] = {
-      {FT_DC, FT_CR5, Point(L"007"), Point(L"7"), true},
-      {FT_JOB, FT_SEQ_CR5, Point(L""), Point(L"0"), true},
-      {FT_RAW, FT_SDR2, Point(L"00"), Point(L"0"), true},
-      {FT_DC, FT_RAW, Point(L"007"), Point(L"7"), false},
-      {FT_DC, FT_DC, Point(L"a"), Point(L"A"), false},
-      {FT_JOB, FT_CR5, Point(L"a"), Point(L"A"), false},
-      {FT_DC, FT_RAW, Point(L" 7 "), Point(L"7"), true},
-      {FT_DC, FT_JOB, Point(L"N-7.\u00e9"), Point(L"N_7__"), true},
-      {FT_DC, FT_SDR33, Point(L"N-7"), Point(L"N_7"), false},
-      {FT_RAW, FT_DC, Point(kLong), Point(L"EFGHIJKLMNOPQRST"), true},
-      {FT_RAW, FT_DC, Point(kLong), Point(L"ABCDEFGHIJKLMNOP"), true},
-      {FT_RAW, FT_DC, Point(kLong), Point(L"BCDEFGHIJKLMNOPQ"), false},
-      {FT_RAW, FT_SDR33, Point(kLong), Point(L"ABCDEFGHIJKLMN"), true},
-      {FT_RAW, FT_RAW, Point(kLong), Point(L"ABCDEFGHIJKLMNOP"), false},
-      {FT_RAW, FT_CR5, Point(L"1", 0, 0, L"a code of 19 letter"),
-       Point(L"1", 0, 0, L"a code of 19 let"), true},
-      {FT_RAW, FT_DC, Point(L"1", 0, 0, L"a code of 19 letter"),
-       Point(L"1", 0, 0, L"ode of 19 letter"), true},
-      {FT_RAW, FT_DC, Point(L"1", 0, 0, L"a code of 19 letter"),
-       Point(L"1", 0, 0, L"a code of 19 le"), false},
-      {FT_RAW, FT_RAW, Point(L"1", 0, 0, L"a code of 19 letter"),
-       Point(L"1", 0, 0, L"a code of 19 let"), false},
-      {FT_JOB, FT_DC, Point(L"1", 0, 0, L"\u0416"), Point(L"1", 0, 0, L"?"), true},
-      {FT_JOB, FT_ILJ, Point(L"1", 0, 0, L"\u0416"), Point(L"1", 0, 0, L"?"), false},
-      {FT_JOB, FT_DC, Point(L"1", 0, 0, L"Z"), Point(L"1", 0, 0, L"?"), false},
-  };
-  for (const Case& each : kCases) {
-    SCOPED_TRACE(testing::Message()
-                 << each.first << " " << each.a.name << ", " << each.second << " " << each.b.name);
-    const Survey a = SurveyOf(each.first, {each.a}), b = SurveyOf(each.second, {each.b});
-    EXPECT_EQ(DiffSurveys(a, b).IsEqual(), each.isSame);
-    EXPECT_EQ(DiffSurveys(b, a).IsEqual(), each.isSame);
+  for (const CaseFields& texts : ReadCases("tests/golden-lines/diff-names.txt")) {
+    SCOPED_TRACE(testing::PrintToString(texts));
+    SurveyPoint a = Point(texts[1].c_str()), b = Point(texts[4].c_str());
+    a.code = texts[2];
+    b.code = texts[5];
+    const Survey first = SurveyOf(typeOf(texts[0]), {a}), second = SurveyOf(typeOf(texts[3]), {b});
+    EXPECT_EQ(DiffSurveys(first, second).IsEqual(), texts.at(6) == L"same");
+    EXPECT_EQ(DiffSurveys(second, first).IsEqual(), texts[6] == L"same");
   }
 }
 
