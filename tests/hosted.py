@@ -3,8 +3,10 @@
 The words after the name of a test are the command to run the host, such as "wine64 zelconvert.exe".
 """
 
+import contextlib
 import os
 import pathlib
+import re
 import shutil
 import subprocess
 import sys
@@ -32,6 +34,48 @@ def run_host(words, **options):
         for stream in out, err:
             stream.seek(0)
         return Run(done.returncode, out.read(), err.read())
+
+
+def run_on_terminal(words, stream="stderr", **options):
+    """The same, of which one stream is what a terminal shows."""
+    import pty
+
+    leader, follower = pty.openpty()
+    done = run_host(words, **{stream: follower}, **options)
+    os.close(follower)
+    shown = b""
+    with contextlib.suppress(OSError):  # how a terminal that nobody holds ends; it may come in pieces
+        while piece := os.read(leader, 1 << 16):
+            shown += piece
+    os.close(leader)
+    return done._replace(**{stream: shown})
+
+
+def limit_files(size):
+    """For a process that is about to become another one: its files have no room for more bytes."""
+    import resource
+
+    resource.setrlimit(resource.RLIMIT_FSIZE, (size, size))
+
+
+def store_big_job(path):
+    """One of 60 million bytes, which takes a while to convert."""
+    job = (EXAMPLES / "boundary.job").read_bytes()
+    records = job[int.from_bytes(job[30:34], "little") :]
+    path.write_bytes(job + records * (60_000_000 // len(records)))
+
+
+def copy_examples(folder):
+    for example in EXAMPLES.glob("*.*"):
+        shutil.copy(example, folder)
+
+
+def calls_on_page(page):
+    """What stands after the prompts of a page, and what it shows of each."""
+    shown = "".join(re.findall(r"```console\n(.*?)```", page.read_text(encoding="utf-8"), re.S))
+    calls = [call.partition("\n")[::2] for call in re.split(r"^\$ ", shown, flags=re.M)[1:]]
+    assert calls, page
+    return calls
 
 
 def extension_of(name):

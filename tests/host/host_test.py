@@ -5,7 +5,6 @@ HOST and ARGUMENTS are the command to run it, such as "wine64 zelconvert.exe". E
 cases.txt is one call in a folder with a few inputs; what it doesn't expect on disk must not be there.
 """
 
-import contextlib
 import glob
 import itertools
 import json
@@ -22,7 +21,10 @@ import time
 import unittest
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1]))
-from hosted import EXAMPLES, HOST, ON_WINDOWS, ROOT, FolderTest, main, run_host  # noqa: E402
+from hosted import (  # noqa: E402
+    EXAMPLES, HOST, ON_WINDOWS, ROOT, FolderTest, calls_on_page, copy_examples, limit_files, main, run_host,
+    run_on_terminal, store_big_job,
+)
 
 
 def read_cases():
@@ -46,12 +48,6 @@ def contents(folder):
         name = path.relative_to(folder).as_posix()
         files[name] = path.read_bytes() if path.is_file() else None
     return files
-
-
-def limit_files():
-    import resource
-
-    resource.setrlimit(resource.RLIMIT_FSIZE, (128, 128))
 
 
 class HostTest(FolderTest):
@@ -104,7 +100,7 @@ class HostTest(FolderTest):
                 is_clean = False
                 arguments, _, source = arguments.partition("< ")
                 words = [word.strip('"') for word in arguments.split()]
-                options = {"preexec_fn": limit_files} if where == "limit" else {}
+                options = {"preexec_fn": lambda: limit_files(128)} if where == "limit" else {}
                 with open(os.path.join(self.folder, source or os.devnull), "rb") as options["stdin"]:
                     self.check(words, code, files, texts, **options)
                 self.restore()
@@ -220,52 +216,26 @@ class PagesTest(unittest.TestCase):
             text = (ROOT / "cli/pages" / name).read_text(encoding="utf-8")
             self.assertEqual(self.ask("generate", page), text, name)
 
-    def section(self, page, text, command):
-        """What a page says of a command."""
-        start, end = {
-            "man": (f"\n.SS {command}\n", r"\n\.S[SH] "),
-            "bash": (f"\n        '{command}') options=", r"\n"),
-            "zsh": (f"\n        {command})\n", r"\n            ;;"),
-            "fish": ("", r"$(?!\n)"),
-        }[page]
-        text = text.replace("\\-", "-")
-        self.assertIn(start, text)
-        text = re.split(end, text.partition(start)[2] if start else text)[0]
-        if page != "fish":
-            return text
-        lines = [line for line in text.splitlines() if f"__zelconvert_in {command}'" in line]
-        return "\n".join(re.sub(r" -l (\S+)", r" --\1", line) for line in lines)
-
+    # The shells are asked in completions_test.py.
     def test_all_name_the_same_options(self):
-        texts = {page: (ROOT / "cli/pages" / name).read_text(encoding="utf-8") for page, name in self.PAGES.items()}
-        common = texts["man"].replace("\\-", "-").partition(".SH OPTIONS OF EVERY COMMAND")[2].partition(".SH")[0]
+        man = self.ask("generate", "man").replace("\\-", "-")
+        common = man.partition(".SH OPTIONS OF EVERY COMMAND")[2].partition(".SH")[0]
         commands = json.loads(self.ask("help", "--json"))["commands"]
         self.assertGreater(len(commands), 7)
         for command in commands:
-            names = {option["names"][-1] for option in command["options"]}
-            names = {name for name in names if name.startswith("-")}
-            pages = {page: self.section(page, text, command["name"]) for page, text in texts.items()}
-            defined = {
-                "help": re.findall(r"^  (?:-\w,)?(--[a-z-]+)", self.ask("help", command["name"]), re.M),
-                "man": re.findall(r"^\.TP\n.*?(--[a-z-]+)", pages["man"] + common, re.M),
-                "bash": re.findall(r"--[a-z-]+", pages["bash"]),
-                "zsh": re.findall(r"(--[a-z-]+)=?\[", pages["zsh"]),
-                "fish": re.findall(r"' .*?(--[a-z-]+)", pages["fish"]),
-            }
-            for page, found in defined.items():
-                self.assertEqual(set(found), names, (page, command["name"]))
+            names = {option["names"][-1] for option in command["options"] if option["names"][-1].startswith("-")}
+            entries = re.split(r"\n\.S[SH] ", man.partition(f"\n.SS {command['name']}\n")[2])[0] + common
+            helped = re.findall(r"^  (?:-\w,)?(--[a-z-]+)", self.ask("help", command["name"]), re.M)
+            self.assertEqual(set(helped), names, command["name"])
+            self.assertEqual(set(re.findall(r"^\.TP\n.*?(--[a-z-]+)", entries, re.M)), names, command["name"])
 
     # Every call that a page shows gives what stands there. (library.md shows programs of its own.)
     def test_pages_show_what_happens(self):
         pages = [ROOT / "README.md", ROOT / "docs/tour.md", *(ROOT / "docs/commands").glob("*.md")]
         for page in sorted(pages):
             with tempfile.TemporaryDirectory() as folder:
-                for example in EXAMPLES.glob("*.*"):
-                    shutil.copy(example, folder)
-                shown = re.findall(r"```console\n(.*?)```", page.read_text(encoding="utf-8"), re.S)
-                self.assertTrue(shown, page)
-                for call in re.split(r"^\$ ", "".join(shown), flags=re.M)[1:]:
-                    line, _, expected = call.partition("\n")
+                copy_examples(folder)
+                for line, expected in calls_on_page(page):
                     with self.subTest(f"{page.name}: {line}"):
                         self.assertEqual(self.run_line(line, folder), expected)
 
@@ -312,16 +282,10 @@ class PosixTest(HostTest):
         self.assertEqual(result.returncode, 0, result.stderr)
         self.assertIn(b"\xfe.dc", os.listdir(os.fsencode(self.folder)))
 
-    def make_big(self):
-        job = (EXAMPLES / "boundary.job").read_bytes()
-        records = job[int.from_bytes(job[30:34], "little") :]
-        self.big = os.path.join(self.folder, "big.job")
-        with open(self.big, "wb") as file:
-            file.write(job + records * (60_000_000 // len(records)))
-
     def start_long(self, **options):
         """A host that converts a read-only file and has made its temporary folder."""
-        self.make_big()
+        self.big = self.folder / "big.job"
+        store_big_job(self.big)
         os.chmod(self.big, 0o444)
         self.before = dict.fromkeys(contents(self.folder))  # names alone
         host = subprocess.Popen(HOST + ["convert", "big.job", "out.dc"], cwd=self.folder, **options)
@@ -348,7 +312,7 @@ class PosixTest(HostTest):
 
     # What becomes a DC file on the way, in the system's folder for such files.
     def test_interrupt_reading(self):
-        self.make_big()
+        store_big_job(self.folder / "big.job")
         place = pathlib.Path(self.folder, "tmp")
         place.mkdir()
         for arguments in ["info", "big.job"], ["plot", "big.job", "out.svg"], ["diff", "big.job", "a.job"]:
@@ -431,24 +395,7 @@ class PosixTest(HostTest):
         self.assertEqual(sorted(os.listdir(os.path.join(self.folder, "out"))), ["a.dc", "p.dc"])
 
     def run_on_terminal(self, arguments, **variables):
-        """Its exit code, standard output, and what a terminal shows of standard error."""
-        import pty
-
-        leader, follower = pty.openpty()
-        result = subprocess.run(
-            HOST + arguments,
-            cwd=self.folder,
-            stdout=subprocess.PIPE,
-            stderr=follower,
-            env={**os.environ, "TERM": "xterm", "NO_COLOR": "", **variables},
-        )
-        os.close(follower)
-        shown = b""
-        with contextlib.suppress(OSError):  # how a terminal that nobody holds ends; it may come in pieces
-            while piece := os.read(leader, 65536):
-                shown += piece
-        os.close(leader)
-        return result.returncode, result.stdout, shown
+        return run_on_terminal(arguments, cwd=self.folder, env={**os.environ, "TERM": "xterm", "NO_COLOR": "", **variables})
 
     def test_bar_on_a_terminal(self):
         for arguments in (
