@@ -45,77 +45,31 @@ static class BindingTest
         return null;
     }
 
-    // ---- golden cases: tests/GoldenTest.cpp tells what stands in their folders
+    // ---- options, a pair, and files beside the output, as cases of tests/golden have them
 
-    static readonly string[] ShortNames = {
-        "cr5", "job", "raw", "job+raw", "sdr2", "sdr33", "dc", "oldjob", "rw5", "cr5+rw5", "dc77", "dc1000", "seqcr5",
-        "ilj", "dc1070", "jxl", "pwj", "pwr", "pwj+pwr",
-    };
-
-    static bool IsRemark(string name)
-    {
-        return name == "messages.txt" || name == "args.txt" || name == "notes.txt";
-    }
-
-    static Dictionary<string, string> ReadFolder(string folder)
-    {
-        return Directory.GetFiles(folder).ToDictionary(
-            Path.GetFileName, path => System.Convert.ToBase64String(File.ReadAllBytes(path)));
-    }
-
-    static string ReadText(string path)
-    {
-        return File.Exists(path) ? File.ReadAllText(path) : "";
-    }
-
-    static IReadOnlyList<string> Run(Converter converter, string input, FileType from, string output, FileType to)
-    {
-        try
-        {
-            return converter.Convert(input, from, output, to).Messages;
-        }
-        catch (ConversionException refusal)
-        {
-            return refusal.Messages;
-        }
-    }
-
-    static void Golden(string given, FileType from, FileType to)
+    static void Makes(string given, string name, FileType from, FileType to, Action<Converter, string> choose)
     {
         string work = Path.Combine(Path.GetTempPath(), Path.GetRandomFileName());
         Directory.CreateDirectory(work);
-        var expected = ReadFolder(given).Where(each => !IsRemark(each.Key)).ToDictionary(each => each.Key, each => each.Value);
-        foreach (string name in expected.Keys.Where(name => name.StartsWith("in.")))
-            File.Copy(Path.Combine(given, name), Path.Combine(work, name));
-
+        given = Path.Combine(top, "tests/golden", given);
+        foreach (string input in Directory.GetFiles(given, "in.*")) File.Copy(input, Path.Combine(work, Path.GetFileName(input)));
         var converter = new Converter();
-        string[] args = ReadText(Path.Combine(given, "args.txt")).Split(' ', '\n');
-        if (args[0] == "job") converter.JobOfLog = Path.Combine(work, args[1]);
-        if (args[0] == "gps-security") converter.TestsGpsSignature = args[1] != "0";
-        Func<string, FileType, string> nameOf = (stem, type) => expected.Keys.FirstOrDefault(
-            each => each.Equals(stem + Converter.Extension(type), StringComparison.OrdinalIgnoreCase))
-            ?? stem + Converter.Extension(type);
-        var messages = Run(
-            converter, Path.Combine(work, nameOf("in", from)), from, Path.Combine(work, nameOf("out", to)), to);
-
-        string texts = string.Concat(messages.Select(text => text.Replace(work + "/", "") + "\n"));
-        Equal(ReadText(Path.Combine(given, "messages.txt")), texts, given + ": messages");
-        var made = ReadFolder(work);
-        foreach (string name in made.Keys.Union(expected.Keys))
-            Check(made.ContainsKey(name) && expected.ContainsKey(name) && made[name] == expected[name], given + ": " + name);
+        choose(converter, work);
+        string output = Path.Combine(work, "out" + Converter.Extension(to));
+        Equal(output, converter.Convert(Path.Combine(work, name), from, output, to).Files.Single(), given + ": file told");
+        foreach (string file in Directory.GetFiles(work))
+            Check(File.ReadAllBytes(file).SequenceEqual(File.ReadAllBytes(Path.Combine(given, Path.GetFileName(file)))), given);
         Directory.Delete(work, true);
     }
 
-    static void GoldenCases()
+    static void Options()
     {
-        string[] pairs = Directory.GetDirectories(Path.Combine(top, "tests/golden"));
-        Check(pairs.Length > 40, "golden pairs");
-        foreach (string pair in pairs)
-        {
-            string[] names = Regex.Split(Path.GetFileName(pair), "-to-");
-            var types = names.Select(name => (FileType)Array.IndexOf(ShortNames, name)).ToArray();
-            foreach (string folder in Directory.GetDirectories(pair)) Golden(folder, types[0], types[1]);
-        }
+        Makes("dc-to-job/ridge-road", "in.dc", FileType.Dc, FileType.Job, (converter, work) => { });
+        Makes("job+raw-to-dc/mill-creek", "in.job", FileType.JobRaw, FileType.Dc, (converter, work) => { });
+        Makes("raw-to-dc1070/gps-signatures-off", "in.raw", FileType.Raw, FileType.Dc1070,
+            (converter, work) => converter.TestsGpsSignature = false);
+        Makes("raw-to-dc1070/points-of-an-old-job", "in.raw", FileType.Raw, FileType.Dc1070,
+            (converter, work) => converter.JobOfLog = work + "/in.job");
     }
 
     // ---- declarations: against the header, which is what the DLL is built from as well
@@ -274,7 +228,7 @@ static class BindingTest
         ProgressEvents();
         Threads();
         Names(arguments[1]);
-        GoldenCases();
+        Options();
         Console.WriteLine(checks + " checks, " + failures + " failed");
         return failures == 0 ? 0 : 1;
     }

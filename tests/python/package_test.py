@@ -57,11 +57,10 @@ class GoldenTest(FolderTest):
         zelconvert.set_gps_security(args.get("gps-security") != "0")
         messages, error = self.convert(folder, source, from_, to, job)
         made = {path.name: path.read_bytes() for path in folder.iterdir()}
-        if job or "+" in from_ or from_ == "dc" and to.endswith("cr5") or to not in TYPES[from_].converts_to:
-            expected = self.ask_host(folder, inputs, source, from_, to, job)
-            self.assertEqual((made, messages, error), expected)
-        else:
+        takes_more = job or "+" in from_ or from_ == "dc" and to.endswith("cr5") or to not in TYPES[from_].converts_to
+        if not (takes_more and error):
             self.assertEqual(made, files)
+        if not takes_more:
             self.assertEqual("".join(f"{text}\n" for text in messages), read(case, "messages.txt"))
 
     def convert(self, folder, source, from_, to, job):
@@ -72,16 +71,6 @@ class GoldenTest(FolderTest):
             return [text.replace(f"{folder}/", "") for text in error.messages], error.error
         self.assertEqual(done.output, output)
         return [text.replace(f"{folder}/", "") for text in done.messages], None
-
-    def ask_host(self, folder, inputs, source, from_, to, job):
-        for path in folder.iterdir():
-            if path.name not in inputs:
-                path.unlink()
-        words = ["convert", folder / source, folder / ("out" + TYPES[to].extension), "--from", from_, "--to", to]
-        told = host(*words, *(["--job", job] if job else []))
-        messages = [text.replace(f"{folder}/", "") for text in told["messages"]]
-        return {path.name: path.read_bytes() for path in folder.iterdir()}, messages, told.get("error")
-
 
 class CallTest(FolderTest):
     def copy(self, name, to=None):
