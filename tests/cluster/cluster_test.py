@@ -10,7 +10,6 @@ import shutil
 import signal
 import subprocess
 import sys
-import types
 import unittest
 from unittest import mock
 
@@ -171,14 +170,6 @@ class ClusterTest(FolderTest):
         shutil.copy(ROOT / "examples/mill-creek.raw", self.source / "0/0.raw")
         with self.assertRaisesRegex(SystemExit, "0/0.job and 0/0.raw would both become 0/0.dc"):
             cluster.list_items(self.plan)
-
-    def test_parquet(self):
-        written = {}
-        parquet = types.SimpleNamespace(write_table=lambda table, path: written.update({path: table}))
-        pyarrow = types.SimpleNamespace(Table=types.SimpleNamespace(from_pylist=list), parquet=parquet)
-        with mock.patch.dict(sys.modules, {"pyarrow": pyarrow, "pyarrow.parquet": parquet}):
-            cluster.write_parquet(iter([{"source": "a"}]), "a.parquet")
-        self.assertEqual(written, {"a.parquet": [{"source": "a"}]})
 
     def test_page(self):
         """The calls of the page, on a tree of four files."""

@@ -11,19 +11,17 @@ import xml.etree.ElementTree as ElementTree
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 PAGE = (ROOT / "docs/formats/jxl.md").read_text(encoding="utf-8")
 CHILD = re.compile(r"`(\w+)`(?: = ([\w-]+)(?= -|,|$)| (-)(?=,|$| -))?")
+ROWS = dict(re.findall(r"^\| `(\w+Record)` \| (.*) \|$", PAGE, re.M))
 
 
-def without_brackets(text):
-    return re.sub(r" \([^)]*\)", "", text)
+def children(cell):
+    """The children that a cell names, and what each always says or None."""
+    return [(name, "" if empty else text or None) for name, text, empty in CHILD.findall(cell)]
 
 
-def nested_on_page():
-    """(record, child) to a list of its children, as of a record."""
-    nested = {}
-    for record, cell in re.findall(r"^\| `(\w+Record)` \| (.*) \|$", PAGE, re.M):
-        for child, inside in re.findall(r"`(\w+)` \(([^)]*`[^)]*)\)", cell):
-            nested[record, child] = [(name, "" if empty else text or None) for name, text, empty in CHILD.findall(inside)]
-    return nested
+CHILDREN = {record: children(re.sub(r" \([^)]*\)", "", cell.split(";")[0])) for record, cell in ROWS.items()}
+NESTED = {(record, child): children(inside) for record, cell in ROWS.items()
+          for child, inside in re.findall(r"`(\w+)` \(([^)]*`[^)]*)\)", cell)}
 
 
 def forms_on_page():
@@ -32,67 +30,48 @@ def forms_on_page():
     for heads, cell in re.findall(r"^\| [a-z ]+ \| ([A-Z]\w+, \w+, \w+) \| (.*) \|$", PAGE, re.M):
         method, *rest = heads.split(", ")
         always, _, perhaps = re.sub(r" with a last child `\w+` -", "", cell).partition("; ")
-        forms[method] = (rest, CHILD.findall(always), CHILD.findall(perhaps))
+        forms[method] = (rest, children(always), children(perhaps))
     return forms
 
 
-def children_on_page():
-    """Record to a list of (child, what it always says or None)."""
-    rows = re.findall(r"^\| `(\w+Record)` \| (.*) \|$", PAGE, re.M)
-    tables = {}
-    for record, cell in rows:
-        cell = without_brackets(cell.split(";")[0])
-        tables[record] = [(name, "" if empty else text or None) for name, text, empty in CHILD.findall(cell)]
-    return tables
+def records():
+    for path in sorted((ROOT / "tests/golden").glob("*-to-jxl/*/out.jxl")):
+        yield from ElementTree.parse(path).getroot().find("FieldBook")
 
 
 class JxlTest(unittest.TestCase):
+    def check(self, element, table, length=None):
+        self.assertEqual([child.tag for child in element][:length], [name for name, _ in table], element.tag)
+        for name, text in table:
+            if text is not None:
+                self.assertEqual(element.findtext(name), text, (element.tag, name))
+
     def test_children_of_records(self):
-        tables, seen = children_on_page(), set()
-        self.assertGreater(len(tables), 8)
-        for path in sorted((ROOT / "tests/golden").glob("*-to-jxl/*/out.jxl")):
-            for record in ElementTree.parse(path).getroot().find("FieldBook"):
-                table = tables[record.tag]
-                names = [child.tag for child in record]
-                with self.subTest(f"{path.relative_to(ROOT)}: {record.tag}"):
-                    length = len(table) if record.tag == "PointRecord" else len(names)  # its forms go on
-                    self.assertEqual(names[:length], [name for name, _ in table])
-                    for name, text in table:
-                        if text is not None:
-                            self.assertEqual(record.findtext(name), text, name)
-                seen.add(record.tag)
-        self.assertEqual(set(tables) - seen, {"CoordinateSystemRecord"})  # no raw record makes one
-
-    def records(self, tag):
-        for path in sorted((ROOT / "tests/golden").glob("*-to-jxl/*/out.jxl")):
-            yield from ElementTree.parse(path).getroot().find("FieldBook").iter(tag)
-
-    def test_children_in_brackets(self):
-        nested = nested_on_page()
-        self.assertGreater(len(nested), 1)
-        for (tag, child), table in nested.items():
-            for record in self.records(tag):
-                found = record.find(child)
-                self.assertEqual([each.tag for each in found], [name for name, _ in table], (tag, child))
-                for name, text in table:
-                    if text is not None:
-                        self.assertEqual(found.findtext(name), text, (tag, child, name))
+        self.assertGreater(len(CHILDREN), 8)
+        self.assertGreater(len(NESTED), 1)
+        seen = set()
+        for record in records():
+            table = CHILDREN[record.tag]
+            self.check(record, table, len(table) if record.tag == "PointRecord" else None)  # its forms go on
+            seen.add(record.tag)
+            for tag, child in NESTED:
+                if tag == record.tag:
+                    self.check(record.find(child), NESTED[tag, child])
+        self.assertEqual(set(CHILDREN) - seen, {"CoordinateSystemRecord"})  # no raw record makes one
 
     def test_forms_of_points(self):
         forms, seen = forms_on_page(), set()
-        common = [name for name, _ in children_on_page()["PointRecord"]]
-        for record in self.records("PointRecord"):
+        for record in records():
+            if record.tag != "PointRecord":
+                continue
             method = record.findtext("Method")
             heads, always, perhaps = forms[method]
             self.assertEqual([record.findtext("SurveyMethod"), record.findtext("Classification")], heads)
-            names = [child.tag for child in record]
-            expected = common + [name for name, _, _ in always]
-            self.assertEqual(names[:len(expected)], expected, method)
-            self.assertIn(names[len(expected):], [[], [name for name, _, _ in perhaps]], method)
-            for name, text, empty in always:
-                if text or empty:
-                    self.assertEqual(record.findtext(name), text, (method, name))
-            seen.add((method, len(names)))
+            table = CHILDREN["PointRecord"] + always
+            self.check(record, table, len(table))
+            rest = [child.tag for child in record][len(table):]
+            self.assertIn(rest, [[], [name for name, _ in perhaps]], method)
+            seen.add((method, len(rest)))
         self.assertEqual({method for method, _ in seen}, set(forms))
         self.assertEqual(len(seen), len(forms) + 1)  # one of them with what may be there and without
 

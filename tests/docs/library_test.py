@@ -8,12 +8,13 @@ library_test.py FOLDER [EMULATOR]         runs them as FOLDER/library_NAME, and 
 import pathlib
 import re
 import shlex
-import shutil
 import subprocess
 import sys
 import tempfile
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1]))
+from hosted import ROOT, calls_on_page, copy_examples  # noqa: E402
+
 PAGE = (ROOT / "docs/library.md").read_text(encoding="utf-8")
 
 
@@ -25,14 +26,9 @@ def extract(name, out):
 
 
 def run(folder, emulator):
-    shown = "".join(re.findall(r"```console\n(.*?)```", PAGE, re.S))
-    calls = re.split(r"^\$ ", shown, flags=re.M)[1:]
-    assert len(calls) > 3, calls
     with tempfile.TemporaryDirectory() as work:
-        for example in (ROOT / "examples").glob("*.*"):
-            shutil.copy(example, work)
-        for call in calls:
-            line, _, expected = call.partition("\n")
+        copy_examples(work)
+        for line, expected in calls_on_page(ROOT / "docs/library.md"):
             program, *words = shlex.split(line)
             suffix = ".exe" if emulator else ""
             path = str(folder / f"library_{program.removeprefix('./')}{suffix}")

@@ -21,7 +21,7 @@ import unittest
 import zipfile
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1]))
-from hosted import GOLDEN, ROOT, FolderTest  # noqa: E402
+from hosted import GOLDEN, ROOT, FolderTest, calls_on_page, copy_examples  # noqa: E402
 
 EXAMPLES = sorted((ROOT / "examples").glob("*.*"))
 PREFIX = pathlib.Path(sys.argv[1]).resolve()
@@ -314,12 +314,8 @@ class PluginTest(FolderTest):
         self.assertIn("1: points (3D Point)", shown.stdout)
 
     def test_page_shows_what_happens(self):
-        page = (ROOT / "docs/gdal.md").read_text(encoding="utf-8")
-        for example in EXAMPLES:
-            shutil.copy(example, self.folder)
-        shown = "".join(re.findall(r"```console\n(.*?)```", page, re.S))
-        for call in re.split(r"^\$ ", shown, flags=re.M)[1:]:
-            line, _, expected = call.partition("\n")
+        copy_examples(self.folder)
+        for line, expected in calls_on_page(ROOT / "docs/gdal.md"):
             result = subprocess.run(line, shell=True, cwd=self.folder, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
                                     text=True, env={**os.environ, "PATH": f"{HOST.parent}:{os.environ['PATH']}"})
             self.assertEqual(re.sub(r"[ \r]+$", "", result.stdout, flags=re.M).strip("\n"), expected.strip("\n"), line)
@@ -332,16 +328,6 @@ class PluginTest(FolderTest):
             for layer in layers_of(open_file(example)):
                 found[layer.GetName()] = [field.GetName() for field in layer.schema]
         self.assertEqual(told, found)
-
-    def test_geopackage_holds_the_same(self):
-        for example in EXAMPLES:
-            output = self.folder / f"{example.name}.gpkg"
-            subprocess.check_call(["ogr2ogr", "-f", "GPKG", output, example])
-            source, copy = open_file(example), gdal.OpenEx(str(output))
-            self.assertEqual([each.GetName() for each in layers_of(source)], [each.GetName() for each in layers_of(copy)])
-            for layer in layers_of(source):
-                other = copy.GetLayerByName(layer.GetName())
-                self.assertEqual([each.ExportToJson() for each in layer], [each.ExportToJson() for each in other])
 
     # Damaged files of every type, as any of them. A crash takes the process along.
     def test_hostile_files(self):
