@@ -54,9 +54,9 @@ void CheckReport(const SurveyDiff& diff, const DiffOptions& options) {
   }
   Require(total == all.size());
   const std::wstring text = FormatDiff(diff, options);
-  const auto lines = static_cast<std::size_t>(std::ranges::count(text, L'\n'));
+  const auto lines = static_cast<std::size_t>(std::count(text.begin(), text.end(), L'\n'));
   Require(lines == (all.empty() ? 0 : all.size() + 1));  // the last one is the summary
-  Require(std::ranges::none_of(text, [](wchar_t c) { return c < L' ' && c != L'\n'; }));
+  Require(std::none_of(text.begin(), text.end(), [](wchar_t c) { return c < L' ' && c != L'\n'; }));
 }
 
 SurveyDiff Diff(const Survey& a, const Survey& b, const DiffOptions& options) {

@@ -38,7 +38,8 @@ void Convert(const std::wstring& input) {
   ConvertFile(FT_DC, first.path, FT_ILJ, L"back.ilj");
 
   const Lines lines = ReadLines(input);
-  if (std::ranges::count(lines, std::wstring()) > 0) return;  // the writer has no empty lines
+  if (std::count(lines.begin(), lines.end(), std::wstring()) > 0)
+    return;  // the writer has no empty lines
   for (const auto encoding : {CTextFile::kUtf16LittleEndian, CTextFile::kUtf16BigEndian}) {
     const RouteResult again = ConvertFile(FT_ILJ, StoreLines(lines, encoding), FT_DC, L"again.dc");
     Require(again.converted && again.messages == first.messages && again.output == first.output);

@@ -11,7 +11,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
       const RouteResult made = ConvertFile(brand, input, FT_JXL, L"out.jxl");
       if (!made.converted) continue;
       Require(made.messages.empty() && made.output.ends_with("</JOBFile>\r\n"));
-      Require(std::ranges::none_of(made.output, [](char c) {
+      Require(std::none_of(made.output.begin(), made.output.end(), [](char c) {
         const auto byte = static_cast<unsigned char>(c);
         return (byte < 0x20 && c != '\r' && c != '\n') || byte == 0x7F;
       }));

@@ -7,7 +7,7 @@ namespace zelconvert::tools {
 namespace {
 
 bool IsOneLine(const std::string& text) {
-  return std::ranges::count(text, '\n') == 1 && text.ends_with('\n');
+  return std::count(text.begin(), text.end(), '\n') == 1 && text.ends_with('\n');
 }
 
 void Show(const Survey& survey) {

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# scripts/check.sh [STEP...]: the checks that take too long for every change; without arguments all steps, some two
+# scripts/check.sh [STEP...]: the checks that take too long for every change; without arguments all steps, some three
 # hours on two cores. docs/testing.md tells what they are.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -50,6 +50,21 @@ step_cppcheck() {
     src tools cli bindings/native
 }
 
+# Follows the paths through the product, folder by folder.
+step_analyzer() {
+  local checks='-*,clang-analyzer-*,-clang-analyzer-optin.performance.Padding' # the order of fields is that of formats
+  cmake --preset asan -B build/analyzer --log-level=WARNING -DZELCONVERT_BUILD_TESTS=OFF \
+    -DZELCONVERT_SANITIZE= -DCMAKE_CXX_FLAGS_DEBUG=-O0 \
+    -DCMAKE_CXX_CLANG_TIDY="clang-tidy-14;--checks=$checks;--warnings-as-errors=*"
+  cmake --build build/analyzer -j "$jobs"
+}
+
+# Another standard library than GCC's. It reads no reals, by which the test of numbers knows what is right.
+step_libcxx() {
+  local programs=(test_golden test_dc test_job test_raw_file c_host) tests=${tests/io|/}
+  run_programs libcxx
+}
+
 # Pointers and `long` of 32 bits, which this machine runs by itself.
 step_i686() {
   run_programs i686
@@ -61,7 +76,7 @@ step_s390x() {
 }
 
 scripts/setup.sh check
-steps="ubsan memcheck cppcheck i686 s390x"
+steps="ubsan memcheck cppcheck analyzer libcxx i686 s390x"
 for step in ${*:-$steps}; do
   echo "== $step"
   "step_$step"

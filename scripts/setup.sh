@@ -35,6 +35,7 @@ packages[test]="${packages[*]} ${tests[*]}" # everything, but for
 checks=(
   cppcheck valgrind                                   # reading; watching programs run
   g++-i686-linux-gnu g++-s390x-linux-gnu qemu-user    # other processors
+  libc++-14-dev libc++abi-14-dev libfast-float-dev    # another standard library, and what it lacks
 )
 packages[check]="${packages[test]} ${checks[*]}" # what takes long
 

@@ -1,5 +1,5 @@
-// The standard library of Emscripten converts no reals. Its C library, musl, prints every digit in
-// one locale, and slowly; what surveys hold goes through integers. A package reads, by the
+// The standard library of Emscripten, libc++, converts no reals. Its C library, musl, prints every
+// digit in one locale, and slowly; what surveys hold goes through integers. A package reads, by the
 // algorithm that the standard library of GCC has too.
 #include "platform/Decimal.h"
 
@@ -64,6 +64,9 @@ char* WriteDecimal(char* first, char* last, double value, int decimals) {
   }
   std::string digits(static_cast<std::size_t>(last - first), '\0');  // with room for a terminator
   const int length = std::snprintf(digits.data(), digits.size() + 1, "%.*f", decimals, value);
+  if (decimals > 0 && std::isfinite(value)) {  // other systems print the point of their locale
+    digits[static_cast<std::size_t>(length - decimals - 1)] = '.';
+  }
   return std::copy_n(digits.data(), length, first);
 }
 
