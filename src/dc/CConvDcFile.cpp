@@ -142,9 +142,6 @@ class JobToDc {
   bool ReadFeatureData(std::uint32_t link, FEATURE_SET& features) {
     JOB_GENERIC_RECORD block;
     if (!m_job.SeekTo(link)) return false;
-    if (m_job.GetVersion() < kJobVersion) {
-      return m_job.ReadBlockAtPosition(block) && m_features->Decode(block.data, features);
-    }
     JobKind kind = JobKind::Unused;
     std::int64_t position = 0;
     std::uint32_t length = 0;
