@@ -115,7 +115,7 @@ void RoadBuilder::Walk(double length, bool isCurve, Place place) {
   if (!m_hasStart || !std::isfinite(length)) return;
   const double steps =
       isCurve ? std::clamp(std::ceil(std::abs(length) / kPartLength), 1.0, kMostParts) : 1.0;
-  for (double i = 1; i < steps; ++i) {
+  for (int i = 1; i < steps; ++i) {
     AddPoint(m_station + length * i / steps, place(length * i / steps));
   }
   m_last = place(length);
