@@ -24,5 +24,5 @@ void Convert(const std::wstring& input) {
 }  // namespace zelconvert
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  return zelconvert::RunOnFile(L"in.cr5", 8192, data, size, zelconvert::Convert);
+  return zelconvert::RunOnFile(L"in.cr5", data, size, zelconvert::Convert);
 }

@@ -24,6 +24,6 @@ void Convert(const std::wstring& path, std::size_t size) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace zelconvert;
-  return RunOnFile(L"in.cr5", 8192, data, size,
+  return RunOnFile(L"in.cr5", data, size,
                    [size](const std::wstring& path) { Convert(path, size); });
 }

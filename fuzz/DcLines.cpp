@@ -95,7 +95,7 @@ void ReadLine(const DcLine& line) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace zelconvert;
-  return RunOnFile(L"in.dc", 2048, data, size, [](const std::wstring& input) {
+  return RunOnFile(L"in.dc", data, size, [](const std::wstring& input) {
     CDcFile file;
     Require(file.OpenForRead(input));
     for (DcLine line; file.ReadLine(line);) ReadLine(line);

@@ -24,5 +24,5 @@ void Convert(const std::wstring& input) {
 }  // namespace zelconvert
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  return zelconvert::RunOnFile(L"in.dc", 32768, data, size, zelconvert::Convert);
+  return zelconvert::RunOnFile(L"in.dc", data, size, zelconvert::Convert);
 }

@@ -4,7 +4,7 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace zelconvert;
-  return RunOnFile(L"in.dc", 32768, data, size, [](const std::wstring& input) {
+  return RunOnFile(L"in.dc", data, size, [](const std::wstring& input) {
     const RouteResult made = ConvertFile(FT_DC, input, FT_ILJ, L"out.ilj");
     if (!made.converted) return;
     Require(made.output.starts_with("\xEF\xBB"));

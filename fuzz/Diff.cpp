@@ -85,7 +85,7 @@ void Compare(const Survey& a, const Survey& b) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace zelconvert::tools;
-  if (size < 2 || size > 16384) return 0;
+  if (size < 2) return 0;
   const std::string_view types = zelconvert::ToBytes(data, 2);
   const std::string_view bytes(types.data() + 2, size - 2);
   const std::size_t end = bytes.find('\x1E');

@@ -23,11 +23,8 @@ inline std::string_view ToBytes(const std::uint8_t* data, std::size_t size) {
 /// Runs `target` on the path of a file with these bytes, which have to be there still when it is
 /// done, with nothing left open and nothing made outside the folder. Gives what the entry of a
 /// target has to return.
-/// largest: more bytes than that would make runs slow and find nothing new.
 template <class Target>
-int RunOnFile(std::wstring_view name, std::size_t largest, const std::uint8_t* data,
-              std::size_t size, Target target) {
-  if (size > largest) return 0;
+int RunOnFile(std::wstring_view name, const std::uint8_t* data, std::size_t size, Target target) {
   MemoryFiles::Clear();
   target(MemoryFiles::Write(name, ToBytes(data, size)));
   Require(MemoryFiles::Read(name) == ToBytes(data, size));

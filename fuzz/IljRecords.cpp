@@ -32,7 +32,7 @@ void ReadLine(std::wstring_view line) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace zelconvert;
-  return RunOnFile(L"in.ilj", 2048, data, size, [](const std::wstring& input) {
+  return RunOnFile(L"in.ilj", data, size, [](const std::wstring& input) {
     CTextFile file(CTextFile::kUtf16LittleEndian);
     file.SetAllowUnicode(true);
     if (!file.Open(input, platform::kOpenText)) return;

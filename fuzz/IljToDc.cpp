@@ -50,5 +50,5 @@ void Convert(const std::wstring& input) {
 }  // namespace zelconvert
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  return zelconvert::RunOnFile(L"in.ilj", 16384, data, size, zelconvert::Convert);
+  return zelconvert::RunOnFile(L"in.ilj", data, size, zelconvert::Convert);
 }

@@ -108,7 +108,6 @@ void Search(const std::wstring& path, bool brand) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace zelconvert;
-  if (size > 32768) return 0;
   const std::wstring path = MemoryFiles::Write(L"in.job", ToBytes(data, size));
   for (const bool brand : {true, false}) {
     for (const std::uint16_t version : {kOldJobVersion, kJobVersion}) {

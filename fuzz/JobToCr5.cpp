@@ -23,7 +23,7 @@ void Convert(const std::wstring& path, bool brand) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace zelconvert;
-  return RunOnFile(L"in.job", 32768, data, size, [](const std::wstring& path) {
+  return RunOnFile(L"in.job", data, size, [](const std::wstring& path) {
     for (const bool brand : {true, false}) Convert(path, brand);
   });
 }

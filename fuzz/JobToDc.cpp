@@ -47,7 +47,7 @@ void RequireHeader() {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace zelconvert;
-  return RunOnFile(L"in.job", 16384, data, size, [](const std::wstring& input) {
+  return RunOnFile(L"in.job", data, size, [](const std::wstring& input) {
     for (int version = 0; version < 4; ++version) {
       Convert(input, true, version);
       Convert(input, false, version);

@@ -37,7 +37,6 @@ void Convert(std::string_view log, std::string_view coordinates) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace zelconvert;
-  if (size > 32768) return 0;
   const std::string_view bytes = ToBytes(data, size);
   const std::size_t end = std::min(bytes.find('\x1E'), size);
   Convert(bytes.substr(0, end), bytes.substr(std::min(end + 1, size)));

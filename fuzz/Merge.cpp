@@ -30,7 +30,6 @@ Found CountRecords(const std::wstring& path) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace zelconvert;
-  if (size > 32768) return 0;
   const std::string_view bytes = ToBytes(data, size);
   const std::wstring output = MemoryFiles::Path(L"out.job");
   Report report;

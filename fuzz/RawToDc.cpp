@@ -7,7 +7,7 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace zelconvert;
   cZelSetGpsSecurityInDcConversions(size % 2 == 0 ? 1 : 0);
-  return RunOnFile(L"in.raw", 16384, data, size, [](const std::wstring& input) {
+  return RunOnFile(L"in.raw", data, size, [](const std::wstring& input) {
     const RouteResult newest = ConvertFile(FT_RAW, input, FT_DC1070, L"out.dc");
     const auto lines = [](const std::string& text) {
       return std::count(text.begin(), text.end(), '\n');

@@ -6,7 +6,7 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace zelconvert;
-  return RunOnFile(L"in.raw", 16384, data, size, [](const std::wstring& input) {
+  return RunOnFile(L"in.raw", data, size, [](const std::wstring& input) {
     for (const FileType brand : {FT_RAW, FT_PW_RAW}) {
       const RouteResult made = ConvertFile(brand, input, FT_JXL, L"out.jxl");
       if (!made.converted) continue;

@@ -22,7 +22,7 @@ void RequireRecords(const std::wstring& path) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace zelconvert;
-  return RunOnFile(L"in.raw", 16384, data, size, [](const std::wstring& input) {
+  return RunOnFile(L"in.raw", data, size, [](const std::wstring& input) {
     for (const FileType layout : {FT_SDR2, FT_SDR33}) {
       const RouteResult made = ConvertFile(FT_RAW, input, layout, L"out.sdr");
       Require(made.converted || layout == FT_SDR2);  // only a number that is none ends it

@@ -4,7 +4,7 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace zelconvert;
-  return RunOnFile(L"in.ilj", 8192, data, size, [](const std::wstring& input) {
+  return RunOnFile(L"in.ilj", data, size, [](const std::wstring& input) {
     RequireRoundTrip(FT_ILJ, input, FT_DC1070, "POINT");
   });
 }

@@ -36,7 +36,6 @@ std::string Convert(const std::string& log, FileType type) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace zelconvert;
-  if (size > 256) return 0;
   testing::FLAGS_gtest_break_on_failure = true;
   const Traverse traverse(Bytes(ToBytes(data, size)));
   ExpectAgreement(traverse.points, traverse.log, traverse.units.scaleFactor, Convert);

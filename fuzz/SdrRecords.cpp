@@ -50,7 +50,7 @@ void ReadLine(std::wstring_view line) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace zelconvert;
-  return RunOnFile(L"in.sdr", 2048, data, size, [](const std::wstring& input) {
+  return RunOnFile(L"in.sdr", data, size, [](const std::wstring& input) {
     CFileCE file;
     Require(file.Open(input, platform::kOpenReadWrite));
     for (std::wstring line; file.ReadLine(line);) ReadLine(line);

@@ -40,7 +40,7 @@ void RequireLog() {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace zelconvert;
-  return RunOnFile(L"in.sdr", 16384, data, size, [](const std::wstring& input) {
+  return RunOnFile(L"in.sdr", data, size, [](const std::wstring& input) {
     for (const SdrVersion version : {SdrVersion::Sdr2, SdrVersion::Sdr33}) {
       Convert(input, version);
       RequireLog();

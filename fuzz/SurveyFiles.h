@@ -31,7 +31,6 @@ inline constexpr SurveyFile kSurveyFiles[] = {
 /// all types if none does. Gives what the entry of a target has to return.
 template <class Use>
 int ForEachSurvey(const std::uint8_t* data, std::size_t size, Use use) {
-  if (size > 16384) return 0;
   const std::string_view bytes = ToBytes(data, size);
   const auto fits = [bytes](const SurveyFile& file) { return bytes.starts_with(file.start); };
   const bool isKnown = std::ranges::any_of(kSurveyFiles, fits);

@@ -85,7 +85,6 @@ void ParseFields(const Lines& lines) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace zelconvert;
-  if (size > 8192) return 0;
   const std::wstring path = MemoryFiles::Write(L"text", ToBytes(data, size));
   RequirePlainLines(path, ToBytes(data, size));
   ReadText(path, true, true);

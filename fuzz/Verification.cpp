@@ -35,7 +35,6 @@ void Verify(const Conversion& conversion, std::string_view bytes) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace zelconvert;
-  if (size > 8192) return 0;
   MemoryFiles::Clear();
   for (const auto& conversion : tools::kConversions) {
     tools::Verify(conversion, ToBytes(data, size));

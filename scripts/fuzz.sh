@@ -43,7 +43,7 @@ run_target() { # seconds target extensions length inputs...
     run_stage fuzz-fast "$target" $((seconds * 4 / 5)) "$length" "$corpus" "$seeds" || result=$?
     seconds=$((seconds / 5 + 1))
   fi
-  if [ "$result" -eq 0 ]; then run_stage fuzz "$target" "$seconds" 16384 "$corpus" "$seeds" || result=$?; fi
+  if [ "$result" -eq 0 ]; then run_stage fuzz "$target" "$seconds" $((length * 4)) "$corpus" "$seeds" || result=$?; fi
   awk -v name="$target" -v failed="$result" '
     FNR == 1 { isFast = FILENAME ~ /fuzz-fast/; before = "" }
     / cov: / {
@@ -83,8 +83,8 @@ done
 if [ -n "$merges" ]; then
   names=$(printf '|fuzz_%s' "${@:2}")
   grep -E "^(${names#|})[^ ]* " build/fuzz/fuzz-targets.txt >"$results/list"
-  seconds=$(awk -v hours="$1" -v jobs="$jobs" -v count="$(wc -l <"$results/list")" \
-    'BEGIN { print int(hours * 3600 * jobs / count) }')
+  seconds=$(awk -v hours="$1" -v jobs="$jobs" \
+    'END { print int(hours * 3600 / (NR > jobs ? NR / jobs : 1)) }' "$results/list")
 else
   cp build/fuzz/fuzz-targets.txt "$results/list"
   seconds=${2:?$usage}
