@@ -15,11 +15,11 @@
 
 #include <algorithm>
 #include <fstream>
-#include <map>
 #include <sstream>
 #include <string>
 #include <vector>
 
+#include "FilesIn.h"
 #include "HostLists.h"
 #include "TempDir.h"
 #include "cli/FileTypes.h"
@@ -33,8 +33,6 @@ namespace fs = std::filesystem;
 const fs::path kGolden = "tests/golden";
 constexpr platform::LocalTime kTime{2026, 3, 5, 13, 14, 15, 16, 789};  // a Friday
 constexpr std::uint32_t kTicks = 123456;
-
-using Files = std::map<std::string, std::string>;  // contents by name
 
 struct Case {
   fs::path folder;
@@ -77,14 +75,6 @@ std::string CaseName(const testing::TestParamInfo<Case>& info) {
   std::replace_if(
       name.begin(), name.end(), [](char c) { return !std::isalnum(c); }, '_');
   return name;
-}
-
-Files ReadFolder(const fs::path& folder) {
-  Files files;
-  for (const auto& entry : fs::directory_iterator(folder)) {
-    files[entry.path().filename().string()] = ReadBytes(entry.path());
-  }
-  return files;
 }
 
 bool IsInput(const std::string& name) {
@@ -197,7 +187,7 @@ class Golden : public testing::TestWithParam<Case> {};
 
 TEST_P(Golden, Converts) {
   const Case& each = GetParam();
-  const Files given = ReadFolder(each.folder);
+  const Files given = FilesIn(each.folder);
   const TempDir temp;
   Files expected;  // in the folder, after the run
   for (const auto& [name, contents] : given) {
@@ -222,7 +212,7 @@ TEST_P(Golden, Converts) {
                                    [](const auto& file) { return IsOutput(file.first); }));
   EXPECT_TRUE(SameBytes(text("messages.txt"), JoinMessages(lists.Messages(), temp)))
       << "in the messages";
-  const Files made = ReadFolder(temp.Folder());
+  const Files made = FilesIn(temp.Folder());
   for (const auto& [name, contents] : expected) {
     SCOPED_TRACE(name);
     if (!made.contains(name)) {

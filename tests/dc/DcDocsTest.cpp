@@ -8,15 +8,12 @@
 
 #include "DcRecordList.h"
 #include "TempDir.h"
+#include "io/Strings.h"
 
 namespace zelconvert {
 namespace {
 
 using Rows = std::vector<std::string>;
-
-std::string Narrow(std::wstring_view text) {
-  return std::string(text.begin(), text.end());
-}
 
 std::string TextFormName(TextForm form, const std::string& width) {
   std::string name = (form & kLeft) != 0 ? "left" : "right";
@@ -61,7 +58,7 @@ std::string FormName(const Column<R>& column) {
   const bool integer = column.member.kind == MemberKind::Integer;
   if (column.always) {
     const std::string text =
-        column.constant.empty() ? "blank" : '"' + Narrow(column.constant) + '"';
+        column.constant.empty() ? "blank" : '"' + ToNarrow(column.constant) + '"';
     return text + (real ? ", read plain" : integer ? ", read integer" : "");
   }
   if (real) return RealFormName(column.real, column.decimals);
@@ -102,7 +99,7 @@ TEST(DcDocs, ColumnsOfEveryRecord) {
       if (column.width > 1) place += '-' + std::to_string(column.start + column.width - 1);
       expected.push_back(place + ": " + FormName(column));
     }
-    const std::string key = Narrow(R::kHead).substr(0, 2) + " " + StructureName<R>();
+    const std::string key = ToNarrow(R::kHead).substr(0, 2) + " " + StructureName<R>();
     EXPECT_EQ(page[key], expected) << key;
     page.erase(key);
   });

@@ -2,12 +2,12 @@
 // whole jobs are golden cases.
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <sstream>
 #include <string>
 #include <vector>
 
 #include "CaseFile.h"
+#include "FilesIn.h"
 #include "HostLists.h"
 #include "TempDir.h"
 #include "io/Strings.h"
@@ -28,15 +28,6 @@ std::string Join(const LineList& lines) {
   std::string text;
   for (const std::string& line : lines) text += line + "\r\n";
   return text;
-}
-
-std::vector<std::string> Names(const TempDir& folder) {
-  std::vector<std::string> names;
-  for (const auto& entry : std::filesystem::directory_iterator(folder.Folder())) {
-    names.push_back(entry.path().filename().string());
-  }
-  std::sort(names.begin(), names.end());
-  return names;
 }
 
 TEST(DcToJob, RefusalsAndWarnings) {
@@ -64,7 +55,7 @@ TEST(DcToJob, RefusalsAndWarnings) {
     HostLists lists;
     EXPECT_FALSE(lists.Convert(FT_DC, input, FT_CR5, folder.Path(L"out.cr5")));
     EXPECT_EQ(lists.messages, nullptr);
-    EXPECT_EQ(Names(folder), std::vector<std::string>{"in.dc"});
+    EXPECT_EQ(FilesIn(folder.Folder()), (Files{{"in.dc", Join(lines)}}));
   }
 }
 

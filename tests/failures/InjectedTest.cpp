@@ -3,10 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <map>
 #include <string>
 #include <vector>
 
+#include "FilesIn.h"
 #include "HostLists.h"
 #include "RouteTable.h"
 #include "TempDir.h"
@@ -37,8 +37,6 @@ constexpr Route kMoreRoutes[] = {
     {FT_CR5_RW5, L"in.cr5", "control.job", FT_DC77, L"in.rw5", "mill-creek-simple.raw"},
 };
 
-using Files = std::map<std::string, std::string>;
-
 struct Outcome {
   bool converted = false;
   std::vector<std::wstring> files, messages;
@@ -56,7 +54,7 @@ class Runs {
       dir.Write(name, ReadBytes(fs::path("examples") / example));
       fs::permissions(ToPath(dir.Path(name)), fs::perms(0444));
     }
-    m_inputs = Contents();
+    m_inputs = FilesIn(dir.Folder());
   }
 
   Outcome Convert(Kind kind, std::size_t number, Times times) {
@@ -74,7 +72,7 @@ class Runs {
     }
     outcome.files = lists.Files();
     outcome.messages = lists.Messages();
-    outcome.made = Contents();
+    outcome.made = FilesIn(dir.Folder());
     for (const auto& [name, bytes] : m_inputs) {
       inputsAreAsTheyWere = outcome.made[name] == bytes && IsReadOnly(dir.Folder() / name);
       fs::permissions(dir.Folder() / name, fs::perms(0444));
@@ -91,13 +89,6 @@ class Runs {
   bool inputsAreAsTheyWere = false;
 
  private:
-  Files Contents() const {
-    Files files;
-    for (const auto& entry : fs::directory_iterator(dir.Folder())) {
-      files[entry.path().filename().string()] = ReadBytes(entry.path());
-    }
-    return files;
-  }
   static bool IsReadOnly(const fs::path& path) {
     return fs::status(path).permissions() == fs::perms(0444);
   }

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "CaseFile.h"
+#include "FilesIn.h"
 #include "HostLists.h"
 #include "TempDir.h"
 #include "cli/FileTypes.h"
@@ -50,10 +51,7 @@ struct Folder {
   std::wstring Copy(const std::wstring& name, const std::string& example) {
     return temp.Write(name, ReadBytes(std::filesystem::path("examples") / example));
   }
-  std::size_t Count() const {
-    const std::filesystem::directory_iterator entries(temp.Folder());
-    return static_cast<std::size_t>(std::distance(begin(entries), end(entries)));
-  }
+  std::size_t Count() const { return FilesIn(temp.Folder()).size(); }
 
   TempDir temp;
   std::wstring input;

@@ -247,19 +247,6 @@ TEST(Roads, FilesThatCannotBeWritten) {
   }
 }
 
-// A disk that fills up is no success.
-TEST(Roads, FullDisk) {
-  if (!fs::exists("/dev/full")) GTEST_SKIP() << "no device that is always full";
-  for (const char* name : {"ROAD.RD5", "EVEN.tp5"}) {
-    SCOPED_TRACE(name);
-    Sandbox sandbox(Dc({Road("ROAD"), "=good"}));
-    fs::create_symlink("/dev/full", sandbox.Out() / name);
-    EXPECT_FALSE(sandbox.Convert());
-    EXPECT_EQ(sandbox.report.messages.size(), 1u);
-    EXPECT_TRUE(fs::is_empty(sandbox.Out()));
-  }
-}
-
 // An input that bears the name of a road file, in the output folder.
 TEST(Roads, InputIsNoOutput) {
   const std::string dc = Dc({Road("FIRST"), "=good", Road("ROAD"), "=good"});

@@ -4,12 +4,12 @@
 #include <algorithm>
 #include <atomic>
 #include <cstdlib>
-#include <map>
 #include <string>
 #include <thread>
 #include <vector>
 
 #include "CaseFile.h"
+#include "FilesIn.h"
 #include "HostLists.h"
 #include "TempDir.h"
 #include "convert/GpsSecurity.h"
@@ -47,7 +47,7 @@ std::vector<Task> Tasks() {
 struct Outcome {
   bool converted = false;
   std::vector<std::wstring> texts;
-  std::map<std::string, std::string> files;
+  Files files;
   bool operator==(const Outcome&) const = default;
 };
 
@@ -65,9 +65,7 @@ Outcome Convert(const Task& task) {
       outcome.texts.push_back(text);
     }
   }
-  for (const auto& entry : std::filesystem::directory_iterator(dir.Folder())) {
-    outcome.files[entry.path().filename().string()] = ReadBytes(entry.path());
-  }
+  outcome.files = FilesIn(dir.Folder());
   return outcome;
 }
 
@@ -164,8 +162,7 @@ TEST(Threads, ShareAFolder) {
     }
   });
   EXPECT_EQ(unlike, 0);
-  const std::filesystem::directory_iterator entries(dir.Folder());
-  EXPECT_EQ(std::distance(begin(entries), end(entries)), 2 * kThreads);
+  EXPECT_EQ(FilesIn(dir.Folder()).size(), 2 * kThreads);
 }
 
 TEST(Threads, OpenAFileForOneWriterAtATime) {

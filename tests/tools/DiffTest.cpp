@@ -2,7 +2,6 @@
 // them, and many records of one name.
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <limits>
 #include <string>
 #include <vector>
@@ -48,9 +47,7 @@ Survey SurveyOf(FileType type, std::vector<SurveyPoint> points) {
 
 // In either order of the files.
 TEST(DiffTest, NamesAndCodesMatchAsBothFormatsHoldThem) {
-  const auto typeOf = [](const std::wstring& name) {
-    return std::ranges::find(cli::kTypes, ToNarrow(name), &cli::TypeInfo::name)->type;
-  };
+  const auto typeOf = [](const std::wstring& name) { return cli::FindType(ToNarrow(name))->type; };
   for (const CaseFields& texts : ReadCases("tests/golden-lines/diff-names.txt")) {
     SCOPED_TRACE(testing::PrintToString(texts));
     SurveyPoint a = Point(texts[1].c_str()), b = Point(texts[4].c_str());

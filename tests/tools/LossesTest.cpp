@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <map>
 #include <optional>
 #include <set>
 #include <sstream>
@@ -16,8 +15,10 @@
 #include <string_view>
 #include <vector>
 
+#include "FilesIn.h"
 #include "ReadFile.h"
 #include "TempDir.h"
+#include "cli/FileTypes.h"
 #include "front/Routes.h"
 #include "io/Clock.h"
 #include "io/Strings.h"
@@ -50,8 +51,7 @@ std::vector<std::string> ReadInputs(const std::string& extension) {
 }
 
 // All files that come of an input; none if it isn't converted.
-std::optional<std::map<std::string, std::string>> Convert(const TestedRoute& route,
-                                                          const std::string& bytes) {
+std::optional<Files> Convert(const TestedRoute& route, const std::string& bytes) {
   static const TempDir temp;                      // empty between two calls
   const std::string extension = route.extension;  // tells the brand of a job
   const std::wstring input =
@@ -67,10 +67,7 @@ std::optional<std::map<std::string, std::string>> Convert(const TestedRoute& rou
     fs::remove(ToPath(job));
   }
   fs::remove(ToPath(input));
-  std::map<std::string, std::string> files;
-  for (const auto& entry : fs::directory_iterator(temp.Folder())) {
-    files[entry.path().filename().string()] = ReadBytes(entry.path());
-  }
+  const Files files = FilesIn(temp.Folder());
   for (const auto& file : files) fs::remove(temp.Folder() / file.first);
   return converted ? std::optional(files) : std::nullopt;
 }
@@ -208,16 +205,9 @@ constexpr TestedRoute kRoutes[] = {
 INSTANTIATE_TEST_SUITE_P(Routes, LossesTest, testing::ValuesIn(kRoutes),
                          [](const auto& each) { return std::string(each.param.name); });
 
-struct NamedType {
-  std::string_view name;
-  FileType type;
-};
-constexpr NamedType kNamedTypes[] = {{"dc", FT_DC},   {"job", FT_JOB},     {"ilj", FT_ILJ},
-                                     {"raw", FT_RAW}, {"sdr33", FT_SDR33}, {"jxl", FT_JXL}};
-
 /// A case of tests/losses/changes.txt.
 struct ShownChange {
-  std::vector<NamedType> steps;
+  std::vector<cli::TypeInfo> steps;
   std::string text;
   std::string input;
   std::vector<std::string> present, absent;  // parts of the last output
@@ -233,8 +223,8 @@ std::vector<ShownChange> ReadChanges() {
       change.text = line.substr(colon + 2);
       std::istringstream names(line.substr(2, colon - 2));
       for (std::string name; names >> name;) {
-        const auto* type = std::ranges::find(kNamedTypes, name, &NamedType::name);
-        if (type == std::end(kNamedTypes)) throw std::invalid_argument(name);
+        const auto* type = cli::FindType(name);
+        if (type == nullptr) throw std::invalid_argument(name);
         change.steps.push_back(*type);
       }
     } else if (line.starts_with("> ")) {
@@ -264,7 +254,7 @@ std::string ConvertShown(const ShownChange& change) {
 
 TEST(RouteChangesTest, AreShown) {
   std::set<std::string_view> unshown;
-  for (const NamedType& from : kNamedTypes) {
+  for (const cli::TypeInfo& from : cli::kTypes) {
     for (const RecordChange& change : GetRecordChanges(from.type)) unshown.insert(change.text);
   }
   for (const ShownChange& shown : ReadChanges()) {
