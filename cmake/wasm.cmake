@@ -6,4 +6,7 @@ include(${EMSCRIPTEN_ROOT_PATH}/cmake/Modules/Platform/Emscripten.cmake)
 # Exceptions as the engine has them, which cost nothing where none is thrown; its vectors; and the
 # functions of strings compiled along with the code that calls them, to be part of its loops.
 set(CMAKE_CXX_FLAGS_INIT "-fwasm-exceptions -msimd128 -D_LIBCPP_DISABLE_EXTERN_TEMPLATE")
-set(CMAKE_EXE_LINKER_FLAGS_INIT -fwasm-exceptions)
+# Engines make no function of a module part of another, so small ones, of any folder and of the C library,
+# go into their callers at the end.
+set(CMAKE_EXE_LINKER_FLAGS_INIT
+    "-fwasm-exceptions -sBINARYEN_EXTRA_PASSES=--always-inline-max-function-size=8,--flexible-inline-max-function-size=60,--inline-functions-with-loops")

@@ -12,7 +12,7 @@ process.env.TZ = "UTC";
 export const top = fileURLToPath(new URL("../..", import.meta.url));
 export const buildFolder = process.env.ZELCONVERT_WASM_BUILD ?? join(top, "build/wasm");
 export const packageFolder = join(buildFolder, "package");
-const hostProgram = process.env.ZELCONVERT_HOST ?? join(top, "build/release/cli/zelconvert");
+export const hostProgram = process.env.ZELCONVERT_HOST ?? join(top, "build/release/cli/zelconvert");
 
 export const { Converter, ConversionError } = await import(join(packageFolder, "src/index.js"));
 

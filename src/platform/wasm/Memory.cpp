@@ -1,6 +1,7 @@
 // The functions of the C library on which text rests, in place of musl's, which take one character
 // or one word at a time. Compiled so that no loop here becomes a call of the function that it makes
-// up.
+// up. Most of what a conversion copies and fills has fewer bytes than a block: two words that may
+// overlap serve any number of them, without a loop.
 #include <wasm_simd128.h>
 
 #include <cstddef>
@@ -26,12 +27,33 @@ void CopyEnds(char* to, const char* from, std::size_t count) {
   *reinterpret_cast<Anywhere<Word>*>(to) = first;
 }
 
+// One, two or three bytes: the first, the one in the middle and the last.
+void CopyFew(char* to, const char* from, std::size_t count) {
+  const char first = from[0], middle = from[count / 2], last = from[count - 1];
+  to[0] = first;
+  to[count / 2] = middle;
+  to[count - 1] = last;
+}
+
 void CopyBlocks(char* to, const char* from, std::size_t count) {
   const v128_t last = wasm_v128_load(from + count - kBlock);
   for (std::size_t at = 0; at + kBlock < count; at += kBlock) {
     wasm_v128_store(to + at, wasm_v128_load(from + at));
   }
   wasm_v128_store(to + count - kBlock, last);
+}
+
+// As the copies, of one byte.
+template <class Word>
+void FillEnds(char* to, Word word, std::size_t count) {
+  reinterpret_cast<Anywhere<Word>*>(to)->word = word;
+  reinterpret_cast<Anywhere<Word>*>(to + count - sizeof(Word))->word = word;
+}
+
+void FillBlocks(char* to, unsigned char byte, std::size_t count) {
+  const v128_t block = wasm_i8x16_splat(static_cast<std::int8_t>(byte));
+  for (std::size_t at = 0; at + kBlock < count; at += kBlock) wasm_v128_store(to + at, block);
+  wasm_v128_store(to + count - kBlock, block);
 }
 
 // The lanes of bytes that are `wanted`, a bit each from the lowest.
@@ -56,8 +78,23 @@ void* memcpy(void* __restrict to, const void* __restrict from, std::size_t count
     CopyEnds<std::uint64_t>(bytes, source, count);
   } else if (count >= sizeof(std::uint32_t)) {
     CopyEnds<std::uint32_t>(bytes, source, count);
-  } else {
-    for (std::size_t i = 0; i < count; ++i) bytes[i] = source[i];
+  } else if (count > 0) {
+    CopyFew(bytes, source, count);
+  }
+  return to;
+}
+
+void* memset(void* to, int c, std::size_t count) {
+  auto* const bytes = static_cast<char*>(to);
+  const auto c8 = static_cast<unsigned char>(c);
+  if (count >= kBlock) {
+    FillBlocks(bytes, c8, count);
+  } else if (count >= sizeof(std::uint64_t)) {
+    FillEnds(bytes, c8 * std::uint64_t{0x0101010101010101}, count);
+  } else if (count >= sizeof(std::uint32_t)) {
+    FillEnds(bytes, c8 * std::uint32_t{0x01010101}, count);
+  } else if (count > 0) {
+    bytes[0] = bytes[count / 2] = bytes[count - 1] = static_cast<char>(c8);
   }
   return to;
 }
