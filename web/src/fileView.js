@@ -43,6 +43,7 @@ export class FileView {
   #search;
   #found = [];
   #table = null;
+  #leftOut = null;  // which points that has not
   #fact = make("p", { class: "summary" });
   #reading = make("div", { class: "fields" });
   #failure = make("div", { class: "failure", role: "group", hidden: true });
@@ -189,7 +190,10 @@ export class FileView {
       const table = await PointTable.read(csv);
       if (isOld()) return;
       this.#table = table;
-      this.#tabs.rename("points", `Points (${formatCount(table.length)})`);
+      this.#leftOut = warning;
+      const all = Math.max(this.#info.points, table.length);
+      const count = table.length < all ? `${formatCount(table.length)} of ${formatCount(all)}` : formatCount(all);
+      this.#tabs.rename("points", `Points (${count})`);
       this.#find();
       this.#plan.setPoints(table, this.#info.lengthUnit);
       this.#tell("Points", [warning, ...messages].filter(Boolean));
@@ -214,7 +218,8 @@ export class FileView {
     this.#found = this.#table.find(this.#search.value);
     const all = countOf(this.#table.length, "point");
     const shown = this.#search.value.trim() === "" ? all : `${formatCount(this.#found.length)} of ${all}`;
-    setText(this.#pointsNote, `${shown}. A click on a row shows the point on the plan; Enter in the field the first.`);
+    const leftOut = this.#leftOut ? `; ${this.#leftOut}` : "";
+    setText(this.#pointsNote, `${shown}${leftOut}. A click on a row shows the point on the plan; Enter in the field the first.`);
     this.#points.setRows(this.#found.length, (number) => this.#table.row(this.#found[number]));
   }
 

@@ -2,7 +2,7 @@
 // of points; lines, roads and stations from the plan that the package draws (sheet.js). What has only
 // latitudes and longitudes is shown as that sheet.
 import { make } from "./dom.js";
-import { drawGrid, drawMark, drawPoints, drawScale, drawSheet, kMostCodes } from "./planDrawing.js";
+import { drawGrid, drawMark, drawPoints, drawScale, drawSheet, kMostCodes, Raster } from "./planDrawing.js";
 import { buttonsOf, listenToGestures } from "./planGestures.js";
 import { PlanView } from "./planView.js";
 
@@ -32,11 +32,10 @@ function boundsOf(table) {
   return bounds;
 }
 
-/** Of a sheet with roads, which may be all that a file has; else null. */
-function boundsOfSheet({ ground, lines, page }) {
-  if (!ground || !lines.some(({ name }) => name === "road")) return null;
-  const [width, height] = page.map((length) => length / ground.toUnits);
-  return [ground.east, ground.north - height, ground.east + width, ground.north];
+/** Around both, of which either may be null. */
+function uniteBounds(a, b) {
+  if (!a || !b) return a ?? b ?? null;
+  return a.map((edge, side) => (side < 2 ? Math.min : Math.max)(edge, b[side]));
 }
 
 export class Plan {
@@ -53,6 +52,7 @@ export class Plan {
   #marked = -1;  // the point whose coordinates are shown
   #frame = 0;
   #rest = 0;  // the timer that ends a movement
+  #taken = new Raster();  // by points and their names
   #copy = null;  // of a drawing that took long: {canvas, middle, scale}
 
   constructor() {
@@ -140,9 +140,8 @@ export class Plan {
 
   #measure() {
     const [width, height] = this.#sheet?.page ?? [0, 0];
-    const ofPoints = this.#table && boundsOf(this.#table);
     this.#view.setBounds(this.#image ? [0, -height, width, 0]
-      : ofPoints ?? (this.#sheet && boundsOfSheet(this.#sheet)));
+      : uniteBounds(this.#table && boundsOf(this.#table), this.#sheet?.bounds));
   }
 
   #measureScreen() {
@@ -252,11 +251,11 @@ export class Plan {
     } else {
       const start = performance.now();
       if (this.#sheet) drawSheet(at, this.#sheet);
-      if (this.#table) drawPoints(at, this.#table, this.#ranks);
+      this.#taken = this.#table ? drawPoints(at, this.#table, this.#ranks) : new Raster();
       this.#copy = performance.now() - start > kSlow ? this.#copyDrawing() : null;
     }
     at.context.globalCompositeOperation = "destination-over";  // below what is there
-    drawGrid(at);
+    drawGrid(at, this.#taken);
     at.context.globalCompositeOperation = "source-over";
     if (this.#marked >= 0) drawMark(at, this.#screenOf(this.#marked));
     drawScale(at, this.#unit);

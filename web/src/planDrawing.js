@@ -13,7 +13,32 @@ function roundStep(least) {
   return power * [1, 2, 5, 10].find((mantissa) => mantissa * power >= least);
 }
 
-export function drawGrid({ context, view, colour }) {
+/** Places of the screen that are free or taken, in cells of a letter's size. */
+export class Raster {
+  #taken = new Set();
+
+  /** The cells of a rectangle but for those in the column of `own`. */
+  static #cellsOf([left, top, right, bottom], own) {
+    const cells = [];
+    for (let row = Math.floor(top / 16); row <= Math.floor(bottom / 16); ++row) {
+      for (let column = Math.floor(left / 12); column <= Math.floor(right / 12); ++column) {
+        if (column !== Math.floor(own / 12)) cells.push(`${row} ${column}`);
+      }
+    }
+    return cells;
+  }
+
+  isFree(room, own = NaN) {
+    return !Raster.#cellsOf(room, own).some((cell) => this.#taken.has(cell));
+  }
+
+  take(room, own = NaN) {
+    for (const cell of Raster.#cellsOf(room, own)) this.#taken.add(cell);
+  }
+}
+
+/** The figures give way to what is taken. */
+export function drawGrid({ context, view, colour }, taken) {
   const [width, height] = view.size;
   const { east: west, north: south } = view.corner;
   const step = roundStep(110 / view.scale);
@@ -21,16 +46,20 @@ export function drawGrid({ context, view, colour }) {
   context.strokeStyle = colour("plan-grid");
   context.fillStyle = colour("plan-figures");
   context.lineWidth = 1;
+  const write = (text, x, y) => {
+    const { width: length } = context.measureText(text);
+    if (taken.isFree([x, y - 10, x + length, y])) context.fillText(text, x, y);
+  };
   context.beginPath();
   for (let count = Math.ceil(west / step), x; (x = (count * step - west) * view.scale) < width; ++count) {
     context.moveTo(x, 0);
     context.lineTo(x, height);
-    context.fillText(`E ${(count * step).toFixed(decimals)}`, x + 4, height - 6);
+    write(`E ${(count * step).toFixed(decimals)}`, x + 4, height - 6);
   }
   for (let count = Math.ceil(south / step), y; (y = (count * step - south) * view.scale) < height; ++count) {
     context.moveTo(0, height - y);
     context.lineTo(width, height - y);
-    if (y > 24) context.fillText(`N ${(count * step).toFixed(decimals)}`, 6, height - y - 4);
+    if (y > 24) write(`N ${(count * step).toFixed(decimals)}`, 6, height - y - 4);
   }
   context.stroke();
 }
@@ -68,7 +97,7 @@ function drawTriangle(context, x, y) {
 
 /**
  * Points of a table by the ranks of their codes. A place of the screen is drawn once, however many
- * points lie there.
+ * points lie there. Gives the raster of what points and names have taken.
  */
 export function drawPoints(at, table, ranks) {
   const { context, view, colour } = at;
@@ -80,7 +109,7 @@ export function drawPoints(at, table, ranks) {
       context.fillRect(places[i] - size / 2, places[i + 1] - size / 2, size, size);
     }
   });
-  drawNames(at, table, named);
+  return drawNames(at, table, named);
 }
 
 /** Places on the screen by rank, x and y in turn, one in a cell; the first of the points there. */
@@ -103,29 +132,25 @@ function placesOf(view, { east, north }, ranks, cell) {
   return { byRank, named };
 }
 
-/** The names that have room, on a raster of cells that are free or taken. */
+/** The names that have room. */
 function drawNames({ context, view, colour }, table, named) {
-  const [cellWidth, cellHeight] = [12, 16];
-  const taken = new Set();
+  const taken = new Raster();
   context.fillStyle = colour("plan-ink");
   context.strokeStyle = colour("surface");
   context.lineWidth = 3;
   context.lineJoin = "round";
   const places = named.map((index) => view.screenOf(table.east[index], table.north[index]));
-  for (const [x, y] of places) taken.add(`${Math.floor(y / cellHeight)} ${Math.floor(x / cellWidth)}`);
+  for (const [x, y] of places) taken.take([x, y, x, y]);
   named.forEach((index, order) => {
     const [x, y] = places[order];
     const name = table.nameOf(index).slice(0, 24);
-    const top = Math.floor((y - 15) / cellHeight), bottom = Math.floor((y - 5) / cellHeight);
-    const own = Math.floor(x / cellWidth);  // which the point itself has taken
-    const last = Math.floor((x + 8 + context.measureText(name).width) / cellWidth);
-    const cells = [];
-    for (let column = own + 1; column <= last; ++column) cells.push(`${top} ${column}`, `${bottom} ${column}`);
-    if (cells.some((cell) => taken.has(cell))) return;
-    cells.forEach((cell) => taken.add(cell));
+    const room = [x, y - 15, x + 8 + context.measureText(name).width, y - 5];
+    if (!taken.isFree(room, x)) return;  // the point itself has taken its column
+    taken.take(room, x);
     context.strokeText(name, x + 7, y - 5);
     context.fillText(name, x + 7, y - 5);
   });
+  return taken;
 }
 
 /** A ring around a place of the screen. */

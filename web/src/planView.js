@@ -13,12 +13,14 @@ export class PlanView {
   size = [0, 0];  // of the screen, in pixels
   isFitted = true;
 
-  /** bounds: [west, south, east, north], or null. */
+  /** bounds: [west, south, east, north], or null. What is shown stays where it is. */
   setBounds(bounds) {
     this.extent = null;
     if (bounds === null) return;
     const [west, south, east, north] = bounds;
-    const { east: x, north: y } = this.origin = { east: (west + east) / 2, north: (south + north) / 2 };
+    const [x, y] = [(west + east) / 2, (south + north) / 2];
+    this.middle = { east: this.middle.east + this.origin.east - x, north: this.middle.north + this.origin.north - y };
+    this.origin = { east: x, north: y };
     this.extent = [west - x, south - y, east - x, north - y];
   }
 
