@@ -62,47 +62,47 @@ std::optional<std::int32_t> PointNumber(std::wstring_view name) {
 }
 
 // Points are held as they go to the file: a job may have millions.
-using RecordPointer = const Cr5RecordBlock*;
+using Records = std::vector<Cr5RecordBlock>;
 
-std::int32_t NumberOf(RecordPointer record) {
-  std::int32_t number;
-  BinaryReader(*record).Field(0, number);
-  return number;
+// What is sorted: a point's number, which has 24 bits, above the place of its record. The record
+// itself, which lies anywhere in memory, isn't looked at.
+using SortKey = std::uint64_t;
+constexpr int kPlaceBits = 40;
+constexpr SortKey kPlaceMask = (SortKey{1} << kPlaceBits) - 1;
+
+constexpr std::int32_t NumberOf(SortKey key) {
+  return static_cast<std::int32_t>(key >> kPlaceBits);
 }
 
-bool ComesBefore(RecordPointer a, RecordPointer b) {
-  return NumberOf(a) < NumberOf(b);
-}
-bool HaveOneNumber(RecordPointer a, RecordPointer b) {
+bool HaveOneNumber(SortKey a, SortKey b) {
   return NumberOf(a) == NumberOf(b);
 }
 
 int CompareNumbers(const void* a, const void* b) {
-  const std::int32_t left = NumberOf(*static_cast<const RecordPointer*>(a));
-  const std::int32_t right = NumberOf(*static_cast<const RecordPointer*>(b));
+  const std::int32_t left = NumberOf(*static_cast<const SortKey*>(a));
+  const std::int32_t right = NumberOf(*static_cast<const SortKey*>(b));
   return left == right ? 0 : left > right ? 1 : -1;
 }
 
-std::vector<RecordPointer> PointersTo(const std::vector<Cr5RecordBlock>& records) {
-  std::vector<RecordPointer> pointers(records.size());
-  std::transform(records.begin(), records.end(), pointers.begin(),
-                 [](const Cr5RecordBlock& record) { return &record; });
-  return pointers;
+// In the order of the records.
+void FillKeys(std::vector<SortKey>& keys, const Records& records) {
+  keys.resize(records.size());
+  for (std::size_t place = 0; place < keys.size(); ++place) {
+    const auto number = LoadLittleEndian<std::uint32_t>(records[place].data());
+    keys[place] = SortKey{number} << kPlaceBits | place;
+  }
 }
 
 // Ascending by number. Any sort gives that as long as no number is there twice; points that share a
 // number stand in the order that CQuickSort leaves them in.
-std::vector<RecordPointer> Sort(const std::vector<Cr5RecordBlock>& records) {
-  std::vector<RecordPointer> sorted = PointersTo(records);
-  if (!std::is_sorted(sorted.begin(), sorted.end(), ComesBefore)) {
-    std::sort(sorted.begin(), sorted.end(), ComesBefore);
-  }
-  if (std::adjacent_find(sorted.begin(), sorted.end(), HaveOneNumber) == sorted.end()) {
-    return sorted;
-  }
-  sorted = PointersTo(records);
-  CQuickSort::Sort(sorted.data(), sorted.size(), sizeof(RecordPointer), CompareNumbers);
-  return sorted;
+std::vector<SortKey> Sort(const Records& records) {
+  std::vector<SortKey> keys;
+  FillKeys(keys, records);
+  if (!std::is_sorted(keys.begin(), keys.end())) std::sort(keys.begin(), keys.end());
+  if (std::adjacent_find(keys.begin(), keys.end(), HaveOneNumber) == keys.end()) return keys;
+  FillKeys(keys, records);
+  CQuickSort::Sort(keys.data(), keys.size(), sizeof(SortKey), CompareNumbers);
+  return keys;
 }
 
 /// One run from a CR5 file to a job. A record with the initial values is an unused slot.
@@ -184,7 +184,7 @@ class JobToCr5 {
     if (!CountPoints() || !WriteHeader()) return false;
     m_records.reserve(m_nPoints);
     if (!CollectRecords()) return false;
-    const std::vector<RecordPointer> sorted = Sort(m_records);
+    const std::vector<SortKey> sorted = Sort(m_records);
     if (!(m_bSequential ? WriteSequential(sorted) : WritePlain(sorted))) return false;
 
     // Unreachable as long as such points are refused above.
@@ -259,24 +259,28 @@ class JobToCr5 {
     m_records.push_back(Packed<Cr5RecordBlock>(record));
   }
 
-  bool WritePlain(const std::vector<RecordPointer>& records) {
-    return std::all_of(records.begin(), records.end(),
-                       [this](RecordPointer each) { return WriteRecord(*each); });
+  bool WritePlain(const std::vector<SortKey>& sorted) {
+    return std::all_of(sorted.begin(), sorted.end(),
+                       [this](SortKey key) { return WriteRecord(RecordOf(key)); });
   }
 
   // One record for every number, unless numbers are there twice: then the walk runs ahead of the
   // records, no gap is filled any more until they catch up, and it ends at the highest number.
-  bool WriteSequential(const std::vector<RecordPointer>& records) {
+  bool WriteSequential(const std::vector<SortKey>& sorted) {
     const auto kUnused = Packed<Cr5RecordBlock>(CoordinateRecord());
-    std::int32_t expected = NumberOf(records.at(0));
-    const std::int32_t last = NumberOf(records.back());
+    std::int32_t expected = NumberOf(sorted.at(0));
+    const std::int32_t last = NumberOf(sorted.back());
     for (std::size_t i = 0; expected <= last; ++expected, ++i) {
-      for (; expected < NumberOf(records[i]); ++expected) {
+      for (; expected < NumberOf(sorted[i]); ++expected) {
         if (!WriteRecord(kUnused)) return false;
       }
-      if (!WriteRecord(*records[i])) return false;
+      if (!WriteRecord(RecordOf(sorted[i]))) return false;
     }
     return true;
+  }
+
+  const Cr5RecordBlock& RecordOf(SortKey key) const {
+    return m_records[static_cast<std::size_t>(key & kPlaceMask)];
   }
 
   bool WriteRecord(const Cr5RecordBlock& record) {
@@ -294,7 +298,7 @@ class JobToCr5 {
   std::int32_t m_nFirstPoint = 0;     // lowest number, 0: none yet
   std::int32_t m_nLastPoint = 0;      // highest number, likewise
   std::int32_t m_nRenumberStart = 0;  // the number that the first such name would get
-  std::vector<Cr5RecordBlock> m_records;
+  Records m_records;
   std::string m_strDescription;  // of the point at hand, kept for its memory
 };
 
