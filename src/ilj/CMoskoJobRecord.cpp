@@ -124,7 +124,11 @@ void CMoskoJobRecord::ParseMoments(std::wstring_view text) {
 
 void CMoskoJobRecord::AppendText(std::wstring& line) const {
   line.append(Layout().tag.text, kIljRecordTagLength + 1);
-  const std::span fields = Fields();
+  std::span fields = Fields();
+  if (HoldsMoment()) {
+    line.append(m_momentText);
+    fields = fields.subspan(kMoments);
+  }
   for (const CMoskoJobRecordField& field : fields) {
     if (!field.IsValid()) continue;
     field.AppendText(line);
@@ -139,8 +143,22 @@ std::wstring CMoskoJobRecord::ToText() const {
 }
 
 void CMoskoJobRecord::SetDateTime(std::int64_t moment) {
-  m_fields[kDate].SetNumber(static_cast<double>(moment));
-  m_fields[kTime].SetNumber(static_cast<double>(moment));
+  if (m_recordType == IljRecordType::None) return;
+  const std::span fields = Fields().first(kMoments);
+  for (CMoskoJobRecordField& field : fields) field.SetNumber(static_cast<double>(moment));
+  if (moment == m_moment) return;
+  m_moment = moment;
+  m_momentText.clear();
+  for (const CMoskoJobRecordField& field : fields) {
+    field.AppendText(m_momentText);
+    m_momentText.push_back(L'\t');
+  }
+}
+
+bool CMoskoJobRecord::HoldsMoment() const {
+  const auto moment = static_cast<double>(m_moment);
+  return m_moment != 0 && m_recordType != IljRecordType::None &&
+         m_fields[kDate].GetNumber() == moment && m_fields[kTime].GetNumber() == moment;
 }
 
 std::int64_t CMoskoJobRecord::GetDateTime() const {

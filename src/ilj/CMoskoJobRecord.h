@@ -264,9 +264,14 @@ class CMoskoJobRecord {
     return std::span(m_fields).first(Layout().fields.Size());
   }
   static constexpr std::size_t kDate = 0, kTime = 1;  // every record begins with these
+  static constexpr std::size_t kMoments = 2;
+  bool HoldsMoment() const;
 
   IljRecordType m_recordType = IljRecordType::None;
   std::size_t m_nextPlace = 0;  // where the next field to be read is expected
+  // What SetDateTime was given last and what it prints as: the records of a run have one of them.
+  std::int64_t m_moment = 0;
+  std::wstring m_momentText;
   std::array<CMoskoJobRecordField, IljFieldList::kMaxSize> m_fields;  // as many as the type has
 };
 

@@ -94,7 +94,7 @@ bool IsPointName(std::wstring_view name) {
 
 }  // namespace
 
-bool CMoskoJobRecordField::IsValid() const {
+bool CMoskoJobRecordField::AcceptsValue() const {
   const IljFieldForm& form = Form();
   if (form.kind == IljFieldKind::Text) return !m_string.empty();
   if (form.kind == IljFieldKind::PointName) return IsPointName(m_string);

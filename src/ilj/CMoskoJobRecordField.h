@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <limits>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -213,11 +214,14 @@ class CMoskoJobRecordField {
   }
   /// Back to the unset value.
   void Clear() {
-    m_number = Form().unset;
+    SetNumber(Form().unset);
     m_string.clear();
   }
   /// By the rule of the field's row in ilj::kFields.
-  bool IsValid() const;
+  bool IsValid() const {
+    if (!m_isValid) m_isValid = AcceptsValue();
+    return *m_isValid;
+  }
   /// Appends "TAG:value", valid or not; nothing for a date or time that is unset.
   void AppendText(std::wstring& line) const;
   /// What AppendText appends.
@@ -229,18 +233,27 @@ class CMoskoJobRecordField {
   // The value as it is, unchecked: IljField knows which of the two a field has.
   std::wstring_view GetString() const { return m_string; }
   double GetNumber() const { return m_number; }
-  void SetString(std::wstring_view value) { m_string = value; }
-  void SetNumber(double value) { m_number = value; }
+  void SetString(std::wstring_view value) {
+    m_string = value;
+    m_isValid.reset();
+  }
+  void SetNumber(double value) {
+    m_number = value;
+    m_isValid.reset();
+  }
   /// Of a real, in place of the table's, until the next Restart.
   void SetDecimals(int decimals) { m_decimals = decimals; }
 
  private:
   const IljFieldForm& Form() const { return IljLayoutOf(m_type).form; }
+  bool AcceptsValue() const;
 
   IljFieldType m_type = IljFieldType::None;
   int m_decimals = 0;
   double m_number = 0;
   std::wstring m_string;
+  // Of the value at hand, once it was asked for: the rules of a record ask, and its line does.
+  mutable std::optional<bool> m_isValid;
 };
 
 /// A field of a known tag, with its value's own type. It looks at a field of a record.

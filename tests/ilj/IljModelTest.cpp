@@ -131,10 +131,14 @@ TEST(IljRecordTest, ReadsLinesOfOthers) {
 TEST(IljRecordTest, KeepsDateAndTime) {
   CMoskoJobRecord point = RecordOf(L"POINT");
   EXPECT_EQ(point.GetDateTime(), 0);
-  const std::int64_t moment = CivilSeconds(2026, 3, 13, 14, 15, 16);
-  point.SetDateTime(moment);
-  EXPECT_EQ(point.GetDateTime(), moment);
+  for (const int second : {16, 17}) {
+    const std::int64_t moment = CivilSeconds(2026, 3, 13, 14, 15, second);
+    point.SetDateTime(moment);
+    EXPECT_EQ(point.GetDateTime(), moment);
+    EXPECT_EQ(point.ToText(), L"POINT\tDATE:20260313\tTIME:1415" + std::to_wstring(second) + L"\t");
+  }
   point.ParseField(L"TIME:235959");
+  EXPECT_EQ(point.ToText(), L"POINT\tDATE:20260313\tTIME:235959\t");
   EXPECT_EQ(point.GetDateTime(), CivilSeconds(2026, 3, 13, 23, 59, 59));
   point.ParseField(L"DATE:19680229");
   EXPECT_EQ(point.GetDateTime(), CivilSeconds(1968, 2, 29, 23, 59, 59));
