@@ -236,8 +236,11 @@ TEST(Roads, FilesThatCannotBeWritten) {
     SCOPED_TRACE(taken);
     Sandbox sandbox(Dc({Road("FIRST"), "=good", Road("ROAD"), "=plan", "=profile", "=template",
                         "=segment", "=slope"}));
-    fs::create_directory(sandbox.Out() / taken);
+    std::error_code refused;  // where there are no links
+    fs::create_symlink("gone/away", sandbox.Out() / taken, refused);
+    if (refused) fs::create_directory(sandbox.Out() / taken);
     EXPECT_FALSE(sandbox.Convert());
+    EXPECT_TRUE(fs::exists(fs::symlink_status(sandbox.Out() / taken)));  // not the run's to delete
     const std::wstring road = taken[0] == 'R' ? L"ROAD" : L"FIRST";
     EXPECT_EQ(
         sandbox.report.messages,
