@@ -2,7 +2,7 @@
 // page that is used by drops, keys and clicks.
 import { spawnSync } from "node:child_process";
 import { createServer } from "node:http";
-import { mkdtempSync, readFileSync, readdirSync, existsSync, statSync } from "node:fs";
+import { existsSync, mkdtempSync, readFileSync, statSync } from "node:fs";
 import { tmpdir } from "node:os";
 import { dirname, extname, join, normalize } from "node:path";
 import { fileURLToPath } from "node:url";
@@ -97,12 +97,12 @@ export function press({ page }, label) {
   return page.locator(`::-p-aria(${label})`).click();
 }
 
-/** Follows a link that saves a file, and gives the bytes of the file. */
+/** Follows a link that saves a file, and gives the bytes of the file, whose name stands there before them. */
 export async function save({ page, downloads }, selector) {
   const name = await page.$eval(selector, (link) => link.download);
   await page.locator(selector).click();
   const path = join(downloads, name);
-  for (let waited = 0; !readdirSync(downloads).includes(name); waited += 20) {
+  for (let waited = 0; !(statSync(path, { throwIfNoEntry: false })?.size > 0); waited += 20) {
     if (waited > 30000) throw new Error(`${name} wasn't saved`);
     await new Promise((resolve) => setTimeout(resolve, 20));
   }

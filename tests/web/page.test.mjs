@@ -50,7 +50,8 @@ function write(name, content) {
   return path;
 }
 
-const assertSame = (bytes, expected) => assert.ok(Buffer.compare(bytes, expected) === 0);
+const assertSame = (bytes, expected) =>
+  assert.ok(Buffer.compare(bytes, expected) === 0, `${bytes.length} bytes, not ${expected.length}`);
 
 describe("a file that is dropped", () => {
   onPage("tells its type and what is in it", async (user) => {
