@@ -14,10 +14,10 @@ void Convert(const std::wstring& input) {
   RoadHeaders roads;
   try {
     const bool converted = ConvertDcRoads(file, report, roads, MemoryFiles::Path({}));
-    Require(converted || report.beside.size() == 0);
+    Require(converted || report.beside.GetCount() == 0);
   } catch (const ConversionFailure&) {  // a header line that is too short
   }
-  Require(MemoryFiles::Names().size() == 1 + report.beside.size());
+  Require(MemoryFiles::Names().size() == 1 + report.beside.GetCount());
 }
 
 }  // namespace

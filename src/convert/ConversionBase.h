@@ -44,7 +44,7 @@ class FilesBeside {
   const std::wstring& Add(std::wstring_view name);
   /// Takes the file away from the list that came last.
   void DropLast();
-  std::size_t size() const { return m_count; }
+  std::size_t GetCount() const { return m_count; }
   /// Deletes the files and forgets them.
   void Remove() noexcept;
 

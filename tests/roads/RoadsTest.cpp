@@ -167,7 +167,7 @@ TEST(Roads, WholeFiles) {
     EXPECT_TRUE(sandbox.Convert());
     EXPECT_EQ(sandbox.report.messages, messages);
     EXPECT_EQ(sandbox.Made(), expected);
-    EXPECT_EQ(sandbox.report.beside.size(), expected.size());
+    EXPECT_EQ(sandbox.report.beside.GetCount(), expected.size());
   }
   EXPECT_GT(cases, 0);
 }
@@ -269,7 +269,7 @@ TEST(Roads, ShortHeaderLine) {
   EXPECT_EQ(sandbox.report.messages, StringList());
   const Files made = sandbox.Made();
   EXPECT_EQ(NamesIn(made), (std::vector<std::wstring>{L"EVEN.tp5", L"FIRST.RD5", L"ROAD.RD5"}));
-  EXPECT_EQ(sandbox.report.beside.size(), made.size());
+  EXPECT_EQ(sandbox.report.beside.GetCount(), made.size());
   EXPECT_EQ(made.at(L"ROAD.RD5"), std::string(50, '+') + "\r\nHR\r\n");
 }
 
