@@ -63,8 +63,11 @@ RoundNumber StepOfSeconds(double least) {
 GridAxis AngularAxis(const MapLayers& layers, double low, double high, double originSeconds,
                      double metresPerRadian, std::wstring_view signs) {
   const double perSecond = metresPerRadian / kSecondsPerRadian;
-  const RoundNumber step = StepOfSeconds(kLeastSpacing / layers.view.UnitsPerMetre() / perSecond);
+  const double least = kLeastSpacing / layers.view.UnitsPerMetre() / perSecond;
+  const RoundNumber step = StepOfSeconds(least);
   GridAxis axis{{}, FormatSeconds(step.Value(), step.Decimals(), L"")};
+  // At a pole a whole circle is shorter than that, and there would be no end of lines.
+  if (least > kSecondsPerCircle) return axis;
   AddLines(axis, originSeconds + low / perSecond, originSeconds + high / perSecond, step.Value(),
            perSecond, originSeconds, [&](double value) {
              return FormatSeconds(std::remainder(value, kSecondsPerCircle), step.Decimals(), signs);
