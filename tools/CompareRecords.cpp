@@ -141,7 +141,7 @@ void RecordComparison::CompareText(std::wstring_view property, const std::wstrin
 void RecordComparison::CompareNumber(std::wstring_view property, Quantity quantity, double a,
                                      double b, double tolerance) {
   if (IsNull(a) && (IsNull(b) || m_options.isFirstPartial)) return;
-  double difference = b - a;
+  double difference = a == b ? 0 : b - a;  // of infinite ones, too
   if (quantity == Quantity::Angle) difference = std::remainder(difference, 2 * kPi);
   const bool isSame = !IsNull(a) && !IsNull(b) && std::abs(difference) <= tolerance;
   if (!isSame) TellNumbers(property, quantity, a, b);
