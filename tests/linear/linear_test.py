@@ -6,7 +6,6 @@ does, a tenth of the records then, since it takes fifty times as long.
 """
 
 import concurrent.futures
-import os
 import re
 import shutil
 import subprocess
