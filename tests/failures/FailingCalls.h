@@ -20,10 +20,26 @@ class Watch {
 
   /// Calls or allocations so far, those that failed included.
   std::size_t Count() const;
-  /// The name of the system's call that failed first, "new" for an allocation; "" if none did.
+  /// The name that POSIX has for the system's call that failed first, "new" for an allocation; ""
+  /// if none did.
   const char* Failed() const;
   /// Descriptors opened and not closed.
   int Open() const;
 };
+
+// For what stands in the place of the calls.
+
+struct State {
+  bool isOn = false;
+  Kind kind = Kind::Call;
+  Times times = Times::Once;
+  std::size_t number = 0, count = 0;
+  const char* failed = "";
+  int open = 0;
+};
+extern State g_state;
+
+/// Whether the call or allocation that is about to be made is the one to fail.
+bool Fails(Kind kind, const char* name);
 
 }  // namespace zelconvert::failing

@@ -7,22 +7,12 @@ namespace zelconvert::platform {
 namespace {
 
 bool SetAttributes(const std::wstring& path, DWORD word) {
-  return SetFileAttributesW(ToSystemPath(path).c_str(), word ? word : FILE_ATTRIBUTE_NORMAL) != 0;
-}
-
-// False if there is no memory for the path.
-template <class Action>
-bool UnlessThrown(Action action) noexcept {
-  try {
-    return action();
-  } catch (...) {
-    return false;
-  }
+  return SetFileAttributesW(SystemPath(path).Get(), word ? word : FILE_ATTRIBUTE_NORMAL) != 0;
 }
 
 // What stays the same by whatever path a file is reached. False if it isn't there.
 bool GetIdentity(const std::wstring& path, BY_HANDLE_FILE_INFORMATION& identity) {
-  const HANDLE handle = CreateFileW(ToSystemPath(path).c_str(), FILE_READ_ATTRIBUTES,
+  const HANDLE handle = CreateFileW(SystemPath(path).Get(), FILE_READ_ATTRIBUTES,
                                     FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                                     OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
   if (handle == INVALID_HANDLE_VALUE) return false;
@@ -34,7 +24,7 @@ bool GetIdentity(const std::wstring& path, BY_HANDLE_FILE_INFORMATION& identity)
 }  // namespace
 
 std::optional<Attributes> GetAttributes(const std::wstring& path) {
-  const DWORD word = GetFileAttributesW(ToSystemPath(path).c_str());
+  const DWORD word = GetFileAttributesW(SystemPath(path).Get());
   if (word == INVALID_FILE_ATTRIBUTES) return std::nullopt;
   Attributes attributes;
   attributes.isDirectory = (word & FILE_ATTRIBUTE_DIRECTORY) != 0;
@@ -48,11 +38,11 @@ bool ClearReadOnly(const std::wstring& path, const Attributes& found) {
 }
 
 bool RestoreAttributes(const std::wstring& path, const Attributes& found) noexcept {
-  return UnlessThrown([&] { return SetAttributes(path, found.word); });
+  return SetAttributes(path, found.word);
 }
 
 bool RemoveFile(const std::wstring& path) noexcept {
-  return UnlessThrown([&] { return DeleteFileW(ToSystemPath(path).c_str()) != 0; });
+  return DeleteFileW(SystemPath(path).Get()) != 0;
 }
 
 bool IsSameFile(const std::wstring& path, const std::wstring& other) {

@@ -32,7 +32,7 @@ DWORD Sharing(std::uint32_t access) {
 }
 
 HANDLE OpenHandle(const std::wstring& path, std::uint32_t access) {
-  return CreateFileW(ToSystemPath(path).c_str(), Rights(access), Sharing(access), nullptr,
+  return CreateFileW(SystemPath(path).Get(), Rights(access), Sharing(access), nullptr,
                      Disposition(access), FILE_ATTRIBUTE_NORMAL, nullptr);
 }
 
@@ -116,8 +116,8 @@ bool File::Close() {
 }
 
 NewFile MakeNewFile(const std::wstring& path) {
-  const HANDLE handle = CreateFileW(ToSystemPath(path).c_str(), GENERIC_WRITE, 0, nullptr,
-                                    CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+  const HANDLE handle = CreateFileW(SystemPath(path).Get(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr);
   if (handle == INVALID_HANDLE_VALUE) {
     return GetLastError() == ERROR_FILE_EXISTS ? NewFile::Taken : NewFile::Refused;
   }
