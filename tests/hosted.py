@@ -33,7 +33,7 @@ def run_host(words, **options):
         done = subprocess.run([*HOST, *words], **{"stdout": out, "stderr": err, "timeout": 120, **options})
         for stream in out, err:
             stream.seek(0)
-        return Run(done.returncode, out.read(), err.read())
+        return Run(done.returncode, done.stdout or out.read(), done.stderr or err.read())
 
 
 def run_on_terminal(words, stream="stderr", **options):

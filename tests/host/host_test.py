@@ -100,7 +100,10 @@ class HostTest(FolderTest):
                 is_clean = False
                 arguments, _, source = arguments.partition("< ")
                 words = [word.strip('"') for word in arguments.split()]
-                options = {"preexec_fn": lambda: limit_files(128)} if where == "limit" else {}
+                options = {}
+                if where == "limit":  # for what is printed there is room
+                    pipe = subprocess.PIPE
+                    options = {"preexec_fn": lambda: limit_files(128), "stdout": pipe, "stderr": pipe}
                 with open(os.path.join(self.folder, source or os.devnull), "rb") as options["stdin"]:
                     self.check(words, code, files, texts, **options)
                 self.restore()
@@ -290,6 +293,7 @@ class PosixTest(HostTest):
         self.before = dict.fromkeys(contents(self.folder))  # names alone
         host = subprocess.Popen(HOST + ["convert", "big.job", "out.dc"], cwd=self.folder, **options)
         while not [name for name in os.listdir(self.folder) if name.startswith(".zelconvert-")]:
+            self.assertIsNone(host.poll())
             time.sleep(0.001)
         while host.poll() is None and os.stat(self.big).st_mode & 0o200 == 0:
             time.sleep(0.001)
@@ -384,6 +388,7 @@ class PosixTest(HostTest):
         host = self.start([*arguments, "--jobs", "1", "--report", "-"])
         out = pathlib.Path(self.folder, "out")
         while not list(out.glob(".*/big.dc")):
+            self.assertIsNone(host.poll())
             time.sleep(0.001)
         worker = pathlib.Path(f"/proc/{host.pid}/task/{host.pid}/children").read_text().split()[0]
         os.kill(int(worker), signal.SIGKILL)
