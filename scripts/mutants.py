@@ -114,12 +114,12 @@ def copy_project():
 
 
 def programs_of(tests):
-    """What must be built for them; ctest doesn't tell the command of a test that isn't built."""
+    """What must be built for their commands and environments; ctest doesn't tell those of a test that isn't built."""
     text = "".join(path.read_text() for path in BUILD.glob("*/CTestTestfile.cmake"))
-    commands = dict(re.findall(r"add_test\(\W*(\w+)\W* (.*)\)", text))
-    if unknown := tests - commands.keys():
+    told = re.findall(r"(?:add_test|set_tests_properties)\(\W*(\w+)\W* (.*)\)", text)
+    if unknown := tests - dict(told).keys():
         sys.exit(f"there is no test {', '.join(unknown)}")
-    return {word for test in tests for word in re.findall(rf'"{BUILD}/([^"]+)"', commands[test])}
+    return {path for test, words in told if test in tests for path in re.findall(rf'["=]{BUILD}/([^"]+)"', words)}
 
 
 class Build:
@@ -290,7 +290,7 @@ def main():
     signal.signal(signal.SIGINT, signal.default_int_handler)
     # A fault may allocate or write without end.
     resource.setrlimit(resource.RLIMIT_AS, (4 << 30, 4 << 30))
-    resource.setrlimit(resource.RLIMIT_FSIZE, (1 << 30, 1 << 30))
+    resource.setrlimit(resource.RLIMIT_FSIZE, (5 << 30, 5 << 30))  # a test goes beyond 4 GiB
     resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
     start = time.monotonic()
     lock = copy_project()
