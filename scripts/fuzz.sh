@@ -1,17 +1,17 @@
 #!/usr/bin/env bash
 # scripts/fuzz.sh HOURS [TARGETS...]: builds the fuzz targets and runs all of them, or those whose names begin
 # so, as many side by side as there are processors (FUZZ_JOBS). Each has an equal share of the time: four fifths
-# of it for many short runs in the preset fuzz-fast, then the sanitizers of the preset fuzz over all that is new,
+# of it for many short runs in the preset fuzz-fast, then the sanitizers of the preset asan over all that is new,
 # and on from there. Tells the executions of each, how many a second of processor time without and with the
 # sanitizers, the coverage and how much of it is new, and findings; the exit code is 1 if there is one. Inputs
 # that reach something new go into FUZZ_CORPUS (default ~/.cache/zelconvert/fuzz), a folder for each target, where
-# the next run goes on; what fails goes into build/fuzz/findings, and once the fault is mended into
+# the next run goes on; what fails goes into build/asan/findings, and once the fault is mended into
 # fuzz/corpus/<target>.
 #
 # scripts/fuzz.sh --each SECONDS: for that long each, with the sanitizers, without a corpus that stays.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-export findings=build/fuzz/findings
+export findings=build/asan/findings
 # Of freed memory little goes back to the system: runs are short, and a file's buffers are large.
 export MALLOC_TRIM_THRESHOLD_=268435456 MALLOC_MMAP_THRESHOLD_=67108864 MALLOC_TOP_PAD_=16777216
 
@@ -43,7 +43,7 @@ run_target() { # seconds target extensions length inputs...
     run_stage fuzz-fast "$target" $((seconds * 4 / 5)) "$length" "$corpus" "$seeds" || result=$?
     seconds=$((seconds / 5 + 1))
   fi
-  if [ "$result" -eq 0 ]; then run_stage fuzz "$target" "$seconds" $((length * 4)) "$corpus" "$seeds" || result=$?; fi
+  if [ "$result" -eq 0 ]; then run_stage asan "$target" "$seconds" $((length * 4)) "$corpus" "$seeds" || result=$?; fi
   awk -v name="$target" -v failed="$result" '
     FNR == 1 { isFast = FILENAME ~ /fuzz-fast/; before = "" }
     / cov: / {
@@ -60,7 +60,7 @@ run_target() { # seconds target extensions length inputs...
     }
   ' "$results/$target".*.log >"$results/$target.row"
   if [ "$result" -eq 0 ] && [ -n "$merges" ]; then
-    "build/fuzz/fuzz/$target" -set_cover_merge=1 -verbosity=0 "$merged" "$corpus" "$seeds" \
+    "build/asan/fuzz/$target" -set_cover_merge=1 -verbosity=0 "$merged" "$corpus" "$seeds" \
       >"$results/$target.merge" 2>&1 && rm -rf "$corpus" && mv "$merged" "$corpus"
   fi
   rm -rf "$seeds" "$merged"
@@ -72,21 +72,22 @@ usage="usage: scripts/fuzz.sh HOURS [TARGETS...] | --each SECONDS"
 jobs=${FUZZ_JOBS:-$(nproc)} results=$(mktemp -d)
 trap 'rm -rf "$results"' EXIT
 if [ "${1:?$usage}" = --each ]; then
-  merges="" presets=fuzz FUZZ_CORPUS=$results/corpus
+  merges="" presets=asan FUZZ_CORPUS=$results/corpus
 else
-  merges=yes presets="fuzz-fast fuzz" FUZZ_CORPUS=${FUZZ_CORPUS:-$HOME/.cache/zelconvert/fuzz}
+  merges=yes presets="fuzz-fast asan" FUZZ_CORPUS=${FUZZ_CORPUS:-$HOME/.cache/zelconvert/fuzz}
 fi
 for preset in $presets; do
   cmake --preset "$preset" --log-level=WARNING >/dev/null
-  cmake --build --preset "$preset" -j "$(nproc)"
+  # shellcheck disable=SC2046 # targets are single words
+  cmake --build --preset "$preset" -j "$(nproc)" --target $(cut -d' ' -f1 "build/$preset/fuzz-targets.txt")
 done
 if [ -n "$merges" ]; then
   names=$(printf '|fuzz_%s' "${@:2}")
-  grep -E "^(${names#|})[^ ]* " build/fuzz/fuzz-targets.txt >"$results/list"
+  grep -E "^(${names#|})[^ ]* " build/asan/fuzz-targets.txt >"$results/list"
   seconds=$(awk -v hours="$1" -v jobs="$jobs" \
     'END { print int(hours * 3600 / (NR > jobs ? NR / jobs : 1)) }' "$results/list")
 else
-  cp build/fuzz/fuzz-targets.txt "$results/list"
+  cp build/asan/fuzz-targets.txt "$results/list"
   seconds=${2:?$usage}
 fi
 mkdir -p "$findings"
