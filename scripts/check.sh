@@ -54,9 +54,16 @@ step_cppcheck() {
 step_analyzer() {
   local checks='-*,clang-analyzer-*,-clang-analyzer-optin.performance.Padding' # the order of fields is that of formats
   cmake --preset asan -B build/analyzer --log-level=WARNING -DZELCONVERT_BUILD_TESTS=OFF \
-    -DZELCONVERT_SANITIZE= -DCMAKE_CXX_FLAGS_DEBUG=-O0 \
+    -DZELCONVERT_BUILD_FUZZERS=OFF -DZELCONVERT_SANITIZE= -DCMAKE_CXX_FLAGS_DEBUG=-O0 \
     -DCMAKE_CXX_CLANG_TIDY="clang-tidy-14;--checks=$checks;--warnings-as-errors=*"
   cmake --build build/analyzer -j "$jobs"
+}
+
+# Tests, fuzz targets and benchmarks by the checks of the product, which scripts/test.sh has no time for.
+step_tidy() {
+  cmake --preset asan -B build/tidy --log-level=WARNING -DZELCONVERT_TIDY_TESTS=ON -DZELCONVERT_BUILD_BENCHMARKS=ON \
+    -DZELCONVERT_SANITIZE= -DCMAKE_CXX_FLAGS_DEBUG=-O0
+  cmake --build build/tidy -j "$jobs"
 }
 
 # Another standard library than GCC's. It reads no reals, by which the test of numbers knows what is right.
@@ -76,7 +83,7 @@ step_s390x() {
 }
 
 scripts/setup.sh check
-steps="ubsan memcheck cppcheck analyzer libcxx i686 s390x"
+steps="ubsan memcheck cppcheck analyzer tidy libcxx i686 s390x"
 for step in ${*:-$steps}; do
   echo "== $step"
   "step_$step"
