@@ -1,14 +1,27 @@
 #!/usr/bin/env bash
 # scripts/test.sh [STEP...]: every check of the project, from a fresh clone or again; without arguments all steps.
-# FUZZ_SECONDS (default 5) bounds the run of each fuzz target.
+# FUZZ_SECONDS (default 3) bounds the run of each fuzz target.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-fuzz_seconds=${FUZZ_SECONDS:-5}
+fuzz_seconds=${FUZZ_SECONDS:-3}
 jobs=$(nproc)
 
 build() { # preset
   cmake --preset "$1" --log-level=WARNING
   cmake --build --preset "$1" -j "$jobs"
+}
+
+# Two functions side by side, each of which waits for other programs half of its time.
+both() { # function function
+  local log first result=0
+  log=$(mktemp)
+  "$1" >"$log" 2>&1 &
+  first=$!
+  "$2" || result=$?
+  wait "$first" || result=$?
+  cat "$log"
+  rm "$log"
+  return "$result"
 }
 
 step_format() {
@@ -31,11 +44,12 @@ step_web() {
   build wasm
   cmake --preset release --log-level=WARNING
   cmake --build --preset release -j "$jobs" --target zelconvert-host
-  node --test tests/js/*.test.mjs
   scripts/web.sh build
   npm install --prefix tests/web --no-package-lock --no-audit --no-fund --prefer-offline --silent
-  node --test tests/web/*.test.mjs
+  both js_tests page_tests
 }
+js_tests() { node --test tests/js/*.test.mjs; }
+page_tests() { node --test tests/web/*.test.mjs; }
 
 # The binding for C#, compiled and run by Mono.
 step_csharp() {
@@ -121,9 +135,10 @@ step_mingw32() {
 # The packages of Debian and Windows: made, installed, used, removed.
 step_packages() {
   scripts/package.sh
-  python3 tests/packages/packages_test.py debian
-  in_wine python3 tests/packages/packages_test.py windows
+  both debian_packages windows_packages
 }
+debian_packages() { python3 tests/packages/packages_test.py debian; }
+windows_packages() { in_wine python3 tests/packages/packages_test.py windows; }
 
 scripts/setup.sh test
 steps="format docs release web python csharp gdal asan tsan fuzz mingw64 mingw32 packages"

@@ -104,8 +104,8 @@ std::vector<Conversion> ConvertToAll(const HostileFile& file, std::size_t size) 
 // The larger file shows what grows and how fast; what doesn't has room beside.
 TEST(Memory, IsAtMostSomeTimesTheInput) {
   for (const HostileFile& file : kHostileFiles) {
-    const std::vector<Conversion> small = ConvertToAll(file, kMiB / 2);
-    const std::vector<Conversion> large = ConvertToAll(file, kMiB * 3 / 2);
+    const std::vector<Conversion> small = ConvertToAll(file, kMiB * 3 / 8);
+    const std::vector<Conversion> large = ConvertToAll(file, kMiB * 9 / 8);
     ASSERT_EQ(small.size(), large.size()) << file.name;
     for (std::size_t i = 0; i < large.size(); ++i) {
       SCOPED_TRACE(testing::Message()
