@@ -5,7 +5,6 @@
 #include <optional>
 #include <string_view>
 
-#include "io/Paths.h"
 #include "io/Strings.h"
 #include "platform/Platform.h"
 
@@ -28,15 +27,18 @@ class WritableWhile {
  public:
   explicit WritableWhile(const std::wstring& path)
       : m_path(path), m_found(platform::GetAttributes(path)) {
-    if (m_found && m_found->isReadOnly) platform::ClearReadOnly(m_path, *m_found);
+    if (IsReadOnlyFile()) platform::ClearReadOnly(m_path, *m_found);
   }
   ~WritableWhile() {
-    if (m_found && m_found->isReadOnly) platform::RestoreAttributes(m_path, *m_found);
+    if (IsReadOnlyFile()) platform::RestoreAttributes(m_path, *m_found);
   }
   WritableWhile(const WritableWhile&) = delete;
   WritableWhile& operator=(const WritableWhile&) = delete;
+  bool IsFile() const { return m_found && !m_found->isDirectory; }
 
  private:
+  bool IsReadOnlyFile() const { return IsFile() && m_found->isReadOnly; }
+
   const std::wstring& m_path;
   std::optional<platform::Attributes> m_found;
 };
@@ -92,12 +94,12 @@ bool Finish(const ConvertRequest& request, Report& report, const DriverRun& run,
 }
 
 bool RunSteps(const ConvertRequest& request, Report& report, const DriverRun& run) {
-  if (!FileExists(request.input)) return Fail(report, run.missing, request.input);
-  const WritableWhile writable(request.input);
+  const WritableWhile input(request.input);
+  if (!input.IsFile()) return Fail(report, run.missing, request.input);
   if (!run.openInput()) return Fail(report, DriverText::CannotOpen, request.input);
   OutputGuard output(request.output, report);
-  // An output that is the input would be emptied before it is read.
-  if (platform::IsSameFile(request.input, request.output) || !run.createOutput()) {
+  // An output that is the input would be emptied before it is read. Mostly there is none.
+  if (platform::IsSameFile(request.output, request.input) || !run.createOutput()) {
     output.Keep();
     CloseAll(run);
     return Fail(report, DriverText::CannotCreate, request.output);

@@ -4,9 +4,9 @@
 #include <string_view>
 
 #include "front/CFileTypeManager.h"
-#include "io/CFileCE.h"
 #include "io/Strings.h"
 #include "job/CJobFile.h"
+#include "platform/Platform.h"
 
 namespace zelconvert {
 namespace {
@@ -22,14 +22,14 @@ constexpr Signature kSignatures[] = {
 };
 
 bool StartsWith(const std::wstring& path, std::string_view signature) {
-  CFileCE file;
+  platform::File file;
   std::string start(signature.size(), '\0');
-  if (!file.Open(path, platform::kOpenShared) || !file.Read(start.data(), start.size())) {
-    return false;
-  }
-  return std::equal(start.begin(), start.end(), signature.begin(), [](char a, char b) {
-    return FoldAscii(static_cast<unsigned char>(a)) == FoldAscii(static_cast<unsigned char>(b));
-  });
+  if (!file.Open(path, platform::kOpenShared)) return false;
+  return file.Read(start.data(), start.size()) == start.size() &&
+         std::equal(start.begin(), start.end(), signature.begin(), [](char a, char b) {
+           return FoldAscii(static_cast<unsigned char>(a)) ==
+                  FoldAscii(static_cast<unsigned char>(b));
+         });
 }
 
 // The first occurrence of the extension decides: it has to lie in the last four characters, and

@@ -81,12 +81,11 @@ bool Enter(std::vector<OpenFile>& list, const OpenFile& file) noexcept {
 
 // Enters a file of data in the list; empties it if asked to, before anybody else may open it.
 bool Take(std::vector<OpenFile>& list, int descriptor, const struct stat& file,
-          std::uint32_t access) {
+          std::uint32_t access, bool isNew) {
   if (S_ISDIR(file.st_mode) || S_ISFIFO(file.st_mode)) return false;
   const bool truncate = (access & kAccessCreate) && !(access & kAccessNoTruncate);
-  if (truncate && S_ISREG(file.st_mode) && Retry([&] { return ftruncate(descriptor, 0); }) != 0) {
-    return false;
-  }
+  const bool isOld = !isNew && S_ISREG(file.st_mode);
+  if (truncate && isOld && Retry([&] { return ftruncate(descriptor, 0); }) != 0) return false;
   return Enter(list, {descriptor, file.st_dev, file.st_ino, access});
 }
 
@@ -98,7 +97,7 @@ bool Accept(int descriptor, std::uint32_t access, const SystemPath* made) {
   struct stat file {};
   const bool isKnown = fstat(descriptor, &file) == 0;
   if (isKnown && IsDenied(open.list, file, access)) return false;
-  if (isKnown && Take(open.list, descriptor, file, access)) return true;
+  if (isKnown && Take(open.list, descriptor, file, access, made != nullptr)) return true;
   if (made != nullptr) unlink(made->Get());
   return false;
 }
