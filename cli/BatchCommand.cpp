@@ -108,7 +108,6 @@ void Batch::ConvertInto(std::size_t number, std::unique_ptr<BatchWorker>& worker
   const auto judge = [&](const auto& targets) { return Judge(number, targets); };
   if (worker->Convert(file, replace, judge, outcome)) return;
   worker.reset();
-  RemoveAbandonedFolders(folder);
 }
 
 // No older than what it is made of, as far as names tell.

@@ -53,11 +53,15 @@ BatchLog::BatchLog(const Options& options, const std::vector<BatchFile>& files)
     throw HostFailure(kWrongUsage, "standard output can't take both the report and --json");
   }
   const fs::path path = Absolute(*options.report);
-  for (const BatchFile& file : files) CheckDistinct(path, file.input);
-  CheckOutput(path, options.force || options.skipExisting);
-  m_pReport.reset(platform::OpenForWriting(path, options.force || options.skipExisting));
+  const bool mayReplace = options.force || options.skipExisting;
+  const OutputPlace place(path);
+  for (const BatchFile& file : files) place.CheckDistinct(file.input);
+  place.CheckNoFolder();
+  CheckFolder(path.parent_path());
+  place.CheckReplaceable(mayReplace);
+  m_pReport.reset(platform::OpenForWriting(path, mayReplace));
   if (m_pReport == nullptr) {
-    CheckOutput(path, options.force || options.skipExisting);  // it may have come meanwhile
+    OutputPlace(path).CheckReplaceable(mayReplace);  // it may have come meanwhile
     throw HostFailure(kNoOutput, platform::ToText(path) + " can't be written");
   }
 }

@@ -5,15 +5,18 @@
 #include <cstdio>
 #include <cstring>
 #include <iterator>
-#include <string_view>
+#include <utility>
 
 #include "cli/ConvertPlan.h"
 #include "cli/ConvertRun.h"
 #include "cli/FileTypes.h"
+#include "cli/TemporaryFolder.h"
 #include "cli/platform/Host.h"
 
 namespace zelconvert::cli {
 namespace {
+
+namespace fs = std::filesystem;
 
 // What the two processes say to each other are lists of texts: their number, then of each its
 // length and its bytes. The first word of an answer tells what it is.
@@ -122,7 +125,7 @@ Paths AskForTargets(const Paths& targets) {
   return PathsOf(words);
 }
 
-void ConvertAsTold(const Words& words) {
+void ConvertAsTold(const Words& words, ConvertRun& run) {
   Options options;
   options.from = words.at(2);
   options.to = words.at(3);
@@ -134,7 +137,7 @@ void ConvertAsTold(const Words& words) {
     const ConvertPlan plan = MakePlan(input, platform::ToPath(words.at(1)), options);
     from = FindType(plan.conversion.from)->name;
     outcome.warnings = plan.warnings;
-    RunPlan(plan, options.force, outcome, AskForTargets);
+    run.Run(plan, options.force, outcome, AskForTargets);
   });
   Answer(WordsOf(outcome, from));
 }
@@ -144,7 +147,8 @@ void ConvertAsTold(const Words& words) {
 ExitCode RunBatchWorker(const Options&) {
   SetQuiet();
   platform::UseBinaryStreams();
-  for (Words words; Receive(ReadFromBatch, words);) ConvertAsTold(words);
+  ConvertRun run;
+  for (Words words; Receive(ReadFromBatch, words);) ConvertAsTold(words, run);
   return kConverted;
 }
 
@@ -153,9 +157,29 @@ ExitCode RunBatchWorker(const Options&) {
 BatchWorker::BatchWorker(const Options& options)
     : m_options(options), m_process(kBatchWorkerCommand) {}
 
+BatchWorker::~BatchWorker() {
+  m_process.Wait();
+  RemoveAbandonedFolders(m_folder);
+}
+
+// All of the bytes, or false.
+bool BatchWorker::Read(char* bytes, std::size_t size) {
+  while (size > 0) {
+    if (m_received.empty()) {
+      m_received = {m_block.data(), m_process.Read(m_block.data(), m_block.size())};
+    }
+    if (m_received.empty()) return false;
+    const std::size_t part = m_received.copy(bytes, size);
+    m_received.remove_prefix(part);
+    bytes += part;
+    size -= part;
+  }
+  return true;
+}
+
 bool BatchWorker::Converse(const BatchFile& file, bool replace, const Judge& judge,
                            Outcome& outcome) {
-  const auto read = [this](char* bytes, std::size_t size) { return m_process.Read(bytes, size); };
+  const auto read = [this](char* bytes, std::size_t size) { return Read(bytes, size); };
   Words words = {platform::ToArgument(file.input), platform::ToArgument(file.output),
                  m_options.from, m_options.to, replace ? "replace" : ""};
   if (!m_process.Write(Pack(words)) || !Receive(read, words)) return false;
@@ -171,9 +195,11 @@ bool BatchWorker::Converse(const BatchFile& file, bool replace, const Judge& jud
 
 bool BatchWorker::Convert(const BatchFile& file, bool replace, const Judge& judge,
                           Outcome& outcome) {
+  const fs::path before = std::exchange(m_folder, file.output.parent_path());
   if (Converse(file, replace, judge, outcome)) return true;
   outcome = {};
   outcome.error = "the process that converted it " + m_process.Wait();
+  RemoveAbandonedFolders(before);
   return false;
 }
 

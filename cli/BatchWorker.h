@@ -2,9 +2,12 @@
 // takes no other with it; and the library runs one conversion at a time in a process.
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <filesystem>
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "cli/BatchPlan.h"
@@ -24,6 +27,10 @@ class BatchWorker {
 
   /// Throws std::system_error if no process starts.
   explicit BatchWorker(const Options& options);
+  /// Waits for the process, and removes what one that was killed has left.
+  ~BatchWorker();
+  BatchWorker(const BatchWorker&) = delete;
+  BatchWorker& operator=(const BatchWorker&) = delete;
 
   /// False if the process came to its end on the way: the outcome tells, and this can't be used any
   /// more.
@@ -31,9 +38,13 @@ class BatchWorker {
 
  private:
   bool Converse(const BatchFile& file, bool replace, const Judge& judge, Outcome& outcome);
+  bool Read(char* bytes, std::size_t size);
 
   const Options& m_options;
   platform::WorkerProcess m_process;
+  std::filesystem::path m_folder;  // in which the last output was to be made
+  std::array<char, 4096> m_block = {};
+  std::string_view m_received;  // of the block, not yet read
 };
 
 /// What the process does: converts what it is told on standard input until that ends.

@@ -16,7 +16,7 @@ void RunConversion(const Options& options, const InputFile& input, const OutputF
   const ConvertPlan plan = MakePlan(input, output.GetPath(), options);
   outcome.about = Describe(plan.conversion, input.GetName(), output.GetName());
   outcome.warnings = plan.warnings;
-  RunPlan(plan, options.force, outcome);
+  ConvertRun().Run(plan, options.force, outcome);
   platform::FlushFolder(output.GetPath().parent_path());
   output.Send(outcome);
 }

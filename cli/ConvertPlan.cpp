@@ -58,7 +58,8 @@ fs::path JobOfPoints(const Options& options, const TypeInfo& from, const TypeInf
 ConvertPlan MakePlan(const InputFile& file, const fs::path& output, const Options& options) {
   const fs::path& input = file.GetPath();
   const TypeInfo& from = file.GetType();
-  CheckNoFolder(output);
+  const OutputPlace place(output);
+  place.CheckNoFolder();
   const TypeInfo& to = TypeOfOutput(options.to, output);
   CheckRoute(from, to);
   if (options.verify) CheckVerifiable(to.type);
@@ -69,9 +70,10 @@ ConvertPlan MakePlan(const InputFile& file, const fs::path& output, const Option
                    options.verify,
                    options.keep};
   const Conversion& asked = plan.conversion;
-  CheckReadable(asked.read);
-  for (const fs::path& each : {input, asked.read, asked.job}) CheckDistinct(output, each);
-  CheckOutput(output, options.force);
+  const bool isRead = options.from.empty() && asked.read == input;  // to tell its type
+  if (!isRead) CheckReadable(asked.read);
+  for (const fs::path& each : {input, asked.read, asked.job}) place.CheckDistinct(each);
+  place.CheckReplaceable(options.force);
   AddWarning(plan.warnings, WarnOfInputName(from.type, input));
   if (!asked.job.empty()) AddWarning(plan.warnings, WarnOfJobName(asked.job));
   AddWarning(plan.warnings, WarnOfOutputName(to.type, output));

@@ -6,7 +6,6 @@
 #include "cli/Cr5Import.h"
 #include "cli/FileTypes.h"
 #include "cli/ProgressBar.h"
-#include "cli/StagingFolder.h"
 #include "cli/Verify.h"
 #include "cli/platform/Host.h"
 #include "raw/CRawFile.h"
@@ -33,6 +32,7 @@ Result ConvertThroughJob(const Conversion& asked, const fs::path& job) {
   Result second = ConvertWithProgress({FT_JOB, asked.to, job, asked.output, job});
   Rename(second.messages, ToText(job), ToText(asked.input));
   second.messages.insert(second.messages.begin(), first.messages.begin(), first.messages.end());
+  fs::remove(job);
   return second;
 }
 
@@ -67,6 +67,7 @@ Result ConvertBesideList(Conversion staged, const fs::path& job) {
   staged.job = job;
   Result result = ConvertWithProgress(staged);
   Rename(result.messages, ToText(job), ToText(staged.input));
+  fs::remove(job);
   return result;
 }
 
@@ -87,14 +88,22 @@ Result ConvertStaged(const Conversion& staged, const fs::path& job) {
 
 }  // namespace
 
-// The library takes a read-only attribute off its input while it reads.
-void RunPlan(const ConvertPlan& plan, bool force, Outcome& outcome, const Approve& approve) {
+std::unique_ptr<StagingFolder> ConvertRun::TakeStaging(const fs::path& parent) {
+  if (m_pStaging != nullptr && m_pStaging->GetParent() == parent) return std::move(m_pStaging);
+  m_pStaging.reset();
+  return std::make_unique<StagingFolder>(parent);
+}
+
+// The library takes a read-only attribute off its input while it reads. A folder from which all has
+// moved serves the next run, any other goes with this one.
+void ConvertRun::Run(const ConvertPlan& plan, bool force, Outcome& outcome,
+                     const Approve& approve) {
   const Conversion& asked = plan.conversion;
   platform::KeepReadOnly(asked.read);
-  const StagingFolder staging(asked.output.parent_path());
+  std::unique_ptr<StagingFolder> staging = TakeStaging(asked.output.parent_path());
   Conversion staged = asked;
-  staged.output = staging.GetPath() / asked.output.filename();
-  const fs::path job = staging.GetPath() / NameBetween(asked.output.filename());
+  staged.output = staging->GetPath() / asked.output.filename();
+  const fs::path job = staging->GetPath() / NameBetween(asked.output.filename());
 
   const Result result = ConvertStaged(staged, job);
   outcome.messages = result.messages;
@@ -104,12 +113,12 @@ void RunPlan(const ConvertPlan& plan, bool force, Outcome& outcome, const Approv
                       ToText(asked.input) + " was not converted" +
                           (result.messages.empty() ? "; the library gives no reason" : ""));
   }
-  fs::remove(job);
   const std::string fault = plan.verify ? Verify(plan, staged, outcome) : "";
   if (!fault.empty() && !plan.keep) throw HostFailure(kFailed, fault + "; it was not kept");
-  const Paths targets = staging.GetTargets();
+  const Paths targets = staging->GetTargets();
   const Paths kept = approve && targets.size() > 1 ? approve(targets) : Paths();
-  outcome.files = staging.MoveFiles(targets, asked.output, force, kept);
+  outcome.files = staging->MoveFiles(targets, asked.output, force, kept);
+  if (targets.size() == 1) m_pStaging = std::move(staging);
   if (!fault.empty()) throw HostFailure(kFailed, fault + "; it was kept");
 }
 

@@ -3,10 +3,12 @@
 
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <vector>
 
 #include "cli/ConvertPlan.h"
 #include "cli/Outcome.h"
+#include "cli/StagingFolder.h"
 
 namespace zelconvert::cli {
 
@@ -15,8 +17,17 @@ namespace zelconvert::cli {
 using Paths = std::vector<std::filesystem::path>;
 using Approve = std::function<Paths(const Paths& targets)>;
 
-/// Appends the messages and the files made. Throws a HostFailure; the messages are there then, too.
-/// approve: null if nobody is to be asked.
-void RunPlan(const ConvertPlan& plan, bool force, Outcome& outcome, const Approve& approve = {});
+/// Runs plans one after the other.
+class ConvertRun {
+ public:
+  /// Appends the messages and the files made. Throws a HostFailure; the messages are there then,
+  /// too. approve: null if nobody is to be asked.
+  void Run(const ConvertPlan& plan, bool force, Outcome& outcome, const Approve& approve = {});
+
+ private:
+  std::unique_ptr<StagingFolder> TakeStaging(const std::filesystem::path& parent);
+
+  std::unique_ptr<StagingFolder> m_pStaging;  // empty, of the run before; null: none
+};
 
 }  // namespace zelconvert::cli

@@ -16,11 +16,13 @@ namespace {
 
 void RunIntoPlace(const Options& options, const std::vector<InputFile>& inputs,
                   const fs::path& output, const DirectConversion& convert, Outcome& outcome) {
+  const OutputPlace place(output);
   for (const InputFile& input : inputs) {
     CheckReadable(input.GetPath());
-    CheckDistinct(output, input.GetPath());
+    place.CheckDistinct(input.GetPath());
   }
-  CheckOutput(output, options.force);
+  place.CheckNoFolder();
+  place.CheckReplaceable(options.force);
   const StagingFolder staging(output.parent_path());
   {
     std::optional<ProgressBar> bar;

@@ -3,7 +3,6 @@
 #include <system_error>
 
 #include "cli/Host.h"
-#include "cli/StagingFolder.h"
 #include "cli/platform/Host.h"
 
 namespace zelconvert::cli {
@@ -24,27 +23,49 @@ void CheckReadable(const fs::path& path) {
   if (!platform::IsReadable(path)) throw HostFailure(kNoInput, ToText(path) + " can't be read");
 }
 
-void CheckNoFolder(const fs::path& output) {
+void CheckFolder(const fs::path& folder) {
   std::error_code ignored;
-  if (!output.has_filename() || fs::is_directory(output, ignored)) {
-    throw HostFailure(kNoOutput, ToText(output) + " is a folder");
+  if (fs::is_directory(folder, ignored)) return;
+  throw HostFailure(kNoOutput, "the folder " + ToText(folder) + " does not exist");
+}
+
+namespace {
+
+// Of a link what it leads to, or the link where that is nothing.
+fs::file_status LookAt(const fs::path& path) {
+  std::error_code ignored;
+  const fs::file_status own = fs::symlink_status(path, ignored);
+  if (!fs::is_symlink(own)) return own;
+  const fs::file_status target = fs::status(path, ignored);
+  return fs::exists(target) ? target : own;
+}
+
+}  // namespace
+
+OutputPlace::OutputPlace(const fs::path& path) : m_path(path), m_found(LookAt(path)) {}
+
+void OutputPlace::CheckNoFolder() const {
+  if (m_path.has_filename() && !fs::is_directory(m_found)) return;
+  throw HostFailure(kNoOutput, ToText(m_path) + " is a folder");
+}
+
+void OutputPlace::CheckDistinct(const fs::path& input) const {
+  std::error_code ignored;
+  if (m_path == input || (fs::exists(m_found) && fs::equivalent(m_path, input, ignored))) {
+    throw HostFailure(kWrongUsage, "the output " + ToText(m_path) + " is an input");
   }
 }
 
-void CheckOutput(const fs::path& output, bool replace) {
-  CheckNoFolder(output);
-  std::error_code ignored;
-  if (!fs::is_directory(output.parent_path(), ignored)) {
-    throw HostFailure(kNoOutput, "the folder " + ToText(output.parent_path()) + " does not exist");
+void OutputPlace::CheckReplaceable(bool replace) const {
+  if (!fs::exists(m_found)) return;
+  if (!fs::is_regular_file(m_found) && !fs::is_symlink(m_found)) {
+    throw HostFailure(kNoOutput, ToText(m_path) + " is no file to be replaced");
   }
-  CheckReplaceable(output, replace);
+  if (!replace) RefuseReplacing();
 }
 
-void CheckDistinct(const fs::path& output, const fs::path& input) {
-  std::error_code ignored;
-  if (output == input || fs::equivalent(output, input, ignored)) {
-    throw HostFailure(kWrongUsage, "the output " + ToText(output) + " is an input");
-  }
+void OutputPlace::RefuseReplacing() const {
+  throw HostFailure(kNoOutput, ToText(m_path) + " exists; --force replaces it");
 }
 
 }  // namespace zelconvert::cli

@@ -42,8 +42,10 @@ bool WriteTo(const fs::path& path, const std::string& text) {
 std::vector<fs::path> Store(const Options& options, const InputFile& input,
                             const std::string& text) {
   const fs::path output = Absolute(options.output);
-  CheckDistinct(output, input.GetPath());
-  CheckOutput(output, options.force);
+  const OutputPlace place(output);
+  place.CheckDistinct(input.GetPath());
+  place.CheckNoFolder();
+  place.CheckReplaceable(options.force);
   const StagingFolder staging(output.parent_path());
   if (!WriteTo(staging.GetPath() / output.filename(), text)) {
     throw HostFailure(kNoOutput, platform::ToText(output) + " can't be written");

@@ -6,6 +6,7 @@
 #include <string>
 #include <system_error>
 
+#include "cli/FileChecks.h"
 #include "cli/Host.h"
 #include "cli/platform/Host.h"
 
@@ -22,13 +23,9 @@ bool HaveSameBytes(const fs::path& a, const fs::path& b) {
   return first && second && std::equal(Bytes(first), Bytes(), Bytes(second), Bytes());
 }
 
-void RefuseReplacing(const fs::path& path) {
-  throw HostFailure(kNoOutput, platform::ToText(path) + " exists; --force replaces it");
-}
-
 void Require(const std::error_code& error, const fs::path& output) {
   if (!error) return;
-  if (error == std::errc::file_exists) RefuseReplacing(output);
+  if (error == std::errc::file_exists) OutputPlace(output).RefuseReplacing();
   throw HostFailure(kNoOutput, platform::ToText(output) + " can't be written: " + error.message());
 }
 
@@ -71,7 +68,7 @@ std::vector<fs::path> StagingFolder::MoveFiles(std::vector<fs::path> targets,
   std::vector<fs::path> moved;
   for (const fs::path& target : targets) {
     if (target != output && HaveSameBytes(GetPath() / target.filename(), target)) continue;
-    CheckReplaceable(target, replace);
+    OutputPlace(target).CheckReplaceable(replace);
     if (std::find(kept.begin(), kept.end(), target) != kept.end()) {
       throw HostFailure(kNoOutput, platform::ToText(target) +
                                        " has just been made of another file, with other contents");
@@ -80,16 +77,6 @@ std::vector<fs::path> StagingFolder::MoveFiles(std::vector<fs::path> targets,
   }
   MoveAll(GetPath(), moved, replace);
   return targets;
-}
-
-void CheckReplaceable(const fs::path& path, bool replace) {
-  std::error_code ignored;
-  const fs::file_status status = fs::status(path, ignored);
-  if (!fs::exists(fs::symlink_status(path, ignored))) return;
-  if (fs::exists(status) && !fs::is_regular_file(status)) {
-    throw HostFailure(kNoOutput, platform::ToText(path) + " is no file to be replaced");
-  }
-  if (!replace) RefuseReplacing(path);
 }
 
 }  // namespace zelconvert::cli

@@ -17,6 +17,7 @@ class StagingFolder {
       : m_parent(parent), m_folder(parent) {}
 
   const std::filesystem::path& GetPath() const { return m_folder.GetPath(); }
+  const std::filesystem::path& GetParent() const { return m_parent; }
 
   /// Where the files in it go, in the order of their names.
   std::vector<std::filesystem::path> GetTargets() const;
@@ -33,8 +34,5 @@ class StagingFolder {
   std::filesystem::path m_parent;
   TemporaryFolder m_folder;
 };
-
-/// Throws a HostFailure if `path` exists and may not be replaced by a new file.
-void CheckReplaceable(const std::filesystem::path& path, bool replace);
 
 }  // namespace zelconvert::cli

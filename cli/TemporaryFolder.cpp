@@ -7,6 +7,7 @@
 #include <string>
 #include <system_error>
 
+#include "cli/FileChecks.h"
 #include "cli/Host.h"
 #include "cli/platform/Host.h"
 
@@ -43,10 +44,10 @@ TemporaryFolder::TemporaryFolder(const fs::path& parent) {
   do {
     m_path = parent / RandomName();
   } while (!platform::MakeTemporaryFolder(m_path, error) && !error);
-  if (error) {
-    throw HostFailure(kNoOutput,
-                      "the folder " + ToText(parent) + " can't be written: " + error.message());
-  }
+  if (!error) return;
+  CheckFolder(parent);
+  throw HostFailure(kNoOutput,
+                    "the folder " + ToText(parent) + " can't be written: " + error.message());
 }
 
 TemporaryFolder::~TemporaryFolder() {

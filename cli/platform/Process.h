@@ -1,6 +1,7 @@
 // Further runs of this program, that work for it.
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -19,10 +20,13 @@ class WorkerProcess {
   WorkerProcess(const WorkerProcess&) = delete;
   WorkerProcess& operator=(const WorkerProcess&) = delete;
 
-  /// False if the process is no longer there to take it, or to fill all of `bytes`.
+  /// False if the process is no longer there to take it.
   bool Write(std::string_view bytes);
-  bool Read(char* bytes, std::size_t size);
-  /// How it ended, "ended by signal 11". To be called when one of them was false.
+  /// Waits for bytes, and returns how many of them there were, at most `size`; 0 if the process is
+  /// no longer there.
+  std::size_t Read(char* bytes, std::size_t size);
+  /// Closes its input, waits, and returns how it ended, "ended by signal 11". Nothing the next
+  /// time.
   std::string Wait();
 
  private:

@@ -165,12 +165,13 @@ class HostTest(FolderTest):
         for name, text in ("r1.dc", first), ("r2.dc", other), ("r3.dc", road):
             pathlib.Path(self.folder, name).write_bytes(text)
         for jobs in "1", "3":
-            arguments = ["batch", "--to", "job", "--out-dir", jobs, "r1.dc", "r2.dc", "r3.dc", "--keep-going"]
+            arguments = ["batch", "--to", "job", "--out-dir", jobs, "r1.dc", "r2.dc", "r3.dc", "c.dc", "--keep-going"]
             result = self.run_host([*arguments, "--jobs", jobs, "--force"])
             self.assertEqual(result.returncode, 1)
             self.assertIn(b"has just been made of another file", result.stderr)
             made = contents(os.path.join(self.folder, jobs))
-            self.assertEqual(sorted(made), ["RIDGE_RO.RD5", "RURAL_2L.tp5", "r1.job", "r3.job"])
+            self.assertEqual(sorted(made), ["RIDGE_RO.RD5", "RURAL_2L.tp5", "c.job", "r1.job", "r3.job"])
+            self.assertEqual(result.stdout.count(b".RD5"), 2)  # of the two alone that have the road
 
     def test_batch_again(self):
         batch = [*self.make_many(3), "out", "--report", "report"]

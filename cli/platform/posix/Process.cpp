@@ -6,6 +6,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <cerrno>
@@ -151,16 +152,13 @@ bool WorkerProcess::Write(std::string_view bytes) {
   return true;
 }
 
-bool WorkerProcess::Read(char* bytes, std::size_t size) {
-  while (size != 0) {
-    const ssize_t got = read(m_pHandles->stream, bytes, size);
-    if (got < 0 && errno == EINTR) continue;
-    StandStillIfEnding();
-    if (got <= 0) return false;
-    bytes += got;
-    size -= static_cast<std::size_t>(got);
-  }
-  return true;
+std::size_t WorkerProcess::Read(char* bytes, std::size_t size) {
+  ssize_t got = -1;
+  do {
+    got = read(m_pHandles->stream, bytes, size);
+  } while (got < 0 && errno == EINTR);
+  StandStillIfEnding();
+  return static_cast<std::size_t>(std::max<ssize_t>(got, 0));
 }
 
 std::string WorkerProcess::Wait() {

@@ -92,20 +92,14 @@ bool WorkerProcess::Write(std::string_view bytes) {
   return WriteAll(m_pHandles->input, bytes);
 }
 
-bool WorkerProcess::Read(char* bytes, std::size_t size) {
-  while (size != 0) {
-    DWORD got = 0;
-    constexpr std::size_t kMost = 1 << 20;
-    const bool isRead = ReadFile(m_pHandles->output, bytes,
-                                 static_cast<DWORD>(std::min(size, kMost)), &got, nullptr) != 0;
-    if (!isRead || got == 0) {
-      StandStillIfEnding();
-      return false;
-    }
-    bytes += got;
-    size -= got;
-  }
-  return true;
+std::size_t WorkerProcess::Read(char* bytes, std::size_t size) {
+  constexpr std::size_t kMost = 1 << 20;
+  DWORD got = 0;
+  const bool isRead = ReadFile(m_pHandles->output, bytes, static_cast<DWORD>(std::min(size, kMost)),
+                               &got, nullptr) != 0;
+  if (isRead && got != 0) return got;
+  StandStillIfEnding();
+  return 0;
 }
 
 std::string WorkerProcess::Wait() {
