@@ -10,19 +10,19 @@ namespace zelconvert {
 namespace {
 
 /// The line that a record makes of another one; empty for a date that no calendar has.
-std::wstring Rewrite(CMoskoJobRecord& record, std::wstring_view line) {
+std::string Rewrite(CMoskoJobRecord& record, std::string_view line) {
   try {
-    record.ParseText(line.substr(line.find(L'\t') + 1));
+    record.ParseText(line.substr(line.find('\t') + 1));
     return record.ToText();
   } catch (const ConversionFailure&) {
     return {};
   }
 }
 
-void ReadLine(std::wstring_view line) {
+void ReadLine(std::string_view line) {
   for (std::size_t type = 1; type < kIljRecordTypes; ++type) {
     CMoskoJobRecord record(static_cast<IljRecordType>(type));
-    const std::wstring twice = Rewrite(record, Rewrite(record, line));
+    const std::string twice = Rewrite(record, Rewrite(record, line));
     Require(twice.empty() || Rewrite(record, twice) == twice);
   }
 }
@@ -37,6 +37,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     file.SetAllowUnicode(true);
     if (!file.Open(input, platform::kOpenText)) return;
     file.Rewind();
-    for (std::wstring line; file.ReadString(line);) ReadLine(line);
+    for (std::string_view line; file.ReadString(line);) ReadLine(line);
   });
 }

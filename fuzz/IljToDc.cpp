@@ -10,7 +10,7 @@
 namespace zelconvert {
 namespace {
 
-using Lines = std::vector<std::wstring>;
+using Lines = std::vector<std::string>;
 
 Lines ReadLines(const std::wstring& path) {
   CTextFile file(CTextFile::kUtf16LittleEndian);
@@ -18,7 +18,7 @@ Lines ReadLines(const std::wstring& path) {
   Lines lines;
   if (!file.Open(path, platform::kOpenText)) return lines;
   file.Rewind();
-  for (std::wstring line; file.ReadString(line);) lines.push_back(line);
+  for (std::string_view line; file.ReadString(line);) lines.emplace_back(line);
   return lines;
 }
 
@@ -26,7 +26,7 @@ std::wstring StoreLines(const Lines& lines, CTextFile::Encoding encoding) {
   const std::wstring path = MemoryFiles::Path(L"again.ilj");
   CTextFile file(encoding);
   Require(file.Open(path, platform::kCreateOutput, encoding, true));
-  for (const std::wstring& line : lines) file.WriteString(line);
+  for (const std::string& line : lines) file.WriteString(line);
   Require(file.Close());
   return path;
 }
@@ -38,7 +38,7 @@ void Convert(const std::wstring& input) {
   ConvertFile(FT_DC, first.path, FT_ILJ, L"back.ilj");
 
   const Lines lines = ReadLines(input);
-  if (std::count(lines.begin(), lines.end(), std::wstring()) > 0)
+  if (std::count(lines.begin(), lines.end(), std::string()) > 0)
     return;  // the writer has no empty lines
   for (const auto encoding : {CTextFile::kUtf16LittleEndian, CTextFile::kUtf16BigEndian}) {
     const RouteResult again = ConvertFile(FT_ILJ, StoreLines(lines, encoding), FT_DC, L"again.dc");

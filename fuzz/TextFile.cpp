@@ -13,14 +13,14 @@
 namespace zelconvert {
 namespace {
 
-using Lines = std::vector<std::wstring>;
+using Lines = std::vector<std::string>;
 
 Lines ReadLines(CTextFile& file) {
   Lines lines;
-  for (std::wstring line; file.ReadString(line);) {
-    Require(line.find_first_of(L"\r\n") == std::wstring::npos);
+  for (std::string_view line; file.ReadString(line);) {
+    Require(line.find_first_of("\r\n") == std::string_view::npos);
     Require(file.GetPosition() <= file.GetLength());
-    lines.push_back(line);
+    lines.emplace_back(line);
   }
   return lines;
 }
@@ -34,18 +34,18 @@ Lines ReadText(const std::wstring& path, bool bUnicode, bool bStripNulls) {
   return ReadLines(file);
 }
 
-// UTF-16 keeps every unit, broken pairs included. An empty text is no line to the writer, and end
+// What was mended when it was read stays as it is. An empty text is no line to the writer, and end
 // marks at the end of the last one are none of its text to the reader.
 void RequireRoundTrip(Lines lines, CTextFile::Encoding encoding) {
-  std::erase(lines, std::wstring());
-  while (!lines.empty() && lines.back().ends_with(L'\x1A')) {
+  std::erase(lines, std::string());
+  while (!lines.empty() && lines.back().ends_with('\x1A')) {
     lines.back().pop_back();
-    std::erase(lines, std::wstring());
+    std::erase(lines, std::string());
   }
   const std::wstring path = MemoryFiles::Path(L"again");
   CTextFile file(false, false);
   Require(file.Open(path, platform::kCreateOutput, encoding, true));
-  for (const std::wstring& line : lines) Require(file.WriteString(line));
+  for (const std::string& line : lines) Require(file.WriteString(line));
   Require(file.Close());
   Require(ReadText(path, false, false) == lines);
 }
@@ -70,12 +70,14 @@ void ParseFields(const Lines& lines) {
   CParser parser;
   parser.SetSeparators(L", \t");
   parser.SetCollapse(true);
-  std::wstring field;
+  std::wstring text, field;
   double number;
-  for (const std::wstring& line : lines) {
-    parser.SetText(line);
-    while (parser.GetField(field)) Require(field.size() <= line.size());
-    parser.SetText(line);
+  for (const std::string& line : lines) {
+    text.clear();
+    AppendUnits(text, line);
+    parser.SetText(text);
+    while (parser.GetField(field)) Require(field.size() <= text.size());
+    parser.SetText(text);
     while (!parser.IsEmpty()) parser.GetDouble(number);
   }
 }

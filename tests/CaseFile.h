@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "TempDir.h"
+#include "io/Strings.h"
 
 namespace zelconvert {
 
@@ -40,6 +41,12 @@ inline std::vector<CaseFields> ReadCases(const char* path, char separator = '|')
   }
   EXPECT_FALSE(cases.empty()) << path;
   return cases;
+}
+
+inline std::string Utf8(std::wstring_view text) {
+  std::string utf8;
+  AppendUtf8(utf8, text);
+  return utf8;
 }
 
 }  // namespace zelconvert

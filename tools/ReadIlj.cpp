@@ -40,6 +40,7 @@ class IljReader {
   Survey& m_survey;
   Source m_source;
   CMoskoJobRecord m_record;  // the line at hand
+  std::wstring m_tag;
   std::int64_t m_line = 0;
 };
 
@@ -59,17 +60,18 @@ consteval auto IljReader::Handlers() {
 
 Source IljReader::Read() {
   RecordCounter counter(m_survey);
-  std::wstring line;
   m_ilj.Rewind();
-  while (m_ilj.ReadString(line)) {
+  for (std::string_view line; m_ilj.ReadString(line);) {
     ++m_line;
-    const std::size_t tab = line.find(L'\t');
+    const std::size_t tab = line.find('\t');
     if (tab == line.npos) continue;
-    counter.Count(Left(line, tab));
-    const std::int32_t type = kIljRecordMap.GetType(Left(line, tab));
+    m_tag.clear();
+    AppendUnits(m_tag, line.substr(0, tab));
+    counter.Count(m_tag);
+    const std::int32_t type = kIljRecordMap.GetType(line.substr(0, tab));
     if (type == 0) continue;
     m_record.Restart(static_cast<IljRecordType>(type));
-    if (m_record.ParseText(Mid(line, tab + 1))) ReadRecord();
+    if (m_record.ParseText(line.substr(tab + 1))) ReadRecord();
   }
   return std::move(m_source);
 }

@@ -191,12 +191,12 @@ void LogRecords::MarkDeleted() {
 void ReadIljPoints(CTextFile& ilj, Survey& survey) {
   constexpr std::int32_t kGrid = 9, kFirstDeleted = 6;
   CMoskoJobRecord record;
-  std::wstring line;
+  std::string_view line;
   for (std::int64_t number = 1; ilj.ReadString(line); ++number) {
-    const std::size_t tab = line.find(L'\t');
-    if (tab == line.npos || Left(line, tab) != L"POINT") continue;
+    const std::size_t tab = line.find('\t');
+    if (tab == line.npos || line.substr(0, tab) != "POINT") continue;
     record.Restart(CMoskoJobRecordPoint::kType);
-    if (!record.ParseText(Mid(line, tab + 1))) continue;
+    if (!record.ParseText(line.substr(tab + 1))) continue;
     CMoskoJobRecordPoint fields(record);
     if (fields.Value<"CDTY">() != kGrid) continue;
     SurveyPoint& point = survey.points.emplace_back();

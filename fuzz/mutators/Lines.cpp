@@ -140,11 +140,11 @@ std::vector<Field> FieldsOfRaw(std::string_view line, bool /*isFirst*/) {
 std::vector<std::string> VocabularyOfIlj() {
   std::vector<std::string> lines;
   for (const IljRecordLayout& layout : ilj::kRecords) {
-    std::wstring line(layout.tag.View());
+    std::string line(layout.tag.View());
     for (const IljFieldType field : layout.fields.Types()) {
-      line.append(L"\t").append(IljLayoutOf(field).tag.View()).append(L":1");
+      line.append("\t").append(IljLayoutOf(field).tag.View()).append(":1");
     }
-    lines.push_back(Line(line));
+    lines.push_back(line + "\r\n");
   }
   return lines;
 }

@@ -415,7 +415,7 @@ class DcToIlj {
 
   // Memory that is used again for every line.
   DcLine m_line;
-  std::wstring m_text;
+  std::string m_text;
   tDC_NOTERecord m_note;
   tDC_GPS_POSITIONRecord m_gpsPosition;
   tDC_LOCAL_POSITIONRecord m_localPosition;

@@ -18,6 +18,7 @@
 #include "io/CTextFile.h"
 #include "io/Clock.h"
 #include "io/HandlerTable.h"
+#include "io/Strings.h"
 
 namespace zelconvert {
 namespace {
@@ -131,10 +132,9 @@ class IljToDc {
   // False at a line that is no record: one without a tab.
   bool InitialScan() {
     m_ilj.Rewind();
-    while (m_ilj.ReadString(m_line)) {
-      const std::wstring_view line = m_line;
-      const std::size_t tab = line.find(L'\t');
-      if (tab == std::wstring_view::npos) return false;
+    for (std::string_view line; m_ilj.ReadString(line);) {
+      const std::size_t tab = line.find('\t');
+      if (tab == std::string_view::npos) return false;
       ScanRecord(static_cast<IljRecordType>(kIljRecordMap.GetType(line.substr(0, tab))),
                  line.substr(tab + 1));
     }
@@ -144,7 +144,7 @@ class IljToDc {
   // The last JOBMO counts, valid or not; a PRJCG that isn't valid takes back the one before it.
   // Other kinds are read for their dates alone: one that no calendar has ends the conversion before
   // anything is written.
-  void ScanRecord(IljRecordType type, std::wstring_view fields) {
+  void ScanRecord(IljRecordType type, std::string_view fields) {
     if (type == m_jobMode.GetRecordType()) {
       m_jobMode.ParseText(fields);
     } else if (type == m_cogoSettings.GetRecordType()) {
@@ -188,10 +188,10 @@ class IljToDc {
 
   bool CarryLines(CConvertProgress& progress) {
     m_ilj.Rewind();
-    for (m_index = 0; m_ilj.ReadString(m_line); ++m_index) {
-      const std::wstring_view line = m_line;
-      const std::size_t tab = line.find(L'\t');
-      if (tab == std::wstring_view::npos) return true;  // the file has changed since the first pass
+    std::string_view line;
+    for (m_index = 0; m_ilj.ReadString(line); ++m_index) {
+      const std::size_t tab = line.find('\t');
+      if (tab == std::string_view::npos) return true;  // the file has changed since the first pass
       progress.SetPosition(m_ilj.GetPosition(), m_ilj.GetLength());
       const std::int32_t number = kIljRecordMap.GetType(line.substr(0, tab));
       if (!CarryLine(static_cast<IljRecordType>(number), line.substr(tab + 1))) return false;
@@ -200,14 +200,14 @@ class IljToDc {
   }
 
   // A line of an unknown tag is read as one with the units.
-  bool CarryLine(IljRecordType type, std::wstring_view fields) {
+  bool CarryLine(IljRecordType type, std::string_view fields) {
     const Row& row = RowOf(type);
     if (row.carry == nullptr) return true;
     if (type == IljRecordType::None) type = CMoskoJobRecordJobMode::kType;
     SetRecordType(type);
     const bool isValid = m_record.ParseText(fields);
     if (isValid && (this->*row.carry)()) return true;
-    const std::wstring_view label = IljLayoutOf(type).tag.View();
+    const std::wstring label = ToWide(IljLayoutOf(type).tag.View());
     std::wstring text =
         isValid ? FormatRecordParseError(m_index, label) : FormatRecordReadError(m_index, label);
     if (row.failure == kFatal) return m_report.Refuse(text);
@@ -555,7 +555,6 @@ class IljToDc {
   double m_lastTargetHeight = DC_NULL;  // metres; of the last one carried over
 
   // Memory that is used again for every line.
-  std::wstring m_line;
   CMoskoJobRecord m_record;
   tDC_GRID_POSITIONRecord m_gridPosition;
   tDC_GPS_POSITIONRecord m_gpsPosition;

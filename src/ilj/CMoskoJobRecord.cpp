@@ -1,6 +1,7 @@
 #include "ilj/CMoskoJobRecord.h"
 
 #include <algorithm>
+#include <bit>
 
 #include "io/CivilTime.h"
 #include "io/Strings.h"
@@ -9,10 +10,10 @@ namespace zelconvert {
 namespace {
 
 // Takes what stands before the first tab off `rest`, and the tab with it.
-std::wstring_view TakeField(std::wstring_view& rest) {
-  const std::size_t at = rest.find(L'\t');
-  const std::wstring_view taken = rest.substr(0, at);
-  rest.remove_prefix(at == std::wstring_view::npos ? rest.size() : at + 1);
+std::string_view TakeField(std::string_view& rest) {
+  const std::size_t at = rest.find('\t');
+  const std::string_view taken = rest.substr(0, at);
+  rest.remove_prefix(at == std::string_view::npos ? rest.size() : at + 1);
   return taken;
 }
 
@@ -20,26 +21,29 @@ std::wstring_view TakeField(std::wstring_view& rest) {
 constexpr auto kMomentLetters = [] {
   std::array<bool, 0x80> letters = {};
   for (const IljFieldLayout& field : ilj::kFields) {
-    if (IsMoment(field.form.kind)) letters[static_cast<std::size_t>(field.tag.text[0])] = true;
+    if (IsMoment(field.form.kind)) letters[static_cast<std::size_t>(field.tag.text[1])] = true;
   }
   return letters;
 }();
 
-bool BeginsMoment(std::wstring_view field) {
-  const auto letter = field.empty() ? 0 : static_cast<std::size_t>(field.front());
+bool BeginsMoment(std::string_view field) {
+  const std::size_t letter = field.empty() ? 0 : static_cast<unsigned char>(field.front());
   return letter < kMomentLetters.size() && kMomentLetters[letter];
 }
 
 }  // namespace
 
-bool ilj::IsWholePoint(const CMoskoJobRecord& point) {
-  if (!point.HasAll("CDTY")) {
-    return !point.HasAny("NRTH EAST ELEV LATI LONG HGHT") && point.HasAny("DESC CDOR CDCL");
+bool ilj::IsWholePoint(CMoskoJobRecord& record) {
+  const CMoskoJobRecordPoint point(record);
+  if (!point.HasAll<"CDTY">()) {
+    return !point.HasAny<"NRTH", "EAST", "ELEV", "LATI", "LONG", "HGHT">() &&
+           point.HasAny<"DESC", "CDOR", "CDCL">();
   }
-  if (!point.HasAll("CDOR CDCL")) return false;
-  const std::int32_t kind = point.GetInteger(IljFieldTypeOf("CDTY"));
-  if (kind == kGridCoordinates) return point.HasAll("NRTH EAST") || point.HasAll("ELEV");
-  return (kind == kGpsCoordinates || kind == kLocalCoordinates) && point.HasAll("LATI LONG HGHT");
+  if (!point.HasAll<"CDOR", "CDCL">()) return false;
+  const std::int32_t kind = point.Value<"CDTY">();
+  if (kind == kGridCoordinates) return point.HasAll<"NRTH", "EAST">() || point.HasAll<"ELEV">();
+  return (kind == kGpsCoordinates || kind == kLocalCoordinates) &&
+         point.HasAll<"LATI", "LONG", "HGHT">();
 }
 
 void CMoskoJobRecord::Restart(IljRecordType type) {
@@ -54,44 +58,35 @@ void CMoskoJobRecord::ClearFields() {
   for (CMoskoJobRecordField& field : Fields()) field.Clear();
 }
 
-bool CMoskoJobRecord::HasAll(const IljFieldList& fields) const {
-  const auto types = fields.Types();
-  return std::all_of(types.begin(), types.end(), [this](IljFieldType type) { return Has(type); });
-}
-
-bool CMoskoJobRecord::HasAny(const IljFieldList& fields) const {
-  const auto types = fields.Types();
-  return std::any_of(types.begin(), types.end(), [this](IljFieldType type) { return Has(type); });
-}
-
-std::int32_t CMoskoJobRecord::GetInteger(IljFieldType type) const {
-  return static_cast<std::int32_t>(Find(type)->GetNumber());
-}
-
-bool CMoskoJobRecord::IsValid() const {
+bool CMoskoJobRecord::IsValid() {
   const IljRecordLayout& layout = Layout();
-  for (std::size_t i = 0; i < layout.fields.Size(); ++i) {
-    if (layout.fields.IsRequired(i) && !m_fields[i].IsValid()) return false;
+  for (std::uint32_t left = layout.fields.Required(); left != 0; left &= left - 1) {
+    if (!m_fields[static_cast<std::size_t>(std::countr_zero(left))].IsValid()) return false;
   }
-  for (const IljCondition& condition : layout.conditions) {
-    const auto end = condition.values.begin() + static_cast<std::ptrdiff_t>(condition.count);
-    const bool applies =
-        std::find(condition.values.begin(), end, GetInteger(condition.decider)) != end;
-    if (applies && !HasAll(condition.fields)) return false;
-  }
-  return layout.rule == nullptr || layout.rule(*this);
+  return std::all_of(layout.conditions.begin(), layout.conditions.end(),
+                     [this](const IljCondition& condition) { return Meets(condition); }) &&
+         (layout.rule == nullptr || layout.rule(*this));
+}
+
+bool CMoskoJobRecord::Meets(const IljCondition& condition) {
+  const auto field = [this](IljFieldType type) { return GetField(Layout().Find(type)); };
+  const auto end = condition.values.begin() + static_cast<std::ptrdiff_t>(condition.count);
+  const auto value = static_cast<std::int32_t>(field(condition.decider)->GetNumber());
+  const auto types = condition.fields.Types();
+  return std::find(condition.values.begin(), end, value) == end ||
+         std::all_of(types.begin(), types.end(),
+                     [&](IljFieldType type) { return field(type)->IsValid(); });
 }
 
 // Fields mostly stand in the record's order: the one after the last that was found is tried first.
-int CMoskoJobRecord::FindPlace(std::wstring_view text) {
+int CMoskoJobRecord::FindPlace(std::string_view text) {
   const IljRecordLayout& layout = Layout();
   if (layout.fields.Size() == 0) return -1;
   const IljTag& next = IljLayoutOf(layout.fields.Type(m_nextPlace)).tag;
   auto place = static_cast<int>(m_nextPlace);
-  constexpr std::size_t kHead = kIljFieldTagLength + 1;
-  if (text.size() < kHead || !std::equal(next.text, next.text + kHead, text.begin())) {
-    if (text.size() > kIljFieldTagLength && text[kIljFieldTagLength] != L':') return -1;
-    const std::int32_t type = kIljFieldMap.GetType(Left(text, kIljFieldTagLength));
+  if (!text.starts_with(std::string_view(next.text + 1, kIljFieldTagLength + 1))) {
+    if (text.size() > kIljFieldTagLength && text[kIljFieldTagLength] != ':') return -1;
+    const std::int32_t type = kIljFieldMap.GetType(text.substr(0, kIljFieldTagLength));
     place = layout.Find(static_cast<IljFieldType>(type));
     if (place < 0) return -1;
   }
@@ -100,44 +95,45 @@ int CMoskoJobRecord::FindPlace(std::wstring_view text) {
   return place;
 }
 
-bool CMoskoJobRecord::ParseField(std::wstring_view text, bool momentsAlone) {
+bool CMoskoJobRecord::ParseField(std::string_view text, bool momentsAlone) {
   CMoskoJobRecordField* field = GetField(FindPlace(text));
   if (field == nullptr) return false;
   const IljFieldType type = field->GetType();
   if (momentsAlone && !IsMoment(IljLayoutOf(type).form.kind)) return false;
-  field->SetText(Mid(text, kIljFieldTagLength + 1));
+  field->SetText(Mid(text, kIljFieldTagLength + 1, text.size()));
   return true;
 }
 
-bool CMoskoJobRecord::ParseText(std::wstring_view text) {
+bool CMoskoJobRecord::ParseText(std::string_view text) {
   ClearFields();
   while (!text.empty()) ParseField(TakeField(text));
   return IsValid();
 }
 
-void CMoskoJobRecord::ParseMoments(std::wstring_view text) {
+void CMoskoJobRecord::ParseMoments(std::string_view text) {
   while (!text.empty()) {
-    const std::wstring_view field = TakeField(text);
+    const std::string_view field = TakeField(text);
     if (BeginsMoment(field)) ParseField(field, true);
   }
 }
 
-void CMoskoJobRecord::AppendText(std::wstring& line) const {
-  line.append(Layout().tag.text, kIljRecordTagLength + 1);
+void CMoskoJobRecord::AppendText(std::string& line) const {
+  line.append(Layout().tag.View());
   std::span fields = Fields();
   if (HoldsMoment()) {
     line.append(m_momentText);
     fields = fields.subspan(kMoments);
   }
+  bool isLastValid = false;
   for (const CMoskoJobRecordField& field : fields) {
-    if (!field.IsValid()) continue;
-    field.AppendText(line);
-    if (&field != &fields.back()) line.push_back(L'\t');
+    isLastValid = field.IsValid();
+    if (isLastValid) field.AppendText(line);
   }
+  if (!isLastValid) line.push_back('\t');
 }
 
-std::wstring CMoskoJobRecord::ToText() const {
-  std::wstring line;
+std::string CMoskoJobRecord::ToText() const {
+  std::string line;
   AppendText(line);
   return line;
 }
@@ -149,10 +145,7 @@ void CMoskoJobRecord::SetDateTime(std::int64_t moment) {
   if (moment == m_moment) return;
   m_moment = moment;
   m_momentText.clear();
-  for (const CMoskoJobRecordField& field : fields) {
-    field.AppendText(m_momentText);
-    m_momentText.push_back(L'\t');
-  }
+  for (const CMoskoJobRecordField& field : fields) field.AppendText(m_momentText);
 }
 
 bool CMoskoJobRecord::HoldsMoment() const {

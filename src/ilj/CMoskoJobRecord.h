@@ -29,8 +29,8 @@ class IljFieldList {
       const IljFieldType type = IljFieldTypeOf(tag);
       m_types[m_size] = type;
       at += 4;
-      m_isRequired[m_size] = text[at] == '!';
-      at += m_isRequired[m_size] ? 2 : 1;
+      m_required |= (text[at] == '!' ? 1u : 0u) << m_size;
+      at += text[at] == '!' ? 2 : 1;
     }
   }
 
@@ -38,11 +38,13 @@ class IljFieldList {
   constexpr IljFieldType Type(std::size_t index) const { return m_types[index]; }
   /// All of them, in their order.
   constexpr std::span<const IljFieldType> Types() const { return std::span(m_types).first(m_size); }
-  constexpr bool IsRequired(std::size_t index) const { return m_isRequired[index]; }
+  constexpr bool IsRequired(std::size_t index) const { return (m_required >> index & 1) != 0; }
+  /// A bit for each place that is required.
+  constexpr std::uint32_t Required() const { return m_required; }
 
  private:
   std::array<IljFieldType, kMaxSize> m_types = {};
-  std::array<bool, kMaxSize> m_isRequired = {};
+  std::uint32_t m_required = 0;
   std::uint8_t m_size = 0;
 };
 
@@ -64,7 +66,7 @@ struct IljCondition {
 
 /// A record's fields in the order in which they are written, and what makes it valid.
 struct IljRecordLayout {
-  using Rule = bool (*)(const CMoskoJobRecord&);
+  using Rule = bool (*)(CMoskoJobRecord&);
 
   consteval IljRecordLayout(IljTag t = {}, IljFieldList f = "",
                             std::span<const IljCondition> c = {}, Rule r = nullptr)
@@ -130,7 +132,7 @@ inline constexpr IljCondition kMappingPlaneConditions[] = {
     {"MPTY", {2063}, "FIL1 FIL2"},
 };
 /// A point holds a position of a kind it names, or only attributes and then at least one.
-bool IsWholePoint(const CMoskoJobRecord& point);
+bool IsWholePoint(CMoskoJobRecord& record);
 
 /// By the number of the record.
 inline constexpr IljRecordLayout kRecords[] = {
@@ -213,31 +215,22 @@ class CMoskoJobRecord {
     const auto place = static_cast<std::size_t>(index);
     return place < Layout().fields.Size() ? &m_fields[place] : nullptr;
   }
-  const CMoskoJobRecordField* GetField(int index) const {
-    return const_cast<CMoskoJobRecord*>(this)->GetField(index);
-  }
-  /// True if all of these are fields of the record and valid.
-  bool HasAll(const IljFieldList& fields) const;
-  /// True if one of them is.
-  bool HasAny(const IljFieldList& fields) const;
-  /// What an integer field of the record holds.
-  std::int32_t GetInteger(IljFieldType type) const;
   /// True if the record may be written, or carried over.
-  bool IsValid() const;
+  bool IsValid();
 
   /// Stores one "TAG:value"; false, with nothing changed, if the tag is none of the record's.
   /// Throws ConversionFailure as the field's SetText does. momentsAlone: only a date or a time.
-  bool ParseField(std::wstring_view text, bool momentsAlone = false);
+  bool ParseField(std::string_view text, bool momentsAlone = false);
   /// Reads what follows the first tab of a line. Unknown tags are passed over, and the last of two
   /// like fields counts. The result is IsValid.
-  bool ParseText(std::wstring_view text);
+  bool ParseText(std::string_view text);
   /// Reads only the dates and times of such a text, and clears nothing.
-  void ParseMoments(std::wstring_view text);
+  void ParseMoments(std::string_view text);
   /// Appends the record's line: its tag and a tab, then the valid fields. A tab stands after each
   /// of them but the last of the order, so that a line whose last field isn't valid ends in a tab.
-  void AppendText(std::wstring& line) const;
+  void AppendText(std::string& line) const;
   /// The line as text of its own.
-  std::wstring ToText() const;
+  std::string ToText() const;
 
   /// Seconds by the local calendar (see CivilTime.h); 0 unless date and time are both valid.
   void SetDateTime(std::int64_t moment);
@@ -248,14 +241,8 @@ class CMoskoJobRecord {
   friend class IljRecord;
 
   const IljRecordLayout& Layout() const { return IljLayoutOf(m_recordType); }
-  int FindPlace(std::wstring_view text);
-  const CMoskoJobRecordField* Find(IljFieldType type) const {
-    return GetField(Layout().Find(type));
-  }
-  bool Has(IljFieldType type) const {
-    const CMoskoJobRecordField* field = Find(type);
-    return field != nullptr && field->IsValid();
-  }
+  int FindPlace(std::string_view text);
+  bool Meets(const IljCondition& condition);
 
   std::span<CMoskoJobRecordField> Fields() {
     return std::span(m_fields).first(Layout().fields.Size());
@@ -271,7 +258,7 @@ class CMoskoJobRecord {
   std::size_t m_nextPlace = 0;  // where the next field to be read is expected
   // What SetDateTime was given last and what it prints as: the records of a run have one of them.
   std::int64_t m_moment = 0;
-  std::wstring m_momentText;
+  std::string m_momentText;
   std::array<CMoskoJobRecordField, IljFieldList::kMaxSize> m_fields;  // as many as the type has
 };
 

@@ -17,18 +17,26 @@ struct Parts {
 };
 
 // At most four characters, digits in every file that isn't damaged.
-int ParsePart(std::wstring_view text) {
+int ParsePart(std::string_view text) {
   int value = 0;
-  for (const wchar_t c : text) {
+  for (const char c : text) {
     if (!IsDigit(c)) return ToInteger(text);
-    value = value * 10 + (c - L'0');
+    value = value * 10 + (c - '0');
   }
   return value;
 }
 
-Parts SplitDigits(std::wstring_view text, std::size_t firstWidth) {
-  return {ParsePart(Left(text, firstWidth)), ParsePart(Mid(text, firstWidth, 2)),
-          ParsePart(Right(text, 2))};
+// A text of as many units, none of which is a digit where one isn't ASCII.
+std::string AsciiUnits(std::string_view text) {
+  std::string units;
+  for (const char byte : text) units.append(UnitsBegunBy(byte), (byte & 0x80) != 0 ? '?' : byte);
+  return units;
+}
+
+Parts SplitDigits(std::string_view text, std::size_t firstWidth) {
+  if (AsciiPrefix(text) < text.size()) return SplitDigits(AsciiUnits(text), firstWidth);
+  return {ParsePart(text.substr(0, firstWidth)), ParsePart(Mid(text, firstWidth, 2)),
+          ParsePart(text.substr(text.size() - std::min<std::size_t>(text.size(), 2)))};
 }
 
 void RequireRange(int value, int low, int high) {
@@ -36,7 +44,7 @@ void RequireRange(int value, int low, int high) {
 }
 
 // Year, month and day of "YYYYMMDD"; 0 if one of them is 0.
-std::int64_t ParseDate(std::wstring_view text) {
+std::int64_t ParseDate(std::string_view text) {
   const auto [year, month, day] = SplitDigits(text, 4);
   if (year == 0 || month == 0 || day == 0) return 0;
   RequireRange(month, 1, 12);
@@ -45,7 +53,7 @@ std::int64_t ParseDate(std::wstring_view text) {
 }
 
 // "HHMMSS".
-std::int64_t ParseTime(std::wstring_view text) {
+std::int64_t ParseTime(std::string_view text) {
   const auto [hour, minute, second] = SplitDigits(text, 2);
   RequireRange(hour, 0, 23);
   RequireRange(minute, 0, 59);
@@ -56,40 +64,40 @@ std::int64_t ParseTime(std::wstring_view text) {
 
 // Numbers from 0 to 99, two digits each.
 template <std::size_t count>
-void AppendPairs(std::wstring& line, const int (&numbers)[count]) {
-  wchar_t digits[2 * count];
+void AppendPairs(std::string& line, const int (&numbers)[count]) {
+  char digits[2 * count];
   for (std::size_t i = 0; i < count; ++i) {
-    digits[2 * i] = static_cast<wchar_t>(L'0' + numbers[i] / 10);
-    digits[2 * i + 1] = static_cast<wchar_t>(L'0' + numbers[i] % 10);
+    digits[2 * i] = static_cast<char>('0' + numbers[i] / 10);
+    digits[2 * i + 1] = static_cast<char>('0' + numbers[i] % 10);
   }
   line.append(digits, 2 * count);
 }
 
-void AppendDate(std::wstring& line, std::int64_t moment) {
+void AppendDate(std::string& line, std::int64_t moment) {
   const CivilTime time = ToCivilTime(moment);
   AppendInteger(line, time.year);
   AppendPairs(line, {static_cast<int>(time.month), static_cast<int>(time.day)});
 }
 
-void AppendTime(std::wstring& line, std::int64_t moment) {
+void AppendTime(std::string& line, std::int64_t moment) {
   const CivilTime time = ToCivilTime(moment);
   AppendPairs(line, {time.hour, time.minute, time.second});
 }
 
 // The integer part of the number at the start of a text; the smallest integer if it is too large.
-std::int32_t ParseTruncated(std::wstring_view text) {
+std::int32_t ParseTruncated(std::string_view text) {
   const double value = ToReal(text);
   return value > ilj::kMin && value < ilj::kMax + 1.0 ? static_cast<std::int32_t>(value)
                                                       : ilj::kMin;
 }
 
 // 1 to 16 letters A to Z of either case, digits and "_"; not a run of zeros alone.
-bool IsPointName(std::wstring_view name) {
+bool IsPointName(std::string_view name) {
   constexpr std::size_t kMaxLength = 16;
   return !name.empty() && name.size() <= kMaxLength &&
          std::all_of(name.begin(), name.end(),
-                     [](wchar_t c) { return IsAsciiAlnum(c) || c == L'_'; }) &&
-         name.find_first_not_of(L'0') != std::wstring_view::npos;
+                     [](char c) { return IsAsciiAlnum(c) || c == '_'; }) &&
+         name.find_first_not_of('0') != std::string_view::npos;
 }
 
 }  // namespace
@@ -104,12 +112,12 @@ bool CMoskoJobRecordField::AcceptsValue() const {
          m_number != static_cast<double>(form.except);
 }
 
-void CMoskoJobRecordField::SetText(std::wstring_view value) {
+void CMoskoJobRecordField::SetText(std::string_view value) {
   switch (Form().kind) {
     case IljFieldKind::Text:
-      return SetString(value);
+      return SetUtf8(value);
     case IljFieldKind::PointName:
-      return SetString(value.substr(0, value.find_last_not_of(L' ') + 1));
+      return SetUtf8(value.substr(0, value.find_last_not_of(' ') + 1));
     case IljFieldKind::Date:
       return SetNumber(static_cast<double>(ParseDate(value)));
     case IljFieldKind::Time:
@@ -123,10 +131,10 @@ void CMoskoJobRecordField::SetText(std::wstring_view value) {
   }
 }
 
-void CMoskoJobRecordField::AppendText(std::wstring& line) const {
+void CMoskoJobRecordField::AppendText(std::string& line) const {
   const IljFieldKind kind = Form().kind;
   if (IsMoment(kind) && m_number == 0) return;
-  line.append(IljLayoutOf(m_type).tag.text, kIljFieldTagLength + 1);
+  line.append(IljLayoutOf(m_type).tag.text, kIljFieldTagLength + 2);
   if (IsText(kind)) return static_cast<void>(line.append(m_string));
   if (kind == IljFieldKind::Real) return AppendFixed(line, m_number, m_decimals);
   const auto number = static_cast<std::int64_t>(m_number);
@@ -135,10 +143,10 @@ void CMoskoJobRecordField::AppendText(std::wstring& line) const {
   AppendInteger(line, static_cast<std::int32_t>(number));
 }
 
-std::wstring CMoskoJobRecordField::GetText() const {
-  std::wstring text;
+std::string CMoskoJobRecordField::GetText() const {
+  std::string text;
   AppendText(text);
-  return text;
+  return text.erase(0, 1);
 }
 
 bool CMoskoJobRecordFieldList::HasField(IljFieldType type) const {

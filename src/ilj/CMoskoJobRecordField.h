@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "ilj/IljTagMap.h"
+#include "io/Strings.h"
 #include "io/Units.h"
 
 namespace zelconvert {
@@ -222,19 +223,27 @@ class CMoskoJobRecordField {
     if (!m_isValid) m_isValid = AcceptsValue();
     return *m_isValid;
   }
-  /// Appends "TAG:value", valid or not; nothing for a date or time that is unset.
-  void AppendText(std::wstring& line) const;
-  /// What AppendText appends.
-  std::wstring GetText() const;
+
+  // Text of a line is UTF-8, as CTextFile has it.
+
+  /// Appends a tab and "TAG:value", valid or not; nothing for a date or time that is unset.
+  void AppendText(std::string& line) const;
+  /// The same without the tab.
+  std::string GetText() const;
   /// Stores what stands after the colon. Text that is no number gives 0. Throws
   /// ConversionFailure for a date or time that no calendar or clock has.
-  void SetText(std::wstring_view value);
+  void SetText(std::string_view value);
 
   // The value as it is, unchecked: IljField knows which of the two a field has.
-  std::wstring_view GetString() const { return m_string; }
+  std::wstring_view GetString() const {
+    m_wide.clear();
+    AppendUnits(m_wide, m_string);
+    return m_wide;
+  }
   double GetNumber() const { return m_number; }
   void SetString(std::wstring_view value) {
-    m_string = value;
+    m_string.clear();
+    AppendUtf8(m_string, value);
     m_isValid.reset();
   }
   void SetNumber(double value) {
@@ -247,11 +256,16 @@ class CMoskoJobRecordField {
  private:
   const IljFieldForm& Form() const { return IljLayoutOf(m_type).form; }
   bool AcceptsValue() const;
+  void SetUtf8(std::string_view value) {
+    m_string = value;
+    m_isValid.reset();
+  }
 
   IljFieldType m_type = IljFieldType::None;
   int m_decimals = 0;
   double m_number = 0;
-  std::wstring m_string;
+  std::string m_string;         // UTF-8
+  mutable std::wstring m_wide;  // the same, when it was asked for
   // Of the value at hand, once it was asked for: the rules of a record ask, and its line does.
   mutable std::optional<bool> m_isValid;
 };

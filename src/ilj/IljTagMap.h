@@ -13,17 +13,17 @@ inline constexpr std::size_t kIljRecordTagLength = 5;
 
 /// A tag as a literal, of a field or a record.
 struct IljTag {
-  wchar_t text[kIljRecordTagLength + 1] = {};  ///< with what follows it in a line: ":" or a tab
+  char text[1 + kIljRecordTagLength + 1] = {'\t'};  ///< with a colon after it, as a field begins
   std::size_t size = 0;
 
   constexpr IljTag() = default;
   template <std::size_t length>
   constexpr IljTag(const char (&tag)[length]) : size(length - 1) {  // NOLINT: a literal converts
     static_assert(length == kIljFieldTagLength + 1 || length == kIljRecordTagLength + 1);
-    for (std::size_t i = 0; i < size; ++i) text[i] = static_cast<wchar_t>(tag[i]);
-    text[size] = size == kIljFieldTagLength ? L':' : L'\t';
+    for (std::size_t i = 0; i < size; ++i) text[1 + i] = tag[i];
+    text[1 + size] = ':';
   }
-  constexpr std::wstring_view View() const { return {text, size}; }
+  constexpr std::string_view View() const { return {text + 1, size}; }
 };
 
 /// A fixed hash of tags of one to eight ASCII characters. Exact: case and blanks count.
@@ -41,7 +41,7 @@ class IljTagMap {
   }
 
   /// The number of the tag; 0 if there is no such tag, or for no text at all.
-  constexpr std::int32_t GetType(std::wstring_view tag) const {
+  constexpr std::int32_t GetType(std::string_view tag) const {
     const std::uint64_t key = Pack(tag);
     for (std::size_t slot = Slot(key); m_slots[slot].key != 0; slot = (slot + 1) % kSlots) {
       if (m_slots[slot].key == key) return m_slots[slot].number;
@@ -58,11 +58,11 @@ class IljTagMap {
   static constexpr std::size_t kSlots = 1u << kSlotBits;
 
   // 0 for what can't be a tag.
-  static constexpr std::uint64_t Pack(std::wstring_view tag) {
+  static constexpr std::uint64_t Pack(std::string_view tag) {
     if (tag.size() > 8) return 0;
     std::uint64_t key = 0;
-    for (const wchar_t c : tag) {
-      if (c < L'!' || c > L'~') return 0;
+    for (const char c : tag) {
+      if (c < '!' || c > '~') return 0;
       key = key << 8 | static_cast<std::uint64_t>(c);
     }
     return key;

@@ -9,10 +9,9 @@ namespace zelconvert {
 namespace {
 
 constexpr std::uint32_t kTextModeBit = 0x4000;
-constexpr std::size_t kPieceLength = 256;  // characters that one step of the writer takes
-constexpr std::size_t kChunkBytes = 256;   // UTF-16 takes twice as many
-constexpr std::size_t kLongestLine = CFileCE::kLongestLine;
-constexpr std::wstring_view kLineEnd = L"\r\n";
+constexpr std::size_t kPieceUnits = 256;                      // what one step of the writer takes
+constexpr std::size_t kChunkBytes = 256;                      // UTF-16 takes twice as many
+constexpr std::size_t kMostHeld = 3 * CFileCE::kLongestLine;  // bytes: no unit takes more than 3
 
 constexpr bool IsUtf16(CTextFile::Encoding encoding) {
   return encoding == CTextFile::kUtf16LittleEndian || encoding == CTextFile::kUtf16BigEndian;
@@ -21,34 +20,15 @@ constexpr bool IsUtf16(CTextFile::Encoding encoding) {
 // By Encoding.
 constexpr std::string_view kMarks[] = {{}, "\xFF\xFE", "\xEF\xBB", "\xFE\xFF"};
 
-// In UTF-16 units whatever the platform's characters are.
-void AppendCharacter(std::wstring& out, char32_t character) {
-  if (character >= 0x10000) {
-    out.push_back(static_cast<wchar_t>(0xD800 + ((character - 0x10000) >> 10)));
-    character = 0xDC00 + ((character - 0x10000) & 0x3FF);
-  }
-  out.push_back(static_cast<wchar_t>(character));
-}
-
-// Whether a cut at the piece's length would part the two halves of a character.
-bool EndsInsidePair(std::wstring_view text) {
-  const wchar_t before = text[kPieceLength - 1];
-  const wchar_t after = text[kPieceLength];
-  return before >= 0xD800 && before <= 0xDBFF && after >= 0xDC00 && after <= 0xDFFF;
-}
-
-bool IsAscii(char byte) {
-  return static_cast<unsigned char>(byte) < 0x80;
-}
-
-void AppendDecodedUtf8(std::wstring& out, std::string_view bytes) {
+// Each broken part of a sequence becomes U+FFFD.
+void AppendMended(std::string& out, std::string_view bytes) {
   while (!bytes.empty()) {
     const std::size_t plain = AsciiPrefix(bytes);
-    AppendAscii(out, bytes.substr(0, plain));
+    out.append(bytes.substr(0, plain));
     bytes.remove_prefix(plain);
     if (bytes.empty()) return;
     const platform::Utf8Character next = platform::DecodeUtf8(bytes);
-    AppendCharacter(out, next.character);
+    platform::AppendUtf8(out, next.character);
     bytes.remove_prefix(next.length);
   }
 }
@@ -70,7 +50,7 @@ bool CTextFile::SetEncoding(Encoding encoding) {
 
 bool CTextFile::Open(const std::wstring& path, std::uint32_t flags) {
   if (!m_File.Open(path, flags & ~kTextModeBit)) return false;
-  ClearHeld();
+  m_nStart = m_strBuffer.size();
   if (flags & platform::kAccessCreate) {
     const std::string_view mark = kMarks[m_Encoding];
     m_File.Write(mark.data(), mark.size());
@@ -89,59 +69,46 @@ bool CTextFile::Open(const std::wstring& path, std::uint32_t flags, Encoding enc
   return Open(path, flags);
 }
 
-bool CTextFile::ReadString(std::wstring& line) {
-  if (HeldLength() == 0 && !ReadChunk()) return false;
-  std::size_t searched = m_nStart;
-  std::size_t lineFeed = m_strBuffer.find(L'\n', searched);
-  while (lineFeed == std::wstring::npos) {
-    if (HeldLength() > kLongestLine) m_strBuffer.resize(m_nStart + kLongestLine);
-    const std::size_t held = HeldLength();
+bool CTextFile::ReadString(std::string_view& line) {
+  if (Held().empty() && !ReadChunk()) return false;
+  std::size_t searched = 0;
+  std::size_t lineFeed = Held().find('\n');
+  while (lineFeed == std::string_view::npos) {
+    if (Held().size() > kMostHeld) m_strBuffer.resize(m_nStart + kMostHeld);
+    searched = Held().size();
     if (!ReadChunk()) break;
-    searched = m_nStart + held;
-    lineFeed = m_strBuffer.find(L'\n', searched);
+    lineFeed = Held().find('\n', searched);
   }
-  const std::wstring_view text = std::wstring_view(m_strBuffer).substr(m_nStart);
-  const bool isLast = lineFeed == std::wstring::npos;
-  const std::wstring_view found = isLast ? text : text.substr(0, lineFeed - m_nStart);
-  line = found.substr(0, std::min(found.find(L'\r'), kLongestLine));
-  const bool hasLine = !text.empty();
-  if (isLast) {
-    ClearHeld();
-  } else {
-    m_nStart = lineFeed + 1;
-  }
-  return hasLine;
+  const std::string_view text = Held();
+  line = text.substr(0, lineFeed);
+  m_nStart += std::min(line.size() + 1, text.size());
+  line = FirstUnits(line.substr(0, line.find('\r')), CFileCE::kLongestLine);
+  return !text.empty();
 }
 
-bool CTextFile::WriteString(std::wstring_view text) {
-  while (text.size() > kPieceLength) {
-    const std::wstring_view piece = text.substr(0, kPieceLength - EndsInsidePair(text));
-    WriteLines(piece, piece.back() != L'\n');
+bool CTextFile::WriteString(std::string_view text) {
+  while (!text.empty()) {
+    const std::string_view piece = FirstUnits(text, kPieceUnits);
     text.remove_prefix(piece.size());
+    WriteLines(piece, !text.empty() && piece.back() != '\n');
   }
-  WriteLines(text, false);
   return !HasWriteFailed();
 }
 
 std::int64_t CTextFile::GetPosition() {
   const std::size_t bytesPerCharacter = IsUtf16(m_Encoding) ? 2 : 1;
-  const auto held = static_cast<std::int64_t>(HeldLength() * bytesPerCharacter);
+  const auto held = static_cast<std::int64_t>(CountUnits(Held()) * bytesPerCharacter);
   return std::max<std::int64_t>(m_File.GetPosition() - held, 0);
 }
 
 bool CTextFile::SeekTo(std::int64_t position) {
-  ClearHeld();
+  m_nStart = m_strBuffer.size();
   return m_File.SeekTo(position);
 }
 
 bool CTextFile::Rewind() {
   Detect();
   return SeekTo(m_nBomSize);
-}
-
-void CTextFile::ClearHeld() {
-  m_strBuffer.clear();
-  m_nStart = 0;
 }
 
 void CTextFile::Detect() {
@@ -199,7 +166,7 @@ bool CTextFile::ReadChunk() {
   m_strBuffer.erase(0, m_nStart);
   m_nStart = 0;
   std::string_view chunk(bytes, count);
-  if (m_Encoding == kUtf8) {
+  if (m_Encoding != kAnsi) {
     const std::size_t whole = WholeSequences(chunk);
     if (whole == 0) return false;
     const auto givenBack = static_cast<std::int64_t>(count - whole);
@@ -211,30 +178,32 @@ bool CTextFile::ReadChunk() {
 }
 
 void CTextFile::AppendChunk(std::string_view chunk) {
-  if (m_Encoding == kUtf8) return AppendDecodedUtf8(m_strBuffer, chunk);
-  IsUtf16(m_Encoding) ? AppendUnits(chunk) : AppendAnsi(chunk);
+  if (m_Encoding == kUtf8) return AppendMended(m_strBuffer, chunk);
+  if (m_Encoding == kAnsi) return AppendAnsi(chunk);
+  std::wstring units;
+  for (; chunk.size() >= 2; chunk.remove_prefix(2)) units.push_back(FirstUnit(chunk));
+  AppendUtf8(m_strBuffer, units);
 }
 
 void CTextFile::AppendAnsi(std::string_view chunk) {
-  if (!m_bStripNulls) {
-    return platform::AppendWide(m_strBuffer, chunk.substr(0, chunk.find('\0')));
-  }
-  std::string text(chunk);
+  std::string text(m_bStripNulls ? chunk : chunk.substr(0, chunk.find('\0')));
   std::erase(text, '\0');
-  platform::AppendWide(m_strBuffer, text);
-}
-
-// An odd byte at the end of the file is dropped.
-void CTextFile::AppendUnits(std::string_view chunk) {
-  for (std::size_t i = 0; i + 1 < chunk.size(); i += 2) {
-    m_strBuffer.push_back(Utf16UnitAt(chunk.data() + i, m_Encoding == kUtf16BigEndian));
-  }
+  const std::size_t plain = AsciiPrefix(text);
+  m_strBuffer.append(text, 0, plain);
+  AppendUtf8(m_strBuffer, ToWide(std::string_view(text).substr(plain)));
 }
 
 // How much of a block ends with a whole sequence. A full block that ends inside of one, or with a
 // sequence at all, gives back what stands after its last ASCII byte or from its last lead byte on.
 std::size_t CTextFile::WholeSequences(std::string_view chunk) const {
-  if (chunk.size() < kChunkBytes || IsAscii(chunk.back())) return chunk.size();
+  if (IsUtf16(m_Encoding)) {
+    const bool isCut = chunk.size() == 2 * kChunkBytes &&
+                       (FirstUnit(chunk.substr(chunk.size() - 2)) & 0xFC00) == 0xD800;
+    return chunk.size() - (isCut ? 2 : 0);
+  }
+  if (chunk.size() < kChunkBytes || AsciiPrefix(chunk.substr(chunk.size() - 1)) == 1) {
+    return chunk.size();
+  }
   for (std::size_t i = chunk.size() - 1; i > 0; --i) {
     const auto byte = static_cast<unsigned char>(chunk[i]);
     if (byte >= 0xC0 && byte <= 0xFD) return i;
@@ -244,23 +213,24 @@ std::size_t CTextFile::WholeSequences(std::string_view chunk) const {
 }
 
 // bSplit: the text goes on after this piece, so its last line has no end yet.
-void CTextFile::WriteLines(std::wstring_view piece, bool bSplit) {
+void CTextFile::WriteLines(std::string_view piece, bool bSplit) {
   m_strWrite.clear();
   while (!piece.empty()) {
-    const std::size_t lineFeed = std::min(piece.find(L'\n'), piece.size());
-    const std::wstring_view line = piece.substr(0, lineFeed);
-    piece.remove_prefix(std::min(lineFeed + 1, piece.size()));
+    const std::string_view line = piece.substr(0, piece.find('\n'));
+    piece.remove_prefix(std::min(line.size() + 1, piece.size()));
     if (m_Encoding == kAnsi && line.empty()) continue;
     WriteEncoded(line);
-    if (!piece.empty() || !bSplit) WriteEncoded(kLineEnd);
+    if (!piece.empty() || !bSplit) WriteEncoded("\r\n");
   }
   m_File.Write(m_strWrite.data(), m_strWrite.size());
 }
 
-void CTextFile::WriteEncoded(std::wstring_view text) {
-  if (m_Encoding == kUtf8) return AppendUtf8(m_strWrite, text);
-  if (m_Encoding == kAnsi) return platform::AppendNarrow(m_strWrite, text);
-  AppendUtf16(m_strWrite, text, m_Encoding == kUtf16BigEndian);
+void CTextFile::WriteEncoded(std::string_view text) {
+  if (m_Encoding == kUtf8) return static_cast<void>(m_strWrite.append(text));
+  std::wstring wide;
+  AppendUnits(wide, text);
+  if (m_Encoding == kAnsi) return platform::AppendNarrow(m_strWrite, wide);
+  AppendUtf16(m_strWrite, wide, m_Encoding == kUtf16BigEndian);
 }
 
 }  // namespace zelconvert

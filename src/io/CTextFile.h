@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "io/CFileCE.h"
+#include "io/Strings.h"
 
 namespace zelconvert {
 
@@ -53,20 +54,21 @@ class CTextFile {
   /// Bytes at the start of the file that are not text.
   std::int32_t GetBomSize() const { return m_nBomSize; }
 
-  /// The next line, without its LF and cut at its first CR, in `line`, whose memory is reused.
-  /// False at the end mark (see CFileCE) or the end of the file; a last line without LF is a line.
-  /// UTF-16 comes as it is in the file, one character per unit. A code point of UTF-8 above U+FFFF
-  /// comes as two characters, so that text has the same length on every platform; each broken part
-  /// of a sequence comes as U+FFFD.
-  bool ReadString(std::wstring& line);
+  // Lines are UTF-8 here, whatever the file's encoding is.
+
+  /// The next line, without its LF and cut at its first CR, valid until the next call. False at the
+  /// end mark (see CFileCE) or the end of the file; a last line without LF is a line. Half a pair
+  /// that stands alone in UTF-16, and each broken part of a sequence of UTF-8, comes as U+FFFD; an
+  /// odd byte at the end of a file of UTF-16 doesn't come.
+  bool ReadString(std::string_view& line);
   /// Writes `text` and CR LF; text with line feeds in it becomes several lines. An empty text
   /// writes nothing, an empty line none in 8-bit encoding. False if a write failed, now or earlier.
-  bool WriteString(std::wstring_view text);
+  bool WriteString(std::string_view text);
   /// True once a write, or a read, has failed since Open.
   bool HasWriteFailed() const { return m_File.HasWriteFailed(); }
   bool HasReadFailed() const { return m_File.HasReadFailed(); }
 
-  /// Bytes read, less one (two in UTF-16) for each character that ReadString still holds.
+  /// Bytes read, less one (two in UTF-16) for each UTF-16 unit that ReadString still holds.
   std::int64_t GetPosition();
   /// Bytes; 0 if not open.
   std::int64_t GetLength() { return m_File.GetLength(); }
@@ -76,23 +78,24 @@ class CTextFile {
   bool Rewind();
 
  private:
-  std::size_t HeldLength() const { return m_strBuffer.size() - m_nStart; }
-  void ClearHeld();
+  std::string_view Held() const { return std::string_view(m_strBuffer).substr(m_nStart); }
   void Detect();
   void DetectEncoding();
   void DetectByMark(std::uint8_t low, std::uint8_t high);
   bool ReadChunk();
   void AppendChunk(std::string_view chunk);
   void AppendAnsi(std::string_view chunk);
-  void AppendUnits(std::string_view chunk);
   std::size_t WholeSequences(std::string_view chunk) const;
-  void WriteLines(std::wstring_view piece, bool bSplit);
-  void WriteEncoded(std::wstring_view text);
+  char16_t FirstUnit(std::string_view chunk) const {
+    return Utf16UnitAt(chunk.data(), m_Encoding == kUtf16BigEndian);
+  }
+  void WriteLines(std::string_view piece, bool bSplit);
+  void WriteEncoded(std::string_view text);
 
   CFileCE m_File;
-  std::wstring m_strBuffer;  // read from the file, but not yet returned, from m_nStart on
+  std::string m_strBuffer;  // read from the file, but not yet returned, from m_nStart on
   std::size_t m_nStart = 0;
-  std::string m_strWrite;  // the bytes of the line being written
+  std::string m_strWrite;  // the bytes of what is being written
   Encoding m_Encoding;
   bool m_bStripNulls = false;
   bool m_bAllowUnicode = false;

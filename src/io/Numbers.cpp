@@ -352,6 +352,7 @@ void AppendInteger(std::wstring& out, std::int64_t value) {
 }
 
 void AppendInteger(std::string& out, std::int64_t value) {
+  if (value >= 0 && value <= 9) return out.push_back(static_cast<char>('0' + value));
   WithInteger(value, [&](std::string_view digits) { out.append(digits); });
 }
 

@@ -25,9 +25,8 @@ struct Utf16Units {
   std::size_t count;
 };
 
-// One wide character: on Windows a unit already, elsewhere a code point of one or two units.
-Utf16Units UnitsOf(wchar_t wide) {
-  const auto c = static_cast<char32_t>(wide);
+// One character: on Windows a unit already, elsewhere a code point of one or two units.
+Utf16Units UnitsOf(char32_t c) {
   if (c < 0x10000) return {{static_cast<char16_t>(c), 0}, 1};
   if (c > 0x10FFFF) return {{static_cast<char16_t>(platform::kReplacementCharacter), 0}, 1};
   const char32_t offset = c - 0x10000;
@@ -102,6 +101,41 @@ void AppendUtf8(std::string& out, std::wstring_view text) {
   }
 }
 
+void AppendUnits(std::wstring& out, std::string_view utf8) {
+  const std::size_t start = out.size();
+  out.resize(start + utf8.size());
+  wchar_t* const wide = out.data() + start;
+  unsigned all = 0;  // as above
+  for (std::size_t i = 0; i < utf8.size(); ++i) {
+    const auto byte = static_cast<unsigned char>(utf8[i]);
+    all |= byte;
+    wide[i] = byte;
+  }
+  if (all < 0x80) return;
+  out.resize(start);
+  while (!utf8.empty()) {
+    const platform::Utf8Character next = platform::DecodeUtf8(utf8);
+    const Utf16Units units = UnitsOf(next.character);
+    out.append(units.unit, units.unit + units.count);
+    utf8.remove_prefix(next.length);
+  }
+}
+
+std::size_t CountUnits(std::string_view utf8) {
+  std::size_t units = AsciiPrefix(utf8);
+  for (const char byte : utf8.substr(units)) units += UnitsBegunBy(byte);
+  return units;
+}
+
+std::string_view FirstUnits(std::string_view utf8, std::size_t units) {
+  if (utf8.size() <= units) return utf8;
+  std::size_t size = 0;
+  for (; size < utf8.size() && UnitsBegunBy(utf8[size]) <= units; ++size) {
+    units -= UnitsBegunBy(utf8[size]);
+  }
+  return utf8.substr(0, size);
+}
+
 std::size_t EncodeUtf16(std::wstring_view text, std::span<char16_t> units) {
   std::size_t used = 0;
   for (const wchar_t c : text) {
@@ -109,7 +143,7 @@ std::size_t EncodeUtf16(std::wstring_view text, std::span<char16_t> units) {
       units[used++] = static_cast<char16_t>(c);
       continue;
     }
-    const Utf16Units next = UnitsOf(c);
+    const Utf16Units next = UnitsOf(static_cast<char32_t>(c));
     if (used + next.count > units.size()) {
       // A pair may also stand in the text as two characters.
       const bool split =

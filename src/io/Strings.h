@@ -119,6 +119,18 @@ std::wstring ToWide(std::string_view text);
 /// Appends the UTF-8 form. A code point outside Unicode or half a surrogate pair becomes U+FFFD;
 /// a pair of two characters is joined.
 void AppendUtf8(std::string& out, std::wstring_view text);
+/// The way back, in UTF-16 units whatever the platform's characters are: text has the same length
+/// everywhere. Each broken part of a sequence becomes U+FFFD.
+void AppendUnits(std::wstring& out, std::string_view utf8);
+
+/// How many units a character has, told by the first byte of its UTF-8; 0 for the others.
+constexpr std::size_t UnitsBegunBy(char byte) {
+  return (byte & 0xC0) == 0x80 ? 0 : static_cast<unsigned char>(byte) < 0xF0 ? 1 : 2;
+}
+/// How many units a text has.
+std::size_t CountUnits(std::string_view utf8);
+/// As many whole characters from its start as have at most that many units.
+std::string_view FirstUnits(std::string_view utf8, std::size_t units);
 
 /// Wide text as UTF-16 units: as many as fit in `units` without ending inside a surrogate pair.
 /// A code point outside Unicode becomes U+FFFD. Returns the number of units.

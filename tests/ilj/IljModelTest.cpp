@@ -15,11 +15,11 @@
 namespace zelconvert {
 namespace {
 
-CMoskoJobRecordField FieldOf(std::wstring_view tag) {
+CMoskoJobRecordField FieldOf(std::string_view tag) {
   return CMoskoJobRecordField(static_cast<IljFieldType>(kIljFieldMap.GetType(tag)));
 }
 
-CMoskoJobRecord RecordOf(std::wstring_view tag) {
+CMoskoJobRecord RecordOf(std::string_view tag) {
   return CMoskoJobRecord(static_cast<IljRecordType>(kIljRecordMap.GetType(tag)));
 }
 
@@ -28,30 +28,29 @@ TEST(IljFieldTest, TagsMapToNumbers) {
   for (std::int32_t i = 1; i <= 80; ++i) {
     EXPECT_EQ(kIljFieldMap.GetType(ilj::kFields[i].tag.View()), i);
   }
-  for (const wchar_t* tag : {L"", L"derv", L"DERV ", L"DER", L"XXXX", L"DERVDERVD", L"\u0444ERV"}) {
+  for (const char* tag : {"", "derv", "DERV ", "DER", "XXXX", "DERVDERVD",
+                          "\xC4"
+                          "ERV"}) {
     EXPECT_EQ(kIljFieldMap.GetType(tag), 0) << tag;
   }
-  EXPECT_EQ(kIljFieldMap.GetType(std::wstring(L"DERV\0", 5)), 0);
-  // A tag is packed into bytes, and 504F stands for "PO" there.
-  for (const wchar_t* tag : {L"", L"point", L"POINT ",
-                             L"\x504F"
-                             L"INT"}) {
+  EXPECT_EQ(kIljFieldMap.GetType(std::string("\0DERV", 5)), 0);  // a tag is packed into bytes
+  for (const char* tag : {"", "point", "POINT "}) {
     EXPECT_EQ(kIljRecordMap.GetType(tag), 0);
   }
-  EXPECT_NE(kIljRecordMap.GetType(L"POINT"), 0);
+  EXPECT_NE(kIljRecordMap.GetType("POINT"), 0);
 }
 
 // Every field before anything is set, and after Clear.
 TEST(IljFieldTest, IsUnset) {
   for (std::int32_t i = 1; i <= 80; ++i) {
-    const std::wstring tag(ilj::kFields[i].tag.View());
+    const std::string_view tag = ilj::kFields[i].tag.View();
     SCOPED_TRACE(i);
     CMoskoJobRecordField field(static_cast<IljFieldType>(i));
-    const std::wstring unset = field.GetText();
+    const std::string unset = field.GetText();
     // A count is valid from the start, and so is the mapping plane that stands for none.
-    const bool valid = tag == L"GPSS" || tag == L"GPSE" || tag == L"EPCT" || tag == L"MPTY";
+    const bool valid = tag == "GPSS" || tag == "GPSE" || tag == "EPCT" || tag == "MPTY";
     EXPECT_EQ(field.IsValid(), valid);
-    field.SetText(L"20010203");
+    field.SetText("20010203");
     field.Clear();
     EXPECT_EQ(field.GetText(), unset);
     EXPECT_EQ(field.IsValid(), valid);
@@ -61,22 +60,22 @@ TEST(IljFieldTest, IsUnset) {
 TEST(IljFieldTest, ReadsJudgesAndWrites) {
   for (const CaseFields& texts : ReadCases("tests/golden-lines/ilj-fields.txt")) {
     SCOPED_TRACE(testing::PrintToString(texts));
-    CMoskoJobRecordField field = FieldOf(texts[0]);
+    CMoskoJobRecordField field = FieldOf(Utf8(texts[0]));
     if (texts[2] == L"refused") {
-      EXPECT_THROW(field.SetText(texts[1]), ConversionFailure);
+      EXPECT_THROW(field.SetText(Utf8(texts[1])), ConversionFailure);
       continue;
     }
     field.IsValid();  // this answer is gone with the next value
-    field.SetText(texts[1]);
+    field.SetText(Utf8(texts[1]));
     const bool valid = texts[2] == L"valid";
     EXPECT_EQ(field.IsValid(), valid);
     const bool isDate = IljLayoutOf(field.GetType()).form.kind == IljFieldKind::Date;
-    EXPECT_EQ(field.GetText(), isDate && !valid ? L"" : texts[0] + L":" + texts.at(3));
+    EXPECT_EQ(field.GetText(), isDate && !valid ? "" : Utf8(texts[0] + L":" + texts.at(3)));
   }
 }
 
 // "TAG:" of the fields of a case, in the order of the file or backwards, without one.
-std::wstring Fields(const CaseFields& parts, std::size_t missing, bool backwards) {
+std::string Fields(const CaseFields& parts, std::size_t missing, bool backwards) {
   std::wstring line;
   for (std::size_t i = 1; i < parts.size(); ++i) {
     const std::size_t index = backwards ? parts.size() - i : i;
@@ -85,17 +84,17 @@ std::wstring Fields(const CaseFields& parts, std::size_t missing, bool backwards
     field[4] = L':';
     line += (line.empty() ? L"" : L"\t") + field;
   }
-  return line;
+  return Utf8(line);
 }
 
 TEST(IljRecordTest, ReadsAndWritesEachRecord) {
   std::int32_t number = 0;
   for (const CaseFields& parts : ReadCases("tests/golden-lines/ilj-complete.txt", ' ')) {
     SCOPED_TRACE(parts[0]);
-    CMoskoJobRecord record = RecordOf(parts[0]);
+    CMoskoJobRecord record = RecordOf(Utf8(parts[0]));
     EXPECT_EQ(static_cast<std::int32_t>(record.GetRecordType()), ++number);
     EXPECT_TRUE(record.ParseText(Fields(parts, 0, false)));
-    EXPECT_EQ(record.ToText(), parts[0] + L"\t" + Fields(parts, 0, false));
+    EXPECT_EQ(record.ToText(), Utf8(parts[0]) + "\t" + Fields(parts, 0, false));
     for (std::size_t missing = 1; missing < parts.size(); ++missing) {
       SCOPED_TRACE(testing::Message() << L"without " << parts[missing]);
       // The order of the fields doesn't matter.
@@ -110,10 +109,10 @@ TEST(IljRecordTest, ReadsAndWritesEachRecord) {
 TEST(IljRecordTest, ObeysRules) {
   for (const CaseFields& texts : ReadCases("tests/golden-lines/ilj-rules.txt")) {
     SCOPED_TRACE(testing::PrintToString(texts));
-    std::wstring fields = texts[0].substr(5);
-    for (wchar_t& c : fields) c = c == L' ' ? L'\t' : c;
-    CMoskoJobRecord record = RecordOf(texts[0].substr(0, 5));
-    EXPECT_EQ(record.ParseText(L"DATE:20010101\tTIME:101010" + fields), texts.at(1) == L"valid");
+    std::string fields = Utf8(texts[0].substr(5));
+    for (char& c : fields) c = c == ' ' ? '\t' : c;
+    CMoskoJobRecord record = RecordOf(Utf8(texts[0].substr(0, 5)));
+    EXPECT_EQ(record.ParseText("DATE:20010101\tTIME:101010" + fields), texts.at(1) == L"valid");
     EXPECT_EQ(record.IsValid(), texts.at(1) == L"valid");
     EXPECT_FALSE(record.ParseText(fields));  // without a moment
   }
@@ -122,28 +121,28 @@ TEST(IljRecordTest, ObeysRules) {
 TEST(IljRecordTest, ReadsLinesOfOthers) {
   for (const CaseFields& texts : ReadCases("tests/golden-lines/ilj-lines.txt")) {
     SCOPED_TRACE(testing::PrintToString(texts));
-    CMoskoJobRecord record = RecordOf(texts[0]);
-    record.ParseText(L"DATE:19990101\tTIME:101010\tNOTE:left over\tPTNM:B");
-    EXPECT_EQ(record.ParseText(texts[1]), texts[2] == L"valid");
-    EXPECT_EQ(record.ToText(), texts.at(3));
+    CMoskoJobRecord record = RecordOf(Utf8(texts[0]));
+    record.ParseText("DATE:19990101\tTIME:101010\tNOTE:left over\tPTNM:B");
+    EXPECT_EQ(record.ParseText(Utf8(texts[1])), texts[2] == L"valid");
+    EXPECT_EQ(record.ToText(), Utf8(texts.at(3)));
   }
 }
 
 TEST(IljRecordTest, KeepsDateAndTime) {
-  CMoskoJobRecord point = RecordOf(L"POINT");
+  CMoskoJobRecord point = RecordOf("POINT");
   EXPECT_EQ(point.GetDateTime(), 0);
   for (const int second : {16, 17}) {
     const std::int64_t moment = CivilSeconds(2026, 3, 13, 14, 15, second);
     point.SetDateTime(moment);
     EXPECT_EQ(point.GetDateTime(), moment);
-    EXPECT_EQ(point.ToText(), L"POINT\tDATE:20260313\tTIME:1415" + std::to_wstring(second) + L"\t");
+    EXPECT_EQ(point.ToText(), "POINT\tDATE:20260313\tTIME:1415" + std::to_string(second) + "\t");
   }
-  point.ParseField(L"TIME:235959");
-  EXPECT_EQ(point.ToText(), L"POINT\tDATE:20260313\tTIME:235959\t");
+  point.ParseField("TIME:235959");
+  EXPECT_EQ(point.ToText(), "POINT\tDATE:20260313\tTIME:235959\t");
   EXPECT_EQ(point.GetDateTime(), CivilSeconds(2026, 3, 13, 23, 59, 59));
-  point.ParseField(L"DATE:19680229");
+  point.ParseField("DATE:19680229");
   EXPECT_EQ(point.GetDateTime(), CivilSeconds(1968, 2, 29, 23, 59, 59));
-  point.ParseField(L"DATE:0");
+  point.ParseField("DATE:0");
   EXPECT_EQ(point.GetDateTime(), 0);
 }
 
@@ -176,7 +175,7 @@ std::string FormName(const IljFieldForm& form) {
 std::string FieldsName(const IljFieldList& fields) {
   std::string name;
   for (std::size_t i = 0; i < fields.Size(); ++i) {
-    const std::string tag = ToNarrow(IljLayoutOf(fields.Type(i)).tag.View());
+    const std::string tag(IljLayoutOf(fields.Type(i)).tag.View());
     name += (i > 0 ? " " : "") + (fields.IsRequired(i) ? "**" + tag + "**" : tag);
   }
   return name;
@@ -185,8 +184,8 @@ std::string FieldsName(const IljFieldList& fields) {
 TEST(IljDocsTest, PageShowsTheTables) {
   std::vector<std::string> expected;
   const auto expect = [&](std::size_t number, const IljTag& tag, const std::string& text) {
-    expected.push_back("| " + std::to_string(number) + " | " + ToNarrow(tag.View()) + " | " + text +
-                       " | ");
+    expected.push_back("| " + std::to_string(number) + " | " + std::string(tag.View()) + " | " +
+                       text + " | ");
   };
   for (std::size_t i = 1; i < std::size(ilj::kFields); ++i) {
     expect(i, ilj::kFields[i].tag, FormName(ilj::kFields[i].form));

@@ -6,6 +6,7 @@
 #include "TempDir.h"
 #include "io/CTextFile.h"
 #include "io/Numbers.h"
+#include "io/Strings.h"
 
 namespace zelconvert {
 namespace {
@@ -16,7 +17,7 @@ using platform::kOpenText;
 
 std::vector<std::wstring> Lines(CTextFile& file) {
   std::vector<std::wstring> lines;
-  for (std::wstring line; file.ReadString(line);) lines.push_back(line);
+  for (std::string_view line; file.ReadString(line);) AppendUnits(lines.emplace_back(), line);
   return lines;
 }
 
@@ -47,11 +48,13 @@ TEST(CTextFile, FindsTheEncodingAndReadsLines) {
 TEST(CTextFile, PassesOverTheRestOfALongLine) {
   const TempDir dir;
   for (const std::size_t more : {0u, 1u, 1000u}) {
-    CTextFile file(false, false);
-    const std::string line(CFileCE::kLongestLine + more, 'x');
-    ASSERT_TRUE(file.Open(dir.Write(L"text", line + "\nnext\n" + line), kOpenText));
-    const std::wstring kept(CFileCE::kLongestLine, L'x');
-    EXPECT_EQ(Lines(file), (std::vector<std::wstring>{kept, L"next", kept}));
+    for (const char filler : {'x', '\x80'}) {  // the second takes three bytes while it is held
+      CTextFile file(false, false);
+      const std::string line(CFileCE::kLongestLine + more, filler);
+      ASSERT_TRUE(file.Open(dir.Write(L"text", line + "\nnext\n" + line), kOpenText));
+      const std::wstring kept(CFileCE::kLongestLine, filler == 'x' ? L'x' : L'\u20ac');
+      EXPECT_TRUE(Lines(file) == (std::vector<std::wstring>{kept, L"next", kept})) << more;
+    }
   }
 }
 
@@ -98,22 +101,21 @@ TEST(CTextFile, OpensUnicodeOnlyIfAllowed) {
 }
 
 TEST(CTextFile, WritesLines) {
-  const std::wstring w(256, L'w');
   const std::string n(256, 'w');
   struct Case {
-    std::wstring text;
+    std::string text;
     std::string bytes, ansiBytes;
   };
   const Case cases[] = {
-      {L"", "", ""},
-      {L"ab", "ab\r\n", "ab\r\n"},
-      {L"a\n\nb\n", "a\r\n\r\nb\r\n", "a\r\nb\r\n"},  // 8-bit text has no empty lines
-      {L"\n", "\r\n", ""},
-      {w, n + "\r\n", n + "\r\n"},
-      {w.substr(1) + L"\n", n.substr(1) + "\r\n", n.substr(1) + "\r\n"},
-      {w.substr(1) + L"\nx", n.substr(1) + "\r\nx\r\n", n.substr(1) + "\r\nx\r\n"},
-      {w + L"\n", n + "\r\n", n},  // the line end stands alone in the next piece
-      {w + w + L"x", n + n + "x\r\n", n + n + "x\r\n"},
+      {"", "", ""},
+      {"ab", "ab\r\n", "ab\r\n"},
+      {"a\n\nb\n", "a\r\n\r\nb\r\n", "a\r\nb\r\n"},  // 8-bit text has no empty lines
+      {"\n", "\r\n", ""},
+      {n, n + "\r\n", n + "\r\n"},
+      {n.substr(1) + "\n", n.substr(1) + "\r\n", n.substr(1) + "\r\n"},
+      {n.substr(1) + "\nx", n.substr(1) + "\r\nx\r\n", n.substr(1) + "\r\nx\r\n"},
+      {n + "\n", n + "\r\n", n},  // the line end stands alone in the next piece
+      {n + n + "x", n + n + "x\r\n", n + n + "x\r\n"},
   };
   const TempDir dir;
   for (const Case& test : cases) {
@@ -152,7 +154,7 @@ TEST(CTextFile, ReadsWhatItWroteAcrossBlocks) {
       CTextFile file(false, false);
       file.SetAllowUnicode(true);
       ASSERT_TRUE(file.Open(dir.Path(L"f"), kCreateOutput, CTextFile::Encoding{encoding}, true));
-      for (const std::wstring& line : lines) file.WriteString(line);
+      for (const std::wstring& line : lines) file.WriteString(Utf8(line));
       EXPECT_TRUE(file.Rewind());
       EXPECT_TRUE(Lines(file) == lines) << encoding << " " << filler;  // too long to print
     }
@@ -175,7 +177,7 @@ TEST(CTextFile, CountsPositionInItsOwnWay) {
     CTextFile file(false, false);
     file.SetAllowUnicode(true);
     ASSERT_TRUE(file.Open(dir.Write(L"text", bytes), kOpenText));
-    std::wstring line;
+    std::string_view line;
     EXPECT_TRUE(file.ReadString(line));
     EXPECT_EQ(file.GetPosition(), afterFirstLine);
     while (file.ReadString(line)) continue;
