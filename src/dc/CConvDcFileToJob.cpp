@@ -38,10 +38,6 @@ constexpr std::wstring_view kTexts[] = {
 };
 static_assert(std::size(kTexts) == static_cast<std::size_t>(Text::Count));
 
-constexpr bool IsPointCharacter(wchar_t c) {
-  return IsAsciiAlnum(c) || c == L'_';
-}
-
 class DcToJob {
  public:
   DcToJob(CDcFile& dc, CJobFile& job, Report& report) : m_dc(dc), m_job(job), m_report(report) {}
@@ -171,7 +167,7 @@ class DcToJob {
     if (IsLeftBlank(m_position.north) || IsLeftBlank(m_position.east)) return true;
 
     TakePointName(m_position.name);
-    m_point.description = m_position.code;
+    m_point.description.swap(m_position.code);
     m_point.north = Metres(m_bEastFirst ? m_position.east : m_position.north);
     m_point.east = Metres(m_bEastFirst ? m_position.north : m_position.east);
     m_point.elevation = Metres(m_position.elevation);
@@ -242,7 +238,7 @@ class DcToJob {
   void TakePointName(std::wstring_view name) {
     m_point.name.assign(Left(Trim(name), kJobNameLength));
     for (wchar_t& c : m_point.name) {
-      if (!IsPointCharacter(c)) c = L'_';
+      if (PointNameSet::NumberOf(c) == 0) c = L'_';
     }
   }
 

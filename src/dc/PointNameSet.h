@@ -1,89 +1,108 @@
-// The names of the points written so far, in 16 bytes each.
+// The names of the points written so far. Points are mostly numbered, so names that differ in their
+// last character alone stand together: 16 bytes for all of them, 24 if they are long.
 #pragma once
 
-#include <bit>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "io/Strings.h"
+
 namespace zelconvert {
 
 class PointNameSet {
  public:
   static constexpr std::size_t kMaxLength = 16;
+  /// Of the letters A to Z in either case, the digits and "_", all that a name has: from 1 to 63.
+  /// 0 for any other character.
+  static constexpr std::uint64_t NumberOf(wchar_t c) {
+    return static_cast<char32_t>(c) < kNumbers.size() ? kNumbers[static_cast<std::size_t>(c)] : 0;
+  }
 
-  /// False if the name is there already. name: at most 16 characters of ASCII other than NUL.
+  /// False if the name is there already. name: at most 16 characters that have a number.
   [[nodiscard]] bool Insert(std::wstring_view name) {
-    if (name.empty()) {
-      const bool isNew = !m_bHasEmptyName;
-      m_bHasEmptyName = true;
-      return isNew;
-    }
-    if (2 * (m_nUsed + 1) > m_slots.size()) Grow();
-    const Key key = Pack(name);
-    Key& slot = FindSlot(key);
-    if (slot == key) return false;
-    slot = key;
-    ++m_nUsed;
-    return true;
+    const std::uint64_t last = name.empty() ? 0 : NumberOf(name.back());
+    const std::wstring_view before = Left(name, name.empty() ? 0 : name.size() - 1);
+    const std::uint64_t front = Pack(Left(before, kPacked));
+    if (before.size() <= kPacked) return m_short.Insert({front}, last);
+    return m_long.Insert({front, Pack(before.substr(kPacked))}, last);
   }
 
  private:
-  static constexpr std::size_t kFirstSize = 64;  // a power of two, as all sizes are
+  static constexpr std::size_t kPacked = 10;  // as many characters as 64 bits hold
 
-  // The finalizer of MurmurHash3.
-  static std::uint64_t Mix(std::uint64_t hash) {
-    hash = (hash ^ (hash >> 33)) * 0xFF51AFD7ED558CCDu;
-    hash = (hash ^ (hash >> 33)) * 0xC4CEB9FE1A85EC53u;
-    return hash ^ (hash >> 33);
+  static constexpr auto kNumbers = [] {
+    std::array<std::uint8_t, 0x80> numbers = {};
+    std::uint8_t last = 0;
+    for (std::size_t c = 0; c < numbers.size(); ++c) {
+      if (c == '_' || IsAsciiAlnum(static_cast<wchar_t>(c))) numbers[c] = ++last;
+    }
+    return numbers;
+  }();
+
+  static std::uint64_t Pack(std::wstring_view text) {
+    std::uint64_t packed = 0;
+    for (const wchar_t c : text) packed = packed << 6 | NumberOf(c);
+    return packed;
   }
 
-  struct Key {
-    std::uint64_t front = 0;
-    std::uint64_t back = 0;
-    bool operator==(const Key&) const = default;
+  // By what stands before the last character, packed into so many words: open addressing.
+  template <std::size_t words>
+  class Table {
+   public:
+    using Key = std::array<std::uint64_t, words>;
+
+    bool Insert(const Key& before, std::uint64_t last) {
+      if (5 * (m_used + 1) > 3 * m_slots.size()) Grow();
+      Slot& slot = FindSlot(before);
+      if ((slot.last >> last & 1) != 0) return false;
+      if (slot.last == 0) ++m_used;
+      slot.before = before;
+      slot.last |= std::uint64_t{1} << last;
+      return true;
+    }
+
+   private:
+    static constexpr std::size_t kFirstSize = 64;  // a power of two, as all sizes are
+    struct Slot {
+      Key before = {};
+      std::uint64_t last = 0;  // a bit for each last character; none in a free slot
+    };
+
+    // The finalizer of MurmurHash3.
+    static std::uint64_t Mix(std::uint64_t hash) {
+      hash = (hash ^ (hash >> 33)) * 0xFF51AFD7ED558CCDu;
+      hash = (hash ^ (hash >> 33)) * 0xC4CEB9FE1A85EC53u;
+      return hash ^ (hash >> 33);
+    }
+
+    Slot& FindSlot(const Key& before) {
+      std::uint64_t hash = 0;
+      for (const std::uint64_t word : before) hash = Mix(hash ^ word);
+      const std::size_t mask = m_slots.size() - 1;
+      std::size_t index = static_cast<std::size_t>(hash) & mask;
+      while (m_slots[index].last != 0 && m_slots[index].before != before)
+        index = (index + 1) & mask;
+      return m_slots[index];
+    }
+
+    void Grow() {
+      const std::vector<Slot> slots = std::move(m_slots);
+      m_slots.assign(slots.empty() ? kFirstSize : slots.size() * 2, Slot{});
+      for (const Slot& slot : slots) {
+        if (slot.last != 0) FindSlot(slot.before) = slot;
+      }
+    }
+
+    std::vector<Slot> m_slots;
+    std::size_t m_used = 0;
   };
 
-  static Key Pack(std::wstring_view name) {
-    Key key;
-    for (std::size_t i = 0; i < name.size() && i < kMaxLength; ++i) {
-      std::uint64_t& half = i < 8 ? key.front : key.back;
-      half |= static_cast<std::uint64_t>(name[i] & 0xFF) << (i % 8 * 8);
-    }
-    return key;
-  }
-
-  // Points are mostly numbered in the order of their file. So that the next name lies near the last
-  // one in memory, only what stands before its last character is scattered.
-  static std::size_t Home(Key key) {
-    std::uint64_t& lastHalf = key.back != 0 ? key.back : key.front;
-    const int lastShift = (63 - std::countl_zero(lastHalf)) / 8 * 8;
-    const std::uint64_t last = lastHalf >> lastShift;
-    lastHalf ^= last << lastShift;
-    return static_cast<std::size_t>(Mix(key.front ^ Mix(key.back)) + last % 16);
-  }
-
-  Key& FindSlot(const Key& key) {
-    const std::size_t mask = m_slots.size() - 1;
-    std::size_t index = Home(key) & mask;
-    while (m_slots[index] != Key{} && m_slots[index] != key) index = (index + 1) & mask;
-    return m_slots[index];
-  }
-
-  void Grow() {
-    const std::vector<Key> names = std::move(m_slots);
-    m_slots.assign(names.empty() ? kFirstSize : names.size() * 2, Key{});
-    for (const Key& name : names) {
-      if (name != Key{}) FindSlot(name) = name;
-    }
-  }
-
-  // Open addressing; a slot of zeros is free, so the empty name is kept apart.
-  std::vector<Key> m_slots;
-  std::size_t m_nUsed = 0;
-  bool m_bHasEmptyName = false;
+  Table<1> m_short;
+  Table<2> m_long;
 };
 
 }  // namespace zelconvert

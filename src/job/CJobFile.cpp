@@ -286,11 +286,17 @@ bool CJobFile::WriteRecord(std::span<const std::byte> payload, std::uint32_t kin
   if (size > m_scratch.size()) {
     m_scratch.resize((size + kScratchStep - 1) / kScratchStep * kScratchStep);
   }
-  const RecordHead head{kind, static_cast<std::uint32_t>(payload.size())};
-  const BinaryWriter writer(m_scratch);
+  const auto block = std::span(m_scratch).first(size);
+  BinaryWriter(block).Bytes(RecordHead::kLength, payload);
+  return WriteBlock(block, kind);
+}
+
+// The block has room for the head in front of the payload.
+bool CJobFile::WriteBlock(std::span<std::byte> block, std::uint32_t kind) {
+  const RecordHead head{kind, static_cast<std::uint32_t>(block.size() - RecordHead::kLength)};
+  const BinaryWriter writer(block);
   RecordHead::Walk(writer, head);
-  writer.Bytes(RecordHead::kLength, payload);
-  return m_File.Write(m_scratch.data(), size);
+  return m_File.Write(block.data(), block.size());
 }
 
 bool CJobFile::WriteGenericRecord(const JOB_GENERIC_RECORD& record) {

@@ -152,11 +152,13 @@ class CJobFile {
     constexpr JobKindInfo kInfo = Record::kInfo;
     if (!IsVersionFor(kInfo)) return false;
     const bool isOld = kInfo.oldKind != 0 && m_fileHead.version == kOldJobVersion;
-    std::array<std::byte, kInfo.length> block;
-    const BinaryWriter writer(block);
+    std::array<std::byte, RecordHead::kLength + kInfo.length> block;
+    const std::span<std::byte> whole(block);
+    const BinaryWriter writer(whole.subspan(RecordHead::kLength));
     Record::Walk(writer, record, isOld ? JobRecordForm::Old : JobRecordForm::New);
-    return WriteRecord(std::span(block).first(isOld ? kInfo.oldLength : kInfo.length),
-                       isOld ? kInfo.oldKind : static_cast<std::uint32_t>(kInfo.kind));
+    const std::size_t length = RecordHead::kLength + (isOld ? kInfo.oldLength : kInfo.length);
+    return WriteBlock(whole.first(length),
+                      isOld ? kInfo.oldKind : static_cast<std::uint32_t>(kInfo.kind));
   }
 
   [[nodiscard]] bool WritePoint(const JOB_POINT& record) { return Write(record); }
@@ -237,6 +239,7 @@ class CJobFile {
   void PutOldHeader(const JOB_HEADER& header);
   bool ReadHead();
   bool ReadData(JOB_GENERIC_RECORD& record);
+  bool WriteBlock(std::span<std::byte> block, std::uint32_t kind);
   bool FindRecord(const JobKindInfo& info, std::uint32_t id, bool bFirstFree);
   bool FindPoint(std::wstring_view name);
   bool IsVersionFor(const JobKindInfo& info) const;
