@@ -9,59 +9,39 @@ constexpr std::size_t kNameUnits = 33;   // terminator included
 constexpr std::size_t kFileUnits = 261;  // likewise
 constexpr std::size_t kReal = 8;
 
-// Doubles that stand one after the other.
-template <class Io, class... Doubles>
-void Reals(Io& io, std::size_t offset, Doubles&... values) {
-  ((io.Field(offset, values), offset += kReal), ...);
-}
-
 // The layout of the block, in the order of its bytes.
 template <class Io, class Record>
 void BlockFields(Io& io, Record& record) {
-  io.Field(0, record.horizontalType);
-  io.Field(2, record.secondType);
-  io.Field(4, record.verticalType);
-  io.Field(6, record.projectionKind);
-  io.Text(8, record.zoneName, kNameUnits);
-  io.Text(74, record.zoneGroupName, kNameUnits);
-  io.Text(140, record.datumName, kNameUnits);
-  io.Text(206, record.ellipsoidName, kNameUnits);
-  io.Text(272, record.unusedName1, kNameUnits);
-  io.Text(338, record.unusedName2, kNameUnits);
+  WalkNumbers(io, 0, record.horizontalType, record.secondType, record.verticalType,
+              record.projectionKind);
+  WalkTexts(io, 8, kNameUnits, record.zoneName, record.zoneGroupName, record.datumName,
+            record.ellipsoidName, record.unusedName1, record.unusedName2);
 
   io.Field(404, record.projectionId);
-  Reals(io, 406, record.originLatitude, record.originLongitude, record.originNorthing,
-        record.falseNorthing, record.falseEasting, record.originEasting, record.scale,
-        record.parallel1, record.parallel2);
-  io.Field(478, record.flagA);
-  io.Field(480, record.flagB);
-  io.Field(482, record.flagC);
-  io.Field(484, record.flagD);
-  io.Text(486, record.gridFileName, kFileUnits);
-  io.Text(1008, record.shiftFileName, kFileUnits);
+  WalkNumbers(io, 406, record.originLatitude, record.originLongitude, record.originNorthing,
+              record.falseNorthing, record.falseEasting, record.originEasting, record.scale,
+              record.parallel1, record.parallel2);
+  WalkNumbers(io, 478, record.flagA, record.flagB, record.flagC, record.flagD);
+  WalkTexts(io, 486, kFileUnits, record.gridFileName, record.shiftFileName);
 
-  io.Field(1530, record.southAzimuth);
-  io.Field(1531, record.unusedByte);
-  io.Field(1532, record.gridOrientation1);
-  io.Field(1533, record.gridOrientation2);
-
-  Reals(io, 1534, record.site.latitude, record.site.longitude, record.site.height,
-        record.site.scale, record.site.east, record.site.north);
+  WalkNumbers(io, 1530, record.southAzimuth, record.unusedByte, record.gridOrientation1,
+              record.gridOrientation2);
+  WalkNumbers(io, 1534, record.site.latitude, record.site.longitude, record.site.height,
+              record.site.scale, record.site.east, record.site.north);
 
   io.Field(1582, record.datumKind);
-  Reals(io, 1584, record.semiMajorAxis, record.inverseFlattening, record.datumRotationX,
-        record.datumRotationY, record.datumRotationZ, record.datumShiftX, record.datumShiftY,
-        record.datumShiftZ, record.datumScale);
-  io.Text(1656, record.gridLatitudeFile, kFileUnits);
-  io.Text(2178, record.gridLongitudeFile, kFileUnits);
-  io.Text(2700, record.unusedFile, kFileUnits);
+  WalkNumbers(io, 1584, record.semiMajorAxis, record.inverseFlattening, record.datumRotationX,
+              record.datumRotationY, record.datumRotationZ, record.datumShiftX, record.datumShiftY,
+              record.datumShiftZ, record.datumScale);
+  WalkTexts(io, 1656, kFileUnits, record.gridLatitudeFile, record.gridLongitudeFile,
+            record.unusedFile);
   io.Field(3222, record.unusedWord1);
 
   auto& horizontal = record.horizontalAdjust;
   auto& vertical = record.verticalAdjust;
-  Reals(io, 3226, horizontal.originNorth, horizontal.originEast, horizontal.translateNorth,
-        horizontal.translateEast, horizontal.rotation, horizontal.scale, vertical.originNorth,
-        vertical.originEast, vertical.constantShift, vertical.slopeNorth, vertical.slopeEast);
+  WalkNumbers(io, 3226, horizontal.originNorth, horizontal.originEast, horizontal.translateNorth,
+              horizontal.translateEast, horizontal.rotation, horizontal.scale, vertical.originNorth,
+              vertical.originEast, vertical.constantShift, vertical.slopeNorth, vertical.slopeEast);
   io.Text(3314, record.geoidFileName, kFileUnits);
 
   io.Text(3836, record.systemName, kNameUnits);

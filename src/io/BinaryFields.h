@@ -135,6 +135,17 @@ class BinaryWriter {
   std::span<std::byte> m_block;
 };
 
+/// Numbers that stand one after the other, the first at `offset`, each as wide as its type.
+template <class Io, class... Numbers>
+void WalkNumbers(Io& io, std::size_t offset, Numbers&... numbers) {
+  ((io.Field(offset, numbers), offset += sizeof numbers), ...);
+}
+/// Texts likewise, each with room for as many units.
+template <class Io, class... Texts>
+void WalkTexts(Io& io, std::size_t offset, std::size_t units, Texts&... texts) {
+  ((io.Text(offset, texts, units), offset += 2 * units), ...);
+}
+
 /// A whole record from its block, and a block with nothing but the fields of a record.
 template <class Record>
 void Unpack(std::span<const std::byte> block, Record& record) {

@@ -208,8 +208,7 @@ class CJobFile {
     template <class Io, class Head>
     static void Walk(Io& io, Head& head) {
       io.Bytes(0, head.signature);
-      io.Field(28, head.version);
-      io.Field(30, head.firstRecordOffset);
+      WalkNumbers(io, 28, head.version, head.firstRecordOffset);
     }
   };
   struct RecordHead {
@@ -219,8 +218,7 @@ class CJobFile {
     static constexpr std::size_t kLength = 8;
     template <class Io, class Head>
     static void Walk(Io& io, Head& head) {
-      io.Field(0, head.kind);
-      io.Field(4, head.length);
+      WalkNumbers(io, 0, head.kind, head.length);
     }
   };
   using FileHeadBlock = std::array<std::byte, FileHead::kLength>;

@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "io/BinaryFields.h"
+
 namespace zelconvert {
 
 struct CR5_HEADER {
@@ -21,8 +23,7 @@ struct CR5_HEADER {
   /// The bytes ahead of the numbers are the signature and zeros; no reader looks at them.
   template <class Io, class Header>
   static void Walk(Io& io, Header& header) {
-    io.Field(30, header.maxPoint);
-    io.Field(34, header.firstPoint);
+    WalkNumbers(io, 30, header.maxPoint, header.firstPoint);
   }
 };
 
@@ -42,10 +43,7 @@ struct CoordinateRecord {
   /// A zero byte stands after the description.
   template <class Io, class Record>
   static void Walk(Io& io, Record& record) {
-    io.Field(0, record.number);
-    io.Field(4, record.east);
-    io.Field(12, record.north);
-    io.Field(20, record.elevation);
+    WalkNumbers(io, 0, record.number, record.east, record.north, record.elevation);
     io.Bytes(28, record.description);
   }
 };

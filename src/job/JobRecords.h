@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "io/BinaryFields.h"
 #include "platform/Platform.h"
 
 namespace zelconvert {
@@ -103,9 +104,7 @@ struct JOB_POINT {
   static void WalkHead(Io& io, Record& point) {
     WalkName(io, point.name);
     io.Text(34, point.description, kJobNameUnits);
-    io.Field(68, point.east);
-    io.Field(76, point.north);
-    io.Field(84, point.elevation);
+    WalkNumbers(io, 68, point.east, point.north, point.elevation);
   }
 };
 
@@ -166,9 +165,7 @@ struct JOB_RECORD10 {
     io.Field(kIdOffset, road.id);
     io.Field(22, road.value1);
     io.Bytes(30, road.reserved);
-    io.Field(64, road.value2);
-    io.Field(72, road.value3);
-    io.Field(80, road.value4);
+    WalkNumbers(io, 64, road.value2, road.value3, road.value4);
   }
 };
 
@@ -191,9 +188,7 @@ struct JOB_RECORD16 {
     io.Bytes(4, element.reserved);
     io.Field(38, element.value1);
     io.Text(46, element.name, kJobNameUnits);
-    io.Field(80, element.value2);
-    io.Field(88, element.value3);
-    io.Field(96, element.value4);
+    WalkNumbers(io, 80, element.value2, element.value3, element.value4);
     if (form == JobRecordForm::New) io.Bytes(104, element.reservedTail);
   }
 };
@@ -242,14 +237,8 @@ struct JOB_GENERIC_RECORD {
 /// Date and time as eight words, in the order of a job header.
 template <class Io, class Time>
 void WalkTime(Io& io, std::size_t offset, Time& time) {
-  io.Field(offset, time.year);
-  io.Field(offset + 2, time.month);
-  io.Field(offset + 4, time.dayOfWeek);
-  io.Field(offset + 6, time.day);
-  io.Field(offset + 8, time.hour);
-  io.Field(offset + 10, time.minute);
-  io.Field(offset + 12, time.second);
-  io.Field(offset + 14, time.millisecond);
+  WalkNumbers(io, offset, time.year, time.month, time.dayOfWeek, time.day, time.hour, time.minute,
+              time.second, time.millisecond);
 }
 
 /// Bits of JOB_SETTINGS::flags.
@@ -282,8 +271,7 @@ struct JOB_HEADER : JOB_SETTINGS {
     WalkTime(io, 0, header.creationTime);
     io.Field(16, header.flags);
     io.Field(20, header.scale);
-    io.Field(28, header.distanceUnit);
-    io.Field(30, header.angleUnit);
+    WalkNumbers(io, 28, header.distanceUnit, header.angleUnit);
     io.Text(32, header.featureFile, kJobPathUnits);
     io.Field(554, header.headerExtra);
   }
@@ -305,14 +293,10 @@ struct JOB_OLD_HEADER : JOB_SETTINGS {
   template <class Io, class Header>
   static void Walk(Io& io, Header& header) {
     WalkTime(io, 4, header.creationTime);
-    io.Field(24, header.method);
-    io.Field(26, header.coordSystem);
-    io.Field(28, header.datum);
-    io.Field(30, header.zoneId);
-    io.Field(32, header.hemisphere);
+    WalkNumbers(io, 24, header.method, header.coordSystem, header.datum, header.zoneId,
+                header.hemisphere);
     io.Field(1078, header.flags);
-    io.Field(1082, header.scale);
-    io.Field(1090, header.secondFactor);
+    WalkNumbers(io, 1082, header.scale, header.secondFactor);
     io.Field(1098, header.distanceUnit);
     io.Field(1102, header.angleUnit);
   }
