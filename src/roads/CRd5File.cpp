@@ -50,13 +50,13 @@ void CRd5File::WriteHL(double azimuth, double length) {
   WriteLine(m_line);
 }
 
-void CRd5File::WriteHC(double azimuth, double radius, double length, std::wstring_view direction) {
+void CRd5File::WriteHC(double azimuth, double radius, double length, std::string_view direction) {
   CommaLine(m_line, "HC").Angle(azimuth).Real(radius).Real(length).Text(direction);
   WriteLine(m_line);
 }
 
-void CRd5File::WriteHS(double azimuth, double radius, double length, std::wstring_view direction,
-                       std::wstring_view joins) {
+void CRd5File::WriteHS(double azimuth, double radius, double length, std::string_view direction,
+                       std::string_view joins) {
   CommaLine(m_line, "HS").Angle(azimuth).Real(radius).Real(length).Text(direction).Text(joins);
   WriteLine(m_line);
 }

@@ -10,6 +10,9 @@
 
 namespace zelconvert {
 
+/// In place of an azimuth: the element goes on in the direction of the one before.
+inline constexpr double kGoesOn = -1.0;
+
 /// A station as road files state it: 1234.5 is number 12, offset 34.5.
 struct RoadStation {
   std::int32_t number = 0;  ///< station / 100, truncated, saturated to 32 bits
@@ -39,11 +42,11 @@ class CRd5File : public CFileCE {
 
   /// azimuth: in the form the file shows (DDD.MMSSs or gons).
   void WriteHL(double azimuth, double length);
-  /// azimuth: -1 goes on from the element before. radius: positive. direction: "L" or "R".
-  void WriteHC(double azimuth, double radius, double length, std::wstring_view direction);
+  /// azimuth: may be kGoesOn. radius: positive. direction: "L" or "R".
+  void WriteHC(double azimuth, double radius, double length, std::string_view direction);
   /// joins: what the spiral starts from, "C" a curve, "T" a tangent.
-  void WriteHS(double azimuth, double radius, double length, std::wstring_view direction,
-               std::wstring_view joins);
+  void WriteHS(double azimuth, double radius, double length, std::string_view direction,
+               std::string_view joins);
   /// A straight of the profile; grade in percent.
   void WriteVG(double length, double grade);
   /// A parabola from one grade to the other, in percent.

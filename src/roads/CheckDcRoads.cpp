@@ -20,13 +20,14 @@ class RoadCheck {
 
   /// Whether a line of this type says anything where the file stands.
   bool Wants(std::int32_t type) const {
-    return m_isRoadOpen || type == tDC_ROAD_HEADERRecord::kType || type == tDC_HEADERRecord::kType;
+    return type == tDC_ROAD_HEADERRecord::kType || type == tDC_HEADERRecord::kType ||
+           (m_isRoadOpen && !m_road.isBad && FindHandler(type) != nullptr);
   }
 
   void Line(std::int32_t type, const DcLine& line) {
     if (type == tDC_ROAD_HEADERRecord::kType) return BeginRoad(line);
     if (type == tDC_HEADERRecord::kType && line.Size() < tDC_HEADERRecord::kShortestLine) {
-      m_foundAnything = true;
+      m_found.isAny = true;
     }
     if (!m_isRoadOpen || m_road.isBad) return;
     const Handler* handler = FindHandler(type);
@@ -43,7 +44,7 @@ class RoadCheck {
     m_badRoads.Insert(m_road.name);
   }
 
-  bool FoundAnything() const { return m_foundAnything; }
+  const FoundRoads& GetFound() const { return m_found; }
 
  private:
   using Handler = void (RoadCheck::*)(const DcLine& line);
@@ -52,6 +53,7 @@ class RoadCheck {
     using Self = RoadCheck;
     static constexpr auto kHandlers = MakeHandlerTable<kDcTypeCount, std::int32_t, Handler>({
         {tDC_ROAD_HALRecord::kType, &Self::On<tDC_ROAD_HALRecord>},
+        {tDC_ROAD_STRAIGHT_POINTRecord::kType, &Self::OnStraightPoint},
         {tDC_ROAD_VALRecord::kType, &Self::On<tDC_ROAD_VALRecord>},
         {tDC_ROAD_VCIRCULARRecord::kType, &Self::OnVerticalCircular},
         {tDC_ROAD_VASYMMETRICRecord::kType, &Self::OnVerticalAsymmetric},
@@ -69,6 +71,7 @@ class RoadCheck {
   void On(const DcLine& line) {
     Check(m_records.Read<Record>(line));
   }
+  void OnStraightPoint(const DcLine&) { m_found.hasPoint = true; }
   void OnVerticalCircular(const DcLine&) { Refuse(road_texts::kVerticalCircular); }
   void OnVerticalAsymmetric(const DcLine&) { Refuse(road_texts::kVerticalAsymmetric); }
 
@@ -129,7 +132,7 @@ class RoadCheck {
 
   void BeginRoad(const DcLine& line) {
     EndRoad();
-    m_foundAnything = true;
+    m_found.isAny = true;
     m_isRoadOpen = true;
     m_road = {};
     m_road.name = m_records.Read<tDC_ROAD_HEADERRecord>(line).name;
@@ -168,7 +171,7 @@ class RoadCheck {
     bool hasTemplate = false;
     Template current;  // until the first template: what stands before it
   };
-  bool m_foundAnything = false;
+  FoundRoads m_found;
   bool m_isRoadOpen = false;
   Road m_road;
   CRoadRecords m_records;
@@ -180,7 +183,7 @@ std::wstring FormatRoadFailure(const std::wstring& roadName) {
   return FormatText(road_texts::kRoadFailure, roadName);
 }
 
-bool CheckDcRoads(CDcFile& file, RoadNames& badRoads, MessageList& messages) {
+FoundRoads CheckDcRoads(CDcFile& file, RoadNames& badRoads, MessageList& messages) {
   RoadCheck check(badRoads, messages);
   DcLine line;
   file.Rewind();
@@ -191,7 +194,7 @@ bool CheckDcRoads(CDcFile& file, RoadNames& badRoads, MessageList& messages) {
     if (!CDcFile::IsDeleted(line)) check.Line(type, line);
   }
   check.EndRoad();
-  return check.FoundAnything();
+  return check.GetFound();
 }
 
 }  // namespace zelconvert

@@ -15,10 +15,15 @@ using RoadNames = NameSet;
 /// "Road %s in the DC file could not be converted to RD5 files."
 std::wstring FormatRoadFailure(const std::wstring& roadName);
 
+/// What a file holds for a conversion of roads to do. Most DC files hold nothing.
+struct FoundRoads {
+  bool isAny = false;     ///< a road, good or bad, or a header line that ends it
+  bool hasPoint = false;  ///< a straight to a point
+};
+
 /// Reads the whole file and adds to `badRoads` each road that breaks a rule. For each, `messages`
 /// gets the text of the first rule it breaks and FormatRoadFailure. docs/formats/roads.md lists the
-/// rules. Returns false if the file holds nothing for a conversion of roads to do: no road, good or
-/// bad, and no header line that ends it. Most DC files are such.
-[[nodiscard]] bool CheckDcRoads(CDcFile& file, RoadNames& badRoads, MessageList& messages);
+/// rules.
+[[nodiscard]] FoundRoads CheckDcRoads(CDcFile& file, RoadNames& badRoads, MessageList& messages);
 
 }  // namespace zelconvert

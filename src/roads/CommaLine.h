@@ -28,8 +28,13 @@ class CommaLine {
     AppendFixed(Comma(), value, 3);
     return *this;
   }
-  /// Azimuths: 5 decimals, a tenth of a second in DDD.MMSSs.
+  CommaLine& Text(std::string_view ascii) {
+    Comma().append(ascii);
+    return *this;
+  }
+  /// Azimuths: 5 decimals, a tenth of a second in DDD.MMSSs. Most aren't azimuths but -1.
   CommaLine& Angle(double value) {
+    if (value == -1.0) return Text("-1.00000");
     AppendFixed(Comma(), value, 5);
     return *this;
   }

@@ -41,8 +41,9 @@ class RoadConversion {
       : m_file(file), m_report(report), m_roads(roads), m_files(folder, report) {}
 
   bool Run() {
-    if (!CheckDcRoads(m_file, m_badRoads, m_report.messages)) return true;
-    return ConvertLines() || Fail();
+    const FoundRoads found = CheckDcRoads(m_file, m_badRoads, m_report.messages);
+    m_settings.needsPlaces = found.hasPoint;
+    return !found.isAny || ConvertLines() || Fail();
   }
 
  private:
@@ -86,18 +87,14 @@ class RoadConversion {
   bool ConvertLines() {
     DcLine line;
     m_file.Rewind();
-    while (m_file.ReadLine(line)) {
-      if (!ConvertLine(line)) return false;
+    for (std::string_view bytes; m_file.ReadLine(bytes);) {
+      const Row* row = FindRow(CDcFile::GetRecordType(bytes));
+      if (row == nullptr || (row->isOfRoad && !m_road)) continue;
+      line.Set(bytes);
+      if (CDcFile::IsBlank(line) || CDcFile::IsDeleted(line)) continue;
+      if (!(this->*row->handle)(line)) return row->isOfRoad && TakeStartOfFailedRoad();
     }
     return FinishRoad();
-  }
-
-  bool ConvertLine(const DcLine& line) {
-    if (CDcFile::IsBlank(line) || CDcFile::IsDeleted(line)) return true;
-    const Row* row = FindRow(CDcFile::GetRecordType(line));
-    if (row == nullptr || (row->isOfRoad && !m_road)) return true;
-    if ((this->*row->handle)(line)) return true;
-    return row->isOfRoad && TakeStartOfFailedRoad();
   }
 
   /// A road that fails on the way is listed all the same, and its record 84 may be still to come.

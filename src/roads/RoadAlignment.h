@@ -22,6 +22,7 @@ struct RoadSettings {
                                                          ///< north
   AngularUnit angleUnits = AngularUnit::DecimalDegrees;  ///< or gons: of angles read and written
   AzimuthOrigin azmDir = AzimuthOrigin::North;
+  bool needsPlaces = true;  ///< false: no element names a point, so none asks where it starts
 };
 
 class CRoadAlignment {
@@ -45,7 +46,8 @@ class CRoadAlignment {
     const double length = std::sqrt(north * north + east * east);
     end.azimuth = std::atan2(east, north);
     m_file.WriteHL(DisplayAzimuth(FromFileOrigin(end.azimuth), m_settings.angleUnits), length);
-    MoveTo(end, length, false);
+    m_last = end;
+    MoveOn(length, false);
   }
 
   void Add(const tDC_ROAD_STRAIGHTRecord& straight) {
@@ -53,9 +55,11 @@ class CRoadAlignment {
       const bool inGons = m_settings.angleUnits == AngularUnit::Gon;
       m_file.WriteHL(inGons ? straight.azimuth : DegreesToDms(straight.azimuth), straight.length);
     }
-    const double azimuth =
-        FromFileOrigin(RadiansFromAngle(straight.azimuth, m_settings.angleUnits));
-    MoveTo(StraightEnd(m_last, azimuth, straight.length), straight.length, false);
+    if (m_settings.needsPlaces) {
+      const double azimuth = RadiansFromAngle(straight.azimuth, m_settings.angleUnits);
+      m_last = StraightEnd(m_last, FromFileOrigin(azimuth), straight.length);
+    }
+    MoveOn(straight.length, false);
   }
 
   void Add(const tDC_ROAD_ARCRecord& arc) { AddArc(TurnOfSignedRadius(arc.radius), arc.length); }
@@ -72,8 +76,9 @@ class CRoadAlignment {
   void Add(const tDC_ROAD_SPIRALRecord& spiral) {
     const Turn turn = TurnOfSignedRadius(spiral.radius);
     m_file.WriteHS(kGoesOn, turn.radius, spiral.length, DirectionOf(turn),
-                   m_bAfterCurve ? L"C" : L"T");
-    MoveTo(SpiralEnd(m_last, turn, spiral.length, m_bAfterCurve), spiral.length, true);
+                   m_bAfterCurve ? "C" : "T");
+    if (m_settings.needsPlaces) m_last = SpiralEnd(m_last, turn, spiral.length, m_bAfterCurve);
+    MoveOn(spiral.length, true);
   }
 
   void Add(const tDC_ROAD_VALRecord& start) {
@@ -119,11 +124,8 @@ class CRoadAlignment {
  private:
   /// Straights below it are left out of the road file.
   static constexpr double kShortestStraight = 0.001;
-  /// In place of an azimuth: the element goes on in the direction of the one before.
-  static constexpr double kGoesOn = -1.0;
-
-  static constexpr std::wstring_view DirectionOf(const Turn& turn) {
-    return turn.isRight ? L"R" : L"L";
+  static constexpr std::string_view DirectionOf(const Turn& turn) {
+    return turn.isRight ? "R" : "L";
   }
 
   /// An azimuth as the file counts it against the one from north, which positions run on.
@@ -133,11 +135,11 @@ class CRoadAlignment {
 
   void AddArc(const Turn& turn, double length) {
     m_file.WriteHC(kGoesOn, turn.radius, length, DirectionOf(turn));
-    MoveTo(ArcEnd(m_last, turn, length), length, true);
+    if (m_settings.needsPlaces) m_last = ArcEnd(m_last, turn, length);
+    MoveOn(length, true);
   }
 
-  void MoveTo(const AlignmentPoint& end, double length, bool afterCurve) {
-    m_last = end;
+  void MoveOn(double length, bool afterCurve) {
     m_dLastStation += length;
     m_bAfterCurve = afterCurve;
   }
