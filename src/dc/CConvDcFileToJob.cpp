@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "convert/CConvertProgress.h"
@@ -45,7 +46,7 @@ class DcToJob {
   bool Convert() {
     m_progress.Start();
     return m_job.ReadJobHeader(m_settings) && m_job.SeekToFirstRecord() && WriteLayer() &&
-           ConvertRoads() && ConvertLines() && WriteCoordinateSystem() && CheckPoints();
+           m_dc.Rewind() && ConvertFile();
   }
 
  private:
@@ -60,12 +61,30 @@ class DcToJob {
     return !IsNewJob() || m_job.WriteLayer(DefaultLayer());
   }
 
-  // Roads go into files of their own beside the job. A road that fails there doesn't stop the job:
-  // it takes the roads that were met.
+  // A run that fails tells of its roads, too, and what is wrong with them comes first.
+  bool ConvertFile() {
+    try {
+      if (ConvertLines() && WriteCoordinateSystem() && CheckPoints()) return true;
+    } catch (const ConversionFailure&) {
+      static_cast<void>(ConvertRoads());
+      throw;
+    }
+    static_cast<void>(ConvertRoads());
+    return false;
+  }
+
+  // Roads go into files of their own beside the job, all of them when the first is met: a file
+  // without any is read once. A road that fails there doesn't stop the job: it takes the roads that
+  // were met.
   bool ConvertRoads() {
+    if (std::exchange(m_bRoadsConverted, true)) return true;
+    const std::int64_t position = m_dc.GetPosition();
+    StringList said;
+    said.swap(m_report.messages);
     static_cast<void>(
         ConvertDcRoads(m_dc, m_report, m_roads, GetFolder(m_job.GetFile().GetPath())));
-    return m_dc.Rewind();
+    m_report.messages.insert(m_report.messages.end(), said.begin(), said.end());
+    return m_dc.SeekTo(position);
   }
 
   bool ConvertLines() {
@@ -181,6 +200,7 @@ class DcToJob {
   bool OnRoad(const DcLine& line) {
     tDC_ROAD_HEADERRecord road;
     CDcFile::Read(line, road);
+    if (!ConvertRoads()) return false;
     m_pRoad = nullptr;
     std::string name;
     AppendUtf8(name, road.name);
@@ -283,6 +303,7 @@ class DcToJob {
   bool m_bPlainGridMode = false;  // the grid of a 64 without projection
   PointNameSet m_pointNames;      // the point "1" before a road isn't among them
   bool m_bAnyPoint = false;       // the point "1" included
+  bool m_bRoadsConverted = false;
   RoadHeaders m_roads;
   std::size_t m_nRoads = 0;              // how many of them have come
   const ROAD_HEADER* m_pRoad = nullptr;  // of the last 28, null if it wasn't converted

@@ -9,7 +9,7 @@ namespace zelconvert {
 namespace {
 
 constexpr std::uint32_t kTextModeBit = 0x4000;
-constexpr std::size_t kPieceUnits = 256;                      // what one step of the writer takes
+constexpr std::size_t kPieceUnits = 256;                      // see WriteString
 constexpr std::size_t kChunkBytes = 256;                      // UTF-16 takes twice as many
 constexpr std::size_t kMostHeld = 3 * CFileCE::kLongestLine;  // bytes: no unit takes more than 3
 
@@ -87,11 +87,19 @@ bool CTextFile::ReadString(std::string_view& line) {
 }
 
 bool CTextFile::WriteString(std::string_view text) {
-  while (!text.empty()) {
-    const std::string_view piece = FirstUnits(text, kPieceUnits);
-    text.remove_prefix(piece.size());
-    WriteLines(piece, !text.empty() && piece.back() != '\n');
+  m_strWrite.clear();
+  for (std::size_t units = 0; !text.empty(); ++units) {
+    const std::string_view line = text.substr(0, text.find('\n'));
+    const bool isLast = line.size() == text.size();
+    text.remove_prefix(std::min(line.size() + 1, text.size()));
+    WriteEncoded(line);
+    if (m_Encoding == kAnsi && !isLast) {
+      units += CountUnits(line);
+      if (line.empty() || units % kPieceUnits == 0) continue;
+    }
+    WriteEncoded("\r\n");
   }
+  m_File.Write(m_strWrite.data(), m_strWrite.size());
   return !HasWriteFailed();
 }
 
@@ -210,19 +218,6 @@ std::size_t CTextFile::WholeSequences(std::string_view chunk) const {
     if (byte < 0x80) return i + 1;
   }
   return 0;
-}
-
-// bSplit: the text goes on after this piece, so its last line has no end yet.
-void CTextFile::WriteLines(std::string_view piece, bool bSplit) {
-  m_strWrite.clear();
-  while (!piece.empty()) {
-    const std::string_view line = piece.substr(0, piece.find('\n'));
-    piece.remove_prefix(std::min(line.size() + 1, piece.size()));
-    if (m_Encoding == kAnsi && line.empty()) continue;
-    WriteEncoded(line);
-    if (!piece.empty() || !bSplit) WriteEncoded("\r\n");
-  }
-  m_File.Write(m_strWrite.data(), m_strWrite.size());
 }
 
 void CTextFile::WriteEncoded(std::string_view text) {

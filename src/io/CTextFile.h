@@ -62,7 +62,8 @@ class CTextFile {
   /// odd byte at the end of a file of UTF-16 doesn't come.
   bool ReadString(std::string_view& line);
   /// Writes `text` and CR LF; text with line feeds in it becomes several lines. An empty text
-  /// writes nothing, an empty line none in 8-bit encoding. False if a write failed, now or earlier.
+  /// writes nothing. In 8-bit encoding an empty line writes none, and one that ends where a piece
+  /// of 256 UTF-16 units of the text does has no line end. False if a write failed, now or earlier.
   bool WriteString(std::string_view text);
   /// True once a write, or a read, has failed since Open.
   bool HasWriteFailed() const { return m_File.HasWriteFailed(); }
@@ -89,7 +90,6 @@ class CTextFile {
   char16_t FirstUnit(std::string_view chunk) const {
     return Utf16UnitAt(chunk.data(), m_Encoding == kUtf16BigEndian);
   }
-  void WriteLines(std::string_view piece, bool bSplit);
   void WriteEncoded(std::string_view text);
 
   CFileCE m_File;
