@@ -16,11 +16,12 @@ struct Parts {
   int first, next, last;
 };
 
-// At most four characters, digits in every file that isn't damaged.
-int ParsePart(std::string_view text) {
+// A few digits, as parts of dates and most integers are, need no more than this.
+int ParseDigits(std::string_view text) {
+  constexpr std::size_t kFew = 4;
   int value = 0;
   for (const char c : text) {
-    if (!IsDigit(c)) return ToInteger(text);
+    if (!IsDigit(c) || text.size() > kFew) return ToInteger(text);
     value = value * 10 + (c - '0');
   }
   return value;
@@ -35,8 +36,8 @@ std::string AsciiUnits(std::string_view text) {
 
 Parts SplitDigits(std::string_view text, std::size_t firstWidth) {
   if (AsciiPrefix(text) < text.size()) return SplitDigits(AsciiUnits(text), firstWidth);
-  return {ParsePart(text.substr(0, firstWidth)), ParsePart(Mid(text, firstWidth, 2)),
-          ParsePart(text.substr(text.size() - std::min<std::size_t>(text.size(), 2)))};
+  return {ParseDigits(text.substr(0, firstWidth)), ParseDigits(Mid(text, firstWidth, 2)),
+          ParseDigits(text.substr(text.size() - std::min<std::size_t>(text.size(), 2)))};
 }
 
 void RequireRange(int value, int low, int high) {
@@ -119,16 +120,25 @@ void CMoskoJobRecordField::SetText(std::string_view value) {
     case IljFieldKind::PointName:
       return SetUtf8(value.substr(0, value.find_last_not_of(' ') + 1));
     case IljFieldKind::Date:
-      return SetNumber(static_cast<double>(ParseDate(value)));
     case IljFieldKind::Time:
-      return SetNumber(static_cast<double>(ParseTime(value)));
+      return SetMoment(value);
     case IljFieldKind::Integer:
-      return SetNumber(ToInteger(value));
+      return SetNumber(ParseDigits(value));
     case IljFieldKind::TruncatedReal:
       return SetNumber(ParseTruncated(value));
     case IljFieldKind::Real:
       return SetNumber(ToReal(value));
   }
+}
+
+void CMoskoJobRecordField::SetMoment(std::string_view value) {
+  if (!m_hasMoment || value != m_momentText) {
+    const bool isDate = Form().kind == IljFieldKind::Date;
+    m_moment = static_cast<double>(isDate ? ParseDate(value) : ParseTime(value));
+    m_momentText = value;
+    m_hasMoment = true;
+  }
+  SetNumber(m_moment);
 }
 
 void CMoskoJobRecordField::AppendText(std::string& line) const {

@@ -211,6 +211,7 @@ class CMoskoJobRecordField {
   void Restart(IljFieldType type) {
     m_type = type;
     m_decimals = Form().decimals;
+    m_hasMoment = false;
     Clear();
   }
   /// Back to the unset value.
@@ -256,6 +257,7 @@ class CMoskoJobRecordField {
  private:
   const IljFieldForm& Form() const { return IljLayoutOf(m_type).form; }
   bool AcceptsValue() const;
+  void SetMoment(std::string_view value);
   void SetUtf8(std::string_view value) {
     m_string = value;
     m_isValid.reset();
@@ -264,6 +266,10 @@ class CMoskoJobRecordField {
   IljFieldType m_type = IljFieldType::None;
   int m_decimals = 0;
   double m_number = 0;
+  // The last text of a date or time and its value: most lines have those of the line before.
+  std::string m_momentText;
+  double m_moment = 0;
+  bool m_hasMoment = false;
   std::string m_string;         // UTF-8
   mutable std::wstring m_wide;  // the same, when it was asked for
   // Of the value at hand, once it was asked for: the rules of a record ask, and its line does.
