@@ -8,6 +8,7 @@
 #include <set>
 #include <system_error>
 #include <thread>
+#include <unordered_set>
 
 #include "cli/BatchLog.h"
 #include "cli/BatchPlan.h"
@@ -50,8 +51,8 @@ class Batch {
   std::condition_variable m_isTold;
   std::size_t m_next = 0;
   bool m_isStopped = false;
-  std::set<fs::path> m_folders;  // that are prepared
-  std::set<fs::path> m_made;     // by this run
+  std::set<fs::path> m_folders;            // that are prepared
+  std::unordered_set<std::string> m_made;  // by this run, as arguments give them
 };
 
 ExitCode Batch::Run() {
@@ -144,14 +145,14 @@ std::vector<std::string> Batch::Judge(std::size_t number, const std::vector<std:
   m_isTold.wait(held, [&] { return m_log.GetTold() == number; });
   std::vector<std::string> kept;
   std::ranges::copy_if(targets, std::back_inserter(kept), [this](const std::string& target) {
-    return m_made.contains(platform::ToPath(target));
+    return m_made.contains(platform::ToArgument(platform::ToPath(target)));
   });
   return kept;
 }
 
 void Batch::Finish(std::size_t number, BatchStatus status, Outcome outcome) {
   const std::lock_guard held(m_guard);
-  m_made.insert(outcome.files.begin(), outcome.files.end());
+  for (const fs::path& file : outcome.files) m_made.insert(platform::ToArgument(file));
   m_log.Add(number, status, std::move(outcome));
   m_isStopped = m_isStopped || (status == BatchStatus::Failed && !m_options.keepGoing);
   m_isTold.notify_all();

@@ -150,7 +150,7 @@ std::string BatchLog::TellCounts() const {
 void BatchLog::ShowProgress() {
   using namespace std::chrono_literals;
   const auto now = steady_clock::now();
-  if (!ShowsProgress() || (m_isShown && now - m_lastShown < 100ms)) return;
+  if (!m_showsProgress || (m_isShown && now - m_lastShown < 100ms)) return;
   const std::size_t run = Count(BatchStatus::Converted) + Count(BatchStatus::Failed);
   const std::size_t done = run + Count(BatchStatus::Skipped);
   if (run == 0) return;

@@ -53,6 +53,7 @@ class BatchLog {
   std::array<std::size_t, 4> m_counts = {};  // of each status
   Json::List m_objects;                      // of the files told, if JSON is printed at the end
   std::unique_ptr<std::FILE, int (*)(std::FILE*)> m_pReport{nullptr, &std::fclose};
+  const bool m_showsProgress = ShowsProgress();
   bool m_isShown = false;  // the line of progress
   std::chrono::steady_clock::time_point m_start = std::chrono::steady_clock::now();
   std::chrono::steady_clock::time_point m_lastShown = {};

@@ -53,15 +53,18 @@ fs::path PlaceBelow(const fs::path& folder, const fs::path& given, const std::st
 // Names of files, whatever links lead to their folders.
 class RealNames {
  public:
+  /// path: absolute.
   Key Get(const fs::path& path) {
-    const auto [at, isNew] = m_folders.try_emplace(path.parent_path());
+    const Key& name = path.native();
+    const std::size_t start = name.size() - path.filename().native().size();
+    const auto [at, isNew] = m_folders.try_emplace(name.substr(0, start));
     std::error_code error;
-    if (isNew) at->second = fs::weakly_canonical(path.parent_path(), error);
-    return platform::NameKey(at->second / path.filename());
+    if (isNew) at->second = (fs::weakly_canonical(path.parent_path(), error) / "").native();
+    return platform::NameKey(at->second + name.substr(start));
   }
 
  private:
-  std::map<fs::path, fs::path> m_folders;
+  std::map<Key, Key> m_folders;  // with a separator at the end
 };
 
 void CheckDistinctFiles(const std::vector<BatchFile>& files) {

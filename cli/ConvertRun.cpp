@@ -115,7 +115,8 @@ void ConvertRun::Run(const ConvertPlan& plan, bool force, Outcome& outcome,
   }
   const std::string fault = plan.verify ? Verify(plan, staged, outcome) : "";
   if (!fault.empty() && !plan.keep) throw HostFailure(kFailed, fault + "; it was not kept");
-  const Paths targets = staging->GetTargets();
+  const bool mayMakeRoads = kDcTypes.Contains(asked.from);  // files beside the output
+  const Paths targets = mayMakeRoads ? staging->GetTargets() : Paths{asked.output};
   const Paths kept = approve && targets.size() > 1 ? approve(targets) : Paths();
   outcome.files = staging->MoveFiles(targets, asked.output, force, kept);
   if (targets.size() == 1) m_pStaging = std::move(staging);

@@ -68,7 +68,8 @@ std::vector<fs::path> StagingFolder::MoveFiles(std::vector<fs::path> targets,
   std::vector<fs::path> moved;
   for (const fs::path& target : targets) {
     if (target != output && HaveSameBytes(GetPath() / target.filename(), target)) continue;
-    OutputPlace(target).CheckReplaceable(replace);
+    const bool isTold = targets.size() == 1 && !replace;  // of what is there, by the move itself
+    if (!isTold) OutputPlace(target).CheckReplaceable(replace);
     if (std::find(kept.begin(), kept.end(), target) != kept.end()) {
       throw HostFailure(kNoOutput, platform::ToText(target) +
                                        " has just been made of another file, with other contents");

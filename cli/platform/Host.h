@@ -37,7 +37,7 @@ std::string ToText(const std::filesystem::path& path);
 std::string FromLibraryText(std::wstring_view text);
 
 /// Equal for two spellings that the system takes for one name.
-std::filesystem::path::string_type NameKey(const std::filesystem::path& path);
+std::filesystem::path::string_type NameKey(std::filesystem::path::string_type name);
 
 /// Whether the file opens for reading.
 bool IsReadable(const std::filesystem::path& path);

@@ -98,8 +98,7 @@ bool RunSteps(const ConvertRequest& request, Report& report, const DriverRun& ru
   if (!input.IsFile()) return Fail(report, run.missing, request.input);
   if (!run.openInput()) return Fail(report, DriverText::CannotOpen, request.input);
   OutputGuard output(request.output, report);
-  // An output that is the input would be emptied before it is read. Mostly there is none.
-  if (platform::IsSameFile(request.output, request.input) || !run.createOutput()) {
+  if (!run.createOutput()) {
     output.Keep();
     CloseAll(run);
     return Fail(report, DriverText::CannotCreate, request.output);

@@ -31,7 +31,7 @@ enum class FileState { Intact, ReadFailed, WriteFailed };
 struct DriverRun {
   DriverText missing = DriverText::FileMissing;  ///< the text for an input that is no file
   std::function<bool()> openInput;
-  std::function<bool()> createOutput;
+  std::function<bool()> createOutput;  ///< an input that is open is refused as an output
   std::function<bool()> convert;
   std::vector<std::function<FileState()>> closing;  ///< in this order
 };

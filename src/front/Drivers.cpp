@@ -152,21 +152,26 @@ bool OpenInput(CFileCE& /*file*/, const std::wstring& /*path*/) {
   return true;
 }
 
-/// convert: called with the job that was made.
+/// convert: called with the job that was made. An input that isn't open has to be told from the
+/// output, in whose place it would be emptied.
 template <class Input, class Convert>
 bool ToJob(const ConvertRequest& asked, Report& report, Input& input, Convert convert) {
   ConvertRequest request = asked;
   if (asked.output.empty()) request.output = MakeTempJob(nullptr, {});
   const JobOutput& form = Find(kJobOutputs, request.outputType);
   CJobFile job(form.brand);
-  const bool converted =
-      Execute(request, report,
-              {
-                  .openInput = [&] { return OpenInput(input, request.input); },
-                  .createOutput = [&] { return job.Create(request.output, form.version); },
-                  .convert = [&] { return convert(job); },
-                  .closing = {Closer(job.GetFile()), Closer(input)},
-              });
+  const bool converted = Execute(
+      request, report,
+      {
+          .openInput = [&] { return OpenInput(input, request.input); },
+          .createOutput =
+              [&] {
+                return (input.IsOpen() || !platform::IsSameFile(request.output, request.input)) &&
+                       job.Create(request.output, form.version);
+              },
+          .convert = [&] { return convert(job); },
+          .closing = {Closer(job.GetFile()), Closer(input)},
+      });
   if (!converted && asked.output.empty()) RemoveOutput(request.output);
   return converted;
 }

@@ -86,8 +86,8 @@ std::string FromLibraryText(std::wstring_view text) {
   return bytes;
 }
 
-std::filesystem::path::string_type NameKey(const std::filesystem::path& path) {
-  return path.native();
+std::filesystem::path::string_type NameKey(std::filesystem::path::string_type name) {
+  return name;
 }
 
 bool IsReadable(const std::filesystem::path& path) {

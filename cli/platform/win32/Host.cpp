@@ -144,10 +144,9 @@ std::string FromLibraryText(std::wstring_view text) {
   return Utf8(text);
 }
 
-std::filesystem::path::string_type NameKey(const std::filesystem::path& path) {
-  std::wstring key = path.native();
-  CharUpperBuffW(key.data(), static_cast<DWORD>(key.size()));
-  return key;
+std::filesystem::path::string_type NameKey(std::filesystem::path::string_type name) {
+  CharUpperBuffW(name.data(), static_cast<DWORD>(name.size()));
+  return name;
 }
 
 bool IsReadable(const std::filesystem::path& path) {
