@@ -79,12 +79,19 @@ class PointNameSet {
       return hash ^ (hash >> 33);
     }
 
+    // Without a call, which the comparison of arrays is.
+    static bool IsSame(const Key& a, const Key& b) {
+      std::uint64_t others = 0;
+      for (std::size_t i = 0; i < words; ++i) others |= a[i] ^ b[i];
+      return others == 0;
+    }
+
     Slot& FindSlot(const Key& before) {
       std::uint64_t hash = 0;
       for (const std::uint64_t word : before) hash = Mix(hash ^ word);
       const std::size_t mask = m_slots.size() - 1;
       std::size_t index = static_cast<std::size_t>(hash) & mask;
-      while (m_slots[index].last != 0 && m_slots[index].before != before)
+      while (m_slots[index].last != 0 && !IsSame(m_slots[index].before, before))
         index = (index + 1) & mask;
       return m_slots[index];
     }
