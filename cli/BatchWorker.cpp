@@ -159,7 +159,7 @@ BatchWorker::BatchWorker(const Options& options)
 
 BatchWorker::~BatchWorker() {
   m_process.Wait();
-  RemoveAbandonedFolders(m_folder);
+  for (const fs::path& folder : m_folders) RemoveAbandonedFolders(folder);
 }
 
 // All of the bytes, or false.
@@ -195,11 +195,10 @@ bool BatchWorker::Converse(const BatchFile& file, bool replace, const Judge& jud
 
 bool BatchWorker::Convert(const BatchFile& file, bool replace, const Judge& judge,
                           Outcome& outcome) {
-  const fs::path before = std::exchange(m_folder, file.output.parent_path());
+  m_folders[0] = std::exchange(m_folders[1], file.output.parent_path());
   if (Converse(file, replace, judge, outcome)) return true;
   outcome = {};
   outcome.error = "the process that converted it " + m_process.Wait();
-  RemoveAbandonedFolders(before);
   return false;
 }
 

@@ -42,7 +42,7 @@ class BatchWorker {
 
   const Options& m_options;
   platform::WorkerProcess m_process;
-  std::filesystem::path m_folder;  // in which the last output was to be made
+  std::array<std::filesystem::path, 2> m_folders;  // of the two last outputs
   std::array<char, 4096> m_block = {};
   std::string_view m_received;  // of the block, not yet read
 };

@@ -165,12 +165,14 @@ class HostTest(FolderTest):
         for name, text in ("r1.dc", first), ("r2.dc", other), ("r3.dc", road):
             pathlib.Path(self.folder, name).write_bytes(text)
         for jobs in "1", "3":
-            arguments = ["batch", "--to", "job", "--out-dir", jobs, "r1.dc", "r2.dc", "r3.dc", "c.dc", "--keep-going"]
+            names = ["r1.dc", "r2.dc", "r3.dc", "c.dc", "m.dcruz/m.dcruz.dc"]
+            arguments = ["batch", "--to", "job", "--out-dir", jobs, *names, "--keep-going"]
             result = self.run_host([*arguments, "--jobs", jobs, "--force"])
             self.assertEqual(result.returncode, 1)
             self.assertIn(b"has just been made of another file", result.stderr)
             made = contents(os.path.join(self.folder, jobs))
-            self.assertEqual(sorted(made), ["RIDGE_RO.RD5", "RURAL_2L.tp5", "c.job", "r1.job", "r3.job"])
+            jobs_made = ["c.job", "m.dcruz", "m.dcruz/m.dcruz.job", "r1.job", "r3.job"]
+            self.assertEqual(sorted(made), ["RIDGE_RO.RD5", "RURAL_2L.tp5", *jobs_made])
             self.assertEqual(result.stdout.count(b".RD5"), 2)  # of the two alone that have the road
 
     def test_batch_again(self):
