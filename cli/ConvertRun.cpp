@@ -40,9 +40,9 @@ Result ConvertThroughJob(const Conversion& asked, const fs::path& job) {
 int UnitsOfLog(const fs::path& log) {
   CRawFile raw;
   MO_RECORD mode;
-  std::wstring line;
+  std::string_view line;
   raw.Open(platform::ToLibrary(log), zelconvert::platform::kOpenReadOnly);
-  if (raw.FindRecord(L"MO", line)) CRawFile::Parse(line, mode);
+  if (raw.FindRecord("MO", line)) CRawFile::Parse(line, mode);
   const std::optional<LinearUnit> unit = LinearUnitOfRaw(mode.distanceUnit);
   const bool isInFeet = unit == LinearUnit::InternationalFoot;
   return isInFeet ? 1 : unit == LinearUnit::UsSurveyFoot ? 2 : 0;

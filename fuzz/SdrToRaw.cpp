@@ -24,7 +24,7 @@ void Convert(const std::wstring& path, SdrVersion version) {
 void RequireLog() {
   CRawFile raw;
   Require(raw.Open(MemoryFiles::Path(L"out.raw"), platform::kOpenReadWrite));
-  std::wstring record;
+  std::string_view record;
   while (raw.ReadRecord(record)) {
     JB_RECORD job;
     MO_RECORD mode;

@@ -15,7 +15,8 @@
 namespace zelconvert::tools {
 namespace {
 
-constexpr std::wstring_view kDateComment = L"Date:";
+constexpr std::size_t kTwoCharacters = 8;  // bytes of UTF-8, at most
+constexpr std::string_view kDateComment = "Date:";
 
 class LogReader {
  public:
@@ -31,7 +32,7 @@ class LogReader {
   void OnOccupied();
   void OnBacksight();
   template <class Record>
-  void OnShot(std::wstring_view Record::*target);
+  void OnShot(std::string_view Record::*target);
   void OnTraverse();
   template <class Record>
   void OnRound();
@@ -58,7 +59,7 @@ class LogReader {
   CRawFile& m_log;
   Survey& m_survey;
   LogFacts m_facts;
-  std::wstring m_record;  // the line at hand
+  std::string_view m_record;  // the line at hand
   std::int64_t m_line = 0;
 
   bool m_hasMode = false;
@@ -67,7 +68,7 @@ class LogReader {
   std::wstring m_occupied;
 
   bool m_isAfterReceiver = false;
-  std::wstring m_rover;  // the RX of a rover; empty: another receiver
+  std::string m_rover;  // the RX of a rover; empty: another receiver
   Signature m_signature = Signature::NotAsked;
   GeodeticPosition m_position;  // of the latest EP, until a point is stored
   std::wstring m_vectorTarget;  // of the latest BL, likewise
@@ -80,7 +81,7 @@ LogFacts LogReader::Read() {
   while (m_log.ReadRecord(m_record)) {
     ++m_line;
     if (Trim(m_record).empty()) continue;
-    counter.Count(Left(m_record, 2));
+    counter.Count(Left(FromUtf8(m_record.substr(0, kTwoCharacters)), 2));
     const RawRecordType kind = CRawFile::GetRecordType(m_record);
     ReadRecord(kind);
     m_isAfterReceiver = kind == RawRecordType::RX;
@@ -142,8 +143,8 @@ void LogReader::ReadRecord(RawRecordType kind) {
 void LogReader::OnJob() {
   JB_RECORD job;
   CRawFile::Parse(m_record, job);
-  if (m_survey.job.empty()) m_survey.job = Trim(job.name);
-  TakeDate(m_survey, ParseDate(job.date));
+  if (m_survey.job.empty()) AssignUtf8(m_survey.job, Trim(job.name));
+  TakeDate(m_survey, ParseDate(FromUtf8(job.date)));
 }
 
 void LogReader::OnMode() {
@@ -161,11 +162,11 @@ void LogReader::OnMode() {
 }
 
 void LogReader::OnComment() {
-  const std::wstring_view text = Trim(std::wstring_view(m_record).substr(2));
+  const std::string_view text = Trim(m_record.substr(2));
   if (text.starts_with(kDateComment)) {
-    TakeDate(m_survey, ParseDate(text.substr(kDateComment.size())));
+    TakeDate(m_survey, ParseDate(FromUtf8(text.substr(kDateComment.size()))));
   }
-  m_survey.notes.push_back({std::wstring(text), m_line});
+  m_survey.notes.push_back({FromUtf8(text), m_line});
 }
 
 // ---- Setups and shots
@@ -175,28 +176,30 @@ void LogReader::OnOccupied() {
   if (!CRawFile::Parse(m_record, point)) return;
   SourceMark mark = Here();
   mark.position = Grid(point);
-  m_facts.source.stations.Add(point.name, mark);
-  m_facts.source.points.Add(point.name, mark);
-  m_occupied = Trim(point.name);
+  AssignUtf8(m_occupied, Trim(point.name));
+  m_facts.source.stations.Add(m_occupied, mark);
+  m_facts.source.points.Add(m_occupied, mark);
 }
 
 void LogReader::OnBacksight() {
   BK_RECORD backsight;
-  if (!CRawFile::Parse(m_record, backsight) || Trim(backsight.station) == m_occupied) return;
-  m_facts.source.stations.Add(backsight.station, Here());
+  if (!CRawFile::Parse(m_record, backsight)) return;
+  const std::wstring station = FromUtf8(Trim(backsight.station));
+  if (station != m_occupied) m_facts.source.stations.Add(station, Here());
 }
 
 template <class Record>
-void LogReader::OnShot(std::wstring_view Record::*target) {
+void LogReader::OnShot(std::string_view Record::*target) {
   Record shot;
-  if (CRawFile::Parse(m_record, shot)) m_facts.source.shots.Add(shot.*target, Here());
+  if (CRawFile::Parse(m_record, shot)) m_facts.source.shots.Add(FromUtf8(shot.*target), Here());
 }
 
 void LogReader::OnTraverse() {
   SHOT_RECORD shot;
   if (!CRawFile::Parse(m_record, shot)) return;
-  m_facts.source.shots.Add(shot.foresight, Here());
-  m_facts.source.stations.Add(shot.foresight, Here());
+  const std::wstring foresight = FromUtf8(shot.foresight);
+  m_facts.source.shots.Add(foresight, Here());
+  m_facts.source.stations.Add(foresight, Here());
 }
 
 template <class Record>
@@ -205,9 +208,9 @@ void LogReader::OnRound() {
   if (!CRawFile::Parse(m_record, round)) return;
   const AngularUnit angles = m_survey.angleUnit;
   Shot shot;
-  shot.station = Trim(round.station);
-  shot.target = Trim(round.target);
-  shot.code = Trim(round.note);
+  AssignUtf8(shot.station, Trim(round.station));
+  AssignUtf8(shot.target, Trim(round.target));
+  AssignUtf8(shot.code, Trim(round.note));
   shot.kind = ShotKind::Round;
   shot.circle = Finite(ToRadians(round.angleRight, angles));
   shot.zenith = Finite(ToRadians(round.zenith, angles));
@@ -220,7 +223,7 @@ void LogReader::OnRound() {
 
 void LogReader::OnPoint() {
   POINT_RECORD point;
-  if (CRawFile::Parse(m_record, point)) m_facts.source.points.Add(point.name, Here());
+  if (CRawFile::Parse(m_record, point)) m_facts.source.points.Add(FromUtf8(point.name), Here());
 }
 
 // ---- GPS
@@ -231,13 +234,13 @@ void LogReader::OnReceiver() {
   m_signature = Signature::NotAsked;
   m_position = {};
   m_vectorTarget.clear();
-  m_rover = receiver.role == L"ROVER" ? m_record : L"";
+  m_rover = receiver.role == "ROVER" ? m_record : std::string_view();
 }
 
 // The equipment right after a rover's receiver is signed.
 void LogReader::OnEquipment() {
   if (!m_isAfterReceiver || m_rover.empty()) return;
-  std::wstring_view equipment = m_record;
+  std::string_view equipment = m_record;
   m_signature = TestGpsSignature(m_rover, equipment) ? Signature::Signed : Signature::Missing;
   if (m_signature == Signature::Missing) m_survey.unsignedLines.push_back(m_line);
 }
@@ -253,9 +256,9 @@ GeodeticPosition LogReader::Geodetic(const Record& position) const {
 void LogReader::OnBase() {
   BP_RECORD base;
   if (!CRawFile::Parse(m_record, base)) return;
-  m_facts.source.points.Add(base.name, Here());
-  m_facts.gpsPoints.push_back(
-      {std::wstring(Trim(base.name)), {}, {}, Geodetic(base), false, m_line});
+  const std::wstring name = FromUtf8(Trim(base.name));
+  m_facts.source.points.Add(name, Here());
+  m_facts.gpsPoints.push_back({name, {}, {}, Geodetic(base), false, m_line});
 }
 
 void LogReader::OnPosition() {
@@ -266,18 +269,18 @@ void LogReader::OnPosition() {
 void LogReader::OnVector() {
   BL_RECORD vector;
   if (!CRawFile::Parse(m_record, vector)) return;
-  m_vectorTarget = Trim(vector.name);
-  m_facts.source.vectors.Add(vector.name, Here());
+  AssignUtf8(m_vectorTarget, Trim(vector.name));
+  m_facts.source.vectors.Add(m_vectorTarget, Here());
 }
 
 void LogReader::OnGpsPoint() {
   POINT_RECORD point;
   if (!CRawFile::Parse(m_record, point)) return;
-  const std::wstring name(Trim(point.name));
+  const std::wstring name = FromUtf8(Trim(point.name));
   if (name != m_vectorTarget) m_facts.source.vectors.Add(name, Here());
   m_facts.source.points.Add(name, Here());
   m_facts.gpsPoints.push_back(
-      {name, std::wstring(Trim(point.note)), Grid(point), m_position, false, m_line});
+      {name, FromUtf8(Trim(point.note)), Grid(point), m_position, false, m_line});
   m_position = {};
   m_vectorTarget.clear();
 }
@@ -293,7 +296,7 @@ void LogReader::OnQuality() {
 
 void LogReader::OnDeleted() {
   NAME_RECORD deleted;
-  if (CRawFile::Parse(m_record, deleted)) m_deletions[std::wstring(Trim(deleted.name))] = m_line;
+  if (CRawFile::Parse(m_record, deleted)) m_deletions[FromUtf8(Trim(deleted.name))] = m_line;
 }
 
 void LogReader::MarkDeleted() {

@@ -291,8 +291,8 @@ bool SurveyReading::ReadListAndLog() {
   if (!CheckThere(path, DriverText::RawFileMissing)) return false;
   if (!log.Open(path, kOpenReadOnly)) return Fail(DriverText::CannotOpen, path);
   MO_RECORD mode;
-  std::wstring line;
-  if (log.FindRecord(L"MO", line)) CRawFile::Parse(line, mode);
+  std::string_view line;
+  if (log.FindRecord("MO", line)) CRawFile::Parse(line, mode);
   log.Close();
   const std::wstring job = Place(L"list.job");
   const LinearUnit unit = LinearUnitOfRaw(mode.distanceUnit).value_or(LinearUnit::Metre);

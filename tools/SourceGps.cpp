@@ -12,7 +12,7 @@ namespace zelconvert::tools {
 namespace {
 
 constexpr std::int32_t kPositionMethod = 2;  // counts for itself, not as the end of a vector
-constexpr std::wstring_view kBaseCode = L"Base Point";
+constexpr std::string_view kBaseCode = "Base Point";
 constexpr wchar_t kLastingClass = L'0';  // not one that a deletion makes a deleted one
 
 // Hofmann-Wellenhof, Lichtenegger, Wasle: GNSS, 8.2.1, geodetic to cartesian coordinates.
@@ -34,7 +34,7 @@ wchar_t ClassCharacter(std::int32_t classification) {
 
 }  // namespace
 
-void SourceGps::Take(RawRecordType kind, std::wstring_view record, std::int64_t line,
+void SourceGps::Take(RawRecordType kind, std::string_view record, std::int64_t line,
                      LinearUnit unit) {
   m_record = record;
   m_line = line;
@@ -62,11 +62,11 @@ void SourceGps::Take(RawRecordType kind, std::wstring_view record, std::int64_t 
 void SourceGps::OnReceiver() {
   RX_RECORD receiver;
   m_isRover = false;
-  if (!CRawFile::Parse(m_record, receiver) || receiver.role == L"STATIC") return;
+  if (!CRawFile::Parse(m_record, receiver) || receiver.role == "STATIC") return;
   m_hasReceiver = true;
-  m_isRover = receiver.role == L"ROVER";
-  if (receiver.role == L"VRSBASE") m_isVirtual = true;
-  if (receiver.role == L"BASE" || receiver.role == L"GETBASE") m_isVirtual = false;
+  m_isRover = receiver.role == "ROVER";
+  if (receiver.role == "VRSBASE") m_isVirtual = true;
+  if (receiver.role == "BASE" || receiver.role == "GETBASE") m_isVirtual = false;
   SetAntennaHeight(receiver.role, receiver.antennaHeight);
 }
 
@@ -75,9 +75,9 @@ void SourceGps::OnAntenna() {
   if (CRawFile::Parse(m_record, antenna)) SetAntennaHeight(antenna.role, antenna.reducedHeight);
 }
 
-void SourceGps::SetAntennaHeight(std::wstring_view role, double height) {
-  if (role == L"STATIC") return;
-  (role == L"ROVER" ? m_roverHeight : m_baseHeight) = ToMetres(height, m_unit);
+void SourceGps::SetAntennaHeight(std::string_view role, double height) {
+  if (role == "STATIC") return;
+  (role == "ROVER" ? m_roverHeight : m_baseHeight) = ToMetres(height, m_unit);
 }
 
 template <class Record>
@@ -94,7 +94,7 @@ void SourceGps::OnBase() {
   m_basePlace.reset();
   if (IsWhole(position)) m_basePlace = ToEcef(position);
   if (m_isVirtual) return;
-  m_base = Trim(base.name);
+  AssignUtf8(m_base, Trim(base.name));
   AddPosition(base.name, kBaseCode, position, kLastingClass);
 }
 
@@ -136,18 +136,19 @@ void SourceGps::OnKind() {
   GP_RECORD point;
   m_fix.reset();
   if (!CRawFile::Parse(m_record, point) || point.kind != GpsPointKind::Control) return;
-  while (!m_classes.empty() && m_survey.vectors.back().rover == Trim(point.name)) {
+  const std::wstring name = FromUtf8(Trim(point.name));
+  while (!m_classes.empty() && m_survey.vectors.back().rover == name) {
     m_survey.vectors.pop_back();
     m_classes.pop_back();
   }
 }
 
-void SourceGps::AddVector(std::wstring_view rover, std::wstring_view code, const Ecef& delta,
+void SourceGps::AddVector(std::string_view rover, std::string_view code, const Ecef& delta,
                           std::int32_t classification) {
   GpsVector& vector = m_survey.vectors.emplace_back();
   vector.base = m_base;
-  vector.rover = Trim(rover);
-  vector.code = Trim(code);
+  AssignUtf8(vector.rover, Trim(rover));
+  AssignUtf8(vector.code, Trim(code));
   vector.deltaX = delta[0];
   vector.deltaY = delta[1];
   vector.deltaZ = delta[2];
@@ -155,12 +156,12 @@ void SourceGps::AddVector(std::wstring_view rover, std::wstring_view code, const
   m_classes.push_back(ClassCharacter(classification));
 }
 
-void SourceGps::AddPosition(std::wstring_view name, std::wstring_view code,
+void SourceGps::AddPosition(std::string_view name, std::string_view code,
                             const GeodeticPosition& position, wchar_t classification) {
   if (!position.HasPlan()) return;
   SurveyPoint& point = m_survey.points.emplace_back();
-  point.name = Trim(name);
-  point.code = Trim(code);
+  AssignUtf8(point.name, Trim(name));
+  AssignUtf8(point.code, Trim(code));
   point.geodetic = position;
   point.source = PointSource::Gps;
   point.classification = classification;

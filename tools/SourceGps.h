@@ -23,7 +23,7 @@ class SourceGps {
   explicit SourceGps(Survey& survey) : m_survey(survey) {}
 
   /// The record of a line; other kinds are passed over. unit: of its lengths.
-  void Take(RawRecordType kind, std::wstring_view record, std::int64_t line, LinearUnit unit);
+  void Take(RawRecordType kind, std::string_view record, std::int64_t line, LinearUnit unit);
 
   /// The class that the log gives a vector of the survey, as a DC file has it.
   wchar_t GetClass(std::size_t vector) const { return m_classes[vector]; }
@@ -44,17 +44,17 @@ class SourceGps {
   void OnVector();
   void OnStored();
   void OnKind();
-  void SetAntennaHeight(std::wstring_view role, double height);
+  void SetAntennaHeight(std::string_view role, double height);
   template <class Record>
   GeodeticPosition PositionOf(const Record& record, double antennaHeight) const;
-  void AddVector(std::wstring_view rover, std::wstring_view code, const Ecef& delta,
+  void AddVector(std::string_view rover, std::string_view code, const Ecef& delta,
                  std::int32_t classification);
-  void AddPosition(std::wstring_view name, std::wstring_view code, const GeodeticPosition& position,
+  void AddPosition(std::string_view name, std::string_view code, const GeodeticPosition& position,
                    wchar_t classification);
 
   Survey& m_survey;
   std::vector<wchar_t> m_classes;
-  std::wstring_view m_record;  // the line at hand, with its number and unit
+  std::string_view m_record;  // the line at hand, with its number and unit
   std::int64_t m_line = 0;
   LinearUnit m_unit = LinearUnit::Metre;
 

@@ -70,7 +70,7 @@ class LogRecords {
   CRawFile& m_log;
   Survey& m_survey;
   SourceGps m_gps;
-  std::wstring m_line;
+  std::string_view m_line;
   std::int64_t m_number = 0;
   LinearUnit m_unit = LinearUnit::Metre;
   AngularUnit m_angles = AngularUnit::DegreesMinutesSeconds;
@@ -123,8 +123,8 @@ void LogRecords::OnPoint() {
 
 SurveyPoint LogRecords::PointOf(const POINT_RECORD& record) const {
   SurveyPoint point;
-  point.name = Trim(record.name);
-  point.code = Trim(record.note);
+  AssignUtf8(point.name, Trim(record.name));
+  AssignUtf8(point.code, Trim(record.note));
   point.grid = {Metres(record.north), Metres(record.east), Metres(record.elevation)};
   point.line = m_number;
   return point;
@@ -147,9 +147,9 @@ void LogRecords::OnShot() {
   AddStation();
   if (!CRawFile::Parse(m_line, record)) return;
   Shot& shot = m_survey.shots.emplace_back();
-  shot.station = Trim(record.station);
-  shot.target = Trim(record.foresight);
-  shot.code = Trim(record.note);
+  AssignUtf8(shot.station, Trim(record.station));
+  AssignUtf8(shot.target, Trim(record.foresight));
+  AssignUtf8(shot.code, Trim(record.note));
   shot.scale = DC_NULL;
   shot.line = m_number;
   m_known.insert(shot.target);
@@ -163,7 +163,7 @@ void LogRecords::OnShot() {
 
 void LogRecords::OnDeleted() {
   NAME_RECORD deleted;
-  if (CRawFile::Parse(m_line, deleted)) m_deletions[std::wstring(Trim(deleted.name))] = m_number;
+  if (CRawFile::Parse(m_line, deleted)) m_deletions[FromUtf8(Trim(deleted.name))] = m_number;
 }
 
 // A deletion further on raises the class.

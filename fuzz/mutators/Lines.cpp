@@ -102,7 +102,7 @@ void AddRawLines(std::vector<std::string>& lines, std::string_view tags) {
 // The records that have more to them than a table, by their writers.
 void WriteOthers(CRawFile& log) {
   for (int kind = 0; kind <= 5; ++kind) {
-    SHOT_RECORD shot{.station = L"1", .foresight = L"2"};
+    SHOT_RECORD shot{.station = "1", .foresight = "2"};
     shot.horizontalKind = static_cast<HorizontalKind>(kind);
     shot.verticalKind = static_cast<VerticalKind>(kind % 3);
     shot.distance = 100;
@@ -112,8 +112,8 @@ void WriteOthers(CRawFile& log) {
   }
   log.WriteOF(90, 90, 10);
   log.WriteMD(1, 100);
-  log.WriteRS({L"1", 90, 90, 100}, true);
-  log.WriteCFPoint({.name = L"1"});
+  log.WriteRS({"1", 90, 90, 100}, true);
+  log.WriteCFPoint({.name = "1"});
   log.WriteCFStation({.isPoint = false, .station = 10, .offsetDirection = 1, .offset = 1});
   log.WriteRE(L"1", 10, 90, 100);
   log.WriteHC({});

@@ -31,27 +31,26 @@ void GrowByQuarter(List& list, std::size_t more = 1) {
 class NameSet {
  public:
   /// False if the name was there already.
-  bool Insert(std::wstring_view name) {
+  bool Insert(std::wstring_view name) { return Insert(Encode(name)); }
+  /// Here and below, a name may come in UTF-8.
+  bool Insert(std::string_view utf8) {
     if ((m_ends.size() + 1) * 4 > m_slots.size() * 3) Grow();
-    Encode(name);
-    const std::size_t hash = HashOf(m_key);
-    const std::size_t slot = FindSlot(m_key, hash);
+    const std::size_t hash = HashOf(utf8);
+    const std::size_t slot = FindSlot(utf8, hash);
     if (m_slots[slot] != 0) return false;
-    Keep();
+    Keep(utf8);
     m_slots[slot] = TagOf(hash) | m_ends.size();
     return true;
   }
 
   /// The number of a name, which is added if it isn't there.
-  std::size_t Add(std::wstring_view name) {
-    return Insert(name) ? m_ends.size() - 1 : *Find(std::string_view(m_key));
-  }
+  std::size_t Add(std::wstring_view name) { return Add(Encode(name)); }
+  std::size_t Add(std::string_view utf8) { return Insert(utf8) ? m_ends.size() - 1 : *Find(utf8); }
 
-  /// The number of a name that is there, by the name or its form in UTF-8.
+  /// The number of a name that is there.
   std::optional<std::size_t> Find(std::wstring_view name) const {
     if (m_slots.empty()) return std::nullopt;
-    Encode(name);
-    return Find(std::string_view(m_key));
+    return Find(Encode(name));
   }
   std::optional<std::size_t> Find(std::string_view utf8) const {
     if (m_slots.empty()) return std::nullopt;
@@ -69,17 +68,18 @@ class NameSet {
   }
 
  private:
-  void Encode(std::wstring_view name) const {
+  std::string_view Encode(std::wstring_view name) const {
     m_key.clear();
     AppendUtf8(m_key, name);
+    return m_key;
   }
 
-  void Keep() {
-    if (m_key.size() > std::numeric_limits<std::uint32_t>::max() - m_pool.size()) {
+  void Keep(std::string_view utf8) {
+    if (utf8.size() > std::numeric_limits<std::uint32_t>::max() - m_pool.size()) {
       throw std::length_error("names");
     }
-    GrowByQuarter(m_pool, m_key.size());
-    m_pool += m_key;
+    GrowByQuarter(m_pool, utf8.size());
+    m_pool += utf8;
     m_ends.push_back(static_cast<std::uint32_t>(m_pool.size()));
   }
 

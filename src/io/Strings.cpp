@@ -35,6 +35,19 @@ Utf16Units UnitsOf(char32_t c) {
           2};
 }
 
+// Puts a text behind the first `start` characters. False, with anything there, if it isn't ASCII.
+bool PutAscii(std::wstring& out, std::size_t start, std::string_view text) {
+  out.resize(start + text.size());
+  wchar_t* const wide = out.data() + start;
+  unsigned all = 0;  // a loop that becomes vector instructions
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const auto byte = static_cast<unsigned char>(text[i]);
+    all |= byte;
+    wide[i] = byte;
+  }
+  return all < 0x80;
+}
+
 std::wstring ReplaceFirst(std::wstring_view format, std::wstring_view mark,
                           std::wstring_view argument) {
   std::wstring text(format);
@@ -101,17 +114,28 @@ void AppendUtf8(std::string& out, std::wstring_view text) {
   }
 }
 
+std::string ToUtf8(std::wstring_view text) {
+  std::string utf8;
+  AppendUtf8(utf8, text);
+  return utf8;
+}
+
+void AssignUtf8(std::wstring& text, std::string_view utf8) {
+  if (PutAscii(text, 0, utf8)) return;
+  std::wstring units;
+  AppendUnits(units, utf8);
+  AssignUtf16(text, std::u16string(units.begin(), units.end()));
+}
+
+std::wstring FromUtf8(std::string_view utf8) {
+  std::wstring text;
+  AssignUtf8(text, utf8);
+  return text;
+}
+
 void AppendUnits(std::wstring& out, std::string_view utf8) {
   const std::size_t start = out.size();
-  out.resize(start + utf8.size());
-  wchar_t* const wide = out.data() + start;
-  unsigned all = 0;  // as above
-  for (std::size_t i = 0; i < utf8.size(); ++i) {
-    const auto byte = static_cast<unsigned char>(utf8[i]);
-    all |= byte;
-    wide[i] = byte;
-  }
-  if (all < 0x80) return;
+  if (PutAscii(out, start, utf8)) return;
   out.resize(start);
   while (!utf8.empty()) {
     const platform::Utf8Character next = platform::DecodeUtf8(utf8);

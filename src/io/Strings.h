@@ -119,8 +119,12 @@ std::wstring ToWide(std::string_view text);
 /// Appends the UTF-8 form. A code point outside Unicode or half a surrogate pair becomes U+FFFD;
 /// a pair of two characters is joined.
 void AppendUtf8(std::string& out, std::wstring_view text);
-/// The way back, in UTF-16 units whatever the platform's characters are: text has the same length
-/// everywhere. Each broken part of a sequence becomes U+FFFD.
+std::string ToUtf8(std::wstring_view text);
+/// The way back, in `text`, whose memory is reused. Each broken part of a sequence becomes U+FFFD.
+void AssignUtf8(std::wstring& text, std::string_view utf8);
+std::wstring FromUtf8(std::string_view utf8);
+/// Likewise in UTF-16 units, whatever the platform's characters are: text has the same length
+/// everywhere.
 void AppendUnits(std::wstring& out, std::string_view utf8);
 
 /// How many units a character has, told by the first byte of its UTF-8; 0 for the others.

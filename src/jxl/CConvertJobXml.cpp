@@ -65,11 +65,12 @@ int DaysInMonth(int year, int month) {
 /// The date and time of a job record; the 31st of a shorter month is a day of the next. False if a
 /// field is no calendar's or no clock's.
 bool ParseTime(const JB_RECORD& job, platform::LocalTime& time) {
-  Scanner date(job.date);
+  const std::wstring dateText = FromUtf8(job.date), timeText = FromUtf8(job.time);
+  Scanner date(dateText);
   std::int32_t month = date.Number(2);
   std::int32_t day = date.Skip(L'-').Number(2);
   const std::int32_t year = date.Skip(L'-').Number(4);
-  Scanner clock(job.time);
+  Scanner clock(timeText);
   const std::int32_t hour = clock.Number(2);
   const std::int32_t minute = clock.Skip(L':').Number(2);
   const std::int32_t second = clock.Skip(L':').Number(2);
@@ -98,7 +99,7 @@ class RawToJxl {
 
   /// False, with a text, for a bad log. progress: null for a run that nobody is told of.
   [[nodiscard]] bool Run(std::wstring_view version, CConvertProgress* progress, Report& report) {
-    std::wstring line;
+    std::string_view line;
     if (!m_raw.ReadRecord(line)) return report.Refuse(kEmptyLogText);
     m_line = 1;
     bool good = BeginDocument(line, version);
@@ -115,13 +116,13 @@ class RawToJxl {
   }
 
  private:
-  using Handler = bool (RawToJxl::*)(std::wstring_view line);
+  using Handler = bool (RawToJxl::*)(std::string_view line);
 
   /// A shot that waits for the record after it, whose backsight it may turn out to be.
   struct PendingShot {
     bool isPending = false;
-    std::wstring name;
-    std::wstring description;
+    std::string name;
+    std::string description;
     JxlPosition position;
     JxlReadings readings;
     JxlSetup setup;
@@ -130,20 +131,20 @@ class RawToJxl {
   /// An occupied point that waits for a backsight, or for a traverse to go on from it.
   struct PendingOccupy {
     bool isPending = false;
-    std::wstring name;
-    std::wstring description;
+    std::string name;
+    std::string description;
     JxlPosition position;
   };
 
-  bool BeginDocument(std::wstring_view line, std::wstring_view version) {
+  bool BeginDocument(std::string_view line, std::wstring_view version) {
     JB_RECORD job;
     platform::LocalTime time;
     if (!CRawFile::Parse(line, job) || !ParseTime(job, time)) return false;
-    m_jxl.BeginDocument(job.name, version, time);
+    m_jxl.BeginDocument(FromUtf8(job.name), version, time);
     return true;
   }
 
-  bool ConvertRecord(std::wstring_view line) {
+  bool ConvertRecord(std::string_view line) {
     static constexpr auto kHandlers = MakeHandlerTable<kRawRecordTypes, RawRecordType, Handler>({
         {RawRecordType::SS, &RawToJxl::Give<&RawToJxl::OnSideshot>},
         {RawRecordType::TR, &RawToJxl::Give<&RawToJxl::OnTraverse>},
@@ -177,7 +178,7 @@ class RawToJxl {
   // One for each kind of record that has an effect; false for a bad record.
   /// Parses the record that `handle` takes and hands it over.
   template <auto handle>
-  bool Give(std::wstring_view line) {
+  bool Give(std::string_view line) {
     const auto give = [&]<class Result, class Record>(Result (RawToJxl::*)(Record&)) {
       std::remove_const_t<Record> record;
       if (!CRawFile::Parse(line, record)) return false;
@@ -188,10 +189,10 @@ class RawToJxl {
     return give(handle);
   }
 
-  bool OnSecondJob(std::wstring_view /*line*/) { return false; }
+  bool OnSecondJob(std::string_view /*line*/) { return false; }
 
-  bool OnComment(std::wstring_view line) {
-    m_jxl.AddNoteRecord(Mid(line, 2));
+  bool OnComment(std::string_view line) {
+    m_jxl.AddNoteRecord(line.substr(2));
     return true;
   }
 
@@ -227,7 +228,7 @@ class RawToJxl {
   }
 
   void OnOccupy(const OC_RECORD& point) {
-    m_occupied = {true, std::wstring(point.name), std::wstring(point.note), Metres(point)};
+    m_occupied = {true, std::string(point.name), std::string(point.note), Metres(point)};
   }
 
   void OnStoredPoint(const POINT_RECORD& point) {
@@ -240,7 +241,7 @@ class RawToJxl {
   bool OnTraverse(const SHOT_RECORD& shot) { return OnShot(shot, true); }
 
   void OnDelete(const NAME_RECORD& point) {
-    m_jxl.DeletePoint(point.name);
+    m_jxl.DeletePoint(FromUtf8(point.name));
     m_points.Delete(point.name);
   }
 
@@ -272,7 +273,7 @@ class RawToJxl {
     if (moved && ComparedName(m_occupied.name) == ComparedName(shot.station)) JoinOccupiedPoint();
     const JxlPosition* station = m_points.Find(shot.station);
     if (station == nullptr) return false;
-    m_shot.name = Left(shot.foresight, kShotNameLength);
+    m_shot.name = CutName(shot.foresight);
     m_shot.description = shot.note;
     m_shot.readings = {Degrees(shot.horizontal), Degrees(shot.vertical), Metres(shot.distance)};
     m_shot.position = m_instrument.Reduce(m_shot.readings, *station, m_scale);
@@ -283,7 +284,7 @@ class RawToJxl {
   }
 
   /// What the line of sight before the next shot says, or else the latest one.
-  JxlInstrument::Heights FindHeights(std::wstring_view station) {
+  JxlInstrument::Heights FindHeights(std::string_view station) {
     const HeightsAhead* ahead = m_index.FindHeights(m_line, RawRecordType::BK, station);
     if (ahead == nullptr) return m_instrument.GetHeights();
     return {MetresFrom(ahead->heights.instrumentHeight, ahead->unit),
@@ -341,11 +342,10 @@ class RawToJxl {
 
 /// The last version that a comment of the product tells.
 std::wstring FindVersion(CRawFile& raw, const char* product) {
-  const std::wstring mark = L"--" + ToWide(product) + L" Version:";
+  const std::string mark = std::string("--") + product + " Version:";
   std::wstring version;
-  std::wstring line;
-  while (raw.ReadRecord(line)) {
-    if (line.starts_with(mark)) version = Trim(Mid(line, mark.size()));
+  for (std::string_view line; raw.ReadRecord(line);) {
+    if (line.starts_with(mark)) AssignUtf8(version, Trim(line.substr(mark.size())));
   }
   return version;
 }

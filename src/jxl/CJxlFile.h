@@ -62,7 +62,7 @@ struct JxlSetup {
 template <class Record>
 struct XmlField {
   const char* name;
-  std::variant<std::wstring_view Record::*, double Record::*, std::int32_t Record::*> member;
+  std::variant<std::string_view Record::*, double Record::*, std::int32_t Record::*> member;
 };
 
 class CJxlFile : public CFileCE {

@@ -2,8 +2,8 @@
 // and the rod are, and where it goes next. Adds the records that tell so: for a backsight at once,
 // else right before the first shot that needs them.
 //
-// Angles are decimal degrees, azimuths from north; lengths are metres. What is computed from a null
-// value is null.
+// Angles are decimal degrees, azimuths from north; lengths are metres; names are UTF-8. What is
+// computed from a null value is null.
 #pragma once
 
 #include <cstdint>
@@ -24,10 +24,14 @@ namespace zelconvert {
 
 /// Names of shots are cut to this length.
 inline constexpr std::size_t kShotNameLength = 16;
+inline std::string CutName(std::string_view name) {
+  if (name.size() <= kShotNameLength) return std::string(name);
+  return ToUtf8(Left(FromUtf8(name), kShotNameLength));
+}
 
 /// Two names mean one point if they agree in what a shot keeps of them, blanks at the ends aside.
-inline std::wstring_view ComparedName(std::wstring_view name) {
-  return Trim(Left(name, kShotNameLength));
+inline std::string ComparedName(std::string_view name) {
+  return std::string(Trim(CutName(name)));
 }
 
 class JxlInstrument {
@@ -38,7 +42,7 @@ class JxlInstrument {
   };
 
   struct Orientation {
-    std::string station;  ///< names in UTF-8, which is the document's
+    std::string station;
     std::string backsight;
     double backAzimuth = 0;
     double backCircle = 0;  ///< the circle's reading at the backsight
@@ -55,19 +59,17 @@ class JxlInstrument {
   /// A backsight at `station`. Adds its five records, which tell `heights`; the last one, the angle
   /// only form, has the reading and the position of the shot to the backsight. Returns the id of
   /// that one.
-  std::uint32_t Orient(CJxlFile& file, std::wstring_view station, std::wstring_view backsight,
+  std::uint32_t Orient(CJxlFile& file, std::string_view station, std::string_view backsight,
                        double azimuth, double circle, const Heights& heights, double reading,
                        const JxlPosition& grid) {
-    m_orientation = {{}, {}, azimuth, circle};
-    AppendUtf8(m_orientation.station, station);
-    AppendUtf8(m_orientation.backsight, backsight);
+    m_orientation = {std::string(station), std::string(backsight), azimuth, circle};
     if (Move* move = FindMove(station)) move->isPlanned = false;
     return AddSetup(file, heights, reading, grid);
   }
 
   /// A traverse shot from `from` to `to`: the instrument goes there with the next shot from `to`,
   /// unless a backsight there comes first, whatever is shot from other stations until then.
-  void PlanMove(std::wstring_view from, std::wstring_view to, const JxlReadings& readings) {
+  void PlanMove(std::string_view from, std::string_view to, const JxlReadings& readings) {
     const double azimuth = m_orientation.Azimuth(readings.horizontal);
     // In face two the telescope points away from where the circle reads: back, as seen from there.
     const double back = IsFaceTwo(readings.vertical, kDegrees) ? azimuth : azimuth + 180;
@@ -80,7 +82,7 @@ class JxlInstrument {
 
   /// Before a shot: makes the move to its station, or tells heights that the records of the
   /// setup lack. True if the instrument has moved.
-  bool PrepareShot(CJxlFile& file, std::wstring_view station) {
+  bool PrepareShot(CJxlFile& file, std::string_view station) {
     Move* const move = FindMove(station);
     const bool moves = move != nullptr;
     if (moves) {
@@ -129,12 +131,12 @@ class JxlInstrument {
     std::uint32_t isPlanned : 1 = false;
   };
   /// The move to this station that is planned, or null.
-  Move* FindMove(std::wstring_view station) {
+  Move* FindMove(std::string_view station) {
     const auto place = m_names.Find(ComparedName(station));
     if (!place || *place >= m_moves.size() || !m_moves[*place].isPlanned) return nullptr;
     return &m_moves[*place];
   }
-  std::uint32_t NumberOf(std::wstring_view name) {
+  std::uint32_t NumberOf(std::string_view name) {
     return static_cast<std::uint32_t>(m_names.Add(name));
   }
 

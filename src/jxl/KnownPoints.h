@@ -11,12 +11,13 @@
 
 namespace zelconvert {
 
-/// Points by name, in the order in which their names first came, at some 60 bytes each. A later
+/// Points by name, in the order in which their names first came, at some 60 bytes each. Names and
+/// descriptions are UTF-8. A later
 /// point of a name takes the place of the earlier one.
 class KnownPoints {
  public:
   /// An empty description leaves that of an earlier point of the name.
-  void Add(std::wstring_view name, std::wstring_view description, const JxlPosition& position) {
+  void Add(std::string_view name, std::string_view description, const JxlPosition& position) {
     const std::size_t number = m_names.Add(name);
     if (number == m_points.size()) m_points.emplace_back();
     Point& point = m_points[number];
@@ -27,18 +28,18 @@ class KnownPoints {
     point.description = known & 0x7FFFFFFFu;  // a set holds fewer
   }
   /// Of the live point of the name, or null.
-  const JxlPosition* Find(std::wstring_view name) const {
+  const JxlPosition* Find(std::string_view name) const {
     const std::optional<std::size_t> number = m_names.Find(name);
     return number && !m_points[*number].isDeleted ? &m_points[*number].position : nullptr;
   }
   /// A live point of the name is there.
-  bool PointExists(std::wstring_view name) const { return Find(name) != nullptr; }
+  bool PointExists(std::string_view name) const { return Find(name) != nullptr; }
   /// Marks the point of the name, if there is one.
-  void Delete(std::wstring_view name) {
+  void Delete(std::string_view name) {
     if (const auto number = m_names.Find(name)) m_points[*number].isDeleted = true;
   }
 
-  /// Gives each live point: its name and its description in UTF-8, and its position.
+  /// Gives each live point: its name, its description and its position.
   template <class Take>
   void ForEach(Take take) const {
     for (std::size_t number = 0; number < m_points.size(); ++number) {

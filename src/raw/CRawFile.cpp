@@ -14,22 +14,20 @@ namespace zelconvert {
 namespace {
 
 /// By RawRecordType; empty for the types that no two letters tell.
-constexpr wchar_t kTags[kRawRecordTypes][3] = {
-    L"AA", L"BK", L"CF", L"",   L"JB", L"LS", L"MD", L"MO", L"",   L"OC", L"OF", L"RD", L"RS",
-    L"SK", L"SP", L"SS", L"SU", L"TR", L"",   L"RE", L"",   L"",   L"",   L"",   L"GS", L"BP",
-    L"",   L"",   L"LH", L"",   L"EP", L"",   L"",   L"",   L"CV", L"RF", L"RB", L"SL", L"SR",
-    L"RX", L"EQ", L"AH", L"BL", L"GP", L"GO", L"",   L"",   L"ES", L"ST", L"PJ", L"PE", L"DT",
-    L"DG", L"HA", L"VA", L"CS", L"LM", L"CT", L"AP", L"SD", L"OE", L"DP", L"DE", L"GK", L"OB",
-    L"CG", L"EE", L"RP", L"SC", L"CR", L"IM", L"GQ", L"SG"};
+constexpr char kTags[kRawRecordTypes][3] = {
+    "AA", "BK", "CF", "",   "JB", "LS", "MD", "MO", "",   "OC", "OF", "RD", "RS", "SK", "SP",
+    "SS", "SU", "TR", "",   "RE", "",   "",   "",   "",   "GS", "BP", "",   "",   "LH", "",
+    "EP", "",   "",   "",   "CV", "RF", "RB", "SL", "SR", "RX", "EQ", "AH", "BL", "GP", "GO",
+    "",   "",   "ES", "ST", "PJ", "PE", "DT", "DG", "HA", "VA", "CS", "LM", "CT", "AP", "SD",
+    "OE", "DP", "DE", "GK", "OB", "CG", "EE", "RP", "SC", "CR", "IM", "GQ", "SG"};
 
 constexpr std::size_t kLetters = 26;
 
-constexpr bool IsLetter(wchar_t c) {
-  return c >= L'A' && c <= L'Z';
+constexpr bool IsLetter(char c) {
+  return c >= 'A' && c <= 'Z';
 }
-constexpr std::size_t LetterPair(wchar_t first, wchar_t second) {
-  return static_cast<std::size_t>(first - L'A') * kLetters +
-         static_cast<std::size_t>(second - L'A');
+constexpr std::size_t LetterPair(char first, char second) {
+  return static_cast<std::size_t>(first - 'A') * kLetters + static_cast<std::size_t>(second - 'A');
 }
 
 constexpr auto kTypeOfLetters = [] {
@@ -37,19 +35,10 @@ constexpr auto kTypeOfLetters = [] {
   for (RawRecordType& type : types) type = RawRecordType::Other;
   for (std::size_t type = 0; type < std::size(kTags); ++type) {
     const auto [first, second, end] = kTags[type];
-    if (first != L'\0') types[LetterPair(first, second)] = static_cast<RawRecordType>(type);
+    if (first != '\0') types[LetterPair(first, second)] = static_cast<RawRecordType>(type);
   }
   return types;
 }();
-
-template <class Text>
-RawRecordType TypeOf(Text record) {
-  if (record.size() < 2) return RawRecordType::Other;
-  if (IsLetter(record[0]) && IsLetter(record[1])) {
-    return kTypeOfLetters[LetterPair(record[0], record[1])];
-  }
-  return record[0] == '-' && record[1] == '-' ? RawRecordType::Comment : RawRecordType::Other;
-}
 
 /// The fields of a point after its name.
 bool ReadPosition(const RawFields& fields, POINT_RECORD& point) {
@@ -57,7 +46,7 @@ bool ReadPosition(const RawFields& fields, POINT_RECORD& point) {
 }
 
 bool ReadHorizontal(const RawFields& fields, SHOT_RECORD& shot) {
-  std::wstring_view value;
+  std::string_view value;
   for (std::size_t kind = 0; kind < std::size(kHorizontalTags); ++kind) {
     if (!fields.Find(kHorizontalTags[kind], value)) continue;
     shot.horizontalKind = static_cast<HorizontalKind>(kind);
@@ -68,7 +57,7 @@ bool ReadHorizontal(const RawFields& fields, SHOT_RECORD& shot) {
 }
 
 bool ReadVertical(const RawFields& fields, SHOT_RECORD& shot) {
-  std::wstring_view value;
+  std::string_view value;
   for (const VerticalTags& tags : kVerticalTags) {
     if (!fields.Find(tags.vertical, value)) continue;
     shot.verticalKind = tags.kind;
@@ -134,44 +123,44 @@ bool CRawFile::OpenForAppend(const std::wstring& path) {
   return Open(path, platform::kOpenReadWrite) && SeekToEnd();
 }
 
-bool CRawFile::FindRecord(FieldTag tag, std::wstring& text) {
-  while (ReadRecord(text)) {
-    if (text.compare(0, 2, tag) == 0) return true;
+bool CRawFile::FindRecord(FieldTag tag, std::string_view& record) {
+  while (ReadRecord(record)) {
+    if (record.starts_with(tag)) return true;
   }
   return false;
 }
 
-RawRecordType CRawFile::GetRecordType(std::wstring_view record) {
-  return TypeOf(record);
+RawRecordType CRawFile::GetRecordType(std::string_view record) {
+  if (record.size() < 2) return RawRecordType::Other;
+  if (IsLetter(record[0]) && IsLetter(record[1])) {
+    return kTypeOfLetters[LetterPair(record[0], record[1])];
+  }
+  return record[0] == '-' && record[1] == '-' ? RawRecordType::Comment : RawRecordType::Other;
 }
 
-RawRecordType CRawFile::GetRecordType(std::string_view bytes) {
-  return TypeOf(bytes);
-}
-
-bool CRawFile::GetField(std::wstring_view record, FieldTag tag, std::wstring_view& value) {
+bool CRawFile::GetField(std::string_view record, FieldTag tag, std::string_view& value) {
   return RawFields(record).Find(tag, value);
 }
 
-bool CRawFile::GetDoubleField(std::wstring_view record, FieldTag tag, double& value) {
-  std::wstring_view text;
+bool CRawFile::GetDoubleField(std::string_view record, FieldTag tag, double& value) {
+  std::string_view text;
   if (!GetField(record, tag, text)) return false;
   value = RawReal(text);
   return true;
 }
 
-bool CRawFile::GetIntField(std::wstring_view record, FieldTag tag, std::int32_t& value) {
-  std::wstring_view text;
+bool CRawFile::GetIntField(std::string_view record, FieldTag tag, std::int32_t& value) {
+  std::string_view text;
   if (!GetField(record, tag, text)) return false;
   value = ToInteger(text);
   return true;
 }
 
-bool CRawFile::Parse(std::wstring_view line, MO_RECORD& mode) {
+bool CRawFile::Parse(std::string_view line, MO_RECORD& mode) {
   const RawFields fields(line);
   if (!ReadFields<MO_RECORD>(fields, MO_RECORD::kFields, mode)) return false;
-  std::wstring_view value;
-  if (fields.Find(L"SK", value)) {
+  std::string_view value;
+  if (fields.Find("SK", value)) {
     mode.scaleMode = ToInteger(value);
   } else {
     mode.scaleMode = std::fabs(1 - mode.scale) > 1e-12 ? 1 : 0;
@@ -179,51 +168,52 @@ bool CRawFile::Parse(std::wstring_view line, MO_RECORD& mode) {
   return true;
 }
 
-bool CRawFile::Parse(std::wstring_view line, OC_RECORD& point) {
+bool CRawFile::Parse(std::string_view line, OC_RECORD& point) {
   const RawFields fields(line);
-  return (fields.Find(L"OP", point.name) || fields.Find(L"PN", point.name)) &&
+  return (fields.Find("OP", point.name) || fields.Find("PN", point.name)) &&
          ReadPosition(fields, point);
 }
 
-bool CRawFile::Parse(std::wstring_view line, AP_RECORD& point) {
+bool CRawFile::Parse(std::string_view line, AP_RECORD& point) {
   const RawFields fields(line);
-  if (!fields.Find(L"PN", point.name)) return false;
+  if (!fields.Find("PN", point.name)) return false;
   point.name = Trim(point.name);
   return ReadPosition(fields, point);
 }
 
-bool CRawFile::Parse(std::wstring_view line, SHOT_RECORD& shot) {
+bool CRawFile::Parse(std::string_view line, SHOT_RECORD& shot) {
   const RawFields fields(line);
-  return (fields.Find(L"OP", shot.station) || fields.Find(L"OC", shot.station)) &&
-         fields.Find(L"FP", shot.foresight) && ReadHorizontal(fields, shot) &&
-         ReadVertical(fields, shot) && fields.Find(L"--", shot.note);
+  return (fields.Find("OP", shot.station) || fields.Find("OC", shot.station)) &&
+         fields.Find("FP", shot.foresight) && ReadHorizontal(fields, shot) &&
+         ReadVertical(fields, shot) && fields.Find("--", shot.note);
 }
 
-bool CRawFile::Parse(std::wstring_view line, DIRECTION_RECORD& direction) {
+bool CRawFile::Parse(std::string_view line, DIRECTION_RECORD& direction) {
   const RawFields fields(line);
-  std::wstring_view value;
+  std::string_view value;
   for (std::size_t kind = 0; kind < std::size(kDirectionTags); ++kind) {
     if (!fields.Find(kDirectionTags[kind], value)) continue;
-    const std::size_t colon = value.find(L':');
+    const std::size_t colon = value.find(':');
     direction.kind = static_cast<DirectionKind>(kind);
     direction.set = ToInteger(value.substr(0, colon));
-    direction.angle = colon == std::wstring_view::npos ? 0 : RawReal(value.substr(colon + 1));
+    direction.angle = colon == std::string_view::npos ? 0 : RawReal(value.substr(colon + 1));
     return true;
   }
   return false;
 }
 
-bool CRawFile::Parse(std::wstring_view line, SET_DISTANCE_RECORD& distance) {
-  std::wstring_view value;
-  if (!GetField(line, L"SD", value)) return false;
-  const std::size_t colon = value.find(L':');
-  distance.distance = colon == std::wstring_view::npos ? 0 : RawReal(value.substr(colon + 1));
+bool CRawFile::Parse(std::string_view line, SET_DISTANCE_RECORD& distance) {
+  std::string_view value;
+  if (!GetField(line, "SD", value)) return false;
+  const std::size_t colon = value.find(':');
+  distance.distance = colon == std::string_view::npos ? 0 : RawReal(value.substr(colon + 1));
   return true;
 }
 
-bool CRawFile::Parse(std::wstring_view line, CF_RECORD& stake) {
+bool CRawFile::Parse(std::string_view line, CF_RECORD& stake) {
   const RawFields fields(line);
-  stake.isPoint = fields.Has(L"PN") || !fields.Has(L"ST");
+  std::string_view value;
+  stake.isPoint = fields.Find("PN", value) || !fields.Find("ST", value);
   if (stake.isPoint) {
     ReadFields<CF_RECORD>(fields, CF_RECORD::kPointFields, stake);
   } else if (!ReadFields<CF_RECORD>(fields, CF_RECORD::kStationFields, stake)) {
@@ -232,10 +222,10 @@ bool CRawFile::Parse(std::wstring_view line, CF_RECORD& stake) {
   return ReadFields<CF_RECORD>(fields, CF_RECORD::kGradeFields, stake);
 }
 
-bool CRawFile::Parse(std::wstring_view line, GP_RECORD& point) {
+bool CRawFile::Parse(std::string_view line, GP_RECORD& point) {
   const RawFields fields(line);
-  std::wstring_view kind;
-  if (!fields.Find(L"PN", point.name) || !fields.Find(L"PT", kind)) return false;
+  std::string_view kind;
+  if (!fields.Find("PN", point.name) || !fields.Find("PT", kind)) return false;
   const auto* found = std::find(std::begin(kGpsPointKinds), std::end(kGpsPointKinds), kind);
   const bool isKnown = !kind.empty() && found != std::end(kGpsPointKinds);
   point.kind = isKnown ? static_cast<GpsPointKind>(found - std::begin(kGpsPointKinds))
@@ -243,7 +233,7 @@ bool CRawFile::Parse(std::wstring_view line, GP_RECORD& point) {
   return true;
 }
 
-bool CRawFile::Parse(std::wstring_view line, PE_RECORD& projection) {
+bool CRawFile::Parse(std::string_view line, PE_RECORD& projection) {
   const RawFields fields(line);
   return ReadFields<PJ_RECORD>(fields, PJ_RECORD::kFields, projection) &&
          ReadFields<PE_RECORD>(fields, PE_RECORD::kFields, projection);
@@ -259,18 +249,20 @@ void CRawFile::WriteRecord(std::wstring_view format, std::initializer_list<RawAr
 
 void CRawFile::WritePoint(std::wstring_view start, const POINT_RECORD& point) {
   std::wstring line(start);
-  line += point.name;
+  line += FromUtf8(point.name);
   AppendFields<POINT_RECORD>(line, std::span(POINT_RECORD::kFields).subspan(1), point);
   WriteText(line);
 }
 
 void CRawFile::WriteObservation(bool traverse, const SHOT_RECORD& shot) {
-  std::wstring line =
-      FormatRecord(traverse ? L"TR,OP%s,FP%s," : L"SS,OP%s,FP%s,", {shot.station, shot.foresight});
+  std::wstring line = traverse ? L"TR" : L"SS";
+  line.append(L",OP")
+      .append(FromUtf8(shot.station))
+      .append(L",FP")
+      .append(FromUtf8(shot.foresight));
   const auto append = [&line](FieldTag tag, double value) {
-    line.append(tag, 2);
+    line.append(1, L',').append(tag, tag + 2);
     AppendFixed(line, value, 6);
-    line += L',';
   };
   const bool written = shot.horizontalKind == HorizontalKind::AngleRight ||
                        shot.horizontalKind == HorizontalKind::AngleLeft ||
@@ -281,7 +273,7 @@ void CRawFile::WriteObservation(bool traverse, const SHOT_RECORD& shot) {
     append(tags.vertical, shot.vertical);
     append(tags.distance, shot.distance);
   }
-  WriteText(line.append(L"--").append(shot.note));
+  WriteText(line.append(L",--").append(FromUtf8(shot.note)));
 }
 
 void CRawFile::WriteBK(const BK_RECORD& backsight, const double* rodHeight) {
@@ -299,7 +291,7 @@ void CRawFile::WriteOF(double angleRight, double zenith, double slopeDistance) {
 }
 
 void CRawFile::WriteRD(const DIRECTION_RECORD& direction) {
-  FieldTag tag = kDirectionTags[static_cast<int>(direction.kind)];
+  const std::wstring tag = FromUtf8(kDirectionTags[static_cast<int>(direction.kind)]);
   WriteRecord(L"RD,%s %d:%lf", {std::wstring_view(tag), direction.set, direction.angle});
 }
 
@@ -308,9 +300,10 @@ void CRawFile::WriteMD(std::int32_t set, double distance) {
 }
 
 void CRawFile::WriteRS(const RESECTION_RECORD& shot, bool longForm) {
-  if (!longForm) return WriteRecord(L"RS,PN%s,CR%lf", {shot.name, shot.circle});
-  WriteRecord(L"RS,PN%s,CR%lf,ZE%lf,SD%lf",
-              {shot.name, shot.circle, shot.zenith, shot.slopeDistance});
+  const std::wstring text = FromUtf8(shot.name);
+  const std::wstring_view name = text;
+  if (!longForm) return WriteRecord(L"RS,PN%s,CR%lf", {name, shot.circle});
+  WriteRecord(L"RS,PN%s,CR%lf,ZE%lf,SD%lf", {name, shot.circle, shot.zenith, shot.slopeDistance});
 }
 
 void CRawFile::WriteMO(const MO_RECORD& mode) {

@@ -33,12 +33,12 @@ std::uint32_t GpsRecordHash(std::wstring_view first, std::wstring_view second) {
   return sum;
 }
 
-bool TestGpsSignature(std::wstring_view receiver, std::wstring_view& equipment) {
-  const std::size_t star = equipment.rfind(L'*');
-  if (star == std::wstring_view::npos) return false;
-  const std::uint32_t signature = ToUnsigned(equipment.substr(star + 1));
+bool TestGpsSignature(std::string_view receiver, std::string_view& equipment) {
+  const std::size_t star = equipment.rfind('*');
+  if (star == std::string_view::npos) return false;
+  const std::uint32_t signature = ToUnsigned(FromUtf8(equipment.substr(star + 1)));
   equipment = equipment.substr(0, star);
-  return GpsRecordHash(Trim(receiver), Trim(equipment)) == signature;
+  return GpsRecordHash(FromUtf8(Trim(receiver)), FromUtf8(Trim(equipment))) == signature;
 }
 
 }  // namespace zelconvert

@@ -21,7 +21,8 @@ class GpsRandom {
 std::uint32_t GpsRecordHash(std::wstring_view first, std::wstring_view second);
 
 /// Tests the signature after the last "*" of an equipment record against the receiver record of
-/// its setup, and cuts it off, with the "*", whatever it is. False if there is none or it is wrong.
-bool TestGpsSignature(std::wstring_view receiver, std::wstring_view& equipment);
+/// its setup, both in UTF-8, and cuts it off, with the "*", whatever it is. False if there is none
+/// or it is wrong.
+bool TestGpsSignature(std::string_view receiver, std::string_view& equipment);
 
 }  // namespace zelconvert

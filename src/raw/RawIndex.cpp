@@ -1,31 +1,14 @@
 #include "raw/RawIndex.h"
 
-#include <algorithm>
 #include <limits>
 #include <stdexcept>
 
 namespace zelconvert {
 namespace {
 
-/// After these the instrument stands somewhere, at a height that an LS tells.
-constexpr RawKinds kSetupKinds = {RawRecordType::OC, RawRecordType::BK, RawRecordType::TR};
-
-/// Of other records the index wants the kind alone.
-constexpr RawKinds kKindsRead = {RawRecordType::LS, RawRecordType::MO, RawRecordType::DP,
-                                 RawRecordType::OC, RawRecordType::RP, RawRecordType::GP};
-
-/// The entry of a line in a list that is sorted by lines; null if the line isn't in it.
-template <class Entry>
-const Entry* EntryOf(const std::deque<Entry>& entries, std::int64_t line) {
-  const auto found =
-      std::lower_bound(entries.begin(), entries.end(), line,
-                       [](const Entry& entry, std::int64_t at) { return entry.line < at; });
-  return found != entries.end() && found->line == line ? &*found : nullptr;
-}
-
 /// The value of the first tag, or else of the second.
-std::wstring_view NameOf(std::wstring_view record, FieldTag tag, FieldTag otherTag) {
-  std::wstring_view name;
+std::string_view NameOf(std::string_view record, FieldTag tag, FieldTag otherTag) {
+  std::string_view name;
   if (!CRawFile::GetField(record, tag, name)) CRawFile::GetField(record, otherTag, name);
   return name;
 }
@@ -34,133 +17,151 @@ std::wstring_view NameOf(std::wstring_view record, FieldTag tag, FieldTag otherT
 
 void RawIndex::Build(CRawFile& raw) {
   raw.SeekToBegin();
-  std::wstring record;
-  for (std::string_view bytes; raw.ReadLine(bytes);) {
-    const RawRecordType kind = CRawFile::GetRecordType(bytes);
-    record.clear();
-    if (kKindsRead.Contains(kind)) raw.Widen(record, bytes);
-    Add(kind, record);
+  for (std::string_view record; raw.ReadRecord(record);) {
+    if (m_line == std::numeric_limits<std::uint32_t>::max()) throw std::length_error("lines");
+    ++m_line;
+    Add(record);
   }
   raw.SeekToBegin();
 }
 
-/// record: empty unless it is of a kind that is read.
-void RawIndex::Add(RawRecordType kind, std::wstring_view record) {
-  GrowByQuarter(m_kinds);
-  m_kinds.push_back(kind);
-  if (m_kinds.size() > std::numeric_limits<std::uint32_t>::max()) throw std::length_error("lines");
-  const auto line = static_cast<std::uint32_t>(m_kinds.size());
-  AddHeights(kind, line, record);
-  if (kind == RawRecordType::MO) AddMode(line, record);
-  if (kind == RawRecordType::LM || kind == RawRecordType::LH) m_hasLocalization = true;
-  if (NAME_RECORD name; kind == RawRecordType::DP && CRawFile::Parse(record, name)) {
-    AddDeletion(name.name, line);
+void RawIndex::Add(std::string_view record) {
+  switch (CRawFile::GetRecordType(record)) {
+    case RawRecordType::OC:
+      AddOccupied(record);
+      return SupersedeBacksight();
+    case RawRecordType::BK:
+      SupersedeBacksight();
+      m_backsightLine = m_line;
+      return;
+    case RawRecordType::LS:
+      return AddHeights(record);
+    case RawRecordType::TR:
+      m_shotLine = m_setupLine = m_line;
+      return;
+    case RawRecordType::SS:
+    case RawRecordType::SK:
+    case RawRecordType::OB:
+      m_shotLine = m_line;
+      m_setupLine = 0;
+      return;
+    case RawRecordType::MO:
+      return AddMode(record);
+    case RawRecordType::LM:
+    case RawRecordType::LH:
+      m_hasLocalization = true;
+      return;
+    case RawRecordType::DP:
+      return AddDeletion(record);
+    case RawRecordType::RP:
+      m_askedNames.Insert(NameOf(record, "PN", "PN"));
+      return;
+    case RawRecordType::DE:
+    case RawRecordType::OE:
+      return m_stakeDetails.Add({m_line});
+    case RawRecordType::BL:
+      if (m_vectorLine == 0) m_vectorLine = m_line;
+      return;
+    case RawRecordType::GP:
+      return AddGpsPoint(record);
+    case RawRecordType::GS:
+    case RawRecordType::GK:
+      m_vectorLine = 0;
+      return;
+    default:
+      return;
   }
-  if (kind == RawRecordType::OC) AddOccupied(line, record);
-  if (kind == RawRecordType::RP) m_askedNames.Insert(NameOf(record, L"PN", L"PN"));
-  if (kind == RawRecordType::GP && m_isVectorOpen) AddGpsPoint(line, record);
-  if (kGpsPointMarks.Contains(kind)) m_isVectorOpen = false;
-  if (kind == RawRecordType::BL) m_isVectorOpen = true;
 }
 
-void RawIndex::AddDeletion(std::wstring_view name, std::uint32_t line) {
-  const std::size_t number = m_deletedNames.Add(name);
+void RawIndex::AddDeletion(std::string_view record) {
+  NAME_RECORD point;
+  if (!CRawFile::Parse(record, point)) return;
+  const std::size_t number = m_deletedNames.Add(point.name);
   if (number == m_deletedAt.size()) m_deletedAt.emplace_back();
-  m_deletedAt[number] = line;
+  m_deletedAt[number] = m_line;
 }
 
-void RawIndex::AddMode(std::uint32_t line, std::wstring_view record) {
+void RawIndex::AddMode(std::string_view record) {
   MO_RECORD mode;
   const bool isGood = CRawFile::Parse(record, mode);
   if (isGood && !m_hasMode) m_firstMode = mode;
   if (isGood) {
     m_unit = LinearUnitOfRaw(mode.distanceUnit);
-    m_modeLine = line;
+    m_modeLine = m_line;
   }
   m_hasMode = true;
 }
 
 /// Keeps what an LS says if a setup may look for it.
-void RawIndex::AddHeights(RawRecordType kind, std::uint32_t line, std::wstring_view record) {
-  if (kind == RawRecordType::LS && m_isSetupOpen) {
-    LS_RECORD heights;
-    const bool isWhole = CRawFile::Parse(record, heights);
-    if (isWhole || CRawFile::GetDoubleField(record, L"HI", heights.instrumentHeight)) {
-      m_heights.push_back({heights, line, m_modeLine, m_unit, isWhole});
-    }
+void RawIndex::AddHeights(std::string_view record) {
+  if (m_setupLine == 0) return;
+  LS_RECORD heights;
+  const bool isWhole = CRawFile::Parse(record, heights);
+  if (isWhole || CRawFile::GetDoubleField(record, "HI", heights.instrumentHeight)) {
+    m_heights.Add({heights, m_line, m_setupLine, m_modeLine, m_unit, isWhole});
   }
-  if (kSetupKinds.Contains(kind)) {
-    m_isSetupOpen = true;
-  } else if (kind == RawRecordType::LS || kShotKinds.Contains(kind)) {
-    m_isSetupOpen = false;
-  }
+  m_setupLine = 0;
 }
 
-void RawIndex::AddOccupied(std::uint32_t line, std::wstring_view record) {
-  const std::size_t name = m_askedNames.Add(NameOf(record, L"OP", L"PN"));
-  m_occupied.push_back({line, static_cast<std::uint32_t>(name)});
+void RawIndex::AddOccupied(std::string_view record) {
+  const std::size_t name = m_askedNames.Add(NameOf(record, "OP", "PN"));
+  m_occupied.Add({m_line, static_cast<std::uint32_t>(name), m_shotLine});
+}
+
+/// An OC or BK: the backsight before it counts only if a shot was made to it.
+void RawIndex::SupersedeBacksight() {
+  if (m_backsightLine > m_shotLine) m_supersededBacksights.Add({m_backsightLine});
+  m_backsightLine = 0;
+  if (m_setupLine == 0) m_setupLine = m_line;
 }
 
 /// Keeps what a GP says if a vector may ask for it.
-void RawIndex::AddGpsPoint(std::uint32_t line, std::wstring_view record) {
+void RawIndex::AddGpsPoint(std::string_view record) {
+  if (m_vectorLine == 0) return;
   GP_RECORD point;
-  if (!CRawFile::Parse(record, point)) return;
-  m_gpsPoints.push_back({line, static_cast<std::uint32_t>(m_gpsNames.Add(point.name)), point.kind});
-}
-
-std::int64_t RawIndex::Search::Next(const std::vector<RawRecordType>& lines, std::int64_t line) {
-  const auto count = static_cast<std::int64_t>(lines.size());
-  if (line >= m_asked && line < m_found) return m_found;
-  std::int64_t next = line + 1;
-  while (next <= count && !m_kinds.Contains(lines[static_cast<std::size_t>(next - 1)])) ++next;
-  m_asked = line;
-  m_found = next;
-  return next;
-}
-
-bool RawIndex::IsDeleted(std::wstring_view name, std::int64_t line) const {
-  const auto found = m_deletedNames.Find(name);
-  return found && line < m_deletedAt[*found];
+  std::size_t name = 0;
+  if (CRawFile::Parse(record, point)) name = 1 + m_gpsNames.Add(point.name);
+  m_gpsPoints.Add({m_line, m_vectorLine, static_cast<std::uint32_t>(name), point.kind});
+  m_vectorLine = 0;
 }
 
 bool RawIndex::OccupyIsSuperseded(std::int64_t line) {
-  return m_nextOccupy.Next(m_kinds, line) < m_nextShot.Next(m_kinds, line);
+  const Occupied* next = m_occupied.After(line);
+  return next != nullptr && next->shotLine <= line;
 }
 
 bool RawIndex::BacksightIsSuperseded(std::int64_t line) {
-  return m_nextSetup.Next(m_kinds, line) < m_nextShot.Next(m_kinds, line);
+  const Line* superseded = m_supersededBacksights.After(line - 1);
+  return superseded != nullptr && superseded->line == line;
 }
 
 bool RawIndex::TraverseContinues(std::int64_t line) {
-  return m_nextShot.Next(m_kinds, line) < m_nextOccupy.Next(m_kinds, line);
+  const Occupied* next = m_occupied.After(line);
+  return (next == nullptr ? m_shotLine : next->shotLine) > line;
 }
 
-bool RawIndex::NextIsStakeDetail(std::int64_t line) const {
-  if (line >= LineCount()) return false;
-  const RawRecordType next = KindAt(line + 1);
-  return next == RawRecordType::DE || next == RawRecordType::OE;
+bool RawIndex::NextIsStakeDetail(std::int64_t line) {
+  const Line* detail = m_stakeDetails.After(line);
+  return detail != nullptr && detail->line == line + 1;
 }
 
 const HeightsAhead* RawIndex::FindHeights(std::int64_t line, RawRecordType type,
-                                          std::wstring_view name) {
-  for (;;) {
-    line = m_nextHeights.Next(m_kinds, line);
-    if (line > LineCount()) return nullptr;
-    const RawRecordType kind = KindAt(line);
-    if (kind == RawRecordType::LS) return EntryOf(m_heights, line);
-    if (kind != RawRecordType::OC || type != RawRecordType::TR ||
-        m_askedNames.Find(name) != EntryOf(m_occupied, line)->name) {
-      return nullptr;
-    }
+                                          std::string_view name) {
+  const HeightsAhead* ahead = m_heights.After(line);
+  if (ahead == nullptr || ahead->setupLine > line) return nullptr;
+  const Occupied* next = m_occupied.After(line);
+  for (; next != nullptr && next->line < ahead->line; next = m_occupied.After(next->line)) {
+    if (type != RawRecordType::TR || m_askedNames.Find(name) != next->name) return nullptr;
   }
+  return ahead;
 }
 
-bool RawIndex::FindGpsPointKind(std::int64_t line, std::wstring_view name, bool& isControl) {
+bool RawIndex::FindGpsPointKind(std::int64_t line, std::string_view name, bool& isControl) {
   isControl = false;
-  line = m_nextGpsPoint.Next(m_kinds, line);
-  if (line > LineCount() || KindAt(line) != RawRecordType::GP) return true;
-  const GpsPoint* point = EntryOf(m_gpsPoints, line);
-  if (point == nullptr || m_gpsNames.Find(name) != point->name) return false;
+  const GpsPoint* point = m_gpsPoints.After(line);
+  if (point == nullptr || point->vectorLine > line) return true;
+  const auto number = m_gpsNames.Find(name);
+  if (!number || *number + 1 != point->name) return false;
   isControl = point->kind == GpsPointKind::Control;
   return true;
 }

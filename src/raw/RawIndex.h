@@ -1,16 +1,13 @@
 // What a reduction has to know of a raw log before it comes to it. One pass over the file gathers
-// the kind of each line and the little that look-aheads ask for, so that none of them reads ahead
-// and the whole work stays linear in the file.
+// the little that look-aheads ask for, so that none of them reads ahead and the whole work stays
+// linear in the file.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <deque>
-#include <initializer_list>
 #include <optional>
-#include <string>
 #include <string_view>
-#include <vector>
 
 #include "io/NameSet.h"
 #include "raw/CRawFile.h"
@@ -19,48 +16,42 @@
 
 namespace zelconvert {
 
-/// A set of record kinds.
-class RawKinds {
+/// Entries by their lines, which only go up.
+template <class Entry>
+class LineList {
  public:
-  constexpr RawKinds(std::initializer_list<RawRecordType> kinds) {
-    for (const RawRecordType kind : kinds) m_has[static_cast<std::size_t>(kind)] = true;
-  }
-  constexpr bool Contains(RawRecordType kind) const {
-    return m_has[static_cast<std::size_t>(kind)];
+  void Add(const Entry& entry) { m_entries.push_back(entry); }
+  /// The first one after `line`, or null; in amortized constant time while lines go one way.
+  const Entry* After(std::int64_t line) {
+    while (m_next > 0 && m_entries[m_next - 1].line > line) --m_next;
+    while (m_next < m_entries.size() && m_entries[m_next].line <= line) ++m_next;
+    return m_next < m_entries.size() ? &m_entries[m_next] : nullptr;
   }
 
  private:
-  bool m_has[kRawRecordTypes] = {};
+  std::deque<Entry> m_entries;
+  std::size_t m_next = 0;
 };
-
-/// What ends a setup's look-aheads.
-inline constexpr RawKinds kShotKinds = {RawRecordType::SS, RawRecordType::TR, RawRecordType::SK,
-                                        RawRecordType::OB};
-
-/// What tells of the point that a vector led to.
-inline constexpr RawKinds kGpsPointMarks = {RawRecordType::GP, RawRecordType::GS,
-                                            RawRecordType::GK};
 
 /// What an LS ahead says.
 struct HeightsAhead {
   LS_RECORD heights;
   std::uint32_t line;
+  std::uint32_t setupLine;         ///< the first setup that it is for
   std::uint32_t modeLine;          ///< the line of the latest good MO before it, or 0
   std::optional<LinearUnit> unit;  ///< that of this MO, if it tells one
   bool hasRodHeight;               ///< the LS has an HR
 };
 
 /// Lines are counted from 1. The look-aheads answer for the record on `line`, by the records after
-/// it; asked in the order of the file, all of them together take linear time. What is kept of a
-/// line is small, since a log may hold nothing but what is kept: lines are counted in 32 bits, and
-/// Build throws std::length_error for more of them.
+/// it; asked in the order of the file, all of them together take linear time. A shot is a SS, TR,
+/// SK or OB. Nothing is kept of shots, and little of a line, since a log may hold nothing but what
+/// is kept: lines are counted in 32 bits, and Build throws std::length_error for more of them.
 class RawIndex {
  public:
   /// Reads the whole file and goes back to its start.
   void Build(CRawFile& raw);
 
-  /// Of the whole file, once it is built.
-  std::int64_t LineCount() const { return static_cast<std::int64_t>(m_kinds.size()); }
   /// The first MO; defaults if there is none or it is bad.
   const MO_RECORD& FirstMode() const { return m_firstMode; }
   /// The log has an LM or LH somewhere.
@@ -72,7 +63,10 @@ class RawIndex {
   /// The names of all good DP.
   const NameSet& DeletedNames() const { return m_deletedNames; }
   /// A DP after `line` deletes the point. Of several DP of a name the last counts.
-  bool IsDeleted(std::wstring_view name, std::int64_t line) const;
+  bool IsDeleted(const auto& name, std::int64_t line) const {
+    const auto found = m_deletedNames.Find(name);
+    return found && line < m_deletedAt[*found];
+  }
 
   /// An OC stands before the next shot.
   bool OccupyIsSuperseded(std::int64_t line);
@@ -81,51 +75,43 @@ class RawIndex {
   /// A shot comes before the next OC.
   bool TraverseContinues(std::int64_t line);
   /// The next record is DE or OE.
-  bool NextIsStakeDetail(std::int64_t line) const;
+  bool NextIsStakeDetail(std::int64_t line);
   /// The LS before the next shot or OC; null if there is none or it lacks its HI. `type` is
   /// the kind of the record on `line`, OC, BK or TR: a TR looks past an OC that names the same
   /// point as `name`.
-  const HeightsAhead* FindHeights(std::int64_t line, RawRecordType type, std::wstring_view name);
+  const HeightsAhead* FindHeights(std::int64_t line, RawRecordType type, std::string_view name);
   /// What the next GP says of the vector to `name`. False if that GP is bad or of another name; a
   /// GS or GK before it, or none at all, leaves `isControl` false.
-  bool FindGpsPointKind(std::int64_t line, std::wstring_view name, bool& isControl);
+  bool FindGpsPointKind(std::int64_t line, std::string_view name, bool& isControl);
 
  private:
-  /// Finds the next line of some kinds, in amortized constant time while lines only go up.
-  class Search {
-   public:
-    explicit constexpr Search(const RawKinds& kinds) : m_kinds(kinds) {}
-    /// The first such line after `line`, or one past the last line of the file.
-    std::int64_t Next(const std::vector<RawRecordType>& lines, std::int64_t line);
-
-   private:
-    RawKinds m_kinds;
-    std::int64_t m_asked = 0;
-    std::int64_t m_found = 0;
-  };
   struct Occupied {
     std::uint32_t line;
-    std::uint32_t name;  // its number in m_askedNames
+    std::uint32_t name;      // its number in m_askedNames
+    std::uint32_t shotLine;  // the latest shot before it, or 0
   };
   struct GpsPoint {
     std::uint32_t line;
-    std::uint32_t name;  // its number in m_gpsNames
+    std::uint32_t vectorLine;  // the first vector that it is for
+    std::uint32_t name;        // 1 + its number in m_gpsNames; 0 of a bad GP
     GpsPointKind kind;
   };
-  void Add(RawRecordType kind, std::wstring_view record);
-  void AddDeletion(std::wstring_view name, std::uint32_t line);
-  void AddMode(std::uint32_t line, std::wstring_view record);
-  void AddHeights(RawRecordType kind, std::uint32_t line, std::wstring_view record);
-  void AddOccupied(std::uint32_t line, std::wstring_view record);
-  void AddGpsPoint(std::uint32_t line, std::wstring_view record);
-  RawRecordType KindAt(std::int64_t line) const {
-    return m_kinds[static_cast<std::size_t>(line - 1)];
-  }
+  struct Line {
+    std::uint32_t line;
+  };
+  void Add(std::string_view record);
+  void AddDeletion(std::string_view record);
+  void AddMode(std::string_view record);
+  void AddHeights(std::string_view record);
+  void AddOccupied(std::string_view record);
+  void AddGpsPoint(std::string_view record);
+  void SupersedeBacksight();
 
-  std::vector<RawRecordType> m_kinds;
-  std::deque<HeightsAhead> m_heights;
-  std::deque<Occupied> m_occupied;
-  std::deque<GpsPoint> m_gpsPoints;  // the good ones
+  LineList<HeightsAhead> m_heights;
+  LineList<Occupied> m_occupied;
+  LineList<Line> m_supersededBacksights;
+  LineList<Line> m_stakeDetails;
+  LineList<GpsPoint> m_gpsPoints;
   NameSet m_gpsNames;
   NameSet m_deletedNames;
   std::deque<std::uint32_t> m_deletedAt;  // the line of the last DP, by the name's number
@@ -134,16 +120,14 @@ class RawIndex {
   std::optional<LinearUnit> m_unit;  // of the latest good MO
   std::uint32_t m_modeLine = 0;      // its line
   bool m_hasMode = false;
-  bool m_isSetupOpen = false;   // an OC, BK or TR, and neither LS nor shot since
-  bool m_isVectorOpen = false;  // a BL, and no GP, GS or GK since
   bool m_hasLocalization = false;
 
-  Search m_nextShot{kShotKinds};
-  Search m_nextOccupy{{RawRecordType::OC}};
-  Search m_nextSetup{{RawRecordType::OC, RawRecordType::BK}};
-  Search m_nextHeights{{RawRecordType::OC, RawRecordType::LS, RawRecordType::SS, RawRecordType::TR,
-                        RawRecordType::SK, RawRecordType::OB}};
-  Search m_nextGpsPoint{kGpsPointMarks};
+  // The lines of the records gone through; 0 for none.
+  std::uint32_t m_line = 0;           // the latest
+  std::uint32_t m_shotLine = 0;       // the latest shot
+  std::uint32_t m_setupLine = 0;      // the first OC, BK or TR since the latest LS or shot
+  std::uint32_t m_backsightLine = 0;  // the latest BK, until an OC or BK comes
+  std::uint32_t m_vectorLine = 0;     // the first BL since the latest GP, GS or GK
 };
 
 }  // namespace zelconvert

@@ -54,6 +54,7 @@ TEST(Text, EncodesUtf8) {
   std::string out;
   AppendUtf8(out, L"a\u00e4\u20ac\U0001F600\xD83D\xDE00\xD83D!\xDFFF");
   EXPECT_EQ(out, "a\xC3\xA4\xE2\x82\xAC\xF0\x9F\x98\x80\xF0\x9F\x98\x80\xEF\xBF\xBD!\xEF\xBF\xBD");
+  EXPECT_EQ(FromUtf8(out), L"a\u00e4\u20ac\U0001F600\U0001F600\xFFFD!\xFFFD");
 }
 
 TEST(Paths, SplitAtBothSeparators) {

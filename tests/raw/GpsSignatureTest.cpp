@@ -20,17 +20,17 @@ TEST(GpsSignature, TheHashCountsTheFirst512Characters) {
 }
 
 TEST(GpsSignature, IsWhatStandsAfterTheLastStar) {
-  const std::wstring receiver = L" RX ";
+  const std::string receiver = " RX ";
   const std::uint32_t hash = GpsRecordHash(L"RX", L"EQ*1");
   for (const auto& [text, good] :
-       std::vector<std::pair<std::wstring, bool>>{{L"EQ*1 *" + std::to_wstring(hash), true},
-                                                  {L"EQ*1* " + std::to_wstring(hash) + L"x", true},
-                                                  {L"EQ*1*-" + std::to_wstring(0u - hash), true},
-                                                  {L"EQ*1*99999999999", false},
-                                                  {L"EQ*1*", false},
-                                                  {L"EQ", false}}) {
-    SCOPED_TRACE(testing::Message() << std::string(text.begin(), text.end()));
-    std::wstring_view equipment = text;
+       std::vector<std::pair<std::string, bool>>{{"EQ*1 *" + std::to_string(hash), true},
+                                                 {"EQ*1* " + std::to_string(hash) + "x", true},
+                                                 {"EQ*1*-" + std::to_string(0u - hash), true},
+                                                 {"EQ*1*99999999999", false},
+                                                 {"EQ*1*", false},
+                                                 {"EQ", false}}) {
+    SCOPED_TRACE(text);
+    std::string_view equipment = text;
     EXPECT_EQ(TestGpsSignature(receiver, equipment), good);
   }
 }

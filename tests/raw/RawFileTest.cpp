@@ -27,19 +27,19 @@ TEST(RawRecordTypes, AreTheirNumbers) {
   const std::vector<CaseFields> tags = ReadCases("tests/golden-lines/raw-types.txt");
   for (const CaseFields& texts : tags) {
     for (const std::wstring& record : {texts[0], texts[0] + L",x"}) {
-      EXPECT_EQ(static_cast<int>(CRawFile::GetRecordType(record)), ToInteger(texts.at(1)))
+      EXPECT_EQ(static_cast<int>(CRawFile::GetRecordType(ToUtf8(record))), ToInteger(texts.at(1)))
           << record;
     }
   }
   int known = 0;
-  for (wchar_t a = L'A'; a <= L'Z'; ++a) {
-    for (wchar_t b = L'A'; b <= L'Z'; ++b) {
-      known += CRawFile::GetRecordType(std::wstring{a, b}) != RawRecordType::Other ? 1 : 0;
+  for (char a = 'A'; a <= 'Z'; ++a) {
+    for (char b = 'A'; b <= 'Z'; ++b) {
+      known += CRawFile::GetRecordType(std::string{a, b}) != RawRecordType::Other ? 1 : 0;
     }
   }
   EXPECT_EQ(known + 1, static_cast<int>(tags.size()));  // and "--"
-  for (const wchar_t* other : {L"", L"S", L"ss", L"Ss,", L"-", L"- -", L" SS", L"\u00e9\u00e9",
-                               L"[[", L"@@", L"\xFEFFJB", L"HC", L"00NM"}) {
+  for (const char* other : {"", "S", "ss", "Ss,", "-", "- -", " SS", "\u00e9\u00e9", "\xE9", "[[",
+                            "@@", "\uFEFFJB", "HC", "00NM"}) {
     EXPECT_EQ(CRawFile::GetRecordType(other), RawRecordType::Other) << other;
   }
 }
@@ -49,11 +49,12 @@ TEST(RawRecordTypes, AreTheirNumbers) {
 TEST(RawFields, AreFoundByPlainSearch) {
   for (const CaseFields& texts : ReadCases("tests/golden-lines/raw-fields.txt")) {
     SCOPED_TRACE(testing::PrintToString(texts));
-    const wchar_t tag[3] = {texts[1].at(0), texts[1].at(1), L'\0'};
+    const std::string record = ToUtf8(texts[0]), tagText = ToUtf8(texts[1]);
+    const char tag[3] = {tagText.at(0), tagText.at(1), '\0'};
     const bool isThere = texts.at(2) != L"none";
-    std::wstring_view value = L"as it was";
-    EXPECT_EQ(CRawFile::GetField(texts[0], tag, value), isThere);
-    EXPECT_EQ(value, isThere ? texts[2] : L"as it was");
+    std::string_view value = "as it was";
+    EXPECT_EQ(CRawFile::GetField(record, tag, value), isThere);
+    EXPECT_EQ(value, isThere ? ToUtf8(texts[2]) : "as it was");
   }
 }
 
@@ -61,13 +62,13 @@ TEST(RawFields, AreNumbersWhateverTheyHold) {
   for (const CaseFields& texts : ReadCases("tests/golden-lines/raw-numbers.txt")) {
     SCOPED_TRACE(testing::PrintToString(texts));
     const double expectedReal = texts[1] == L"null" ? DC_NULL : ToReal(texts[1]);
-    const std::wstring record = L"XX,SD" + texts[0];
+    const std::string record = "XX,SD" + ToUtf8(texts[0]);
     double real = -1;
     std::int32_t integer = -1;
-    EXPECT_TRUE(CRawFile::GetDoubleField(record, L"SD", real));
-    EXPECT_TRUE(CRawFile::GetIntField(record, L"SD", integer));
-    EXPECT_FALSE(CRawFile::GetDoubleField(record, L"ZE", real));
-    EXPECT_FALSE(CRawFile::GetIntField(record, L"ZE", integer));
+    EXPECT_TRUE(CRawFile::GetDoubleField(record, "SD", real));
+    EXPECT_TRUE(CRawFile::GetIntField(record, "SD", integer));
+    EXPECT_FALSE(CRawFile::GetDoubleField(record, "ZE", real));
+    EXPECT_FALSE(CRawFile::GetIntField(record, "ZE", integer));
     EXPECT_EQ(real, expectedReal);
     EXPECT_EQ(integer, ToInteger(texts.at(2)));
   }
@@ -75,8 +76,8 @@ TEST(RawFields, AreNumbersWhateverTheyHold) {
 
 // ---- Parsers
 
-void Append(std::wstring& out, std::wstring_view value) {
-  out.append(value).append(L"|");
+void Append(std::wstring& out, std::string_view value) {
+  out.append(FromUtf8(value)).append(L"|");
 }
 void Append(std::wstring& out, double value) {
   out.append(value == DC_NULL ? L"null" : FormatFixed(value, 1)).append(L"|");
@@ -133,7 +134,7 @@ std::wstring ShowRecord(const PE_RECORD& r) {
 
 // The members of the record that a line holds, or "bad".
 template <class R>
-std::wstring ShowLine(std::wstring_view line) {
+std::wstring ShowLine(std::string_view line) {
   R record;
   return CRawFile::Parse(line, record) ? ShowRecord(record) : L"bad";
 }
@@ -144,7 +145,7 @@ std::string Row(const std::string& tags, std::span<const RawField<R>> table) {
   std::string row = "| " + tags + " | `";
   for (const RawField<R>& field : table) {
     if (&field != table.data()) row += ", ";
-    row += ToNarrow(field.tag) + " " + "sdi"[field.member.index()];
+    row += std::string(field.tag) + " " + "sdi"[field.member.index()];
     if (field.use == RawUse::Optional) row += "?";
     if (field.use == RawUse::Trimmed) row += "~";
     if (field.use == RawUse::ReadOnly) row += "!";
@@ -155,7 +156,7 @@ std::string Row(const std::string& tags, std::span<const RawField<R>> table) {
 struct RecordOfTags {
   std::string tags;
   std::string row;
-  std::wstring (*show)(std::wstring_view line);
+  std::wstring (*show)(std::string_view line);
 };
 
 template <class R>
@@ -192,7 +193,7 @@ std::wstring Parse(const std::wstring& line) {
                                    [tag = ToNarrow(line.substr(0, 2))](const auto& each) {
                                      return each.tags.find(tag) != std::string::npos;
                                    });
-  return record->show(line);
+  return record->show(ToUtf8(line));
 }
 
 TEST(RawDocs, ShowTheFieldsOfTheTables) {
@@ -249,10 +250,10 @@ TEST(RawParsers, KeepWhatStandsInFrontOfTheMissingField) {
   MO_RECORD mode;
   mode.curvature = 7;
   mode.angleUnit = 8;
-  EXPECT_FALSE(CRawFile::Parse(L"MO,AU1,EO1,SF2,UN3,AD4", mode));
+  EXPECT_FALSE(CRawFile::Parse("MO,AU1,EO1,SF2,UN3,AD4", mode));
   EXPECT_EQ(ShowRecord(mode), L"4|3|2.0|7|0.0|8|0|");
   SHOT_RECORD shot;
-  EXPECT_FALSE(CRawFile::Parse(L"SS,OPa,FPb,AL5,VA6,--n", shot));
+  EXPECT_FALSE(CRawFile::Parse("SS,OPa,FPb,AL5,VA6,--n", shot));
   EXPECT_EQ(ShowRecord(shot), L"a|b|3|5.0|2|6.0|0.0||");
 }
 
@@ -272,28 +273,27 @@ class RawWriters : public testing::Test {
 TEST_F(RawWriters, WriteEveryRecord) {
   const ScopedClock clock({2026, 3, 5, 13, 4, 5, 6, 789}, 1);
   const double rodHeight = 1.25;
-  const ROUND_SHOT_RECORD round{L"a", L"b", 1, 2, 3, 4, L"n"};
-  const RESECTION_RECORD resection{L"p", 1, 2, 3};
-  const CONTROL_RECORD control{L"p", 1, 2, 3, L"n"};
-  const CF_RECORD stake{false, L"p", 1, 2, -3, 4, 5, {}};
+  const ROUND_SHOT_RECORD round{"a", "b", 1, 2, 3, 4, "n"};
+  const RESECTION_RECORD resection{"p", 1, 2, 3};
+  const CONTROL_RECORD control{"p", 1, 2, 3, "n"};
+  const CF_RECORD stake{false, "p", 1, 2, -3, 4, 5, {}};
 
-  raw.WriteJB({L"job", L"01-02-2026", L"03:04:05"});
+  raw.WriteJB({"job", "01-02-2026", "03:04:05"});
   for (const double scale : {0.99987, 1.0, 100.0, 0.5, 0.1234567}) {
     raw.WriteMO({1, 2, scale, 3, 9, 1, 9});
   }
-  raw.WriteOC({L"p", 1.5, -2, DC_NULL, L"n,o"});
-  raw.WriteSP({L"p", 1, 2, 3, {}});
-  raw.WriteGS({L"p", 1, 2, 3, {}});
-  raw.WriteBK({L"a", L"b", 1, 2});
-  raw.WriteBK({L"a", L"b", 1, 2}, &rodHeight);
+  raw.WriteOC({"p", 1.5, -2, DC_NULL, "n,o"});
+  raw.WriteSP({"p", 1, 2, 3, {}});
+  raw.WriteGS({"p", 1, 2, 3, {}});
+  raw.WriteBK({"a", "b", 1, 2});
+  raw.WriteBK({"a", "b", 1, 2}, &rodHeight);
   raw.WriteLS({1, 2});
   using enum HorizontalKind;
-  raw.WriteObservation(true, {L"a", L"b", AngleRight, 1, VerticalKind::Zenith, 2, 3, L"n"});
-  raw.WriteObservation(false,
-                       {L"a", L"b", AngleLeft, 1, VerticalKind::ElevationChange, 2, 3, L"n"});
-  raw.WriteObservation(false, {L"a", L"b", Azimuth, 1, VerticalKind::VerticalAngle, 2, 3, L"n"});
-  raw.WriteObservation(false, {L"a", L"b", Bearing, 1, VerticalKind::VerticalAngle, 2, 3, L"n"});
-  raw.WriteSK({L"a", L"b", 1, 2, 3, L"n"});
+  raw.WriteObservation(true, {"a", "b", AngleRight, 1, VerticalKind::Zenith, 2, 3, "n"});
+  raw.WriteObservation(false, {"a", "b", AngleLeft, 1, VerticalKind::ElevationChange, 2, 3, "n"});
+  raw.WriteObservation(false, {"a", "b", Azimuth, 1, VerticalKind::VerticalAngle, 2, 3, "n"});
+  raw.WriteObservation(false, {"a", "b", Bearing, 1, VerticalKind::VerticalAngle, 2, 3, "n"});
+  raw.WriteSK({"a", "b", 1, 2, 3, "n"});
   raw.WriteRE(L"a", 1, 2, 3);
   raw.WriteRB({round});
   raw.WriteRF({round});
@@ -313,7 +313,7 @@ TEST_F(RawWriters, WriteEveryRecord) {
   raw.WriteSUTime(1);
   raw.WriteSUAngle(true, false, 1);
   raw.WriteSUAngle(false, true, 1);
-  raw.WriteBP({L"p", 1, 2, 3, 4});
+  raw.WriteBP({"p", 1, 2, 3, 4});
   raw.WriteHC(control);
   raw.WriteVC(control);
   raw.WriteComment(L"a, b\n");
@@ -337,11 +337,11 @@ TEST_F(RawWriters, AppendToWhatIsThere) {
   EXPECT_TRUE(raw.OpenForAppend(folder.Path(L"out.raw")));
   raw.WriteComment(L"two");
   raw.SeekToBegin();
-  std::wstring text;
-  EXPECT_TRUE(raw.FindRecord(L"--", text));
-  EXPECT_EQ(text, L"--one");
-  EXPECT_FALSE(raw.FindRecord(L"JB", text));
-  EXPECT_EQ(text, L"");
+  std::string_view text;
+  EXPECT_TRUE(raw.FindRecord("--", text));
+  EXPECT_EQ(text, "--one");
+  EXPECT_FALSE(raw.FindRecord("JB", text));
+  EXPECT_EQ(text, "");
   raw.SeekToBegin();
   raw.WriteComment(L"three");
   EXPECT_EQ(Written(), "--one\r\n--two\r\n--three\r\n");

@@ -14,6 +14,7 @@
 namespace zelconvert {
 namespace {
 
+using namespace std::string_view_literals;
 using Lines = std::vector<std::string>;
 
 RawIndex Build(const Lines& lines) {
@@ -24,7 +25,7 @@ RawIndex Build(const Lines& lines) {
   EXPECT_TRUE(raw.Open(folder.Write(L"in.raw", text), platform::kOpenReadWrite));
   RawIndex index;
   index.Build(raw);
-  std::wstring first;
+  std::string_view first;
   EXPECT_EQ(raw.ReadRecord(first), !lines.empty());  // it is back at the start
   return index;
 }
@@ -32,25 +33,23 @@ RawIndex Build(const Lines& lines) {
 TEST(RawIndex, GathersWhatThePassNeedsBeforehand) {
   const RawIndex index = Build({"JB", "MO,AD0,UN1,SF1.5,EC1,EO0", "MO,AD0,UN0,SF2,EC0,EO0",
                                 "DP,PNa", "DP,XXbad", "DP,PNa", "DP,PN b"});
-  EXPECT_EQ(index.LineCount(), 7);
   EXPECT_EQ(index.FirstMode().scale, 1.5);
   EXPECT_EQ(index.FirstMode().scaleMode, 1);
   EXPECT_FALSE(index.HasLocalization());
-  EXPECT_TRUE(index.IsDeleted(L"a", 5));
-  EXPECT_FALSE(index.IsDeleted(L"a", 6));
-  EXPECT_FALSE(index.IsDeleted(L"b", 1));
-  EXPECT_TRUE(index.IsDeleted(L" b", 1));
+  EXPECT_TRUE(index.IsDeleted("a"sv, 5));
+  EXPECT_FALSE(index.IsDeleted("a"sv, 6));
+  EXPECT_FALSE(index.IsDeleted("b"sv, 1));
+  EXPECT_TRUE(index.IsDeleted(" b"sv, 1));
   EXPECT_TRUE(Build({"", "LH"}).HasLocalization());
   EXPECT_TRUE(Build({"LM"}).HasLocalization());
   // A bad first MO isn't made up for by a good one after it.
   EXPECT_EQ(Build({"MO,AD0", "MO,AD0,UN1,SF1.5,EC1,EO0"}).FirstMode().scale, 1.0);
-  EXPECT_EQ(Build({}).LineCount(), 0);
 }
 
 TEST(RawIndex, FindsHeightsUnderTheLatestGoodMode) {
   RawIndex index =
       Build({"MO,AD0,UN1,SF1,EC0,EO0", "OC,OPa,N 1,E 1,EL1,--", "MO,AD0,UN2", "LS,HI2"});
-  const HeightsAhead* ahead = index.FindHeights(2, RawRecordType::OC, L"a");
+  const HeightsAhead* ahead = index.FindHeights(2, RawRecordType::OC, "a");
   ASSERT_NE(ahead, nullptr);
   EXPECT_EQ(ahead->heights.instrumentHeight, 2);
   EXPECT_FALSE(ahead->hasRodHeight);

@@ -46,11 +46,8 @@ constexpr double kUnread = std::numeric_limits<double>::quiet_NaN();
 bool WasRead(double value) {
   return !std::isnan(value);
 }
-bool WasRead(std::wstring_view text) {
-  return text.data() != nullptr;
-}
-void KeepRead(std::wstring_view text, std::wstring& kept) {
-  if (WasRead(text)) kept = text;
+void KeepRead(std::string_view text, std::wstring& kept) {
+  if (text.data() != nullptr) AssignUtf8(kept, text);
 }
 
 /// One run over a log. A record that lacks a field isn't refused: what stands before the field
@@ -65,7 +62,7 @@ class RawToSdr {
     progress.Start();
     m_index.Build(m_raw);
     const std::int64_t length = m_raw.GetLength();
-    std::wstring record;
+    std::string_view record;
     while (m_raw.ReadRecord(record)) {
       ++m_line;
       progress.SetPosition(m_raw.GetPosition(), length);
@@ -75,10 +72,10 @@ class RawToSdr {
   }
 
  private:
-  using Handler = void (RawToSdr::*)(std::wstring_view record);
+  using Handler = void (RawToSdr::*)(std::string_view record);
 
   /// False for a point name that the layout can't write.
-  [[nodiscard]] bool Convert(std::wstring_view record) {
+  [[nodiscard]] bool Convert(std::string_view record) {
     static constexpr auto kHandlers = MakeHandlerTable<kRawRecordTypes, RawRecordType, Handler>({
         {RawRecordType::SS, &RawToSdr::OnShot},
         {RawRecordType::TR, &RawToSdr::OnTraverse},
@@ -95,7 +92,7 @@ class RawToSdr {
     return !m_isRefused || m_report.Refuse(kAlphanumericText);
   }
 
-  void OnJob(std::wstring_view record) {
+  void OnJob(std::string_view record) {
     JB_RECORD job;
     CRawFile::Parse(record, job);
     KeepRead(job.name, m_jobName);
@@ -103,7 +100,7 @@ class RawToSdr {
     KeepRead(job.time, m_time);
   }
 
-  void OnMode(std::wstring_view record) {
+  void OnMode(std::string_view record) {
     MO_RECORD mode = m_mode;
     mode.angleUnit = 0;  // of a record without AU
     if (!CRawFile::Parse(record, mode)) mode.angleUnit = m_mode.angleUnit;
@@ -119,7 +116,7 @@ class RawToSdr {
     PutInstrument();
   }
 
-  void OnBacksight(std::wstring_view record) {
+  void OnBacksight(std::string_view record) {
     BK_RECORD backsight;
     backsight.azimuth = backsight.circle = kUnread;
     CRawFile::Parse(record, backsight);
@@ -131,7 +128,7 @@ class RawToSdr {
     PutBacksightObservation({});
   }
 
-  void OnHeights(std::wstring_view record) {
+  void OnHeights(std::string_view record) {
     LS_RECORD heights{kUnread, kUnread};
     CRawFile::Parse(record, heights);
     const double before = m_instrumentHeight;
@@ -143,7 +140,7 @@ class RawToSdr {
     Put(SdrTargetHeight{m_rodHeight});
   }
 
-  void OnOccupy(std::wstring_view record) {
+  void OnOccupy(std::string_view record) {
     OC_RECORD point;
     point.north = point.east = point.elevation = kUnread;
     CRawFile::Parse(record, point);
@@ -157,8 +154,8 @@ class RawToSdr {
     PutStation();
   }
 
-  void OnComment(std::wstring_view record) {
-    const std::wstring_view text = Mid(record, 2);
+  void OnComment(std::string_view record) {
+    const std::wstring text = FromUtf8(record.substr(2));
     std::wstring_view value;
     const NoteMark mark = ParseNoteMark(text, value);
     const std::wstring_view figure = Left(value, kFigureNameLength);
@@ -174,34 +171,35 @@ class RawToSdr {
     Put(SdrNote{text});
   }
 
-  void OnStored(std::wstring_view record) {
+  void OnStored(std::string_view record) {
     POINT_RECORD point;
     CRawFile::Parse(record, point);
-    const std::wstring note = std::wstring(point.note) + m_pendingSuffix;
+    const std::wstring name = FromUtf8(point.name);
+    const std::wstring note = FromUtf8(point.note) + m_pendingSuffix;
     m_pendingSuffix.clear();
-    Put(SdrCoordinates{point.name, Length(point.north), Length(point.east), Length(point.elevation),
+    Put(SdrCoordinates{name, Length(point.north), Length(point.east), Length(point.elevation),
                        note});
   }
 
-  void OnShot(std::wstring_view record) { ConvertShot(record); }
-  void OnTraverse(std::wstring_view record) {
+  void OnShot(std::string_view record) { ConvertShot(record); }
+  void OnTraverse(std::string_view record) {
     ConvertShot(record);
     Advance();
   }
 
-  void ConvertShot(std::wstring_view record) {
+  void ConvertShot(std::string_view record) {
     SHOT_RECORD shot;
     shot.horizontal = kUnread;
     CRawFile::Parse(record, shot);
     KeepRead(shot.station, m_station);
-    if (!m_backsightWritten) PutBacksightObservation(shot.note);
+    if (!m_backsightWritten) PutBacksightObservation(FromUtf8(shot.note));
     ReadHorizontal(record, shot);
     ReadVertical(shot);
     CountDown();
 
-    m_foresight.m_strName = shot.foresight;
+    AssignUtf8(m_foresight.m_strName, shot.foresight);
     std::wstring& note = m_foresight.m_strDescription;
-    note = shot.note;
+    AssignUtf8(note, shot.note);
     note += m_pendingSuffix;
     if (note.size() > kNoteLength) note.resize(kNoteLength);
     m_pendingSuffix.clear();
@@ -212,7 +210,7 @@ class RawToSdr {
 
   // All kinds but the circle reading itself give an azimuth first; the circle then counts from the
   // backsight.
-  void ReadHorizontal(std::wstring_view record, const SHOT_RECORD& shot) {
+  void ReadHorizontal(std::string_view record, const SHOT_RECORD& shot) {
     const HorizontalKind kind = shot.horizontalKind;
     const bool read = WasRead(shot.horizontal);
     const double value = read ? Angle(shot.horizontal) : 0;
@@ -223,9 +221,9 @@ class RawToSdr {
     double azimuth = ToldAzimuth(kind, value, m_backsightAzimuth, m_angles);
     if (kind == HorizontalKind::Azimuth && read) azimuth = NorthAzimuth(value);
     if (kind == HorizontalKind::Bearing) {
-      std::wstring_view bearing;
-      CRawFile::GetField(record, L"BR", bearing);
-      azimuth = ParseBearing(bearing, m_angles);
+      std::string_view bearing;
+      CRawFile::GetField(record, "BR", bearing);
+      azimuth = ParseBearing(FromUtf8(bearing), m_angles);
     }
     m_circle = 0;
     m_horizontal = Computed(azimuth - m_backsightAzimuth, azimuth, m_backsightAzimuth, value);
@@ -297,7 +295,7 @@ class RawToSdr {
   }
 
   void FindHeights(RawRecordType type, std::wstring_view name) {
-    const HeightsAhead* ahead = m_index.FindHeights(m_line, type, name);
+    const HeightsAhead* ahead = m_index.FindHeights(m_line, type, ToUtf8(name));
     if (ahead == nullptr) return;
     const bool modeAhead = ahead->modeLine > m_line;
     m_instrumentHeight =

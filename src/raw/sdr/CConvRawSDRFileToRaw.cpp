@@ -42,8 +42,8 @@ class SdrToRaw {
     FindCollimation();
     if (!ReadSettings()) return false;
     const platform::LocalTime now = CurrentLocalTime();
-    m_date = FormatTime(L"m-d-Cy", now);
-    m_time = FormatTime(L"H:M:S", now);
+    m_date = ToUtf8(FormatTime(L"m-d-Cy", now));
+    m_time = ToUtf8(FormatTime(L"H:M:S", now));
 
     const std::int64_t length = m_sdr.GetLength();
     m_sdr.SeekToBegin();
@@ -130,7 +130,7 @@ class SdrToRaw {
   }
 
   void WriteJob() {
-    m_raw.WriteJB({Read<SdrJob>().name, m_date, m_time});
+    m_raw.WriteJB({ToUtf8(Read<SdrJob>().name), m_date, m_time});
     m_raw.WriteMO(m_mode);
     m_jobWritten = true;
     for (const std::wstring& comment : m_pending) m_raw.WriteComment(comment);
@@ -179,7 +179,7 @@ class SdrToRaw {
   std::wstring m_line;
 
   MO_RECORD m_mode;  // the units and the scale of the file; all else 0
-  std::wstring m_date, m_time;
+  std::string m_date, m_time;
   std::wstring m_collimation;
   StringList m_pending;  // comments of before the job record
   bool m_jobWritten = false;

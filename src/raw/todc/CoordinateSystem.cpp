@@ -6,6 +6,7 @@
 #include "dc/WriteCoordinateSystem.h"
 #include "geodetic/CGeodeticDllIndices.h"
 #include "io/Paths.h"
+#include "io/Strings.h"
 #include "raw/Angles.h"
 
 namespace zelconvert {
@@ -98,8 +99,8 @@ void CoordinateSystem::OnGridProjection(const PE_RECORD& source) {
   projection.flagC = source.ry == 1 ? 2 : 1;
   projection.flagD =
       source.ae >= 1 && source.ae <= 3 ? static_cast<wchar_t>(L'0' + source.ae) : L'4';
-  projection.gridFileName = source.gridFile;
-  projection.shiftFileName = source.shiftFile;
+  AssignUtf8(projection.gridFileName, source.gridFile);
+  AssignUtf8(projection.shiftFileName, source.shiftFile);
   m_pass.dc.Write(projection);
 }
 
@@ -123,7 +124,7 @@ void CoordinateSystem::OnDatum(const DT_RECORD& source) {
 
 void CoordinateSystem::OnDatumGrid(const FILE_RECORD& source) {
   tDC_DATUM_GRIDRecord grid;
-  grid.fileName = source.fileName;
+  AssignUtf8(grid.fileName, source.fileName);
   m_pass.dc.Write(grid);
 }
 
@@ -148,23 +149,23 @@ void CoordinateSystem::OnVerticalAdjust(const VA_RECORD& source) {
   adjustment.constantShift = Length(source.constantShift);
   adjustment.slopeNorth = FromPartsPerMillion(source.slopeNorth);
   adjustment.slopeEast = FromPartsPerMillion(source.slopeEast);
-  adjustment.geoidFileName = source.geoidName;
+  AssignUtf8(adjustment.geoidFileName, source.geoidName);
   m_pass.dc.Write(adjustment);
 }
 
 void CoordinateSystem::OnNames(const CS_RECORD& source) {
   tDC_COORDINATE_SYSTEMRecord system;
   system.systemKind = source.system >= 1 && source.system <= 3 ? source.system : 4;
-  system.zoneGroupName = source.zoneGroupName;
-  system.zoneName = source.zoneName;
-  system.datumName = source.datumName;
+  AssignUtf8(system.zoneGroupName, source.zoneGroupName);
+  AssignUtf8(system.zoneName, source.zoneName);
+  AssignUtf8(system.datumName, source.datumName);
   m_pass.dc.Write(system);
 }
 
 void CoordinateSystem::OnZone(const LM_RECORD& source) {
   CGeodeticDllIndices indices;
   indices.Set(source.mode, source.coordinateSystem, source.datum, source.zone, source.hemisphere,
-              GetFileName(source.fileName), 0);
+              GetFileName(FromUtf8(source.fileName)), 0);
   CGlkProjectionRecord record;
   if (!FillProjectionRecord(indices, record)) return WriteNoSystem();
   record.horizontalType = 1;  // a system with a projection
@@ -179,7 +180,7 @@ void CoordinateSystem::WriteNoSystem() {
 void CoordinateSystem::OnGeoid(const FILE_RECORD& geoid) {
   if (geoid.fileName.empty()) return;
   tDC_ZONE_LABELRecord label;
-  label.name = geoid.fileName;
+  AssignUtf8(label.name, geoid.fileName);
   m_pass.dc.Write(label);
 }
 

@@ -14,26 +14,26 @@
 namespace zelconvert {
 namespace {
 
-constexpr std::wstring_view kPrefix = L"GPS_";
+constexpr std::string_view kPrefix = "GPS_";
 constexpr std::size_t kLongestPrefixedName = 12;
-constexpr std::wstring_view kKeyedIn = L"KI";
+constexpr std::string_view kKeyedIn = "KI";
 
 constexpr std::int32_t kGeodeticMethod = 2;  ///< the position itself counts, not the vector to it
 constexpr std::int32_t kDeletedClassStep = 5;
 constexpr std::int32_t kFirstDeletedClass = 6;
 
 enum class Role { Base, GetBase, VrsBase, Rover, Static, Other };
-constexpr std::wstring_view kRoles[] = {L"BASE", L"GETBASE", L"VRSBASE", L"ROVER", L"STATIC"};
+constexpr std::string_view kRoles[] = {"BASE", "GETBASE", "VRSBASE", "ROVER", "STATIC"};
 
-Role RoleOf(std::wstring_view text) {
+Role RoleOf(std::string_view text) {
   const auto* const role = std::find(std::begin(kRoles), std::end(kRoles), text);
   return static_cast<Role>(role - std::begin(kRoles));
 }
 
 /// The subtype of a GPS record.
-std::wstring_view SubtypeOf(std::wstring_view role) {
+std::wstring_view SubtypeOf(std::string_view role) {
   if (RoleOf(role) <= Role::VrsBase) return L"BA";
-  return role == kKeyedIn ? kKeyedIn : std::wstring_view(L"XD");
+  return role == kKeyedIn ? L"KI" : L"XD";
 }
 
 /// 16 bits on every platform.
@@ -70,11 +70,11 @@ void Gps::OnReceiver(const RX_RECORD& receiver) {
   }
 }
 
-void Gps::SetReducedHeight(std::wstring_view role, double height) {
+void Gps::SetReducedHeight(std::string_view role, double height) {
   (RoleOf(role) == Role::Rover ? m_roverAntennaHeight : m_baseAntennaHeight) = height;
 }
 
-void Gps::WriteAntennaHeight(std::wstring_view role, const Antenna& antenna) {
+void Gps::WriteAntennaHeight(std::string_view role, const Antenna& antenna) {
   tDC_ANTENNA_HEIGHTRecord record;
   record.subtype = SubtypeOf(role);
   record.height = antenna.height;
@@ -85,7 +85,7 @@ void Gps::WriteAntennaHeight(std::wstring_view role, const Antenna& antenna) {
 /// The signature ends the record, so that it is looked at and cut off before the fields are read.
 Outcome Gps::OnEquipment() {
   if (!HasReceiver()) return Outcome::Done;
-  std::wstring_view record = m_pass.record;
+  std::string_view record = m_pass.record;
   const bool isTested =
       m_isSignatureTested && HasRover() && m_pass.previousKind == RawRecordType::RX;
   if (isTested && !TestGpsSignature(m_roverRecord, record)) {
@@ -102,12 +102,12 @@ Outcome Gps::OnEquipment() {
   const Mode& mode = m_pass.mode;
   tDC_RECEIVER_EXTRecord receiver;
   receiver.subtype = SubtypeOf(equipment.role);
-  receiver.text1 = equipment.receiverType;
-  receiver.text2 = equipment.receiverSerial;
+  AssignUtf8(receiver.text1, equipment.receiverType);
+  AssignUtf8(receiver.text2, equipment.receiverSerial);
   receiver.number1 = equipment.antennaNumber;
   receiver.number2 = equipment.antennaId;
-  receiver.text3 = equipment.antennaType;
-  receiver.text4 = equipment.antennaSerial;
+  AssignUtf8(receiver.text3, equipment.antennaType);
+  AssignUtf8(receiver.text4, equipment.antennaSerial);
   receiver.value1 = mode.Length(equipment.tapeAdjustment);
   receiver.value2 = mode.Length(equipment.horizontalOffset);
   receiver.value3 = mode.Length(equipment.verticalOffset);
@@ -134,9 +134,9 @@ void Gps::OnBasePoint(const BP_RECORD& base) {
   m_position.classification = 1;
   m_basePosition = ToEcef(m_position);
   if (m_base == Base::Virtual) return;
-  WritePosition(SubtypeOf(m_role), base.name, L"Base Point ", m_position.WithoutPrecisions());
+  WritePosition(SubtypeOf(m_role), base.name, "Base Point ", m_position.WithoutPrecisions());
   tDC_DELETED_POSITIONRecord marker;
-  marker.name = base.name;
+  AssignUtf8(marker.name, base.name);
   m_pass.dc.Write(marker);
 }
 
@@ -157,8 +157,8 @@ void Gps::OnPosition(const EP_RECORD& position) {
 }
 
 void Gps::OnStoredPoint(const POINT_RECORD& point) {
-  m_storedName = point.name;
-  m_stakeOut.OnPointStored(m_pass.ToPoint(point));
+  AssignUtf8(m_storedName, point.name);
+  m_stakeOut.OnPointStored(point);
   if (!HasRover()) return;
   WriteResult(point.name, point.note, m_pass.IsDeleted(point.name) ? kDeletedClassStep : 0);
   m_shot = Shot::Over;
@@ -175,19 +175,21 @@ void Gps::OnPoint(const GP_RECORD& point) {
     }
     return;
   }
-  std::wstring name(point.name);
+  std::string name(point.name);
   if (point.kind == GpsPointKind::Control && !AddPrefix(name)) return;
-  const auto known = m_pass.m_JobPoints.find(point.name);
+  const auto known = m_pass.m_JobPoints.find(FromUtf8(point.name));
   // The step counts twice here, which tells a deleted point of this kind from one that was stored.
-  WriteResult(name, known == m_pass.m_JobPoints.end() ? L" " : known->second.m_strDescription,
+  WriteResult(name,
+              known == m_pass.m_JobPoints.end() ? " " : ToUtf8(known->second.m_strDescription),
               deleted ? 2 * kDeletedClassStep : 0);
 }
 
 /// Control points and what is measured to them go by names of their own. False, with a warning, if
 /// the name has no room for the prefix.
-bool Gps::AddPrefix(std::wstring& name) {
-  if (name.size() > kLongestPrefixedName) {
-    m_pass.Warn(FormatText(kNameTooLong, name));
+bool Gps::AddPrefix(std::string& name) {
+  const std::wstring text = FromUtf8(name);
+  if (text.size() > kLongestPrefixedName) {
+    m_pass.Warn(FormatText(kNameTooLong, text));
     return false;
   }
   name.insert(0, kPrefix);
@@ -196,8 +198,7 @@ bool Gps::AddPrefix(std::wstring& name) {
 
 /// The position at hand, as position or as vector from the base. Nothing if its vector has been
 /// written. `classStep` is added to the class.
-void Gps::WriteResult(std::wstring_view name, std::wstring_view description,
-                      std::int32_t classStep) {
+void Gps::WriteResult(std::string_view name, std::string_view description, std::int32_t classStep) {
   const bool asPosition = m_position.method == kGeodeticMethod || m_base == Base::Virtual;
   if (!asPosition && m_latest == Measured::Vector) return;
   Position result = m_position;
@@ -219,7 +220,7 @@ void Gps::WriteWaitingQuality() {
   m_isQualityWaiting = false;
 }
 
-void Gps::MarkMeasured(std::wstring_view name, const Position& position) {
+void Gps::MarkMeasured(std::string_view name, const Position& position) {
   if (position.classification < kFirstDeletedClass) m_pass.measured.Insert(name);
 }
 
@@ -235,8 +236,8 @@ EcefPosition Gps::ToEcef(const Position& position) const {
                         m_pass.mode.firstUnit.value_or(LinearUnit::Metre));
 }
 
-void Gps::WritePosition(std::wstring_view subtype, std::wstring_view name,
-                        std::wstring_view description, const Position& position) {
+void Gps::WritePosition(std::wstring_view subtype, std::string_view name,
+                        std::string_view description, const Position& position) {
   Write(m_positionRecord, {position.latitude, position.longitude, position.height}, subtype, name,
         description, position);
 }
@@ -244,13 +245,13 @@ void Gps::WritePosition(std::wstring_view subtype, std::wstring_view name,
 /// A position or a vector, and what both records tell beside the coordinates.
 template <class Record>
 void Gps::Write(Record& record, const EcefPosition& coordinates, std::wstring_view subtype,
-                std::wstring_view name, std::wstring_view description, const Position& position) {
+                std::string_view name, std::string_view description, const Position& position) {
   record.subtype = subtype;
-  record.name = name;
+  AssignUtf8(record.name, name);
   record.coord1 = coordinates.x;
   record.coord2 = coordinates.y;
   record.coord3 = coordinates.z;
-  record.code = description;
+  AssignUtf8(record.code, description);
   record.method = position.method;
   record.classification = ClassCharacter(position.classification);
   record.sigma1 = position.horizontalPrecision;
@@ -259,9 +260,9 @@ void Gps::Write(Record& record, const EcefPosition& coordinates, std::wstring_vi
 }
 
 /// A position that was keyed in or stored: without an antenna, and the antenna restored after it.
-void Gps::WriteStoredPosition(std::wstring_view name) {
+void Gps::WriteStoredPosition(std::string_view name) {
   WriteAntennaHeight(kKeyedIn, {0, 1});
-  WritePosition(kKeyedIn, name, {}, m_position.WithoutPrecisions());
+  WritePosition(SubtypeOf(kKeyedIn), name, {}, m_position.WithoutPrecisions());
   WriteAntennaHeight(m_role, m_antenna);
 }
 
@@ -277,7 +278,7 @@ Outcome Gps::OnVector(const BL_RECORD& vector) {
   if (!m_pass.index.FindGpsPointKind(m_pass.line, vector.name, isControl)) {
     return Outcome::BadRecord;
   }
-  std::wstring name(vector.name);
+  std::string name(vector.name);
   if (isControl && !AddPrefix(name)) {
     m_isCovarianceSkipped = true;
     return Outcome::Done;
@@ -358,12 +359,12 @@ void Gps::OnOffset(const GO_RECORD& offset) {
     const double radians = RadiansOf(zenith, mode.firstAngleUnit);
     tDC_VECTORRecord vector;
     vector.from = m_storedName;
-    vector.to = offset.name;
+    AssignUtf8(vector.to, offset.name);
     vector.azimuth = azimuth;
     vector.horizontalDistance =
         Computed(std::fabs(std::sin(radians) * slopeDistance), zenith, slopeDistance);
     vector.verticalDistance = Computed(std::cos(radians) * slopeDistance, zenith, slopeDistance);
-    vector.code = offset.note;
+    AssignUtf8(vector.code, offset.note);
     vector.classification = classification;
     m_pass.dc.Write(vector);
   } else {
@@ -377,11 +378,11 @@ void Gps::OnOffset(const GO_RECORD& offset) {
     target.height = rodHeight;
     m_pass.dc.Write(target);
     tDC_ANGLE_DISTANCE_KEYEDRecord shot;
-    shot.name = offset.name;
+    AssignUtf8(shot.name, offset.name);
     shot.angle1 = azimuth;
     shot.angle2 = zenith;
     shot.distance = slopeDistance;
-    shot.code = offset.note;
+    AssignUtf8(shot.code, offset.note);
     shot.classification = classification;
     m_pass.dc.Write(shot);
   }
@@ -389,14 +390,14 @@ void Gps::OnOffset(const GO_RECORD& offset) {
 }
 
 void Gps::OnControlPoint(const CT_RECORD& control) {
-  std::wstring name(control.name);
+  std::string name(control.name);
   if (!AddPrefix(name)) return;
   m_isControlOpen = true;
   const double horizontal = m_pass.mode.Length(control.horizontalPrecision);
   const double vertical = m_pass.mode.Length(control.verticalPrecision);
   tDC_CB_Record record;
-  record.text1 = name;
-  record.text2 = control.name;
+  AssignUtf8(record.text1, name);
+  AssignUtf8(record.text2, control.name);
   record.digit = control.dimension;
   record.value1 = horizontal;
   record.value2 = vertical;
@@ -406,12 +407,10 @@ void Gps::OnControlPoint(const CT_RECORD& control) {
 }
 
 void Gps::OnRoverPoint(const POINT_RECORD& point) {
-  std::wstring name(point.name);
+  std::string name(point.name);
   if (!AddPrefix(name) || !m_isControlOpen) return;
   if (!m_pass.measured.Contains(point.name)) WriteStoredPosition(name);
-  if (!m_pass.observed.Contains(point.name)) {
-    m_pass.WriteGridPosition(m_pass.ToPoint(point), false);
-  }
+  if (!m_pass.observed.Contains(point.name)) m_pass.WriteGridPosition(point);
   m_isControlOpen = false;
 }
 

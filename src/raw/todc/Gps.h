@@ -75,19 +75,19 @@ class Gps {
     std::int32_t kind = 1;  ///< 1 reduced, 2 as measured
   };
 
-  void SetReducedHeight(std::wstring_view role, double height);
-  void WriteAntennaHeight(std::wstring_view role, const Antenna& antenna);
-  bool AddPrefix(std::wstring& name);
+  void SetReducedHeight(std::string_view role, double height);
+  void WriteAntennaHeight(std::string_view role, const Antenna& antenna);
+  bool AddPrefix(std::string& name);
   void BeginShotAfterLast();
-  void WriteResult(std::wstring_view name, std::wstring_view description, std::int32_t classStep);
+  void WriteResult(std::string_view name, std::string_view description, std::int32_t classStep);
   void WriteWaitingQuality();
-  void MarkMeasured(std::wstring_view name, const Position& position);
-  void WritePosition(std::wstring_view subtype, std::wstring_view name,
-                     std::wstring_view description, const Position& position);
+  void MarkMeasured(std::string_view name, const Position& position);
+  void WritePosition(std::wstring_view subtype, std::string_view name, std::string_view description,
+                     const Position& position);
   template <class Record>
   void Write(Record& record, const EcefPosition& coordinates, std::wstring_view subtype,
-             std::wstring_view name, std::wstring_view description, const Position& position);
-  void WriteStoredPosition(std::wstring_view name);
+             std::string_view name, std::string_view description, const Position& position);
+  void WriteStoredPosition(std::string_view name);
   EcefPosition ToEcef(const Position& position) const;
 
   RawPass& m_pass;
@@ -103,8 +103,8 @@ class Gps {
   bool m_isStoredPointAhead = false;       // from EE to the GP that is keyed in
   bool m_isControlOpen = false;            // from CT to RP
 
-  std::wstring m_role = L"KI";       // of the latest RX, EQ or AH
-  std::wstring m_roverRecord;        // the RX of the rover, for its signature
+  std::string m_role = "KI";         // of the latest RX, EQ or AH
+  std::string m_roverRecord;         // the RX of the rover, for its signature
   std::int32_t m_antennaNumber = 0;  // of the latest EQ
   double m_baseAntennaHeight = 0;
   double m_roverAntennaHeight = 0;

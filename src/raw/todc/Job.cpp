@@ -8,9 +8,9 @@
 namespace zelconvert {
 
 void Job::OnJob(const JB_RECORD& job) {
-  m_name = job.name;
-  m_date = job.date;
-  m_time = job.time;
+  AssignUtf8(m_name, job.name);
+  AssignUtf8(m_date, job.date);
+  AssignUtf8(m_time, job.time);
 }
 
 Outcome Job::OnMode(const MO_RECORD& mode) {
@@ -66,7 +66,7 @@ void Job::WriteCogo(std::int32_t azimuthOrigin, std::int32_t gridOrientation) {
 
 void Job::OnComment() {
   tDC_NOTERecord note;
-  note.text = std::wstring_view(m_pass.record).substr(2);
+  AssignUtf8(note.text, m_pass.record.substr(2));
   m_pass.dc.Write(note);
 }
 

@@ -23,21 +23,16 @@ void RawPass::WatchNames(bool writeUnusedPoints) {
   measured.Watch(index.AskedNames());
 }
 
-bool RawPass::IsWritten(std::wstring_view name) const {
-  return observed.Contains(name) || measured.Contains(name);
-}
-
 bool RawPass::IsBacksightName(std::wstring_view name) const {
   return name.starts_with(L"BS") && !m_JobPoints.contains(name);
 }
 
-wchar_t RawPass::Classify(std::wstring_view name, bool deleted, wchar_t live, wchar_t dead) const {
-  return deleted || (!m_bKeepBacksightClass && IsBacksightName(name)) ? dead : live;
-}
-
-CZelPoint RawPass::ToPoint(const POINT_RECORD& point) const {
-  return {std::wstring(point.name), mode.Length(point.north), mode.Length(point.east),
-          mode.Length(point.elevation), std::wstring(point.note)};
+void RawPass::Take(const POINT_RECORD& told, CZelPoint& point) const {
+  AssignUtf8(point.m_strName, told.name);
+  point.m_dNorth = mode.Length(told.north);
+  point.m_dEast = mode.Length(told.east);
+  point.m_dElevation = mode.Length(told.elevation);
+  AssignUtf8(point.m_strDescription, told.note);
 }
 
 void RawPass::WriteGridPosition(const CZelPoint& point, bool deleted) {
@@ -48,6 +43,12 @@ void RawPass::WriteGridPosition(const CZelPoint& point, bool deleted) {
   m_position.code = point.m_strDescription;
   m_position.classification = Classify(point.m_strName, deleted);
   dc.Write(m_position);
+}
+
+void RawPass::WriteGridPosition(const POINT_RECORD& told) {
+  CZelPoint point;
+  Take(told, point);
+  WriteGridPosition(point, false);
 }
 
 void RawPass::WriteUnusedPoints() {

@@ -4,7 +4,6 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -12,6 +11,7 @@
 #include "convert/ConversionBase.h"
 #include "dc/CDcFile.h"
 #include "io/NameSet.h"
+#include "io/Strings.h"
 #include "raw/CZelPoint.h"
 #include "raw/RawIndex.h"
 #include "raw/RawRecords.h"
@@ -26,8 +26,8 @@ enum class Outcome {
   Failed,     ///< the conversion ends without a text
 };
 
-/// Those of a set of names that have come up. Other names are let go: of a log with a million shots
-/// only the few count that some record asks for.
+/// Those of a set of names that have come up, each as wide text or UTF-8. Other names are let go:
+/// of a log with a million shots only the few count that some record asks for.
 class NameMarks {
  public:
   /// `names` has to outlive this object and stay as it is.
@@ -35,11 +35,11 @@ class NameMarks {
     m_names = &names;
     m_marks.assign(names.Size(), false);
   }
-  void Insert(std::wstring_view name) {
+  void Insert(const auto& name) {
     if (const auto number = m_names->Find(name)) m_marks[*number] = true;
   }
   /// Only for a name that is watched.
-  bool Contains(std::wstring_view name) const {
+  bool Contains(const auto& name) const {
     const auto number = m_names->Find(name);
     return number && m_marks[*number];
   }
@@ -56,8 +56,8 @@ class RawPass {
   CDcFile& dc;
   int version;  ///< the dialect of the DC file, as DcDialect.h counts them
 
-  std::wstring record;    ///< the line at hand
-  std::int64_t line = 0;  ///< its number, from 1
+  std::string_view record;  ///< the line at hand
+  std::int64_t line = 0;    ///< its number, from 1
   RawRecordType kind = RawRecordType::AA;
   RawRecordType previousKind = RawRecordType::AA;
 
@@ -80,22 +80,27 @@ class RawPass {
   /// file if nothing wrote them.
   void WatchNames(bool writeUnusedPoints);
   /// The name was shot or measured.
-  bool IsWritten(std::wstring_view name) const;
+  bool IsWritten(const auto& name) const {
+    return observed.Contains(name) || measured.Contains(name);
+  }
   /// A DP after the record at hand deletes the point.
-  bool IsDeleted(std::wstring_view name) const { return index.IsDeleted(name, line); }
+  bool IsDeleted(std::string_view name) const { return index.IsDeleted(name, line); }
 
   /// The class of a record: `dead` for a deleted point, and for an invented backsight name unless
   /// such names keep their class.
-  wchar_t Classify(std::wstring_view name, bool deleted, wchar_t live = L'1',
-                   wchar_t dead = L'6') const;
-  CZelPoint ToPoint(const POINT_RECORD& point) const;
+  wchar_t Classify(const auto& name, bool deleted, wchar_t live = L'1', wchar_t dead = L'6') const {
+    return deleted || (!m_bKeepBacksightClass && IsBacksightName(name)) ? dead : live;
+  }
+  void Take(const POINT_RECORD& told, CZelPoint& point) const;
   /// 69.
   void WriteGridPosition(const CZelPoint& point, bool deleted);
+  void WriteGridPosition(const POINT_RECORD& point);
   /// The points of the job that weren't written.
   void WriteUnusedPoints();
 
  private:
   bool IsBacksightName(std::wstring_view name) const;
+  bool IsBacksightName(std::string_view name) const { return IsBacksightName(FromUtf8(name)); }
 
   MessageList& m_messages;
   bool m_bKeepBacksightClass = true;   // nothing clears it so far

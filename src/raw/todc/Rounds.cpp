@@ -5,13 +5,13 @@ namespace zelconvert {
 ROUND_SHOT Rounds::ToRoundShot(const ROUND_SHOT_RECORD& shot) const {
   const Mode& mode = m_pass.mode;
   ROUND_SHOT kept;
-  kept.station = shot.station;
-  kept.target = shot.target;
+  AssignUtf8(kept.station, shot.station);
+  AssignUtf8(kept.target, shot.target);
   kept.horizontal = mode.Angle(shot.angleRight);
   kept.zenith = mode.Angle(shot.zenith);
   kept.slopeDistance = mode.Length(shot.slopeDistance);
   kept.rodHeight = mode.Length(shot.rodHeight);
-  kept.note = shot.note;
+  AssignUtf8(kept.note, shot.note);
   kept.faceOne = kept.zenith < 180;
   return kept;
 }
@@ -38,13 +38,13 @@ void Rounds::OnSetDistance(const SET_DISTANCE_RECORD& distance) {
 }
 
 bool Rounds::End(const std::wstring& station, const std::wstring& backsight,
-                 std::wstring_view foresight) {
+                 std::string_view foresight) {
   const bool isReduced = m_isPending;
   if (isReduced) {
     RoundsReference reference;
     ReduceRounds(m_pass.dc, m_set.backsightShots, m_set.foresightShots, m_set.directions, reference,
                  ReckonedUnit(m_pass.mode.firstAngleUnit),
-                 {station, backsight, std::wstring(foresight)});
+                 {station, backsight, FromUtf8(foresight)});
   }
   m_isPending = false;
   Clear();

@@ -7,7 +7,7 @@ namespace zelconvert {
 namespace {
 
 /// A backsight point that the log doesn't name.
-constexpr std::wstring_view kNamelessBacksight = L"0";
+constexpr std::string_view kNamelessBacksight = "0";
 
 /// Notes of observations have 16 columns.
 constexpr std::size_t kNoteColumns = 16;
@@ -15,10 +15,10 @@ constexpr std::size_t kNoteColumns = 16;
 }  // namespace
 
 void Setup::OnOccupy(const OC_RECORD& point) {
-  m_station = point.name;
+  StandAt(point.name);
   if (m_pass.index.OccupyIsSuperseded(m_pass.line)) return;
   m_isOccupied = true;
-  if (!m_pass.IsWritten(point.name)) m_pass.WriteGridPosition(m_pass.ToPoint(point), false);
+  if (!m_pass.IsWritten(point.name)) m_pass.WriteGridPosition(point);
   FindHeights(point.name);
   WriteStation();
   m_rounds.Clear();
@@ -28,11 +28,12 @@ void Setup::OnBacksight(const BK_RECORD& backsight) {
   if (m_pass.index.BacksightIsSuperseded(m_pass.line)) return;
   m_backsightAzimuth = m_pass.mode.Angle(backsight.azimuth);
   m_circle = m_pass.mode.Angle(backsight.circle);
-  m_station = backsight.station;
-  m_backsight = Trim(backsight.backsight);
-  if (m_backsight == kNamelessBacksight) m_backsight = NextBacksightName();
+  StandAt(backsight.station);
+  const std::string_view name = Trim(backsight.backsight);
+  AssignUtf8(m_backsight, name);
+  if (name == kNamelessBacksight) m_backsight = NextBacksightName();
   if (!m_isOccupied) {
-    FindHeights(m_station);
+    FindHeights(backsight.station);
     WriteStation();
   }
   WriteOrientation(m_backsightAzimuth);
@@ -60,17 +61,17 @@ void Setup::OnLineOfSight(const LS_RECORD& heights) {
   m_isFirstLineOfSight = false;
 }
 
-void Setup::MoveTo(std::wstring_view foresight, double backsightAzimuth) {
+void Setup::MoveTo(std::string_view foresight, double backsightAzimuth) {
   m_backsightAzimuth = backsightAzimuth;
   m_backsight = m_station;
-  m_station = foresight;
+  StandAt(foresight);
   FindHeights(foresight);
   WriteStation();
   WriteOrientation(backsightAzimuth);
 }
 
 /// Takes the instrument height that goes with the setup at hand from the records after it.
-void Setup::FindHeights(std::wstring_view name) {
+void Setup::FindHeights(std::string_view name) {
   const HeightsAhead* ahead = m_pass.index.FindHeights(m_pass.line, m_pass.kind, name);
   if (ahead == nullptr) return;
   m_instrumentHeight =
@@ -109,14 +110,15 @@ void Setup::WriteRodHeight(double height) {
   m_pass.dc.Write(m_rod);
 }
 
-void Setup::WriteObservation(std::wstring_view to, double slopeDistance, double zenith,
-                             double circle, std::wstring_view note, wchar_t classification) {
+void Setup::WriteObservation(std::string_view to, double slopeDistance, double zenith,
+                             double circle, std::string_view note, wchar_t classification) {
   m_observation.from = m_station;
-  m_observation.to = to;
+  AssignUtf8(m_observation.to, to);
   m_observation.distance = slopeDistance;
   m_observation.angle1 = zenith;
   m_observation.angle2 = circle;
-  m_observation.code = Left(note, kNoteColumns);
+  AssignUtf8(m_observation.code, note);
+  if (m_observation.code.size() > kNoteColumns) m_observation.code.resize(kNoteColumns);
   m_observation.classification = classification;
   m_pass.dc.Write(m_observation);
 }

@@ -20,12 +20,12 @@ class Setup {
   void OnLineOfSight(const LS_RECORD& heights);  // LS
 
   /// The station that a shot tells of.
-  void StandAt(std::wstring_view station) { m_station = station; }
+  void StandAt(std::string_view station) { AssignUtf8(m_station, station); }
   /// The instrument moves to the foresight and looks back.
-  void MoveTo(std::wstring_view foresight, double backsightAzimuth);
+  void MoveTo(std::string_view foresight, double backsightAzimuth);
   /// D9 from the station.
-  void WriteObservation(std::wstring_view to, double slopeDistance, double zenith, double circle,
-                        std::wstring_view note, wchar_t classification);
+  void WriteObservation(std::string_view to, double slopeDistance, double zenith, double circle,
+                        std::string_view note, wchar_t classification);
 
   const std::wstring& Station() const { return m_station; }
   const std::wstring& Backsight() const { return m_backsight; }
@@ -34,7 +34,7 @@ class Setup {
   double Circle() const { return m_circle; }
 
  private:
-  void FindHeights(std::wstring_view name);
+  void FindHeights(std::string_view name);
   std::wstring NextBacksightName();
   void WriteStation();
   void WriteOrientation(double azimuth);

@@ -48,9 +48,9 @@ bool Shots::ReduceHorizontal(const SHOT_RECORD& shot, double& circle) const {
     return true;
   }
   if (shot.horizontalKind == HorizontalKind::Bearing) {
-    std::wstring_view bearing;
-    if (!CRawFile::GetField(m_pass.record, L"BR", bearing)) return false;
-    value = mode.ToFirstAngleUnit(ParseBearing(bearing, mode.angleUnit));
+    std::string_view bearing;
+    if (!CRawFile::GetField(m_pass.record, "BR", bearing)) return false;
+    value = mode.ToFirstAngleUnit(ParseBearing(FromUtf8(bearing), mode.angleUnit));
   }
   const double azimuth = ToldAzimuth(shot.horizontalKind, value, backsight, mode.firstAngleUnit);
   circle = Computed(azimuth - backsight + m_setup.Circle(), value, backsight, m_setup.Circle());

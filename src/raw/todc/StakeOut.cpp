@@ -1,6 +1,8 @@
 #include "raw/todc/StakeOut.h"
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <utility>
 
 #include "io/Numbers.h"
@@ -9,9 +11,9 @@ namespace zelconvert {
 namespace {
 
 /// While these follow, a stored point may still turn out to be a design point.
-constexpr RawKinds kStakeKinds = {RawRecordType::CF, RawRecordType::SK, RawRecordType::SL,
-                                  RawRecordType::SR, RawRecordType::SD, RawRecordType::OE,
-                                  RawRecordType::DE};
+constexpr RawRecordType kStakeKinds[] = {RawRecordType::CF, RawRecordType::SK, RawRecordType::SL,
+                                         RawRecordType::SR, RawRecordType::SD, RawRecordType::OE,
+                                         RawRecordType::DE};
 
 /// The name column of a station on a line.
 constexpr std::wstring_view kNoName = L" ";
@@ -37,18 +39,19 @@ OffsetNote ParseOffsetNote(std::wstring_view note) {
 }  // namespace
 
 void StakeOut::OnStoredPoint(const POINT_RECORD& point) {
-  m_storedPoint = m_pass.ToPoint(point);
+  m_pass.Take(point, m_storedPoint);
   m_storedName = point.name;
   m_isStoredWaiting = true;
 }
 
-void StakeOut::OnPointStored(const CZelPoint& point) {
-  m_storedPoint = point;
+void StakeOut::OnPointStored(const POINT_RECORD& point) {
+  m_pass.Take(point, m_storedPoint);
   m_isGpsPointStored = true;
 }
 
 void StakeOut::BeforeRecord() {
-  if (!m_isStoredWaiting || kStakeKinds.Contains(m_pass.kind)) return;
+  const auto* const end = std::end(kStakeKinds);
+  if (!m_isStoredWaiting || std::find(std::begin(kStakeKinds), end, m_pass.kind) != end) return;
   const bool deleted = m_pass.index.IsDeleted(m_storedPoint.m_strName, m_pass.line - 1);
   m_pass.WriteGridPosition(m_storedPoint, deleted);
   m_isStoredWaiting = false;
@@ -60,7 +63,7 @@ void StakeOut::Finish() {
 
 void StakeOut::OnStake(const CF_RECORD& stake) {
   const Mode& mode = m_pass.mode;
-  m_stake = {stake, std::wstring(stake.name), std::wstring(stake.note)};
+  m_stake = {stake, FromUtf8(stake.name), FromUtf8(stake.note)};
   CF_RECORD& design = m_stake->design;
   for (double* length : {&design.station, &design.elevation, &design.grade}) {
     *length = mode.Length(*length);
@@ -71,7 +74,7 @@ void StakeOut::OnStake(const CF_RECORD& stake) {
 }
 
 void StakeOut::OnSlopeStake(const SLOPE_RECORD& slope) {
-  m_slope = {slope, std::wstring(slope.note)};
+  m_slope = {slope, FromUtf8(slope.note)};
   SLOPE_RECORD& design = m_slope->design;
   for (double* length :
        {&design.station, &design.elevation, &design.stationShift, &design.hingeHorizontal,
@@ -95,7 +98,7 @@ void StakeOut::OnStakeShot(const STAKE_SHOT_RECORD& shot) {
   m_setup.StandAt(shot.station);
   const bool deleted = m_pass.IsDeleted(shot.foresight);
   const bool staked = m_stake || m_slope;
-  std::wstring_view target = shot.foresight;
+  std::string_view target = shot.foresight;
   if (staked && target.empty()) m_storedName.clear();
   if (staked) target = m_storedName;  // the stored point is what was staked
   const wchar_t classification =

@@ -26,7 +26,7 @@ class StakeOut {
   void OnCheckPoint(const NAME_RECORD&) { Flush(); }       // GK
 
   /// A GPS point was stored: the next stake needs no shot.
-  void OnPointStored(const CZelPoint& point);
+  void OnPointStored(const POINT_RECORD& point);
   /// Writes the stored point unless the record at hand belongs to a stake-out.
   void BeforeRecord();
   /// At the end of the log.
@@ -60,7 +60,7 @@ class StakeOut {
   RawPass& m_pass;
   Setup& m_setup;
   CZelPoint m_storedPoint;         // of the latest SP or GS
-  std::wstring m_storedName;       // of the latest SP
+  std::string m_storedName;        // of the latest SP, in UTF-8
   bool m_isStoredWaiting = false;  // the SP isn't written yet
   bool m_isGpsPointStored = false;
   std::optional<Stake> m_stake;
