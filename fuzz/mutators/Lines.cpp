@@ -161,7 +161,7 @@ struct SdrTables {
 
   template <class R>
   void Add() {
-    const std::string code = ToNarrow(R::kCode);
+    const std::string code(R::kCode);
     for (const SdrLayout* layout : {&kSdr33, &kSdr2}) {
       std::size_t start = code.size();
       for (const SdrColumn<R>& column : R::kColumns) {

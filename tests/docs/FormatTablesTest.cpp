@@ -214,7 +214,7 @@ void AddRows(std::vector<std::string>& rows) {
     return std::to_string(first) + "-" + std::to_string(start - 1) + " ";
   };
   for (const SdrColumn<Record>& column : Record::kColumns) {
-    rows.push_back(ToNarrow(Record::kCode) + " " + next(sdr33, column.Width(kSdr33)) +
+    rows.push_back(std::string(Record::kCode) + " " + next(sdr33, column.Width(kSdr33)) +
                    next(sdr2, column.Width(kSdr2)) + NameOf(column.form));
   }
 }

@@ -72,7 +72,7 @@ struct SdrColumn {
 // The records. Angles are decimal degrees or gons and lengths feet or metres, as the header says.
 
 struct SdrInstrument {
-  static constexpr std::wstring_view kCode = L"01NM";
+  static constexpr std::string_view kCode = "01NM";
   std::wstring_view reduction;  ///< "3RED 3" beside an offset
   std::wstring_view serials = L"           000000                00000021";
   double edmOffset = DC_NULL;
@@ -88,7 +88,7 @@ struct SdrInstrument {
 };
 
 struct SdrStation {
-  static constexpr std::wstring_view kCode = L"02TV";
+  static constexpr std::string_view kCode = "02TV";
   std::wstring_view name;
   double north, east, elevation;
   double instrumentHeight;
@@ -104,7 +104,7 @@ struct SdrStation {
 };
 
 struct SdrTargetHeight {
-  static constexpr std::wstring_view kCode = L"03NM";
+  static constexpr std::string_view kCode = "03NM";
   double height;
   static constexpr SdrColumn<SdrTargetHeight> kColumns[] = {
       {&SdrTargetHeight::height, SdrForm::Short}};
@@ -113,7 +113,7 @@ struct SdrTargetHeight {
 /// Read only: in millimetres of mercury and degrees Celsius if lengths are metres, else in inches
 /// and degrees Fahrenheit.
 struct SdrAtmosphere {
-  static constexpr std::wstring_view kCode = L"05NM";
+  static constexpr std::string_view kCode = "05NM";
   double pressure = 0;
   double temperature = 0;
   static constexpr SdrColumn<SdrAtmosphere> kColumns[] = {
@@ -121,13 +121,13 @@ struct SdrAtmosphere {
 };
 
 struct SdrScale {
-  static constexpr std::wstring_view kCode = L"06NM";
+  static constexpr std::string_view kCode = "06NM";
   double scale = 0;
   static constexpr SdrColumn<SdrScale> kColumns[] = {{&SdrScale::scale, SdrForm::Short}};
 };
 
 struct SdrBacksight {
-  static constexpr std::wstring_view kCode = L"07KI";
+  static constexpr std::string_view kCode = "07KI";
   std::wstring_view station;
   std::wstring_view backsight;
   double azimuth;
@@ -141,7 +141,7 @@ struct SdrBacksight {
 };
 
 struct SdrCoordinates {
-  static constexpr std::wstring_view kCode = L"08KI";
+  static constexpr std::string_view kCode = "08KI";
   std::wstring_view name;
   double north, east, elevation;
   std::wstring_view description;
@@ -153,7 +153,7 @@ struct SdrCoordinates {
 };
 
 struct SdrObservation {
-  static constexpr std::wstring_view kCode = L"09F1";
+  static constexpr std::string_view kCode = "09F1";
   std::wstring_view station;
   std::wstring_view target;
   double slopeDistance;
@@ -168,13 +168,13 @@ struct SdrObservation {
 };
 
 struct SdrJob {
-  static constexpr std::wstring_view kCode = L"10NM";
+  static constexpr std::string_view kCode = "10NM";
   std::wstring_view name;
   static constexpr SdrColumn<SdrJob> kColumns[] = {{&SdrJob::name, SdrForm::Text}};
 };
 
 struct SdrNote {
-  static constexpr std::wstring_view kCode = L"13NM";
+  static constexpr std::string_view kCode = "13NM";
   std::wstring_view text;
   static constexpr SdrColumn<SdrNote> kColumns[] = {{&SdrNote::text, SdrForm::Text, 60}};
 };
@@ -210,7 +210,7 @@ constexpr int GetSdrRecordCode(std::wstring_view line) {
   return code <= 13 ? code : -1;
 }
 template <class Record>
-inline constexpr int kSdrCode = GetSdrRecordCode(Record::kCode);
+inline constexpr int kSdrCode = (Record::kCode[0] - '0') * 10 + (Record::kCode[1] - '0');
 /// The index of a line's derivation ("F1" 0 ... "TA" 28); -1 if it is none.
 int GetSdrDerivation(std::wstring_view line);
 
@@ -222,8 +222,7 @@ class SdrLines {
   /// False, and the line not to be used, for a name that the layout has no way to write.
   template <class Record>
   [[nodiscard]] bool Make(const Record& record) {
-    m_line.clear();
-    AppendLeft(m_line, Record::kCode, 0);
+    m_line = Record::kCode;
     for (const SdrColumn<Record>& column : Record::kColumns) {
       if (const auto* real = std::get_if<1>(&column.member)) {
         AppendReal(record.**real, column.form);
