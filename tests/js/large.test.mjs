@@ -4,7 +4,7 @@ import assert from "node:assert/strict";
 import { after, test } from "node:test";
 
 import { makeLog } from "./log.mjs";
-import { Converter, askHost } from "./package.mjs";
+import { Converter, askHost, unlikeFiles } from "./package.mjs";
 
 const converter = new Converter();
 after(() => converter.close());
@@ -22,6 +22,16 @@ test("is converted", async (t) => {
   assert.ok(Buffer.compare(done.files[0].bytes, made[0].bytes) === 0);
   assert.deepEqual(percents, [...percents].sort((a, b) => a - b));
   assert.ok(percents.length > 90 && percents.at(-1) === 100);
+});
+
+test("is converted in the memory of another file", async () => {
+  let file = makeLog(1.5e6);
+  for (const to of ["dc", "cr5"]) {
+    const words = ["convert", file.name, `large.${to}`];
+    const { files } = await converter.convert({ files: [file], to });
+    assert.deepEqual(unlikeFiles(files, (await askHost([file], words)).made), []);
+    [file] = files;
+  }
 });
 
 test("is looked at", async () => {

@@ -32,7 +32,8 @@ function checkName(name) {
 /** What goes to the worker; the user's bytes stay. */
 function copyFile({ name, bytes }) {
   checkName(name);
-  return { name, bytes: new Uint8Array(bytes).slice() };
+  const copy = new Uint8Array(bytes);  // of an ArrayBuffer it is a view
+  return { name, bytes: copy.buffer === bytes ? copy.slice() : copy };
 }
 
 function copyFiles(files) {

@@ -23,6 +23,26 @@ async function makeInstance({ script, module }) {
 
 const kFewBytes = 2 ** 20;
 const kMostInPlace = 2 ** 31 - 2 ** 16;
+const kSpareMilliseconds = 5000;
+
+/**
+ * The memory of a large file that a call has written serves the next call, if one comes soon: a system
+ * takes its time to hand out memory. `lent` is that of a file of this call, `contents` waits for one.
+ */
+const spare = { contents: null, lent: null, timer: null };
+
+function takeSpare() {
+  const { contents } = spare;
+  spare.contents = null;
+  return contents;
+}
+
+function keepSpare() {
+  clearTimeout(spare.timer);
+  if (spare.lent !== null) spare.contents = spare.lent;
+  spare.lent = null;
+  if (spare.contents !== null) spare.timer = setTimeout(takeSpare, kSpareMilliseconds);
+}
 
 /**
  * Room for `size` bytes in a file that is being written, at least twofold: the file system's own step
@@ -30,11 +50,16 @@ const kMostInPlace = 2 ** 31 - 2 ** 16;
  */
 function expandFile(node, size) {
   const had = node.contents?.length ?? 0;
-  if (had >= size) return;
-  const wanted = Math.max(size, 2 * had);
+  if (had < size) growFile(node, Math.max(size, 2 * had));
+  if (node.contents === spare.lent) node.contents.fill(0, node.usedBytes, size);
+}
+
+function growFile(node, wanted) {
   if (node.contents?.buffer.resizable && wanted <= kMostInPlace) return node.contents.buffer.resize(wanted);
-  const contents = newContents(wanted);
+  const contents = spare.contents?.length >= wanted && wanted >= kFewBytes ? takeSpare() : newContents(wanted);
   if (node.usedBytes > 0) contents.set(node.contents.subarray(0, node.usedBytes));
+  const isNext = spare.lent === null || spare.lent === node.contents;
+  if (wanted >= kFewBytes && isNext) spare.lent = contents;
   node.contents = contents;
 }
 
@@ -95,6 +120,8 @@ async function receive(call) {
     post(done, done.files.map(({ bytes }) => bytes.buffer));
   } catch (error) {
     post({ crash: String(error) });
+  } finally {
+    keepSpare();
   }
 }
 
