@@ -51,6 +51,7 @@ function keepSpare() {
 function expandFile(node, size) {
   const had = node.contents?.length ?? 0;
   if (had < size) growFile(node, Math.max(size, 2 * had));
+  // A file that is written past its end has zeros between, not what another call left there.
   if (node.contents === spare.lent) node.contents.fill(0, node.usedBytes, size);
 }
 
