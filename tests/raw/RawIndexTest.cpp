@@ -56,6 +56,11 @@ TEST(RawIndex, FindsHeightsUnderTheLatestGoodMode) {
   EXPECT_EQ(ahead->unit, LinearUnit::Metre);
 }
 
+TEST(RawIndex, TellsAVectorOfABadPoint) {
+  bool isControl = true;
+  EXPECT_FALSE(Build({"BL", "GP,PNa"}).FindGpsPointKind(1, "a", isControl));
+}
+
 TEST(NameSet, HoldsWhatASetHolds) {
   std::mt19937 random(11);
   NameSet names;
