@@ -1,6 +1,6 @@
 """Ten times the records take no more than 13 times the instructions, on every route of bench/: seconds
 would tell of the machine as much as of the code. Where the system counts none (most virtual machines), valgrind
-does, a twentieth of the records then, since it takes fifty times as long.
+does, a tenth of the records then, since it takes fifty times as long.
 
     linear_test.py PROGRAM     PROGRAM: count_route
 """
@@ -38,7 +38,7 @@ def main():
         if by_valgrind and not shutil.which("valgrind"):
             print("skipped: neither the system nor valgrind counts instructions")
             return SKIPPED
-        few = 500 if by_valgrind else 10000
+        few = 1000 if by_valgrind else 10000
         start = count(0, 10, folder, by_valgrind)
         def ratio(number):
             # What a run takes before its first record would hide growth.
