@@ -11,19 +11,6 @@ build() { # preset
   cmake --build --preset "$1" -j "$jobs"
 }
 
-# Two functions side by side, each of which waits for other programs half of its time.
-both() { # function function
-  local log first result=0
-  log=$(mktemp)
-  "$1" >"$log" 2>&1 &
-  first=$!
-  "$2" || result=$?
-  wait "$first" || result=$?
-  cat "$log"
-  rm "$log"
-  return "$result"
-}
-
 step_format() {
   git ls-files '*.cpp' '*.h' '*.c' | xargs clang-format-14 --dry-run --Werror
 }
@@ -46,10 +33,9 @@ step_web() {
   cmake --build --preset release -j "$jobs" --target zelconvert-host
   scripts/web.sh build
   npm install --prefix tests/web --no-package-lock --no-audit --no-fund --prefer-offline --silent
-  both js_tests page_tests
+  node --test tests/js/*.test.mjs
+  node --test tests/web/*.test.mjs
 }
-js_tests() { node --test tests/js/*.test.mjs; }
-page_tests() { node --test tests/web/*.test.mjs; }
 
 # The binding for C#, compiled and run by Mono.
 step_csharp() {
@@ -135,10 +121,17 @@ step_mingw32() {
 # The packages of Debian and Windows: made, installed, used, removed.
 step_packages() {
   scripts/package.sh
-  both debian_packages windows_packages
+  # Side by side, since each waits for other programs half of its time.
+  local log debian result=0
+  log=$(mktemp)
+  python3 tests/packages/packages_test.py debian >"$log" 2>&1 &
+  debian=$!
+  in_wine python3 tests/packages/packages_test.py windows || result=$?
+  wait "$debian" || result=$?
+  cat "$log"
+  rm "$log"
+  return "$result"
 }
-debian_packages() { python3 tests/packages/packages_test.py debian; }
-windows_packages() { in_wine python3 tests/packages/packages_test.py windows; }
 
 scripts/setup.sh test
 steps="format docs release web python csharp gdal asan tsan fuzz mingw64 mingw32 packages"
