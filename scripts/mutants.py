@@ -156,15 +156,17 @@ class Build:
         run(re.sub(r" -o .*", f" -x c++-header -o {PRECOMPILED}.gch {PRECOMPILED}", compile_it))
 
     def run_test(self, test, folder, timeout, **options):
-        """Of "NAME" or "NAME:FILTER"; programs and libraries in `folder` stand in for those of the build."""
+        """Of "NAME" or "NAME:FILTER"; programs and libraries in `folder` stand in for those of the build,
+        and "project" there for the copy."""
         name, _, only = test.partition(":")
         folder.chmod(0o755)  # as root, tests are somebody else for a while
         properties = {each["name"]: each["value"] for each in self.tests[name].get("properties", [])}
+        project = folder / "project" if (folder / "project").is_dir() else COPY
         environment = dict(os.environ, LD_LIBRARY_PATH=f"{folder}:{BUILD}", TMPDIR=f"{folder}/tmp",
                            GTEST_FAIL_FAST="1", GTEST_BRIEF="1")
         environment.update(each.split("=", 1) for each in properties.get("ENVIRONMENT", []))
-        command = [str(stand_in) if (stand_in := folder / pathlib.Path(word).name).is_file() else word
-                   for word in self.tests[name]["command"]]
+        command = [str(stand_in) if (stand_in := folder / pathlib.Path(word).name).is_file()
+                   else word.replace(str(COPY), str(project)) for word in self.tests[name]["command"]]
         process = subprocess.Popen(command + ([f"--gtest_filter=*{only}*"] if only else []),
                                    cwd=properties.get("WORKING_DIRECTORY", COPY), env=environment,
                                    stdin=subprocess.DEVNULL, start_new_session=True, **options)
@@ -226,6 +228,12 @@ class Build:
             broken.write_text("".join(f'#include "{self.compiles[each]["file"]}"\n' for each in objects))
         run(re.sub(r" -c \S+", f" -c {broken}", compile_it) if broken.suffix == ".cpp" else compile_it)
 
+    def plant(self, mutant, project):
+        """Makes the project again, of links to the files of the copy, with the fault."""
+        shutil.copytree(COPY, project, copy_function=os.link)
+        (project / mutant.path).unlink()
+        (project / mutant.path).write_text(mutant.source(COPY), encoding="utf-8")
+
     def failing_test(self, mutant, folder):
         """The first that fails, or None. The quickest runs first."""
         for test in sorted(mutant.tests, key=self.times.get):
@@ -240,6 +248,9 @@ class Build:
         with tempfile.TemporaryDirectory(dir=WORK, prefix="mutant-") as name:
             folder = pathlib.Path(name)
             (folder / "tmp").mkdir()
+            if not mutant.path.endswith((".cpp", ".h", ".inc")):  # a test reads it
+                self.plant(mutant, folder / "project")
+                return self.failing_test(mutant, folder)
             product = {CORE, HOST}
             copies = set().union(*(self.programs[test.partition(":")[0]] for test in mutant.tests)) - product
             made = False

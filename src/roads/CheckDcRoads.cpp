@@ -24,12 +24,12 @@ class RoadCheck {
            (m_isRoadOpen && !m_road.isBad && FindHandler(type) != nullptr);
   }
 
+  /// Of a type that it wants.
   void Line(std::int32_t type, const DcLine& line) {
     if (type == tDC_ROAD_HEADERRecord::kType) return BeginRoad(line);
     if (type == tDC_HEADERRecord::kType && line.Size() < tDC_HEADERRecord::kShortestLine) {
       m_found.isAny = true;
     }
-    if (!m_isRoadOpen || m_road.isBad) return;
     const Handler* handler = FindHandler(type);
     if (handler != nullptr) (this->**handler)(line);
   }

@@ -63,6 +63,7 @@ TEST(Progress, SendsStartPercentAndEnd) {
     progress.SetPosition(2, 3);
     progress.SetPosition(3, 3);
     progress.SetPosition(3, 0);
+    progress.End();  // once for all: its destruction ends it, too
   }
   const std::vector<Message> expected = {
       {kMessage, 0, 0, L"Start converting..."},

@@ -139,6 +139,14 @@ const Failure kFailures[] = {
        run.output.clear();
        run.ExpectRefusal(kCannotCreate, toJob ? L"/temp77" : L"");
      }},
+    {"neither output nor input",  // as root the file of a job is made there for a moment
+     [](HostCall& run, const Route&) {
+       const ScopedClock clock({}, 77);
+       fs::remove(run.InputPath());
+       run.output.clear();
+       run.Convert();
+       EXPECT_FALSE(run.converted || fs::exists("/temp77"));
+     }},
     {"input that may not be written",
      [](HostCall& run, const Route&) {
        fs::permissions(run.InputPath(), fs::perms(0444));

@@ -101,9 +101,9 @@ class HostTest(FolderTest):
                 arguments, _, source = arguments.partition("< ")
                 words = [word.strip('"') for word in arguments.split()]
                 options = {}
-                if where == "limit":  # for what is printed there is room
-                    pipe = subprocess.PIPE
-                    options = {"preexec_fn": lambda: limit_files(128), "stdout": pipe, "stderr": pipe}
+                if where.startswith("limit"):  # for what is printed there is room
+                    pipe, most = subprocess.PIPE, int(where.removeprefix("limit") or 128)
+                    options = {"preexec_fn": lambda: limit_files(most), "stdout": pipe, "stderr": pipe}
                 with open(os.path.join(self.folder, source or os.devnull), "rb") as options["stdin"]:
                     self.check(words, code, files, texts, **options)
                 self.restore()
@@ -176,21 +176,21 @@ class HostTest(FolderTest):
             self.assertEqual(result.stdout.count(b".RD5"), 2)  # of the two alone that have the road
 
     def test_batch_again(self):
-        batch = [*self.make_many(3), "out", "--report", "report"]
+        batch = [*self.make_many(4), "out", "--report", "report", "--jobs", "1"]
         self.assertEqual(self.run_host(batch).returncode, 0)
-        newer, older, gone = (os.path.join(self.folder, f"out/many/{i}/{i}.cr5") for i in range(3))
+        newer, older, gone, also = (os.path.join(self.folder, f"out/many/{i}/{i}.cr5") for i in range(4))
         before = contents(self.folder)
         os.makedirs(os.path.join(os.path.dirname(older), ".zelconvert-1"))  # of a run that was killed
         os.utime(older, (0, 0))
         os.remove(gone)
+        os.remove(also)
         kept = os.stat(newer).st_mtime_ns
         self.assertEqual(self.run_host(batch).returncode, 4)  # the report is there
         result = self.run_host([*batch, "--skip-existing"])
-        self.assertIn(b"3 files: 2 converted, 1 skipped", result.stderr)
+        self.assertIn(b"4 files: 3 converted, 1 skipped", result.stderr)
         report = pathlib.Path(self.folder, "report").read_text(encoding="utf-8")
-        self.assertEqual(
-            [json.loads(line)["status"] for line in report.splitlines()], ["skipped", "converted", "converted"]
-        )
+        told = [json.loads(line)["status"] for line in report.splitlines()]
+        self.assertEqual(told, ["skipped", "converted", "converted", "converted"])
         self.assertEqual(os.stat(newer).st_mtime_ns, kept)
         self.assertGreater(os.stat(older).st_mtime_ns, 0)
         after = contents(self.folder)
@@ -271,13 +271,16 @@ class PosixTest(HostTest):
         os.symlink("unmounted", os.path.join(self.folder, "lost.dc"))
         os.mkfifo(os.path.join(self.folder, "pipe.job"))
         self.before = contents(self.folder)
-        for arguments, code in [
-            (["convert", "a.job", "link.dc", "--force"], 2),
-            (["convert", "a.job", "lost.dc"], 4),
-            (["convert", "pipe.job", "out.dc"], 3),
-            (["convert", "a.job", "/dev/null", "--to", "dc", "--force"], 4),
+        for line, code, text in [
+            ("convert a.job link.dc --force", 2, b"is an input"),
+            ("convert a.job lost.dc", 4, b"--force replaces it"),
+            ("batch --to cr5 --out-dir out a.job --report lost.dc", 4, b"--force replaces it"),
+            ("convert pipe.job out.dc", 3, b"pipe.job"),
+            ("convert a.job /dev/null --to dc --force", 4, b"is no file to be replaced"),
         ]:
-            self.assertEqual(self.run_host(arguments).returncode, code, arguments)
+            result = self.run_host(line.split())
+            self.assertEqual(result.returncode, code, line)
+            self.assertIn(text, result.stderr)
         self.assertTrue(os.path.exists("/dev/null") and not os.path.isfile("/dev/null"))
         self.assertEqual(self.made(), [])
 

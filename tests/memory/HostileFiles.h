@@ -53,7 +53,7 @@ inline constexpr HostileFile kHostileFiles[] = {
     {"raw_one_note", FT_RAW, kRawHead, "--,EL"},
     {"raw_one_line_of_fields", FT_RAW, kRawHead, ",PN"},
     {"raw_one_name", FT_RAW, kRawNameHead, "x"},
-    {"raw_cut_names", FT_RAW, kRawHead, "SP,PN#######XXXXXXXXXXXXXXXX,N ,E ,EL,--\n"},
+    {"raw_cut_names", FT_RAW, kRawHead, "SP,PN#######XXXXXXXXXX,N,E,EL\n"},
     {"ilj_empty_lines", FT_ILJ, kIljHead, "\n"},
     {"ilj_line_of_one", FT_ILJ, kIljHead, "x\n"},
     {"ilj_one_line", FT_ILJ, kIljHead, "x"},

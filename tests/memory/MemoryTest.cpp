@@ -120,5 +120,15 @@ TEST(Memory, IsAtMostSomeTimesTheInput) {
   }
 }
 
+// Of a line without an end no more is kept than counts.
+TEST(Memory, IsThatOfALineAtMost) {
+  for (const HostileFile& file : kHostileFiles) {
+    if (file.record != "x") continue;
+    for (const Conversion& run : ConvertToAll(file, 4 * kMiB)) {
+      EXPECT_LT(run.peak, run.input) << file.name;
+    }
+  }
+}
+
 }  // namespace
 }  // namespace zelconvert
