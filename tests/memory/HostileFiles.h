@@ -16,6 +16,7 @@ struct HostileFile {
   FileType type;
   std::string_view head;    ///< once, at the start
   std::string_view record;  ///< again and again; each "#" is a digit of the record's number
+  unsigned most = 4;        ///< bytes of memory, at most, for each byte more of it
 };
 
 inline constexpr std::string_view kDcHead =
@@ -53,7 +54,7 @@ inline constexpr HostileFile kHostileFiles[] = {
     {"raw_one_note", FT_RAW, kRawHead, "--,EL"},
     {"raw_one_line_of_fields", FT_RAW, kRawHead, ",PN"},
     {"raw_one_name", FT_RAW, kRawNameHead, "x"},
-    {"raw_cut_names", FT_RAW, kRawHead, "SP,PN#######XXXXXXXXXX,N,E,EL\n"},
+    {"raw_cut_names", FT_RAW, kRawHead, "SS,OP1,FP#######XXXXXXXXXX,AR1,ZE9,SD1,--\n", 2},
     {"ilj_empty_lines", FT_ILJ, kIljHead, "\n"},
     {"ilj_line_of_one", FT_ILJ, kIljHead, "x\n"},
     {"ilj_one_line", FT_ILJ, kIljHead, "x"},
