@@ -12,8 +12,6 @@
 namespace zelconvert {
 namespace {
 
-using platform::kAccessCreate;
-using platform::kAccessNoTruncate;
 using platform::kAccessReadWrite;
 using platform::kAccessWrite;
 using platform::kOpenShared;

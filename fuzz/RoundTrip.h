@@ -30,7 +30,8 @@ inline bool HasCutPoint(const std::string& dc) {
     const auto isCut = [&line](std::size_t start) {
       return start < line.size() && line[start] != ' ';
     };
-    if (line.starts_with("69") && std::ranges::any_of(kCoordinates, isCut)) return true;
+    const bool isPosition = line.starts_with("69") || line.starts_with("66");
+    if (isPosition && std::ranges::any_of(kCoordinates, isCut)) return true;
   }
   return false;
 }

@@ -1,5 +1,6 @@
 #include "tools/SurveyBuilder.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -120,7 +121,7 @@ void SurveyBuilder::SetBacksight(std::wstring_view backsight, double azimuth, do
   if (!IsNull(azimuth) || setups.size() < 2) return;
   Setup& before = setups[setups.size() - 2];
   setup.backsightAzimuth = before.backsightAzimuth;
-  const bool isNew = m_survey.shots.empty() || m_survey.shots.back().setup + 1 < setups.size();
+  const bool isNew = m_setupsWithShots < setups.size();
   if (before.station != setup.station || before.backsight != setup.backsight || !isNew) return;
   before.instrumentHeight = setup.instrumentHeight;
   before.circle = circle;
@@ -134,6 +135,7 @@ void SurveyBuilder::AddShot(Shot shot) {
   shot.station = Trim(shot.station);
   if (shot.setup == kNone) shot.setup = FindSetup(shot.station);
   if (shot.setup != kNone) {
+    m_setupsWithShots = std::max(m_setupsWithShots, shot.setup + 1);
     const Setup& setup = m_survey.setups[shot.setup];
     shot.station = setup.station;
     if (IsNull(shot.azimuth) && shot.kind != ShotKind::Backsight) {

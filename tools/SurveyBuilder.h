@@ -76,6 +76,7 @@ class SurveyBuilder {
   Index m_latest;   // of each name the last point that isn't deleted
   Index m_known;    // of each name the first point with a place in plan, while shots are reduced
   Index m_setupOf;  // the latest of each station
+  std::size_t m_setupsWithShots = 0;          // up to the last from which there is one
   std::vector<std::size_t> m_deletedTargets;  // of the deleted shots, in their order
   std::size_t m_nextDeleted = 0;
   double m_instrumentHeight = DC_NULL;
