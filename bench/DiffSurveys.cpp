@@ -21,7 +21,8 @@ Survey MakeSurvey(std::int64_t count, std::wstring (*name)(std::int64_t number))
     SurveyPoint& point = survey.points.emplace_back();
     point.name = name(i);
     point.code = L"FENCE";
-    point.grid = {static_cast<double>(i % 1000), static_cast<double>(i / 1000), 100};
+    const std::int64_t row = i / 1000;
+    point.grid = {static_cast<double>(i % 1000), static_cast<double>(row), 100};
   }
   return survey;
 }

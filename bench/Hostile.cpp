@@ -18,7 +18,8 @@ namespace {
 
 std::size_t LargeSize() {
   const char* const mebibytes = std::getenv("ZEL_HOSTILE_MIB");
-  return std::size_t{mebibytes == nullptr ? 8u : std::max(2, std::atoi(mebibytes))} << 20;
+  return static_cast<std::size_t>(mebibytes == nullptr ? 8 : std::max(2, std::atoi(mebibytes)))
+         << 20;
 }
 
 // Of the process, in seconds for a byte: the best of some runs.
