@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <iterator>
 #include <string>
 #include <string_view>
 
@@ -31,7 +32,7 @@ inline bool HasCutPoint(const std::string& dc) {
       return start < line.size() && line[start] != ' ';
     };
     const bool isPosition = line.starts_with("69") || line.starts_with("66");
-    if (isPosition && std::ranges::any_of(kCoordinates, isCut)) return true;
+    if (isPosition && std::any_of(kCoordinates, std::end(kCoordinates), isCut)) return true;
   }
   return false;
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <iterator>
 
 #include "FuzzFile.h"
 #include "job/Cr5Records.h"
@@ -33,7 +34,7 @@ template <class Use>
 int ForEachSurvey(const std::uint8_t* data, std::size_t size, Use use) {
   const std::string_view bytes = ToBytes(data, size);
   const auto fits = [bytes](const SurveyFile& file) { return bytes.starts_with(file.start); };
-  const bool isKnown = std::ranges::any_of(kSurveyFiles, fits);
+  const bool isKnown = std::any_of(std::begin(kSurveyFiles), std::end(kSurveyFiles), fits);
   MemoryFiles::Clear();
   for (const SurveyFile& file : kSurveyFiles) {
     if (isKnown && !fits(file)) continue;
