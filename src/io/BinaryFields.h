@@ -146,17 +146,21 @@ void WalkTexts(Io& io, std::size_t offset, std::size_t units, Texts&... texts) {
   ((io.Text(offset, texts, units), offset += 2 * units), ...);
 }
 
-/// A whole record from its block, and a block with nothing but the fields of a record.
+/// A whole record from its block and into it, and a block with nothing but the fields of a record.
 template <class Record>
 void Unpack(std::span<const std::byte> block, Record& record) {
   const BinaryReader reader(block);
   Record::Walk(reader, record);
 }
+template <class Record>
+void Pack(const Record& record, std::span<std::byte> block) {
+  const BinaryWriter writer(block);
+  Record::Walk(writer, record);
+}
 template <class Block, class Record>
 Block Packed(const Record& record) {
   Block block{};
-  const BinaryWriter writer(block);
-  Record::Walk(writer, record);
+  Pack(record, block);
   return block;
 }
 

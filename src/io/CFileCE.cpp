@@ -65,7 +65,7 @@ bool CFileCE::ReadPastBuffer(void* buffer, std::size_t count, std::size_t* pRead
     if (m_nBufferLeft == 0 && !FillBuffer()) return false;
     if (m_nBufferLeft == 0) break;
     const std::size_t part = std::min(count - done, m_nBufferLeft);
-    std::memcpy(static_cast<char*>(buffer) + done, m_pBuffer.get() + m_nBufferPos, part);
+    std::copy_n(m_pBuffer.get() + m_nBufferPos, part, static_cast<char*>(buffer) + done);
     m_nBufferPos += part;
     m_nBufferLeft -= part;
     done += part;

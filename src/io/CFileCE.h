@@ -2,9 +2,9 @@
 // write buffers, a line reader and a line writer.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <limits>
 #include <memory>
 #include <optional>
@@ -43,7 +43,7 @@ class CFileCE {
   /// success; without it a short read is false (what was there has been copied).
   bool Read(void* buffer, std::size_t count, std::size_t* pRead = nullptr) {
     if (count == 0 || count > m_nBufferLeft) return ReadPastBuffer(buffer, count, pRead);
-    std::memcpy(buffer, m_pBuffer.get() + m_nBufferPos, count);
+    std::copy_n(m_pBuffer.get() + m_nBufferPos, count, static_cast<char*>(buffer));
     m_nBufferPos += count;
     m_nBufferLeft -= count;
     if (pRead) *pRead = count;

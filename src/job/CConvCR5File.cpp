@@ -254,9 +254,9 @@ class JobToCr5 {
     record.elevation = Scaled(point.elevation, m_unitsPerMetre);
     m_strDescription.clear();
     platform::AppendNarrow(m_strDescription, point.description);
-    std::memcpy(record.description.data(), m_strDescription.data(),
-                std::min(m_strDescription.size(), record.description.size()));
-    m_records.push_back(Packed<Cr5RecordBlock>(record));
+    m_strDescription.resize(record.description.size());
+    std::memcpy(record.description.data(), m_strDescription.data(), record.description.size());
+    Pack(record, m_records.emplace_back());
   }
 
   bool WritePlain(const std::vector<SortKey>& sorted) {
