@@ -25,7 +25,6 @@ class DcSystemReader {
 
   /// What has been told so far. How azimuths and the grid are counted is the caller's to set.
   CGlkProjectionRecord& Record() { return m_system; }
-  const CGlkProjectionRecord& Record() const { return m_system; }
 
  private:
   CGlkProjectionRecord m_system;

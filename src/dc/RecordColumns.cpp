@@ -12,8 +12,9 @@ std::int64_t FitInteger(std::int32_t value, int width) {
   return std::clamp<std::int64_t>(value, 1 - limit / 10, limit - 1);
 }
 
-template <class Line>
-void AppendNumber(Line& line, double value, int decimals, int width) {
+}  // namespace
+
+void AppendDcNumber(std::string& line, double value, int decimals, int width) {
   const auto columns = static_cast<std::size_t>(width);
   if (IsNull(value)) return AppendBlanks(line, columns);
   const std::size_t start = line.size();
@@ -21,20 +22,11 @@ void AppendNumber(Line& line, double value, int decimals, int width) {
   if (line.size() > start + columns) line.resize(start + columns);
 }
 
-}  // namespace
-
-void AppendDcNumber(std::wstring& line, double value, int decimals, int width) {
-  AppendNumber(line, value, decimals, width);
-}
-void AppendDcNumber(std::string& line, double value, int decimals, int width) {
-  AppendNumber(line, value, decimals, width);
-}
-
 std::wstring FormatDcNumber(double value, int decimals) {
-  std::wstring text;
   if (IsNull(value)) return L" ";
+  std::string text;
   AppendDcNumber(text, value, decimals);
-  return text;
+  return FromUtf8(text);
 }
 
 double ReadDcNumber(std::string_view field) {

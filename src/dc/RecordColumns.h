@@ -164,7 +164,6 @@ constexpr std::size_t End(const std::array<Column<R>, N>& columns) {
 
 /// Appends a DC number in 16 columns: blank for a null value, else what "%16.*f" gives, cut to its
 /// first 16 characters.
-void AppendDcNumber(std::wstring& line, double value, int decimals, int width = 16);
 void AppendDcNumber(std::string& line, double value, int decimals, int width = 16);
 /// The same as text of its own; a null value is a single blank.
 std::wstring FormatDcNumber(double value, int decimals);

@@ -45,10 +45,9 @@ class CTextFile {
   bool Open(const std::wstring& path, std::uint32_t flags);
   /// The same after the encoding and SetAllowUnicode have been set.
   bool Open(const std::wstring& path, std::uint32_t flags, Encoding encoding, bool bAllowUnicode);
-  /// As CFileCE has them: false if a write that was held back failed; the path last opened.
+  /// As CFileCE has it: false if a write that was held back failed.
   bool Close() { return m_File.Close(); }
   bool IsOpen() const { return m_File.IsOpen(); }
-  const std::wstring& GetPath() const { return m_File.GetPath(); }
   /// Of the file that is open, found in it or set.
   Encoding GetEncoding() const { return m_Encoding; }
   /// Bytes at the start of the file that are not text.

@@ -175,8 +175,7 @@ class RawToJxl {
     m_jxl.WriteDocument();
   }
 
-  // One for each kind of record that has an effect; false for a bad record.
-  /// Parses the record that `handle` takes and hands it over.
+  /// Parses the record that `handle` takes and hands it over. False for a bad record.
   template <auto handle>
   bool Give(std::string_view line) {
     const auto give = [&]<class Result, class Record>(Result (RawToJxl::*)(Record&)) {

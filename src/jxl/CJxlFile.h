@@ -169,7 +169,7 @@ class CJxlFile : public CFileCE {
   const NameSet* m_deletedNames = nullptr;
   std::deque<NamedRecords> m_records;  // by the numbers of these names
   std::string m_utf8;                  // reused, as is the number
-  std::wstring m_number;
+  std::string m_number;
 };
 
 }  // namespace zelconvert

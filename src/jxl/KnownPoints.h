@@ -32,8 +32,6 @@ class KnownPoints {
     const std::optional<std::size_t> number = m_names.Find(name);
     return number && !m_points[*number].isDeleted ? &m_points[*number].position : nullptr;
   }
-  /// A live point of the name is there.
-  bool PointExists(std::string_view name) const { return Find(name) != nullptr; }
   /// Marks the point of the name, if there is one.
   void Delete(std::string_view name) {
     if (const auto number = m_names.Find(name)) m_points[*number].isDeleted = true;

@@ -32,11 +32,12 @@ std::string AsString(const std::array<std::byte, size>& bytes) {
   return {reinterpret_cast<const char*>(bytes.data()), size};
 }
 
-template <class Record>
+template <class Record, bool (CJobFile::*read)(Record&), bool (CJobFile::*write)(const Record&)>
 bool Copy(CJobFile& from, CJobFile& to) {
   Record record;
-  return from.Read(record) && to.Write(record);
+  return (from.*read)(record) && (to.*write)(record);
 }
+#define COPY(name, record) &Copy<record, &CJobFile::Read##name, &CJobFile::Write##name>
 
 // Every kind that has a reader.
 struct Kind {
@@ -45,11 +46,11 @@ struct Kind {
   bool (*copy)(CJobFile& from, CJobFile& to);
 };
 constexpr Kind kKinds[] = {
-    {13, 100, 1, 92, &Copy<JOB_POINT>},   {14, 132, 2, 124, &Copy<JOB_POINT_EX>},
-    {15, 88, 3, 80, &Copy<JOB_RECORD15>}, {16, 112, 8, 104, &Copy<JOB_RECORD16>},
-    {4, 72, 0, 0, &Copy<JOB_RECORD4>},    {7, 110, 0, 0, &Copy<JOB_RECORD7>},
-    {9, 70, 0, 0, &Copy<JOB_RECORD9>},    {10, 88, 0, 0, &Copy<JOB_RECORD10>},
-    {18, 542, 0, 0, &Copy<JOB_RECORD18>}, {11, 42, 0, 0, &Copy<JOB_LAYER>},
+    {13, 100, 1, 92, COPY(Point, JOB_POINT)},      {14, 132, 2, 124, COPY(PointEx, JOB_POINT_EX)},
+    {15, 88, 3, 80, COPY(Record15, JOB_RECORD15)}, {16, 112, 8, 104, COPY(Record16, JOB_RECORD16)},
+    {4, 72, 0, 0, COPY(Record4, JOB_RECORD4)},     {7, 110, 0, 0, COPY(Record7, JOB_RECORD7)},
+    {9, 70, 0, 0, COPY(Record9, JOB_RECORD9)},     {10, 88, 0, 0, COPY(Record10, JOB_RECORD10)},
+    {18, 542, 0, 0, COPY(Record18, JOB_RECORD18)}, {11, 42, 0, 0, COPY(Layer, JOB_LAYER)},
 };
 
 // Bytes that only come back if every field stands where it belongs: unlike ones everywhere, and
