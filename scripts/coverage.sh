@@ -28,22 +28,22 @@ import collections, json, os, re, sys
 data = json.load(open(sys.argv[1]))["data"][0]
 folders = collections.defaultdict(lambda: [0, 0, 0, 0])
 
-# What runs when it is compiled has no counts: tables, their checks. Such functions aren't counted unless a
-# program ran one.
-first_regions, ran = {}, set()
+# Functions that run only when they are compiled, such as checks of tables, have no counts and aren't counted.
+bodies, ran = {}, set()
 for function in data["functions"]:
-    place = (function["filenames"][0], function["regions"][0][0])
-    first_regions.setdefault(place, function)
+    line, column, end = function["regions"][0][:3]
+    place = (function["filenames"][0], line, column)
+    bodies[place] = (end - line + 1, 2 * len(function["branches"]))
     if function["count"]:
         ran.add(place)
-left_out = collections.defaultdict(lambda: [0, 0])
-for (file, line), function in first_regions.items():
+compiled = collections.defaultdict(lambda: [0, 0])
+for (file, line, column), body in bodies.items():
     with open(file) as source:
-        head = source.readlines()[max(0, line - 4):line]
-    declared = re.split(r"[;}]|^\s*//.*$", "".join(head), flags=re.MULTILINE)[-1]
-    if (file, line) not in ran and re.search(r"\bconst(expr|eval)\b", declared):
-        left_out[file][0] += function["regions"][0][2] - line + 1
-        left_out[file][1] += 2 * len(function["branches"])
+        lines = source.readlines()[max(0, line - 6):line]
+    head = "".join(lines[:-1]) + lines[-1][:column - 1]
+    declaration = re.split(r";|\}$|//.*", head, flags=re.MULTILINE)[-1]
+    if (file, line, column) not in ran and re.search(r"\bconst(expr|eval)\b", declaration):
+        compiled[file] = [a + b for a, b in zip(compiled[file], body)]
 
 def row(name, lines, hit, branches, taken):
     share = lambda part, whole: 100.0 * part / whole if whole else 100.0
@@ -53,8 +53,8 @@ def row(name, lines, hit, branches, taken):
 for file in data["files"]:
     name = os.path.relpath(file["filename"])
     lines, branches = file["summary"]["lines"], file["summary"]["branches"]
-    compiled = left_out[file["filename"]]
-    counts = [lines["count"] - compiled[0], lines["covered"], branches["count"] - compiled[1], branches["covered"]]
+    left = compiled[file["filename"]]
+    counts = [lines["count"] - left[0], lines["covered"], branches["count"] - left[1], branches["covered"]]
     folders[name.split("/")[0]] = [a + b for a, b in zip(folders[name.split("/")[0]], counts)]
     if sys.argv[2] in name and (counts[0] != counts[1] or counts[2] != counts[3]):
         row(name, *counts)

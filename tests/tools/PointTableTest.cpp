@@ -6,6 +6,7 @@
 
 #include "ReadFile.h"
 #include "TempDir.h"
+#include "geodetic/CGeodeticDllIndices.h"
 #include "tools/Checks.h"
 #include "tools/Info.h"
 #include "tools/PointTable.h"
@@ -44,6 +45,20 @@ TEST(Checks, FindsCoordinatesOfAnotherZone) {
   EXPECT_EQ(warnings[0].name, L"3");
   EXPECT_EQ(warnings[0].count, 2u);
   EXPECT_NEAR(warnings[0].distance, 89996, 300);
+}
+
+// Parallels on both sides of the equator, as far from it, make no cone.
+TEST(Wgs84, RefusesWhatTheLibraryRefuses) {
+  Survey survey;
+  survey.hasSystem = true;
+  CGeodeticDllIndices zone;
+  zone.Set(0, CGeodeticDllIndices::kStatePlane1983, 1, 102, 0, {}, 0);
+  ASSERT_TRUE(FillProjectionRecord(zone, survey.system));
+  std::string why;
+  if (Wgs84::Make(survey, why) == nullptr) GTEST_SKIP() << why;
+  survey.system.parallel1 = -survey.system.parallel2;
+  EXPECT_EQ(Wgs84::Make(survey, why), nullptr);
+  EXPECT_EQ(why, "the PROJ library can't reckon the coordinate system of the file");
 }
 
 // A name that holds a line end makes no line.

@@ -71,10 +71,11 @@ class ThroughProj : public Wgs84 {
   bool Prepare(const std::string& projection, const std::string& geographic,
                std::optional<int> code) {
     m_pProjection = m_proj.create(m_pContext, projection.c_str());
+    if (m_pProjection == nullptr) return false;
     PJ_AREA* area = code ? AreaOf(*code) : nullptr;
     PJ* shift = m_proj.createCrsToCrs(m_pContext, geographic.c_str(), "EPSG:4326", area);
     m_proj.areaDestroy(area);
-    if (m_pProjection == nullptr || shift == nullptr) return false;
+    if (shift == nullptr) return false;
     m_pShift = m_proj.normalize(m_pContext, shift);
     m_proj.destroy(shift);
     return m_pShift != nullptr;
