@@ -181,9 +181,12 @@ class RawToJxl {
     const auto give = [&]<class Result, class Record>(Result (RawToJxl::*)(Record&)) {
       std::remove_const_t<Record> record;
       if (!CRawFile::Parse(line, record)) return false;
-      if constexpr (std::is_same_v<Result, bool>) return (this->*handle)(record);
-      (this->*handle)(record);
-      return true;
+      if constexpr (std::is_same_v<Result, bool>) {
+        return (this->*handle)(record);
+      } else {
+        (this->*handle)(record);
+        return true;
+      }
     };
     return give(handle);
   }

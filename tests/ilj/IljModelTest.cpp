@@ -142,6 +142,8 @@ TEST(IljRecordTest, KeepsDateAndTime) {
   EXPECT_EQ(point.GetDateTime(), CivilSeconds(2026, 3, 13, 23, 59, 59));
   point.ParseField("DATE:19680229");
   EXPECT_EQ(point.GetDateTime(), CivilSeconds(1968, 2, 29, 23, 59, 59));
+  point.SetDateTime(point.GetDateTime());
+  EXPECT_EQ(point.ToText(), "POINT\tDATE:19680229\tTIME:235959\t");
   point.ParseField("DATE:0");
   EXPECT_EQ(point.GetDateTime(), 0);
 }
@@ -179,6 +181,13 @@ std::string FieldsName(const IljFieldList& fields) {
     name += (i > 0 ? " " : "") + (fields.IsRequired(i) ? "**" + tag + "**" : tag);
   }
   return name;
+}
+
+TEST(IljFieldTest, IsFoundInAList) {
+  const CMoskoJobRecordField date = FieldOf("DATE");
+  const CMoskoJobRecordFieldList list = {&date};
+  EXPECT_TRUE(list.HasField(date.GetType()));
+  EXPECT_FALSE(list.HasField(FieldOf("TIME").GetType()));
 }
 
 TEST(IljDocsTest, PageShowsTheTables) {

@@ -21,8 +21,12 @@ TEST(CParser, CutsFields) {
     parser.SetSeparators(texts[1]);
     const auto has = [&](wchar_t option) { return texts[2].find(option) != std::wstring::npos; };
     parser.SetCollapse(has(L'c'));
-    parser.SetTrimLeft(has(L'l'));
-    parser.SetTrimRight(has(L'r'));
+    parser.SetTrim(has(L'l') && has(L'r'));
+    if (has(L'l')) parser.SetTrimLeft(true);
+    if (has(L'r')) parser.SetTrimRight(true);
+    std::wstring rest;
+    parser.GetRest(rest);
+    EXPECT_EQ(rest, texts[0]);
     std::vector<std::wstring> fields;
     for (std::wstring field; parser.GetField(field);) fields.push_back(field);
     EXPECT_EQ(fields, std::vector<std::wstring>(texts.begin() + 4, texts.end()));
@@ -51,9 +55,13 @@ TEST(CParser, ReadsNumbers) {
   ExpectNumber(L"-1e999", &CParser::GetDouble, false, -HUGE_VAL);
   ExpectNumber<std::int32_t>(L"12a", &CParser::GetInt, true, 12);
   ExpectNumber<std::int32_t>(L"-99999999999", &CParser::GetInt, false, -2147483647 - 1);
+  ExpectNumber<std::int32_t>(L"2147483647", &CParser::GetInt, false, 2147483647);
+  ExpectNumber<std::int32_t>(L"x", &CParser::GetInt, false, 0);
   ExpectNumber<std::int16_t>(L"65535", &CParser::GetInt16, true, -1);
   ExpectNumber<std::uint32_t>(L"-2", &CParser::GetUnsigned, true, 0xFFFFFFFEu);
   ExpectNumber<std::uint32_t>(L"4294967296", &CParser::GetUnsigned, false, 0xFFFFFFFFu);
+  ExpectNumber<std::uint32_t>(L"-4294967296", &CParser::GetUnsigned, false, 0xFFFFFFFFu);
+  ExpectNumber<std::uint32_t>(L"x", &CParser::GetUnsigned, false, 0);
   ExpectNumber<std::uint16_t>(L"65537", &CParser::GetUnsigned16, true, 1);
 }
 

@@ -186,6 +186,8 @@ TEST(CTextFile, CountsPositionInItsOwnWay) {
     EXPECT_EQ(file.GetPosition(), 0);
     EXPECT_TRUE(file.SetEncoding(CTextFile::kAnsi));
     EXPECT_EQ(file.GetEncoding(), CTextFile::kAnsi);
+    EXPECT_TRUE(file.SetUnicode(true));
+    EXPECT_EQ(file.GetEncoding(), CTextFile::kUtf16LittleEndian);
   }
 }
 

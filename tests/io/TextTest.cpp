@@ -57,6 +57,18 @@ TEST(Text, EncodesUtf8) {
   EXPECT_EQ(FromUtf8(out), L"a\u00e4\u20ac\U0001F600\U0001F600\xFFFD!\xFFFD");
 }
 
+// Where a character is 32 bits wide, a host may give any number.
+TEST(Text, ReplacesWhatIsNoCharacter) {
+  if constexpr (sizeof(wchar_t) < 4) GTEST_SKIP() << "every unit of 16 bits is in Unicode";
+  const std::wstring beyond(1, static_cast<wchar_t>(0x110000));
+  std::string bytes;
+  AppendUtf8(bytes, beyond);
+  EXPECT_EQ(FromUtf8(bytes), L"\xFFFD");
+  std::u16string units(2, u'x');
+  EXPECT_EQ(EncodeUtf16(beyond, units), 1u);
+  EXPECT_EQ(units, u"\xFFFDx");
+}
+
 TEST(Paths, SplitAtBothSeparators) {
   for (const CaseFields& texts : ReadCases("tests/golden-lines/path-parts.txt")) {
     EXPECT_EQ(GetDirectory(texts[0]), texts[1]);
