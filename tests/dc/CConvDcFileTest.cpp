@@ -22,7 +22,8 @@ std::vector<std::string> Lines(const std::string& bytes) {
 }
 
 // A job with a point that has an attribute block, one that names another kind of record for it, one
-// of the old form, which names none, and two that name a place outside of the file's records.
+// whose block says nothing, one of the old form, which names none, and two that name a place
+// outside of the file's records.
 std::wstring MakeJob(const TempDir& folder, const std::wstring& name, std::uint16_t version) {
   CJobFile job(true);
   EXPECT_TRUE(job.Create(folder.Path(name), version));
@@ -32,9 +33,11 @@ std::wstring MakeJob(const TempDir& folder, const std::wstring& name, std::uint1
   block.length = 4;
   JOB_POINT point;
   point.elevation = 1;
-  for (const auto& [each, kind] : {std::pair{L"P1", block.kind}, {L"P2", 12u}}) {
+  for (const auto& [each, kind, start] :
+       {std::tuple{L"P1", block.kind, 'd'}, {L"P2", 12u, 'd'}, {L"P2a", block.kind, '?'}}) {
     point.name = each;
     block.kind = kind;
+    block.data.front() = static_cast<std::byte>(start);
     point.attributeLink = static_cast<std::uint32_t>(job.GetFile().GetPosition());
     EXPECT_EQ(job.WriteGenericRecord(block), version >= kJobVersion);
     EXPECT_TRUE(job.WritePoint(point));
@@ -57,7 +60,7 @@ std::wstring MakeJob(const TempDir& folder, const std::wstring& name, std::uint1
 class OneFeature : public CFeatureCodeData {
  public:
   bool Decode(std::span<const std::byte> block, FEATURE_SET& features) const override {
-    if (block.size() != 4 || block[0] != std::byte{'d'}) return false;
+    if (block[0] != std::byte{'d'}) return CFeatureCodeData::Decode(block, features);
     features.code = L"TREE";
     features.attributes = {{kAttributeText, L"Species", L"Oak", L"", 0, 0},
                            {0x8004, L"Date", L"passed over", L"", 0, 0},
@@ -95,7 +98,7 @@ TEST(JobToDc, Dialects) {
   TempDir folder;
   const std::wstring path = MakeJob(folder, L"job.job", kJobVersion);
   const std::vector<std::string> lines = Lines(Convert(folder, path, 0).output);
-  ASSERT_EQ(lines.size(), 11u);
+  ASSERT_EQ(lines.size(), 12u);
   EXPECT_EQ(lines[0].substr(0, 14), "00NMFX V07-50 ");
   EXPECT_EQ(lines[2], "D4NM11                ");
   for (int version : {-1, 4}) {
@@ -131,7 +134,7 @@ TEST(JobToDc, FeaturesFollowTheirPoint) {
       Convert(folder, MakeJob(folder, L"job.job", kJobVersion), 2, std::make_unique<OneFeature>());
   EXPECT_TRUE(run.done);
   const std::vector<std::string> lines = Lines(run.output);
-  ASSERT_EQ(lines.size(), 16u);
+  ASSERT_EQ(lines.size(), 17u);
   EXPECT_EQ(lines[6].substr(0, 20), "69KI              P1");
   EXPECT_EQ(lines[7], pad("87FCTREE", 24));
   EXPECT_EQ(lines[8], pad("89FCSpecies?", 24) + pad("Oak", 100));
@@ -139,8 +142,9 @@ TEST(JobToDc, FeaturesFollowTheirPoint) {
   EXPECT_EQ(lines[10], pad("92FCState?", 24) + pad("sound", 20) + "003");
   EXPECT_EQ(lines[11], pad("92FCPlace?", 24) + pad("park/edge", 20) + "012");
   EXPECT_EQ(lines[12].substr(0, 20), "69KI              P2");
-  EXPECT_EQ(lines[13].substr(0, 20), "69KI              P3");
-  EXPECT_EQ(lines[15].substr(0, 20), "69KI              P4");
+  EXPECT_EQ(lines[13].substr(0, 20), "69KI             P2a");
+  EXPECT_EQ(lines[14].substr(0, 20), "69KI              P3");
+  EXPECT_EQ(lines[16].substr(0, 20), "69KI              P4");
 }
 
 }  // namespace

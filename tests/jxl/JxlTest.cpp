@@ -59,5 +59,23 @@ TEST(Jxl, HoldsEveryTextWellFormed) {
   EXPECT_EQ(next, held.size());
 }
 
+// No record has text beside children, or a text after an empty line.
+TEST(Jxl, WritesTextBesideChildren) {
+  const TempDir folder;
+  CFileCE file;
+  ASSERT_TRUE(file.OpenForWrite(folder.Path(L"out.xml")));
+  CXmlTree tree;
+  CXmlElement root = tree.Restart("root", true);
+  CXmlElement mixed = root.AddChild("mixed", "a & b");
+  mixed.AddChild("child", "c");
+  root.AddChild("empty");
+  root.Write(file, 1);
+  EXPECT_TRUE(file.Close());
+  EXPECT_EQ(folder.Read(L"out.xml"),
+            "\r\n    <root>\r\n        <mixed>\r\n            a &amp; b\r\n"
+            "            <child>c</child>\r\n        </mixed>\r\n        <empty/>\r\n"
+            "    </root>\r\n");
+}
+
 }  // namespace
 }  // namespace zelconvert
