@@ -106,7 +106,7 @@ std::wstring FormatRecord(std::wstring_view format, std::initializer_list<RawArg
 /// A scale factor: at most six decimals, at least one ("0.99987", "1.0").
 std::wstring FormatScale(double scale) {
   std::wstring text = FormatFixed(scale, 6);
-  while (text.size() > 2 && text.back() == L'0' && text[text.size() - 2] != L'.') text.pop_back();
+  while (text.back() == L'0' && text[text.size() - 2] != L'.') text.pop_back();
   return text;
 }
 

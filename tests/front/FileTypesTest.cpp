@@ -10,8 +10,10 @@
 #include "CaseFile.h"
 #include "TempDir.h"
 #include "cli/FileTypes.h"
+#include "dc/CDcFile.h"
 #include "front/CFileTypeManager.h"
 #include "io/Numbers.h"
+#include "io/Paths.h"
 #include "io/Strings.h"
 #include "zelconvert/zelconvert.h"
 
@@ -81,6 +83,8 @@ TEST(FileTypes, HaveTextsAndLists) {
     EXPECT_TRUE(CFileTypeManager().GetSupportedOutputTypes(type, row));
     EXPECT_EQ(row, rows[static_cast<std::size_t>(type)]);
   }
+  EXPECT_TRUE(HasExtensionIgnoringCase(TextOf(cZelGetExtension, FT_DC),
+                                       L'.' + CDcFile::GetDefaultExtension()));
 }
 
 TEST(FileTypes, RefusesWhatIsNone) {
