@@ -27,6 +27,7 @@ TEST(GpsSignature, IsWhatStandsAfterTheLastStar) {
                                                  {"EQ*1* " + std::to_string(hash) + "x", true},
                                                  {"EQ*1*-" + std::to_string(0u - hash), true},
                                                  {"EQ*1*99999999999", false},
+                                                 {"EQ*1*-99999999999", false},
                                                  {"EQ*1*", false},
                                                  {"EQ", false}}) {
     SCOPED_TRACE(text);

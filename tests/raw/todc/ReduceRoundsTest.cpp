@@ -75,6 +75,14 @@ TEST(ReduceRounds, WritesPairsAndMeans) {
             ReadBytes("tests/golden-lines/rounds-pairs.dc"));
 }
 
+// Whichever was measured first: the pair begins with face one and has its note.
+TEST(ReduceRounds, PairsFacesInEitherOrder) {
+  const RB_RECORD one = {L"S", L"B", 10, 90.5, 100, 1.5, L"one", true};
+  const RB_RECORD two = {L"S", L"B", 190.002, 269.51, 100.002, 1.5, L"two", false};
+  const auto fromPair = [](const std::string& text) { return text.substr(text.find("B7MP")); };
+  EXPECT_EQ(fromPair(Reduce({two, one}, {}, {})), fromPair(Reduce({one, two}, {}, {})));
+}
+
 TEST(ReduceRounds, TakesDirectionsAloneAsASet) {
   RD_RECORD set;
   set[DirectionKind::BacksightDirect] = 350;
