@@ -46,11 +46,7 @@ fs::path JobOfPoints(const Options& options, const TypeInfo& from, const TypeInf
   if (!isLog || GetExtension(to.type) != ".dc") {
     throw HostFailure(kWrongUsage, "--job is for making a DC file of a raw log alone");
   }
-  const fs::path job = Absolute(*options.job);
-  const std::string fault = WarnOfJobName(job);
-  if (!fault.empty()) throw HostFailure(kWrongUsage, fault);
-  CheckReadable(job);
-  return job;
+  return CheckJob(*options.job);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <system_error>
 
+#include "cli/FileNames.h"
 #include "cli/Host.h"
 #include "cli/platform/Host.h"
 
@@ -21,6 +22,14 @@ void CheckReadable(const fs::path& path) {
   if (!fs::exists(status)) throw HostFailure(kNoInput, ToText(path) + " does not exist");
   if (!fs::is_regular_file(status)) throw HostFailure(kNoInput, ToText(path) + " is not a file");
   if (!platform::IsReadable(path)) throw HostFailure(kNoInput, ToText(path) + " can't be read");
+}
+
+fs::path CheckJob(const std::string& argument) {
+  const fs::path job = Absolute(argument);
+  const std::string fault = WarnOfJobName(job);
+  if (!fault.empty()) throw HostFailure(kWrongUsage, fault);
+  CheckReadable(job);
+  return job;
 }
 
 void CheckFolder(const fs::path& folder) {

@@ -12,6 +12,8 @@ std::filesystem::path Absolute(const std::string& argument);
 // Each check throws a HostFailure that tells the user what is wrong.
 
 void CheckReadable(const std::filesystem::path& input);
+/// That the job that --job names is one by its name, and readable. Its path.
+std::filesystem::path CheckJob(const std::string& argument);
 /// That there is a folder.
 void CheckFolder(const std::filesystem::path& folder);
 

@@ -1,6 +1,5 @@
 #include "cli/InputSurvey.h"
 
-#include <filesystem>
 #include <optional>
 #include <utility>
 
@@ -14,11 +13,7 @@ namespace zelconvert::cli {
 tools::ReadOptions ReadOptionsOf(const Options& options) {
   tools::ReadOptions how{.makeFolder = MakeTemporaryFolders(),
                          .listUnit = LinearUnitNamed(options.units)};
-  if (options.job) {
-    const std::filesystem::path job = Absolute(*options.job);
-    CheckReadable(job);
-    how.job = platform::ToLibrary(job);
-  }
+  if (options.job) how.job = platform::ToLibrary(CheckJob(*options.job));
   return how;
 }
 

@@ -215,7 +215,8 @@ void FindFarPoints(const Survey& survey, std::vector<Warning>& warnings) {
 double DistanceOnEarth(const GeodeticPosition& a, const LongitudeLatitude& b) {
   constexpr double kMeanRadius = 6371008.8;  // of the GRS 80 ellipsoid
   const double latitude = b.latitude * kPi / 180, longitude = b.longitude * kPi / 180;
-  const double eastward = std::remainder(longitude - a.longitude, 2 * kPi) * std::cos(a.latitude);
+  const double between = (latitude + a.latitude) / 2;
+  const double eastward = std::remainder(longitude - a.longitude, 2 * kPi) * std::cos(between);
   return kMeanRadius * std::hypot(latitude - a.latitude, eastward);
 }
 

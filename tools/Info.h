@@ -54,8 +54,8 @@ struct InfoBacksight {
   std::optional<double> distance, height;
 };
 struct InfoWarning {
-  std::string
-      kind;  ///< "far-point", "duplicate-name", "unknown-station", "unsigned-gps", "unit-change"
+  /// "far-point", "grid-apart", "duplicate-name", "unknown-station", "unsigned-gps", "unit-change"
+  std::string kind;
   std::string text;  ///< one line, without a full stop
   std::int64_t line;
 };

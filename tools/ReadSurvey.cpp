@@ -17,6 +17,7 @@
 #include "raw/RawUnits.h"
 #include "raw/sdr/CConvRawSDRFile.h"
 #include "raw/todc/CConvRawDCFile.h"
+#include "raw/todc/JobPoints.h"
 #include "tools/EpsgCodes.h"
 #include "tools/ReadDc.h"
 #include "tools/ReadIlj.h"
@@ -61,6 +62,7 @@ class SurveyReading {
 
  private:
   bool ReadByType();
+  void KnowPointsOfJob();
   bool ReadDcFile();
   bool ReadJob();
   bool ReadOpenJob(CJobFile& job);
@@ -100,6 +102,7 @@ class SurveyReading {
 
 bool SurveyReading::Read() {
   if (!ReadByType()) return false;
+  KnowPointsOfJob();
   m_builder.Reduce();
   m_survey.epsg = m_survey.hasSystem ? FindEpsgCode(m_survey.system) : std::nullopt;
   return true;
@@ -137,6 +140,15 @@ bool SurveyReading::ReadByType() {
       return Say(FormatText(kOnlyWritten, m_path));
   }
   return Fail(DriverText::NotSupported);
+}
+
+// A job that can't be read was told of with its log.
+void SurveyReading::KnowPointsOfJob() {
+  PointMap points;
+  if (!IsJobPath(m_options.job) || !ReadJobPoints(m_options.job, std::nullopt, points)) return;
+  for (const auto& [name, point] : points) {
+    m_builder.Know(name, {point.m_dNorth, point.m_dEast, point.m_dElevation});
+  }
 }
 
 std::wstring SurveyReading::Place(std::wstring_view name) {

@@ -21,7 +21,9 @@ struct ReadOptions {
   // What a file doesn't tell of itself.
 
   std::optional<LinearUnit> listUnit = {};  ///< of a coordinate list; none: not known
-  std::wstring job = {};  ///< ".job" or ".pwj" whose points a log refers to; may be empty
+  /// ".job" or ".pwj" whose points the file refers to; may be empty. They don't become the
+  /// survey's.
+  std::wstring job = {};
 };
 
 /// Every type but FT_JXL, which is only written. Of a pair of files `path` is the coordinates' one.

@@ -173,6 +173,10 @@ void SurveyBuilder::AddVector(GpsVector vector) {
   m_survey.vectors.push_back(std::move(vector));
 }
 
+void SurveyBuilder::Know(std::wstring_view name, const GridPosition& position) {
+  m_others.Insert(name, position);
+}
+
 // ---- Reduction
 
 void SurveyBuilder::Reduce() {
@@ -194,8 +198,9 @@ void SurveyBuilder::LookUpStation(Setup& setup) const {
 }
 
 GridPosition SurveyBuilder::KnownPosition(std::wstring_view name) const {
-  const std::size_t* known = m_known.Find(name);
-  return known == nullptr ? GridPosition() : m_survey.points[*known].grid;
+  if (const std::size_t* known = m_known.Find(name)) return m_survey.points[*known].grid;
+  const GridPosition* other = m_others.Find(name);
+  return other == nullptr ? GridPosition() : *other;
 }
 
 // A station that a setup gives coordinates has these, also where a shot led to it before.

@@ -36,6 +36,9 @@ class SurveyBuilder {
   /// A point that is there, but that nothing can be taken for.
   void AddDeleted(const PointFacts& facts, const GridPosition& position);
 
+  /// A point that isn't the survey's, but from which one may have shot.
+  void Know(std::wstring_view name, const GridPosition& position);
+
   /// The instrument on a station, not yet oriented. A station that the record gives a position
   /// keeps it for this setup.
   void BeginSetup(std::wstring_view station, double instrumentHeight, std::int64_t line,
@@ -76,6 +79,7 @@ class SurveyBuilder {
   Index m_latest;   // of each name the last point that isn't deleted
   Index m_known;    // of each name the first point with a place in plan, while shots are reduced
   Index m_setupOf;  // the latest of each station
+  NameMap<GridPosition> m_others;             // known, but not the survey's
   std::size_t m_setupsWithShots = 0;          // up to the last from which there is one
   std::vector<std::size_t> m_deletedTargets;  // of the deleted shots, in their order
   std::size_t m_nextDeleted = 0;

@@ -3,6 +3,7 @@
 
 #include "geodetic/CGeodeticDllIndices.h"
 #include "tools/EpsgCodes.h"
+#include "tools/Wgs84System.h"
 
 namespace zelconvert::tools {
 namespace {
@@ -89,6 +90,54 @@ TEST(EpsgCodes, AreInTheUnitOfTheirAxes) {
   EXPECT_EQ(UnitOfEpsgCode(Fill({0, Indices::kUtm, 0, 10, 0}), 26710), LinearUnit::Metre);
   EXPECT_EQ(UnitOfEpsgCode(Fill({0, Indices::kStatePlane1983, 1, 102, 0}), 32138),
             LinearUnit::Metre);
+}
+
+// The shifts of European 1950, mean solution, are -87, -98 and -121 m to WGS 84 (TR 8350.2, EUR-M).
+TEST(Wgs84System, TellsShiftsToWgs84) {
+  std::string why;
+  EXPECT_EQ(GeographicSystem(Fill({1, Indices::kMolodenskyUtm, 57, 31, 0}), why),
+            "+proj=longlat +no_defs +type=crs +a=6378388.000000000000 +rf=297.000000000000 "
+            "+towgs84=-87.00000,-98.00000,-121.00000");
+}
+
+// Zones of other projections are compared with PROJ's own codes.
+TEST(Wgs84System, TellsPolarStereographic) {
+  CGlkProjectionRecord system = Fill(kUtm32OnWgs84);
+  system.projectionId = kPolarStereographic;
+  system.scale = 0.994;
+  system.originLatitude = kPi / 2;
+  system.originLongitude = 0;
+  system.falseEasting = system.falseNorthing = 2e6;
+  std::string why;
+  EXPECT_EQ(Projection(system, why),
+            "+proj=stere +k=0.994000000000 +lon_0=0.000000000000 +lat_0=90.000000000000 "
+            "+x_0=2000000.000000000000 +y_0=2000000.000000000000 +a=6378137.000000000000 "
+            "+rf=298.257223563000");
+}
+
+TEST(Wgs84System, SaysWhyThereIsNone) {
+  using System = CGlkProjectionRecord;
+  struct Case {
+    void (*change)(System&);
+    std::string (*find)(const System&, std::string&);
+    const char* why;
+  };
+  for (const auto& [change, find, expected] :
+       {Case{[](System& system) { system.verticalType = kLocalSiteSystem; }, &InverseProjection,
+             "the coordinates are fitted to a local site or to control points, not those of the "
+             "projection"},
+        Case{[](System& system) { system.inverseFlattening = DC_NULL; }, &InverseProjection,
+             "the file doesn't tell the ellipsoid of its coordinate system"},
+        Case{[](System& system) { system.projectionId = 2065; }, &InverseProjection,
+             "the projection of the file (2065) isn't one that can be reckoned"},
+        Case{[](System& system) { system.datumRotationZ = 1e-6; }, &GeographicSystem,
+             "the datum of the file isn't one that can be reckoned"}}) {
+    System system = Fill(kUtm32OnWgs84);
+    change(system);
+    std::string why;
+    EXPECT_EQ(find(system, why), "");
+    EXPECT_EQ(why, expected);
+  }
 }
 
 }  // namespace

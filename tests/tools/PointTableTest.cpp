@@ -45,6 +45,11 @@ TEST(Checks, FindsCoordinatesOfAnotherZone) {
   EXPECT_EQ(warnings[0].name, L"3");
   EXPECT_EQ(warnings[0].count, 2u);
   EXPECT_NEAR(warnings[0].distance, 89996, 300);
+  const InfoWarning shown = MakeInfo(*survey).warnings.at(0);
+  EXPECT_EQ(shown.kind, "grid-apart");
+  EXPECT_EQ(
+      shown.text,
+      "grid and latitude of 2 points are apart, of 3 by 89.8 km: another zone, datum or unit?");
 }
 
 // Parallels on both sides of the equator, as far from it, make no cone.

@@ -3,7 +3,7 @@
 
 A raw log names a zone by its index; "zelconvert points --crs wgs84" goes by the parameters that come of
 it. cs2cs of the PROJ library goes by the EPSG code of the zone in its database. Both have to agree
-within a centimetre, in every third zone of each table, and find the same code.
+within a centimetre, in every third zone of each table and the oblique ones, and find the same code.
 """
 
 import concurrent.futures
@@ -26,8 +26,8 @@ def tables():
     """Zone by zone: the LM record's numbers, the code, metres per unit of the code, false easting."""
     for name, system, unit in (("spcs27", 1, US_FOOT), ("spcs83", 2, 1.0)):
         with open(ROOT / f"src/geodetic/tables/{name}.csv", newline="", encoding="ascii") as file:
-            for row in list(csv.DictReader(file))[::3]:
-                if int(row["index"]) not in LEFT_OUT[name]:
+            for number, row in enumerate(csv.DictReader(file)):
+                if (number % 3 == 0 or row["kind"] == "1") and int(row["index"]) not in LEFT_OUT[name]:
                     yield name, system, 1, int(row["index"]), int(row["epsg"]), unit, row
     for zone in range(1, 24, 2):
         yield "utm", 3, 1, zone, 26900 + zone, 1.0, None
