@@ -197,7 +197,7 @@ Verification VerifyConversion(const ConvertedFiles& files, const FolderMaker& ma
   result.isInputRead = true;
   std::optional<Survey> output =
       ReadSurvey(files.output, files.outputType, result.messages,
-                 {.makeFolder = makeFolder, .listUnit = input->lengthUnit, .job = files.job});
+                 {.makeFolder = makeFolder, .listUnit = input->lengthUnit});
   if (!output) return result;
   result.messages.clear();  // the conversion has told them
   result.isRead = true;
