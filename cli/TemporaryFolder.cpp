@@ -17,6 +17,7 @@ using platform::ToText;
 namespace {
 
 constexpr const char* kNameStart = ".zelconvert-";
+constexpr int kMostTries = 100;
 
 std::string RandomName() {
   std::random_device random;
@@ -41,10 +42,11 @@ TemporaryFolder::TemporaryFolder() : TemporaryFolder(SystemFolder()) {}
 
 TemporaryFolder::TemporaryFolder(const fs::path& parent) {
   std::error_code error;
-  do {
+  for (int tries = 0; tries < kMostTries && !error; ++tries) {
     m_path = parent / RandomName();
-  } while (!platform::MakeTemporaryFolder(m_path, error) && !error);
-  if (!error) return;
+    if (platform::MakeTemporaryFolder(m_path, error)) return;
+  }
+  if (!error) error = std::make_error_code(std::errc::device_or_resource_busy);
   CheckFolder(parent);
   throw HostFailure(kNoOutput,
                     "the folder " + ToText(parent) + " can't be written: " + error.message());

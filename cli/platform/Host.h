@@ -71,7 +71,7 @@ class ProgressWindow {
 // What a run that the user breaks off doesn't leave.
 
 /// Makes a folder for files that goes away with them, whose owner alone may look into it. False if
-/// there is an entry of this name, or with `error`.
+/// there is an entry of this name or another run has taken the new one away, or with `error`.
 bool MakeTemporaryFolder(const std::filesystem::path& path, std::error_code& error);
 /// Removes one that was made so, with all that is in it.
 void RemoveTemporaryFolder(const std::filesystem::path& path);

@@ -2,9 +2,11 @@
  * in its place, and writes them into the file that CALLS names. What goes wrong stands in FAULTS:
  * "rename": the system can't move without replacing; "link": nor give a file a second name;
  * "replace": nor take the place of one; "late": in the last moment somebody makes a file where one
- * is moved to; "seize": or where a report is opened; "flush": the disk is broken. KILL_AT ends the
- * program, as a loss of power would, before the call that writes, moves, links or deletes a file
- * and has this number, from 1. */
+ * is moved to; "seize": or where a report is opened; "flush": the disk is broken; "clear", "swept",
+ * "held": another run takes the first folder for abandoned and deletes it when it has just been
+ * made, before it is locked, or holds the lock itself. KILL_AT ends the program, as a loss of power
+ * would, before the call that writes, moves, links or deletes a file and has this number, from 1.
+ */
 #define _GNU_SOURCE
 #include <dlfcn.h>
 #include <errno.h>
@@ -14,6 +16,8 @@
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
+#include <sys/file.h>
+#include <sys/stat.h>
 #include <sys/uio.h>
 #include <unistd.h>
 
@@ -98,6 +102,25 @@ int open(const char* path, int flags, ...) {
   va_end(arguments);
   Make("seize", path);
   return REAL(open)(path, flags, mode);
+}
+
+static int IsFirst(const char* fault) {
+  static int count = 0;
+  return HasFault(fault) && count++ == 0;
+}
+
+int mkdir(const char* path, mode_t mode) {
+  const int made = REAL(mkdir)(path, mode);
+  if (IsFirst("clear")) rmdir(path);
+  return made;
+}
+
+int flock(int file, int operation) {
+  char name[64], path[4096] = "";
+  const int isHeld = IsFirst("held");
+  snprintf(name, sizeof name, "/proc/self/fd/%d", file);
+  if ((isHeld || IsFirst("swept")) && readlink(name, path, sizeof path - 1) > 0) rmdir(path);
+  return isHeld ? Fail(EWOULDBLOCK) : REAL(flock)(file, operation);
 }
 
 int fsync(int file) {

@@ -186,6 +186,14 @@ class PlaceTest(unittest.TestCase):
         self.assertEqual((done.returncode, sorted(made), made["out.log"]), (4, ["n.dc", "other.dc", "out.log"], b"mine"), done.stderr)
         self.assertIn(b"out.log exists; --force replaces it", done.stderr)
 
+    # A run that clears up sees folders that others have just made.
+    def test_folder_taken_for_abandoned(self):
+        _, expected, _ = self.run_with("", "convert n.dc out.job")
+        for faults in "clear", "swept", "held":
+            with self.subTest(faults):
+                done, made, _ = self.run_with(faults, "convert n.dc out.job")
+                self.assertEqual((done.returncode, sorted(made)), (0, sorted(expected)), done.stderr)
+
     # The folder once for all.
     def test_batch(self):
         _, _, calls = self.run_with("", "batch --to job --out-dir . n.dc other.dc --jobs 1")

@@ -252,6 +252,13 @@ class SignalsHeld {
   sigset_t m_before;
 };
 
+// Not if another run took the folder for abandoned in the moment before this.
+bool LockOwn(int folder) {
+  if (flock(folder, LOCK_EX | LOCK_NB) != 0) return errno != EWOULDBLOCK;
+  struct stat found {};
+  return fstat(folder, &found) == 0 && found.st_nlink > 0;
+}
+
 }  // namespace
 
 // A lock on the folder says that its process lives. Where there are no locks none is abandoned.
@@ -261,9 +268,13 @@ bool MakeTemporaryFolder(const std::filesystem::path& path, std::error_code& err
     if (errno != EEXIST) error.assign(errno, std::generic_category());
     return false;
   }
-  g_leftBehind.folders.push_back({path, opendir(path.c_str())});
-  DIR* entries = g_leftBehind.folders.back().entries;
-  if (entries != nullptr) flock(dirfd(entries), LOCK_EX | LOCK_NB);
+  DIR* entries = opendir(path.c_str());
+  if (entries == nullptr && errno == ENOENT) return false;
+  if (entries != nullptr && !LockOwn(dirfd(entries))) {
+    closedir(entries);
+    return false;
+  }
+  g_leftBehind.folders.push_back({path, entries});
   static const bool isPrepared = [] {
     if (!g_isOwnProcess) return true;
     for (const int number : kSignals) CleanUpOn(number);

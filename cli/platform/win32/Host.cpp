@@ -46,8 +46,8 @@ LeftBehind& GetLeftBehind() {
   return leftBehind;
 }
 
-HANDLE OpenFolder(const fs::path& path, DWORD sharing) {
-  return CreateFileW(path.c_str(), FILE_LIST_DIRECTORY, sharing, nullptr, OPEN_EXISTING,
+HANDLE OpenFolder(const fs::path& path, DWORD access, DWORD sharing) {
+  return CreateFileW(path.c_str(), FILE_LIST_DIRECTORY | access, sharing, nullptr, OPEN_EXISTING,
                      FILE_FLAG_BACKUP_SEMANTICS, nullptr);
 }
 
@@ -238,7 +238,9 @@ bool MakeTemporaryFolder(const std::filesystem::path& path, std::error_code& err
   LeftBehind& left = GetLeftBehind();
   const std::lock_guard held(left.guard);
   if (fs::exists(path, error) || error || !fs::create_directory(path, error)) return false;
-  left.folders.push_back({path, OpenFolder(path, FILE_SHARE_READ | FILE_SHARE_WRITE)});
+  const HANDLE handle = OpenFolder(path, 0, FILE_SHARE_READ | FILE_SHARE_WRITE);
+  if (handle == INVALID_HANDLE_VALUE) return false;
+  left.folders.push_back({path, handle});
   return isHandled;
 }
 
@@ -254,15 +256,17 @@ void RemoveTemporaryFolder(const std::filesystem::path& path) {
   fs::remove_all(path, ignored);
 }
 
-// While its process lives the folder is open, and doesn't open for one alone. What leads elsewhere
-// was made by nobody here.
+// While its process lives the folder is open, and doesn't open for who may delete it; nor does it
+// open for a process that has just made it while it is deleted here. What leads elsewhere was made
+// by nobody here.
 void RemoveIfAbandoned(const std::filesystem::path& path) {
   if ((GetFileAttributesW(path.c_str()) & FILE_ATTRIBUTE_REPARSE_POINT) != 0) return;
-  const HANDLE handle = OpenFolder(path, 0);
+  const HANDLE handle =
+      OpenFolder(path, DELETE, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE);
   if (handle == INVALID_HANDLE_VALUE) return;
-  CloseHandle(handle);
   std::error_code ignored;
   fs::remove_all(path, ignored);
+  CloseHandle(handle);
 }
 
 void KeepReadOnly(const std::filesystem::path& file) {
