@@ -265,7 +265,11 @@ void RemoveIfAbandoned(const std::filesystem::path& path) {
       OpenFolder(path, DELETE, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE);
   if (handle == INVALID_HANDLE_VALUE) return;
   std::error_code ignored;
-  fs::remove_all(path, ignored);
+  for (fs::directory_iterator at(path, ignored), end; at != end; at.increment(ignored)) {
+    fs::remove(at->path(), ignored);
+  }
+  FILE_DISPOSITION_INFO gone = {TRUE};  // with the handle
+  SetFileInformationByHandle(handle, FileDispositionInfo, &gone, sizeof gone);
   CloseHandle(handle);
 }
 
