@@ -180,7 +180,9 @@ class HostTest(FolderTest):
         self.assertEqual(self.run_host(batch).returncode, 0)
         newer, older, gone, also = (os.path.join(self.folder, f"out/many/{i}/{i}.cr5") for i in range(4))
         before = contents(self.folder)
-        os.makedirs(os.path.join(os.path.dirname(older), ".zelconvert-1"))  # of a run that was killed
+        left = pathlib.Path(os.path.dirname(older), ".zelconvert-1")  # by a run that was killed
+        left.mkdir()
+        left.joinpath("1.cr5").touch()
         os.utime(older, (0, 0))
         os.remove(gone)
         os.remove(also)

@@ -46,9 +46,10 @@ LeftBehind& GetLeftBehind() {
   return leftBehind;
 }
 
-HANDLE OpenFolder(const fs::path& path, DWORD access, DWORD sharing) {
-  return CreateFileW(path.c_str(), FILE_LIST_DIRECTORY | access, sharing, nullptr, OPEN_EXISTING,
-                     FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+// Who holds it keeps it from being moved or deleted.
+HANDLE OpenFolder(const fs::path& path) {
+  return CreateFileW(path.c_str(), FILE_LIST_DIRECTORY, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                     OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
 }
 
 // A file that is still open keeps its folder, though deleted. Beside the folder it goes when the
@@ -238,7 +239,7 @@ bool MakeTemporaryFolder(const std::filesystem::path& path, std::error_code& err
   LeftBehind& left = GetLeftBehind();
   const std::lock_guard held(left.guard);
   if (fs::exists(path, error) || error || !fs::create_directory(path, error)) return false;
-  const HANDLE handle = OpenFolder(path, 0, FILE_SHARE_READ | FILE_SHARE_WRITE);
+  const HANDLE handle = OpenFolder(path);
   if (handle == INVALID_HANDLE_VALUE) return false;
   left.folders.push_back({path, handle});
   return isHandled;
@@ -256,21 +257,14 @@ void RemoveTemporaryFolder(const std::filesystem::path& path) {
   fs::remove_all(path, ignored);
 }
 
-// While its process lives the folder is open, and doesn't open for who may delete it; nor does it
-// open for a process that has just made it while it is deleted here. What leads elsewhere was made
-// by nobody here.
+// While its process lives the folder is open, and can't be moved. A process that has just made it
+// finds it gone. What leads elsewhere was made by nobody here.
 void RemoveIfAbandoned(const std::filesystem::path& path) {
   if ((GetFileAttributesW(path.c_str()) & FILE_ATTRIBUTE_REPARSE_POINT) != 0) return;
-  const HANDLE handle =
-      OpenFolder(path, DELETE, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE);
-  if (handle == INVALID_HANDLE_VALUE) return;
-  std::error_code ignored;
-  for (fs::directory_iterator at(path, ignored), end; at != end; at.increment(ignored)) {
-    fs::remove(at->path(), ignored);
-  }
-  FILE_DISPOSITION_INFO gone = {TRUE};  // with the handle
-  SetFileInformationByHandle(handle, FileDispositionInfo, &gone, sizeof gone);
-  CloseHandle(handle);
+  const fs::path claimed = path.native() + L"0";
+  std::error_code error;
+  fs::rename(path, claimed, error);
+  if (!error) fs::remove_all(claimed, error);
 }
 
 void KeepReadOnly(const std::filesystem::path& file) {
