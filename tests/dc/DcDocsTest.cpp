@@ -32,22 +32,9 @@ std::string RealFormName(RealForm form, int decimals) {
 }
 
 std::string IntegerFormName(IntegerForm form, Choice choice) {
-  switch (form) {
-    case IntegerForm::Decimal:
-      return "integer";
-    case IntegerForm::Zeros:
-      return "integer, zeros";
-    case IntegerForm::First:
-      return "integer, cut";
-    case IntegerForm::Truncated:
-      return "integer, read as number";
-    case IntegerForm::Offset:
-      return "digit";
-    case IntegerForm::Method:
-      return "method";
-    case IntegerForm::Choice:
-      break;
-  }
+  constexpr const char* kNames[] = {
+      "integer", "integer, zeros", "integer, cut", "integer, read as number", "digit", "method"};
+  if (form != IntegerForm::Choice) return kNames[static_cast<std::size_t>(form)];
   return (choice.last > 1 ? "1 to " + std::to_string(choice.last) : std::string("1")) + ", else " +
          std::to_string(choice.otherwise);
 }

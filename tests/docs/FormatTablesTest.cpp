@@ -187,21 +187,9 @@ TEST(FormatTables, KindsOfJobRecords) {
 }
 
 const char* NameOf(SdrForm form) {
-  switch (form) {
-    case SdrForm::Name:
-      return "name";
-    case SdrForm::Length:
-      return "real 5, in SDR2 3";
-    case SdrForm::Angle:
-      return "real 5";
-    case SdrForm::Short:
-      return "real 3";
-    case SdrForm::Whole:
-      return "real 3, never cut";
-    case SdrForm::Text:
-      break;
-  }
-  return "text";
+  constexpr const char* kNames[] = {"name",   "real 5, in SDR2 3", "real 5",
+                                    "real 3", "real 3, never cut", "text"};
+  return kNames[static_cast<std::size_t>(form)];
 }
 
 // "02TV 4-19 4-7 name", without the names that the page gives its fields.
