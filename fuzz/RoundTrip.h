@@ -31,7 +31,8 @@ inline bool HasCutPoint(const std::string& dc) {
     const auto isCut = [&line](std::size_t start) {
       return start < line.size() && line[start] != ' ';
     };
-    const bool isPosition = line.starts_with("69") || line.starts_with("66");
+    const bool isPosition =
+        line.starts_with("69") || line.starts_with("68") || line.starts_with("66");
     if (isPosition && std::any_of(kCoordinates, std::end(kCoordinates), isCut)) return true;
   }
   return false;
