@@ -253,10 +253,9 @@ class SignalsHeld {
 };
 
 // Not if another run took the folder for abandoned in the moment before this.
-bool LockOwn(int folder) {
+bool LockOwn(const std::filesystem::path& path, int folder) {
   if (flock(folder, LOCK_EX | LOCK_NB) != 0) return errno != EWOULDBLOCK;
-  struct stat found {};
-  return fstat(folder, &found) == 0 && found.st_nlink > 0;
+  return access(path.c_str(), F_OK) == 0;
 }
 
 }  // namespace
@@ -270,7 +269,7 @@ bool MakeTemporaryFolder(const std::filesystem::path& path, std::error_code& err
   }
   DIR* entries = opendir(path.c_str());
   if (entries == nullptr && errno == ENOENT) return false;
-  if (entries != nullptr && !LockOwn(dirfd(entries))) {
+  if (entries != nullptr && !LockOwn(path, dirfd(entries))) {
     closedir(entries);
     return false;
   }
