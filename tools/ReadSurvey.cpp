@@ -62,7 +62,7 @@ class SurveyReading {
 
  private:
   bool ReadByType();
-  void KnowPointsOfJob();
+  void KnowPointsOf(const std::wstring& job);
   bool ReadDcFile();
   bool ReadJob();
   bool ReadOpenJob(CJobFile& job);
@@ -102,7 +102,6 @@ class SurveyReading {
 
 bool SurveyReading::Read() {
   if (!ReadByType()) return false;
-  KnowPointsOfJob();
   m_builder.Reduce();
   m_survey.epsg = m_survey.hasSystem ? FindEpsgCode(m_survey.system) : std::nullopt;
   return true;
@@ -142,10 +141,10 @@ bool SurveyReading::ReadByType() {
   return Fail(DriverText::NotSupported);
 }
 
-// A job that can't be read was told of with its log.
-void SurveyReading::KnowPointsOfJob() {
+// The conversion has told of a job that can't be read.
+void SurveyReading::KnowPointsOf(const std::wstring& job) {
   PointMap points;
-  if (!IsJobPath(m_options.job) || !ReadJobPoints(m_options.job, std::nullopt, points)) return;
+  if (!IsJobPath(job) || !ReadJobPoints(job, std::nullopt, points)) return;
   for (const auto& [name, point] : points) {
     m_builder.Know(name, {point.m_dNorth, point.m_dEast, point.m_dElevation});
   }
@@ -252,6 +251,7 @@ bool SurveyReading::ReadLog(const std::wstring& path, const std::wstring& job, b
       },
       facts.source);
   if (!read) return false;
+  if (!isPaired) KnowPointsOf(job);  // those of a pair are the survey's
   for (const GpsPoint& point : facts.gpsPoints) {
     const PointFacts about{point.name, point.code, L'1', point.line};
     if (point.isDeleted) {

@@ -21,7 +21,7 @@ struct ReadOptions {
   // What a file doesn't tell of itself.
 
   std::optional<LinearUnit> listUnit = {};  ///< of a coordinate list; none: not known
-  /// ".job" or ".pwj" whose points the file refers to; may be empty. They don't become the
+  /// ".job" or ".pwj" whose points a log refers to; may be empty. They don't become the
   /// survey's.
   std::wstring job = {};
 };

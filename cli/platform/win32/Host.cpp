@@ -240,7 +240,10 @@ bool MakeTemporaryFolder(const std::filesystem::path& path, std::error_code& err
   const std::lock_guard held(left.guard);
   if (fs::exists(path, error) || error || !fs::create_directory(path, error)) return false;
   const HANDLE handle = OpenFolder(path);
-  if (handle == INVALID_HANDLE_VALUE) return false;
+  if (handle == INVALID_HANDLE_VALUE) {
+    RemoveDirectoryW(path.c_str());
+    return false;
+  }
   left.folders.push_back({path, handle});
   return isHandled;
 }
