@@ -46,9 +46,9 @@ void Hostile(benchmark::State& state, const HostileFile& file, FileType to) {
 }
 
 bool Register() {
-  for (const HostileFile& file : kHostileFiles) {
+  for (const HostileFile& file : ReadHostileFiles()) {
     for (const FileType to : OutputsOf(file.type)) {
-      const std::string name = std::string(file.name) + "/" + std::to_string(to);
+      const std::string name = file.name + "/" + std::to_string(to);
       benchmark::RegisterBenchmark(name.c_str(), Hostile, file, to)
           ->Iterations(1)
           ->UseManualTime()

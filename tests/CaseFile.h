@@ -1,11 +1,10 @@
 // Cases that stand in files of text: one a line, its fields between separators. Empty lines and
-// lines that begin with "#" are skipped; \t, \\ and \uXXXX stand for characters that a line can't
-// show.
+// lines that begin with "#" are skipped; \t, \n, \\ and \uXXXX stand for characters that a line
+// can't show.
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <sstream>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -27,7 +26,8 @@ inline CaseFields SplitCase(const std::string& line, char separator) {
       fields.back() += static_cast<wchar_t>(std::stoul(line.substr(i + 1, 4), nullptr, 16));
       i += 4;
     } else {
-      fields.back() += line[i] == 't' ? L'\t' : static_cast<wchar_t>(line[i]);
+      const char c = line[i];
+      fields.back() += c == 't' ? L'\t' : c == 'n' ? L'\n' : static_cast<wchar_t>(c);
     }
   }
   return fields;
@@ -39,7 +39,7 @@ inline std::vector<CaseFields> ReadCases(const char* path, char separator = '|')
   for (std::string line; std::getline(text, line);) {
     if (!line.empty() && line[0] != '#') cases.push_back(SplitCase(line, separator));
   }
-  EXPECT_FALSE(cases.empty()) << path;
+  if (cases.empty()) throw std::runtime_error(path);  // it isn't there
   return cases;
 }
 
