@@ -2,12 +2,11 @@
 #include <gtest/gtest.h>
 
 #include <map>
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include "DcRecordList.h"
-#include "TempDir.h"
+#include "PageTables.h"
 #include "io/Strings.h"
 
 namespace zelconvert {
@@ -58,21 +57,11 @@ std::string FormName(const Column<R>& column) {
 // The rows of every record on the page, "columns: form", by "type structure".
 std::map<std::string, Rows> RowsOnPage() {
   std::map<std::string, Rows> page;
-  std::istringstream text(ReadBytes("docs/formats/dc.md"));
-  Rows* rows = nullptr;
-  for (std::string line; std::getline(text, line);) {
-    if (line.starts_with("## ")) rows = nullptr;
-    if (line.starts_with("### ")) {
-      const std::size_t name = line.find('`') + 1;
-      rows = &page[line.substr(4, 2) + " " + line.substr(name, line.find('`', name) - name)];
-    }
-    if (rows == nullptr || line.size() < 3 || !std::isdigit(line[2])) continue;
-    std::vector<std::string> cells;
-    std::istringstream row(line);
-    for (std::string cell; std::getline(row, cell, '|');) cells.push_back(cell);
-    if (cells.size() != 5) continue;  // a table of something else
-    const auto trim = [](const std::string& cell) { return cell.substr(1, cell.size() - 2); };
-    rows->push_back(trim(cells[1]) + ": " + trim(cells[3]));
+  for (const PageRow& row : ReadTables("docs/formats/dc.md")) {
+    const std::size_t name = row.heading.find('`') + 1;
+    if (name == 0 || row.cells.size() != 4 || !row.BeginsWithDigit()) continue;
+    page[row.heading.substr(0, 3) + row.heading.substr(name, row.heading.find('`', name) - name)]
+        .push_back(row.cells[0] + ": " + row.cells[2]);
   }
   return page;
 }

@@ -8,11 +8,10 @@
 #include <cstring>
 #include <map>
 #include <set>
-#include <sstream>
 #include <string>
 #include <vector>
 
-#include "TempDir.h"
+#include "PageTables.h"
 #include "dc/DcRecordList.h"
 #include "dc/ProjectionCodes.h"
 #include "front/Routes.h"
@@ -24,17 +23,6 @@
 namespace zelconvert {
 namespace {
 
-std::vector<std::string> SplitAt(const std::string& text, char separator) {
-  std::vector<std::string> parts;
-  std::istringstream stream(text);
-  for (std::string part; std::getline(stream, part, separator);) {
-    const std::size_t first = part.find_first_not_of(' ');
-    parts.push_back(
-        first == part.npos ? "" : part.substr(first, part.find_last_not_of(' ') + 1 - first));
-  }
-  return parts;
-}
-
 // A row of the page: "| 1534 | 6 reals | null, null, 0, 1, 0, 0 | ..."
 struct Row {
   std::size_t offset;
@@ -43,27 +31,22 @@ struct Row {
   std::vector<std::string> initial;
 };
 
-// The cells of a table's rows, from 1.
-std::vector<std::vector<std::string>> CellsBelow(const std::string& heading) {
-  std::vector<std::vector<std::string>> rows;
-  std::istringstream page(ReadBytes("docs/formats/coordinate-system.md"));
-  std::string line;
-  while (std::getline(page, line) && line != heading) continue;
-  while (std::getline(page, line) && !line.starts_with("#")) {
-    if (line.starts_with("| ")) rows.push_back(SplitAt(line, '|'));
-  }
+std::vector<PageRow> TablesBelow(const std::string& heading) {
+  std::vector<PageRow> rows = ReadTables("docs/formats/coordinate-system.md");
+  std::erase_if(rows, [&](const PageRow& row) { return row.heading != heading; });
   return rows;
 }
 
 std::vector<Row> RowsBelow(const std::string& heading) {
   std::vector<Row> rows;
-  for (const std::vector<std::string>& cells : CellsBelow(heading)) {
-    if (cells.size() < 4 || cells[1].empty() || !std::isdigit(cells[1][0])) continue;
-    const std::vector<std::string> type = SplitAt(cells[2], ' ');
+  for (const PageRow& row : TablesBelow(heading)) {
+    if (row.cells.size() < 3 || !row.BeginsWithDigit()) continue;
+    const std::vector<std::string> type = SplitAt(row.cells[1], ' ');
     std::string name = type.back();
     if (name.ends_with("s")) name.pop_back();
-    rows.push_back({std::stoul(cells[1]), type.size() == 2 ? std::stoul(type[0]) : 1, name,
-                    cells[3].empty() ? std::vector<std::string>{"0"} : SplitAt(cells[3], ',')});
+    const std::string& initial = row.cells[2];
+    rows.push_back({std::stoul(row.cells[0]), type.size() == 2 ? std::stoul(type[0]) : 1, name,
+                    initial.empty() ? std::vector<std::string>{"0"} : SplitAt(initial, ',')});
   }
   return rows;
 }
@@ -91,7 +74,7 @@ std::string BytesOf(const std::string& type, const std::string& value) {
 
 TEST(FormatTables, CoordinateSystemOfANewJob) {
   std::string expected;
-  for (const Row& row : RowsBelow("## The block")) {
+  for (const Row& row : RowsBelow("The block")) {
     EXPECT_EQ(row.offset, expected.size());
     for (std::size_t i = 0; i < row.count; ++i) {
       expected += BytesOf(row.type, row.initial[row.initial.size() == 1 ? 0 : i]);
@@ -124,16 +107,16 @@ TEST(FormatTables, ProjectionIds) {
     read[ProjectionIdFromCode(static_cast<wchar_t>(code))].insert(code);
   }
   std::size_t count = 0;
-  for (const auto& cells : CellsBelow("### Projection ids")) {
-    if (!std::isdigit(cells[1].c_str()[0])) continue;
-    const auto id = static_cast<std::uint16_t>(std::stoi(cells[1]));
-    const std::set<char> told = QuotedIn(cells[3]);
+  for (const PageRow& row : TablesBelow("Projection ids")) {
+    if (!row.BeginsWithDigit()) continue;
+    const auto id = static_cast<std::uint16_t>(std::stoi(row.cells[0]));
+    const std::set<char> told = QuotedIn(row.cells[2]);
     if (id == kNoProjection) {
       for (const char code : told) EXPECT_TRUE(read[id].contains(code)) << code;
     } else {
       EXPECT_EQ(read[id], told) << id;
     }
-    EXPECT_EQ(ProjectionCodeFromId(id), static_cast<wchar_t>(cells[4].at(1))) << id;
+    EXPECT_EQ(ProjectionCodeFromId(id), static_cast<wchar_t>(row.cells[3].at(1))) << id;
     ++count;
   }
   EXPECT_GT(count, 5U);
@@ -155,8 +138,8 @@ std::string BlockAfter(const std::string& line) {
 // Columns that are full of one digit: what a record takes of them shows.
 TEST(FormatTables, RecordsThatFillACoordinateSystem) {
   std::set<std::string> told, seen;
-  for (const auto& cells : CellsBelow("## DC file to job")) {
-    for (const std::string& record : SplitAt(cells[1], ',')) {
+  for (const PageRow& row : TablesBelow("DC file to job")) {
+    for (const std::string& record : SplitAt(row.cells[0], ',')) {
       if (std::isupper(record[0]) || std::isdigit(record[0])) told.insert(record.substr(0, 2));
     }
   }
@@ -216,11 +199,9 @@ std::vector<std::string> RowsOf() {
 
 TEST(FormatTables, SdrRecords) {
   std::vector<std::string> shown;
-  std::istringstream page(ReadBytes("docs/formats/sdr.md"));
-  for (std::string line; std::getline(page, line);) {
-    const std::vector<std::string> cells = SplitAt(line, '|');
-    if (cells.size() != 7 || !std::isdigit(cells[1].c_str()[0])) continue;
-    shown.push_back(cells[1] + " " + cells[3] + " " + cells[4] + " " + cells[5]);
+  for (const PageRow& row : ReadTables("docs/formats/sdr.md")) {
+    if (row.cells.size() != 6 || !row.BeginsWithDigit()) continue;
+    shown.push_back(row.cells[0] + " " + row.cells[2] + " " + row.cells[3] + " " + row.cells[4]);
   }
   const auto inCode = RowsOf<SdrInstrument, SdrStation, SdrTargetHeight, SdrAtmosphere, SdrScale,
                              SdrBacksight, SdrCoordinates, SdrObservation, SdrJob, SdrNote>();

@@ -1,12 +1,11 @@
 // The fields and records of an ILJ file, and that docs/formats/ilj.md shows their tables.
 #include <gtest/gtest.h>
 
-#include <cctype>
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include "CaseFile.h"
+#include "PageTables.h"
 #include "convert/ConversionBase.h"
 #include "ilj/CMoskoJobRecord.h"
 #include "io/CivilTime.h"
@@ -193,8 +192,7 @@ TEST(IljFieldTest, IsFoundInAList) {
 TEST(IljDocsTest, PageShowsTheTables) {
   std::vector<std::string> expected;
   const auto expect = [&](std::size_t number, const IljTag& tag, const std::string& text) {
-    expected.push_back("| " + std::to_string(number) + " | " + std::string(tag.View()) + " | " +
-                       text + " | ");
+    expected.push_back(std::to_string(number) + " " + std::string(tag.View()) + " " + text);
   };
   for (std::size_t i = 1; i < std::size(ilj::kFields); ++i) {
     expect(i, ilj::kFields[i].tag, FormName(ilj::kFields[i].form));
@@ -203,12 +201,9 @@ TEST(IljDocsTest, PageShowsTheTables) {
     expect(i, ilj::kRecords[i].tag, FieldsName(ilj::kRecords[i].fields));
   }
   std::vector<std::string> found;
-  std::istringstream page(ReadBytes("docs/formats/ilj.md"));
-  for (std::string line; std::getline(page, line) && line != "## To DC";) {
-    if (line.size() < 3 || !line.starts_with("| ") || !std::isdigit(line[2])) continue;
-    std::size_t end = 0;
-    for (int bars = 0; bars < 4; ++end) bars += line[end] == '|';
-    found.push_back(line.substr(0, end + 1));
+  for (const auto& row : ReadTables("docs/formats/ilj.md")) {
+    if ((row.heading != "Fields" && row.heading != "Records") || !row.BeginsWithDigit()) continue;
+    found.push_back(row.cells[0] + " " + row.cells[1] + " " + row.cells[2]);
   }
   EXPECT_EQ(found, expected);
 }

@@ -2,11 +2,10 @@
 #include <gtest/gtest.h>
 
 #include <map>
-#include <sstream>
 #include <string>
 #include <vector>
 
-#include "TempDir.h"
+#include "PageTables.h"
 #include "job/Cr5Records.h"
 #include "job/JobRecords.h"
 
@@ -33,7 +32,7 @@ class Notes {
 
  private:
   void Add(std::size_t offset, const std::string& type) {
-    m_rows.push_back("| " + std::to_string(offset) + " | " + type + " |");
+    m_rows.push_back(std::to_string(offset) + " " + type);
   }
   Rows m_rows;
 };
@@ -62,17 +61,12 @@ Rows OldHeaderRows() {
 // The first two columns of every table row below a heading; a time as its eight words.
 std::map<std::string, Rows> RowsOnPage(const char* page) {
   std::map<std::string, Rows> rows;
-  std::istringstream text(ReadBytes(page));
-  std::string heading;
-  for (std::string line; std::getline(text, line);) {
-    if (line.starts_with("#")) heading = line.substr(line.find(' ') + 1);
-    if (!line.starts_with("| ") || !std::isdigit(line[2])) continue;
-    const std::size_t type = line.find(" | ") + 3;
-    const std::string form = line.substr(type, line.find(" |", type) - type);
-    const int words = form == "time" ? 8 : 1;
-    for (int i = 0; i < words; ++i) {
-      rows[heading].push_back("| " + std::to_string(std::stoi(line.substr(2)) + 2 * i) + " | " +
-                              (words == 8 ? "u16" : form) + " |");
+  for (const PageRow& row : ReadTables(page)) {
+    if (!row.BeginsWithDigit()) continue;
+    const bool isTime = row.cells[1] == "time";
+    for (int i = 0; i < (isTime ? 8 : 1); ++i) {
+      rows[row.heading].push_back(std::to_string(std::stoi(row.cells[0]) + 2 * i) + " " +
+                                  (isTime ? "u16" : row.cells[1]));
     }
   }
   return rows;
