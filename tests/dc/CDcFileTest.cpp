@@ -252,25 +252,14 @@ TEST(DcReaders, EmptyLines) {
 // ----------------------------------------------------------------------------- What a line is
 
 TEST(DcLines, TypesAndSubtypes) {
-  struct Case {
-    const char* text;
-    int type, subtype;
-    bool deleted, blank;
-  };
-  for (const auto& [text, type, subtype, deleted, blank] :
-       {Case{"69KI", 225, 46, false, false}, Case{"c8DL", 440, 25, true, false},
-        Case{"C8dl", 440, 98, false, false}, Case{"69DX", 225, 98, false, false},
-        Case{"Z91X", 35 * 36 + 9, 0, false, false}, Case{"00XD", 0, 97, false, false},
-        Case{"#xLR", 0, 51, false, false}, Case{"-1LQ", -1, 52, false, false},
-        Case{" 7NM", 7, 62, false, false}, Case{"7", 7, 98, false, false},
-        Case{"10N", 36, 98, false, false}, Case{"", 0, 98, false, true},
-        Case{"     ", 0, 98, false, true}, Case{" \t", 0, 98, false, true}}) {
-    SCOPED_TRACE(testing::PrintToString(text));
+  for (const CaseFields& texts : ReadCases("tests/golden-lines/dc-lines.txt")) {
+    SCOPED_TRACE(testing::PrintToString(texts));
+    const std::string text = ToNarrow(texts[0]);
     const DcLine line(text);
-    EXPECT_EQ(CDcFile::GetRecordType(line), type);
-    EXPECT_EQ(CDcFile::GetRecordSubtype(line), subtype);
-    EXPECT_EQ(CDcFile::IsDeleted(line), deleted);
-    EXPECT_EQ(CDcFile::IsBlank(line), blank);
+    EXPECT_EQ(CDcFile::GetRecordType(line), ToInteger(texts[1]));
+    EXPECT_EQ(CDcFile::GetRecordSubtype(line), ToInteger(texts[2]));
+    EXPECT_EQ(CDcFile::IsDeleted(line), texts.at(3) == L"deleted");
+    EXPECT_EQ(CDcFile::IsBlank(line), texts[3] == L"blank");
   }
   for (int i = 0; i < kDcSubtypeCount; ++i) {
     const std::string text = "69" + ToNarrow(CDcFile::GetSubtypeString(i));

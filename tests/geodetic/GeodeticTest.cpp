@@ -47,20 +47,14 @@ TEST(Geodetic, ZonesAreThePublishedOnes) {
 }
 
 TEST(Geodetic, UtmMeridiansAndHemispheres) {
-  struct Case {
-    int method, zone, hemisphere;
-    double meridian, falseNorthing;
-  };
-  for (const Case& c :
-       {Case{0, 1, 0, -177, 0}, Case{0, 30, 0, -3, 0}, Case{0, 31, 0, 3, 0},
-        Case{0, 60, 1, 177, 10000000}, Case{1, 0, 0, -177, 0}, Case{1, 30, -1, 3, 10000000},
-        Case{0, 0, 0, -183, 0}, Case{0, -1, 0, -189, 0}}) {
-    SCOPED_TRACE(testing::Message() << "method " << c.method << " zone " << c.zone);
-    const int utm = c.method == 0 ? 3 : 1;
+  for (const CaseFields& texts : ReadCases("tests/golden-lines/utm-zones.txt")) {
+    SCOPED_TRACE(testing::PrintToString(texts));
+    const auto number = [&](std::size_t i) { return ToInteger(texts.at(i)); };
+    const int utm = number(0) == 0 ? 3 : 1;
     CGlkProjectionRecord record;
-    ASSERT_TRUE(FillProjectionRecord(MakeIndices(c.method, utm, 1, c.zone, c.hemisphere), record));
-    EXPECT_DOUBLE_EQ(record.originLongitude / kDegree, c.meridian);
-    EXPECT_EQ(record.falseNorthing, c.falseNorthing);
+    ASSERT_TRUE(FillProjectionRecord(MakeIndices(number(0), utm, 1, number(1), number(2)), record));
+    EXPECT_DOUBLE_EQ(record.originLongitude / kDegree, number(3));
+    EXPECT_EQ(record.falseNorthing, number(4));
     EXPECT_EQ(record.falseEasting, 500000);
     EXPECT_EQ(record.scale, 0.9996);
     EXPECT_EQ(record.originLatitude, 0);

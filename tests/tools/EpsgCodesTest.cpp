@@ -1,7 +1,9 @@
 // Which published system a file's parameters are those of. The codes are those of the EPSG dataset.
 #include <gtest/gtest.h>
 
+#include "CaseFile.h"
 #include "geodetic/CGeodeticDllIndices.h"
+#include "io/Numbers.h"
 #include "tools/EpsgCodes.h"
 #include "tools/Wgs84System.h"
 
@@ -24,25 +26,11 @@ CGlkProjectionRecord Fill(const Zone& zone) {
 constexpr Zone kUtm32OnWgs84 = {Indices::kWithMolodenskyDatum, Indices::kMolodenskyUtm, 1, 31, 0};
 
 TEST(EpsgCodes, AreThoseOfTheZone) {
-  struct Case {
-    Zone zone;
-    std::optional<int> code;
-  };
-  for (const auto& [zone, code] : {
-           Case{{0, Indices::kStatePlane1927, 0, 0, 0}, 26729},
-           Case{{0, Indices::kStatePlane1927, 0, 2, 0}, 26731},  // oblique
-           Case{{0, Indices::kStatePlane1927, 0, 60, 0}, {}},    // on an ellipsoid of its own
-           Case{{0, Indices::kStatePlane1983, 1, 102, 0}, 32138},
-           Case{{0, Indices::kStatePlane1983, 2, 102, 0}, {}},  // the form of WGS 72
-           Case{{0, Indices::kStatePlane1983, 1, 124, 0}, {}},  // a zone of UTM beyond NAD 83
-           Case{{0, Indices::kUtm, 1, 10, 0}, 26910}, Case{{0, Indices::kUtm, 1, 59, 0}, 3372},
-           Case{{0, Indices::kUtm, 1, 10, 1}, {}},  // NAD 83 has no south
-           Case{{0, Indices::kUtm, 0, 10, 0}, 26710}, Case{{0, Indices::kUtm, 0, 60, 0}, 3371},
-           Case{kUtm32OnWgs84, 32632}, Case{{1, Indices::kMolodenskyUtm, 1, 31, 1}, 32732},
-           Case{{1, Indices::kMolodenskyUtm, 2, 31, 0}, {}},  // shifted
-       }) {
-    SCOPED_TRACE(testing::Message() << zone.system << " " << zone.datum << " " << zone.zone);
-    EXPECT_EQ(FindEpsgCode(Fill(zone)), code);
+  for (const CaseFields& texts : ReadCases("tests/golden-lines/epsg-codes.txt")) {
+    SCOPED_TRACE(testing::PrintToString(texts));
+    const auto number = [&](std::size_t i) { return ToInteger(texts.at(i)); };
+    const auto code = texts.at(5).empty() ? std::nullopt : std::optional(number(5));
+    EXPECT_EQ(FindEpsgCode(Fill({number(0), number(1), number(2), number(3), number(4)})), code);
   }
 }
 

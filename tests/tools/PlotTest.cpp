@@ -4,10 +4,13 @@
 
 #include <algorithm>
 #include <cmath>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "CaseFile.h"
+#include "io/Numbers.h"
 #include "tools/Plot.h"
 #include "tools/PlotGeometry.h"
 #include "tools/PlotLabels.h"
@@ -49,44 +52,18 @@ Survey Triangle() {
 }
 
 TEST(PlotGeometry, TakesRoundScales) {
-  struct Case {
-    double metres;
-    int units;
-    bool isInFeet;
-    double scale;
-  };
-  for (const auto& [metres, units, isInFeet, scale] : {
-           Case{100, 28400, false, 400},      // 352 are needed
-           Case{100, 28400, true, 360},       // 30 feet to the inch
-           Case{100, 20000, false, 500},      // as needed
-           Case{1000, 10000, false, 10000},   // as needed
-           Case{1001, 10000, false, 12500},   //
-           Case{760, 10000, false, 10000},    // after 7500
-           Case{0.001, 28400, false, 10},     // the largest
-           Case{100000, 28400, true, 360000}  // 29343 feet to the inch are needed
-       }) {
-    EXPECT_DOUBLE_EQ(RoundScale(metres, units, isInFeet), scale) << metres;
+  for (const CaseFields& texts : ReadCases("tests/golden-lines/plot-scales.txt")) {
+    const double scale = RoundScale(ToReal(texts[0]), ToInteger(texts[1]), texts[2] == L"feet");
+    EXPECT_DOUBLE_EQ(scale, ToReal(texts.at(3))) << texts[0];
   }
 }
 
 TEST(PlotGeometry, FitsTheBulk) {
-  struct Case {
-    std::vector<double> easts;
-    double width;
-  };
-  for (const auto& [easts, width] : {
-           Case{{0, 1e6}, 1e6},                             // neither is far from the other
-           Case{{0, 10, 100}, 100},                         // as far as nine times
-           Case{{0, 10, 1e6}, 10},                          //
-           Case{{0, 0, 0, 1e6}, 1e6},                       // no measure of what is far
-           Case{{0, 1, 2, 1000, 1001, 1002}, 1002},         // halves
-           Case{{0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 1e6}, 9},    // one in ten may be far
-           Case{{0, 1, 2, 3, 4, 5, 6, 1e6, 1e6}, 1e6},      // not two in nine
-           Case{{-1e6, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10}, 9},  //
-       }) {
+  for (const CaseFields& texts : ReadCases("tests/golden-lines/plot-bulk.txt")) {
     std::vector<Place> places;
-    for (const double east : easts) places.push_back({500, east});
-    EXPECT_EQ(FitBulk(places).Width(), width) << easts.size();
+    std::wistringstream easts(texts[0]);
+    for (std::wstring east; easts >> east;) places.push_back({500, ToReal(east)});
+    EXPECT_EQ(FitBulk(places).Width(), ToReal(texts.at(1))) << texts[0];
     EXPECT_EQ(FitBulk(places).Height(), 0);
   }
   EXPECT_TRUE(FitBulk({}).IsEmpty());
