@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <tuple>
 
 #include "cli/Cr5Import.h"
 #include "cli/FileTypes.h"
@@ -41,8 +42,8 @@ int UnitsOfLog(const fs::path& log) {
   CRawFile raw;
   MO_RECORD mode;
   std::string_view line;
-  raw.Open(platform::ToLibrary(log), zelconvert::platform::kOpenReadOnly);
-  if (raw.FindRecord("MO", line)) CRawFile::Parse(line, mode);
+  std::ignore = raw.Open(platform::ToLibrary(log), zelconvert::platform::kOpenReadOnly);
+  if (raw.FindRecord("MO", line)) std::ignore = CRawFile::Parse(line, mode);
   const std::optional<LinearUnit> unit = LinearUnitOfRaw(mode.distanceUnit);
   const bool isInFeet = unit == LinearUnit::InternationalFoot;
   return isInFeet ? 1 : unit == LinearUnit::UsSurveyFoot ? 2 : 0;

@@ -2,6 +2,7 @@
 // functions never open.
 #include <filesystem>
 #include <string>
+#include <tuple>
 
 #include "cli/Commands.h"
 #include "cli/DirectCommand.h"
@@ -39,7 +40,7 @@ void ImportSdr(const InputFile& input, const std::filesystem::path& output, cons
                            : from == "sdr33" ? SdrVersion::Sdr33
                                              : FindVersion(sdr));
   const bool converted = created && conversion.ConvertToRaw(report);
-  raw.Close();
+  std::ignore = raw.Close();
   AddMessages(outcome, report.messages);
   if (!created || raw.HasWriteFailed()) {
     throw HostFailure(kNoOutput, platform::ToText(output) + " can't be written");

@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <vector>
 
 #include "FuzzFile.h"
@@ -32,7 +33,7 @@ inline RouteResult ConvertFile(FileType from, const std::wstring& input, FileTyp
                                std::wstring_view name, const std::wstring& job = {}) {
   RouteResult result;
   result.path = MemoryFiles::Path(name);
-  platform::RemoveFile(result.path);
+  std::ignore = platform::RemoveFile(result.path);
   HostLists lists;
   result.converted = lists.Convert(from, input, to, result.path, 0, job);
   result.messages = lists.Messages();

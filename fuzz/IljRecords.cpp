@@ -1,6 +1,8 @@
 // Any line as every record of an interlock job: written once it may come out otherwise, since a
 // value that isn't valid isn't written, and its field may have one when it is unset; then it stays.
 
+#include <tuple>
+
 #include "FuzzFile.h"
 #include "convert/ConversionBase.h"
 #include "ilj/CMoskoJobRecord.h"
@@ -12,7 +14,7 @@ namespace {
 /// The line that a record makes of another one; empty for a date that no calendar has.
 std::string Rewrite(CMoskoJobRecord& record, std::string_view line) {
   try {
-    record.ParseText(line.substr(line.find('\t') + 1));
+    std::ignore = record.ParseText(line.substr(line.find('\t') + 1));
     return record.ToText();
   } catch (const ConversionFailure&) {
     return {};

@@ -1,6 +1,7 @@
 // Any file as a job of either brand, converted to every dialect.
 
 #include <string>
+#include <tuple>
 
 #include "FuzzFile.h"
 #include "dc/CConvDcFile.h"
@@ -27,7 +28,7 @@ void Convert(const std::wstring& path, bool bBrand, int version) {
   Report report;
   CConvDcFile conversion(&file, &job, version);
   if (version == 3) conversion.SetFeatureData(std::make_unique<AnyFeature>());
-  conversion.ConvertFromNative(report);
+  std::ignore = conversion.ConvertFromNative(report);
   Require(report.files.empty() && !file.HasWriteFailed() && file.Close());
 }
 

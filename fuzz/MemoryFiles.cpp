@@ -6,6 +6,7 @@
 #include <limits>
 #include <map>
 #include <memory>
+#include <tuple>
 
 #include "platform/Platform.h"
 
@@ -108,7 +109,7 @@ struct File::Handle {
 File::File() : m_pHandle(std::make_unique<Handle>()) {}
 
 File::~File() {
-  Close();
+  std::ignore = Close();
 }
 
 bool File::Open(const std::wstring& path, std::uint32_t access) {

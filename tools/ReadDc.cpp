@@ -3,6 +3,7 @@
 #include <cmath>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <utility>
 
 #include "dc/DcUnits.h"
@@ -197,7 +198,7 @@ void DcReader::Read() {
   RecordCounter counter(m_survey);
   DcLine line;
   std::wstring tag;
-  m_file.Rewind();
+  std::ignore = m_file.Rewind();
   while (m_file.ReadLine(line)) {
     ++m_line;
     if (CDcFile::IsBlank(line)) continue;

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <tuple>
 #include <unordered_map>
 #include <vector>
 
@@ -83,7 +84,7 @@ void CountCr5Records(CFileCE& list, Survey& survey) {
   RecordCounter counter(survey);
   Cr5RecordBlock block;
   std::size_t count = 0;
-  list.SeekTo(CR5_HEADER::kLength);
+  std::ignore = list.SeekTo(CR5_HEADER::kLength);
   while (list.Read(block.data(), block.size(), &count) && count >= sizeof(std::int32_t)) {
     CoordinateRecord record;
     BinaryReader(block).Field(0, record.number);

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <optional>
 #include <string_view>
+#include <tuple>
 #include <unordered_map>
 #include <utility>
 
@@ -142,7 +143,7 @@ void LogReader::ReadRecord(RawRecordType kind) {
 
 void LogReader::OnJob() {
   JB_RECORD job;
-  CRawFile::Parse(m_record, job);
+  std::ignore = CRawFile::Parse(m_record, job);
   if (m_survey.job.empty()) AssignUtf8(m_survey.job, Trim(job.name));
   TakeDate(m_survey, ParseDate(FromUtf8(job.date)));
 }

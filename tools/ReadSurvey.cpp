@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <functional>
+#include <tuple>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -304,8 +305,8 @@ bool SurveyReading::ReadListAndLog() {
   if (!log.Open(path, kOpenReadOnly)) return Fail(DriverText::CannotOpen, path);
   MO_RECORD mode;
   std::string_view line;
-  if (log.FindRecord("MO", line)) CRawFile::Parse(line, mode);
-  log.Close();
+  if (log.FindRecord("MO", line)) std::ignore = CRawFile::Parse(line, mode);
+  std::ignore = log.Close();
   const std::wstring job = Place(L"list.job");
   const LinearUnit unit = LinearUnitOfRaw(mode.distanceUnit).value_or(LinearUnit::Metre);
   return ListToJob(job, unit) && ReadLog(path, job, true);

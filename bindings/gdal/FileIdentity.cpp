@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <tuple>
 
 #include "front/CFileTypeManager.h"
 #include "io/Strings.h"
@@ -64,7 +65,7 @@ std::optional<FileType> IdentifyFile(std::string_view beginning, std::string_vie
 
 std::string ExtensionOf(FileType type) {
   std::wstring extension;
-  CFileTypeManager().GetExtension(type, extension);
+  std::ignore = CFileTypeManager().GetExtension(type, extension);
   std::string text;
   AppendUtf8(text, extension);
   return text;

@@ -47,7 +47,7 @@ class CConvertProgress {
   void End();
 
  private:
-  bool HasWindow() const {
+  [[nodiscard]] bool HasWindow() const {
     return m_hWindow != nullptr && m_hWindow == CZelConvertApp::Get().GetWindow();
   }
 

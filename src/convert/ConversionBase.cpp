@@ -1,5 +1,7 @@
 #include "convert/ConversionBase.h"
 
+#include <tuple>
+
 #include "io/NameSet.h"
 #include "io/Strings.h"
 #include "platform/Platform.h"
@@ -34,7 +36,7 @@ void FilesBeside::Remove() noexcept {
       m_path.push_back(static_cast<wchar_t>(c));
       continue;
     }
-    platform::RemoveFile(m_path);
+    std::ignore = platform::RemoveFile(m_path);
     m_path.resize(m_folderLength);
   }
   m_names.clear();
@@ -42,7 +44,7 @@ void FilesBeside::Remove() noexcept {
 }
 
 void RemoveFiles(StringList& paths) {
-  for (const std::wstring& path : paths) platform::RemoveFile(path);
+  for (const std::wstring& path : paths) std::ignore = platform::RemoveFile(path);
   paths.clear();
 }
 

@@ -26,7 +26,7 @@ class MessageList : public StringList {
     m_characters += text.size();
     push_back(IsFull() ? std::wstring(kMoreText) : std::move(text));
   }
-  bool IsFull() const { return m_characters > kMostCharacters; }
+  [[nodiscard]] bool IsFull() const { return m_characters > kMostCharacters; }
 
  private:
   /// Some thousands of warnings, with names of the usual length.
@@ -62,7 +62,7 @@ struct Report {
   FilesBeside beside;    ///< which no host is told of: the files of roads
 
   /// Says why a run ends, and is false.
-  bool Refuse(std::wstring_view text) {
+  [[nodiscard]] bool Refuse(std::wstring_view text) {
     messages.emplace_back(text);
     return false;
   }
@@ -99,8 +99,8 @@ class CConvFile {
 
   /// Both append to the report: messages, and the files made beside the output. The base converts
   /// nothing.
-  virtual bool ConvertToNative(Report& /*report*/) { return false; }
-  virtual bool ConvertFromNative(Report& /*report*/) { return false; }
+  [[nodiscard]] virtual bool ConvertToNative(Report& /*report*/) { return false; }
+  [[nodiscard]] virtual bool ConvertFromNative(Report& /*report*/) { return false; }
 
   /// True: `File1` is read and `File2` written; false: the reverse.
   void SetDirection(bool toNative) { m_bDirection = toNative; }
@@ -116,8 +116,8 @@ class CConvFile {
 class CConvRawFile {
  public:
   virtual ~CConvRawFile() = default;
-  virtual bool ConvertToRaw(Report& report) = 0;
-  virtual bool ConvertFromRaw(Report& report) = 0;
+  [[nodiscard]] virtual bool ConvertToRaw(Report& report) = 0;
+  [[nodiscard]] virtual bool ConvertFromRaw(Report& report) = 0;
 };
 
 /// Deletes the files at these paths, which a run has made, and forgets them.

@@ -13,7 +13,7 @@ inline std::atomic<bool> g_bGpsSecurityInDcConversions = true;
 void SetGpsSecurity(bool isTested);
 
 /// Whether a conversion that starts now on this thread tests.
-bool IsGpsSecurityOn();
+[[nodiscard]] bool IsGpsSecurityOn();
 
 /// While it lives no conversion of this thread tests, whatever the setting is.
 class WithoutGpsSecurity {

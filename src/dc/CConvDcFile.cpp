@@ -22,7 +22,7 @@ std::wstring JobName(const std::wstring& path) {
   return name;
 }
 
-bool HasNoSystem(const CGlkProjectionRecord& system) {
+[[nodiscard]] bool HasNoSystem(const CGlkProjectionRecord& system) {
   return (system.zoneName.empty() && system.horizontalType == 0) ||
          (system.horizontalType == 1 && system.verticalType == 0);
 }
@@ -35,7 +35,7 @@ class JobToDc {
     m_position.subtype = L"KI";
   }
 
-  bool Convert() {
+  [[nodiscard]] bool Convert() {
     if (DcVersionText(m_version).empty()) return false;
     m_progress.Start();
     if (!m_job.ReadJobHeader(m_settings)) return false;
@@ -63,7 +63,7 @@ class JobToDc {
   }
 
   // A system that has no records leaves the file without them; the conversion goes on.
-  bool WriteCoordinateSystemRecords() {
+  [[nodiscard]] bool WriteCoordinateSystemRecords() {
     CGlkProjectionRecord system;
     bool hasSystem = false;
     if (m_job.GetVersion() >= kJobVersion) {
@@ -96,7 +96,7 @@ class JobToDc {
 
   // The zone that a job below version 5 names by its indices; false if it names none, or none that
   // is known.
-  bool FindOldSystem(CGlkProjectionRecord& system) {
+  [[nodiscard]] bool FindOldSystem(CGlkProjectionRecord& system) {
     JOB_OLD_HEADER old;
     if ((m_settings.flags & kJobFlagScaleOnly) != 0 || !m_job.ReadOldHeader(old)) return false;
     CGeodeticDllIndices indices;
@@ -104,7 +104,7 @@ class JobToDc {
     return FillProjectionRecord(indices, system);
   }
 
-  bool WritePoints() {
+  [[nodiscard]] bool WritePoints() {
     const std::int64_t size = m_job.GetFile().GetLength();
     JOB_POINT_EX point;
     JobKind kind = JobKind::Unused;
@@ -121,7 +121,7 @@ class JobToDc {
     return true;
   }
 
-  bool WritePoint(const JOB_POINT& point) {
+  [[nodiscard]] bool WritePoint(const JOB_POINT& point) {
     m_position.name = Left(point.name, kJobNameLength);
     m_position.code = Left(point.description, kJobNameLength);
     const LinearUnit unit = LengthUnit();
@@ -139,7 +139,7 @@ class JobToDc {
   }
 
   // False if there is no attribute block at `link`, or the feature library doesn't know it.
-  bool ReadFeatureData(std::uint32_t link, FEATURE_SET& features) {
+  [[nodiscard]] bool ReadFeatureData(std::uint32_t link, FEATURE_SET& features) {
     JOB_GENERIC_RECORD block;
     if (!m_job.SeekTo(link)) return false;
     JobKind kind = JobKind::Unused;

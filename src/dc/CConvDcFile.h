@@ -21,9 +21,9 @@ class CConvDcFile : public CConvFile<CDcFile, CJobFile> {
       : CConvFile(dcFile, jobFile), m_nVersion(version) {}
 
   /// DC to job.
-  bool ConvertToNative(Report& report) override;
+  [[nodiscard]] bool ConvertToNative(Report& report) override;
   /// Job to DC. Tells of names that don't fit.
-  bool ConvertFromNative(Report& report) override;
+  [[nodiscard]] bool ConvertFromNative(Report& report) override;
 
   /// Switches feature records on: they follow the position of each point that `data` can decode.
   /// No route does so.

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -43,7 +44,7 @@ class DcToJob {
  public:
   DcToJob(CDcFile& dc, CJobFile& job, Report& report) : m_dc(dc), m_job(job), m_report(report) {}
 
-  bool Convert() {
+  [[nodiscard]] bool Convert() {
     m_progress.Start();
     return m_job.ReadJobHeader(m_settings) && m_job.SeekToFirstRecord() && WriteLayer() &&
            m_dc.Rewind() && ConvertFile();
@@ -56,27 +57,27 @@ class DcToJob {
     return {Record::kType, &DcToJob::On<Record>};
   }
 
-  bool WriteLayer() {
+  [[nodiscard]] bool WriteLayer() {
     m_point.layer = kDefaultLayerId;
     return !IsNewJob() || m_job.WriteLayer(DefaultLayer());
   }
 
   // A run that fails tells of its roads, too, and what is wrong with them comes first.
-  bool ConvertFile() {
+  [[nodiscard]] bool ConvertFile() {
     try {
       if (ConvertLines() && WriteCoordinateSystem() && CheckPoints()) return true;
     } catch (const ConversionFailure&) {
-      static_cast<void>(ConvertRoads());
+      std::ignore = ConvertRoads();
       throw;
     }
-    static_cast<void>(ConvertRoads());
+    std::ignore = ConvertRoads();
     return false;
   }
 
   // Roads go into files of their own beside the job, all of them when the first is met: a file
   // without any is read once. A road that fails there doesn't stop the job: it takes the roads that
   // were met.
-  bool ConvertRoads() {
+  [[nodiscard]] bool ConvertRoads() {
     if (std::exchange(m_bRoadsConverted, true)) return true;
     const std::int64_t position = m_dc.GetPosition();
     StringList said;
@@ -87,7 +88,7 @@ class DcToJob {
     return m_dc.SeekTo(position);
   }
 
-  bool ConvertLines() {
+  [[nodiscard]] bool ConvertLines() {
     const std::int64_t length = m_dc.GetLength();
     DcLine line;
     while (m_dc.ReadLine(line)) {
@@ -99,7 +100,7 @@ class DcToJob {
   }
 
   // False ends the conversion.
-  bool ConvertLine(const DcLine& line) {
+  [[nodiscard]] bool ConvertLine(const DcLine& line) {
     static constexpr auto kHandlers = MakeHandlerTable<kDcTypeCount, std::int32_t, Handler>({
         Row<tDC_HEADERRecord>(),
         Row<tDC_JOBRecord>(),
@@ -122,7 +123,7 @@ class DcToJob {
     return handle == nullptr || (this->**handle)(line);
   }
 
-  bool WriteCoordinateSystem() {
+  [[nodiscard]] bool WriteCoordinateSystem() {
     CGlkProjectionRecord& system = m_system.Record();
     system.horizontalType = 1;
     system.secondType = 0;
@@ -132,9 +133,9 @@ class DcToJob {
     return m_job.WriteCoordBlock(block);
   }
 
-  bool CheckPoints() { return m_bAnyPoint || Refuse(Text::NoPoints); }
+  [[nodiscard]] bool CheckPoints() { return m_bAnyPoint || Refuse(Text::NoPoints); }
 
-  bool Take(const tDC_HEADERRecord& header) {
+  [[nodiscard]] bool Take(const tDC_HEADERRecord& header) {
     const std::wstring_view version = Trim(header.version);
     if (version.find(L"V10") == version.npos && version.find(L"v10") == version.npos) {
       Say(Text::NotV10);
@@ -146,40 +147,46 @@ class DcToJob {
     return StoreSettings();
   }
 
-  bool Take(const tDC_JOBRecord& job) {
+  [[nodiscard]] bool Take(const tDC_JOBRecord& job) {
     if (job.gridFlag == 2) m_bPlainGridMode = true;
     SetFlags(kJobFlagCurvature, job.scaleFlag == 2 ? kJobFlagCurvature : 0);
     return StoreSettings();
   }
 
-  bool Take(const tDC_COGORecord& cogo) {
+  [[nodiscard]] bool Take(const tDC_COGORecord& cogo) {
     m_nAzmDir = cogo.azimuthOrigin == 2 ? 1 : 0;
     if (m_nAzmDir == 1) m_settings.flags |= kJobFlagSouthAzimuth;
     m_system.Record().southAzimuth = static_cast<std::uint8_t>(m_nAzmDir);
     return TakeGridOrientation(cogo.gridOrientation) && StoreSettings();
   }
 
-  bool Take(const tDC_PROJECTIONRecord& projection) {
+  [[nodiscard]] bool Take(const tDC_PROJECTIONRecord& projection) {
     if (!m_system.Take(projection, Units())) return TakeScaleWithoutProjection(projection.scale);
     SetGridFlags(kJobGridProjected);
     return StoreSettings();
   }
 
+  /// One without a projection tells nothing.
+  [[nodiscard]] bool Take(const tDC_PROJECTION_EXTRecord& projection) {
+    std::ignore = m_system.Take(projection, Units());
+    return true;
+  }
+
   /// Of the coordinate system alone.
   template <class Record>
-  bool Take(const Record& record) {
+  [[nodiscard]] bool Take(const Record& record) {
     m_system.Take(record, Units());
     return true;
   }
 
   template <class Record>
-  bool On(const DcLine& line) {
+  [[nodiscard]] bool On(const DcLine& line) {
     Record record;
     CDcFile::Read(line, record);
     return Take(record);
   }
 
-  bool OnGridPosition(const DcLine& line) {
+  [[nodiscard]] bool OnGridPosition(const DcLine& line) {
     CDcFile::Read(line, m_position);
     // Deleted and superseded positions.
     if (m_position.classification >= L'6' && m_position.classification <= L':') return true;
@@ -197,7 +204,7 @@ class DcToJob {
 
   // Roads are listed in the order of the file, those of one name one by one; of a name that was
   // refused none is.
-  bool OnRoad(const DcLine& line) {
+  [[nodiscard]] bool OnRoad(const DcLine& line) {
     tDC_ROAD_HEADERRecord road;
     CDcFile::Read(line, road);
     if (!ConvertRoads()) return false;
@@ -214,7 +221,7 @@ class DcToJob {
   }
 
   // The record itself has been read by the conversion of the roads.
-  bool OnRoadAlignment(const DcLine& /*line*/) {
+  [[nodiscard]] bool OnRoadAlignment(const DcLine& /*line*/) {
     if (m_pRoad == nullptr) return true;
     JOB_RECORD16 element;
     element.id = static_cast<std::uint32_t>(RoadId());
@@ -232,7 +239,7 @@ class DcToJob {
   }
 
   // A job's grid grows north and east, or south and west with azimuths from south.
-  bool TakeGridOrientation(std::int32_t gridOrientation) {
+  [[nodiscard]] bool TakeGridOrientation(std::int32_t gridOrientation) {
     CGlkProjectionRecord& system = m_system.Record();
     if (gridOrientation == 3 || gridOrientation == 4) return Refuse(Text::CrossedGrid);
     if (gridOrientation == 1) system.gridOrientation1 = system.gridOrientation2 = 0;
@@ -243,7 +250,7 @@ class DcToJob {
     return true;
   }
 
-  bool TakeScaleWithoutProjection(double scale) {
+  [[nodiscard]] bool TakeScaleWithoutProjection(double scale) {
     if (!IsLeftBlank(scale)) m_settings.scale = scale;
     SetFlags(kJobFlagScaleOnly, 0);
     SetGridFlags(0);
@@ -272,14 +279,16 @@ class DcToJob {
     record.value4 = Metres(m_pRoad->elevation);
   }
 
-  bool IsNewJob() const { return m_job.GetVersion() >= kJobVersion; }
+  [[nodiscard]] bool IsNewJob() const { return m_job.GetVersion() >= kJobVersion; }
   void SetGridFlags(std::uint32_t bits) { SetFlags(kJobGridMask, bits); }
   void SetFlags(std::uint32_t mask, std::uint32_t bits) {
     m_settings.flags = (m_settings.flags & ~mask) | bits;
   }
   // In place; the next record goes after the last one all the same.
-  bool StoreSettings() { return m_job.WriteJobHeader(m_settings) && m_job.SeekToEnd(); }
-  bool Refuse(Text text) {
+  [[nodiscard]] bool StoreSettings() {
+    return m_job.WriteJobHeader(m_settings) && m_job.SeekToEnd();
+  }
+  [[nodiscard]] bool Refuse(Text text) {
     Say(text);
     return false;
   }

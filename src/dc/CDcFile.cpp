@@ -27,9 +27,9 @@ static_assert(kSubtypes[kDcDeletedSubtype] == L"DL");
 bool CDcFile::Rewind() {
   constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
   char start[kUtf8Mark.size()];
-  if (!SeekToBegin()) return false;
+  if (!SeekTo(0)) return false;
   return (Read(start, sizeof start) && kUtf8Mark == std::string_view(start, sizeof start)) ||
-         SeekToBegin();
+         SeekTo(0);
 }
 
 // What a line is

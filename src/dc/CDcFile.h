@@ -46,7 +46,7 @@ class CDcFile : public CFileCE {
     return CFileCE::OpenForRead(path) && Rewind();
   }
   /// Back to the first line, after a UTF-8 mark.
-  bool Rewind();
+  [[nodiscard]] bool Rewind();
   /// Without a dot.
   static std::wstring GetDefaultExtension() { return L"DC"; }
 
@@ -55,7 +55,7 @@ class CDcFile : public CFileCE {
 
   using CFileCE::ReadLine;
   /// The next line (see CFileCE), good until the next call.
-  bool ReadLine(DcLine& line) {
+  [[nodiscard]] bool ReadLine(DcLine& line) {
     std::string_view bytes;
     const bool found = CFileCE::ReadLine(bytes);
     line.Set(bytes);

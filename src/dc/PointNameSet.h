@@ -55,7 +55,7 @@ class PointNameSet {
    public:
     using Key = std::array<std::uint64_t, words>;
 
-    bool Insert(const Key& before, std::uint64_t last) {
+    [[nodiscard]] bool Insert(const Key& before, std::uint64_t last) {
       if (5 * (m_used + 1) > 3 * m_slots.size()) Grow();
       Slot& slot = FindSlot(before);
       if ((slot.last >> last & 1) != 0) return false;
@@ -80,7 +80,7 @@ class PointNameSet {
     }
 
     // Without a call, which the comparison of arrays is.
-    static bool IsSame(const Key& a, const Key& b) {
+    [[nodiscard]] static bool IsSame(const Key& a, const Key& b) {
       std::uint64_t others = 0;
       for (std::size_t i = 0; i < words; ++i) others |= a[i] ^ b[i];
       return others == 0;

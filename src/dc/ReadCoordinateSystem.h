@@ -14,8 +14,8 @@ class DcSystemReader {
   void Take(const tDC_ELLIPSOIDRecord& ellipsoid, const DisplayUnits& units);
   void Take(const tDC_LOCAL_SITERecord& site, const DisplayUnits& units);
   /// False if the code stands for no projection: the record then tells a scale at most.
-  bool Take(const tDC_PROJECTION_FIELDS& projection, const DisplayUnits& units);
-  bool Take(const tDC_PROJECTION_EXTRecord& projection, const DisplayUnits& units);
+  [[nodiscard]] bool Take(const tDC_PROJECTION_FIELDS& projection, const DisplayUnits& units);
+  [[nodiscard]] bool Take(const tDC_PROJECTION_EXTRecord& projection, const DisplayUnits& units);
   void Take(const tDC_DATUMRecord& datum, const DisplayUnits& units);
   void Take(const tDC_DATUM_GRIDRecord& grid, const DisplayUnits& units);
   void Take(const tDC_HORIZONTAL_ADJUSTRecord& adjust, const DisplayUnits& units);
@@ -31,7 +31,7 @@ class DcSystemReader {
 };
 
 /// An empty field. A number as low as any null value would be one that somebody wrote down.
-constexpr bool IsLeftBlank(double value) {
+[[nodiscard]] constexpr bool IsLeftBlank(double value) {
   return value == DC_NULL;
 }
 

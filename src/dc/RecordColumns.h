@@ -148,7 +148,7 @@ inline constexpr auto& kWrittenColumns<R> = R::kWrittenColumns;
 
 /// True if the first column starts at `start` and each next one where the last one ended.
 template <class Table>
-constexpr bool Abut(const Table& columns, int start = 4) {
+[[nodiscard]] constexpr bool Abut(const Table& columns, int start = 4) {
   for (const auto& column : columns) {
     if (column.start != start || column.width <= 0) return false;
     start += column.width;

@@ -70,7 +70,7 @@ class SystemWriter {
     m_file.Write(record);
   }
 
-  bool WriteProjection() {
+  [[nodiscard]] bool WriteProjection() {
     if (m_isCalibratedSite) {
       WriteSiteProjection();
       return true;
@@ -119,7 +119,7 @@ class SystemWriter {
   }
 
   // Every 49 names WGS 84: the local ellipsoid is in 65.
-  bool WriteDatum() {
+  [[nodiscard]] bool WriteDatum() {
     const std::uint16_t kind = m_isCalibratedSite ? kDatumNone : m_system.datumKind;
     if (kind == kDatumGridFiles) {
       WriteDatumGrid();

@@ -69,13 +69,13 @@ consteval bool RowsAreInOrder() {
 }
 static_assert(RowsAreInOrder());
 
-bool CopyText(int type, std::wstring_view FileTypeRow::*column, std::wstring& text) {
+[[nodiscard]] bool CopyText(int type, std::wstring_view FileTypeRow::*column, std::wstring& text) {
   if (type < 0 || type >= kFileTypeCount) return false;
   text = kFileTypes[type].*column;
   return true;
 }
 
-bool IsPair(int row, int column) {
+[[nodiscard]] bool IsPair(int row, int column) {
   return column >= 0 && column < kFileTypeCount && kFileTypes[row].columns.Contains(column);
 }
 

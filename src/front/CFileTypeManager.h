@@ -20,15 +20,15 @@ class CFileTypeManager {
   /// Both replace `list` by types in ascending order, none for a number that is no type, and are
   /// true. The first scans a column of the conversion table, the second a row. Hosts get the column
   /// for either direction, so nothing calls the second.
-  bool GetSupportedInputTypes(int type, std::vector<int>& list) const;
-  bool GetSupportedOutputTypes(int type, std::vector<int>& list) const;
+  [[nodiscard]] bool GetSupportedInputTypes(int type, std::vector<int>& list) const;
+  [[nodiscard]] bool GetSupportedOutputTypes(int type, std::vector<int>& list) const;
 
   /// Each is false, with `text` unchanged, for a number that is no type.
-  bool GetDescription(int type, std::wstring& text) const;
+  [[nodiscard]] bool GetDescription(int type, std::wstring& text) const;
   /// With the leading point.
-  bool GetExtension(int type, std::wstring& text) const;
+  [[nodiscard]] bool GetExtension(int type, std::wstring& text) const;
   /// For a file dialog: parts separated by "|", two bars at the end.
-  bool GetFilter(int type, std::wstring& text) const;
+  [[nodiscard]] bool GetFilter(int type, std::wstring& text) const;
 };
 
 /// A set of type numbers, one bit each, with one bit more for all numbers that are no type.
@@ -40,7 +40,7 @@ class TypeSet {
   }
   static constexpr TypeSet Any() { return TypeSet(~0u); }
   constexpr TypeSet operator|(TypeSet other) const { return TypeSet(m_bits | other.m_bits); }
-  constexpr bool Contains(int type) const { return (m_bits & Bit(type)) != 0; }
+  [[nodiscard]] constexpr bool Contains(int type) const { return (m_bits & Bit(type)) != 0; }
 
  private:
   explicit constexpr TypeSet(std::uint32_t bits) : m_bits(bits) {}

@@ -4,6 +4,7 @@
 #include <iterator>
 #include <optional>
 #include <string_view>
+#include <tuple>
 
 #include "io/Strings.h"
 #include "platform/Platform.h"
@@ -27,17 +28,17 @@ class WritableWhile {
  public:
   explicit WritableWhile(const std::wstring& path)
       : m_path(path), m_found(platform::GetAttributes(path)) {
-    if (IsReadOnlyFile()) platform::ClearReadOnly(m_path, *m_found);
+    if (IsReadOnlyFile()) std::ignore = platform::ClearReadOnly(m_path, *m_found);
   }
   ~WritableWhile() {
-    if (IsReadOnlyFile()) platform::RestoreAttributes(m_path, *m_found);
+    if (IsReadOnlyFile()) std::ignore = platform::RestoreAttributes(m_path, *m_found);
   }
   WritableWhile(const WritableWhile&) = delete;
   WritableWhile& operator=(const WritableWhile&) = delete;
-  bool IsFile() const { return m_found && !m_found->isDirectory; }
+  [[nodiscard]] bool IsFile() const { return m_found && !m_found->isDirectory; }
 
  private:
-  bool IsReadOnlyFile() const { return IsFile() && m_found->isReadOnly; }
+  [[nodiscard]] bool IsReadOnlyFile() const { return IsFile() && m_found->isReadOnly; }
 
   const std::wstring& m_path;
   std::optional<platform::Attributes> m_found;
@@ -49,7 +50,7 @@ class OutputGuard {
   OutputGuard(const std::wstring& output, Report& report) : m_output(output), m_report(report) {}
   ~OutputGuard() {
     if (m_keep) return;
-    platform::RemoveFile(m_output);
+    std::ignore = platform::RemoveFile(m_output);
     RemoveFiles(m_report.beside);
   }
   OutputGuard(const OutputGuard&) = delete;
@@ -62,7 +63,7 @@ class OutputGuard {
   bool m_keep = false;
 };
 
-bool Fail(Report& report, DriverText text, const std::wstring& path) {
+[[nodiscard]] bool Fail(Report& report, DriverText text, const std::wstring& path) {
   const std::wstring line = FormatDriverText(text, path);
   if (!report.messages.empty() && report.messages.back() == line) return false;
   return report.Refuse(line);
@@ -70,7 +71,7 @@ bool Fail(Report& report, DriverText text, const std::wstring& path) {
 
 // Conversions report what they expect to go wrong by a result. What their formats have no answer
 // for (a header too short to hold its digits, a date that no calendar has) comes as an exception.
-bool Convert(const ConvertRequest& request, Report& report, const DriverRun& run) {
+[[nodiscard]] bool Convert(const ConvertRequest& request, Report& report, const DriverRun& run) {
   try {
     return run.convert();
   } catch (...) {
@@ -86,14 +87,15 @@ FileState CloseAll(const DriverRun& run) {
 
 // To a reader a broken drive looks like the end of the file, so only here it shows that the
 // conversion isn't whole.
-bool Finish(const ConvertRequest& request, Report& report, const DriverRun& run, bool converted) {
+[[nodiscard]] bool Finish(const ConvertRequest& request, Report& report, const DriverRun& run,
+                          bool converted) {
   const FileState state = CloseAll(run);
   if (state == FileState::WriteFailed) return Fail(report, DriverText::CannotWrite, request.output);
   if (state == FileState::Intact) return converted;
   return Fail(report, DriverText::CannotConvert, request.input);
 }
 
-bool RunSteps(const ConvertRequest& request, Report& report, const DriverRun& run) {
+[[nodiscard]] bool RunSteps(const ConvertRequest& request, Report& report, const DriverRun& run) {
   const WritableWhile input(request.input);
   if (!input.IsFile()) return Fail(report, run.missing, request.input);
   if (!run.openInput()) return Fail(report, DriverText::CannotOpen, request.input);
@@ -118,7 +120,7 @@ std::wstring FormatDriverText(DriverText text, const std::wstring& path) {
 
 void RemoveOutput(const std::wstring& output) {
   const auto found = platform::GetAttributes(output);
-  if (found && !found->isReadOnly) platform::RemoveFile(output);
+  if (found && !found->isReadOnly) std::ignore = platform::RemoveFile(output);
 }
 
 // Outside of the conversion, too, memory may be short.

@@ -38,7 +38,7 @@ struct DriverRun {
 
 /// The whole of a route, as Drivers.h promises it. On failure the files of `report.beside` are
 /// deleted with the output.
-bool Execute(const ConvertRequest& request, Report& report, const DriverRun& run);
+[[nodiscard]] bool Execute(const ConvertRequest& request, Report& report, const DriverRun& run);
 
 /// Deletes what stands at the output's path after a failed conversion, even if it was there before;
 /// a read-only file stays, as it does for anyone who deletes files.

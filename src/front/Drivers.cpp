@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <string>
+#include <tuple>
 
 #include "dc/CConvDcFile.h"
 #include "dc/CDcFile.h"
@@ -61,34 +62,34 @@ const Row& Find(const Row (&rows)[size], int type) {
   return *std::find_if(rows, rows + size - 1, [type](const Row& row) { return row.type == type; });
 }
 
-bool Refuse(Report& report) {
+[[nodiscard]] bool Refuse(Report& report) {
   return report.Refuse(FormatDriverText(DriverText::NotSupported));
 }
 
-bool CreateOutput(CFileCE& file, const std::wstring& path) {
+[[nodiscard]] bool CreateOutput(CFileCE& file, const std::wstring& path) {
   return file.OpenForWrite(path);
 }
-bool CreateOutput(CJxlFile& file, const std::wstring& path) {
+[[nodiscard]] bool CreateOutput(CJxlFile& file, const std::wstring& path) {
   return file.Create(path);
 }
 
 // Raw logs
 
 /// By the name alone, in lower case: other logs are those of the second brand.
-bool IsNative(const std::wstring& rawPath) {
+[[nodiscard]] bool IsNative(const std::wstring& rawPath) {
   return HasExtension(rawPath, L".raw") || HasExtension(rawPath, L".rw5");
 }
 
 /// The output would take the place of the job that a log refers to.
-bool IsSameJob(const ConvertRequest& request) {
+[[nodiscard]] bool IsSameJob(const ConvertRequest& request) {
   return IsJobPath(request.featureFile) &&
          platform::IsSameFile(request.featureFile, request.output);
 }
 
 /// convert: called with the open log. mayCreate: false if the output would harm another file.
 template <class Output, class Convert>
-bool FromRaw(const ConvertRequest& request, Report& report, Output& output, Convert convert,
-             bool mayCreate = true) {
+[[nodiscard]] bool FromRaw(const ConvertRequest& request, Report& report, Output& output,
+                           Convert convert, bool mayCreate = true) {
   CRawFile raw;
   return Execute(
       request, report,
@@ -102,7 +103,7 @@ bool FromRaw(const ConvertRequest& request, Report& report, Output& output, Conv
 }
 
 /// isPaired: a job of the same name stands beside the log.
-bool ReduceRaw(const ConvertRequest& request, Report& report, bool isPaired) {
+[[nodiscard]] bool ReduceRaw(const ConvertRequest& request, Report& report, bool isPaired) {
   CDcFile dc;
   const int dialect = Find(kDcDialects, request.outputType).fromRaw;
   const auto convert = [&](CRawFile& raw) {
@@ -113,7 +114,8 @@ bool ReduceRaw(const ConvertRequest& request, Report& report, bool isPaired) {
 
 /// A failure takes away what stood at the output, even if it wasn't made here; only a file of the
 /// pair itself stays.
-bool PairToDc(const ConvertRequest& pair, std::wstring_view extension, Report& report) {
+[[nodiscard]] bool PairToDc(const ConvertRequest& pair, std::wstring_view extension,
+                            Report& report) {
   const std::wstring& input = pair.input;
   ConvertRequest request = pair;
   request.input = input.substr(0, input.size() - std::min<std::size_t>(input.size(), 4));
@@ -133,7 +135,8 @@ bool PairToDc(const ConvertRequest& pair, std::wstring_view extension, Report& r
 
 /// convert: called with the open job, of the brand that the exact extension ".job" stands for.
 template <class Output, class Convert>
-bool FromJob(const ConvertRequest& request, Report& report, Output& output, Convert convert) {
+[[nodiscard]] bool FromJob(const ConvertRequest& request, Report& report, Output& output,
+                           Convert convert) {
   CJobFile job(HasExtension(request.input, L".job"));
   return Execute(request, report,
                  {
@@ -144,18 +147,19 @@ bool FromJob(const ConvertRequest& request, Report& report, Output& output, Conv
                  });
 }
 
-bool OpenInput(CDcFile& file, const std::wstring& path) {
+[[nodiscard]] bool OpenInput(CDcFile& file, const std::wstring& path) {
   return file.OpenForRead(path);
 }
 /// Of a CR5 file, which no route opens.
-bool OpenInput(CFileCE& /*file*/, const std::wstring& /*path*/) {
+[[nodiscard]] bool OpenInput(CFileCE& /*file*/, const std::wstring& /*path*/) {
   return true;
 }
 
 /// convert: called with the job that was made. An input that isn't open has to be told from the
 /// output, in whose place it would be emptied.
 template <class Input, class Convert>
-bool ToJob(const ConvertRequest& asked, Report& report, Input& input, Convert convert) {
+[[nodiscard]] bool ToJob(const ConvertRequest& asked, Report& report, Input& input,
+                         Convert convert) {
   ConvertRequest request = asked;
   if (asked.output.empty()) request.output = MakeTempJob(nullptr, {});
   const JobOutput& form = Find(kJobOutputs, request.outputType);
@@ -181,7 +185,7 @@ class TemporaryJob {
  public:
   explicit TemporaryJob(const std::wstring& directory)
       : m_path(MakeTempJob(directory.c_str(), L".job")) {}
-  ~TemporaryJob() { platform::RemoveFile(m_path); }
+  ~TemporaryJob() { std::ignore = platform::RemoveFile(m_path); }
   TemporaryJob(const TemporaryJob&) = delete;
   TemporaryJob& operator=(const TemporaryJob&) = delete;
   const std::wstring& GetPath() const { return m_path; }
@@ -193,7 +197,8 @@ class TemporaryJob {
 using Stage = bool (*)(const ConvertRequest& request, Report& report);
 
 // True when both stages are. `made`: what the first one reports.
-bool RunStages(const ConvertRequest& request, Stage toJob, Stage fromJob, Report& made) {
+[[nodiscard]] bool RunStages(const ConvertRequest& request, Stage toJob, Stage fromJob,
+                             Report& made) {
   const TemporaryJob job(GetFolder(request.output));
   ConvertRequest first = request, second = request;
   first.output = second.input = job.GetPath();
@@ -203,7 +208,7 @@ bool RunStages(const ConvertRequest& request, Stage toJob, Stage fromJob, Report
 }
 
 // Nobody is told why such a conversion fails, not even if memory is short.
-bool ThroughJob(const ConvertRequest& request, Stage toJob, Stage fromJob) {
+[[nodiscard]] bool ThroughJob(const ConvertRequest& request, Stage toJob, Stage fromJob) {
   if (platform::IsSameFile(request.input, request.output)) return false;
   Report made;
   try {
@@ -288,7 +293,7 @@ bool Cr5ToJob(const ConvertRequest& request, Report& report) {
 bool MakeEmptyJob(const ConvertRequest& request, Report& report) {
   CFileCE file;
   return ToJob(request, report, file, [&](CJobFile&) {
-    Refuse(report);
+    std::ignore = Refuse(report);
     return true;
   });
 }

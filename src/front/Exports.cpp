@@ -85,7 +85,7 @@ void HandOver(TextArray texts, wchar_t*** target) {
   if (texts != nullptr && target != nullptr) *target = texts.release();
 }
 
-bool Convert(const ConvertRequest& request, wchar_t*** files, wchar_t*** messages) {
+[[nodiscard]] bool Convert(const ConvertRequest& request, wchar_t*** files, wchar_t*** messages) {
   Report report;
   const bool converted = RunConversion(request, report);
   try {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <tuple>
 
 #include "front/CFileTypeManager.h"
 #include "io/Strings.h"
@@ -21,7 +22,7 @@ constexpr Signature kSignatures[] = {
     {FT_PW_JOB, kPwJobSignature},
 };
 
-bool StartsWith(const std::wstring& path, std::string_view signature) {
+[[nodiscard]] bool StartsWith(const std::wstring& path, std::string_view signature) {
   platform::File file;
   std::string start(signature.size(), '\0');
   if (!file.Open(path, platform::kOpenShared)) return false;
@@ -34,12 +35,12 @@ bool StartsWith(const std::wstring& path, std::string_view signature) {
 
 // The first occurrence of the extension decides: it has to lie in the last four characters, and
 // after at least one. So ".dc" fits "a.dcx" and doesn't fit "a.dc.dc".
-bool NameFits(std::wstring_view foldedName, std::wstring_view extension) {
+[[nodiscard]] bool NameFits(std::wstring_view foldedName, std::wstring_view extension) {
   const std::size_t position = foldedName.find(extension);
   return position != std::wstring_view::npos && position > 0 && foldedName.size() - position < 5;
 }
 
-bool ContentsFit(const std::wstring& path, int type) {
+[[nodiscard]] bool ContentsFit(const std::wstring& path, int type) {
   for (const Signature& signature : kSignatures) {
     if (signature.type == type) return StartsWith(path, signature.text);
   }
@@ -55,7 +56,7 @@ int DetectFileType(const std::wstring& name, const std::wstring& path) {
   const CFileTypeManager types;
   std::wstring extension;
   for (int type = 0; type < types.GetNumFileTypes(); ++type) {
-    types.GetExtension(type, extension);
+    std::ignore = types.GetExtension(type, extension);
     if (NameFits(folded, extension) && ContentsFit(path, type)) return type;
   }
   return -1;

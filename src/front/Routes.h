@@ -17,6 +17,6 @@ struct Route {
 const Route* FindRoute(int inputType, int outputType);
 
 /// Runs the route of the request's pair; without one it is false, with a text.
-bool RunConversion(const ConvertRequest& request, Report& report);
+[[nodiscard]] bool RunConversion(const ConvertRequest& request, Report& report);
 
 }  // namespace zelconvert

@@ -82,7 +82,7 @@ void SetGrs80(const wchar_t* datumName, Record& record) {
   record.inverseFlattening = kGrs80InverseFlattening;
 }
 
-bool SetStatePlane1927Datum(std::int32_t zone, Record& record) {
+[[nodiscard]] bool SetStatePlane1927Datum(std::int32_t zone, Record& record) {
   for (const NadconZones& zones : kNadconZones) {
     if (zone < zones.first || zone > zones.last) continue;
     if (zones.grid == nullptr) return false;
@@ -103,7 +103,8 @@ void SetStatePlane1983Datum(std::int32_t datum, Record& record) {
 }
 
 // UTM and custom systems have the North American datums; `grid` is the one for 1927.
-bool SetNorthAmericanDatum(std::int32_t datum, const NadconGrid& grid, Record& record) {
+[[nodiscard]] bool SetNorthAmericanDatum(std::int32_t datum, const NadconGrid& grid,
+                                         Record& record) {
   if (datum == Indices::kNad27) {
     SetNadcon(grid, kClarke1866Axis, record);
     return true;
@@ -113,7 +114,8 @@ bool SetNorthAmericanDatum(std::int32_t datum, const NadconGrid& grid, Record& r
   return true;
 }
 
-bool SetStatePlaneProjection(const Indices& indices, const ZoneRow* zone, Record& record) {
+[[nodiscard]] bool SetStatePlaneProjection(const Indices& indices, const ZoneRow* zone,
+                                           Record& record) {
   if (zone == nullptr) return false;
   ProjectionRow row = zone->row;
   row.centralMeridian *= -1.0;
@@ -121,7 +123,7 @@ bool SetStatePlaneProjection(const Indices& indices, const ZoneRow* zone, Record
   return true;
 }
 
-bool SetProjectionByTable(const Indices& indices, Record& record) {
+[[nodiscard]] bool SetProjectionByTable(const Indices& indices, Record& record) {
   const std::int32_t system = indices.GetCoordSystem();
   if (system == Indices::kStatePlane1927) {
     return SetStatePlaneProjection(indices, FindStatePlane1927(indices.GetZone()), record);
@@ -134,13 +136,13 @@ bool SetProjectionByTable(const Indices& indices, Record& record) {
   return true;
 }
 
-bool SetProjectionWithMolodensky(const Indices& indices, Record& record) {
+[[nodiscard]] bool SetProjectionWithMolodensky(const Indices& indices, Record& record) {
   if (indices.GetCoordSystem() != Indices::kMolodenskyUtm) return false;
   SetUtmProjection(indices, 1, record);
   return true;
 }
 
-bool Fill(const Indices& indices, Record& record) {
+[[nodiscard]] bool Fill(const Indices& indices, Record& record) {
   if (indices.GetZone() == kNoZone) return false;
   if (indices.GetMethod() == Indices::kByTable) {
     return SetProjectionByTable(indices, record) && SetDatum(indices, record);

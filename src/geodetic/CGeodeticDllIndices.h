@@ -62,7 +62,8 @@ std::wstring MakeZoneName(const CGeodeticDllIndices& indices);
 /// that no index tells (site, adjustments, geoid) keep what they held. False, with `record` as it
 /// was, for no zone, a zone or datum that the tables don't have, and custom zones: their definition
 /// lies in files of the field software that aren't read here.
-bool FillProjectionRecord(const CGeodeticDllIndices& indices, CGlkProjectionRecord& record);
+[[nodiscard]] bool FillProjectionRecord(const CGeodeticDllIndices& indices,
+                                        CGlkProjectionRecord& record);
 
 /// The parts of FillProjectionRecord. On false `record` may be half filled.
 
@@ -73,8 +74,9 @@ void SetProjection(const CGeodeticDllIndices& indices, ZoneKind kind, const Proj
 void SetUtmProjection(const CGeodeticDllIndices& indices, std::int32_t zoneOffset,
                       CGlkProjectionRecord& record);
 /// The datum of a system by table.
-bool SetDatum(const CGeodeticDllIndices& indices, CGlkProjectionRecord& record);
+[[nodiscard]] bool SetDatum(const CGeodeticDllIndices& indices, CGlkProjectionRecord& record);
 /// The datum of a system with a Molodensky datum; the datum index is the row of the shift table.
-bool SetMolodenskyDatum(const CGeodeticDllIndices& indices, CGlkProjectionRecord& record);
+[[nodiscard]] bool SetMolodenskyDatum(const CGeodeticDllIndices& indices,
+                                      CGlkProjectionRecord& record);
 
 }  // namespace zelconvert

@@ -22,7 +22,7 @@ inline constexpr std::uint16_t kLambertTwoParallels = 2066;
 inline constexpr std::uint16_t kRectifiedSkewOrthomorphic = 2067;
 
 /// These projections have the azimuth of a skew axis in `parallel1` and nothing in `parallel2`.
-constexpr bool HasSkewAxis(std::uint16_t projectionId) {
+[[nodiscard]] constexpr bool HasSkewAxis(std::uint16_t projectionId) {
   return projectionId == kObliqueMercator || projectionId == kRectifiedSkewOrthomorphic;
 }
 

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <tuple>
 
 #include "convert/CConvertProgress.h"
 #include "dc/CDcFile.h"
@@ -53,7 +54,7 @@ constexpr std::wstring_view kSystemNoteMarkers[] = {
     L"KESTRUM SURVEYDESK SUITE",
 };
 
-bool IsSystemNote(const tDC_NOTERecord& note) {
+[[nodiscard]] bool IsSystemNote(const tDC_NOTERecord& note) {
   if (note.subtype == L"KI") return false;
   if (note.subtype != L"NM") return true;
   return std::any_of(
@@ -73,7 +74,7 @@ double PpmToFactor(double ppm) {
   return 1 + ppm * 1e-6;
 }
 
-constexpr bool IsNameBlank(wchar_t c) {
+[[nodiscard]] constexpr bool IsNameBlank(wchar_t c) {
   return c == L' ' || (c >= L'\a' && c <= L'\f');  // a carriage return isn't one
 }
 
@@ -89,10 +90,10 @@ class DcToIlj {
   DcToIlj(CDcFile& dc, CTextFile& ilj, MessageList& messages)
       : m_dc(dc), m_ilj(ilj), m_messages(messages) {}
 
-  bool Run() {
+  [[nodiscard]] bool Run() {
     CConvertProgress progress;
     progress.Start();
-    m_dc.Rewind();
+    std::ignore = m_dc.Rewind();
     const std::int64_t length = m_dc.GetLength();
     while (m_dc.ReadLine(m_line)) {
       progress.SetPosition(m_dc.GetPosition(), length);
@@ -139,7 +140,7 @@ class DcToIlj {
     return kRows.Find(type);
   }
 
-  bool CarryLine(const Row& row) {
+  [[nodiscard]] bool CarryLine(const Row& row) {
     if ((this->*row.carry)(m_line)) return true;
     std::wstring text = FormatRecordParseError(m_index, row.label);
     if (row.failure == kGoesOn) {
@@ -153,19 +154,19 @@ class DcToIlj {
   /// Reads a record from its line and carries it over. Records of which a file has many are kept
   /// for their memory.
   template <class Record>
-  bool Carry(const DcLine& line) {
+  [[nodiscard]] bool Carry(const DcLine& line) {
     Record record;
     CDcFile::Read(line, record);
     return CarryRecord(record);
   }
   template <auto kept>
-  bool Carry(const DcLine& line) {
+  [[nodiscard]] bool Carry(const DcLine& line) {
     CDcFile::Read(line, this->*kept);
     return CarryRecord(this->*kept);
   }
 
   // A later header writes its own units too, but lengths and angles stay those of the first.
-  bool CarryRecord(const tDC_HEADERRecord& header) {
+  [[nodiscard]] bool CarryRecord(const tDC_HEADERRecord& header) {
     if (!m_header) m_header = header;
     const auto mode = Start<CMoskoJobRecordJobMode>();
     if (header.angleUnit != 1 && header.angleUnit != 2) return false;
@@ -176,7 +177,7 @@ class DcToIlj {
   }
 
   // The text keeps the blanks that fill its column.
-  bool CarryRecord(const tDC_NOTERecord& note) {
+  [[nodiscard]] bool CarryRecord(const tDC_NOTERecord& note) {
     if (IsSystemNote(note)) {
       Start<CMoskoJobRecordSystemNote>().Set<"NOTE">(note.text);
     } else {
@@ -185,15 +186,15 @@ class DcToIlj {
     return Write();
   }
 
-  bool CarryRecord(tDC_GPS_POSITIONRecord& position) {
+  [[nodiscard]] bool CarryRecord(tDC_GPS_POSITIONRecord& position) {
     return CarryGeodetic(position, ilj::kGpsCoordinates);
   }
 
-  bool CarryRecord(tDC_LOCAL_POSITIONRecord& position) {
+  [[nodiscard]] bool CarryRecord(tDC_LOCAL_POSITIONRecord& position) {
     return CarryGeodetic(position, ilj::kLocalCoordinates);
   }
 
-  bool CarryRecord(tDC_GRID_POSITIONRecord& position) {
+  [[nodiscard]] bool CarryRecord(tDC_GRID_POSITIONRecord& position) {
     constexpr std::int32_t kEastFirst = 2;
     const bool eastFirst = m_header && m_header->coordinateOrder == kEastFirst;
     const CMoskoJobRecordPoint point = StartPoint(position, ilj::kGridCoordinates);
@@ -203,14 +204,14 @@ class DcToIlj {
     return WritePoint(point);
   }
 
-  bool CarryRecord(const tDC_POST_PROCESSRecord& file) {
+  [[nodiscard]] bool CarryRecord(const tDC_POST_PROCESSRecord& file) {
     const auto support = Start<CMoskoJobRecordJobSupportFile>();
     support.Set<"FILE">(file.text);
     support.Set<"FITY">(ilj::kSurveyData);
     return Write();
   }
 
-  bool CarryRecord(tDC_DATUMRecord& datum) {
+  [[nodiscard]] bool CarryRecord(tDC_DATUMRecord& datum) {
     constexpr int kFlatteningDecimals = 11;
     const auto record = Start<CMoskoJobRecordProjectionDatum>();
     const wchar_t code = datum.datumCode;
@@ -232,14 +233,14 @@ class DcToIlj {
     return Write();
   }
 
-  bool CarryRecord(const tDC_DATUM_GRIDRecord& grid) {
+  [[nodiscard]] bool CarryRecord(const tDC_DATUM_GRIDRecord& grid) {
     const auto datum = Start<CMoskoJobRecordProjectionDatum>();
     datum.Set<"PJDT">(ilj::kDatumGridFile);
     datum.Set<"PJDN">(grid.fileName);
     return Write();
   }
 
-  bool CarryRecord(const tDC_ELLIPSOIDRecord& ellipsoid) {
+  [[nodiscard]] bool CarryRecord(const tDC_ELLIPSOIDRecord& ellipsoid) {
     const auto record = Start<CMoskoJobRecordProjectionEllipsoid>();
     record.Set<"PJRE">(kEllipsoidName);
     record.Set<"HDST">(DistanceIn(ellipsoid.semiMajorAxis));
@@ -247,7 +248,7 @@ class DcToIlj {
     return Write();
   }
 
-  bool CarryRecord(const tDC_HORIZONTAL_ADJUSTRecord& adjust) {
+  [[nodiscard]] bool CarryRecord(const tDC_HORIZONTAL_ADJUSTRecord& adjust) {
     const auto record = Start<CMoskoJobRecordProjectionHorizontalAdjust>();
     record.Set<"NRTH">(DistanceIn(adjust.originNorth));
     record.Set<"EAST">(DistanceIn(adjust.originEast));
@@ -258,7 +259,7 @@ class DcToIlj {
     return Write();
   }
 
-  bool CarryRecord(const tDC_LOCAL_SITERecord& site) {
+  [[nodiscard]] bool CarryRecord(const tDC_LOCAL_SITERecord& site) {
     const auto record = Start<CMoskoJobRecordProjectionLocalSite>();
     record.Set<"LATI">(Radians(site.latitude));
     record.Set<"LONG">(Radians(site.longitude));
@@ -269,7 +270,7 @@ class DcToIlj {
     return Write();
   }
 
-  bool CarryRecord(tDC_PROJECTION_EXTRecord& projection) {
+  [[nodiscard]] bool CarryRecord(tDC_PROJECTION_EXTRecord& projection) {
     const auto plane = StartPlane(projection);
     if (!plane) return false;
     Mapper::MapProjectionOriginCenter(projection.flagA, plane->Get<"PJCT">(), Mapper::kFromDc);
@@ -281,11 +282,11 @@ class DcToIlj {
     return Write();
   }
 
-  bool CarryRecord(const tDC_PROJECTIONRecord& projection) {
+  [[nodiscard]] bool CarryRecord(const tDC_PROJECTIONRecord& projection) {
     return StartPlane(projection) && Write();
   }
 
-  bool CarryRecord(tDC_COORDINATE_SYSTEMRecord& system) {
+  [[nodiscard]] bool CarryRecord(tDC_COORDINATE_SYSTEMRecord& system) {
     const auto names = Start<CMoskoJobRecordProjectionSystemName>();
     Mapper::MapSystemKind(system.systemKind, names.Get<"PJCO">(), Mapper::kFromDc);
     names.Set<"PJZG">(system.zoneGroupName);
@@ -296,7 +297,7 @@ class DcToIlj {
 
   // An adjustment of nothing is left out. The number 2 as method, not the character, takes the
   // numbers away; in a text file that is a control character.
-  bool CarryRecord(tDC_VERTICAL_ADJUSTRecord& adjust) {
+  [[nodiscard]] bool CarryRecord(tDC_VERTICAL_ADJUSTRecord& adjust) {
     const auto record = Start<CMoskoJobRecordProjectionVerticalAdjust>();
     record.Set<"PJRE">(adjust.geoidFileName);
     Mapper::MapVerticalAdjust(adjust.method, record.Get<"PJVA">(), Mapper::kFromDc);
@@ -315,7 +316,7 @@ class DcToIlj {
     return (!hasNumber && !record.HasAll<"PJRE">()) || Write();
   }
 
-  bool CarryRecord(tDC_COGORecord& settings) {
+  [[nodiscard]] bool CarryRecord(tDC_COGORecord& settings) {
     const auto record = Start<CMoskoJobRecordProjectionCogoSettings>();
     Mapper::MapAzimuthOrigin(settings.azimuthOrigin, record.Get<"PJAZ">(), Mapper::kFromDc);
     Mapper::MapGridOrientation(settings.gridOrientation, record.Get<"PJGO">(), Mapper::kFromDc);
@@ -336,7 +337,7 @@ class DcToIlj {
   }
 
   // A name that ILJ files don't allow has a text of its own: the conversion ends with it.
-  bool WritePoint(CMoskoJobRecordPoint point) {
+  [[nodiscard]] bool WritePoint(CMoskoJobRecordPoint point) {
     if (Write()) return true;
     if (!point.HasAll<"PTNM">()) {
       m_messages.push_back(FormatText(kBadPointName, point.Value<"PTNM">()));
@@ -345,7 +346,7 @@ class DcToIlj {
   }
 
   template <class Position>
-  bool CarryGeodetic(Position& position, std::int32_t coordinates) {
+  [[nodiscard]] bool CarryGeodetic(Position& position, std::int32_t coordinates) {
     const CMoskoJobRecordPoint point = StartPoint(position, coordinates);
     point.Set<"LATI">(Radians(position.coord1));
     point.Set<"LONG">(Radians(position.coord2));
@@ -385,7 +386,7 @@ class DcToIlj {
   }
 
   /// Writes the line of m_record; false, with nothing written, if it isn't valid.
-  bool Write() {
+  [[nodiscard]] bool Write() {
     if (!m_record.IsValid()) return false;
     m_text.clear();
     m_record.AppendText(m_text);

@@ -6,6 +6,7 @@
 #include <initializer_list>
 #include <string>
 #include <string_view>
+#include <tuple>
 
 #include "convert/CConvertProgress.h"
 #include "dc/CDcFile.h"
@@ -35,7 +36,7 @@ constexpr std::size_t kNameLength = 16;      // of a point
 constexpr std::size_t kFileNameLength = 8;   // of logged data
 constexpr std::size_t kLongNameLength = 32;  // of zones, datums and grids
 
-bool AreLongNames(std::initializer_list<std::wstring_view> names) {
+[[nodiscard]] bool AreLongNames(std::initializer_list<std::wstring_view> names) {
   return std::all_of(names.begin(), names.end(),
                      [](std::wstring_view name) { return name.size() <= kLongNameLength; });
 }
@@ -72,7 +73,7 @@ class IljToDc {
  public:
   IljToDc(CDcFile& dc, CTextFile& ilj, Report& report) : m_dc(dc), m_ilj(ilj), m_report(report) {}
 
-  bool Run() {
+  [[nodiscard]] bool Run() {
     CConvertProgress progress;
     progress.Start();
     if (!InitialScan()) return m_report.Refuse(kScanFailed);
@@ -130,7 +131,7 @@ class IljToDc {
   }
 
   // False at a line that is no record: one without a tab.
-  bool InitialScan() {
+  [[nodiscard]] bool InitialScan() {
     m_ilj.Rewind();
     for (std::string_view line; m_ilj.ReadString(line);) {
       const std::size_t tab = line.find('\t');
@@ -146,7 +147,7 @@ class IljToDc {
   // anything is written.
   void ScanRecord(IljRecordType type, std::string_view fields) {
     if (type == m_jobMode.GetRecordType()) {
-      m_jobMode.ParseText(fields);
+      std::ignore = m_jobMode.ParseText(fields);
     } else if (type == m_cogoSettings.GetRecordType()) {
       if (!m_cogoSettings.ParseText(fields)) m_cogoSettings.ClearFields();
     } else if (RowOf(type).scan == kScanned) {
@@ -186,7 +187,7 @@ class IljToDc {
     m_dc.Write(antenna);
   }
 
-  bool CarryLines(CConvertProgress& progress) {
+  [[nodiscard]] bool CarryLines(CConvertProgress& progress) {
     m_ilj.Rewind();
     std::string_view line;
     for (m_index = 0; m_ilj.ReadString(line); ++m_index) {
@@ -200,7 +201,7 @@ class IljToDc {
   }
 
   // A line of an unknown tag is read as one with the units.
-  bool CarryLine(IljRecordType type, std::string_view fields) {
+  [[nodiscard]] bool CarryLine(IljRecordType type, std::string_view fields) {
     const Row& row = RowOf(type);
     if (row.carry == nullptr) return true;
     if (type == IljRecordType::None) type = CMoskoJobRecordJobMode::kType;
@@ -221,17 +222,19 @@ class IljToDc {
   }
 
   // One for each record that is carried over: m_record, which is valid.
-  bool CarryJobMode() { return true; }  // its units are the header's
+  [[nodiscard]] bool CarryJobMode() { return true; }  // its units are the header's
 
-  bool CarrySupportFile() {
+  [[nodiscard]] bool CarrySupportFile() {
     const CMoskoJobRecordJobSupportFile record(m_record);
     return record.Value<"FITY">() == ilj::kSurveyData && WriteDataFile(record.Value<"FILE">());
   }
 
-  bool CarryUserNote() { return WriteNote(CMoskoJobRecordUserNote(m_record), L"KI"); }
-  bool CarrySystemNote() { return WriteNote(CMoskoJobRecordSystemNote(m_record), L"TM"); }
+  [[nodiscard]] bool CarryUserNote() { return WriteNote(CMoskoJobRecordUserNote(m_record), L"KI"); }
+  [[nodiscard]] bool CarrySystemNote() {
+    return WriteNote(CMoskoJobRecordSystemNote(m_record), L"TM");
+  }
 
-  bool CarryPoint() {
+  [[nodiscard]] bool CarryPoint() {
     const CMoskoJobRecordPoint point(m_record);
     const std::int32_t kind = point.Value<"CDTY">();
     if (kind == ilj::kGpsCoordinates) return WriteGeodetic(m_gpsPosition, point);
@@ -241,7 +244,7 @@ class IljToDc {
 
   // Tells where the data of a survey lies. A file of the first kind is left out when the start of
   // its logging is known.
-  bool CarrySurveyStart() {
+  [[nodiscard]] bool CarrySurveyStart() {
     constexpr std::int32_t kFirstKind = 1;
     constexpr std::int32_t kThirdKind = 3;
     const CMoskoJobRecordSurveyStart record(m_record);
@@ -253,7 +256,7 @@ class IljToDc {
 
   // Start week and end second, end week and start second: the pairs are crossed in this route. The
   // precisions stay in metres.
-  bool CarryGpsQuality() {
+  [[nodiscard]] bool CarryGpsQuality() {
     const CMoskoJobRecordSurveyGpsQC record(m_record);
     tDC_SETUP_Record quality;
     quality.flag = record.HasAll<"NUMI">() ? record.Value<"NUMI">() : 0;
@@ -273,7 +276,7 @@ class IljToDc {
     return Write(quality);
   }
 
-  bool CarryGroundObservation() {
+  [[nodiscard]] bool CarryGroundObservation() {
     const CMoskoJobRecordOffsetGroundObservation record(m_record);
     tDC_ANGLE_DISTANCERecord observation;
     observation.subtype = record.Value<"DERV">();
@@ -286,7 +289,7 @@ class IljToDc {
     return Write(observation);
   }
 
-  bool CarryGroundVector() {
+  [[nodiscard]] bool CarryGroundVector() {
     const CMoskoJobRecordOffsetGroundVector record(m_record);
     tDC_VECTORRecord vector;
     vector.from = record.Value<"OCPT">();
@@ -298,13 +301,13 @@ class IljToDc {
     return Write(vector);
   }
 
-  bool CarryOccupiedPoint() {
+  [[nodiscard]] bool CarryOccupiedPoint() {
     tDC_NAMERecord occupied;
     occupied.name = CMoskoJobRecordOffsetOccupyPoint(m_record).Value<"OCPT">();
     return Write(occupied);
   }
 
-  bool CarryInstrumentHeight() {
+  [[nodiscard]] bool CarryInstrumentHeight() {
     tDC_STATION_HEIGHTRecord height;
     height.height = DistanceOut(CMoskoJobRecordOffsetHeightInstrument(m_record).Value<"HTIN">());
     return Write(height);
@@ -312,7 +315,7 @@ class IljToDc {
 
   // Whether there is a declination goes by the azimuth, not by the declination's own field: without
   // an azimuth it is lost, and one that is missing goes through the formula all the same.
-  bool CarryLaserObservation() {
+  [[nodiscard]] bool CarryLaserObservation() {
     const CMoskoJobRecordOffsetLaserObservation record(m_record);
     tDC_ANGLE_DISTANCE_KEYEDRecord observation;
     observation.name = record.Value<"PTNM">();
@@ -325,7 +328,7 @@ class IljToDc {
   }
 
   // Unlike the instrument's, a target height is written only when it changes.
-  bool CarryTargetHeight() {
+  [[nodiscard]] bool CarryTargetHeight() {
     constexpr double kSame = 1e-12;
     const double metres = CMoskoJobRecordOffsetHeightTarget(m_record).Value<"HTTG">();
     if (std::fabs(metres - m_lastTargetHeight) < kSame) return true;
@@ -335,7 +338,7 @@ class IljToDc {
     return Write(height);
   }
 
-  bool CarrySystemName() {
+  [[nodiscard]] bool CarrySystemName() {
     const CMoskoJobRecordProjectionSystemName record(m_record);
     tDC_COORDINATE_SYSTEMRecord system;
     Mapper::MapSystemKind(system.systemKind, record.Get<"PJCO">(), Mapper::kToDc);
@@ -346,7 +349,7 @@ class IljToDc {
     return Write(system);
   }
 
-  bool CarryDatum() {
+  [[nodiscard]] bool CarryDatum() {
     const CMoskoJobRecordProjectionDatum record(m_record);
     if (record.Value<"PJDT">() == ilj::kDatumGridFile) return WriteDatumGrid(record);
     tDC_DATUMRecord datum;
@@ -366,7 +369,7 @@ class IljToDc {
     return Write(datum);
   }
 
-  bool CarryEllipsoid() {
+  [[nodiscard]] bool CarryEllipsoid() {
     const CMoskoJobRecordProjectionEllipsoid record(m_record);
     tDC_ELLIPSOIDRecord ellipsoid;
     ellipsoid.semiMajorAxis = DistanceOut(record.Value<"HDST">());
@@ -374,7 +377,7 @@ class IljToDc {
     return Write(ellipsoid);
   }
 
-  bool CarryHorizontalAdjust() {
+  [[nodiscard]] bool CarryHorizontalAdjust() {
     const CMoskoJobRecordProjectionHorizontalAdjust record(m_record);
     tDC_HORIZONTAL_ADJUSTRecord adjust;
     adjust.originNorth = DistanceOut(record.Value<"NRTH">());
@@ -386,7 +389,7 @@ class IljToDc {
     return Write(adjust);
   }
 
-  bool CarryVerticalAdjust() {
+  [[nodiscard]] bool CarryVerticalAdjust() {
     const CMoskoJobRecordProjectionVerticalAdjust record(m_record);
     const std::int32_t kind = record.Value<"PJVA">();
     tDC_VERTICAL_ADJUSTRecord adjust;
@@ -407,7 +410,7 @@ class IljToDc {
     return Write(adjust);
   }
 
-  bool CarryMappingPlane() {
+  [[nodiscard]] bool CarryMappingPlane() {
     const CMoskoJobRecordProjectionMappingPlane record(m_record);
     if (!record.HasAny<"FIL2", "FIL1", "NUMB", "PJCT", "PJAF", "PJAE">()) {
       tDC_PROJECTIONRecord projection;
@@ -426,7 +429,7 @@ class IljToDc {
     return Write(projection);
   }
 
-  bool CarryLocalSite() {
+  [[nodiscard]] bool CarryLocalSite() {
     const CMoskoJobRecordProjectionLocalSite record(m_record);
     tDC_LOCAL_SITERecord site;
     site.latitude = Degrees(record.Value<"LATI">());
@@ -438,7 +441,7 @@ class IljToDc {
     return Write(site);
   }
 
-  bool CarryCogoSettings() {
+  [[nodiscard]] bool CarryCogoSettings() {
     const CMoskoJobRecordProjectionCogoSettings record(m_record);
     tDC_COGORecord settings;
     Mapper::MapAzimuthOrigin(settings.azimuthOrigin, record.Get<"PJAZ">(), Mapper::kToDc);
@@ -448,20 +451,20 @@ class IljToDc {
 
   /// True: a record that can't be written shows at the end of the run.
   template <class Record, class... Subtype>
-  bool Write(const Record& record, Subtype... subtype) {
+  [[nodiscard]] bool Write(const Record& record, Subtype... subtype) {
     m_dc.Write(record, subtype...);
     return true;
   }
 
   // The writer keeps the first 60 characters.
   template <class Note>
-  bool WriteNote(Note record, std::wstring_view subtype) {
+  [[nodiscard]] bool WriteNote(Note record, std::wstring_view subtype) {
     tDC_NOTERecord note;
     note.text = record.template Value<"NOTE">();
     return Write(note, subtype);
   }
 
-  bool WriteDataFile(std::wstring_view path) {
+  [[nodiscard]] bool WriteDataFile(std::wstring_view path) {
     const std::wstring_view name = BareName(path);
     if (name.size() > kFileNameLength) return false;
     tDC_POST_PROCESSRecord file;
@@ -470,7 +473,7 @@ class IljToDc {
   }
 
   template <class Position>
-  bool WriteGeodetic(Position& position, CMoskoJobRecordPoint point) {
+  [[nodiscard]] bool WriteGeodetic(Position& position, CMoskoJobRecordPoint point) {
     position.subtype = point.Value<"DERV">();
     position.name = point.Value<"PTNM">();
     position.coord1 = Degrees(point.Value<"LATI">());
@@ -481,7 +484,7 @@ class IljToDc {
   }
 
   // Here the description must fit its column; that of the other positions is cut.
-  bool WriteGrid(CMoskoJobRecordPoint point) {
+  [[nodiscard]] bool WriteGrid(CMoskoJobRecordPoint point) {
     if (point.Value<"DESC">().size() > kNameLength) return false;
     tDC_GRID_POSITIONRecord& position = m_gridPosition;
     position.subtype = point.Value<"DERV">();
@@ -493,7 +496,7 @@ class IljToDc {
     return Write(position);
   }
 
-  bool WriteDatumGrid(CMoskoJobRecordProjectionDatum datum) {
+  [[nodiscard]] bool WriteDatumGrid(CMoskoJobRecordProjectionDatum datum) {
     tDC_DATUM_GRIDRecord grid;
     grid.fileName = datum.Value<"PJDN">();
     if (!AreLongNames({grid.fileName})) return false;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <tuple>
 
 #include "io/CivilTime.h"
 #include "io/Strings.h"
@@ -26,7 +27,7 @@ constexpr auto kMomentLetters = [] {
   return letters;
 }();
 
-bool BeginsMoment(std::string_view field) {
+[[nodiscard]] bool BeginsMoment(std::string_view field) {
   const std::size_t letter = field.empty() ? 0 : static_cast<unsigned char>(field.front());
   return letter < kMomentLetters.size() && kMomentLetters[letter];
 }
@@ -106,14 +107,14 @@ bool CMoskoJobRecord::ParseField(std::string_view text, bool momentsAlone) {
 
 bool CMoskoJobRecord::ParseText(std::string_view text) {
   ClearFields();
-  while (!text.empty()) ParseField(TakeField(text));
+  while (!text.empty()) std::ignore = ParseField(TakeField(text));
   return IsValid();
 }
 
 void CMoskoJobRecord::ParseMoments(std::string_view text) {
   while (!text.empty()) {
     const std::string_view field = TakeField(text);
-    if (BeginsMoment(field)) ParseField(field, true);
+    if (BeginsMoment(field)) std::ignore = ParseField(field, true);
   }
 }
 

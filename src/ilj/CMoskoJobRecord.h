@@ -38,7 +38,9 @@ class IljFieldList {
   constexpr IljFieldType Type(std::size_t index) const { return m_types[index]; }
   /// All of them, in their order.
   constexpr std::span<const IljFieldType> Types() const { return std::span(m_types).first(m_size); }
-  constexpr bool IsRequired(std::size_t index) const { return (m_required >> index & 1) != 0; }
+  [[nodiscard]] constexpr bool IsRequired(std::size_t index) const {
+    return (m_required >> index & 1) != 0;
+  }
   /// A bit for each place that is required.
   constexpr std::uint32_t Required() const { return m_required; }
 
@@ -107,7 +109,7 @@ inline constexpr std::int32_t kVerticalNone = 4;
 inline constexpr std::int32_t kSurveyData = 2;
 inline constexpr std::int32_t kFileWithNumbers = 5;
 /// MPTY: a plane along a skew axis, whose azimuth stands in place of the first standard parallel.
-constexpr bool HasSkewAxis(std::int32_t plane) {
+[[nodiscard]] constexpr bool HasSkewAxis(std::int32_t plane) {
   return plane == 2056 || plane == 2067;
 }
 
@@ -132,7 +134,7 @@ inline constexpr IljCondition kMappingPlaneConditions[] = {
     {"MPTY", {2063}, "FIL1 FIL2"},
 };
 /// A point holds a position of a kind it names, or only attributes and then at least one.
-bool IsWholePoint(CMoskoJobRecord& record);
+[[nodiscard]] bool IsWholePoint(CMoskoJobRecord& record);
 
 /// By the number of the record.
 inline constexpr IljRecordLayout kRecords[] = {
@@ -216,14 +218,14 @@ class CMoskoJobRecord {
     return place < Layout().fields.Size() ? &m_fields[place] : nullptr;
   }
   /// True if the record may be written, or carried over.
-  bool IsValid();
+  [[nodiscard]] bool IsValid();
 
   /// Stores one "TAG:value"; false, with nothing changed, if the tag is none of the record's.
   /// Throws ConversionFailure as the field's SetText does. momentsAlone: only a date or a time.
-  bool ParseField(std::string_view text, bool momentsAlone = false);
+  [[nodiscard]] bool ParseField(std::string_view text, bool momentsAlone = false);
   /// Reads what follows the first tab of a line. Unknown tags are passed over, and the last of two
   /// like fields counts. The result is IsValid.
-  bool ParseText(std::string_view text);
+  [[nodiscard]] bool ParseText(std::string_view text);
   /// Reads only the dates and times of such a text, and clears nothing.
   void ParseMoments(std::string_view text);
   /// Appends the record's line: its tag and a tab, then the valid fields. A tab stands after each
@@ -242,7 +244,7 @@ class CMoskoJobRecord {
 
   const IljRecordLayout& Layout() const { return IljLayoutOf(m_recordType); }
   int FindPlace(std::string_view text);
-  bool Meets(const IljCondition& condition);
+  [[nodiscard]] bool Meets(const IljCondition& condition);
 
   std::span<CMoskoJobRecordField> Fields() {
     return std::span(m_fields).first(Layout().fields.Size());
@@ -252,7 +254,7 @@ class CMoskoJobRecord {
   }
   static constexpr std::size_t kDate = 0, kTime = 1;  // every record begins with these
   static constexpr std::size_t kMoments = 2;
-  bool HoldsMoment() const;
+  [[nodiscard]] bool HoldsMoment() const;
 
   IljRecordType m_recordType = IljRecordType::None;
   std::size_t m_nextPlace = 0;  // where the next field to be read is expected
@@ -290,12 +292,12 @@ class IljRecord {
   }
   /// True if all of these are valid.
   template <IljTag... fields>
-  bool HasAll() const {
+  [[nodiscard]] bool HasAll() const {
     return (Get<fields>().IsValid() && ...);
   }
   /// True if one of them is.
   template <IljTag... fields>
-  bool HasAny() const {
+  [[nodiscard]] bool HasAny() const {
     return (Get<fields>().IsValid() || ...);
   }
 

@@ -93,7 +93,7 @@ std::int32_t ParseTruncated(std::string_view text) {
 }
 
 // 1 to 16 letters A to Z of either case, digits and "_"; not a run of zeros alone.
-bool IsPointName(std::string_view name) {
+[[nodiscard]] bool IsPointName(std::string_view name) {
   constexpr std::size_t kMaxLength = 16;
   return !name.empty() && name.size() <= kMaxLength &&
          std::all_of(name.begin(), name.end(),

@@ -30,10 +30,10 @@ enum class IljFieldKind : std::uint8_t {
   Real
 };
 
-constexpr bool IsText(IljFieldKind kind) {
+[[nodiscard]] constexpr bool IsText(IljFieldKind kind) {
   return kind == IljFieldKind::Text || kind == IljFieldKind::PointName;
 }
-constexpr bool IsMoment(IljFieldKind kind) {
+[[nodiscard]] constexpr bool IsMoment(IljFieldKind kind) {
   return kind == IljFieldKind::Date || kind == IljFieldKind::Time;
 }
 
@@ -74,19 +74,19 @@ constexpr IljFieldForm TruncatedReal(std::int32_t unset, std::int32_t low, std::
   return {IljFieldKind::TruncatedReal, static_cast<double>(unset), low, high};
 }
 
-constexpr bool AboveFloor(double value) {
+[[nodiscard]] constexpr bool AboveFloor(double value) {
   return value > kNullLimit;
 }
-constexpr bool WithinTurn(double value) {
+[[nodiscard]] constexpr bool WithinTurn(double value) {
   return value >= -2 * kPi && value <= 2 * kPi;
 }
-constexpr bool WithinHalfTurn(double value) {
+[[nodiscard]] constexpr bool WithinHalfTurn(double value) {
   return value >= 0 && value <= kPi;
 }
-constexpr bool Positive(double value) {
+[[nodiscard]] constexpr bool Positive(double value) {
   return value > 0;
 }
-constexpr bool Factor(double value) {
+[[nodiscard]] constexpr bool Factor(double value) {
   return AboveFloor(value) && (value >= 1e-12 || value <= -1e-12);
 }
 constexpr IljFieldForm Real(int decimals, bool (*accepts)(double) = AboveFloor) {
@@ -220,7 +220,7 @@ class CMoskoJobRecordField {
     m_string.clear();
   }
   /// By the rule of the field's row in ilj::kFields.
-  bool IsValid() const {
+  [[nodiscard]] bool IsValid() const {
     if (!m_isValid) m_isValid = AcceptsValue();
     return *m_isValid;
   }
@@ -256,7 +256,7 @@ class CMoskoJobRecordField {
 
  private:
   const IljFieldForm& Form() const { return IljLayoutOf(m_type).form; }
-  bool AcceptsValue() const;
+  [[nodiscard]] bool AcceptsValue() const;
   void SetMoment(std::string_view value);
   void SetUtf8(std::string_view value) {
     m_string = value;
@@ -289,7 +289,7 @@ class IljField {
 
   explicit IljField(CMoskoJobRecordField& field) : m_field(field) {}
 
-  bool IsValid() const { return m_field.IsValid(); }
+  [[nodiscard]] bool IsValid() const { return m_field.IsValid(); }
   void Clear() const { m_field.Clear(); }
   /// A text is the record's: it is gone with the next value.
   Value GetValue() const {
@@ -404,7 +404,7 @@ class CMoskoJobRecordFieldList : public std::vector<const CMoskoJobRecordField*>
   using std::vector<const CMoskoJobRecordField*>::vector;
 
   /// True if one of them is of that type.
-  bool HasField(IljFieldType type) const;
+  [[nodiscard]] bool HasField(IljFieldType type) const;
 };
 
 }  // namespace zelconvert

@@ -1,6 +1,7 @@
 #include "io/CFileCE.h"
 
 #include <algorithm>
+#include <tuple>
 
 #include "io/Strings.h"
 
@@ -110,21 +111,20 @@ bool CFileCE::ReadLine(std::string_view& bytes) {
 }
 
 template <class View>
-bool CFileCE::WriteLines(View text) {
+void CFileCE::WriteLines(View text) {
   constexpr std::string_view kLineEnd("\r\0\n\0", 4);
-  if (!PrepareWrite()) return true;
+  if (!PrepareWrite()) return;
   do {
     const std::size_t lineFeed = std::min(text.find('\n'), text.size());
     AppendForFile(text.substr(0, lineFeed));
     m_bUnicode ? m_strHeldBack.append(kLineEnd) : m_strHeldBack.append("\r\n");
     text.remove_prefix(std::min(lineFeed + 1, text.size()));
   } while (!text.empty());
-  if (m_strHeldBack.size() > kHeldBackLimit) Flush();
-  return true;
+  if (m_strHeldBack.size() > kHeldBackLimit) std::ignore = Flush();
 }
 
-template bool CFileCE::WriteLines(std::wstring_view);
-template bool CFileCE::WriteLines(std::string_view);
+template void CFileCE::WriteLines(std::wstring_view);
+template void CFileCE::WriteLines(std::string_view);
 
 bool CFileCE::Flush() {
   if (m_strHeldBack.empty()) return true;
@@ -201,7 +201,8 @@ std::int64_t CFileCE::FindEndMark(std::size_t characterSize, bool bBigEndian) {
   std::int64_t mark = kNoEndMark;
   // What fits the buffer is read once.
   const bool isSmall = GetLength() <= static_cast<std::int64_t>(m_nBufferSize);
-  if (isSmall && IsOpen() && m_strHeldBack.empty() && m_nBufferLeft == 0) FillBuffer();
+  if (isSmall && IsOpen() && m_strHeldBack.empty() && m_nBufferLeft == 0)
+    std::ignore = FillBuffer();
   bool isText = false;
   for (std::int64_t end = GetLength() / size * size, start = 0; end > 0 && !isText; end = start) {
     start = std::max<std::int64_t>(end - kBlock, 0);
@@ -212,7 +213,7 @@ std::int64_t CFileCE::FindEndMark(std::size_t characterSize, bool bBigEndian) {
       isText = c != kEndMark && c != u'\r' && c != u'\n';
     }
   }
-  SeekTo(position);
+  std::ignore = SeekTo(position);
   return mark;
 }
 

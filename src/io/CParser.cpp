@@ -10,7 +10,7 @@ namespace zelconvert {
 namespace {
 
 // 32-bit strtol and strtoul: saturated, and for the latter with a minus sign wrapping around.
-bool ReadSigned(std::wstring_view field, std::int32_t& value) {
+[[nodiscard]] bool ReadSigned(std::wstring_view field, std::int32_t& value) {
   using Limits = std::numeric_limits<std::int32_t>;
   const ParsedInteger parsed = ParseInteger(field);
   value = static_cast<std::int32_t>(
@@ -18,7 +18,7 @@ bool ReadSigned(std::wstring_view field, std::int32_t& value) {
   return parsed.consumed > 0 && value != Limits::min() && value != Limits::max();
 }
 
-bool ReadUnsigned(std::wstring_view field, std::uint32_t& value) {
+[[nodiscard]] bool ReadUnsigned(std::wstring_view field, std::uint32_t& value) {
   constexpr std::int64_t kMax = std::numeric_limits<std::uint32_t>::max();
   const ParsedInteger parsed = ParseInteger(field);
   const bool fits = parsed.value >= -kMax && parsed.value <= kMax;

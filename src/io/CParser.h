@@ -42,25 +42,25 @@ class CParser {
   /// The same without a copy; valid until the next SetText.
   std::wstring_view Rest() const { return std::wstring_view(m_strText).substr(m_nStart); }
   /// Nothing is left to be parsed.
-  bool IsEmpty() const { return Rest().empty(); }
+  [[nodiscard]] bool IsEmpty() const { return Rest().empty(); }
 
   /// False, with `field` as it was, when the text is used up.
-  virtual bool GetField(std::wstring& field);
+  [[nodiscard]] virtual bool GetField(std::wstring& field);
 
   /// The getters use a field up in any case and read the number at its start: "12a" is 12. False
   /// without a field, and for a field that is no number or too large a one; the value is stored
   /// all the same: 0, or the limit of its type (HUGE_VAL for a real).
-  bool GetDouble(double& value);
-  bool GetInt(std::int32_t& value);
-  bool GetInt16(std::int16_t& value);  ///< the low 16 bits of a 32-bit number
-  bool GetUnsigned(std::uint32_t& value);
-  bool GetUnsigned16(std::uint16_t& value);  ///< likewise
+  [[nodiscard]] bool GetDouble(double& value);
+  [[nodiscard]] bool GetInt(std::int32_t& value);
+  [[nodiscard]] bool GetInt16(std::int16_t& value);  ///< the low 16 bits of a 32-bit number
+  [[nodiscard]] bool GetUnsigned(std::uint32_t& value);
+  [[nodiscard]] bool GetUnsigned16(std::uint16_t& value);  ///< likewise
 
  private:
-  bool TakeField(std::wstring_view& field);
+  [[nodiscard]] bool TakeField(std::wstring_view& field);
   void SkipBlanksAroundSeparator(bool isBlankSeparator);
   void SetRest(std::wstring_view rest) { m_nStart = m_strText.size() - rest.size(); }
-  bool Check(bool ok) const;
+  [[nodiscard]] bool Check(bool ok) const;
 
   std::wstring m_strText;
   std::size_t m_nStart = 0;  // what stands before it has been parsed

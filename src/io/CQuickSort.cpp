@@ -29,7 +29,7 @@ class Elements {
 
   std::size_t Count() const { return m_count; }
   std::size_t Mirrored(std::size_t index) const { return m_count - 1 - index; }
-  bool IsGreater(std::size_t a, std::size_t b) const {
+  [[nodiscard]] bool IsGreater(std::size_t a, std::size_t b) const {
     const int order = m_compare(At(a), At(b));
     return m_isReversed ? order < 0 : order > 0;
   }
@@ -98,7 +98,7 @@ class Outline {
     return node - m_leaves;
   }
 
-  bool HoldsGreater(std::size_t node, std::size_t pivot) const {
+  [[nodiscard]] bool HoldsGreater(std::size_t node, std::size_t pivot) const {
     return m_greatest[node] != kNone && m_elements.IsGreater(m_greatest[node], pivot);
   }
 

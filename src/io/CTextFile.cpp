@@ -1,6 +1,7 @@
 #include "io/CTextFile.h"
 
 #include <algorithm>
+#include <tuple>
 
 #include "io/Strings.h"
 #include "platform/Utf8.h"
@@ -13,7 +14,7 @@ constexpr std::size_t kPieceUnits = 256;                      // see WriteString
 constexpr std::size_t kChunkBytes = 256;                      // UTF-16 takes twice as many
 constexpr std::size_t kMostHeld = 3 * CFileCE::kLongestLine;  // bytes: no unit takes more than 3
 
-constexpr bool IsUtf16(CTextFile::Encoding encoding) {
+[[nodiscard]] constexpr bool IsUtf16(CTextFile::Encoding encoding) {
   return encoding == CTextFile::kUtf16LittleEndian || encoding == CTextFile::kUtf16BigEndian;
 }
 
@@ -53,12 +54,12 @@ bool CTextFile::Open(const std::wstring& path, std::uint32_t flags) {
   m_nStart = m_strBuffer.size();
   if (flags & platform::kAccessCreate) {
     const std::string_view mark = kMarks[m_Encoding];
-    m_File.Write(mark.data(), mark.size());
+    std::ignore = m_File.Write(mark.data(), mark.size());
     return true;
   }
   Detect();
   if (m_Encoding == kAnsi || m_bAllowUnicode || s_bUnicodeAllowed) return true;
-  m_File.Close();
+  std::ignore = m_File.Close();
   return false;
 }
 
@@ -86,7 +87,7 @@ bool CTextFile::ReadString(std::string_view& line) {
   return !text.empty();
 }
 
-bool CTextFile::WriteString(std::string_view text) {
+void CTextFile::WriteString(std::string_view text) {
   m_strWrite.clear();
   for (std::size_t units = 0; !text.empty(); ++units) {
     const std::string_view line = text.substr(0, text.find('\n'));
@@ -99,8 +100,7 @@ bool CTextFile::WriteString(std::string_view text) {
     }
     WriteEncoded("\r\n");
   }
-  m_File.Write(m_strWrite.data(), m_strWrite.size());
-  return !HasWriteFailed();
+  std::ignore = m_File.Write(m_strWrite.data(), m_strWrite.size());
 }
 
 std::int64_t CTextFile::GetPosition() {
@@ -114,9 +114,9 @@ bool CTextFile::SeekTo(std::int64_t position) {
   return m_File.SeekTo(position);
 }
 
-bool CTextFile::Rewind() {
+void CTextFile::Rewind() {
   Detect();
-  return SeekTo(m_nBomSize);
+  std::ignore = SeekTo(m_nBomSize);
 }
 
 void CTextFile::Detect() {
@@ -129,7 +129,7 @@ void CTextFile::Detect() {
 // file is too short to tell, all stays as it is.
 void CTextFile::DetectEncoding() {
   std::uint8_t first[2];
-  if (m_File.GetLength() == 0 || !m_File.SeekToBegin()) return;
+  if (m_File.GetLength() == 0 || !m_File.SeekTo(0)) return;
   if (!m_File.Read(first, sizeof(first))) return;
   m_nBomSize = sizeof(first);
   DetectByMark(first[0], first[1]);
@@ -147,7 +147,7 @@ void CTextFile::DetectByMark(std::uint8_t low, std::uint8_t high) {
     if (third == 0xBF) {
       m_nBomSize = 3;
     } else {
-      m_File.Seek(-1, platform::SeekFrom::Current);
+      std::ignore = m_File.Seek(-1, platform::SeekFrom::Current);
     }
   } else if (low == 0xFF && high == 0xFE) {
     m_Encoding = kUtf16LittleEndian;
@@ -169,7 +169,7 @@ bool CTextFile::ReadChunk() {
   char bytes[2 * kChunkBytes];
   std::size_t count = 0;
   const std::size_t wanted = IsUtf16(m_Encoding) ? 2 * kChunkBytes : kChunkBytes;
-  m_File.Read(bytes, m_File.BytesBefore(m_nEndMark, wanted), &count);
+  std::ignore = m_File.Read(bytes, m_File.BytesBefore(m_nEndMark, wanted), &count);
   if (count == 0) return false;
   m_strBuffer.erase(0, m_nStart);
   m_nStart = 0;
@@ -178,7 +178,7 @@ bool CTextFile::ReadChunk() {
     const std::size_t whole = WholeSequences(chunk);
     if (whole == 0) return false;
     const auto givenBack = static_cast<std::int64_t>(count - whole);
-    if (givenBack > 0) m_File.Seek(-givenBack, platform::SeekFrom::Current);
+    if (givenBack > 0) std::ignore = m_File.Seek(-givenBack, platform::SeekFrom::Current);
     chunk = chunk.substr(0, whole);
   }
   AppendChunk(chunk);

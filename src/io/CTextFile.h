@@ -30,9 +30,11 @@ class CTextFile {
   explicit CTextFile(Encoding encoding);
 
   /// False, with no change, unless the file is open.
-  bool SetEncoding(Encoding encoding);
+  [[nodiscard]] bool SetEncoding(Encoding encoding);
   /// The same with little-endian UTF-16, or else 8-bit text.
-  bool SetUnicode(bool bUnicode) { return SetEncoding(bUnicode ? kUtf16LittleEndian : kAnsi); }
+  [[nodiscard]] bool SetUnicode(bool bUnicode) {
+    return SetEncoding(bUnicode ? kUtf16LittleEndian : kAnsi);
+  }
   /// Lets this object open a file that turns out to be no 8-bit text.
   void SetAllowUnicode(bool bAllowUnicode) { m_bAllowUnicode = bAllowUnicode; }
   /// The same for every object of the process that opens a file from then on, for good.
@@ -42,12 +44,13 @@ class CTextFile {
   /// with it the mark of the encoding is written: FF FE, EF BB or FE FF. (Two bytes for UTF-8 as
   /// well; the reader takes both the two and the usual three.) False if the system refuses, or if
   /// the file isn't 8-bit text and that isn't allowed.
-  bool Open(const std::wstring& path, std::uint32_t flags);
+  [[nodiscard]] bool Open(const std::wstring& path, std::uint32_t flags);
   /// The same after the encoding and SetAllowUnicode have been set.
-  bool Open(const std::wstring& path, std::uint32_t flags, Encoding encoding, bool bAllowUnicode);
+  [[nodiscard]] bool Open(const std::wstring& path, std::uint32_t flags, Encoding encoding,
+                          bool bAllowUnicode);
   /// As CFileCE has it: false if a write that was held back failed.
-  bool Close() { return m_File.Close(); }
-  bool IsOpen() const { return m_File.IsOpen(); }
+  [[nodiscard]] bool Close() { return m_File.Close(); }
+  [[nodiscard]] bool IsOpen() const { return m_File.IsOpen(); }
   /// Of the file that is open, found in it or set.
   Encoding GetEncoding() const { return m_Encoding; }
   /// Bytes at the start of the file that are not text.
@@ -59,30 +62,30 @@ class CTextFile {
   /// end mark (see CFileCE) or the end of the file; a last line without LF is a line. Half a pair
   /// that stands alone in UTF-16, and each broken part of a sequence of UTF-8, comes as U+FFFD; an
   /// odd byte at the end of a file of UTF-16 doesn't come.
-  bool ReadString(std::string_view& line);
+  [[nodiscard]] bool ReadString(std::string_view& line);
   /// Writes `text` and CR LF; text with line feeds in it becomes several lines. An empty text
   /// writes nothing. In 8-bit encoding an empty line writes none, and one that ends where a piece
-  /// of 256 UTF-16 units of the text does has no line end. False if a write failed, now or earlier.
-  bool WriteString(std::string_view text);
+  /// of 256 UTF-16 units of the text does has no line end. HasWriteFailed tells whether it was.
+  void WriteString(std::string_view text);
   /// True once a write, or a read, has failed since Open.
-  bool HasWriteFailed() const { return m_File.HasWriteFailed(); }
-  bool HasReadFailed() const { return m_File.HasReadFailed(); }
+  [[nodiscard]] bool HasWriteFailed() const { return m_File.HasWriteFailed(); }
+  [[nodiscard]] bool HasReadFailed() const { return m_File.HasReadFailed(); }
 
   /// Bytes read, less one (two in UTF-16) for each UTF-16 unit that ReadString still holds.
   std::int64_t GetPosition();
   /// Bytes; 0 if not open.
   std::int64_t GetLength() { return m_File.GetLength(); }
   /// A position of GetPosition. What ReadString held is dropped.
-  bool SeekTo(std::int64_t position);
-  /// Back to the first character, the encoding found anew.
-  bool Rewind();
+  [[nodiscard]] bool SeekTo(std::int64_t position);
+  /// Back to the first character, the encoding found anew. HasReadFailed remembers a refusal.
+  void Rewind();
 
  private:
   std::string_view Held() const { return std::string_view(m_strBuffer).substr(m_nStart); }
   void Detect();
   void DetectEncoding();
   void DetectByMark(std::uint8_t low, std::uint8_t high);
-  bool ReadChunk();
+  [[nodiscard]] bool ReadChunk();
   void AppendChunk(std::string_view chunk);
   void AppendAnsi(std::string_view chunk);
   std::size_t WholeSequences(std::string_view chunk) const;

@@ -38,7 +38,7 @@ class HandlerTable {
   }
 
   /// Every kind has its row: for a static_assert beside the table.
-  static constexpr bool IsComplete() { return rowCount == kindCount; }
+  [[nodiscard]] static constexpr bool IsComplete() { return rowCount == kindCount; }
 
  private:
   static constexpr std::uint8_t kNone = 0xff;

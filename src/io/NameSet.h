@@ -31,9 +31,9 @@ void GrowByQuarter(List& list, std::size_t more = 1) {
 class NameSet {
  public:
   /// False if the name was there already.
-  bool Insert(std::wstring_view name) { return Insert(Encode(name)); }
+  [[nodiscard]] bool Insert(std::wstring_view name) { return Insert(Encode(name)); }
   /// Here and below, a name may come in UTF-8.
-  bool Insert(std::string_view utf8) {
+  [[nodiscard]] bool Insert(std::string_view utf8) {
     if ((m_ends.size() + 1) * 4 > m_slots.size() * 3) Grow();
     const std::size_t hash = HashOf(utf8);
     const std::size_t slot = FindSlot(utf8, hash);
@@ -95,7 +95,7 @@ class NameSet {
   static std::size_t IndexIn(std::uint64_t slot) {
     return static_cast<std::size_t>(slot & ((std::uint64_t{1} << kIndexBits) - 1)) - 1;
   }
-  bool Holds(std::uint64_t slot, std::string_view key, std::uint64_t tag) const {
+  [[nodiscard]] bool Holds(std::uint64_t slot, std::string_view key, std::uint64_t tag) const {
     return (slot ^ tag) >> kIndexBits == 0 && Name(IndexIn(slot)) == key;
   }
 

@@ -9,6 +9,7 @@
 #include <limits>
 #include <optional>
 #include <system_error>
+#include <tuple>
 
 #include "io/BitCast.h"
 #include "io/Strings.h"
@@ -53,7 +54,7 @@ std::size_t SkipSpace(View text) {
 
 // Steps over a sign and says whether it was a minus.
 template <class View>
-bool TakeSign(View text, std::size_t& at) {
+[[nodiscard]] bool TakeSign(View text, std::size_t& at) {
   if (at >= text.size() || (text[at] != L'+' && text[at] != L'-')) return false;
   return text[at++] == L'-';
 }
@@ -76,7 +77,7 @@ RealShape FindReal(View text) {
   }
   shape.end = at;
   if (at < text.size() && (text[at] == L'e' || text[at] == L'E')) {
-    TakeSign(text, ++at);
+    std::ignore = TakeSign(text, ++at);
     const std::size_t exponent = at;
     while (at < text.size() && IsDigit(text[at])) ++at;
     shape.hasExponent = at > exponent;
@@ -103,7 +104,7 @@ std::optional<double> QuotientOf(const RealShape& shape) {
 }
 
 // Whether an out-of-range number is too large, by the decimal exponent of its first digit.
-bool IsTooLarge(std::string_view number) {
+[[nodiscard]] bool IsTooLarge(std::string_view number) {
   constexpr std::int64_t kFar = 1'000'000'000;
   const std::size_t mantissaEnd = std::min(number.find_first_of("eE"), number.size());
   const std::string_view mantissa = number.substr(0, mantissaEnd);

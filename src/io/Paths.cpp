@@ -11,7 +11,7 @@ namespace {
 constexpr std::wstring_view kSeparators = L"/\\";
 constexpr std::size_t kExtensionLength = 4;  // with its point
 
-bool EndsInSeparator(std::wstring_view path) {
+[[nodiscard]] bool EndsInSeparator(std::wstring_view path) {
   return !path.empty() && kSeparators.find(path.back()) != std::wstring_view::npos;
 }
 

@@ -7,7 +7,7 @@
 namespace zelconvert {
 
 /// True if `path` isn't empty and names an entry that is no directory.
-bool FileExists(const std::wstring& path);
+[[nodiscard]] bool FileExists(const std::wstring& path);
 /// Up to and including the last separator; the whole text if there is none.
 std::wstring GetDirectory(std::wstring_view path);
 /// The folder that an entry stands in, with its separator; "." for a name without one.
@@ -31,7 +31,7 @@ std::wstring MakeTempJob(const wchar_t* directory, std::wstring_view extension);
 std::wstring GetProgramDirectory();
 
 /// The last four characters are `extension`, such as ".job", with or without regard to case.
-bool HasExtension(std::wstring_view path, std::wstring_view extension);
-bool HasExtensionIgnoringCase(std::wstring_view path, std::wstring_view extension);
+[[nodiscard]] bool HasExtension(std::wstring_view path, std::wstring_view extension);
+[[nodiscard]] bool HasExtensionIgnoringCase(std::wstring_view path, std::wstring_view extension);
 
 }  // namespace zelconvert

@@ -9,10 +9,10 @@
 namespace zelconvert {
 namespace {
 
-constexpr bool IsHighSurrogate(char32_t c) {
+[[nodiscard]] constexpr bool IsHighSurrogate(char32_t c) {
   return c >= 0xD800 && c <= 0xDBFF;
 }
-constexpr bool IsLowSurrogate(char32_t c) {
+[[nodiscard]] constexpr bool IsLowSurrogate(char32_t c) {
   return c >= 0xDC00 && c <= 0xDFFF;
 }
 
@@ -36,7 +36,7 @@ Utf16Units UnitsOf(char32_t c) {
 }
 
 // Puts a text behind the first `start` characters. False, with anything there, if it isn't ASCII.
-bool PutAscii(std::wstring& out, std::size_t start, std::string_view text) {
+[[nodiscard]] bool PutAscii(std::wstring& out, std::size_t start, std::string_view text) {
   out.resize(start + text.size());
   wchar_t* const wide = out.data() + start;
   unsigned all = 0;  // a loop that becomes vector instructions

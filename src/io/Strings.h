@@ -11,22 +11,22 @@
 namespace zelconvert {
 
 /// Whatever the locale.
-constexpr bool IsSpace(wchar_t c) {
+[[nodiscard]] constexpr bool IsSpace(wchar_t c) {
   return c == L' ' || (c >= L'\t' && c <= L'\r');
 }
 /// 0 to 9; no digits of other scripts.
-constexpr bool IsDigit(wchar_t c) {
+[[nodiscard]] constexpr bool IsDigit(wchar_t c) {
   return c >= L'0' && c <= L'9';
 }
 /// True as soon as one character is no digit; an empty text is numeric.
-constexpr bool IsNonNumeric(std::wstring_view text) {
+[[nodiscard]] constexpr bool IsNonNumeric(std::wstring_view text) {
   for (const wchar_t c : text) {
     if (!IsDigit(c)) return true;
   }
   return false;
 }
 /// A digit or a letter A to Z, a to z.
-constexpr bool IsAsciiAlnum(wchar_t c) {
+[[nodiscard]] constexpr bool IsAsciiAlnum(wchar_t c) {
   return IsDigit(c) || (c >= L'A' && c <= L'Z') || (c >= L'a' && c <= L'z');
 }
 
@@ -78,7 +78,7 @@ constexpr wchar_t FoldAscii(wchar_t c) {
   return c >= L'A' && c <= L'Z' ? c - L'A' + L'a' : c;
 }
 /// Equal but for the case of A to Z.
-constexpr bool EqualsIgnoringCase(std::wstring_view a, std::wstring_view b) {
+[[nodiscard]] constexpr bool EqualsIgnoringCase(std::wstring_view a, std::wstring_view b) {
   if (a.size() != b.size()) return false;
   for (std::size_t i = 0; i < a.size(); ++i) {
     if (FoldAscii(a[i]) != FoldAscii(b[i])) return false;

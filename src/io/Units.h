@@ -13,7 +13,7 @@ inline constexpr double DC_NULL = -9.99e27;
 inline constexpr double kNullLimit = -9.99e7;
 
 /// True for NaN as well.
-constexpr bool IsNull(double value) {
+[[nodiscard]] constexpr bool IsNull(double value) {
   return !(value > kNullLimit);
 }
 /// `result`, which was computed from the other values: null if one of them is.

@@ -74,7 +74,7 @@ constexpr std::int32_t NumberOf(SortKey key) {
   return static_cast<std::int32_t>(key >> kPlaceBits);
 }
 
-bool HaveOneNumber(SortKey a, SortKey b) {
+[[nodiscard]] bool HaveOneNumber(SortKey a, SortKey b) {
   return NumberOf(a) == NumberOf(b);
 }
 
@@ -112,17 +112,17 @@ class Cr5ToJob {
   Cr5ToJob(CFileCE& cr5, CJobFile& job, std::uint16_t units)
       : m_cr5(cr5), m_job(job), m_nUnits(units) {}
 
-  bool Convert() { return ReadHeader() && PrepareJob() && CopyRecords(); }
+  [[nodiscard]] bool Convert() { return ReadHeader() && PrepareJob() && CopyRecords(); }
 
  private:
   // What it says is for programs that look for a record by its number.
-  bool ReadHeader() {
+  [[nodiscard]] bool ReadHeader() {
     Cr5HeaderBlock block;
     return m_cr5.Read(block.data(), block.size());
   }
 
   // An old job has no place for the layer that its points lie on.
-  bool PrepareJob() {
+  [[nodiscard]] bool PrepareJob() {
     JOB_HEADER header;
     if (!m_job.ReadJobHeader(header)) return false;
     header.distanceUnit = m_nUnits;
@@ -132,7 +132,7 @@ class Cr5ToJob {
 
   // A last record that was cut off counts if its number came; what is missing has the initial
   // values.
-  bool CopyRecords() {
+  [[nodiscard]] bool CopyRecords() {
     CConvertProgress progress;
     progress.Start();
     const auto kFresh = Packed<Cr5RecordBlock>(CoordinateRecord());
@@ -175,7 +175,7 @@ class JobToCr5 {
   JobToCr5(CJobFile& job, CFileCE& cr5, bool sequential, Report& report)
       : m_job(job), m_cr5(cr5), m_bSequential(sequential), m_report(report) {}
 
-  bool Convert() {
+  [[nodiscard]] bool Convert() {
     JOB_HEADER header;
     if (!m_job.ReadJobHeader(header)) return false;
     m_unitsPerMetre = FromMetres(1.0, LinearUnitOfJob(header.distanceUnit));
@@ -196,7 +196,7 @@ class JobToCr5 {
  private:
   // readPoint: called after the head of each point of either kind; false ends the walk with false.
   template <class Handler>
-  bool ForEachPoint(int pass, Handler readPoint) {
+  [[nodiscard]] bool ForEachPoint(int pass, Handler readPoint) {
     const std::int64_t fileLength = m_job.GetFile().GetLength();
     return m_job.ForEachRecord([&](JobKind kind, std::int64_t position) {
       m_progress.SetPosition(pass * fileLength + position, kPasses * fileLength);
@@ -204,7 +204,7 @@ class JobToCr5 {
     });
   }
 
-  bool CountPoints() {
+  [[nodiscard]] bool CountPoints() {
     std::wstring name;
     const bool complete = ForEachPoint(0, [&] {
       if (!m_job.ReadPointName(name)) return false;
@@ -226,16 +226,16 @@ class JobToCr5 {
     if (number > m_nLastPoint) m_nLastPoint = number;
   }
 
-  bool WriteHeader() {
+  [[nodiscard]] bool WriteHeader() {
     CR5_HEADER header;
     header.maxPoint = m_nLastPoint + m_nAlphanumeric;
     if (m_bSequential) header.firstPoint = m_nFirstPoint;
     auto block = Packed<Cr5HeaderBlock>(header);
     BinaryWriter(block).Bytes(0, std::as_bytes(std::span(CR5_HEADER::kSignature)));
-    return m_cr5.SeekToBegin() && m_cr5.Write(block.data(), block.size());
+    return m_cr5.SeekTo(0) && m_cr5.Write(block.data(), block.size());
   }
 
-  bool CollectRecords() {
+  [[nodiscard]] bool CollectRecords() {
     JOB_POINT_EX point;
     return ForEachPoint(1, [&] {
       if (!m_job.ReadAnyPoint(point)) return false;
@@ -259,14 +259,14 @@ class JobToCr5 {
     Pack(record, m_records.emplace_back());
   }
 
-  bool WritePlain(const std::vector<SortKey>& sorted) {
+  [[nodiscard]] bool WritePlain(const std::vector<SortKey>& sorted) {
     return std::all_of(sorted.begin(), sorted.end(),
                        [this](SortKey key) { return WriteRecord(RecordOf(key)); });
   }
 
   // One record for every number, unless numbers are there twice: then the walk runs ahead of the
   // records, no gap is filled any more until they catch up, and it ends at the highest number.
-  bool WriteSequential(const std::vector<SortKey>& sorted) {
+  [[nodiscard]] bool WriteSequential(const std::vector<SortKey>& sorted) {
     const auto kUnused = Packed<Cr5RecordBlock>(CoordinateRecord());
     std::int32_t expected = NumberOf(sorted.at(0));
     const std::int32_t last = NumberOf(sorted.back());
@@ -283,7 +283,7 @@ class JobToCr5 {
     return m_records[static_cast<std::size_t>(key & kPlaceMask)];
   }
 
-  bool WriteRecord(const Cr5RecordBlock& record) {
+  [[nodiscard]] bool WriteRecord(const Cr5RecordBlock& record) {
     return m_cr5.Write(record.data(), record.size());
   }
 

@@ -23,10 +23,10 @@ class CConvCR5File : public CConvFile<CFileCE, CJobFile> {
 
   /// CR5 to job: a point for every record that is in use, named by its number. The job is new and
   /// empty. No texts.
-  bool ConvertToNative(Report& report) override;
+  [[nodiscard]] bool ConvertToNative(Report& report) override;
   /// Job to CR5. False, with a text, if a point's name isn't a number of at most seven digits; the
   /// CR5 file then holds a header. Throws std::out_of_range for a sequential file of no points.
-  bool ConvertFromNative(Report& report) override;
+  [[nodiscard]] bool ConvertFromNative(Report& report) override;
 
  private:
   bool m_bSequential;

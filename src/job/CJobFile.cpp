@@ -4,6 +4,7 @@
 #include "job/CJobFile.h"
 
 #include <algorithm>
+#include <tuple>
 
 #include "geodetic/CGlkProjectionRecord.h"
 #include "io/Clock.h"
@@ -70,8 +71,8 @@ bool CJobFile::Open(const std::wstring& path, bool bReadOnly) {
   }
   m_File.SetBufferSize(kReadAheadKilobytes);
   Reset();
-  if (m_File.SeekToBegin() && ReadBlocks()) return true;
-  m_File.Close();
+  if (m_File.SeekTo(0) && ReadBlocks()) return true;
+  std::ignore = m_File.Close();
   return false;
 }
 
@@ -123,8 +124,8 @@ bool CJobFile::Create(const std::wstring& path, std::uint16_t version) {
   if (version != kOldJobVersion && version != kJobVersion) return false;
   if (!m_File.Open(path, platform::kCreateOutput)) return false;
   Reset();
-  if (m_File.SeekToBegin() && WriteBlocks(version)) return true;
-  m_File.Close();
+  if (m_File.SeekTo(0) && WriteBlocks(version)) return true;
+  std::ignore = m_File.Close();
   return false;
 }
 

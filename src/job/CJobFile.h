@@ -9,6 +9,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <vector>
 
 #include "io/BinaryFields.h"
@@ -49,9 +50,9 @@ class CJobFile {
   [[nodiscard]] bool Create(const std::wstring& path, std::uint16_t version);
   [[nodiscard]] bool CreateNew(const std::wstring& path) { return Create(path, kJobVersion); }
   /// HasWriteFailed tells of lost data.
-  void Close() { m_File.Close(); }
-  bool HasWriteFailed() const { return m_File.HasWriteFailed(); }
-  bool IsOpen() const { return m_File.IsOpen(); }
+  void Close() { std::ignore = m_File.Close(); }
+  [[nodiscard]] bool HasWriteFailed() const { return m_File.HasWriteFailed(); }
+  [[nodiscard]] bool IsOpen() const { return m_File.IsOpen(); }
   std::uint16_t GetVersion() const { return m_fileHead.version; }
   /// For its position, length and path.
   CFileCE& GetFile() { return m_File; }
@@ -226,21 +227,21 @@ class CJobFile {
 
   void Reset();
   std::span<const std::byte> Signature() const;
-  bool ReadBlocks();
-  bool ReadOldBlocks();
-  bool ReadNewBlocks();
-  bool ReadSizedBlock(std::span<std::byte> block, std::uint32_t size);
-  bool WriteBlocks(std::uint16_t version);
-  bool WriteOldBlocks();
-  bool WriteNewBlocks();
+  [[nodiscard]] bool ReadBlocks();
+  [[nodiscard]] bool ReadOldBlocks();
+  [[nodiscard]] bool ReadNewBlocks();
+  [[nodiscard]] bool ReadSizedBlock(std::span<std::byte> block, std::uint32_t size);
+  [[nodiscard]] bool WriteBlocks(std::uint16_t version);
+  [[nodiscard]] bool WriteOldBlocks();
+  [[nodiscard]] bool WriteNewBlocks();
   void TakeOldHeader();
   void PutOldHeader(const JOB_HEADER& header);
-  bool ReadHead();
-  bool ReadData(JOB_GENERIC_RECORD& record);
-  bool WriteBlock(std::span<std::byte> block, std::uint32_t kind);
-  bool FindRecord(const JobKindInfo& info, std::uint32_t id, bool bFirstFree);
-  bool FindPoint(std::wstring_view name);
-  bool IsVersionFor(const JobKindInfo& info) const;
+  [[nodiscard]] bool ReadHead();
+  [[nodiscard]] bool ReadData(JOB_GENERIC_RECORD& record);
+  [[nodiscard]] bool WriteBlock(std::span<std::byte> block, std::uint32_t kind);
+  [[nodiscard]] bool FindRecord(const JobKindInfo& info, std::uint32_t id, bool bFirstFree);
+  [[nodiscard]] bool FindPoint(std::wstring_view name);
+  [[nodiscard]] bool IsVersionFor(const JobKindInfo& info) const;
 
   CFileCE m_File;
   bool m_bBrand;

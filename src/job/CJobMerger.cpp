@@ -14,12 +14,12 @@ constexpr JobKind kCopiedKinds[] = {JobKind::Layer,    JobKind::Point,    JobKin
                                     JobKind::Record15, JobKind::Record4,  JobKind::Record16,
                                     JobKind::Record9,  JobKind::Record10, JobKind::Record7};
 
-bool IsCopied(JobKind kind) {
+[[nodiscard]] bool IsCopied(JobKind kind) {
   return std::find(std::begin(kCopiedKinds), std::end(kCopiedKinds), kind) !=
          std::end(kCopiedKinds);
 }
 
-bool HasId(JobKind kind) {
+[[nodiscard]] bool HasId(JobKind kind) {
   return kind == JobKind::Layer || kind == JobKind::Record10 || kind == JobKind::Record15 ||
          kind == JobKind::Record16;
 }

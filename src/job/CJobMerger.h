@@ -54,12 +54,13 @@ class CJobMerger {
   using Payload = std::span<std::byte>;
   using Id = std::uint32_t;
 
-  bool CopyHeader(CJobFile& output, const JOB_HEADER& header);
+  [[nodiscard]] bool CopyHeader(CJobFile& output, const JOB_HEADER& header);
   template <class Handler>
-  bool ForEachRecord(CJobFile& job, Handler handle);
-  bool FindIds();
+  [[nodiscard]] bool ForEachRecord(CJobFile& job, Handler handle);
+  [[nodiscard]] bool FindIds();
   void FindIdOfFirst(JobKind kind, Id id);
-  bool CopyRecords(CJobFile& job, CJobFile& output, void (CJobMerger::*prepare)(JobKind, Payload));
+  [[nodiscard]] bool CopyRecords(CJobFile& job, CJobFile& output,
+                                 void (CJobMerger::*prepare)(JobKind, Payload));
   POINT_DATA PreparePoint(JobKind kind, Payload payload);
   void PrepareFirst(JobKind kind, Payload payload);
   void PrepareSecond(JobKind kind, Payload payload);

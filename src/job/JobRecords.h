@@ -34,7 +34,7 @@ enum class JobKind : std::uint32_t {
   Record18 = 18,
 };
 
-constexpr bool IsPoint(JobKind kind) {
+[[nodiscard]] constexpr bool IsPoint(JobKind kind) {
   return kind == JobKind::Point || kind == JobKind::PointEx;
 }
 

@@ -64,7 +64,7 @@ int DaysInMonth(int year, int month) {
 
 /// The date and time of a job record; the 31st of a shorter month is a day of the next. False if a
 /// field is no calendar's or no clock's.
-bool ParseTime(const JB_RECORD& job, platform::LocalTime& time) {
+[[nodiscard]] bool ParseTime(const JB_RECORD& job, platform::LocalTime& time) {
   const std::wstring dateText = FromUtf8(job.date), timeText = FromUtf8(job.time);
   Scanner date(dateText);
   std::int32_t month = date.Number(2);
@@ -136,7 +136,7 @@ class RawToJxl {
     JxlPosition position;
   };
 
-  bool BeginDocument(std::string_view line, std::wstring_view version) {
+  [[nodiscard]] bool BeginDocument(std::string_view line, std::wstring_view version) {
     JB_RECORD job;
     platform::LocalTime time;
     if (!CRawFile::Parse(line, job) || !ParseTime(job, time)) return false;
@@ -144,7 +144,7 @@ class RawToJxl {
     return true;
   }
 
-  bool ConvertRecord(std::string_view line) {
+  [[nodiscard]] bool ConvertRecord(std::string_view line) {
     static constexpr auto kHandlers = MakeHandlerTable<kRawRecordTypes, RawRecordType, Handler>({
         {RawRecordType::SS, &RawToJxl::Give<&RawToJxl::OnSideshot>},
         {RawRecordType::TR, &RawToJxl::Give<&RawToJxl::OnTraverse>},
@@ -177,7 +177,7 @@ class RawToJxl {
 
   /// Parses the record that `handle` takes and hands it over. False for a bad record.
   template <auto handle>
-  bool Give(std::string_view line) {
+  [[nodiscard]] bool Give(std::string_view line) {
     const auto give = [&]<class Result, class Record>(Result (RawToJxl::*)(Record&)) {
       std::remove_const_t<Record> record;
       if (!CRawFile::Parse(line, record)) return false;
@@ -191,9 +191,9 @@ class RawToJxl {
     return give(handle);
   }
 
-  bool OnSecondJob(std::string_view /*line*/) { return false; }
+  [[nodiscard]] bool OnSecondJob(std::string_view /*line*/) { return false; }
 
-  bool OnComment(std::string_view line) {
+  [[nodiscard]] bool OnComment(std::string_view line) {
     m_jxl.AddNoteRecord(line.substr(2));
     return true;
   }
@@ -239,8 +239,8 @@ class RawToJxl {
     m_points.Add(point.name, point.note, position);
   }
 
-  bool OnSideshot(const SHOT_RECORD& shot) { return OnShot(shot, false); }
-  bool OnTraverse(const SHOT_RECORD& shot) { return OnShot(shot, true); }
+  [[nodiscard]] bool OnSideshot(const SHOT_RECORD& shot) { return OnShot(shot, false); }
+  [[nodiscard]] bool OnTraverse(const SHOT_RECORD& shot) { return OnShot(shot, true); }
 
   void OnDelete(const NAME_RECORD& point) {
     m_jxl.DeletePoint(FromUtf8(point.name));
@@ -266,7 +266,7 @@ class RawToJxl {
     m_jxl.AddImageRecord(m_instrument.Records(), m_camera, m_lastPointRecord, image);
   }
 
-  bool OnShot(const SHOT_RECORD& shot, bool traverse) {
+  [[nodiscard]] bool OnShot(const SHOT_RECORD& shot, bool traverse) {
     if (shot.horizontalKind != HorizontalKind::AngleRight ||
         shot.verticalKind != VerticalKind::Zenith) {
       return false;

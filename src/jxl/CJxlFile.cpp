@@ -1,5 +1,7 @@
 #include "jxl/CJxlFile.h"
 
+#include <tuple>
+
 #include "dc/RecordColumns.h"
 #include "io/Clock.h"
 #include "io/Numbers.h"
@@ -149,7 +151,7 @@ void CJxlFile::BeginDocument(std::wstring_view jobName, std::wstring_view produc
 
 void CJxlFile::WriteDocument() {
   if (m_root && !m_isRehearsing) {
-    Enter(kEnvironment);
+    std::ignore = Enter(kEnvironment);
     m_root.WriteEnd(*this, 0);
   }
   m_root = m_fieldBook = m_reductions = m_environment = {};

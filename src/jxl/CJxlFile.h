@@ -39,7 +39,9 @@ struct JxlPosition {
   double east = DC_NULL;
   double elevation = DC_NULL;
 
-  bool IsWhole() const { return !IsNull(north) && !IsNull(east) && !IsNull(elevation); }
+  [[nodiscard]] bool IsWhole() const {
+    return !IsNull(north) && !IsNull(east) && !IsNull(elevation);
+  }
 };
 
 /// Readings of the circles and the slope distance.
@@ -48,7 +50,9 @@ struct JxlReadings {
   double vertical = DC_NULL;
   double distance = DC_NULL;
 
-  bool AreUsable() const { return !IsNull(horizontal) && !IsNull(vertical) && !IsNull(distance); }
+  [[nodiscard]] bool AreUsable() const {
+    return !IsNull(horizontal) && !IsNull(vertical) && !IsNull(distance);
+  }
 };
 
 /// Ids of the records that a shot was made with; 0 for none.
@@ -128,9 +132,9 @@ class CJxlFile : public CFileCE {
 
   enum Container : int { kNoContainer = -1, kFieldBook, kReductions, kEnvironment };
   CXmlElement& ElementOf(Container container);
-  bool Enter(Container container);
+  [[nodiscard]] bool Enter(Container container);
   void Leave();
-  bool IsDeleted(const XmlText& name);
+  [[nodiscard]] bool IsDeleted(const XmlText& name);
   template <class Fill>
   std::uint32_t AddRecord(const char* name, Fill fill);
   template <class Fill>

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <tuple>
 
 #include "io/CFileCE.h"
 #include "io/Strings.h"
@@ -171,7 +172,7 @@ void CXmlElement::WriteEnd(CFileCE& file, int depth) const {
 }
 
 void CXmlTree::Flush(CFileCE& file) {
-  file.Write(m_out.data(), m_out.size());
+  std::ignore = file.Write(m_out.data(), m_out.size());
   m_out.clear();
 }
 

@@ -82,7 +82,7 @@ class JxlInstrument {
 
   /// Before a shot: makes the move to its station, or tells heights that the records of the
   /// setup lack. True if the instrument has moved.
-  bool PrepareShot(CJxlFile& file, std::string_view station) {
+  [[nodiscard]] bool PrepareShot(CJxlFile& file, std::string_view station) {
     Move* const move = FindMove(station);
     const bool moves = move != nullptr;
     if (moves) {

@@ -7,7 +7,7 @@
 namespace zelconvert::platform {
 namespace {
 
-bool Parse(std::string_view text, double& value) {
+[[nodiscard]] bool Parse(std::string_view text, double& value) {
   return std::from_chars(text.data(), text.data() + text.size(), value).ec == std::errc();
 }
 

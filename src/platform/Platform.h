@@ -48,20 +48,20 @@ class File {
   File& operator=(const File&) = delete;
 
   /// False, with nothing changed on disk, if already open or refused by the system.
-  bool Open(const std::wstring& path, std::uint32_t access);
+  [[nodiscard]] bool Open(const std::wstring& path, std::uint32_t access);
   /// Between a successful Open and Close; otherwise Read, Write, Seek and Length
   /// fail.
-  bool IsOpen() const;
+  [[nodiscard]] bool IsOpen() const;
   /// Bytes read, fewer than `count` only at the end of the file; nullopt on an error.
   std::optional<std::size_t> Read(void* buffer, std::size_t count);
   /// All of it or false.
-  bool Write(const void* buffer, std::size_t count);
+  [[nodiscard]] bool Write(const void* buffer, std::size_t count);
   /// The new position from the start, or nullopt (a position below 0 is refused).
   std::optional<std::int64_t> Seek(std::int64_t offset, SeekFrom from);
   /// Bytes, or nullopt.
   std::optional<std::int64_t> Length() const;
   /// True if not open. False if the system reported a late write error; the file is closed anyway.
-  bool Close();
+  [[nodiscard]] bool Close();
 
  private:
   struct Handle;
@@ -77,17 +77,17 @@ struct Attributes {
 /// nullopt: nothing there, or not to be looked at.
 std::optional<Attributes> GetAttributes(const std::wstring& path);
 /// Makes the file writable for its owner, all else as `found`.
-bool ClearReadOnly(const std::wstring& path, const Attributes& found);
+[[nodiscard]] bool ClearReadOnly(const std::wstring& path, const Attributes& found);
 /// Puts back what GetAttributes found. Both are false if the system refuses.
-bool RestoreAttributes(const std::wstring& path, const Attributes& found) noexcept;
+[[nodiscard]] bool RestoreAttributes(const std::wstring& path, const Attributes& found) noexcept;
 /// Deletes a file, open or not; false if absent or refused. Devices stay.
-bool RemoveFile(const std::wstring& path) noexcept;
+[[nodiscard]] bool RemoveFile(const std::wstring& path) noexcept;
 enum class NewFile { Made, Taken, Refused };
 /// Makes an empty file of a name that nothing has, not even a link to nowhere: of all who ask at
 /// once, one makes it. Refused: by the system, for whatever else.
 NewFile MakeNewFile(const std::wstring& path);
 /// Whether both paths name one file that is there, by whatever links.
-bool IsSameFile(const std::wstring& path, const std::wstring& other);
+[[nodiscard]] bool IsSameFile(const std::wstring& path, const std::wstring& other);
 
 /// Milliseconds of a monotonic clock, wrapping at 2^32.
 std::uint32_t SystemTickCount();
@@ -117,7 +117,7 @@ void AppendNarrow(std::string& out, std::wstring_view text);
 /// The number of the progress message, the same for the life of the process.
 std::uint32_t CallbackMessage();
 /// Whether messages can be sent to it; false for null.
-bool IsWindowAlive(ZelWindowHandle window);
+[[nodiscard]] bool IsWindowAlive(ZelWindowHandle window);
 /// Delivers the message and waits until it has been handled. `window` may be dead, not null.
 void SendToWindow(ZelWindowHandle window, std::uintptr_t wParam, std::intptr_t lParam);
 

@@ -36,7 +36,7 @@ double NormalizeAngle(double v, AngularUnit unit);
 /// straight up, not nearly a circle.
 double NormalizeZenith(double v, AngularUnit unit);
 /// The sine of a zenith angle is below 0, by more than that noise: the telescope looks backwards.
-bool IsFaceTwo(double zenith, AngularUnit unit);
+[[nodiscard]] bool IsFaceTwo(double zenith, AngularUnit unit);
 
 /// `v` in the unit `to`.
 double ConvertAngleUnit(AngularUnit to, AngularUnit from, double v);

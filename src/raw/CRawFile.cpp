@@ -23,7 +23,7 @@ constexpr char kTags[kRawRecordTypes][3] = {
 
 constexpr std::size_t kLetters = 26;
 
-constexpr bool IsLetter(char c) {
+[[nodiscard]] constexpr bool IsLetter(char c) {
   return c >= 'A' && c <= 'Z';
 }
 constexpr std::size_t LetterPair(char first, char second) {
@@ -41,11 +41,11 @@ constexpr auto kTypeOfLetters = [] {
 }();
 
 /// The fields of a point after its name.
-bool ReadPosition(const RawFields& fields, POINT_RECORD& point) {
+[[nodiscard]] bool ReadPosition(const RawFields& fields, POINT_RECORD& point) {
   return ReadFields<POINT_RECORD>(fields, std::span(POINT_RECORD::kFields).subspan(1), point);
 }
 
-bool ReadHorizontal(const RawFields& fields, SHOT_RECORD& shot) {
+[[nodiscard]] bool ReadHorizontal(const RawFields& fields, SHOT_RECORD& shot) {
   std::string_view value;
   for (std::size_t kind = 0; kind < std::size(kHorizontalTags); ++kind) {
     if (!fields.Find(kHorizontalTags[kind], value)) continue;
@@ -56,7 +56,7 @@ bool ReadHorizontal(const RawFields& fields, SHOT_RECORD& shot) {
   return false;
 }
 
-bool ReadVertical(const RawFields& fields, SHOT_RECORD& shot) {
+[[nodiscard]] bool ReadVertical(const RawFields& fields, SHOT_RECORD& shot) {
   std::string_view value;
   for (const VerticalTags& tags : kVerticalTags) {
     if (!fields.Find(tags.vertical, value)) continue;

@@ -74,47 +74,48 @@ class CRawFile : public CFileCE {
   // Records that are read are UTF-8: a line of ASCII, as nearly all are, is that as it stands in
   // the file. They are valid until the next call for one.
   /// The next line; false at the end of the file.
-  bool ReadRecord(std::string_view& record) {
+  [[nodiscard]] bool ReadRecord(std::string_view& record) {
     const bool found = ReadLine(record);
     if (AsciiPrefix(record) < record.size()) record = m_strRecord = ToUtf8(ToWide(record));
     return found;
   }
   /// The next line that begins with a tag; `record` is empty when there is none.
-  bool FindRecord(FieldTag tag, std::string_view& record);
+  [[nodiscard]] bool FindRecord(FieldTag tag, std::string_view& record);
 
   /// By the first two characters, exactly; Other if they are no tag.
   static RawRecordType GetRecordType(std::string_view record);
   /// The first field of the tag, by plain search: an earlier text that holds ",TG" hides it. False,
   /// with `value` as it was, if there is none.
-  static bool GetField(std::string_view record, FieldTag tag, std::string_view& value);
+  [[nodiscard]] static bool GetField(std::string_view record, FieldTag tag,
+                                     std::string_view& value);
   /// An empty field is DC_NULL.
-  static bool GetDoubleField(std::string_view record, FieldTag tag, double& value);
+  [[nodiscard]] static bool GetDoubleField(std::string_view record, FieldTag tag, double& value);
 
   /// What the fields of a line say, found by the type of the record; the tag of the line isn't
   /// looked at. False when a required field is missing: what stands before that field in the
   /// record's table has then been filled, all else in the structure is as it was. Texts point into
   /// `line`.
   template <class Record>
-  static bool Parse(std::string_view line, Record& record) {
+  [[nodiscard]] static bool Parse(std::string_view line, Record& record) {
     return ReadFields<Record>(RawFields(line), Record::kFields, record);
   }
   // Records with more to them than a table of fields.
-  static bool Parse(std::string_view line, MO_RECORD& mode);
-  static bool Parse(std::string_view line, OC_RECORD& point);
-  static bool Parse(std::string_view line, AP_RECORD& point);
-  static bool Parse(std::string_view line, SHOT_RECORD& shot);
-  static bool Parse(std::string_view line, DIRECTION_RECORD& direction);
-  static bool Parse(std::string_view line, SET_DISTANCE_RECORD& distance);
-  static bool Parse(std::string_view line, CF_RECORD& stake);
-  static bool Parse(std::string_view line, GP_RECORD& point);
-  static bool Parse(std::string_view line, PE_RECORD& projection);
+  [[nodiscard]] static bool Parse(std::string_view line, MO_RECORD& mode);
+  [[nodiscard]] static bool Parse(std::string_view line, OC_RECORD& point);
+  [[nodiscard]] static bool Parse(std::string_view line, AP_RECORD& point);
+  [[nodiscard]] static bool Parse(std::string_view line, SHOT_RECORD& shot);
+  [[nodiscard]] static bool Parse(std::string_view line, DIRECTION_RECORD& direction);
+  [[nodiscard]] static bool Parse(std::string_view line, SET_DISTANCE_RECORD& distance);
+  [[nodiscard]] static bool Parse(std::string_view line, CF_RECORD& stake);
+  [[nodiscard]] static bool Parse(std::string_view line, GP_RECORD& point);
+  [[nodiscard]] static bool Parse(std::string_view line, PE_RECORD& projection);
 
   // What nothing here calls: for programs that write or read logs of their own.
   /// Opens an existing file and moves to its end.
-  bool OpenForAppend(const std::wstring& path);
+  [[nodiscard]] bool OpenForAppend(const std::wstring& path);
   std::wstring GetFileType() const { return L"RAW"; }
   /// An empty field, like any text that is no number, is 0.
-  static bool GetIntField(std::string_view record, FieldTag tag, std::int32_t& value);
+  [[nodiscard]] static bool GetIntField(std::string_view record, FieldTag tag, std::int32_t& value);
 
  private:
   void WriteText(std::wstring_view text);

@@ -23,6 +23,6 @@ std::uint32_t GpsRecordHash(std::wstring_view first, std::wstring_view second);
 /// Tests the signature after the last "*" of an equipment record against the receiver record of
 /// its setup, both in UTF-8, and cuts it off, with the "*", whatever it is. False if there is none
 /// or it is wrong.
-bool TestGpsSignature(std::string_view receiver, std::string_view& equipment);
+[[nodiscard]] bool TestGpsSignature(std::string_view receiver, std::string_view& equipment);
 
 }  // namespace zelconvert

@@ -30,7 +30,7 @@ class RawFields {
   explicit RawFields(std::string_view record);
 
   /// The text after a tag. False, with `value` as it was, if there is no such field.
-  bool Find(FieldTag tag, std::string_view& value) const;
+  [[nodiscard]] bool Find(FieldTag tag, std::string_view& value) const;
 
  private:
   using TagKey = std::uint16_t;

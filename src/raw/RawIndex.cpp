@@ -2,6 +2,7 @@
 
 #include <limits>
 #include <stdexcept>
+#include <tuple>
 
 namespace zelconvert {
 namespace {
@@ -9,7 +10,8 @@ namespace {
 /// The value of the first tag, or else of the second.
 std::string_view NameOf(std::string_view record, FieldTag tag, FieldTag otherTag) {
   std::string_view name;
-  if (!CRawFile::GetField(record, tag, name)) CRawFile::GetField(record, otherTag, name);
+  if (!CRawFile::GetField(record, tag, name))
+    std::ignore = CRawFile::GetField(record, otherTag, name);
   return name;
 }
 
@@ -54,7 +56,7 @@ void RawIndex::Add(std::string_view record) {
     case RawRecordType::DP:
       return AddDeletion(record);
     case RawRecordType::RP:
-      m_askedNames.Insert(NameOf(record, "PN", "PN"));
+      std::ignore = m_askedNames.Insert(NameOf(record, "PN", "PN"));
       return;
     case RawRecordType::DE:
     case RawRecordType::OE:

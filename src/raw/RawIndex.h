@@ -8,6 +8,7 @@
 #include <deque>
 #include <optional>
 #include <string_view>
+#include <tuple>
 
 #include "io/NameSet.h"
 #include "raw/CRawFile.h"
@@ -55,34 +56,34 @@ class RawIndex {
   /// The first MO; defaults if there is none or it is bad.
   const MO_RECORD& FirstMode() const { return m_firstMode; }
   /// The log has an LM or LH somewhere.
-  bool HasLocalization() const { return m_hasLocalization; }
+  [[nodiscard]] bool HasLocalization() const { return m_hasLocalization; }
   /// The names of which an OC, an RP or a caller asks whether they have been written already.
   const NameSet& AskedNames() const { return m_askedNames; }
   /// Adds to these names.
-  void AskFor(std::wstring_view name) { m_askedNames.Insert(name); }
+  void AskFor(std::wstring_view name) { std::ignore = m_askedNames.Insert(name); }
   /// The names of all good DP.
   const NameSet& DeletedNames() const { return m_deletedNames; }
   /// A DP after `line` deletes the point. Of several DP of a name the last counts.
-  bool IsDeleted(const auto& name, std::int64_t line) const {
+  [[nodiscard]] bool IsDeleted(const auto& name, std::int64_t line) const {
     const auto found = m_deletedNames.Find(name);
     return found && line < m_deletedAt[*found];
   }
 
   /// An OC stands before the next shot.
-  bool OccupyIsSuperseded(std::int64_t line);
+  [[nodiscard]] bool OccupyIsSuperseded(std::int64_t line);
   /// An OC or BK stands before the next shot.
-  bool BacksightIsSuperseded(std::int64_t line);
+  [[nodiscard]] bool BacksightIsSuperseded(std::int64_t line);
   /// A shot comes before the next OC.
-  bool TraverseContinues(std::int64_t line);
+  [[nodiscard]] bool TraverseContinues(std::int64_t line);
   /// The next record is DE or OE.
-  bool NextIsStakeDetail(std::int64_t line);
+  [[nodiscard]] bool NextIsStakeDetail(std::int64_t line);
   /// The LS before the next shot or OC; null if there is none or it lacks its HI. `type` is
   /// the kind of the record on `line`, OC, BK or TR: a TR looks past an OC that names the same
   /// point as `name`.
   const HeightsAhead* FindHeights(std::int64_t line, RawRecordType type, std::string_view name);
   /// What the next GP says of the vector to `name`. False if that GP is bad or of another name; a
   /// GS or GK before it, or none at all, leaves `isControl` false.
-  bool FindGpsPointKind(std::int64_t line, std::string_view name, bool& isControl);
+  [[nodiscard]] bool FindGpsPointKind(std::int64_t line, std::string_view name, bool& isControl);
 
  private:
   struct Occupied {

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <tuple>
 
 #include "io/HandlerTable.h"
 #include "io/Strings.h"
@@ -19,7 +20,7 @@ class RoadCheck {
       : m_badRoads(badRoads), m_messages(messages) {}
 
   /// Whether a line of this type says anything where the file stands.
-  bool Wants(std::int32_t type) const {
+  [[nodiscard]] bool Wants(std::int32_t type) const {
     return type == tDC_ROAD_HEADERRecord::kType || type == tDC_HEADERRecord::kType ||
            (m_isRoadOpen && !m_road.isBad && FindHandler(type) != nullptr);
   }
@@ -41,7 +42,7 @@ class RoadCheck {
     if (!m_road.isBad) CheckEndOfRoad();
     if (!m_road.isBad) return;
     m_messages.Warn(FormatRoadFailure(m_road.name));
-    m_badRoads.Insert(m_road.name);
+    std::ignore = m_badRoads.Insert(m_road.name);
   }
 
   const FoundRoads& GetFound() const { return m_found; }
@@ -186,7 +187,7 @@ std::wstring FormatRoadFailure(const std::wstring& roadName) {
 FoundRoads CheckDcRoads(CDcFile& file, RoadNames& badRoads, MessageList& messages) {
   RoadCheck check(badRoads, messages);
   DcLine line;
-  file.Rewind();
+  std::ignore = file.Rewind();
   for (std::string_view bytes; file.ReadLine(bytes);) {
     const std::int32_t type = CDcFile::GetRecordType(bytes);
     if (!check.Wants(type)) continue;

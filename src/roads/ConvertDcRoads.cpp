@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <tuple>
 #include <utility>
 
 #include "dc/CDcFile.h"
@@ -40,7 +41,7 @@ class RoadConversion {
   RoadConversion(CDcFile& file, Report& report, RoadHeaders& roads, const std::wstring& folder)
       : m_file(file), m_report(report), m_roads(roads), m_files(folder, report) {}
 
-  bool Run() {
+  [[nodiscard]] bool Run() {
     const FoundRoads found = CheckDcRoads(m_file, m_badRoads, m_report.messages);
     m_settings.needsPlaces = found.hasPoint;
     return !found.isAny || ConvertLines() || Fail();
@@ -84,9 +85,9 @@ class RoadConversion {
     return kRows.Find(type);
   }
 
-  bool ConvertLines() {
+  [[nodiscard]] bool ConvertLines() {
     DcLine line;
-    m_file.Rewind();
+    std::ignore = m_file.Rewind();
     for (std::string_view bytes; m_file.ReadLine(bytes);) {
       const Row* row = FindRow(CDcFile::GetRecordType(bytes));
       if (row == nullptr || (row->isOfRoad && !m_road)) continue;
@@ -99,20 +100,20 @@ class RoadConversion {
 
   /// A road that fails on the way is listed all the same, and its record 84 may be still to come.
   /// Always false: the run has failed.
-  bool TakeStartOfFailedRoad() {
+  [[nodiscard]] bool TakeStartOfFailedRoad() {
     DcLine line;
     while (m_file.ReadLine(line)) {
       if (CDcFile::IsBlank(line) || CDcFile::IsDeleted(line)) continue;
       const std::int32_t type = CDcFile::GetRecordType(line);
       if (type == tDC_ROAD_HEADERRecord::kType) break;
-      if (type == tDC_HEADERRecord::kType) OnHeader(line);
-      if (type == tDC_ROAD_HALRecord::kType) OnHorizontalStart(line);
+      if (type == tDC_HEADERRecord::kType) std::ignore = OnHeader(line);
+      if (type == tDC_ROAD_HALRecord::kType) std::ignore = OnHorizontalStart(line);
     }
     return false;
   }
 
   /// Says which road failed and takes every file of this run away again.
-  bool Fail() {
+  [[nodiscard]] bool Fail() {
     const std::wstring name = m_road->name;
     m_road.reset();
     m_files.RemoveAll();
@@ -121,7 +122,7 @@ class RoadConversion {
 
   /// Lengths need no unit: road files are in that of the DC file. Mils and unknown units of angle
   /// leave the one before.
-  bool OnHeader(const DcLine& line) {
+  [[nodiscard]] bool OnHeader(const DcLine& line) {
     tDC_HEADERRecord header;
     CDcFile::Read(line, header);
     m_settings.iNEZOrder = header.coordinateOrder;
@@ -130,20 +131,20 @@ class RoadConversion {
   }
 
   template <class Cogo>
-  bool OnCogo(const DcLine& line) {
+  [[nodiscard]] bool OnCogo(const DcLine& line) {
     Cogo cogo;
     CDcFile::Read(line, cogo);
     m_settings.azmDir = cogo.azimuthOrigin == 2 ? AzimuthOrigin::South : AzimuthOrigin::North;
     return true;
   }
 
-  bool OnRoad(const DcLine& line) {
+  [[nodiscard]] bool OnRoad(const DcLine& line) {
     if (!FinishRoad()) return false;
     const std::wstring& name = m_records.Read<tDC_ROAD_HEADERRecord>(line).name;
     return m_badRoads.Find(name) || BeginRoad(name);
   }
 
-  bool BeginRoad(const std::wstring& name) {
+  [[nodiscard]] bool BeginRoad(const std::wstring& name) {
     m_road = std::make_unique<Road>(name, m_settings, m_files);
     std::string utf8;
     AppendUtf8(utf8, name);
@@ -153,7 +154,7 @@ class RoadConversion {
     return true;
   }
 
-  bool FinishRoad() {
+  [[nodiscard]] bool FinishRoad() {
     if (!m_road) return true;
     if (!m_road->templates.Close() || !CheckWholeRoad()) return false;
     m_road->sections.Write(m_road->file, m_road->alignment.GetHorizontalEnd());
@@ -162,7 +163,7 @@ class RoadConversion {
     return true;
   }
 
-  bool CheckWholeRoad() {
+  [[nodiscard]] bool CheckWholeRoad() {
     const CRoadAlignment& alignment = m_road->alignment;
     using Position = CRoadPositions::Position;
     if (!m_road->sections.HaveEqualSegments(&Position::left)) {
@@ -177,7 +178,7 @@ class RoadConversion {
     return true;
   }
 
-  bool OnHorizontalStart(const DcLine& line) {
+  [[nodiscard]] bool OnHorizontalStart(const DcLine& line) {
     const auto& record = m_records.Read<tDC_ROAD_HALRecord>(line);
     m_road->alignment.Add(record);
     const AlignmentPoint start = m_road->alignment.PointOf(record.coord1, record.coord2);
@@ -189,11 +190,11 @@ class RoadConversion {
     return true;
   }
 
-  bool OnTemplate(const DcLine& line) {
+  [[nodiscard]] bool OnTemplate(const DcLine& line) {
     return m_road->templates.Begin(m_records.Read<tDC_ROAD_TEMPLATERecord>(line));
   }
 
-  bool OnApplySuper(const DcLine& line) {
+  [[nodiscard]] bool OnApplySuper(const DcLine& line) {
     const auto& record = m_records.Read<tDC_ROAD_APPLYSUPERRecord>(line);
     const CRoadAlignment& alignment = m_road->alignment;
     if (record.station < alignment.GetStartStation() - kSameStation ||
@@ -206,7 +207,7 @@ class RoadConversion {
 
   /// For records that a part of the road, its alignment or its templates, only has to hear of.
   template <class Record, auto part>
-  bool On(const DcLine& line) {
+  [[nodiscard]] bool On(const DcLine& line) {
     ((*m_road).*part).Add(m_records.Read<Record>(line));
     return true;
   }

@@ -67,7 +67,7 @@ class CRoadFiles {
   static constexpr std::wstring_view kTemplateExtension = L".tp5";
 
   /// Its place in the report comes first, so that no file is made that nobody takes away again.
-  bool Create(CFileCE& file, std::wstring_view name, std::wstring_view extension) {
+  [[nodiscard]] bool Create(CFileCE& file, std::wstring_view name, std::wstring_view extension) {
     if (file.OpenForWrite(m_report.beside.Add(std::wstring(name).append(extension)))) return true;
     m_report.beside.DropLast();
     return false;
@@ -84,8 +84,8 @@ class CRoadFiles {
     m_renamedFiles[index] = static_cast<std::uint32_t>(file);
   }
 
-  bool WriteTemplateFile(const std::wstring& templateName, const std::wstring& fileName,
-                         const TemplateForm& form) {
+  [[nodiscard]] bool WriteTemplateFile(const std::wstring& templateName,
+                                       const std::wstring& fileName, const TemplateForm& form) {
     CTp5File file;
     if (!Create(file, fileName, kTemplateExtension)) return false;
     TellName(road_texts::kTemplateRenamed, templateName, fileName);
@@ -95,7 +95,7 @@ class CRoadFiles {
   }
 
   /// Against the file and not against what was written into it: templates need no room in memory.
-  bool HoldsTemplate(const std::wstring& fileName, const TemplateForm& form) const {
+  [[nodiscard]] bool HoldsTemplate(const std::wstring& fileName, const TemplateForm& form) const {
     CTp5File file;
     return file.OpenForRead((m_folder + fileName).append(kTemplateExtension)) && file.Has(form) &&
            std::all_of(form.segments.begin(), form.segments.end(),

@@ -79,7 +79,7 @@ class CRoadFileNames {
   }
 
   /// False if the name was given before.
-  bool Take(std::wstring_view name) {
+  [[nodiscard]] bool Take(std::wstring_view name) {
     if (!m_given.Insert(Folded(name))) return false;
     m_names.emplace_back(name);
     return true;

@@ -52,7 +52,7 @@ class CRoadPositions {
 
   /// True if all templates of a side have the same number of segments. Positions that name no
   /// template of the road don't count.
-  bool HaveEqualSegments(Side side) const {
+  [[nodiscard]] bool HaveEqualSegments(Side side) const {
     std::uint32_t first = 0;
     for (const Position& position : m_positions) {
       const std::uint32_t segments = m_templates.Get(position.*side).segments;
@@ -127,7 +127,7 @@ class CRoadSections {
 
   // Once the templates are closed.
 
-  bool HaveEqualSegments(CRoadPositions::Side side) const {
+  [[nodiscard]] bool HaveEqualSegments(CRoadPositions::Side side) const {
     return m_positions.HaveEqualSegments(side);
   }
 

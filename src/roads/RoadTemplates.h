@@ -89,7 +89,9 @@ class CRoadTemplates {
     m_form.segments.push_back(std::move(segment));
   }
 
-  static constexpr bool IsThreeOrFour(int method) { return method == 3 || method == 4; }
+  [[nodiscard]] static constexpr bool IsThreeOrFour(int method) {
+    return method == 3 || method == 4;
+  }
   /// Horizontal run per unit of height, from percent; methods 3 and 4 are a slope of zero. A value
   /// of 0 % gives infinity, which is what the file then shows.
   static double SlopeOf(int method, double percent) {

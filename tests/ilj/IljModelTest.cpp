@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "CaseFile.h"
@@ -64,7 +65,7 @@ TEST(IljFieldTest, ReadsJudgesAndWrites) {
       EXPECT_THROW(field.SetText(Utf8(texts[1])), ConversionFailure);
       continue;
     }
-    field.IsValid();  // this answer is gone with the next value
+    std::ignore = field.IsValid();  // this answer is gone with the next value
     field.SetText(Utf8(texts[1]));
     const bool valid = texts[2] == L"valid";
     EXPECT_EQ(field.IsValid(), valid);
@@ -121,7 +122,7 @@ TEST(IljRecordTest, ReadsLinesOfOthers) {
   for (const CaseFields& texts : ReadCases("tests/golden-lines/ilj-lines.txt")) {
     SCOPED_TRACE(testing::PrintToString(texts));
     CMoskoJobRecord record = RecordOf(Utf8(texts[0]));
-    record.ParseText("DATE:19990101\tTIME:101010\tNOTE:left over\tPTNM:B");
+    std::ignore = record.ParseText("DATE:19990101\tTIME:101010\tNOTE:left over\tPTNM:B");
     EXPECT_EQ(record.ParseText(Utf8(texts[1])), texts[2] == L"valid");
     EXPECT_EQ(record.ToText(), Utf8(texts.at(3)));
   }
@@ -136,14 +137,14 @@ TEST(IljRecordTest, KeepsDateAndTime) {
     EXPECT_EQ(point.GetDateTime(), moment);
     EXPECT_EQ(point.ToText(), "POINT\tDATE:20260313\tTIME:1415" + std::to_string(second) + "\t");
   }
-  point.ParseField("TIME:235959");
+  std::ignore = point.ParseField("TIME:235959");
   EXPECT_EQ(point.ToText(), "POINT\tDATE:20260313\tTIME:235959\t");
   EXPECT_EQ(point.GetDateTime(), CivilSeconds(2026, 3, 13, 23, 59, 59));
-  point.ParseField("DATE:19680229");
+  std::ignore = point.ParseField("DATE:19680229");
   EXPECT_EQ(point.GetDateTime(), CivilSeconds(1968, 2, 29, 23, 59, 59));
   point.SetDateTime(point.GetDateTime());
   EXPECT_EQ(point.ToText(), "POINT\tDATE:19680229\tTIME:235959\t");
-  point.ParseField("DATE:0");
+  std::ignore = point.ParseField("DATE:0");
   EXPECT_EQ(point.GetDateTime(), 0);
 }
 

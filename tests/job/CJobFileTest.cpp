@@ -241,7 +241,7 @@ TEST(CJobFile, WritesWhatItsVersionHolds) {
     JOB_HEADER header;
     header.distanceUnit = 1;
     EXPECT_EQ(job.WriteJobHeader(header), row.header);
-    job.GetFile().Flush();
+    EXPECT_TRUE(job.GetFile().Flush());
     EXPECT_EQ(temp.Read(L"a.job") != before, row.headerChanges);
     EXPECT_EQ(job.WriteCoordBlock(CoordBlock{}), row.coordBlock);
     CoordBlock block;

@@ -5,6 +5,7 @@ A folder includes those before it in FOLDERS. Conversions may also include later
 other conversion, save those of CALLS. Anything of the operating system stands in src/platform/.
 tools/ includes any of them and itself; nothing of src/ includes tools/. A library that is not ours is
 known to the one file that OUTSIDE names. What the standard library of Emscripten lacks is not used.
+No header of src/ declares a bool that a caller may lose without a word.
 """
 
 import pathlib
@@ -20,6 +21,7 @@ OUTSIDE = {"tools/Json.cpp": ["nlohmann/json.hpp"], "tools/proj/Wgs84.cpp": ["pr
 INCLUDE = re.compile(r'^\s*#\s*include\s+(?:"([^"]+)"|<([^>]+)>)', re.M)
 PLATFORM_TEST = re.compile(r"^\s*#.*\b(_WIN32|_WIN64|__linux__|__unix__|__APPLE__|_MSC_VER|__MINGW|__EMSCRIPTEN__)", re.M)
 
+MAY_BE_LOST = re.compile(r"^\s*((?:(?:static|inline|virtual|constexpr) )*bool \w+\()", re.M)
 NOT_EVERYWHERE = re.compile(r"\bstd::(ranges::\w+|bit_cast|pmr::\w+)")
 
 
@@ -59,6 +61,8 @@ def faults_of_file(path, text, root):
         faults += [f"{name} asks for the platform" for name in PLATFORM_TEST.findall(text)]
     code = re.sub(r"//.*", "", text)
     faults += [f"std::{name} isn't in every standard library" for name in NOT_EVERYWHERE.findall(code)]
+    if root == "src" and path.endswith(".h"):
+        faults += [f"{start}...) isn't [[nodiscard]]" for start in MAY_BE_LOST.findall(text)]
     if path.endswith(".cpp"):
         own = path[:-4] + ".h" if root == "src" else f"tools/{path[:-4]}.h"
         first = next((quoted for quoted, _ in INCLUDE.findall(text)), None)

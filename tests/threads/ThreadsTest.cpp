@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <string>
 #include <thread>
+#include <tuple>
 #include <vector>
 
 #include "CaseFile.h"
@@ -175,7 +176,7 @@ TEST(Threads, OpenAFileForOneWriterAtATime) {
       if (!file.Open(path, platform::kCreateOutput)) continue;
       ++opened;
       crowds += ++writers != 1 || !dir.Exists(L"out.dc");  // nor may another delete it
-      file.Write("x", 1);
+      std::ignore = file.Write("x", 1);
       --writers;
     }
   });

@@ -66,7 +66,7 @@ struct tDC_FEATURE_MAPRecord : DcRecord<"95FC", tDC_FEATURE_MAPRecord> {
       {65, 5, &Self::number, IntegerForm::First},
       {70, 20, &Self::name},
   });
-  bool IsWrittenBlank() const { return text.empty(); }
+  [[nodiscard]] bool IsWrittenBlank() const { return text.empty(); }
 
   /// Of a longer text the first 20 of its last 60 characters stay.
   tDC_FEATURE_MAPRecord AsWritten() const {

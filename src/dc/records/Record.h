@@ -24,7 +24,7 @@ struct DcHead {
   constexpr std::int32_t Type() const { return Digit(text[0]) * 36 + Digit(text[1]); }
 
   /// A digit or a capital, and what it counts.
-  static constexpr bool IsDigit(wchar_t c) {
+  [[nodiscard]] static constexpr bool IsDigit(wchar_t c) {
     return (c >= L'0' && c <= L'9') || (c >= L'A' && c <= L'Z');
   }
   static constexpr std::int32_t Digit(wchar_t c) { return c <= L'9' ? c - L'0' : c - L'A' + 10; }

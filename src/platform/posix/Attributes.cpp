@@ -9,7 +9,7 @@ namespace {
 
 constexpr mode_t kPermissions = 07777;
 
-bool SetPermissions(const std::wstring& path, mode_t mode) {
+[[nodiscard]] bool SetPermissions(const std::wstring& path, mode_t mode) {
   return chmod(SystemPath(path).Get(), mode) == 0;
 }
 

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <mutex>
+#include <tuple>
 #include <vector>
 
 #include "platform/Platform.h"
@@ -34,15 +35,16 @@ OpenFiles& Registry() {
   return registry;
 }
 
-bool Writes(std::uint32_t access) {
+[[nodiscard]] bool Writes(std::uint32_t access) {
   return (access & (kAccessWrite | kAccessReadWrite)) != 0;
 }
 
-bool Exclude(std::uint32_t one, std::uint32_t other) {
+[[nodiscard]] bool Exclude(std::uint32_t one, std::uint32_t other) {
   return (Writes(one) && other != kOpenShared) || (Writes(other) && one != kOpenShared);
 }
 
-bool IsDenied(const std::vector<OpenFile>& list, const struct stat& file, std::uint32_t access) {
+[[nodiscard]] bool IsDenied(const std::vector<OpenFile>& list, const struct stat& file,
+                            std::uint32_t access) {
   return std::any_of(list.begin(), list.end(), [&](const OpenFile& open) {
     return open.device == file.st_dev && open.inode == file.st_ino && Exclude(open.access, access);
   });
@@ -70,7 +72,7 @@ int OpenDescriptor(const SystemPath& name, int flags) {
 }
 
 // False if there is no memory for it.
-bool Enter(std::vector<OpenFile>& list, const OpenFile& file) noexcept {
+[[nodiscard]] bool Enter(std::vector<OpenFile>& list, const OpenFile& file) noexcept {
   try {
     list.push_back(file);
   } catch (...) {
@@ -80,8 +82,8 @@ bool Enter(std::vector<OpenFile>& list, const OpenFile& file) noexcept {
 }
 
 // Enters a file of data in the list; empties it if asked to, before anybody else may open it.
-bool Take(std::vector<OpenFile>& list, int descriptor, const struct stat& file,
-          std::uint32_t access, bool isNew) {
+[[nodiscard]] bool Take(std::vector<OpenFile>& list, int descriptor, const struct stat& file,
+                        std::uint32_t access, bool isNew) {
   if (S_ISDIR(file.st_mode) || S_ISFIFO(file.st_mode)) return false;
   const bool truncate = (access & kAccessCreate) && !(access & kAccessNoTruncate);
   const bool isOld = !isNew && S_ISREG(file.st_mode);
@@ -91,7 +93,7 @@ bool Take(std::vector<OpenFile>& list, int descriptor, const struct stat& file,
 
 // Takes a file unless an open of it excludes this one. The file that this open has made goes if it
 // isn't taken, but not if another thread was faster to take it.
-bool Accept(int descriptor, std::uint32_t access, const SystemPath* made) {
+[[nodiscard]] bool Accept(int descriptor, std::uint32_t access, const SystemPath* made) {
   OpenFiles& open = Registry();
   const std::lock_guard lock(open.mutex);
   struct stat file {};
@@ -118,7 +120,7 @@ struct File::Handle {
 File::File() : m_pHandle(std::make_unique<Handle>()) {}
 
 File::~File() {
-  Close();
+  std::ignore = Close();
 }
 
 bool File::Open(const std::wstring& path, std::uint32_t access) {

@@ -6,12 +6,12 @@
 namespace zelconvert::platform {
 namespace {
 
-bool SetAttributes(const std::wstring& path, DWORD word) {
+[[nodiscard]] bool SetAttributes(const std::wstring& path, DWORD word) {
   return SetFileAttributesW(SystemPath(path).Get(), word ? word : FILE_ATTRIBUTE_NORMAL) != 0;
 }
 
 // What stays the same by whatever path a file is reached. False if it isn't there.
-bool GetIdentity(const std::wstring& path, BY_HANDLE_FILE_INFORMATION& identity) {
+[[nodiscard]] bool GetIdentity(const std::wstring& path, BY_HANDLE_FILE_INFORMATION& identity) {
   const HANDLE handle = CreateFileW(SystemPath(path).Get(), FILE_READ_ATTRIBUTES,
                                     FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                                     OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);

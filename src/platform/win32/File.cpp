@@ -1,6 +1,7 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <tuple>
 
 #include "platform/Platform.h"
 #include "platform/win32/Paths.h"
@@ -45,7 +46,7 @@ struct File::Handle {
 File::File() : m_pHandle(std::make_unique<Handle>()) {}
 
 File::~File() {
-  Close();
+  std::ignore = Close();
 }
 
 bool File::Open(const std::wstring& path, std::uint32_t access) {
@@ -58,7 +59,9 @@ bool File::Open(const std::wstring& path, std::uint32_t access) {
   // AUX, COM1 and the like are devices in every folder and with every extension, and a road may
   // well have such a name.
   const bool isOutput = (access & kAccessCreate) != 0;
-  if (IsOpen() && isOutput && GetFileType(m_pHandle->handle) != FILE_TYPE_DISK) Close();
+  if (IsOpen() && isOutput && GetFileType(m_pHandle->handle) != FILE_TYPE_DISK) {
+    std::ignore = Close();
+  }
   return IsOpen();
 }
 

@@ -10,7 +10,7 @@ namespace {
 // Below this every call takes a path as it is, folders included (MAX_PATH less an 8.3 name).
 constexpr DWORD kShortEnough = 248;
 
-bool IsShort(const std::wstring& path) {
+[[nodiscard]] bool IsShort(const std::wstring& path) {
   wchar_t full[kShortEnough];
   return GetFullPathNameW(path.c_str(), kShortEnough, full, nullptr) < kShortEnough;
 }

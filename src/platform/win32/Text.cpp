@@ -10,10 +10,10 @@ namespace {
 // The calls count in int: longer text goes through them in pieces.
 constexpr std::size_t kLongestPiece = std::size_t{1} << 28;
 
-bool IsAsciiByte(char c) {
+[[nodiscard]] bool IsAsciiByte(char c) {
   return static_cast<unsigned char>(c) < 0x80;
 }
-bool IsAscii(wchar_t c) {
+[[nodiscard]] bool IsAscii(wchar_t c) {
   return c < 0x80;
 }
 

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <limits>
 #include <optional>
+#include <tuple>
 
 #include "convert/CConvertProgress.h"
 #include "io/HandlerTable.h"
@@ -43,7 +44,7 @@ constexpr MarkEffect kMarkEffects[] = {
 
 // A field that the record lacks: no text of a log reads as NaN.
 constexpr double kUnread = std::numeric_limits<double>::quiet_NaN();
-bool WasRead(double value) {
+[[nodiscard]] bool WasRead(double value) {
   return !std::isnan(value);
 }
 void KeepRead(std::string_view text, std::wstring& kept) {
@@ -57,7 +58,7 @@ class RawToSdr {
   RawToSdr(CRawFile& raw, CFileCE& sdr, const SdrLayout& layout, Report& report)
       : m_raw(raw), m_sdr(sdr), m_layout(layout), m_lines(layout), m_report(report) {}
 
-  bool Run() {
+  [[nodiscard]] bool Run() {
     CConvertProgress progress;
     progress.Start();
     m_index.Build(m_raw);
@@ -94,7 +95,7 @@ class RawToSdr {
 
   void OnJob(std::string_view record) {
     JB_RECORD job;
-    CRawFile::Parse(record, job);
+    std::ignore = CRawFile::Parse(record, job);
     KeepRead(job.name, m_jobName);
     KeepRead(job.date, m_date);
     KeepRead(job.time, m_time);
@@ -119,7 +120,7 @@ class RawToSdr {
   void OnBacksight(std::string_view record) {
     BK_RECORD backsight;
     backsight.azimuth = backsight.circle = kUnread;
-    CRawFile::Parse(record, backsight);
+    std::ignore = CRawFile::Parse(record, backsight);
     KeepRead(backsight.station, m_station);
     KeepRead(backsight.backsight, m_backsight);
     if (WasRead(backsight.azimuth)) m_backsightAzimuth = NorthAzimuth(Angle(backsight.azimuth));
@@ -130,7 +131,7 @@ class RawToSdr {
 
   void OnHeights(std::string_view record) {
     LS_RECORD heights{kUnread, kUnread};
-    CRawFile::Parse(record, heights);
+    std::ignore = CRawFile::Parse(record, heights);
     const double before = m_instrumentHeight;
     if (WasRead(heights.instrumentHeight)) m_instrumentHeight = Length(heights.instrumentHeight);
     if (WasRead(heights.rodHeight)) m_rodHeight = Length(heights.rodHeight);
@@ -143,7 +144,7 @@ class RawToSdr {
   void OnOccupy(std::string_view record) {
     OC_RECORD point;
     point.north = point.east = point.elevation = kUnread;
-    CRawFile::Parse(record, point);
+    std::ignore = CRawFile::Parse(record, point);
     KeepRead(point.name, m_occupied.m_strName);
     KeepRead(point.note, m_occupied.m_strDescription);
     if (WasRead(point.north)) m_occupied.m_dNorth = Length(point.north);
@@ -173,7 +174,7 @@ class RawToSdr {
 
   void OnStored(std::string_view record) {
     POINT_RECORD point;
-    CRawFile::Parse(record, point);
+    std::ignore = CRawFile::Parse(record, point);
     const std::wstring name = FromUtf8(point.name);
     const std::wstring note = FromUtf8(point.note) + m_pendingSuffix;
     m_pendingSuffix.clear();
@@ -190,7 +191,7 @@ class RawToSdr {
   void ConvertShot(std::string_view record) {
     SHOT_RECORD shot;
     shot.horizontal = kUnread;
-    CRawFile::Parse(record, shot);
+    std::ignore = CRawFile::Parse(record, shot);
     KeepRead(shot.station, m_station);
     if (!m_backsightWritten) PutBacksightObservation(FromUtf8(shot.note));
     ReadHorizontal(record, shot);
@@ -222,7 +223,7 @@ class RawToSdr {
     if (kind == HorizontalKind::Azimuth && read) azimuth = NorthAzimuth(value);
     if (kind == HorizontalKind::Bearing) {
       std::string_view bearing;
-      CRawFile::GetField(record, "BR", bearing);
+      std::ignore = CRawFile::GetField(record, "BR", bearing);
       azimuth = ParseBearing(FromUtf8(bearing), m_angles);
     }
     m_circle = 0;

@@ -24,10 +24,10 @@ class CConvRawSDRFile : public CConvRawFile {
 
   /// SDR to raw: settings, atmosphere, prism and notes; observations and points are not carried
   /// over. False, with a text, for a file of the other version or without a header.
-  bool ConvertToRaw(Report& report) override;
+  [[nodiscard]] bool ConvertToRaw(Report& report) override;
   /// Raw to SDR: the observations, and the coordinates of each foresight. False, with a text, for a
   /// point name that SDR2 can't hold.
-  bool ConvertFromRaw(Report& report) override;
+  [[nodiscard]] bool ConvertFromRaw(Report& report) override;
 
   /// The shot that would have given `point` from `station`, as one line of a raw log. No conversion
   /// makes one.

@@ -35,7 +35,7 @@ class SdrToRaw {
   SdrToRaw(CFileCE& sdr, CRawFile& raw, const SdrLayout& layout, Report& report)
       : m_sdr(sdr), m_raw(raw), m_layout(layout), m_report(report) {}
 
-  bool Run() {
+  [[nodiscard]] bool Run() {
     CConvertProgress progress;
     progress.Start();
     if (!CheckSdrKind()) return false;
@@ -55,7 +55,7 @@ class SdrToRaw {
   }
 
  private:
-  bool CheckSdrKind() {
+  [[nodiscard]] bool CheckSdrKind() {
     m_sdr.SeekToBegin();
     while (m_sdr.ReadLine(m_line)) {
       const int code = GetSdrRecordCode(m_line);
@@ -69,7 +69,7 @@ class SdrToRaw {
   }
 
   // Points of SDR2 are numbers of four digits.
-  bool HasGoodNames(int code) const {
+  [[nodiscard]] bool HasGoodNames(int code) const {
     if (m_layout.named) return true;
     if (code == kSdrCode<SdrStation>) return !IsNonNumeric(Read<SdrStation>().name);
     if (code == kSdrCode<SdrCoordinates>) return !IsNonNumeric(Read<SdrCoordinates>().name);
@@ -90,7 +90,7 @@ class SdrToRaw {
     m_pending.push_back(m_collimation);
   }
 
-  bool ReadSettings() {
+  [[nodiscard]] bool ReadSettings() {
     bool hasHeader = false;
     m_sdr.SeekToBegin();
     while (m_sdr.ReadLine(m_line)) {
@@ -104,7 +104,7 @@ class SdrToRaw {
   }
 
   /// False for a line that stops before its last setting. Other digits leave a unit as it is.
-  bool ReadHeader() {
+  [[nodiscard]] bool ReadHeader() {
     if (m_line.size() < kHeaderSize) return false;
     if (const auto angles = AngularUnitOfSdr(m_line[kSdrAngleUnitColumn])) {
       m_mode.angleUnit = RawCodeOf(*angles);
@@ -116,7 +116,7 @@ class SdrToRaw {
   }
 
   /// False for a bad header. Points and observations don't go into the log.
-  bool ConvertLine() {
+  [[nodiscard]] bool ConvertLine() {
     const int code = GetSdrRecordCode(m_line);
     if (code == kSdrCode<SdrJob>) WriteJob();
     if (code == kSdrCode<SdrInstrument>) WritePrism();

@@ -240,7 +240,7 @@ class SdrLines {
 
  private:
   void AppendReal(double value, SdrForm form);
-  bool AppendText(std::wstring_view text, SdrForm form, std::size_t width);
+  [[nodiscard]] bool AppendText(std::wstring_view text, SdrForm form, std::size_t width);
 
   const SdrLayout& m_layout;
   std::string m_line;

@@ -134,7 +134,7 @@ class RawToDc {
   RawToDc(CRawFile& raw, CDcFile& dc, int version, MessageList& messages)
       : m_raw(raw), m_subjects{.pass{dc, version, messages}} {}
 
-  bool Convert(const std::wstring& jobPath, bool writeUnusedPoints) {
+  [[nodiscard]] bool Convert(const std::wstring& jobPath, bool writeUnusedPoints) {
     CConvertProgress progress;
     progress.Start();
     m_pass.index.Build(m_raw);
@@ -164,7 +164,7 @@ class RawToDc {
     return handle != nullptr ? (*handle)(m_subjects) : Outcome::Done;
   }
 
-  bool Finish(bool writeUnusedPoints) {
+  [[nodiscard]] bool Finish(bool writeUnusedPoints) {
     m_subjects.stakeOut.Finish();
     if (!m_pass.mode.isSet) {
       m_pass.Say(kNoMode);

@@ -25,9 +25,9 @@ class CConvRawDCFile : public CConvRawFile {
                  std::wstring jobPath);
 
   /// There is no way from DC to raw: true, and nothing done.
-  bool ConvertToRaw(Report& /*report*/) override { return true; }
+  [[nodiscard]] bool ConvertToRaw(Report& /*report*/) override { return true; }
   /// Runs once. Appends warnings and errors; on false the output is what was written so far.
-  bool ConvertFromRaw(Report& report) override;
+  [[nodiscard]] bool ConvertFromRaw(Report& report) override;
 
  private:
   CRawFile* m_pRaw;

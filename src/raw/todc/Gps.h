@@ -33,11 +33,11 @@ class Gps {
   void OnRoverPoint(const POINT_RECORD& point);               // RP
 
   // Records that come without what they belong to don't count, whatever they hold.
-  bool HasReceiver() const { return m_receiver != Receiver::None; }
-  bool HasRover() const { return m_receiver == Receiver::Rover; }
-  bool WantsVector() const { return HasRover() && m_base == Base::Real; }
-  bool WantsPoint() const { return HasRover() || m_isStoredPointAhead; }
-  bool WantsPosition() const { return WantsPoint() || m_isControlOpen; }
+  [[nodiscard]] bool HasReceiver() const { return m_receiver != Receiver::None; }
+  [[nodiscard]] bool HasRover() const { return m_receiver == Receiver::Rover; }
+  [[nodiscard]] bool WantsVector() const { return HasRover() && m_base == Base::Real; }
+  [[nodiscard]] bool WantsPoint() const { return HasRover() || m_isStoredPointAhead; }
+  [[nodiscard]] bool WantsPosition() const { return WantsPoint() || m_isControlOpen; }
 
  private:
   /// What the latest RX set up.
@@ -77,7 +77,7 @@ class Gps {
 
   void SetReducedHeight(std::string_view role, double height);
   void WriteAntennaHeight(std::string_view role, const Antenna& antenna);
-  bool AddPrefix(std::string& name);
+  [[nodiscard]] bool AddPrefix(std::string& name);
   void BeginShotAfterLast();
   void WriteResult(std::string_view name, std::string_view description, std::int32_t classStep);
   void WriteWaitingQuality();

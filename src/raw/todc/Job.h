@@ -18,7 +18,7 @@ class Job {
   void OnComment();                          // --
 
  private:
-  bool WriteHeader(const MO_RECORD& mode);
+  [[nodiscard]] bool WriteHeader(const MO_RECORD& mode);
   void WriteJob(const MO_RECORD& mode);
   void WriteCogo(std::int32_t azimuthOrigin, std::int32_t gridOrientation);
 

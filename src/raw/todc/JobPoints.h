@@ -10,11 +10,12 @@
 namespace zelconvert {
 
 /// By its exact end: ".job", or ".pwj" of the second brand.
-bool IsJobPath(std::wstring_view path);
+[[nodiscard]] bool IsJobPath(std::wstring_view path);
 
 /// Adds the points of the job at `path`, which IsJobPath has taken for one; of several of a name
 /// the first. Lengths are in `unit`, or metres without one. False, with `points` as it was, if the
 /// job can't be read to its end.
-bool ReadJobPoints(const std::wstring& path, std::optional<LinearUnit> unit, PointMap& points);
+[[nodiscard]] bool ReadJobPoints(const std::wstring& path, std::optional<LinearUnit> unit,
+                                 PointMap& points);
 
 }  // namespace zelconvert

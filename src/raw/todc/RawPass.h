@@ -39,7 +39,7 @@ class NameMarks {
     if (const auto number = m_names->Find(name)) m_marks[*number] = true;
   }
   /// Only for a name that is watched.
-  bool Contains(const auto& name) const {
+  [[nodiscard]] bool Contains(const auto& name) const {
     const auto number = m_names->Find(name);
     return number && m_marks[*number];
   }
@@ -80,11 +80,11 @@ class RawPass {
   /// file if nothing wrote them.
   void WatchNames(bool writeUnusedPoints);
   /// The name was shot or measured.
-  bool IsWritten(const auto& name) const {
+  [[nodiscard]] bool IsWritten(const auto& name) const {
     return observed.Contains(name) || measured.Contains(name);
   }
   /// A DP after the record at hand deletes the point.
-  bool IsDeleted(std::string_view name) const { return index.IsDeleted(name, line); }
+  [[nodiscard]] bool IsDeleted(std::string_view name) const { return index.IsDeleted(name, line); }
 
   /// The class of a record: `dead` for a deleted point, and for an invented backsight name unless
   /// such names keep their class.
@@ -99,8 +99,10 @@ class RawPass {
   void WriteUnusedPoints();
 
  private:
-  bool IsBacksightName(std::wstring_view name) const;
-  bool IsBacksightName(std::string_view name) const { return IsBacksightName(FromUtf8(name)); }
+  [[nodiscard]] bool IsBacksightName(std::wstring_view name) const;
+  [[nodiscard]] bool IsBacksightName(std::string_view name) const {
+    return IsBacksightName(FromUtf8(name));
+  }
 
   MessageList& m_messages;
   bool m_bKeepBacksightClass = true;   // nothing clears it so far

@@ -26,7 +26,8 @@ class Rounds {
   void Clear() { m_set = {}; }                              // RS, OB, a setup
 
   /// At a shot. True if a set has been reduced.
-  bool End(const std::wstring& station, const std::wstring& backsight, std::string_view foresight);
+  [[nodiscard]] bool End(const std::wstring& station, const std::wstring& backsight,
+                         std::string_view foresight);
 
  private:
   struct Set {

@@ -23,7 +23,7 @@ class Shots {
   };
 
   Outcome OnShot(const SHOT_RECORD& shot, bool isTraverse);
-  bool ReduceHorizontal(const SHOT_RECORD& shot, double& circle) const;
+  [[nodiscard]] bool ReduceHorizontal(const SHOT_RECORD& shot, double& circle) const;
   Sight ReduceVertical(const SHOT_RECORD& shot) const;
 
   RawPass& m_pass;

@@ -46,7 +46,7 @@ class StakeOut {
     std::wstring note;
   };
 
-  bool IsStakeDue();
+  [[nodiscard]] bool IsStakeDue();
   void Flush();
   void WriteStake();
   void WritePointStake();
