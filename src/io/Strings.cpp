@@ -35,7 +35,7 @@ Utf16Units UnitsOf(char32_t c) {
           2};
 }
 
-// Puts a text behind the first `start` characters. False, with anything there, if it isn't ASCII.
+// Puts a text after the first `start` characters. False, with anything there, if it isn't ASCII.
 [[nodiscard]] bool PutAscii(std::wstring& out, std::size_t start, std::string_view text) {
   out.resize(start + text.size());
   wchar_t* const wide = out.data() + start;
