@@ -201,8 +201,9 @@ std::int64_t CFileCE::FindEndMark(std::size_t characterSize, bool bBigEndian) {
   std::int64_t mark = kNoEndMark;
   // What fits the buffer is read once.
   const bool isSmall = GetLength() <= static_cast<std::int64_t>(m_nBufferSize);
-  if (isSmall && IsOpen() && m_strHeldBack.empty() && m_nBufferLeft == 0)
+  if (isSmall && IsOpen() && m_strHeldBack.empty() && m_nBufferLeft == 0) {
     std::ignore = FillBuffer();
+  }
   bool isText = false;
   for (std::int64_t end = GetLength() / size * size, start = 0; end > 0 && !isText; end = start) {
     start = std::max<std::int64_t>(end - kBlock, 0);

@@ -10,8 +10,9 @@ namespace {
 /// The value of the first tag, or else of the second.
 std::string_view NameOf(std::string_view record, FieldTag tag, FieldTag otherTag) {
   std::string_view name;
-  if (!CRawFile::GetField(record, tag, name))
+  if (!CRawFile::GetField(record, tag, name)) {
     std::ignore = CRawFile::GetField(record, otherTag, name);
+  }
   return name;
 }
 
