@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <map>
 #include <string>
+#include <tuple>
 #include <variant>
 
 #include "MemoryFiles.h"
@@ -126,7 +127,7 @@ std::vector<std::string> VocabularyOfRaw() {
   ForEachRawRecord([&lines]<class R>(std::string_view tags) { AddRawLines<R>(lines, tags); });
   CRawFile log;
   if (log.OpenForWrite(MemoryFiles::Path(L"vocabulary"))) WriteOthers(log);
-  log.Close();
+  std::ignore = log.Close();
   for (std::string& line : SplitLines(MemoryFiles::Read(L"vocabulary"))) lines.push_back(line);
   return lines;
 }
